@@ -1,0 +1,57 @@
+// Currency: an exact amount with four decimals, in a signed 64-bit count of ten-thousandths.
+//
+// Range: -922337203685477.5808 to 922337203685477.5807. Every operation is checked: a result that
+// does not fit raises error 6 (overflow) and never wraps. Where a result has more than four
+// decimals it is rounded once, to the nearest value, ties to even (the rounding that the automation
+// type of the same name uses). Thread: a plain value.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace orvan {
+
+class Currency {
+public:
+    static constexpr std::int64_t kScale = 10'000;
+
+    constexpr Currency() noexcept = default;
+
+    /// From ten-thousandths: fromScaled(12'500) is 1.25.
+    static constexpr Currency fromScaled(std::int64_t tenThousandths) noexcept
+    {
+        return Currency(tenThousandths);
+    }
+    /// Raises 6 beyond the range.
+    static Currency fromInteger(std::int64_t value);
+    /// The nearest amount to the double's exact value. Raises 6 for NaN, infinity and out of range.
+    static Currency fromDouble(double value);
+    /// Reads "-12.3456": an optional sign, digits, an optional '.' with digits; at least one digit
+    /// and nothing else, in no locale. More than four decimals are rounded. Raises 13 (not a
+    /// number) or 6.
+    static Currency fromText(std::string_view text);
+
+    constexpr std::int64_t scaled() const noexcept { return scaled_; }
+    /// The nearest double up to 2^53 ten-thousandths; beyond, within one unit in the last place.
+    double toDouble() const noexcept { return static_cast<double>(scaled_) / double(kScale); }
+    /// The shortest text that fromText reads back as this amount: "12", "-0.5", "3.1416".
+    std::string toText() const;
+
+    Currency operator-() const;
+    friend Currency operator+(Currency a, Currency b);
+    friend Currency operator-(Currency a, Currency b);
+    friend Currency operator*(Currency a, Currency b);
+    /// Raises 11 when b is zero.
+    friend Currency operator/(Currency a, Currency b);
+    friend constexpr auto operator<=>(Currency, Currency) noexcept = default;
+
+private:
+    constexpr explicit Currency(std::int64_t scaled) noexcept : scaled_(scaled) {}
+
+    std::int64_t scaled_ = 0;
+};
+
+} // namespace orvan

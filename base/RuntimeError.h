@@ -1,0 +1,62 @@
+// RuntimeError: every failure of the library, as a number, a source and a text.
+//
+// Numbers are the ones hosts of this kind know from their own runtime (see ErrorNumber).
+// Thread: any; a RuntimeError owns its texts.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace orvan {
+
+/// Error numbers, as the BASIC family of host languages numbers its trappable errors.
+namespace ErrorNumber {
+inline constexpr std::int32_t invalidProcedureCall = 5;
+inline constexpr std::int32_t overflow = 6;
+inline constexpr std::int32_t outOfMemory = 7;
+inline constexpr std::int32_t subscriptOutOfRange = 9;
+inline constexpr std::int32_t divisionByZero = 11;
+inline constexpr std::int32_t typeMismatch = 13;
+inline constexpr std::int32_t outOfStringSpace = 14;
+inline constexpr std::int32_t internalError = 51;
+inline constexpr std::int32_t pathFileAccess = 75;
+inline constexpr std::int32_t objectNotSet = 91;
+inline constexpr std::int32_t invalidFileFormat = 321;
+inline constexpr std::int32_t invalidPropertyValue = 380;
+inline constexpr std::int32_t objectRequired = 424;
+inline constexpr std::int32_t cannotCreateComponent = 429;
+inline constexpr std::int32_t interfaceNotSupported = 430;
+inline constexpr std::int32_t automationError = 440;
+} // namespace ErrorNumber
+
+/// The runtime's own text for a number; "Application-defined or object-defined error" for others.
+std::string_view standardErrorText(std::int32_t number);
+
+class RuntimeError : public std::exception {
+public:
+    /// A number alone carries no source and no description. Number 0 means "no error" and cannot
+    /// be raised: like the runtimes it is taken from, 0 becomes 5 (invalid procedure call).
+    explicit RuntimeError(std::int32_t number, std::string source = {}, std::string description = {});
+
+    std::int32_t number() const noexcept { return number_; }
+    const std::string& source() const noexcept { return source_; }
+    /// As given when raised: may be empty.
+    const std::string& description() const noexcept { return description_; }
+    /// The description, or the standard text of the number where there is none.
+    std::string_view text() const noexcept;
+    const char* what() const noexcept override;
+
+private:
+    std::int32_t number_;
+    std::string source_;
+    std::string description_;
+};
+
+/// The error that the calling thread is handling, whatever type was thrown: called inside a catch
+/// block only. Outside components throw what they like; the library sees numbers only:
+/// out of memory is 7, a bad index 9, a bad cast 13, anything else 440 with what() as its text.
+RuntimeError currentError();
+
+} // namespace orvan

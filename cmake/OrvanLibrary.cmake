@@ -1,0 +1,23 @@
+# One target a folder: the linker holds the direction of includes.
+
+set(ORVAN_SOURCE_ROOT ${CMAKE_CURRENT_SOURCE_DIR})
+
+if(ORVAN_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+elseif(ORVAN_THREAD_SANITIZE)
+    add_compile_options(-fsanitize=thread)
+    add_link_options(-fsanitize=thread)
+endif()
+
+# orvan_library(<name> SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]): target orvan_<name>, alias orvan::<name>.
+function(orvan_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    add_library(orvan_${name} STATIC ${ARG_SOURCES})
+    add_library(orvan::${name} ALIAS orvan_${name})
+    set_target_properties(orvan_${name} PROPERTIES
+        EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
+    target_compile_features(orvan_${name} PUBLIC cxx_std_20)
+    target_include_directories(orvan_${name} PUBLIC $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}>)
+    target_link_libraries(orvan_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+endfunction()

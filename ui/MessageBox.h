@@ -1,0 +1,32 @@
+// MessageBox: asks or tells the user one thing, modally.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace orvan::ui {
+
+enum class MessageButtons { ok, yesNo, yesNoCancel };
+enum class MessageIcon { critical, question, exclamation, information };
+/// The values are those that hosts of this kind know.
+enum class MessageResult : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
+
+struct Message {
+    std::string text;  ///< UTF-8, plain: nothing in it is markup.
+    std::string title;
+    MessageButtons buttons = MessageButtons::ok;
+    MessageIcon icon = MessageIcon::information;
+    std::int32_t ownerWindow = 0; ///< As ContainerSite::parentWindow gives it; 0: no owner.
+};
+
+class MessageBox {
+public:
+    virtual ~MessageBox() = default;
+
+    /// Returns when the user has answered. Closing the box without an answer is cancel where there
+    /// is a Cancel button, no where there is only No, ok otherwise. An owner that is gone counts as
+    /// none. Thread: the user-interface thread.
+    virtual MessageResult show(const Message& message) = 0;
+};
+
+} // namespace orvan::ui

@@ -1,0 +1,45 @@
+// Platform: the services of the place the library runs in, handed to the logic as one object.
+//
+// Ownership: the host owns the platform; it outlives every view made on it. Thread: the
+// user-interface thread (a host with several such threads makes one platform for each).
+#pragma once
+
+#include "base/RuntimeError.h"
+#include "ui/ComponentFactory.h"
+#include "ui/LocaleService.h"
+#include "ui/MessageBox.h"
+#include "ui/SettingsStore.h"
+
+#include <functional>
+
+namespace orvan::ui {
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual MessageBox& messageBox() = 0;
+    virtual SettingsStore& settings() = 0;
+    virtual LocaleService& locale() = 0;
+    virtual ComponentFactory& components() = 0;
+
+    /// Takes an error that left an event handler. No exception crosses a toolkit's event loop: the
+    /// platform calls this instead and goes on. A host may set its own; it must not throw.
+    std::function<void(const RuntimeError&)> onUnhandledError;
+
+    /// Runs an event handler and hands what it throws to onUnhandledError.
+    template <class Handler>
+    void dispatch(Handler&& handler) noexcept
+    {
+        try {
+            handler();
+        } catch (...) {
+            const RuntimeError error = currentError();
+            if (onUnhandledError) {
+                onUnhandledError(error);
+            }
+        }
+    }
+};
+
+} // namespace orvan::ui
