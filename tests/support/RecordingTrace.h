@@ -34,6 +34,8 @@ public:
         declared_.insert(declared_.end(), static_cast<std::size_t>(times), number);
     }
 
+    /// Adds a line of the test's own, to see what happened between the calls.
+    void note(std::string line) { lines_.push_back(std::move(line)); }
     const std::vector<std::string>& lines() const { return lines_; }
     /// The recorded errors with their sources and descriptions, oldest first.
     const std::vector<RuntimeError>& errors() const { return errors_; }
@@ -83,7 +85,9 @@ public:
 
     void TraceEnter(std::string_view sLabel) override
     {
+        failedEnters_.emplace_back(sLabel);
         write(TraceCall::enter, "enter " + std::string(sLabel));
+        failedEnters_.pop_back();
         open_.push_back({std::string(sLabel), 0});
     }
 
@@ -93,7 +97,10 @@ public:
         const auto innermost = std::find_if(open_.rbegin(), open_.rend(),
                                             [&](const Open& procedure) { return procedure.label == sLabel; });
         if (innermost == open_.rend()) {
-            found_.push_back("exit without enter: " + std::string(sLabel));
+            // A procedure that resumes reports its exit also after its enter has failed.
+            if (std::erase(failedEnters_, sLabel) == 0) {
+                found_.push_back("exit without enter: " + std::string(sLabel));
+            }
         } else {
             closeDownTo(open_, static_cast<std::size_t>(open_.rend() - innermost), found_);
             open_.pop_back();
@@ -169,6 +176,7 @@ private:
     std::vector<std::int32_t> declared_;
     std::vector<std::string> found_;
     std::vector<Open> open_;
+    std::vector<std::string> failedEnters_;
     std::vector<Failure> failures_;
 };
 
