@@ -40,11 +40,8 @@ FittedText fitText(const QFontMetrics& metrics, const QString& text, int width)
     const int margin = std::clamp(width / kWidthPerMargin, 1, kFullMargin);
     const QString line = singleLine(text);
     const int needed = metrics.horizontalAdvance(line);
-    if (needed <= width - 2 * margin) {
-        return {line, margin, false};
-    }
     if (needed <= width) {
-        return {line, (width - needed) / 2, false};
+        return {line, std::min(margin, width - needed), false};
     }
     return {metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0)), margin, true};
 }
@@ -56,7 +53,8 @@ int widthFor(const QFontMetrics& metrics, const QString& text)
 
 void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment)
 {
-    painter.drawText(cell.adjusted(text.margin, 0, -text.margin, 0),
+    const bool right = alignment.testFlag(Qt::AlignRight);
+    painter.drawText(cell.adjusted(right ? 0 : text.margin, 0, right ? -text.margin : 0, 0),
                      static_cast<int>(alignment.toInt()) | Qt::TextSingleLine, text.text);
 }
 

@@ -20,12 +20,13 @@ namespace orvan::qt {
 /// A text as it stands in a cell of some width.
 struct FittedText {
     QString text; ///< One line; ends in an ellipsis where it was cut.
-    int margin;   ///< Left free at both sides, in pixels.
+    int margin;   ///< Left free at the side that the text is aligned to, in pixels.
     bool cut;
 };
 
-/// Margins narrow with the cell and go before the first character does. A text that still does not fit
-/// is cut with an ellipsis, so that what is left of an amount cannot be read as another amount.
+/// Margins depend on the cell's width alone, so that a column stays aligned, and go before the first
+/// character does. A text that still does not fit is cut with an ellipsis, so that what is left of an
+/// amount cannot be read as another amount.
 FittedText fitText(const QFontMetrics& metrics, const QString& text, int width);
 /// The narrowest width that shows the text whole with full margins.
 int widthFor(const QFontMetrics& metrics, const QString& text);

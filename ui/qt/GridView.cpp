@@ -159,6 +159,11 @@ void GridView::paintEvent(QPaintEvent* event)
         }
     }
     QTableView::paintEvent(event);
+    if (hasFocus() && !currentIndex().isValid()) { // no current row to show where the focus is
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 } // namespace orvan::qt
