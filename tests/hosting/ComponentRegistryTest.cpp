@@ -99,7 +99,7 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
             const auto error = raisedBy([&] { registry.create(row.name); });
             ASSERT_TRUE(error);
             EXPECT_EQ(error->number(), row.number);
-            EXPECT_THAT(error->description(), HasSubstr("\"" + std::string(row.name) + "\""));
+            EXPECT_THAT(error->description(), HasSubstr(std::string(1, '"') + row.name + '"'));
             EXPECT_THAT(error->description(), HasSubstr(row.reason));
             EXPECT_THAT(error->description(), HasSubstr(row.library));
         }

@@ -78,8 +78,11 @@ public:
         if (!open_.empty()) {
             ++open_.back().errors; // ended even when told to fail, as in TraceExit
         }
-        write(TraceCall::error,
-              "error " + std::to_string(error.number()) + (sText.empty() ? "" : " " + std::string(sText)));
+        std::string line = "error " + std::to_string(error.number());
+        if (!sText.empty()) {
+            line.append(1, ' ').append(sText);
+        }
+        write(TraceCall::error, std::move(line));
         errors_.push_back(error);
     }
 

@@ -24,7 +24,7 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
     setSectionsClickable(false);
     setHighlightSections(false);
     setStretchLastSection(false);
-    setMinimumSectionSize(kNarrowestDrag);
+    setMinimumSectionSize(0);
     setSectionResizeMode(QHeaderView::Fixed);
     // Emitted for each pixel of a drag, and for widths set by the program: only the first of those
     // within a user's action is kept, to be compared when the action ends.
@@ -49,6 +49,13 @@ void GridHeader::mousePressEvent(QMouseEvent* event)
     userActs_ = event->button() == Qt::LeftButton;
     resizedColumn_ = -1;
     QHeaderView::mousePressEvent(event);
+}
+
+void GridHeader::mouseMoveEvent(QMouseEvent* event)
+{
+    setMinimumSectionSize(kNarrowestDrag);
+    QHeaderView::mouseMoveEvent(event);
+    setMinimumSectionSize(0);
 }
 
 void GridHeader::mouseReleaseEvent(QMouseEvent* event)

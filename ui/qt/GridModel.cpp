@@ -25,9 +25,7 @@ void GridModel::publish()
     }
     publishColumns(grid_->columnCount());
     publishRows(std::max(grid_->rowCount() - grid_->fixedRows(), 0));
-    if (columns_ > 0) {
-        emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
-    }
+    // No headerDataChanged: Qt's views answer it with a second pass of layout and painting, later.
     if (columns_ > 0 && rows_ > 0) {
         emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
     }

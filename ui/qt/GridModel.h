@@ -21,7 +21,8 @@ public:
     /// Whether a text does not fit its column; its tool tip then shows it whole.
     std::function<bool(const QString& text, int column)> isCut;
 
-    /// Tells the view that cells may have changed, and the new size if it has.
+    /// Tells the view that cells may have changed, and the new size if it has. The header is not told:
+    /// who calls this has it painted.
     void publish();
     /// The grid is going: every cell reads as empty from here on.
     void detach() { grid_ = nullptr; }

@@ -11,6 +11,7 @@ namespace orvan::qt {
 
 namespace {
 
+constexpr QChar kEllipsis(0x2026);
 constexpr int kFullMargin = 6;
 constexpr int kRowSpace = 8;     ///< Above and below a row's text together.
 constexpr int kHeaderSpace = 11; ///< The same for the header, its line included.
@@ -43,7 +44,8 @@ FittedText fitText(const QFontMetrics& metrics, const QString& text, int width)
     if (needed <= width) {
         return {line, std::min(margin, width - needed), false};
     }
-    return {metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0)), margin, true};
+    const QString elided = metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0));
+    return {elided.isEmpty() ? QString(kEllipsis) : elided, margin, true}; // not even room for that: part of it
 }
 
 int widthFor(const QFontMetrics& metrics, const QString& text)

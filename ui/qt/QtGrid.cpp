@@ -68,6 +68,7 @@ void QtGrid::doUpdate(const ui::GridChanges& changes)
     if (changes.layout || changes.currentRow) {
         applyCurrentRow(changes.currentRow);
     }
+    view()->header().viewport()->update();
     view()->setUpdatesEnabled(true);
 }
 
