@@ -27,7 +27,7 @@ try {
     std::string kept;
     for (std::size_t at = 0; at < sText.size();) {
         const std::string_view character = sText.substr(at, characterSize(sText, at));
-        const bool isDigit = character.size() == 1 && character[0] >= '0' && character[0] <= '9';
+        const bool isDigit = character[0] >= '0' && character[0] <= '9';
         if (isDigit || character == sDecimalSep) {
             kept += character;
         }

@@ -28,9 +28,9 @@ TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
              Row{"es_ES", "pl_PL", "1234.5", "1234,50\u00A0€", "1234,50", "€"},           // four digits stay together
              Row{"es_ES", "pl_PL", "12345.5", "12.345,50\u00A0€", "12\u00A0345,50", "€"},
              Row{"ja_JP", "ja_JP", "1234.5", "￥1,234.50", "1,234.50", "￥"},             // digits asked for, not 0
-             Row{"ar_BH", "ar_EG", "1234.5", "\u200F1,234.50\u00A0BHD", "1,234.50", "BHD"},
+             Row{"ar_BH", "ar_EG", "1234.5", "\u200F1,234.50\u00A0BHD", "1,234.50", "BHD"}, // its sign has points
              Row{"pt_CV", "pt_CV", "12345.5", "12\u00A0345$50\u00A0\u200B", "12\u00A0345,50", "\u200B"},
-             Row{"da_DK", "da_DK", "1234.5", "1.234,50\u00A0kr.", "1.234,50", "kr."}, // here it does not
+             Row{"da_DK", "da_DK", "1234.5", "1.234,50\u00A0kr.", "1.234,50", "kr."}, // here a point does no harm
              Row{"sv_SE", "sv_SE", "-1234.5", "−1\u00A0234,50\u00A0kr", "−1\u00A0234,50", "kr"},
              Row{"en_US_POSIX", "en_US_POSIX", "1234.5", "$\u00A01234.50", "1234.50", "$"}, // no groups at all
          }) {
@@ -72,6 +72,7 @@ TEST(IcuLocaleService, TextIsReadWithEitherDecimalSeparator)
              Row{"en_US", "en_US", "1,234.50", "1234.5"}, Row{"en_US", "en_US", "1234.", "1234"},
              Row{"de_DE", "en_US", "1.5", "1.5"}, // a group of the money, the point of the number
              Row{"de_DE", "en_US", "1,5", "1.5"}, Row{"de_DE", "en_US", "1,2.5", "error 13"},
+             Row{"en_US", "de_CH", "1,234’567.5", "1234567.5"}, // groups of both
              Row{"pt_CV", "pt_CV", "1\u00A0234$5", "1234.5"}, Row{"de_CH", "de_CH", "1’234.5", "1234.5"},
              Row{"en_US", "en_US", "0.00005", "0"}, Row{"en_US", "en_US", "0.00015", "0.0002"},
              Row{"en_US", "en_US", "922337203685477.5807", "922337203685477.5807"},

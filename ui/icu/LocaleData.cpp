@@ -214,9 +214,7 @@ NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::st
 
 LocalizedNumberFormatter formatterOf(const Locale& locale)
 {
-    return ::icu::number::NumberFormatter::withLocale(locale)
-        .precision(::icu::number::Precision::fixedFraction(4))
-        .roundingMode(UNUM_ROUND_HALFUP);
+    return ::icu::number::NumberFormatter::withLocale(locale).precision(::icu::number::Precision::fixedFraction(4));
 }
 
 std::string groupSymbol(const Locale& locale, DecimalFormatSymbols::ENumberFormatSymbol symbol)
