@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QColor>
-#include <QPalette>
 
 namespace orvan::qt {
 

@@ -5,6 +5,7 @@
 #include <QAbstractItemModel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 #include <utility>
 
@@ -42,6 +43,12 @@ void GridHeader::setUserResizing(bool allowed)
     if (count() > 0 && sectionResizeMode(0) != mode) {
         setSectionResizeMode(mode);
     }
+}
+
+QRect GridHeader::restBeyondColumns(const QRect& area) const
+{
+    const int end = length() - offset();
+    return QStyle::visualRect(layoutDirection(), area, area.adjusted(end, 0, 0, 0));
 }
 
 void GridHeader::mousePressEvent(QMouseEvent* event)
@@ -86,11 +93,10 @@ void GridHeader::reportResize()
 void GridHeader::paintEvent(QPaintEvent* event)
 {
     QHeaderView::paintEvent(event);
-    // Over the style's own filling, right of the last column.
+    // Over the style's own filling.
     QPainter painter(viewport());
     const HeaderColours colours = headerColours(palette());
-    const int end = length() - offset();
-    const QRect rest(end, 0, viewport()->width() - end, viewport()->height());
+    const QRect rest = restBeyondColumns(viewport()->rect());
     if (!rest.isEmpty()) {
         painter.fillRect(rest, colours.ground);
         painter.fillRect(rest.adjusted(0, rest.height() - 1, 0, 0), colours.line);

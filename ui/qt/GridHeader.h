@@ -19,6 +19,8 @@ public:
 
     /// The header's sections are fixed while the user may not resize.
     void setUserResizing(bool allowed);
+    /// The part of `area`, as wide as the header, in which no column stands.
+    QRect restBeyondColumns(const QRect& area) const;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

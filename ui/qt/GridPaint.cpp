@@ -56,8 +56,10 @@ int widthFor(const QFontMetrics& metrics, const QString& text)
 void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment)
 {
     const bool right = alignment.testFlag(Qt::AlignRight);
+    // An amount reads the same in a window that runs from right to left.
+    painter.setLayoutDirection(text.text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(cell.adjusted(right ? 0 : text.margin, 0, right ? -text.margin : 0, 0),
-                     static_cast<int>(alignment.toInt()) | Qt::TextSingleLine, text.text);
+                     static_cast<int>(alignment.toInt()) | Qt::AlignAbsolute | Qt::TextSingleLine, text.text);
 }
 
 RowColours rowColours(const QWidget& grid, int row, bool current)

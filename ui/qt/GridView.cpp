@@ -144,9 +144,8 @@ void GridView::mousePressEvent(QMouseEvent* event)
 
 void GridView::paintEvent(QPaintEvent* event)
 {
-    // Rows reach the right edge, beyond their last cell.
-    const int end = header_->length() - header_->offset();
-    const QRect rest = event->rect() & QRect(end, 0, viewport()->width() - end, viewport()->height());
+    // Rows reach the edge, beyond their last cell.
+    const QRect rest = event->rect() & header_->restBeyondColumns(viewport()->rect());
     if (!rest.isEmpty() && model()) {
         QPainter painter(viewport());
         for (int row = rowAt(rest.top()); row >= 0 && row < model()->rowCount(); ++row) {

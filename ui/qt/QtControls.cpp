@@ -5,14 +5,20 @@
 #include "ui/qt/QtText.h"
 
 #include <QFrame>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QToolTip>
 
 namespace orvan::qt {
 
 namespace {
+
+/// QLineEdit's own, at each side of its text.
+constexpr int kLineEditMargin = 2;
 
 Qt::Alignment alignmentOf(const ui::ControlDesign& design)
 {
@@ -28,12 +34,23 @@ QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
     return label;
 }
 
-/// A line of text; one that cannot be changed stands on the window's colour, its text as dark as ever.
+/// A line of text. One that cannot be changed stands on the window's colour, its text as dark as ever;
+/// where the text is too long for the box it ends in an ellipsis, lest an amount be read as another
+/// one, and the tool tip or the focus shows the rest.
 class LineEdit final : public QLineEdit {
 public:
     using QLineEdit::QLineEdit;
 
 protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip && isReadOnly() && isCut()) {
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipText(text()), this);
+            return true;
+        }
+        return QLineEdit::event(event);
+    }
+
     void initStyleOption(QStyleOptionFrame* option) const override
     {
         QLineEdit::initStyleOption(option);
@@ -41,6 +58,35 @@ protected:
             option->palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
         }
     }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        if (!isReadOnly() || hasFocus() || !isCut()) {
+            QLineEdit::paintEvent(event);
+            return;
+        }
+        QStylePainter painter(this);
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+        const QRect area = textArea();
+        painter.setPen(palette().color(QPalette::Text));
+        painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+        painter.drawText(area, static_cast<int>(alignment().toInt()) | Qt::AlignAbsolute,
+                         fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
+    }
+
+private:
+    QRect textArea() const
+    {
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        return style()
+            ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+            .adjusted(kLineEditMargin, 0, -kLineEditMargin, 0);
+    }
+
+    bool isCut() const { return fontMetrics().horizontalAdvance(text()) > textArea().width(); }
 };
 
 QLineEdit* newLineEdit(const ui::ControlDesign& design, QWidget* parent)
