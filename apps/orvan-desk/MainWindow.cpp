@@ -6,7 +6,6 @@
 #include "hosting/QtHost.h"
 #include "view/ProductViewPrefs.h"
 
-#include <QAbstractEventDispatcher>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
@@ -76,11 +75,6 @@ MainWindow::MainWindow()
     // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
     // with. Not at every event: reading a list takes a moment, and an entry in the trace.
     qApp->installEventFilter(this);
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [this] {
-        if (std::exchange(inputSeen_, false)) {
-            updateTitle();
-        }
-    });
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
@@ -90,7 +84,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonRelease:
     case QEvent::Wheel:
     case QEvent::InputMethod:
-    case QEvent::Drop: inputSeen_ = true; break;
+    case QEvent::Drop:
+    case QEvent::WindowActivate: // a message box has been answered
+        if (!std::exchange(titleUpdatePending_, true)) {
+            QMetaObject::invokeMethod(this, &MainWindow::updateTitle, Qt::QueuedConnection);
+        }
+        break;
     default: break;
     }
     return QMainWindow::eventFilter(watched, event);
@@ -306,6 +305,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::updateTitle()
 {
+    titleUpdatePending_ = false;
     const QString name = !path_.isEmpty()              ? QFileInfo(path_).fileName()
                          : !number_->text().isEmpty() ? number_->text()
                                                       : tr("New quote");

@@ -62,7 +62,7 @@ private:
     ProductViewWidget* products_ = nullptr;
     QString path_; ///< Empty for a quote that has no file yet.
     Quote saved_;  ///< As last shown or saved: what differs from it is unsaved.
-    bool inputSeen_ = false;
+    bool titleUpdatePending_ = false;
 };
 
 } // namespace orvan::desk

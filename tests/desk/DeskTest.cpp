@@ -164,7 +164,7 @@ TEST_F(DeskTest, UnsavedChangesAreMarkedAndAskedFor)
     auto* customer = window.findChild<QLineEdit*>();
     ASSERT_TRUE(customer);
     QTest::keyClicks(customer, QStringLiteral("!"));
-    QTRY_VERIFY_WITH_TIMEOUT(window.isWindowModified(), 2000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }, 2000));
 
     answerNext(QMessageBox::Cancel);
     EXPECT_FALSE(window.close());
@@ -190,6 +190,7 @@ TEST_F(DeskTest, ADeletedLineIsUnsavedUntilItIsSaved)
     QTest::mouseClick(products->findChild<QWidget*>(QStringLiteral("cmdDelete")), Qt::LeftButton);
     EXPECT_THAT(asked, HasSubstr("delete the selected product"));
     EXPECT_LT(products->TotalValue(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }, 2000));
 
     answerNext(QMessageBox::Save);
     EXPECT_TRUE(window.close());
