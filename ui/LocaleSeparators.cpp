@@ -2,33 +2,31 @@
 
 #include "ui/LocaleService.h"
 
+#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace orvan::ui {
 
-namespace {
-
-/// Far more than any separator takes: a few code points at most.
-constexpr std::size_t kItemBytes = 64;
-
-std::string localeItem(LocaleService& locale, LocaleItem item, std::string fallback)
-{
-    std::array<char, kItemBytes> buffer{};
-    const std::int32_t count = locale.getLocaleInfo(kLocaleUserDefault, item, buffer);
+std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText)
+try {
+    std::array<char, 255> buffer{};
+    // Only 127 of the 255 are offered, so an item that needs more has its default.
+    const auto offered = std::span<char>(buffer).first(127);
+    const std::int32_t count = locale.getLocaleInfo(kLocaleUserDefault, item, offered);
     if (count <= 0) {
-        return fallback;
+        return std::string(defaultText);
     }
-    return std::string(buffer.data(), static_cast<std::size_t>(count) - 1); // the count includes the null
+    // The count includes the terminating null. No service is trusted beyond what it was offered.
+    return std::string(buffer.data(), std::min(static_cast<std::size_t>(count), offered.size()) - 1);
+} catch (...) {
+    return std::string(defaultText); // a service that raises has failed to answer, no more
 }
-
-} // namespace
 
 NumberSeparators gridSeparators(LocaleService& locale)
 {
-    NumberSeparators standard;
-    return {localeItem(locale, LocaleItem::thousandsSeparator, std::move(standard.thousands)),
-            localeItem(locale, LocaleItem::decimalSeparator, std::move(standard.decimal))};
+    const NumberSeparators standard;
+    return {readLocaleItem(locale, LocaleItem::thousandsSeparator, standard.thousands),
+            readLocaleItem(locale, LocaleItem::decimalSeparator, standard.decimal)};
 }
 
 } // namespace orvan::ui

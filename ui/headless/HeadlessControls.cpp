@@ -22,6 +22,9 @@ HeadlessButton::HeadlessButton(const ui::ControlDesign& design, ui::Platform& pl
 
 void HeadlessButton::click()
 {
+    if (!enabled()) {
+        raiseImpossible(name() + ": a user cannot press a button that is not enabled");
+    }
     if (const auto handler = onClick) { // a copy: the handler may destroy this button
         platform_.dispatch(handler);
     }

@@ -23,10 +23,12 @@ class HeadlessButton final : public ui::Button {
 public:
     HeadlessButton(const ui::ControlDesign& design, ui::Platform& platform);
 
+    /// Raises 5 when the button is not enabled: a user could not do it.
     void click();
 
 private:
     void doMove() override {}
+    void doSetEnabled() override {}
 
     ui::Platform& platform_;
 };

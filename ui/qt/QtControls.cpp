@@ -155,4 +155,11 @@ QtButton::QtButton(const ui::ControlDesign& design, QWidget* parent, ui::Platfor
     });
 }
 
+void QtButton::doSetEnabled()
+{
+    if (widget()) {
+        widget()->setEnabled(enabled());
+    }
+}
+
 } // namespace orvan::qt

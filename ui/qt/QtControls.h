@@ -54,6 +54,7 @@ public:
 
 private:
     void doMove() override { place(*this); }
+    void doSetEnabled() override;
 
     ui::Platform& platform_;
 };

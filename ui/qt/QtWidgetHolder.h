@@ -10,8 +10,7 @@
 
 #include <QObject>
 #include <QPointer>
-
-class QWidget;
+#include <QWidget>
 
 namespace orvan::qt {
 

@@ -1,0 +1,193 @@
+#include "core/ProductsString.h"
+#include "tests/products/ProductMgrFixture.h"
+
+#include <limits>
+#include <random>
+
+namespace orvan {
+namespace {
+
+constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
+constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
+const std::string kThree = "3~A:::1:1:0:1:~B:::1:1:0:20:~C:::1:1:0:300:~";
+
+TEST(InProcessProductMgr, SeekIndexFindsProductsOnly)
+{
+    struct Row {
+        std::int32_t index;
+        std::int32_t offset;
+        bool found;
+        std::int32_t result;
+    };
+    const auto manager = makeManager();
+    load(*manager, kThree);
+    for (const Row& row : std::initializer_list<Row>{
+             {1, 0, true, 1}, {3, 0, true, 3}, {0, 0, false, 0}, {4, 0, false, 4}, {1, -1, false, 1}, {3, 1, false, 3},
+             {1, 1, true, 2}, {3, -1, true, 2}, {0, 1, true, 1}, {4, -1, true, 3}, {-1, 1, false, -1},
+             {kMost, 1, false, kMost}, {kLeast, -1, false, kLeast}, {kMost, 0, false, kMost}}) {
+        std::int32_t index = row.index;
+        bool found = !row.found;
+        manager->SeekIndex(index, row.offset, found);
+        EXPECT_EQ(found, row.found) << row.index << " by " << row.offset;
+        EXPECT_EQ(index, row.result) << row.index << " by " << row.offset;
+    }
+}
+
+TEST(InProcessProductMgr, PositionWithoutProductIsErrorNine)
+{
+    const auto manager = makeManager();
+    load(*manager, kThree);
+    for (const std::int32_t index : {0, 4, -1, kMost, kLeast}) {
+        for (const std::function<void()>& call : std::initializer_list<std::function<void()>>{
+                 [&] { manager->GetProduct(index); }, [&] { manager->DeleteProduct(index); },
+                 [&] { manager->MoveProduct(index, 1); }, [&] { manager->MoveProduct(1, index); }}) {
+            EXPECT_EQ(errorOf(call).number(), ErrorNumber::subscriptOutOfRange) << index;
+        }
+    }
+    EXPECT_EQ(saved(*manager), kThree);
+}
+
+/// Everything worked out anew.
+std::string written(const std::vector<ProductFields>& list, ProductsSeparators separators)
+{
+    std::string text = productsStringHead(list.size(), separators);
+    for (const ProductFields& fields : list) {
+        appendProduct(text, fields, separators);
+    }
+    return text;
+}
+
+TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
+{
+    const auto manager = makeManager();
+    std::vector<ProductFields> list;
+    std::vector<std::shared_ptr<ProductRecord>> gone; // held after they left the list, and still written to
+    std::mt19937 random(20260103);
+    const std::string texts[] = {"", "plain", "~", "a:b", "\\", "|;"};
+    for (int i = 0; i < 20000; ++i) {
+        const auto at = static_cast<std::int32_t>(list.empty() ? 0 : random() % list.size());
+        const auto to = static_cast<std::int32_t>(list.empty() ? 0 : random() % list.size());
+        const std::string& text = texts[random() % std::size(texts)];
+        const Currency amount = Currency::fromScaled(static_cast<std::int32_t>(random()));
+        const auto operation = random() % 8;
+        if (list.empty() || (operation == 0 && list.size() < 12)) {
+            manager->AddNewProduct();
+            list.emplace_back().qty = Currency::fromInteger(1);
+        } else if (operation == 1) {
+            gone.push_back(manager->GetProduct(at + 1));
+            manager->DeleteProduct(at + 1);
+            list.erase(list.begin() + at);
+        } else if (operation == 2) {
+            manager->MoveProduct(at + 1, to + 1);
+            const ProductFields moved = *(list.begin() + at);
+            list.erase(list.begin() + at);
+            list.insert(list.begin() + to, moved);
+        } else if (operation == 3) {
+            manager->GetProduct(at + 1)->SetName((list.begin() + at)->name = text);
+        } else if (operation == 4 || operation == 5) {
+            manager->GetProduct(at + 1)->SetExtPrice((list.begin() + at)->extPrice = amount);
+        } else if (operation == 6 && !gone.empty()) {
+            gone[random() % gone.size()]->SetNote(text);
+            gone[random() % gone.size()]->SetExtPrice(amount);
+        } else if (random() % 20 == 0) {
+            gone.push_back(manager->GetProduct(at + 1));
+            load(*manager, written(list, {}));
+        }
+        const bool usual = random() % 4 != 0;
+        ASSERT_EQ(manager->GetProductsString(usual ? "~" : "|", usual ? ":" : ";"),
+                  written(list, usual ? ProductsSeparators{'~', ':'} : ProductsSeparators{'|', ';'}))
+            << "step " << i;
+        Currency total;
+        for (const ProductFields& fields : list) {
+            total = total + fields.extPrice;
+        }
+        ASSERT_EQ(manager->GetTotalValue().toText(), total.toText()) << "step " << i;
+    }
+    EXPECT_GT(gone.size(), 500U);
+}
+
+TEST(InProcessProductMgr, EveryFieldIsReadAndReachesTheNextString)
+{
+    const Currency two = Currency::fromInteger(2);
+    const std::pair<const char*, std::function<bool(ProductRecord&)>> rows[] = {
+        {"1~n:::0:1:0:0:~", [&](ProductRecord& it) { return it.SetName("n"), it.Name() == "n"; }},
+        {"1~:k::0:1:0:0:~", [&](ProductRecord& it) { return it.SetKey("k"), it.Key() == "k"; }},
+        {"1~::p:0:1:0:0:~", [&](ProductRecord& it) { return it.SetPartNum("p"), it.PartNum() == "p"; }},
+        {"1~:::2:1:0:0:~", [&](ProductRecord& it) { return it.SetUnitPrice(two), it.UnitPrice() == two; }},
+        {"1~:::0:2:0:0:~", [&](ProductRecord& it) { return it.SetQty(two), it.Qty() == two; }},
+        {"1~:::0:1:2:0:~", [&](ProductRecord& it) { return it.SetDiscPrcnt(two), it.DiscPrcnt() == two; }},
+        {"1~:::0:1:0:2:~", [&](ProductRecord& it) { return it.SetExtPrice(two), it.ExtPrice() == two; }},
+        {"1~:::0:1:0:0:t~", [&](ProductRecord& it) { return it.SetNote("t"), it.Note() == "t"; }},
+    };
+    for (const auto& [expected, write] : rows) {
+        const auto manager = makeManager();
+        const auto product = manager->AddNewProduct();
+        EXPECT_EQ(saved(*manager), "1~:::0:1:0:0:~"); // now a text is kept, which the write must make invalid
+        EXPECT_TRUE(write(*product)) << expected;
+        EXPECT_EQ(saved(*manager), expected);
+    }
+}
+
+TEST(InProcessProductMgr, TotalBeyondTheRangeIsErrorSixUntilItShrinks)
+{
+    using Limits = std::numeric_limits<std::int64_t>;
+    for (const std::int64_t most : {Limits::max(), Limits::min()}) {
+        const auto manager = makeManager();
+        manager->AddNewProduct()->SetExtPrice(Currency::fromScaled(most));
+        EXPECT_EQ(manager->GetTotalValue().scaled(), most);
+        manager->AddNewProduct()->SetExtPrice(Currency::fromScaled(most));
+        EXPECT_EQ(errorOf([&] { manager->GetTotalValue(); }).number(), ErrorNumber::overflow) << most;
+        load(*manager, saved(*manager));
+        EXPECT_EQ(errorOf([&] { manager->GetTotalValue(); }).number(), ErrorNumber::overflow) << most;
+        manager->DeleteProduct(1);
+        EXPECT_EQ(manager->GetTotalValue().scaled(), most);
+    }
+}
+
+TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
+{
+    const std::string text = "1~äö:::1:1:0:7:~";
+    ProductMgrOptions options;
+    options.maxDataSize = static_cast<std::int32_t>(text.size());
+    const auto manager = makeManager(options);
+    EXPECT_EQ(manager->GetMaxDataSize(), options.maxDataSize);
+    load(*manager, text);
+    EXPECT_EQ(saved(*manager), text);
+    load(*manager, kThree);
+    const RuntimeError error = errorOf([&] { saved(*manager); });
+    EXPECT_EQ(error.number(), ErrorNumber::outOfStringSpace);
+    for (const std::size_t size : {text.size(), kThree.size()}) {
+        EXPECT_NE(error.description().find(std::to_string(size) + " bytes"), std::string::npos) << error.text();
+    }
+    manager->DeleteProduct(1);
+    manager->DeleteProduct(1);
+    EXPECT_EQ(saved(*manager), "1~C:::1:1:0:300:~") << "the list was kept and fits again";
+}
+
+TEST(InProcessProductMgr, RulesAreTheManagersAndAskedAtEachCall)
+{
+    const auto usual = makeManager()->AddNewProduct(); // its manager is gone
+    struct Row {
+        const char* value;
+        bool amount;
+        bool discount;
+    };
+    for (const Row& row : std::initializer_list<Row>{{"-0.0001", false, false}, {"0", true, true}, {"100", true, true},
+                                                     {"100.0001", true, false}, {"922337203685477", true, false}}) {
+        const Currency value = Currency::fromText(row.value);
+        EXPECT_EQ(usual->IsValidUnitPrice(value), row.amount) << row.value;
+        EXPECT_EQ(usual->IsValidQty(value), row.amount) << row.value;
+        EXPECT_EQ(usual->IsValidDiscPrcnt(value), row.discount) << row.value;
+    }
+    Currency least = Currency::fromInteger(5);
+    const auto manager = makeManager({.rules = {.isValidQty = [&](Currency value) { return value >= least; }}});
+    load(*manager, kThree);
+    const auto product = manager->GetProduct(2);
+    EXPECT_FALSE(product->IsValidQty(Currency::fromInteger(4)));
+    least = Currency::fromInteger(4);
+    load(*manager, "");
+    EXPECT_TRUE(product->IsValidQty(Currency::fromInteger(4)));
+}
+
+} // namespace
+} // namespace orvan

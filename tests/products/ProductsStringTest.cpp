@@ -1,0 +1,170 @@
+#include "tests/products/ProductMgrFixture.h"
+
+#include <random>
+
+namespace orvan {
+namespace {
+
+const std::string kLoaded = "1~Kept:::1:1:0:7:~";
+
+/// Records with everything that can be troublesome in a text.
+std::string richString()
+{
+    const auto manager = makeManager();
+    std::string every;
+    for (int byte = 0; byte < 256; ++byte) {
+        every += static_cast<char>(byte);
+    }
+    for (const std::string& text : std::initializer_list<std::string>{
+             "Bolt ~:\\", std::string("\0~\r\n", 4), "äß€𝄞\u0301", every, "\\\\::~~", ""}) {
+        const auto product = manager->AddNewProduct();
+        product->SetName(text);
+        product->SetKey(text + "\\");
+        product->SetPartNum(":" + text);
+        product->SetUnitPrice(Currency::fromText("-922337203685477.5808"));
+        product->SetQty(Currency::fromText("0.0001"));
+        product->SetDiscPrcnt(Currency::fromText("12.5"));
+        product->SetExtPrice(Currency::fromText("922337203685477.5807"));
+        product->SetNote("~" + text);
+    }
+    return saved(*manager);
+}
+
+TEST(ProductsString, CarriesAnyTextWithAnySeparators)
+{
+    const std::string rich = richString();
+    const auto manager = makeManager();
+    load(*manager, rich);
+    EXPECT_EQ(saved(*manager), rich);
+    for (const auto& [record, field] : std::initializer_list<std::pair<std::string, std::string>>{
+             {":", "~"}, {"\n", "\t"}, {std::string(1, '\0'), " "}, {"\"", "+"}, {"_", "\x7F"}}) {
+        const std::string other = manager->GetProductsString(record, field);
+        const auto second = makeManager();
+        second->SetProductsString(other, record, field, true);
+        EXPECT_EQ(second->GetProductsString(record, field), other) << record << field;
+        EXPECT_EQ(saved(*second), rich) << record << field;
+    }
+    EXPECT_EQ(manager->GetProduct(2)->Name(), std::string("\0~\r\n", 4));
+}
+
+TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
+{
+    struct Row {
+        const char* text;
+        std::int32_t error;
+        const char* place;
+        const char* reason;
+    };
+    const auto manager = makeManager();
+    load(*manager, kLoaded);
+    for (const Row& row : std::initializer_list<Row>{
+             {"x", 321, "product 1:", "ends within the count"},
+             {"~", 321, "product 1:", "begin with the count"},
+             {"0~", 321, "product 1:", "begin with the count"},
+             {"-1~", 321, "product 1:", "begin with the count"},
+             {"01~a:::1:1:0:7:~", 321, "product 1:", "begin with the count"},
+             {"1 ~a:::1:1:0:7:~", 321, "product 1:", "begin with the count"},
+             {"2147483648~a:::1:1:0:7:~", 6, "product 1:", "count of products is beyond"},
+             {"2147483647~a:::1:1:0:7:~", 321, "product 2, field Name:", "cut short"},
+             {"1~a:::1:1:0:7:~b:::1:1:0:7:~", 321, "product 2:", "more than the count"},
+             {"1~a:::1:1:0:7:~~", 321, "product 2:", "more than the count"},
+             {"2~a:::1:1:0:7:~b:::1:1:0:7~", 321, "product 2:", "only 7 of 8"},
+             {"1~a~", 321, "product 1:", "only 1 of 8"},
+             {"1~a:::1:1:0:7::~", 321, "product 1:", "more than 8 fields"},
+             {"1~a:\\b::1:1:0:7:~", 321, "product 1, field Key:", "backslash"},
+             {"1~a:::1:1:0:7:\\", 321, "product 1, field Note:", "cut short"},
+             {"1~a:::1,5:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+             {"1~a:::1::0:7:~", 321, "product 1, field Qty:", "not an amount"},
+             {"1~a:::1:1:007:7:~", 321, "product 1, field DiscPrcnt:", "not an amount"},
+             {"1~a:::1:1:0:1.50:~", 321, "product 1, field ExtPrice:", "not an amount"},
+             {"1~a:::1:1:0:-0:~", 321, "product 1, field ExtPrice:", "not an amount"},
+             {"1~a:::1:1:0:1\\:~", 321, "product 1, field ExtPrice:", "not an amount"},
+             {"1~a:::1:1:0:99999999999999999999x:~", 321, "product 1, field ExtPrice:", "not an amount"},
+             {"1~a:::1:1:0:922337203685477.5808:~", 6, "product 1, field ExtPrice:", "beyond the range"},
+             {"1~a:::-99999999999999999999.5:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"}}) {
+        const RuntimeError error = errorOf([&] { load(*manager, row.text); });
+        EXPECT_EQ(error.number(), row.error) << row.text;
+        EXPECT_NE(error.description().find(row.place), std::string::npos) << row.text << " gave " << error.text();
+        EXPECT_NE(error.description().find(row.reason), std::string::npos) << row.text << " gave " << error.text();
+        EXPECT_EQ(saved(*manager), kLoaded) << row.text;
+    }
+}
+
+TEST(ProductsString, EveryCutIsNoticed)
+{
+    const std::string rich = richString();
+    const auto manager = makeManager();
+    load(*manager, kLoaded);
+    for (std::size_t size = 1; size < rich.size(); ++size) {
+        const RuntimeError error = errorOf([&] { load(*manager, std::string_view(rich).substr(0, size)); });
+        ASSERT_EQ(error.number(), ErrorNumber::invalidFileFormat) << "cut at " << size;
+        ASSERT_EQ(saved(*manager), kLoaded) << "cut at " << size;
+    }
+    load(*manager, "");
+    EXPECT_EQ(manager->GetProductCount(), 0);
+    EXPECT_EQ(manager->GetTotalValue(), Currency());
+    EXPECT_EQ(saved(*manager), "");
+}
+
+/// One to three random edits: bytes written, removed or put in, parts repeated.
+std::string mutated(std::string text, std::mt19937& random)
+{
+    using namespace std::string_view_literals;
+    constexpr auto kLikely = "~:\\0123456789.-+\0\xC3 a"sv;
+    for (auto edits = 1 + random() % 3; edits > 0 && !text.empty(); --edits) {
+        const std::size_t at = random() % text.size();
+        switch (random() % 4) {
+        case 0: text[at] = kLikely[random() % kLikely.size()]; break;
+        case 1: text.erase(at, 1 + random() % 4); break;
+        case 2: text.insert(at, 1, kLikely[random() % kLikely.size()]); break;
+        default: text.insert(at, text.substr(random() % text.size(), random() % 20)); break;
+        }
+    }
+    return text;
+}
+
+TEST(ProductsString, DamagedStringIsRefusedOrSavesAsItWas)
+{
+    const std::string small = "3~Bolt:B-1:100:0.25:12:0:3:~:::0:1:0:0:~Nut::101:-0.1:1:10.5:0.09:4\\:1\\~\\\\~";
+    const auto manager = makeManager();
+    std::mt19937 random(20260102);
+    int refused = 0;
+    int read = 0;
+    for (int i = 0; i < 30000; ++i) {
+        const std::string text = mutated(small, random);
+        load(*manager, kLoaded);
+        const RuntimeError error = errorOf([&] { load(*manager, text); });
+        if (error.description().empty()) {
+            ++read;
+            ASSERT_EQ(saved(*manager), text);
+        } else {
+            ++refused;
+            ASSERT_TRUE(error.description().starts_with("Products string, product ")) << error.text();
+            ASSERT_EQ(saved(*manager), kLoaded) << text;
+            ASSERT_EQ(manager->GetTotalValue().toText(), "7") << text;
+        }
+    }
+    EXPECT_GT(refused, 1000);
+    EXPECT_GT(read, 1000);
+}
+
+TEST(ProductsString, UnusableSeparatorsAreRefused)
+{
+    const auto manager = makeManager();
+    load(*manager, kLoaded);
+    using Pair = std::pair<std::string, std::string>;
+    for (const Pair& pair : std::initializer_list<Pair>{
+             {"", ":"}, {"~", ""}, {"~~", ":"}, {"~", "~"}, {"a", ":"}, {"~", "Z"}, {"5", ":"}, {"~", "-"},
+             {"~", "."}, {"\\", ":"}, {"\xC3", ":"}, {"~", "ä"}}) {
+        for (const RuntimeError& error :
+             {errorOf([&] { manager->SetProductsString("", pair.first, pair.second, false); }),
+              errorOf([&] { manager->GetProductsString(pair.first, pair.second); })}) {
+            EXPECT_EQ(error.number(), ErrorNumber::invalidProcedureCall) << pair.first << pair.second;
+            EXPECT_NE(error.description().find("separator"), std::string::npos) << pair.first << pair.second;
+        }
+    }
+    EXPECT_EQ(saved(*manager), kLoaded);
+}
+
+} // namespace
+} // namespace orvan
