@@ -74,7 +74,7 @@ void QtDriver::dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twip
     const int way = twips / 15 - header.sectionSize(column);
     const int middle = header.height() / 2;
     QTest::mousePress(header.viewport(), Qt::LeftButton, {}, {edge, middle});
-    for (const int step : {way / 3, way / 2, way}) {
+    for (const int step : {way / 2, way + 20, way}) {
         const QPointF to(edge + step, middle);
         QMouseEvent move(QEvent::MouseMove, to, header.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
         QApplication::sendEvent(header.viewport(), &move);

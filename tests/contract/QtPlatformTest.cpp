@@ -22,7 +22,12 @@ using namespace qt;
 
 class QtPlatformTest : public testing::Test {
 protected:
-    void SetUp() override { surface = driver.load(kDesign); }
+    void SetUp() override
+    {
+        showError = std::exchange(driver.platform().onUnhandledError,
+                                  [](const RuntimeError& error) { ADD_FAILURE() << error.number() << error.text(); });
+        surface = driver.load(kDesign);
+    }
 
     ui::Grid& grid() { return surface->control<ui::Grid>("grid"); }
     QTableView& table() { return driver.table(); }
@@ -41,6 +46,7 @@ protected:
 
     QtDriver driver;
     std::unique_ptr<ui::Surface> surface;
+    std::function<void(const RuntimeError&)> showError; ///< The platform's own way.
 };
 
 class PaintCounter final : public QObject {
@@ -309,6 +315,7 @@ TEST_F(QtPlatformTest, AnErrorThatNobodyTookIsShownOnce)
 {
     auto& button = surface->control<ui::Button>("button");
     button.onClick = [] { throw RuntimeError(9); };
+    driver.platform().onUnhandledError = showError;
     int boxes = 0;
     whenModal([&](QWidget& window) {
         ++boxes;
