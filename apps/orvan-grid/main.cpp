@@ -1,0 +1,76 @@
+// orvan-grid: a host without a window. Reads a products string and prints the list view's grid.
+
+#include "base/Text.h"
+#include "hosting/HeadlessProductView.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+Rows gridRows(const orvan::headless::HeadlessGrid& grid)
+{
+    Rows rows;
+    for (std::int32_t row = 0; row < grid.rowCount(); ++row) {
+        rows.push_back(grid.visibleTexts(row));
+    }
+    return rows;
+}
+
+/// The name at the left edge of its column, everything else at the right.
+void print(const Rows& rows)
+{
+    std::vector<std::size_t> widths(rows.front().size());
+    for (const auto& row : rows) {
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            widths[column] = std::max(widths[column], orvan::characterCount(row[column]));
+        }
+    }
+    for (const auto& row : rows) {
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            const std::string blanks(widths[column] - orvan::characterCount(row[column]), ' ');
+            std::cout << (column == 1 ? row[column] + blanks : blanks + row[column])
+                      << (column + 1 < row.size() ? "  " : "\n");
+        }
+    }
+}
+
+std::string readAll(std::istream& input)
+{
+    std::string text(std::istreambuf_iterator<char>(input), {});
+    text.erase(text.find_last_not_of('\n') + 1); // an editor's last line break is not the list's
+    return text;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        std::ifstream file;
+        if (argc > 1) {
+            file.open(argv[1]);
+            if (!file) {
+                std::cerr << "orvan-grid: cannot open " << argv[1] << '\n';
+                return 1;
+            }
+        }
+        const std::string products = readAll(argc > 1 ? file : std::cin);
+        orvan::HeadlessHost host;
+        orvan::HeadlessProductView view(host.platform());
+        // The view reports an error's number alone; a manager of one's own gives the reason first.
+        orvan::ui::createComponent<orvan::ProductMgr>(host.components(), orvan::kProductMgrClassName)
+            ->SetProductsString(products, orvan::kRecordSeparator, orvan::kFieldSeparator, false);
+        view.Show(products);
+        print(gridRows(view.flexGrid()));
+        std::cout << "Total  " << view.txtTotal().text() << '\n';
+        return 0;
+    } catch (const orvan::RuntimeError& error) {
+        std::cerr << "orvan-grid: " << error.what() << " (error " << error.number() << ")\n";
+        return 1;
+    }
+}

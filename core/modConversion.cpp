@@ -1,0 +1,79 @@
+#include "core/modConversion.h"
+
+#include "base/Text.h"
+#include "ui/LocaleService.h"
+
+namespace orvan {
+
+namespace {
+
+int decimalsShown(Currency value, std::int16_t iDigits)
+{
+    return value.scaled() % Currency::kScale != 0 ? iDigits : 0;
+}
+
+void removeAll(std::string& text, std::string_view part)
+{
+    if (part.empty()) {
+        return;
+    }
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
+        text.erase(at, part.size());
+    }
+}
+
+Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+try {
+    std::string kept;
+    for (std::size_t at = 0; at < sText.size();) {
+        const std::string_view character = sText.substr(at, characterSize(sText, at));
+        const bool isDigit = character[0] >= '0' && character[0] <= '9';
+        if (isDigit || character == sDecimalSep) {
+            kept += character;
+        }
+        at += character.size();
+    }
+    return locale.textToCurrency(kept);
+} catch (...) {
+    return Currency(); // a user may type anything: what is not an amount is none
+}
+
+} // namespace
+
+std::string FormatCurrencyValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
+                                std::string_view sCurrencySymbol, bool bShowSymbol)
+{
+    std::string text = locale.formatCurrency(cyValue, decimalsShown(cyValue, iDigits));
+    if (!bShowSymbol) {
+        removeAll(text, sCurrencySymbol);
+    }
+    return text;
+}
+
+std::string FormatNumberValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits)
+{
+    return locale.formatNumber(cyValue, decimalsShown(cyValue, iDigits));
+}
+
+std::string FormatPercentValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits, bool bShowPercent)
+{
+    std::string text = FormatNumberValue(locale, cyValue, iDigits);
+    return bShowPercent ? text + "%" : text;
+}
+
+Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+{
+    return textToValue(locale, sText, sDecimalSep);
+}
+
+Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+{
+    return textToValue(locale, sText, sDecimalSep);
+}
+
+Currency PercentTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+{
+    return NumberTextToValue(locale, sText, sDecimalSep);
+}
+
+} // namespace orvan

@@ -1,0 +1,23 @@
+// modLocale: the five texts of the user's number and money formats.
+//
+// A view and an editor read them once, when they initialize, and pass them to modConversion from
+// then on. Neither procedure fails or is traced: an item that cannot be read has a default.
+// Thread: the user-interface thread.
+#pragma once
+
+#include <string>
+
+namespace orvan {
+
+namespace ui {
+class LocaleService;
+}
+
+/// Defaults: "," for both thousands separators, "." for both decimal separators.
+void GetNumberSeparators(ui::LocaleService& locale, std::string& sMonThousand, std::string& sMonDecimal,
+                         std::string& sThousand, std::string& sDecimal);
+
+/// Default: ",".
+std::string GetCurrencySymbol(ui::LocaleService& locale);
+
+} // namespace orvan

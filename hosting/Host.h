@@ -1,0 +1,46 @@
+// Host: everything a program needs around a list view, made in the right order.
+//
+// Owns the component classes, the user's locale and the platform; the library's own components
+// (product manager, trace log) are registered. A program replaces any of them through components()
+// before it makes its first view. Thread: one host a thread; it outlives the views made on it.
+#pragma once
+
+#include "hosting/ComponentRegistry.h"
+#include "hosting/DefaultComponents.h"
+#include "ui/icu/IcuLocaleService.h"
+
+#include <utility>
+
+namespace orvan {
+
+struct HostOptions {
+    DefaultComponentOptions components;
+    icu::LocaleNames locale = icu::localeNamesFromEnvironment();
+};
+
+template <class PlatformType>
+class Host {
+public:
+    /// What follows the options goes to the platform's constructor.
+    template <class... PlatformArguments>
+    explicit Host(const HostOptions& options = {}, PlatformArguments&&... platformArguments)
+        : locale_(options.locale),
+          platform_(locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
+          messages_(platform_.messageBox())
+    {
+        registerDefaultComponents(components_, options.components);
+    }
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    ComponentRegistry& components() { return components_; }
+    PlatformType& platform() { return platform_; }
+
+private:
+    ComponentRegistry components_;
+    icu::IcuLocaleService locale_;
+    PlatformType platform_;
+    ThreadMessages messages_;
+};
+
+} // namespace orvan

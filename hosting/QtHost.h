@@ -1,0 +1,17 @@
+// QtHost: the library's services for a Qt application.
+#pragma once
+
+#include "hosting/Host.h"
+#include "ui/qt/QtPlatform.h"
+
+namespace orvan {
+
+using QtHost = Host<qt::QtPlatform>;
+
+/// The application's own host, made when it is first asked for (after QApplication) and kept to the
+/// end of the process. Its options are set before that.
+QtHost& qtHost();
+/// Raises 5 once the host exists.
+void setQtHostOptions(const HostOptions& options);
+
+} // namespace orvan

@@ -1,0 +1,18 @@
+// Version: which build of the library this is.
+//
+// The texts live as long as the process. Thread: any.
+#pragma once
+
+#include <string_view>
+
+namespace orvan {
+
+/// Major, minor and revision, as the package manager counts them: "2.1.30".
+std::string_view libraryVersion();
+
+/// The same in the fixed widths of a file's version field (minor 2 digits, revision 4): "2.01.0030".
+std::string_view fileVersion();
+
+std::string_view libraryDescription();
+
+} // namespace orvan

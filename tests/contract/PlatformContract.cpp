@@ -1,0 +1,288 @@
+#include "ContractDriver.h"
+
+#include "ui/TextBox.h"
+
+#include <cmath>
+#include <limits>
+
+namespace orvan::contract {
+
+using ui::ControlKind;
+
+constexpr ui::ControlDesign kControls[] = {
+    {.name = "grid", .kind = ControlKind::grid, .width = 6000, .height = 3000, .tabIndex = 2, .gridColumns = 5},
+    {.name = "frame", .kind = ControlKind::frame, .left = 7, .top = 3015, .width = 3000, .height = 450},
+    {.name = "button", .kind = ControlKind::button, .parent = "frame", .left = 37, .width = 375, .height = 375,
+     .toolTip = "Add <one>", .picture = "add", .tabIndex = 1},
+    {.name = "label", .kind = ControlKind::label, .left = 3300, .top = 3015, .width = 900, .height = 375,
+     .caption = "&Total && tax"},
+    {.name = "box", .kind = ControlKind::textBox, .left = 4200, .top = 3015, .width = 1500, .height = 375,
+     .tabIndex = 0, .readOnly = true, .alignment = ui::Alignment::right},
+};
+const ui::FormDesign kDesign{.name = "Contract", .width = 6000, .height = 3600, .controls = kControls};
+
+std::int32_t TestLocale::getLocaleInfo(std::int32_t /*lcid*/, ui::LocaleItem item, std::span<char> buffer)
+{
+    const std::string* text = item == ui::LocaleItem::decimalSeparator     ? &decimal
+                              : item == ui::LocaleItem::thousandsSeparator ? &thousands
+                                                                           : nullptr;
+    if (!text || text->size() + 1 > buffer.size()) {
+        return 0;
+    }
+    std::copy_n(text->c_str(), text->size() + 1, buffer.begin());
+    return static_cast<std::int32_t>(text->size()) + 1;
+}
+
+void PlatformContract::SetUp()
+{
+    driver = GetParam()();
+    driver->platform().onUnhandledError = [this](const RuntimeError& error) { unhandled.push_back(error.number()); };
+    surface = driver->load(kDesign);
+}
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST_P(PlatformContract, LengthsReadBackAsSet)
+{
+    auto& box = surface->control<ui::TextBox>("box");
+    EXPECT_EQ(surface->control<ui::Control>("frame").left(), 7) << "as designed";
+    struct Row {
+        float left, top, width, height;
+        std::int32_t error;
+    };
+    constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+    for (const Row& row : std::initializer_list<Row>{{7, 1, 22, 250, 0},
+                                                     {-7.5F, -30, 0, 0.3F, 0},
+                                                     {1e9F, -1e9F, 3e9F, 1e30F, 0},
+                                                     {0, 0, -1, 5, 380},
+                                                     {0, 0, 5, -0.1F, 380},
+                                                     {kNan, 0, 5, 5, 6},
+                                                     {0, 0, 5, HUGE_VALF, 6}}) {
+        const Row before{box.left(), box.top(), box.width(), box.height(), 0};
+        EXPECT_EQ(errorOf([&] { box.move(row.left, row.top, row.width, row.height); }), row.error) << row.width;
+        const Row& now = row.error == 0 ? row : before;
+        EXPECT_EQ(box.left(), now.left);
+        EXPECT_EQ(box.top(), now.top);
+        EXPECT_EQ(box.width(), now.width);
+        EXPECT_EQ(box.height(), now.height);
+    }
+}
+
+TEST_P(PlatformContract, AWrongDesignFailsWhenItIsLoaded)
+{
+    EXPECT_EQ(errorOf([&] { surface->control<ui::Grid>("gird"); }), 424);
+    EXPECT_EQ(errorOf([&] { surface->control<ui::Grid>("button"); }), 13);
+    EXPECT_EQ(errorOf([&] { surface->control<ui::Button>("button"); }), 0);
+    constexpr ui::ControlDesign kOrphan[] = {{.name = "b", .kind = ControlKind::button, .parent = "frame"}};
+    const ui::FormDesign orphan{.name = "Orphan", .controls = kOrphan};
+    EXPECT_EQ(errorOf([&] { driver->load(orphan); }), 424);
+}
+
+TEST_P(PlatformContract, ResizesAreReportedInTwips)
+{
+    int reports = 0;
+    surface->onResize = [&] { ++reports; };
+    driver->resize(*surface, 7500, 4515);
+    EXPECT_EQ(surface->innerWidth(), 7500);
+    EXPECT_EQ(surface->innerHeight(), 4515);
+    EXPECT_EQ(reports, 1);
+}
+
+TEST_P(PlatformContract, ColumnWidthsStayExactThroughEverythingTheProgramDoes)
+{
+    int resized = 0;
+    grid().onAfterUserResize = [&] { ++resized; };
+    const std::vector<std::int32_t> widths = {1, 7, 250, 2500, 32767};
+    for (std::int32_t column = 0; column < 5; ++column) {
+        grid().setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
+    }
+    grid().setColumnHidden(1, true);
+    grid().setColumnWidth(0, 0);
+    grid().setColumnWidth(0, 1);
+    grid().setRowCount(40);
+    driver->resize(*surface, 3000, 3000);
+    grid().setColumnHidden(1, false);
+    for (std::int32_t column = 0; column < 5; ++column) {
+        EXPECT_EQ(grid().columnWidth(column), widths[static_cast<std::size_t>(column)]) << column;
+    }
+    EXPECT_EQ(errorOf([&] { grid().setColumnWidth(0, -1); }), 380);
+    EXPECT_EQ(errorOf([&] { grid().setColumnWidth(5, 1); }), 9);
+    EXPECT_EQ(resized, 0) << "the program's own widths are no event";
+}
+
+TEST_P(PlatformContract, AUsersDragWritesThatWidthAndReportsOnce)
+{
+    std::vector<std::int32_t> seen;
+    grid().onAfterUserResize = [&] { seen.push_back(grid().columnWidth(1)); };
+    grid().setUserResizing(true);
+    grid().setColumnWidth(0, 257);
+    grid().setColumnWidth(1, 1007);
+    driver->dragColumn(grid(), 1, 1500);
+    EXPECT_EQ(seen, std::vector<std::int32_t>{1500}) << "the new width stands when the event is raised";
+    EXPECT_EQ(grid().columnWidth(0), 257) << "a neighbour's width is nobody's business";
+    grid().setColumnHidden(0, true);
+    grid().moveColumn(1, 3);
+    driver->dragColumn(grid(), 3, 600);
+    EXPECT_EQ(grid().columnWidth(3), 600);
+    EXPECT_EQ(seen.size(), 2U);
+    grid().onAfterUserResize = [] { throw RuntimeError(9); };
+    driver->dragColumn(grid(), 2, 450);
+    expectedUnhandled = {9};
+}
+
+TEST_P(PlatformContract, EverythingOfAColumnMovesWithIt)
+{
+    struct Row {
+        std::int32_t column, to;
+        Texts shownAfter;
+    };
+    grid().setRowCount(2);
+    for (std::int32_t column = 0; column < 5; ++column) {
+        grid().setColumnKey(column, "k" + std::to_string(column));
+        grid().setColumnWidth(column, 1000 + column);
+        grid().setValue(0, column, "h" + std::to_string(column));
+        grid().setValue(1, column, column);
+    }
+    grid().setColumnHidden(2, true);
+    grid().setColumnFormat(4, "0.0");
+    for (const Row& row : std::initializer_list<Row>{{4, 1, {"0", "4.0", "1", "3"}},
+                                                     {0, 4, {"4.0", "1", "3", "0"}},
+                                                     {2, 0, {"4.0", "1", "3", "0"}},
+                                                     {3, 3, {"4.0", "1", "3", "0"}}}) {
+        grid().moveColumn(row.column, row.to);
+        EXPECT_EQ(driver->shown(grid(), 1), row.shownAfter) << row.column << " to " << row.to;
+    }
+    EXPECT_EQ(driver->shown(grid(), 0), (Texts{"h4", "h1", "h3", "h0"}));
+    EXPECT_TRUE(grid().columnHidden(grid().columnIndex("k2")));
+    EXPECT_EQ(grid().columnWidth(grid().columnIndex("k4")), 1004);
+    EXPECT_EQ(grid().columnIndex("k5"), -1);
+    EXPECT_EQ(errorOf([&] { grid().moveColumn(0, 5); }), 9);
+}
+
+TEST_P(PlatformContract, AmountsAreShownByTheirFormat)
+{
+    struct Row {
+        std::int64_t scaled;
+        const char* format;
+        const char* shown;
+    };
+    constexpr const char* kMoney = "$###,##0.00";
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+    grid().setRowCount(2);
+    for (const Row& row : std::initializer_list<Row>{
+             {0, kMoney, "$0.00"}, {12'345'000, kMoney, "$1,234.50"}, {-50'000, kMoney, "-$5.00"},
+             {50, kMoney, "$0.01"}, {-49, kMoney, "$0.00"}, {9'999'999'950, kMoney, "$1,000,000.00"},
+             {kMost, kMoney, "$922,337,203,685,477.58"}, {-kMost - 1, kMoney, "-$922,337,203,685,477.58"},
+             {25'000, "", "2.5"}, {12'340'000, "", "1234"}, {-1, "", "-0.0001"}}) {
+        grid().setColumnFormat(0, row.format);
+        grid().setValue(1, 0, Currency::fromScaled(row.scaled));
+        EXPECT_EQ(driver->shown(grid(), 1)[0], row.shown) << row.scaled << ' ' << row.format;
+    }
+    driver->locale.thousands = "\xE2\x80\xAF";
+    driver->locale.decimal = ",";
+    surface = driver->load(kDesign);
+    grid().setColumnFormat(0, kMoney);
+    grid().setRowCount(2);
+    grid().setValue(1, 0, Currency::fromScaled(12'345'000));
+    EXPECT_EQ(driver->shown(grid(), 1)[0], "$1\xE2\x80\xAF" "234,50");
+}
+
+TEST_P(PlatformContract, ChangesWhileRedrawIsOffAreShownWhenItIsOn)
+{
+    grid().setRowCount(5);
+    grid().setRedraw(false);
+    grid().setRowCount(2);
+    grid().setColumnCount(2);
+    grid().setRowCount(4);
+    grid().setValue(3, 1, std::string("last"));
+    grid().setRedraw(true);
+    EXPECT_EQ(driver->shown(grid(), 3), (Texts{"", "last"}));
+    grid().setValue(3, 0, 7);
+    EXPECT_EQ(driver->shown(grid(), 3), (Texts{"7", "last"})) << "and at once from then on";
+    EXPECT_EQ(errorOf([&] { grid().setValue(4, 0, 1); }), 9);
+}
+
+TEST_P(PlatformContract, OneRowIsCurrentByUserOrProgram)
+{
+    EXPECT_EQ(grid().currentRow(), 0);
+    grid().setRowCount(6);
+    driver->chooseRow(grid(), 3);
+    EXPECT_EQ(grid().currentRow(), 3);
+    grid().setRedraw(false);
+    grid().setRowCount(9);
+    grid().setRedraw(true);
+    EXPECT_EQ(grid().currentRow(), 3) << "a refresh keeps it";
+    grid().setCurrentRow(5);
+    driver->chooseRow(grid(), 1);
+    EXPECT_EQ(grid().currentRow(), 1);
+    EXPECT_EQ(errorOf([&] { grid().setCurrentRow(9); }), 9);
+    grid().setCurrentRow(8);
+    grid().setRowCount(4);
+    EXPECT_EQ(grid().currentRow(), 3) << "cut off: the last";
+    grid().setRowCount(1);
+    EXPECT_EQ(grid().currentRow(), 0);
+    grid().setRowCount(4);
+    EXPECT_EQ(grid().currentRow(), 0) << "rows that come choose nothing";
+}
+
+TEST_P(PlatformContract, AHandlerMayThrowOrEndItsSurface)
+{
+    auto& button = surface->control<ui::Button>("button");
+    driver->click(button);
+    button.onClick = [] { throw RuntimeError(91); };
+    driver->click(button);
+    button.onClick = [] { throw 1; };
+    driver->click(button);
+    expectedUnhandled = {91, 440};
+    bool ended = false;
+    button.onClick = [&] {
+        surface.reset();
+        ended = true;
+    };
+    driver->click(button);
+    EXPECT_TRUE(ended);
+}
+
+TEST_P(PlatformContract, SettingsHoldAnyTextUnderAnyName)
+{
+    using namespace std::string_view_literals;
+    ui::SettingsStore& store = driver->platform().settings();
+    EXPECT_EQ(store.get("Orvan", "s", "k"), "");
+    const std::string_view texts[] = {""sv,        "k"sv,      "K"sv,         "a/b"sv,       "a\\b"sv, "a%2Fb"sv,
+                                      "a=b"sv,     "[a]"sv,    ";a"sv,        " a "sv,       "a\nb\r"sv, "\0x\0"sv,
+                                      "äÄ\U0001F600"sv, "\xFF\xFE"sv, "General"sv, "@Variant(1)"sv, "a, \"b\""sv, "1.5"sv};
+    for (std::string_view text : texts) {
+        store.set(text, "section", "key", std::string("1:") + std::string(text));
+        store.set("application", text, "key", std::string("2:") + std::string(text));
+        store.set("application", "section", text, text);
+    }
+    for (std::string_view text : texts) {
+        EXPECT_EQ(store.get(text, "section", "key"), std::string("1:") + std::string(text)) << text;
+        EXPECT_EQ(store.get("application", text, "key"), std::string("2:") + std::string(text)) << text;
+        EXPECT_EQ(store.get("application", "section", text), text) << text;
+    }
+    store.set("application", "section", "k", "again");
+    EXPECT_EQ(store.get("application", "section", "k"), "again");
+}
+
+TEST_P(PlatformContract, MessageBoxesReturnTheUsersAnswer)
+{
+    struct Row {
+        ui::MessageButtons buttons;
+        ui::MessageResult answer;
+    };
+    for (const Row& row : std::initializer_list<Row>{{ui::MessageButtons::ok, ui::MessageResult::ok},
+                                                     {ui::MessageButtons::yesNo, ui::MessageResult::yes},
+                                                     {ui::MessageButtons::yesNo, ui::MessageResult::no},
+                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::no},
+                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
+        driver->answer(row.answer);
+        const ui::Message message{.text = "<b>Sure?", .title = "Orvan", .buttons = row.buttons, .ownerWindow = 4711};
+        EXPECT_EQ(driver->platform().messageBox().show(message), row.answer) << "4711 is no window";
+    }
+}
+
+} // namespace
+} // namespace orvan::contract

@@ -1,0 +1,377 @@
+// What only the Qt platform can get wrong: painting, the toolkit's own habits, files, lifetimes.
+#include "QtDriver.h"
+
+#include "ui/TextBox.h"
+#include "ui/qt/GridPaint.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+namespace orvan::contract {
+namespace {
+
+using namespace qt;
+
+class QtPlatformTest : public testing::Test {
+protected:
+    void SetUp() override { surface = driver.load(kDesign); }
+
+    ui::Grid& grid() { return surface->control<ui::Grid>("grid"); }
+    QTableView& table() { return driver.table(); }
+
+    void fill(std::int32_t rows)
+    {
+        grid().setRedraw(false);
+        grid().setRowCount(rows + 1);
+        for (std::int32_t row = 1; row <= rows; ++row) {
+            grid().setValue(row, 0, row);
+            grid().setValue(row, 1, "row " + std::to_string(row));
+        }
+        grid().setRedraw(true);
+        QApplication::processEvents();
+    }
+
+    QtDriver driver;
+    std::unique_ptr<ui::Surface> surface;
+};
+
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int paints = 0;
+};
+
+TEST_F(QtPlatformTest, ARedrawCycleIsPaintedOnceWhateverChanged)
+{
+    fill(100);
+    QTest::qWait(50); // the window has become active
+    struct Row {
+        const char* what;
+        void (*change)(ui::Grid& grid);
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {"nothing", [](ui::Grid&) {}},
+             {"cells", [](ui::Grid& g) { g.setValue(1, 0, 5); g.setValue(2, 0, 6); }},
+             {"more rows", [](ui::Grid& g) { g.setRowCount(150); }},
+             {"fewer rows", [](ui::Grid& g) { g.setRowCount(3); g.setRowCount(120); }},
+             {"columns", [](ui::Grid& g) { g.moveColumn(4, 0); g.setColumnHidden(2, true); g.setColumnWidth(1, 9000); }},
+             {"column count", [](ui::Grid& g) { g.setColumnCount(3); g.setColumnCount(6); }},
+             {"current row", [](ui::Grid& g) { g.setCurrentRow(90); }},
+             {"all", [](ui::Grid& g) { g.setRowCount(40); g.setColumnWidth(0, 30); g.setCurrentRow(39); }}}) {
+        PaintCounter counter(table().viewport());
+        PaintCounter header(table().horizontalHeader()->viewport());
+        grid().setRedraw(false);
+        row.change(grid());
+        QTest::qWait(5);
+        EXPECT_EQ(counter.paints, 0) << row.what << ", redraw off";
+        grid().setRedraw(true);
+        QTest::qWait(20);
+        EXPECT_EQ(counter.paints, 1) << row.what;
+        EXPECT_EQ(header.paints, 1) << row.what << ", header";
+    }
+}
+
+TEST_F(QtPlatformTest, AHundredThousandRowsAreShownAtOnce)
+{
+    grid().setRedraw(false);
+    grid().setRowCount(100'001);
+    grid().setCurrentRow(100'000);
+    QElapsedTimer watch;
+    watch.start();
+    grid().setRedraw(true);
+    QApplication::processEvents();
+    EXPECT_LT(watch.elapsed(), 500) << "milliseconds";
+    EXPECT_EQ(table().model()->rowCount(), 100'000);
+    EXPECT_TRUE(table().viewport()->rect().contains(table().visualRect(table().currentIndex()).center()));
+}
+
+TEST_F(QtPlatformTest, WidgetsStandOnTheNearestPixel)
+{
+    struct Row {
+        float twips;
+        int pixel;
+    };
+    auto& box = surface->control<ui::TextBox>("box");
+    for (const Row& row : std::initializer_list<Row>{{0, 0}, {7, 0}, {8, 1}, {22, 1}, {250, 17}, {2500, 167}}) {
+        box.move(row.twips, row.twips, row.twips, row.twips);
+        EXPECT_EQ(driver.widget("box").geometry(), QRect(row.pixel, row.pixel, row.pixel, row.pixel)) << row.twips;
+        grid().setColumnWidth(3, static_cast<std::int32_t>(row.twips));
+        EXPECT_EQ(table().columnWidth(3), row.pixel) << row.twips;
+    }
+}
+
+TEST_F(QtPlatformTest, NumbersStandAtTheRightAndTheirHeaderWithThem)
+{
+    struct Row {
+        ui::GridType type;
+        ui::GridValue value;
+        Qt::AlignmentFlag side;
+    };
+    grid().setRowCount(2);
+    for (const Row& row : std::initializer_list<Row>{{ui::GridType::string, 5, Qt::AlignLeft},
+                                                     {ui::GridType::int32, std::string("x"), Qt::AlignRight},
+                                                     {ui::GridType::currency, {}, Qt::AlignRight},
+                                                     {ui::GridType::decimal, {}, Qt::AlignRight},
+                                                     {ui::GridType::float64, {}, Qt::AlignRight},
+                                                     {ui::GridType::none, Currency(), Qt::AlignRight},
+                                                     {ui::GridType::none, std::string("1"), Qt::AlignLeft}}) {
+        grid().setColumnType(0, row.type);
+        grid().setValue(1, 0, row.value);
+        const auto cell = table().model()->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+        const QVariant header = table().model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole);
+        EXPECT_TRUE(cell.testFlag(row.side)) << int(row.type);
+        EXPECT_EQ(header.value<Qt::Alignment>(), cell) << int(row.type);
+    }
+}
+
+TEST_F(QtPlatformTest, ACutAmountShowsThatItIsCutAndItsToolTipTheWhole)
+{
+    const QFontMetrics metrics = table().fontMetrics();
+    EXPECT_EQ(fitText(metrics, QStringLiteral("30"), 17).text, QStringLiteral("30"));
+    const QString amount = QStringLiteral("$1,234,567.89");
+    for (int width = metrics.horizontalAdvance(amount) - 1; width > 0; --width) {
+        const FittedText fitted = fitText(metrics, amount, width);
+        EXPECT_TRUE(fitted.cut && fitted.text.endsWith(QChar(0x2026))) << width << ": " << fitted.text.toStdString();
+    }
+    grid().setRowCount(2);
+    grid().setColumnWidth(1, 3000);
+    grid().setValue(1, 1, std::string("<b>long</b> text"));
+    const QModelIndex cell = table().model()->index(0, 1);
+    EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid());
+    grid().setColumnWidth(1, 300);
+    EXPECT_EQ(cell.data(Qt::ToolTipRole).toString(), QStringLiteral("<p>&lt;b&gt;long&lt;/b&gt; text</p>"));
+}
+
+TEST_F(QtPlatformTest, OnlyTheUserChoosesRowsAndOnlyWithTheLeftButtonOrArrows)
+{
+    fill(60);
+    QWidget& viewport = *table().viewport();
+    const auto at = [&](int row) { return table().visualRect(table().model()->index(row - 1, 1)).center(); };
+    driver.widget("button").setFocus();
+    table().setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(grid().currentRow(), 0) << "coming in by Tab chooses nothing";
+    EXPECT_FALSE(table().currentIndex().isValid());
+    QTest::mouseClick(&viewport, Qt::RightButton, {}, at(2));
+    EXPECT_EQ(grid().currentRow(), 0);
+    QTest::mouseClick(&viewport, Qt::LeftButton, Qt::ControlModifier, at(2));
+    QTest::mouseClick(&viewport, Qt::LeftButton, Qt::ControlModifier, at(2));
+    EXPECT_EQ(grid().currentRow(), 2);
+    EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1) << "the current row is always selected";
+    QTest::keyClick(&table(), Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(&table(), Qt::Key_Right);
+    QTest::keyClicks(&table(), "6");
+    EXPECT_EQ(grid().currentRow(), 3);
+    QTest::keyClick(&table(), Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(grid().currentRow(), 60);
+    grid().setCurrentRow(0);
+    EXPECT_TRUE(table().selectionModel()->selection().isEmpty());
+}
+
+TEST_F(QtPlatformTest, TheScrollPositionOutlastsARefresh)
+{
+    fill(200);
+    grid().setColumnWidth(0, 9000);
+    driver.chooseRow(grid(), 2);
+    table().verticalScrollBar()->setValue(120);
+    table().horizontalScrollBar()->setValue(50);
+    fill(201);
+    EXPECT_EQ(table().verticalScrollBar()->value(), 120);
+    EXPECT_EQ(table().horizontalScrollBar()->value(), 50);
+    grid().setCurrentRow(3);
+    EXPECT_LE(table().verticalScrollBar()->value(), 2) << "the program's choice comes into view";
+    EXPECT_EQ(table().horizontalScrollBar()->value(), 50) << "but not sideways";
+    grid().setRedraw(false);
+    grid().setRowCount(2);
+    const QModelIndex gone = table().model()->index(150, 1);
+    EXPECT_TRUE(gone.isValid() && !gone.data().isValid()) << "between change and publishing";
+    QTest::keyClick(&table(), Qt::Key_End, Qt::ControlModifier);
+    EXPECT_LT(grid().currentRow(), 2);
+    grid().setRedraw(true);
+}
+
+TEST_F(QtPlatformTest, AnEdgeIsDraggedOrFittedOnlyWhereAllowed)
+{
+    int reports = 0;
+    grid().onAfterUserResize = [&] { ++reports; };
+    grid().setColumnWidth(1, 1007);
+    driver.dragColumn(grid(), 1, 1500);
+    EXPECT_EQ(grid().columnWidth(1), 1007) << "not allowed";
+    grid().setUserResizing(true);
+    driver.dragColumn(grid(), 1, 67 * 15);
+    EXPECT_EQ(grid().columnWidth(1), 1007) << "a click on the edge that moves nothing";
+    EXPECT_EQ(reports, 0);
+    fill(3);
+    QHeaderView& header = *table().horizontalHeader();
+    const QPoint edge(header.sectionViewportPosition(1) + header.sectionSize(1) - 1, header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, edge);
+    QTest::mouseDClick(header.viewport(), Qt::LeftButton, {}, edge);
+    EXPECT_EQ(reports, 1);
+    EXPECT_EQ(grid().columnWidth(1), table().columnWidth(1) * 15);
+    EXPECT_NE(grid().columnWidth(1), 1007);
+}
+
+TEST_F(QtPlatformTest, KeysAndNamesServeThoseWhoUseNoMouse)
+{
+    driver.widget("box").setFocus();
+    for (const char* next : {"button", "grid", "box"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
+    }
+    QTest::keyClick(&driver.host(), Qt::Key_T, Qt::AltModifier);
+    EXPECT_EQ(QApplication::focusWidget(), &driver.widget("box"));
+    EXPECT_EQ(driver.widget("box").accessibleName(), QStringLiteral("Total & tax"));
+    EXPECT_EQ(driver.widget("button").accessibleName(), QStringLiteral("Add <one>"));
+    EXPECT_EQ(driver.widget("button").toolTip(), QStringLiteral("Add <one>"));
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    fill(2);
+    driver.chooseRow(grid(), 1);
+    QApplication::sendEvent(&table(), &enter);
+    EXPECT_FALSE(enter.isAccepted()) << "Enter belongs to the window";
+}
+
+TEST_F(QtPlatformTest, SurfaceAndHostGoInEitherOrder)
+{
+    fill(5);
+    driver.destroyHost();
+    grid().setRedraw(false);
+    grid().setRowCount(9);
+    grid().setRedraw(true);
+    grid().setCurrentRow(4);
+    surface->control<ui::Button>("button").move(1, 1);
+    surface->control<ui::TextBox>("box").setText("x");
+    EXPECT_EQ(grid().currentRow(), 4) << "state outlives the widgets";
+    surface = driver.load(kDesign);
+    fill(5);
+    surface->onResize = [&] { surface.reset(); };
+    driver.resize(*surface, 3000, 3000);
+    EXPECT_FALSE(surface);
+    surface = driver.load(kDesign);
+    surface.reset();
+    QTest::mouseClick(&driver.widget("button"), Qt::LeftButton); // no more than pixels by now
+    driver.host().resize(300, 300);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(driver.host().children().isEmpty()) << "the widgets went with their surface";
+}
+
+TEST_F(QtPlatformTest, AnEditOfAColumnMayEndTheSurface)
+{
+    grid().setUserResizing(true);
+    grid().onAfterUserResize = [this] { surface.reset(); };
+    driver.dragColumn(grid(), 0, 1500);
+    EXPECT_FALSE(surface);
+}
+
+TEST_F(QtPlatformTest, BoxesCloseAsTheirButtonsAllow)
+{
+    struct Row {
+        ui::MessageButtons buttons;
+        ui::MessageResult closed;
+    };
+    for (const Row& row : std::initializer_list<Row>{{ui::MessageButtons::ok, ui::MessageResult::ok},
+                                                     {ui::MessageButtons::yesNo, ui::MessageResult::no},
+                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
+        const auto owner = std::make_unique<QWidget>();
+        const ui::Message message{.text = "<b>x</b>", .title = "Orvan", .buttons = row.buttons,
+                                  .icon = ui::MessageIcon::question, .ownerWindow = windowHandle(owner.get())};
+        whenModal([&](QWidget& window) {
+            EXPECT_EQ(window.parentWidget(), owner.get());
+            EXPECT_EQ(dynamic_cast<QMessageBox&>(window).textFormat(), Qt::PlainText);
+            QTest::keyClick(&window, Qt::Key_Escape);
+        });
+        EXPECT_EQ(driver.platform().messageBox().show(message), row.closed);
+        whenModal([](QWidget& window) { window.close(); });
+        EXPECT_EQ(driver.platform().messageBox().show(message), row.closed);
+    }
+    auto owner = std::make_unique<QWidget>();
+    whenModal([&](QWidget&) { owner.reset(); });
+    const std::int32_t handle = windowHandle(owner.get());
+    EXPECT_EQ(driver.platform().messageBox().show({.text = "x", .title = {}, .ownerWindow = handle}), ui::MessageResult::ok);
+    EXPECT_EQ(windowOf(handle), nullptr);
+    EXPECT_GT(windowHandle(&driver.host()), handle) << "a number is never used again";
+    EXPECT_EQ(windowHandle(&driver.host()), windowHandle(&driver.host()));
+    EXPECT_EQ(windowHandle(nullptr), 0);
+}
+
+TEST_F(QtPlatformTest, AnErrorThatNobodyTookIsShownOnce)
+{
+    auto& button = surface->control<ui::Button>("button");
+    button.onClick = [] { throw RuntimeError(9); };
+    int boxes = 0;
+    whenModal([&](QWidget& window) {
+        ++boxes;
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(window).text(), QStringLiteral("Error 9: Subscript out of range"));
+        driver.platform().dispatch([] { throw RuntimeError(5); }); // while the first is being shown
+        EXPECT_EQ(QApplication::activeModalWidget(), &window);
+        window.close();
+    });
+    driver.click(button);
+    EXPECT_EQ(boxes, 1);
+}
+
+TEST_F(QtPlatformTest, SettingsOfTwoProgramsLiveInOneFile)
+{
+    QtSettingsStore one(driver.settingsPath());
+    QtSettingsStore two(driver.settingsPath());
+    for (int turn = 0; turn < 5; ++turn) {
+        one.set("Orvan", "s", "one" + std::to_string(turn), "1");
+        two.set("Orvan", "t", "two" + std::to_string(turn), "2");
+        two.set("Orvan", "s", "both", std::to_string(turn));
+        EXPECT_EQ(one.get("Orvan", "s", "both"), std::to_string(turn));
+    }
+    for (int turn = 0; turn < 5; ++turn) {
+        EXPECT_EQ(two.get("Orvan", "s", "one" + std::to_string(turn)), "1") << turn;
+        EXPECT_EQ(one.get("Orvan", "t", "two" + std::to_string(turn)), "2") << turn;
+    }
+}
+
+TEST_F(QtPlatformTest, AStoreThatCannotBeUsedRaises75AndStaysAsItWas)
+{
+    struct Row {
+        const char* name;
+        const char* content; ///< Null: a folder of that name.
+        std::int32_t readError;
+        std::int32_t writeError;
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {"folder", nullptr, 75, 75},
+             {"garbage", "\x7F" "ELF\1\2\nx", 75, 75},
+             {"cut", "[Orvan/s]\nk=1\n[Orv", 75, 75},
+             {"file/below", "", 0, 75},
+             {"edited", "; mine\r\n[Orvan/s]\r\n k=old\r\n\r\n[Other]\r\nk=x\r\n", 0, 0}}) {
+        QDir folder(driver.folder().path());
+        const QString path = folder.filePath(QString::fromLatin1(row.name));
+        const bool below = path.endsWith(QStringLiteral("below"));
+        QFile file(below ? folder.filePath(QStringLiteral("file")) : path);
+        if (!row.content) {
+            folder.mkdir(path);
+        } else if (file.open(QIODevice::WriteOnly)) {
+            file.write(row.content);
+            file.close();
+        }
+        QtSettingsStore store(path.toStdString());
+        EXPECT_EQ(errorOf([&] { store.get("Orvan", "s", "k"); }), row.readError) << row.name;
+        EXPECT_EQ(errorOf([&] { store.set("Orvan", "s", "k", "new"); }), row.writeError) << row.name;
+        EXPECT_EQ(errorOf([&] { store.get("Orvan", "s", "k"); }), row.readError) << row.name << ", again";
+        if (row.content && file.open(QIODevice::ReadOnly)) {
+            const QByteArray after = row.writeError == 0 ? "; mine\n[Orvan/s]\nk=new\n\n[Other]\nk=x\n" : row.content;
+            EXPECT_EQ(file.readAll().toStdString(), after.toStdString()) << row.name;
+        }
+        EXPECT_FALSE(QFile::exists(path + QStringLiteral(".lock"))) << row.name;
+    }
+}
+
+} // namespace
+} // namespace orvan::contract

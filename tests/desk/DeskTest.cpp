@@ -1,0 +1,204 @@
+#include "MainWindow.h"
+
+#include "hosting/ProductViewWidget.h"
+#include "hosting/QtHost.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+namespace orvan::desk {
+namespace {
+
+using testing::HasSubstr;
+
+/// The application, on settings of its own.
+class Environment final : public testing::Environment {
+public:
+    void SetUp() override
+    {
+        qputenv("XDG_CONFIG_HOME", home_.path().toUtf8());
+        qputenv("XDG_STATE_HOME", home_.path().toUtf8());
+        qputenv("LC_ALL", "en_US.UTF-8");
+        static int argc = 1;
+        static char name[] = "test_desk";
+        static char* argv[] = {name, nullptr};
+        application_ = std::make_unique<QApplication>(argc, argv);
+    }
+    void TearDown() override { application_.reset(); }
+
+private:
+    QTemporaryDir home_;
+    std::unique_ptr<QApplication> application_;
+};
+
+const auto* const kEnvironment = testing::AddGlobalTestEnvironment(new Environment);
+
+class DeskTest : public testing::Test {
+public:
+    QString write(const QByteArray& bytes)
+    {
+        const QString path = folder.filePath(QStringLiteral("a.quote.json"));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return path;
+    }
+
+    /// Answers the next message box, and keeps its text. The test fails when none comes up.
+    void answerNext(QMessageBox::StandardButton button)
+    {
+        QTimer::singleShot(0, qApp, [this, button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box) << "no message box came up";
+            asked = box->text().toStdString();
+            QTest::mouseClick(box->button(button), Qt::LeftButton);
+        });
+    }
+
+    QTemporaryDir folder;
+    std::string asked;
+};
+
+std::string problemOf(const QString& path)
+{
+    try {
+        readQuote(path, [](const std::string& products) {
+            if (products == "bad") {
+                throw std::runtime_error("Product 3: too short");
+            }
+        });
+    } catch (const QuoteFileError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
+{
+    const QByteArray good = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
+ "date": "2026-11-20", "products": ""})";
+    struct Row {
+        const char* what;
+        QByteArray bytes;
+        const char* problem;
+    };
+    const auto with = [&](const char* from, const char* to) { return QByteArray(good).replace(from, to); };
+    for (const Row& row : std::initializer_list<Row>{
+             {"good", good, ""},
+             {"cut", good.left(good.size() - 4), "line 2, column"},
+             {"empty", "", "line 1, column 1"},
+             {"not ours", "[1, 2]", "not a quote file"},
+             {"another format", with("orvan-desk-quote", "recipe"), "not a quote file"},
+             {"a later version", with("1,", "7,"), "another version of the desk (7)"},
+             {"no customer", with("customer", "costumer"), "\"customer\" is missing"},
+             {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
+             {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
+             {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"}}) {
+        const std::string problem = problemOf(write(row.bytes));
+        EXPECT_THAT(problem, HasSubstr(row.problem)) << row.what;
+        EXPECT_EQ(problem.empty(), std::string(row.problem).empty()) << row.what << ": " << problem;
+    }
+    EXPECT_THAT(problemOf(folder.filePath("nowhere")), HasSubstr("No such file"));
+}
+
+TEST_F(DeskTest, AQuoteComesBackAsItWasSaved)
+{
+    const Quote quote{.customer = QStringLiteral("Ä \"quoted\" \\ ✓ 𝄞"),
+                      .number = QStringLiteral("a\nb"),
+                      .date = QDate(2026, 2, 28),
+                      .products = std::string("1~a\0\\~:\xF0\x9D\x84\x9E\x01~", 14)};
+    const QString path = folder.filePath(QStringLiteral("q.quote.json"));
+    writeQuote(path, quote);
+    EXPECT_EQ(readQuote(path, [](const std::string&) {}), quote);
+
+    Quote bad = quote;
+    bad.products = "\xC3";
+    EXPECT_THROW(writeQuote(path, bad), QuoteFileError);
+    EXPECT_THROW(writeQuote(folder.filePath(QStringLiteral("no/such/folder.json")), quote), QuoteFileError);
+    EXPECT_EQ(readQuote(path, [](const std::string&) {}), quote) << "a failed save leaves the earlier file";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "and nothing beside it";
+}
+
+TEST_F(DeskTest, EverySampleOpens)
+{
+    MainWindow window;
+    const auto samples = QDir(QStringLiteral(":/samples")).entryInfoList();
+    ASSERT_EQ(samples.size(), 3);
+    for (const QFileInfo& sample : samples) {
+        EXPECT_TRUE(window.openSample(sample.baseName())) << sample.baseName().toStdString();
+        EXPECT_GT(window.findChild<ProductViewWidget*>()->TotalValue(), Currency());
+        EXPECT_FALSE(window.isWindowModified()) << sample.baseName().toStdString();
+    }
+}
+
+TEST_F(DeskTest, ADamagedFileLeavesTheOpenQuoteAlone)
+{
+    MainWindow window;
+    window.openSample(QStringLiteral("coffee-bar"));
+    const std::string products = window.findChild<ProductViewWidget*>()->Products();
+    const QString title = window.windowTitle();
+    const QString path = write(R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
+        "date": "2026-11-20", "products": "2~one~"})");
+    answerNext(QMessageBox::Ok);
+    EXPECT_FALSE(window.open(path));
+    EXPECT_THAT(asked, HasSubstr("a.quote.json"));
+    EXPECT_THAT(asked, HasSubstr("Its products cannot be read."));
+    EXPECT_EQ(window.findChild<ProductViewWidget*>()->Products(), products);
+    EXPECT_EQ(window.windowTitle(), title);
+}
+
+TEST_F(DeskTest, UnsavedChangesAreMarkedAndAskedFor)
+{
+    MainWindow window;
+    window.show();
+    window.openSample(QStringLiteral("coffee-bar"));
+    auto* customer = window.findChild<QLineEdit*>();
+    ASSERT_TRUE(customer);
+    QTest::keyClicks(customer, QStringLiteral("!"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }, 2000));
+
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window.close());
+    EXPECT_THAT(asked, HasSubstr("Save the changes"));
+    answerNext(QMessageBox::Cancel);
+    EXPECT_FALSE(window.openSample(QStringLiteral("office-refit"))) << "opening another asks as well";
+    QTest::keyClick(customer, Qt::Key_Backspace);
+    EXPECT_TRUE(window.close()) << "nothing is left to save";
+}
+
+TEST_F(DeskTest, ADeletedLineIsUnsavedUntilItIsSaved)
+{
+    const QString path = folder.filePath(QStringLiteral("own.quote.json"));
+    QFile::copy(QStringLiteral(":/samples/coffee-bar.quote.json"), path);
+    QFile(path).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path));
+    auto* products = window.findChild<ProductViewWidget*>();
+    const Currency before = products->TotalValue();
+    QTest::keyClick(products->findChild<QWidget*>(QStringLiteral("flexGrid")), Qt::Key_Down);
+    answerNext(QMessageBox::Yes);
+    QTest::mouseClick(products->findChild<QWidget*>(QStringLiteral("cmdDelete")), Qt::LeftButton);
+    EXPECT_THAT(asked, HasSubstr("delete the selected product"));
+    EXPECT_LT(products->TotalValue(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }, 2000));
+
+    answerNext(QMessageBox::Save);
+    EXPECT_TRUE(window.close());
+    MainWindow again;
+    ASSERT_TRUE(again.open(path));
+    EXPECT_EQ(again.findChild<ProductViewWidget*>()->Products(), products->Products());
+    EXPECT_TRUE(window.close()) << "the control stays dirty, but nothing differs from the file";
+}
+
+} // namespace
+} // namespace orvan::desk

@@ -1,0 +1,83 @@
+#!/usr/bin/env python3
+"""Holds what the compiler does not: the direction of includes, file sizes, and that the documents
+name only what exists. Prints every finding; exits with 1 when there is one."""
+
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+
+# Ground floor first: a folder includes itself and folders above it in this list. A platform is the
+# exception: it knows the abstract controls and its own toolkit, not the logic.
+FLOORS = ["base", "ui", "core", "view", "ui/headless", "ui/icu", "ui/qt", "components", "hosting", "apps"]
+PLATFORMS = {"ui/headless", "ui/icu", "ui/qt"}
+BELOW_PLATFORMS = {"base", "ui"}
+MAY_USE_QT = re.compile(r"^(ui/qt/|apps/|hosting/(Qt|ProductViewWidget))")
+LOGIC = {"base", "ui", "core", "view"}  # the standard library alone
+MOST_LINES = 400
+DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md"]
+
+
+def floor_of(path: str) -> str | None:
+    return max((f for f in FLOORS if path.startswith(f + "/")), key=len, default=None)
+
+
+def check_includes(path: str, text: str) -> list[str]:
+    own = floor_of(path)
+    if own is None:
+        return []
+    findings = []
+    for line, quote, target in re.findall(r'^(#include ([<"])([^>"]+)[>"])', text, re.M):
+        if quote == '"':
+            other = floor_of(target)
+            if other is None:
+                if not (ROOT / path).parent.joinpath(target).exists():
+                    findings.append(f"{path}: {line} is not a path from the root")
+            elif other != own and own in PLATFORMS and other not in BELOW_PLATFORMS:
+                findings.append(f"{path}: {line}: a platform includes only base and ui")
+            elif FLOORS.index(other) > FLOORS.index(own):
+                findings.append(f"{path}: {line}: {own} stands above {other}")
+        elif re.match(r"Q[A-Z]|Qt", target) and not MAY_USE_QT.match(path):
+            findings.append(f"{path}: {line}: no Qt here")
+        elif own in LOGIC and ("/" in target or target.endswith(".h")):
+            findings.append(f"{path}: {line}: the standard library alone")
+    return findings
+
+
+def check_size(path: str, text: str) -> list[str]:
+    lines = text.count("\n")
+    return [f"{path}: {lines} lines, more than {MOST_LINES}"] if lines > MOST_LINES else []
+
+
+def check_document(name: str) -> list[str]:
+    text = (ROOT / name).read_text()
+    findings = []
+    for span in re.findall(r"`([^`\n]+)`", re.sub(r"^```.*?^```", "", text, flags=re.M | re.S)):
+        if re.fullmatch(r"(\./)?[\w.-]+(/[\w.-]*)*", span) and ("/" in span or re.search(r"\.(md|json|h|cpp|py|sh)$", span)):
+            if not span.startswith("build/") and not list(ROOT.glob(span.removeprefix("./").rstrip("/"))):
+                findings.append(f"{name}: `{span}` does not exist")
+        elif re.fullmatch(r"(Prv\w+|[a-z]+\w+_[A-Z]\w+|[A-Z]\w+::\w+)(\(\))?", span):
+            word = span.removesuffix("()").split("::")[-1]
+            if subprocess.run(["git", "grep", "-qw", word, "--", "*.h", "*.cpp"], cwd=ROOT).returncode:
+                findings.append(f"{name}: `{span}` is not in the code")
+    return findings
+
+
+def main() -> int:
+    tracked = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT, capture_output=True,
+                             text=True, check=True).stdout.split()
+    findings = []
+    for path in tracked:
+        if path.endswith((".h", ".cpp")) and (ROOT / path).exists():
+            text = (ROOT / path).read_text()
+            findings += check_includes(path, text) + check_size(path, text)
+    for name in DOCUMENTS:
+        findings += check_document(name)
+    print("\n".join(findings) or f"{len(tracked)} files in order")
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

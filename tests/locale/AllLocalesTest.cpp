@@ -1,0 +1,133 @@
+// What must hold for every locale that ICU knows, whatever its data holds today.
+#include "ShownAmounts.h"
+#include "ui/icu/IcuLocaleService.h"
+
+#include <unicode/locid.h>
+#include <unicode/numberformatter.h>
+#include <unicode/ucurr.h>
+
+#include <limits>
+#include <map>
+
+namespace orvan {
+namespace {
+
+using ::icu::number::LocalizedNumberFormatter;
+using ::icu::number::NumberFormatter;
+using ::icu::number::Precision;
+
+constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t kScaled[] = {0,          1,           -1,         49,        50,         -50,         5'000,
+                                    -15'000,    99'949,      9'999'950,  9'995'000, -9'999'999, 10'000'000,  12'345'000,
+                                    -12'345'678, 99'999'999, 123'456'789, 12'345'678'901, -98'765'432'109'876, kMost,
+                                    kLeast};
+
+std::vector<std::string> allLocales()
+{
+    std::int32_t count = 0;
+    const ::icu::Locale* const locales = ::icu::Locale::getAvailableLocales(count);
+    std::vector<std::string> names;
+    for (std::int32_t i = 0; i < count; ++i) {
+        names.emplace_back(locales[i].getName());
+    }
+    return names;
+}
+
+/// ICU's own formatter for the locale's own currency, built without the code under test.
+struct IcuFormatter {
+    IcuFormatter(const std::string& name, bool money, bool isoCode)
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        ::icu::Locale locale(name.c_str());
+        locale.setKeywordValue("numbers", "latn", status);
+        formatter = NumberFormatter::withLocale(locale).roundingMode(UNUM_ROUND_HALFUP);
+        if (money) {
+            ::icu::Locale territory(name.c_str());
+            territory.addLikelySubtags(status);
+            char16_t code[4] = u"XXX";
+            UErrorCode noCurrency = U_ZERO_ERROR;
+            ucurr_forLocale(territory.getName(), code, 4, &noCurrency);
+            if (U_FAILURE(noCurrency)) {
+                std::copy_n(u"XXX", 4, code);
+            }
+            formatter = formatter.unit(::icu::CurrencyUnit(code, status))
+                            .unitWidth(isoCode ? UNUM_UNIT_WIDTH_ISO_CODE : UNUM_UNIT_WIDTH_SHORT);
+        }
+        EXPECT_TRUE(U_SUCCESS(status)) << name << ' ' << u_errorName(status);
+    }
+
+    std::string text(Currency value, int digits) const
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        std::string utf8;
+        return formatter.precision(Precision::fixedFraction(digits))
+            .formatDecimal(value.toText(), status)
+            .toString(status)
+            .toUTF8String(utf8);
+    }
+
+    LocalizedNumberFormatter formatter;
+};
+
+TEST(AllLocales, TextIsIdenticalToIcus)
+{
+    int replacedSymbols = 0;
+    for (const std::string& name : allLocales()) {
+        icu::IcuLocaleService service({.monetary = name, .numeric = name});
+        const LocaleTexts texts(service);
+        const std::string icuText = IcuFormatter(name, true, false).text(Currency(), 0);
+        const bool replaced = icuText.find(texts.symbol) == std::string::npos;
+        replacedSymbols += replaced;
+        // The one reason to show another symbol than ICU's.
+        EXPECT_EQ(replaced, icuText.find(texts.monDecimal) != std::string::npos) << name << ' ' << icuText;
+        const IcuFormatter number(name, false, false);
+        const IcuFormatter money(name, true, replaced);
+        for (const int digits : {0, 2, 4}) {
+            for (const std::int64_t scaled : kScaled) {
+                const Currency value = Currency::fromScaled(scaled);
+                ASSERT_EQ(service.formatNumber(value, digits), number.text(value, digits)) << name << ' ' << digits;
+                ASSERT_EQ(service.formatCurrency(value, digits), money.text(value, digits)) << name << ' ' << digits;
+            }
+        }
+    }
+    EXPECT_GT(replacedSymbols, 0);
+}
+
+TEST(AllLocales, ShownAmountsAreReadBackExactly)
+{
+    for (const std::string& name : allLocales()) {
+        icu::IcuLocaleService service({.monetary = name, .numeric = name});
+        const LocaleTexts texts(service);
+        for (const std::int64_t scaled : kScaled) {
+            if (scaled >= 0) {
+                expectReadBack(service, texts, Currency::fromScaled(scaled), name);
+            }
+        }
+    }
+}
+
+TEST(AllLocales, AnyMixOfMoneyAndNumbersIsReadBackExactly)
+{
+    // One locale for each pair of separators: the rest of a locale plays no part in reading.
+    std::map<std::pair<std::string, std::string>, std::string> monetary;
+    std::map<std::pair<std::string, std::string>, std::string> numeric;
+    for (const std::string& name : allLocales()) {
+        icu::IcuLocaleService service({.monetary = name, .numeric = name});
+        const LocaleTexts texts(service);
+        monetary.try_emplace({texts.monDecimal, texts.monThousand}, name);
+        numeric.try_emplace({texts.decimal, texts.thousand}, name);
+    }
+    for (const auto& [monSeparators, monName] : monetary) {
+        for (const auto& [separators, numName] : numeric) {
+            icu::IcuLocaleService service({.monetary = monName, .numeric = numName});
+            const LocaleTexts texts(service);
+            EXPECT_EQ(texts.monDecimal + texts.monThousand, monSeparators.first + monSeparators.second) << monName;
+            EXPECT_EQ(texts.decimal + texts.thousand, separators.first + separators.second) << numName;
+            expectReadBack(service, texts, Currency::fromScaled(12'345'678'901), monName + " with " + numName);
+        }
+    }
+}
+
+} // namespace
+} // namespace orvan

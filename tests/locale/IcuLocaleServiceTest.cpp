@@ -1,0 +1,126 @@
+// Texts that users of these locales expect, written out; AllLocalesTest.cpp holds the rest.
+#include "ShownAmounts.h"
+#include "base/RuntimeError.h"
+#include "ui/icu/IcuLocaleService.h"
+
+namespace orvan::icu {
+namespace {
+
+TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
+{
+    struct Row {
+        const char* monetary;
+        const char* numeric;
+        const char* value;
+        const char* money;
+        const char* number;
+        const char* symbol;
+    };
+    for (const Row& row : {
+             Row{"C", "en_US", "-1234.5", "-$1,234.50", "-1,234.50", "$"},
+             Row{"de_DE", "de_DE", "1234567.891", "1.234.567,89\u00A0€", "1.234.567,89", "€"},
+             Row{"de_DE", "en_US", "1234.5", "1.234,50\u00A0€", "1,234.50", "€"},
+             Row{"de_CH@euro", "de_CH", "1234.5", "EUR\u00A01’234.50", "1’234.50", "EUR"}, // apostrophes
+             Row{"fr_FR", "nb_NO", "1234567.5", "1\u202F234\u202F567,50\u00A0€", "1\u00A0234\u00A0567,50", "€"},
+             Row{"de_AT", "de_AT", "-1234.5", "-€\u00A01.234,50", "-1\u00A0234,50", "€"}, // groups differ
+             Row{"en_IN", "en_IN", "922337203685477.5807", "₹92,23,37,20,36,85,477.58", "92,23,37,20,36,85,477.58",
+                 "₹"},
+             Row{"es_ES", "pl_PL", "1234.5", "1234,50\u00A0€", "1234,50", "€"},           // four digits stay together
+             Row{"es_ES", "pl_PL", "12345.5", "12.345,50\u00A0€", "12\u00A0345,50", "€"},
+             Row{"ja_JP", "ja_JP", "1234.5", "￥1,234.50", "1,234.50", "￥"},             // digits asked for, not 0
+             Row{"ar_BH", "ar_EG", "1234.5", "\u200F1,234.50\u00A0BHD", "1,234.50", "BHD"}, // its sign has points
+             Row{"pt_CV", "pt_CV", "12345.5", "12\u00A0345$50\u00A0\u200B", "12\u00A0345,50", "\u200B"},
+             Row{"da_DK", "da_DK", "1234.5", "1.234,50\u00A0kr.", "1.234,50", "kr."}, // here a point does no harm
+             Row{"sv_SE", "sv_SE", "-1234.5", "−1\u00A0234,50\u00A0kr", "−1\u00A0234,50", "kr"},
+             Row{"en_US_POSIX", "en_US_POSIX", "1234.5", "$\u00A01234.50", "1234.50", "$"}, // no groups at all
+         }) {
+        IcuLocaleService service({.monetary = row.monetary, .numeric = row.numeric});
+        const Currency value = Currency::fromText(row.value);
+        EXPECT_EQ(service.formatCurrency(value, 2), row.money) << row.monetary;
+        EXPECT_EQ(service.formatNumber(value, 2), row.number) << row.numeric;
+        EXPECT_EQ(GetCurrencySymbol(service), row.symbol) << row.monetary;
+    }
+}
+
+TEST(IcuLocaleService, AnItemThatIsUnknownOrDoesNotFitIsNoAnswer)
+{
+    struct Row {
+        std::int32_t lcid;
+        std::int32_t item;
+        std::size_t room;
+        std::int32_t count;
+    };
+    IcuLocaleService service({.monetary = "da_DK", .numeric = "da_DK"}); // symbol "kr."
+    for (const Row& row : {Row{0x400, 0x14, 127, 4}, Row{0x400, 0x14, 4, 4}, Row{0x400, 0x14, 3, 0},
+                           Row{0x400, 0x14, 0, 0}, Row{0x400, 0x10, 127, 0}, Row{0x409, 0x14, 127, 0}}) {
+        std::string buffer(row.room, 'x');
+        EXPECT_EQ(service.getLocaleInfo(row.lcid, static_cast<ui::LocaleItem>(row.item), buffer), row.count)
+            << row.lcid << ' ' << row.item << ' ' << row.room;
+        EXPECT_EQ(buffer.substr(0, 4) == std::string("kr.\0", 4), row.count != 0) << buffer;
+    }
+}
+
+TEST(IcuLocaleService, TextIsReadWithEitherDecimalSeparator)
+{
+    struct Row {
+        const char* monetary;
+        const char* numeric;
+        const char* text;
+        const char* value; // or the error
+    };
+    for (const Row& row : {
+             Row{"en_US", "en_US", "1,234.50", "1234.5"}, Row{"en_US", "en_US", "1234.", "1234"},
+             Row{"de_DE", "en_US", "1.5", "1.5"}, // a group of the money, the point of the number
+             Row{"de_DE", "en_US", "1,5", "1.5"}, Row{"de_DE", "en_US", "1,2.5", "error 13"},
+             Row{"en_US", "de_CH", "1,234’567.5", "1234567.5"}, // groups of both
+             Row{"pt_CV", "pt_CV", "1\u00A0234$5", "1234.5"}, Row{"de_CH", "de_CH", "1’234.5", "1234.5"},
+             Row{"en_US", "en_US", "0.00005", "0"}, Row{"en_US", "en_US", "0.00015", "0.0002"},
+             Row{"en_US", "en_US", "922337203685477.5807", "922337203685477.5807"},
+             Row{"en_US", "en_US", "922337203685477.5808", "error 6"},
+             Row{"en_US", "en_US", "1.2.3", "error 13"}, Row{"en_US", "en_US", ",.", "error 13"},
+             Row{"en_US", "en_US", "-5", "error 13"}, Row{"en_US", "en_US", "$5", "error 13"},
+             Row{"de_CH", "de_CH", "1\xE2\x80", "error 13"}, // half an apostrophe
+         }) {
+        IcuLocaleService service({.monetary = row.monetary, .numeric = row.numeric});
+        std::string read;
+        try {
+            read = service.textToCurrency(row.text).toText();
+        } catch (const RuntimeError& error) {
+            read = "error " + std::to_string(error.number());
+        }
+        EXPECT_EQ(read, row.value) << row.text;
+    }
+}
+
+TEST(NumberPattern, SeparatorsThatCannotBeReadBackGiveWay)
+{
+    struct Row {
+        const char* decimal;
+        const char* group;
+        const char* readableDecimal;
+        const char* readableGroup;
+    };
+    for (const Row& row : {
+             Row{",", ".", ",", "."}, Row{"·", "\u202F", "·", "\u202F"}, Row{".", "", ".", ""},
+             Row{"::", ",", ".", ","}, Row{"::", ".", ",", "."}, Row{"", "'", ".", "'"}, Row{"0", "'", ".", "'"},
+             Row{"::", ".'", ".", "\u00A0"}, Row{".", ".", ".", "\u00A0"}, Row{".", "1", ".", "\u00A0"},
+         }) {
+        NumberPattern pattern{.decimalSeparator = row.decimal, .groupSeparator = row.group};
+        makeReadable(pattern);
+        EXPECT_EQ(pattern.decimalSeparator, row.readableDecimal) << row.decimal << ' ' << row.group;
+        EXPECT_EQ(pattern.groupSeparator, row.readableGroup) << row.decimal << ' ' << row.group;
+    }
+}
+
+TEST(NumberPattern, DecimalsMayBeMoreThanAnAmountHasButNotFewerThanNone)
+{
+    const NumberPattern pattern;
+    EXPECT_EQ(formatAmount(pattern, Currency::fromScaled(-15), 6), "-0.001500");
+    EXPECT_EQ(formatAmount(pattern, Currency::fromScaled(1), kMostDigits).size(), 2U + kMostDigits);
+    for (const int digits : {-1, kMostDigits + 1}) {
+        EXPECT_THROW(formatAmount(pattern, Currency(), digits), RuntimeError) << digits;
+    }
+}
+
+} // namespace
+} // namespace orvan::icu

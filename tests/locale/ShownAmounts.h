@@ -1,0 +1,40 @@
+// ShownAmounts: shows an amount in each way the library does and reads it back.
+#pragma once
+
+#include "core/modConversion.h"
+#include "core/modLocale.h"
+#include "ui/LocaleService.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace orvan {
+
+struct LocaleTexts {
+    explicit LocaleTexts(ui::LocaleService& locale) : symbol(GetCurrencySymbol(locale))
+    {
+        GetNumberSeparators(locale, monThousand, monDecimal, thousand, decimal);
+    }
+
+    std::string monThousand, monDecimal, thousand, decimal;
+    std::string symbol;
+};
+
+inline void expectReadBack(ui::LocaleService& locale, const LocaleTexts& texts, Currency value, const std::string& name)
+{
+    for (const bool shown : {true, false}) {
+        const std::string money = FormatCurrencyValue(locale, value, 4, texts.symbol, shown);
+        EXPECT_EQ(CurrencyTextToValue(locale, money, texts.monDecimal).toText(), value.toText())
+            << name << " money " << money;
+        EXPECT_EQ(money.find(texts.symbol) != std::string::npos, shown) << name << " symbol in " << money;
+        const std::string percent = FormatPercentValue(locale, value, 4, shown);
+        EXPECT_EQ(PercentTextToValue(locale, percent, texts.decimal).toText(), value.toText())
+            << name << " percent " << percent;
+    }
+    const std::string number = FormatNumberValue(locale, value, 4);
+    EXPECT_EQ(NumberTextToValue(locale, number, texts.decimal).toText(), value.toText())
+        << name << " number " << number;
+}
+
+} // namespace orvan

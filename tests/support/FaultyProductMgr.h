@@ -1,0 +1,65 @@
+// FaultyProductMgr: forwards to another manager and fails at its nth call, or moves the index.
+#pragma once
+
+#include "base/RuntimeError.h"
+#include "core/ProductMgr.h"
+
+#include <memory>
+#include <utility>
+
+namespace orvan::test {
+
+/// What faulty managers made by one factory share, so that a test can arm them from outside.
+struct Faults {
+    int failAtCall = 0; ///< 1: the next call; 0: never.
+    std::int32_t errorNumber = 1000;
+    std::int32_t seekMovesBy = 0;    ///< Added to every index that a seek has found.
+    std::int32_t notFoundFrom = 0;   ///< Seeks at this index or beyond find nothing; 0: all are found.
+    int managersAlive = 0;
+};
+
+class FaultyProductMgr final : public ProductMgr {
+public:
+    FaultyProductMgr(std::shared_ptr<ProductMgr> inner, Faults& faults) : inner_(std::move(inner)), faults_(faults)
+    {
+        ++faults_.managersAlive;
+    }
+    ~FaultyProductMgr() override { --faults_.managersAlive; }
+
+    std::int32_t GetProductCount() override { return call().GetProductCount(); }
+    Currency GetTotalValue() override { return call().GetTotalValue(); }
+    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound) override
+    {
+        call().SeekIndex(lIndex, lOffset, bFound);
+        bFound = bFound && (faults_.notFoundFrom == 0 || lIndex < faults_.notFoundFrom);
+        lIndex += bFound ? faults_.seekMovesBy : 0;
+    }
+    std::shared_ptr<ProductRecord> AddNewProduct() override { return call().AddNewProduct(); }
+    std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return call().GetProduct(lIndex); }
+    void DeleteProduct(std::int32_t lIndex) override { call().DeleteProduct(lIndex); }
+    void MoveProduct(std::int32_t lFrom, std::int32_t lTo) override { call().MoveProduct(lFrom, lTo); }
+    void SetProductsString(std::string_view sProducts, const std::string& sRecordSep, const std::string& sFieldSep,
+                           bool bFlag) override
+    {
+        call().SetProductsString(sProducts, sRecordSep, sFieldSep, bFlag);
+    }
+    std::string GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep) override
+    {
+        return call().GetProductsString(sRecordSep, sFieldSep);
+    }
+    std::int32_t GetMaxDataSize() override { return call().GetMaxDataSize(); }
+
+private:
+    ProductMgr& call()
+    {
+        if (faults_.failAtCall > 0 && --faults_.failAtCall == 0) {
+            throw RuntimeError(faults_.errorNumber, "FaultyProductMgr", "scripted failure");
+        }
+        return *inner_;
+    }
+
+    std::shared_ptr<ProductMgr> inner_;
+    Faults& faults_;
+};
+
+} // namespace orvan::test

@@ -1,0 +1,209 @@
+// RecordingTrace: a trace component that writes down what it is asked, and fails on demand.
+//
+// Every call becomes a line: "enter L", "exit L", "error 91" (with the extra text, if any, after a
+// blank), "show 7"; the two numbers leave no line. A call that was told to fail ends in " (fails)".
+// ScopedTrace makes one the thread's trace object and fails the test for whatever unpaired() finds,
+// so that a test checks its trace without saying so. Thread: one at a time.
+#pragma once
+
+#include "core/modInit.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace orvan::test {
+
+enum class TraceCall { lastErrorNumber, error, enter, exit, appErrorNumber, show };
+
+class RecordingTrace : public Trace {
+public:
+    std::int32_t appErrorNumber = 1000;
+
+    /// The nth call of `call` from now on (1: the next) raises `number`, once.
+    void failAt(TraceCall call, int nth, std::int32_t number) { failures_.push_back({call, nth, number}); }
+    /// The test expects the error `number` to be recorded `times` times (more).
+    void declareError(std::int32_t number, int times = 1)
+    {
+        declared_.insert(declared_.end(), static_cast<std::size_t>(times), number);
+    }
+
+    /// Adds a line of the test's own, to see what happened between the calls.
+    void note(std::string line) { lines_.push_back(std::move(line)); }
+    const std::vector<std::string>& lines() const { return lines_; }
+    /// The recorded errors with their sources and descriptions, oldest first.
+    const std::vector<RuntimeError>& errors() const { return errors_; }
+
+    /// What does not add up: an enter that neither an exit nor an error ended, an exit without its
+    /// enter, an error recorded but not declared or declared but not recorded, a failure not reached.
+    std::vector<std::string> unpaired() const
+    {
+        std::vector<std::string> found = found_;
+        std::vector<Open> open = open_;
+        closeDownTo(open, 0, found);
+        std::vector<std::int32_t> missing = declared_;
+        for (const RuntimeError& error : errors_) {
+            const auto at = std::find(missing.begin(), missing.end(), error.number());
+            if (at == missing.end()) {
+                found.push_back("error not declared: " + std::to_string(error.number()) + " " +
+                                std::string(error.text()));
+            } else {
+                missing.erase(at);
+            }
+        }
+        for (const std::int32_t number : missing) {
+            found.push_back("declared error not recorded: " + std::to_string(number));
+        }
+        for (const Failure& failure : failures_) {
+            found.push_back("failure not reached: " + std::to_string(failure.number));
+        }
+        return found;
+    }
+
+    std::int32_t LastErrorNumber() override
+    {
+        raiseIfTold(TraceCall::lastErrorNumber);
+        return errors_.empty() ? 0 : errors_.back().number();
+    }
+
+    void TraceError(std::string_view sText) override
+    {
+        const RuntimeError error = currentError();
+        if (!open_.empty()) {
+            ++open_.back().errors; // ended even when told to fail, as in TraceExit
+        }
+        std::string line = "error " + std::to_string(error.number());
+        if (!sText.empty()) {
+            line.append(1, ' ').append(sText);
+        }
+        write(TraceCall::error, std::move(line));
+        errors_.push_back(error);
+    }
+
+    void TraceEnter(std::string_view sLabel) override
+    {
+        failedEnters_.emplace_back(sLabel);
+        write(TraceCall::enter, "enter " + std::string(sLabel));
+        failedEnters_.pop_back();
+        open_.push_back({std::string(sLabel), 0});
+    }
+
+    void TraceExit(std::string_view sLabel) override
+    {
+        // Ended even when told to fail: the procedure did report its exit.
+        const auto innermost = std::find_if(open_.rbegin(), open_.rend(),
+                                            [&](const Open& procedure) { return procedure.label == sLabel; });
+        if (innermost == open_.rend()) {
+            // A procedure that resumes reports its exit also after its enter has failed.
+            if (std::erase(failedEnters_, sLabel) == 0) {
+                found_.push_back("exit without enter: " + std::string(sLabel));
+            }
+        } else {
+            closeDownTo(open_, static_cast<std::size_t>(open_.rend() - innermost), found_);
+            open_.pop_back();
+        }
+        write(TraceCall::exit, "exit " + std::string(sLabel));
+    }
+
+    std::int32_t AppErrorNumber() override
+    {
+        raiseIfTold(TraceCall::appErrorNumber);
+        return appErrorNumber;
+    }
+
+    void ShowLastError(std::int32_t hWnd) override { write(TraceCall::show, "show " + std::to_string(hWnd)); }
+
+private:
+    struct Open {
+        std::string label;
+        int errors; ///< recorded since its enter, and not yet taken as the end of a procedure it called
+    };
+    struct Failure {
+        TraceCall call;
+        int nth;
+        std::int32_t number;
+    };
+
+    /// Each procedure left open must have been ended by an error; one error ends one procedure, and
+    /// those left over belong to its caller (which may have resumed, or failed to enter).
+    static void closeDownTo(std::vector<Open>& open, std::size_t count, std::vector<std::string>& found)
+    {
+        while (open.size() > count) {
+            const Open ended = open.back();
+            open.pop_back();
+            if (ended.errors == 0) {
+                found.push_back("enter without exit: " + ended.label);
+            } else if (!open.empty()) {
+                open.back().errors += ended.errors - 1;
+            }
+        }
+    }
+
+    /// The number to raise at this call, or 0.
+    std::int32_t countDown(TraceCall call)
+    {
+        std::int32_t number = 0;
+        for (Failure& failure : failures_) {
+            if (failure.call == call && --failure.nth == 0) {
+                number = failure.number;
+            }
+        }
+        std::erase_if(failures_, [](const Failure& failure) { return failure.nth <= 0; });
+        return number;
+    }
+
+    void raiseIfTold(TraceCall call)
+    {
+        if (const std::int32_t number = countDown(call); number != 0) {
+            throw RuntimeError(number, "RecordingTrace", "told to fail");
+        }
+    }
+
+    void write(TraceCall call, std::string line)
+    {
+        const std::int32_t number = countDown(call);
+        lines_.push_back(number == 0 ? std::move(line) : line + " (fails)");
+        if (number != 0) {
+            throw RuntimeError(number, "RecordingTrace", "told to fail");
+        }
+    }
+
+    std::vector<std::string> lines_;
+    std::vector<RuntimeError> errors_;
+    std::vector<std::int32_t> declared_;
+    std::vector<std::string> found_;
+    std::vector<Open> open_;
+    std::vector<std::string> failedEnters_;
+    std::vector<Failure> failures_;
+};
+
+/// Makes a RecordingTrace the thread's trace object until the end of its scope, and fails the test
+/// there for each line of unpaired(). A component factory of the test hands out trace().
+class ScopedTrace {
+public:
+    ScopedTrace() : before_(std::exchange(gobjTrace, trace_)) {}
+    ScopedTrace(const ScopedTrace&) = delete;
+    ScopedTrace& operator=(const ScopedTrace&) = delete;
+    ~ScopedTrace()
+    {
+        gobjTrace = before_;
+        for (const std::string& line : trace_->unpaired()) {
+            ADD_FAILURE() << "trace: " << line;
+        }
+    }
+
+    const std::shared_ptr<RecordingTrace>& trace() const { return trace_; }
+    RecordingTrace* operator->() const { return trace_.get(); }
+
+private:
+    std::shared_ptr<RecordingTrace> trace_ = std::make_shared<RecordingTrace>();
+    std::shared_ptr<Trace> before_;
+};
+
+} // namespace orvan::test

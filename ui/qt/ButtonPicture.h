@@ -1,0 +1,22 @@
+// ButtonPicture: the pictures of buttons, drawn as shapes in the colours of the user's palette.
+//
+// Shapes, not images: they are crisp at any scale and readable on light and dark buttons alike.
+// Thread: the user-interface thread.
+#pragma once
+
+#include <QIcon>
+
+#include <string_view>
+
+class QWidget;
+
+namespace orvan::qt {
+
+/// Side of a button's picture in device-independent pixels.
+inline constexpr int kButtonPictureSize = 16;
+
+/// The picture of that name ("add", "delete", "up", "down") in the colours of `widget`, for as long
+/// as it lives, then of the application. Raises 380 for a name that has no picture.
+QIcon buttonPicture(std::string_view name, const QWidget& widget);
+
+} // namespace orvan::qt

@@ -1,0 +1,65 @@
+// GridPaint: how the grid's cells and header look.
+//
+// Calm: no lines between cells, every other row a shade off the ground, the header plain above one
+// line. All colours come from the widget's palette when they are needed, so that a change of theme
+// needs no telling. Thread: the user-interface thread.
+#pragma once
+
+#include <QColor>
+#include <QFontMetrics>
+#include <QPalette>
+#include <QString>
+#include <QStyledItemDelegate>
+
+class QPainter;
+class QTableView;
+class QWidget;
+
+namespace orvan::qt {
+
+/// A text as it stands in a cell of some width.
+struct FittedText {
+    QString text; ///< One line; ends in an ellipsis where it was cut.
+    int margin;   ///< Left free at the side that the text is aligned to, in pixels.
+    bool cut;
+};
+
+/// Margins depend on the cell's width alone, so that a column stays aligned, and go before the first
+/// character does. A text that still does not fit is cut with an ellipsis, so that what is left of an
+/// amount cannot be read as another amount.
+FittedText fitText(const QFontMetrics& metrics, const QString& text, int width);
+/// The narrowest width that shows the text whole with full margins.
+int widthFor(const QFontMetrics& metrics, const QString& text);
+void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment);
+
+struct RowColours {
+    QColor ground;
+    QColor text;
+};
+/// `current` rows stand out; less while the grid is without the focus, so that the focus can be seen.
+RowColours rowColours(const QWidget& grid, int row, bool current);
+
+int gridRowHeight(const QFontMetrics& metrics);
+int gridHeaderHeight(const QFontMetrics& metrics);
+
+struct HeaderColours {
+    QColor ground;
+    QColor text;
+    QColor line;      ///< Below the whole header.
+    QColor separator; ///< Between columns, where a user takes hold of an edge.
+};
+HeaderColours headerColours(const QPalette& palette);
+
+/// Paints one cell: ground and text, nothing else.
+class GridDelegate final : public QStyledItemDelegate {
+public:
+    explicit GridDelegate(QTableView* view);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    const QTableView& view_;
+};
+
+} // namespace orvan::qt

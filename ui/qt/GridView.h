@@ -1,0 +1,54 @@
+// GridView: QTableView as a list of whole rows, of which one may be current.
+//
+// Keeps apart what the user chooses and what the program sets: only the former is reported. Tab and
+// Shift+Tab leave the list, Enter is left to the window. Thread: the user-interface thread.
+#pragma once
+
+#include <QTableView>
+
+#include <functional>
+
+namespace orvan::qt {
+
+class GridHeader;
+
+class GridView final : public QTableView {
+public:
+    explicit GridView(QWidget* parent);
+
+    GridHeader& header() const { return *header_; }
+
+    /// The user chose a row, by mouse or keyboard.
+    std::function<void(int row)> onUserRow;
+
+    /// Runs a change of the model's size or of columns as the program's own and has the view take it
+    /// in at once, with no later pass of layout and painting. The scroll position stays.
+    void applyLayout(const std::function<void()>& change);
+    /// Makes a row current without a report; -1 for none. Scrolls only where `reveal` says so.
+    void setCurrentRow(int row, bool reveal);
+
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    /// Typing letters in the list searches nothing: it would format every row.
+    void keyboardSearch(const QString& /*text*/) override {}
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void updateRowHeight();
+    int firstShownColumn() const;
+
+    GridHeader* header_; ///< Child of the view.
+    bool programActs_ = false;
+    bool mayScroll_ = true;
+};
+
+} // namespace orvan::qt

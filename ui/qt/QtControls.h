@@ -1,0 +1,62 @@
+// QtControls: frame, label, text box and button as Qt widgets.
+//
+// Each shows its design in a widget of its own, a child of `parent`, and is placed in pixels while
+// it keeps its lengths in twips. Ownership: see ui/qt/QtWidgetHolder.h. Thread: the user-interface
+// thread.
+#pragma once
+
+#include "ui/Button.h"
+#include "ui/Frame.h"
+#include "ui/Label.h"
+#include "ui/TextBox.h"
+#include "ui/qt/QtWidgetHolder.h"
+
+namespace orvan::ui {
+class Platform;
+}
+
+namespace orvan::qt {
+
+class QtFrame final : public ui::Frame, public QtWidgetHolder {
+public:
+    QtFrame(const ui::ControlDesign& design, QWidget* parent);
+
+private:
+    void doMove() override { place(*this); }
+};
+
+class QtLabel final : public ui::Label, public QtWidgetHolder {
+public:
+    QtLabel(const ui::ControlDesign& design, QWidget* parent);
+
+    /// The label's mnemonic takes the focus to `widget`. A label without one shows no mnemonic.
+    void nameFor(QWidget* widget);
+
+private:
+    void doMove() override { place(*this); }
+
+    std::string_view caption_; ///< As marked in the design.
+};
+
+class QtTextBox final : public ui::TextBox, public QtWidgetHolder {
+public:
+    QtTextBox(const ui::ControlDesign& design, QWidget* parent);
+
+private:
+    void doMove() override { place(*this); }
+    void doSetText() override;
+};
+
+class QtButton final : public ui::Button, public QtWidgetHolder {
+public:
+    /// Raises 380 for a picture that does not exist.
+    QtButton(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform);
+
+private:
+    void doMove() override { place(*this); }
+    void doSetEnabled() override;
+
+    ui::Platform& platform_;
+};
+
+} // namespace orvan::qt

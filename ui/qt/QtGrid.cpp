@@ -1,0 +1,114 @@
+#include "ui/qt/QtGrid.h"
+
+#include "ui/LocaleSeparators.h"
+#include "ui/Platform.h"
+#include "ui/qt/GridHeader.h"
+#include "ui/qt/GridModel.h"
+#include "ui/qt/GridPaint.h"
+#include "ui/qt/GridView.h"
+#include "ui/qt/Twips.h"
+
+namespace orvan::qt {
+
+namespace {
+
+/// QHeaderView keeps a section's size in twenty bits.
+constexpr int kWidestColumn = (1 << 20) - 1;
+
+} // namespace
+
+QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+    : Grid(design, ui::gridSeparators(platform.locale())), QtWidgetHolder(new GridView(parent), design),
+      platform_(platform), model_(new GridModel(*this, widget()))
+{
+    model_->isCut = [this](const QString& text, int column) {
+        return fitText(view()->fontMetrics(), text, view()->columnWidth(column)).cut;
+    };
+    view()->setModel(model_);
+    view()->onUserRow = [this](int row) { takeUserRow(row); };
+    view()->header().onUserResize = [this](int column, int pixels) { takeUserWidth(column, pixels); };
+    doUpdate({.cells = true, .layout = true, .currentRow = false});
+}
+
+QtGrid::~QtGrid()
+{
+    if (view()) { // which outlives this for the rest of the event that is running
+        model_->isCut = nullptr;
+        model_->detach();
+        view()->onUserRow = nullptr;
+        view()->header().onUserResize = nullptr;
+    }
+}
+
+GridView* QtGrid::view() const
+{
+    return static_cast<GridView*>(widget());
+}
+
+void QtGrid::doSuspend()
+{
+    if (view()) {
+        view()->setUpdatesEnabled(false);
+    }
+}
+
+void QtGrid::doUpdate(const ui::GridChanges& changes)
+{
+    if (!view()) {
+        return;
+    }
+    if (changes.layout) {
+        view()->applyLayout([this] {
+            model_->publish();
+            applyColumns();
+        });
+    } else if (changes.cells) {
+        model_->publish();
+    }
+    if (changes.layout || changes.currentRow) {
+        applyCurrentRow(changes.currentRow);
+    }
+    view()->header().viewport()->update();
+    view()->setUpdatesEnabled(true);
+}
+
+void QtGrid::applyColumns()
+{
+    GridHeader& header = view()->header();
+    // The view would lay out once more, later, for each section that it hears of; applyLayout does.
+    const QSignalBlocker quiet(header);
+    header.setUserResizing(userResizing());
+    header.setVisible(fixedRows() > 0);
+    for (std::int32_t column = 0; column < columnCount(); ++column) {
+        header.setSectionHidden(column, columnHidden(column));
+        if (!columnHidden(column)) {
+            header.resizeSection(column, std::min(toPixels(static_cast<float>(columnWidth(column))), kWidestColumn));
+        }
+    }
+}
+
+void QtGrid::applyCurrentRow(bool reveal)
+{
+    view()->setCurrentRow(model_->modelRow(currentRow()), reveal);
+}
+
+void QtGrid::takeUserRow(int row)
+{
+    platform_.dispatch([&] {
+        const std::int32_t chosen = model_->gridRow(row);
+        if (chosen < rowCount()) { // else it is a row whose removal the view has yet to hear of
+            userChoseRow(chosen);
+        }
+    });
+}
+
+void QtGrid::takeUserWidth(int column, int pixels)
+{
+    platform_.dispatch([&] {
+        if (column < columnCount()) {
+            userResizedColumn(column, pixels * kTwipsPerPixel);
+        }
+    });
+}
+
+} // namespace orvan::qt

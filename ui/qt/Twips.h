@@ -1,0 +1,27 @@
+// Twips: the library's lengths against Qt's device-independent pixels, 15 to 1.
+//
+// Thread: any.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace orvan::qt {
+
+inline constexpr std::int32_t kTwipsPerPixel = 15;
+/// Qt's own bound of a widget's coordinates and sizes.
+inline constexpr float kLargestPixel = 16777215.0F;
+
+/// The nearest pixel; lengths beyond what Qt can place stop at its bound.
+inline int toPixels(float twips)
+{
+    return static_cast<int>(std::lround(std::clamp(twips / float(kTwipsPerPixel), -kLargestPixel, kLargestPixel)));
+}
+
+inline float toTwips(int pixels)
+{
+    return static_cast<float>(pixels) * float(kTwipsPerPixel);
+}
+
+} // namespace orvan::qt

@@ -1,0 +1,92 @@
+// What the user does to the list: delete and move.
+//
+// Grid rows and product positions coincide: row r shows the product at position r.
+
+#include "core/modInit.h"
+#include "ui/Button.h"
+#include "ui/ContainerSite.h"
+#include "ui/Grid.h"
+#include "ui/Platform.h"
+#include "view/ProductView.h"
+
+namespace orvan {
+
+namespace {
+
+constexpr const char* kMessageTitle = "Orvan";
+
+} // namespace
+
+void ProductView::cmdDelete_Click()
+{
+    traceShowToUser("KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); },
+                    [&] { return site_.parentWindow(); });
+}
+
+void ProductView::PrvDeleteProduct()
+{
+    tracePropagate("KTVOrvanProduct.ProductView::PrvDeleteProduct", [&] {
+        const std::int32_t lRow = flexGrid_.currentRow();
+        if (lRow < 1) {
+            platform_.messageBox().show({.text = "Please select a product first",
+                                         .title = kMessageTitle,
+                                         .buttons = ui::MessageButtons::ok,
+                                         .icon = ui::MessageIcon::information,
+                                         .ownerWindow = site_.parentWindow()});
+            return;
+        }
+        const auto answer =
+            platform_.messageBox().show({.text = "Are you sure you want to delete the selected product?",
+                                         .title = kMessageTitle,
+                                         .buttons = ui::MessageButtons::yesNo,
+                                         .icon = ui::MessageIcon::question,
+                                         .ownerWindow = site_.parentWindow()});
+        if (answer == ui::MessageResult::yes) {
+            productMgr().DeleteProduct(lRow);
+            PrvSetDirty(true);
+            PrvRefreshView(true);
+        }
+    });
+}
+
+void ProductView::cmdMoveUp_Click()
+{
+    traceShowToUser("KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); },
+                    [&] { return site_.parentWindow(); });
+}
+
+void ProductView::cmdMoveDown_Click()
+{
+    traceShowToUser("KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); },
+                    [&] { return site_.parentWindow(); });
+}
+
+void ProductView::moveCurrentRow(std::int32_t lOffset)
+{
+    const std::int32_t lRow = flexGrid_.currentRow();
+    if (lRow <= 0) {
+        return;
+    }
+    const std::int32_t lNew = PrvMoveProduct(lRow, lOffset);
+    if (lNew > 0) {
+        PrvSetDirty(true);
+        flexGrid_.setCurrentRow(lNew); // the user sees it stay with the product, scrolled into view
+    }
+}
+
+std::int32_t ProductView::PrvMoveProduct(std::int32_t lIndex, std::int32_t lOffset)
+{
+    return tracePropagate("KTVOrvanProduct.ProductView::PrvMoveProduct", [&]() -> std::int32_t {
+        std::int32_t lNew = lIndex;
+        bool bFound = false;
+        productMgr().SeekIndex(lNew, lOffset, bFound);
+        if (!bFound) {
+            return -1; // nothing moves at the ends of the list
+        }
+        productMgr().MoveProduct(lIndex, lNew);
+        PrvRefreshView(false); // a move cannot change the total
+        return lNew;
+    });
+}
+
+} // namespace orvan
