@@ -123,7 +123,7 @@ void TraceFile::write(std::string_view line, bool flushNow) noexcept
                 return;
             } catch (...) {
                 failed_ = true;
-                sink_.reset(); // after a failed rotation the sink has no file: it must not be used again
+                sink_.reset(); // after a failed rotation it has no stream and must not be written to again
                 failure = currentError().text();
             }
         }

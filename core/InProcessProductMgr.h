@@ -5,7 +5,7 @@
 //
 //   - A new record has quantity 1, everything else 0 or "".
 //   - The string is the one of core/ProductsString.h; a string that cannot be read raises 321 or 6
-//     as described there and leaves the list as it was. Unusable separators raise 5.
+//     as that header says and leaves the list as it was. Unusable separators raise 5.
 //   - GetProductsString raises 14 when the string would exceed the largest size.
 //     SetProductsString does not ask for the size: a list that was stored elsewhere, under another
 //     limit, can still be shown and shortened.

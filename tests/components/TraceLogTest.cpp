@@ -12,6 +12,11 @@ void fail()
     throw RuntimeError(9, "list", "No row 7");
 }
 
+void failAgain()
+{
+    throw RuntimeError(9, {}, "No row 8");
+}
+
 void failIn(const char* label)
 {
     tracePropagate(label, [] { fail(); });
@@ -44,8 +49,8 @@ const Shape kShapes[] = {
      {" 0 enter A", " 1   enter B", " 2     enter C", " 2    " + k9, " 1  " + k9, " 1   enter Close",
       " 1   exit  Close", " 0 exit  A"}},
     {"procedures that go on exit after errors, and their caller is still open",
-     [] { tracePropagate("A", [] { traceResume("B", [](auto step) { step(fail); step(fail); }); work("C"); }); },
-     {" 0 enter A", " 1   enter B", " 1  " + k9, " 0" + k9, " 1   exit  B", " 1   enter C", " 1   exit  C",
+     [] { tracePropagate("A", [] { traceResume("B", [](auto step) { step(fail); step(failAgain); }); work("C"); }); },
+     {" 0 enter A", " 1   enter B", " 1  " + k9, " 0 error 9 No row 8", " 1   exit  B", " 1   enter C", " 1   exit  C",
       " 0 exit  A"}},
     {"what is ignored is not recorded",
      [] { traceIgnore("A", [](auto step) { step(fail); step([] { work("B"); }); }); },
