@@ -21,9 +21,10 @@ struct HostOptions {
 template <class PlatformType>
 class Host {
 public:
+    Host() : Host(HostOptions()) {}
     /// What follows the options goes to the platform's constructor.
     template <class... PlatformArguments>
-    explicit Host(const HostOptions& options = {}, PlatformArguments&&... platformArguments)
+    explicit Host(const HostOptions& options, PlatformArguments&&... platformArguments)
         : locale_(options.locale),
           platform_(locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
           messages_(platform_.messageBox())

@@ -99,7 +99,8 @@ void ProductView::PrvSaveViewPrefs(const std::string& sHostType)
         [&] {
             std::string sWidths;
             for (std::int32_t lCol = 0; lCol < flexGrid_.columnCount(); ++lCol) {
-                sWidths += (lCol == 0 ? "" : "^") + std::to_string(flexGrid_.columnWidth(lCol));
+                sWidths += lCol == 0 ? "" : "^";
+                sWidths += std::to_string(flexGrid_.columnWidth(lCol));
             }
             const auto field = [](ViewFieldEnum eField) { return std::to_string(static_cast<std::int32_t>(eField)); };
             platform_.settings().set(kApplication, kSection, prefsKey(sHostType),

@@ -100,8 +100,9 @@ public:
         std::string text;
         const auto& grid = view->flexGrid();
         for (std::int32_t column = 0; column < grid.columnCount(); ++column) {
-            const std::string& key = grid.columnKey(column);
-            text += (column == 0 ? "" : " ") + (grid.columnHidden(column) ? "[" + key + "]" : key);
+            const bool hidden = grid.columnHidden(column);
+            text.append(column == 0 ? "" : " ").append(hidden ? "[" : "");
+            text.append(grid.columnKey(column)).append(hidden ? "]" : "");
         }
         return text;
     }
@@ -109,7 +110,7 @@ public:
     {
         std::string text;
         for (std::int32_t column = 0; column < view->flexGrid().columnCount(); ++column) {
-            text += (column == 0 ? "" : " ") + std::to_string(view->flexGrid().columnWidth(column));
+            text.append(column == 0 ? "" : " ").append(std::to_string(view->flexGrid().columnWidth(column)));
         }
         return text;
     }

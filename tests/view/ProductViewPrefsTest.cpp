@@ -84,7 +84,8 @@ TEST_F(ProductViewPrefsTest, EveryPairOfFieldsFindsItsPlaces)
             }
             storePrefs(std::to_string(one) + "~" + std::to_string(two) + "~");
             makeView();
-            const std::string expected = std::string("Number Name ") + keys[one] + " " + keys[two] + " [";
+            std::string expected = "Number Name ";
+            expected.append(keys[one]).append(" ").append(keys[two]).append(" [");
             EXPECT_EQ(columns().substr(0, expected.size()), expected) << one << '~' << two;
             EXPECT_EQ(view->flexGrid().visibleTexts(0).size(), 4U) << one << '~' << two;
         }
