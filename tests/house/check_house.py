@@ -51,9 +51,11 @@ def check_size(path: str, text: str) -> list[str]:
     return [f"{path}: {lines} lines, more than {MOST_LINES}"] if lines > MOST_LINES else []
 
 
-def check_document(name: str) -> list[str]:
+def check_document(name: str, sources: list[str]) -> list[str]:
     text = (ROOT / name).read_text()
-    findings = []
+    findings = [f"{name}: its code that begins with {block.splitlines()[0]!r} is in no source file"
+                for block in re.findall(r"^```cpp\n(#include.*?)^```", text, re.M | re.S)
+                if not any(block in source for source in sources)]
     for span in re.findall(r"`([^`\n]+)`", re.sub(r"^```.*?^```", "", text, flags=re.M | re.S)):
         if re.fullmatch(r"(\./)?[\w.-]+(/[\w.-]*)*", span) and ("/" in span or re.search(r"\.(md|json|h|cpp|py|sh)$", span)):
             if not span.startswith("build/") and not list(ROOT.glob(span.removeprefix("./").rstrip("/"))):
@@ -68,13 +70,11 @@ def check_document(name: str) -> list[str]:
 def main() -> int:
     tracked = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT, capture_output=True,
                              text=True, check=True).stdout.split()
-    findings = []
-    for path in tracked:
-        if path.endswith((".h", ".cpp")) and (ROOT / path).exists():
-            text = (ROOT / path).read_text()
-            findings += check_includes(path, text) + check_size(path, text)
+    sources = {path: (ROOT / path).read_text() for path in tracked
+               if path.endswith((".h", ".cpp")) and (ROOT / path).exists()}
+    findings = [finding for path, text in sources.items() for finding in check_includes(path, text) + check_size(path, text)]
     for name in DOCUMENTS:
-        findings += check_document(name)
+        findings += check_document(name, list(sources.values()))
     print("\n".join(findings) or f"{len(tracked)} files in order")
     return 1 if findings else 0
 
