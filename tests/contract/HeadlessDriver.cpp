@@ -18,8 +18,7 @@ public:
     }
     void resize(ui::Surface& surface, int widthTwips, int heightTwips) override
     {
-        dynamic_cast<HeadlessSurface&>(surface).resize(static_cast<float>(widthTwips),
-                                                       static_cast<float>(heightTwips));
+        dynamic_cast<HeadlessSurface&>(surface).resize(static_cast<float>(widthTwips), static_cast<float>(heightTwips));
     }
     void click(ui::Button& button) override { dynamic_cast<HeadlessButton&>(button).click(); }
     void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) override
@@ -37,8 +36,9 @@ private:
     HeadlessPlatform platform_{locale, components};
 };
 
-INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract,
-                         testing::Values([]() -> std::unique_ptr<Driver> { return std::make_unique<HeadlessDriver>(); }));
+INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract, testing::Values([]() -> std::unique_ptr<Driver> {
+                             return std::make_unique<HeadlessDriver>();
+                         }));
 
 } // namespace
 } // namespace orvan::contract

@@ -252,7 +252,8 @@ TEST_P(PlatformContract, SettingsHoldAnyTextUnderAnyName)
     EXPECT_EQ(store.get("Orvan", "s", "k"), "");
     const std::string_view texts[] = {""sv,        "k"sv,      "K"sv,         "a/b"sv,       "a\\b"sv, "a%2Fb"sv,
                                       "a=b"sv,     "[a]"sv,    ";a"sv,        " a "sv,       "a\nb\r"sv, "\0x\0"sv,
-                                      "äÄ\U0001F600"sv, "\xFF\xFE"sv, "General"sv, "@Variant(1)"sv, "a, \"b\""sv, "1.5"sv};
+                                      "äÄ\U0001F600"sv, "\xFF\xFE"sv, "General"sv, "@Variant(1)"sv,
+                                      "a, \"b\""sv, "1.5"sv};
     for (std::string_view text : texts) {
         store.set(text, "section", "key", std::string("1:") + std::string(text));
         store.set("application", text, "key", std::string("2:") + std::string(text));

@@ -95,9 +95,8 @@ std::vector<std::string> QtDriver::shown(ui::Grid& grid, std::int32_t row)
     std::vector<std::string> texts;
     for (int column = 0; column < view.model()->columnCount(); ++column) {
         if (!view.isColumnHidden(column)) {
-            const QVariant text = row < grid.fixedRows()
-                                      ? view.model()->headerData(column, Qt::Horizontal)
-                                      : view.model()->index(row - grid.fixedRows(), column).data();
+            const QVariant text = row < grid.fixedRows() ? view.model()->headerData(column, Qt::Horizontal)
+                                                         : view.model()->index(row - grid.fixedRows(), column).data();
             texts.push_back(text.toString().toStdString());
         }
     }

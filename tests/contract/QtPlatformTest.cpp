@@ -10,10 +10,12 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 namespace orvan::contract {
 namespace {
@@ -73,7 +75,8 @@ TEST_F(QtPlatformTest, ARedrawCycleIsPaintedOnceWhateverChanged)
              {"cells", [](ui::Grid& g) { g.setValue(1, 0, 5); g.setValue(2, 0, 6); }},
              {"more rows", [](ui::Grid& g) { g.setRowCount(150); }},
              {"fewer rows", [](ui::Grid& g) { g.setRowCount(3); g.setRowCount(120); }},
-             {"columns", [](ui::Grid& g) { g.moveColumn(4, 0); g.setColumnHidden(2, true); g.setColumnWidth(1, 9000); }},
+             {"columns", [](ui::Grid& g) { g.moveColumn(4, 0); g.setColumnHidden(2, true); }},
+             {"widths", [](ui::Grid& g) { g.setColumnWidth(1, 9000); g.setColumnWidth(0, 250); }},
              {"column count", [](ui::Grid& g) { g.setColumnCount(3); g.setColumnCount(6); }},
              {"current row", [](ui::Grid& g) { g.setCurrentRow(90); }},
              {"all", [](ui::Grid& g) { g.setRowCount(40); g.setColumnWidth(0, 30); g.setCurrentRow(39); }}}) {
@@ -159,6 +162,13 @@ TEST_F(QtPlatformTest, ACutAmountShowsThatItIsCutAndItsToolTipTheWhole)
     EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid());
     grid().setColumnWidth(1, 300);
     EXPECT_EQ(cell.data(Qt::ToolTipRole).toString(), QStringLiteral("<p>&lt;b&gt;long&lt;/b&gt; text</p>"));
+    auto& total = surface->control<ui::TextBox>("box");
+    for (const char* text : {"$1.00", "$922,337,203,685,477.58"}) {
+        total.setText(text);
+        QHelpEvent ask(QEvent::ToolTip, {1, 1}, {1, 1});
+        QApplication::sendEvent(&driver.widget("box"), &ask);
+        EXPECT_EQ(QToolTip::text().toStdString(), std::string_view(text).size() > 9 ? text : "");
+    }
 }
 
 TEST_F(QtPlatformTest, OnlyTheUserChoosesRowsAndOnlyWithTheLeftButtonOrArrows)
@@ -291,7 +301,7 @@ TEST_F(QtPlatformTest, BoxesCloseAsTheirButtonsAllow)
                                                      {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
         const auto owner = std::make_unique<QWidget>();
         const ui::Message message{.text = "<b>x</b>", .title = "Orvan", .buttons = row.buttons,
-                                  .icon = ui::MessageIcon::question, .ownerWindow = windowHandle(owner.get())};
+                                  .ownerWindow = windowHandle(owner.get())};
         whenModal([&](QWidget& window) {
             EXPECT_EQ(window.parentWidget(), owner.get());
             EXPECT_EQ(dynamic_cast<QMessageBox&>(window).textFormat(), Qt::PlainText);
@@ -304,7 +314,8 @@ TEST_F(QtPlatformTest, BoxesCloseAsTheirButtonsAllow)
     auto owner = std::make_unique<QWidget>();
     whenModal([&](QWidget&) { owner.reset(); });
     const std::int32_t handle = windowHandle(owner.get());
-    EXPECT_EQ(driver.platform().messageBox().show({.text = "x", .title = {}, .ownerWindow = handle}), ui::MessageResult::ok);
+    const ui::Message told{.text = "x", .title = {}, .ownerWindow = handle};
+    EXPECT_EQ(driver.platform().messageBox().show(told), ui::MessageResult::ok);
     EXPECT_EQ(windowOf(handle), nullptr);
     EXPECT_GT(windowHandle(&driver.host()), handle) << "a number is never used again";
     EXPECT_EQ(windowHandle(&driver.host()), windowHandle(&driver.host()));

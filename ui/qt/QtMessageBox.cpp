@@ -20,8 +20,7 @@ Buttons buttonsOf(ui::MessageButtons buttons)
 {
     switch (buttons) {
     case ui::MessageButtons::ok: break;
-    case ui::MessageButtons::yesNo:
-        return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case ui::MessageButtons::yesNo: return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
     case ui::MessageButtons::yesNoCancel:
         return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes, QMessageBox::Cancel};
     }

@@ -1,7 +1,7 @@
 #include "ui/qt/QtText.h"
 
-#include <Qt>
 #include <QTextDocument>
+#include <Qt>
 
 namespace orvan::qt {
 
@@ -30,7 +30,8 @@ QString toolTipText(const QString& plain)
     if (plain.size() <= kUnwrappedTip && !Qt::mightBeRichText(plain)) {
         return plain;
     }
-    return QStringLiteral("<p>") + plain.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) + QStringLiteral("</p>");
+    return QStringLiteral("<p>") + plain.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) +
+           QStringLiteral("</p>");
 }
 
 } // namespace orvan::qt
