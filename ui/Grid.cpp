@@ -196,8 +196,8 @@ void Grid::setCurrentRow(std::int32_t row)
 void Grid::userResizedColumn(std::int32_t column, std::int32_t twips)
 {
     at(column).width = std::max(twips, 0);
-    if (onAfterUserResize) {
-        onAfterUserResize();
+    if (const auto handler = onAfterUserResize) { // a copy: the handler may destroy this grid
+        handler();
     }
 }
 

@@ -23,8 +23,8 @@ void Surface::setInnerSize(float width, float height)
 {
     innerWidth_ = width;
     innerHeight_ = height;
-    if (onResize) {
-        onResize();
+    if (const auto handler = onResize) { // a copy: the handler may destroy this surface
+        handler();
     }
 }
 

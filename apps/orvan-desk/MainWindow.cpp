@@ -46,6 +46,17 @@ void checkProducts(const std::string& products)
 
 constexpr int kFieldHeight = 28; // pixels
 
+/// Settings that cannot be read or written cost the user a preference, not the desk.
+template <class Use>
+void withSettings(Use&& use)
+{
+    try {
+        use(qtHost().platform().settings());
+    } catch (const RuntimeError& error) {
+        qWarning("%s", error.what());
+    }
+}
+
 QLabel* labelFor(QWidget* field, const QString& text)
 {
     auto* label = new QLabel(text);
@@ -57,7 +68,9 @@ QLabel* labelFor(QWidget* field, const QString& text)
 
 MainWindow::MainWindow()
 {
-    seedProductViewPrefs(qtHost().platform().settings(), kFormName.toStdString(), kFirstPreferences);
+    withSettings([](ui::SettingsStore& settings) {
+        seedProductViewPrefs(settings, kFormName.toStdString(), kFirstPreferences);
+    });
     makeMenus();
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
@@ -69,7 +82,10 @@ MainWindow::MainWindow()
     column->addWidget(products_, 1);
     setCentralWidget(centre);
     resize(780, 560);
-    useTheme(themeNamed(QString::fromStdString(qtHost().platform().settings().get(kApplication, kSection, kThemeKey))));
+    useTheme(Theme::system);
+    withSettings([this](ui::SettingsStore& settings) {
+        useTheme(themeNamed(QString::fromStdString(settings.get(kApplication, kSection, kThemeKey))));
+    });
     showQuote(Quote{.customer = {}, .number = {}, .date = QDate::currentDate(), .products = {}}, {});
 
     // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
@@ -157,8 +173,8 @@ void MainWindow::makeMenus()
     for (const auto& [theme, caption] : themes) {
         QAction* action = colours->addAction(caption, this, [this, theme = theme] {
             useTheme(theme);
-            qtHost().platform().dispatch([&] {
-                qtHost().platform().settings().set(kApplication, kSection, kThemeKey, themeName(theme).toStdString());
+            withSettings([theme](ui::SettingsStore& settings) {
+                settings.set(kApplication, kSection, kThemeKey, themeName(theme).toStdString());
             });
         });
         action->setCheckable(true);

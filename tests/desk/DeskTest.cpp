@@ -140,6 +140,19 @@ TEST_F(DeskTest, EverySampleOpens)
     }
 }
 
+TEST_F(DeskTest, DamagedSettingsDoNotKeepTheDeskShut)
+{
+    const QString path = QString::fromStdString(qt::QtSettingsStore::defaultPath());
+    QFile::rename(path, path + QStringLiteral(".good"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no settings\n");
+    file.close();
+    EXPECT_TRUE(MainWindow().openSample(QStringLiteral("coffee-bar")));
+    QFile::remove(path);
+    QFile::rename(path + QStringLiteral(".good"), path);
+}
+
 TEST_F(DeskTest, ADamagedFileLeavesTheOpenQuoteAlone)
 {
     MainWindow window;
