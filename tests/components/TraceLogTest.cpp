@@ -1,25 +1,78 @@
-#include "tests/components/TraceLogFixture.h"
+#include "components/TraceLog.h"
+#include "core/modInit.h"
 
-#include <functional>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <thread>
+
+#include <unistd.h>
 
 namespace orvan {
 namespace {
 
+namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
+
+struct KeepingMessageBox final : ui::MessageBox {
+    ui::MessageResult show(const ui::Message& message) override
+    {
+        shown.push_back(message);
+        return ui::MessageResult::ok;
+    }
+    std::vector<ui::Message> shown;
+};
+
+/// The written lines without their times, by thread; all of them together under "".
+std::map<std::string, Lines> linesOf(const fs::path& file)
+{
+    static const std::regex layout(R"((\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}) (\d+) (.*))");
+    std::map<std::string, Lines> lines;
+    std::ifstream stream(file);
+    for (std::string line; std::getline(stream, line);) {
+        std::smatch parts;
+        EXPECT_TRUE(std::regex_match(line, parts, layout)) << line;
+        lines[parts[2]].push_back(parts[3]);
+        lines[""].push_back(parts[3]);
+    }
+    return lines;
+}
+
+class TraceLogTest : public testing::Test {
+protected:
+    TraceLogTest()
+    {
+        std::string name = testing::TempDir() + "orvan-trace-XXXXXX";
+        directory = ::mkdtemp(name.data());
+        options.file = directory / "trace.log";
+        options.report = [this](std::string_view text) { reports.emplace_back(text); };
+    }
+    ~TraceLogTest() override { fs::remove_all(directory); }
+
+    std::shared_ptr<Trace> makeTrace()
+    {
+        return std::dynamic_pointer_cast<Trace>(traceLogFactory(options, messageBox)());
+    }
+
+    fs::path directory;
+    TraceLogOptions options;
+    std::vector<std::string> reports;
+    KeepingMessageBox messageBox;
+};
 
 void fail()
 {
     throw RuntimeError(9, "list", "No row 7");
 }
 
-void failAgain()
-{
-    throw RuntimeError(9, {}, "No row 8");
-}
-
 void failIn(const char* label)
 {
-    tracePropagate(label, [] { fail(); });
+    tracePropagate(label, fail);
 }
 
 void work(const char* label)
@@ -49,8 +102,8 @@ const Shape kShapes[] = {
      {" 0 enter A", " 1   enter B", " 2     enter C", " 2    " + k9, " 1  " + k9, " 1   enter Close",
       " 1   exit  Close", " 0 exit  A"}},
     {"procedures that go on exit after errors, and their caller is still open",
-     [] { tracePropagate("A", [] { traceResume("B", [](auto step) { step(fail); step(failAgain); }); work("C"); }); },
-     {" 0 enter A", " 1   enter B", " 1  " + k9, " 0 error 9 No row 8", " 1   exit  B", " 1   enter C", " 1   exit  C",
+     [] { tracePropagate("A", [] { traceResume("B", [](auto step) { step(fail); step([] { throw RuntimeError(9); }); }); work("C"); }); },
+     {" 0 enter A", " 1   enter B", " 1  " + k9, " 0 error 9 Subscript out of range", " 1   exit  B", " 1   enter C", " 1   exit  C",
       " 0 exit  A"}},
     {"what is ignored is not recorded",
      [] { traceIgnore("A", [](auto step) { step(fail); step([] { work("B"); }); }); },
@@ -75,16 +128,11 @@ const Shape kShapes[] = {
 TEST_F(TraceLogTest, EveryShapeLeavesItsLinesAtTheirDepth)
 {
     for (const Shape& shape : kShapes) {
-        SCOPED_TRACE(shape.name);
         options.file = directory / shape.name;
         gobjTrace = makeTrace();
         shape.run();
         gobjTrace.reset(); // closes the file
-        Lines rests;
-        for (const TraceLine& line : linesOf(options.file)) {
-            rests.push_back(line.rest);
-        }
-        EXPECT_EQ(rests, shape.expected);
+        EXPECT_EQ(linesOf(options.file)[""], shape.expected) << shape.name;
     }
 }
 
@@ -95,8 +143,8 @@ TEST_F(TraceLogTest, DepthStaysBoundedWhenProceduresAreNeverLeft)
         trace->TraceEnter("left");
     }
     trace->TraceError("flushes");
-    for (const TraceLine& line : linesOf(options.file)) {
-        EXPECT_LT(std::stoi(line.rest), 64) << line.rest;
+    for (const std::string& line : linesOf(options.file)[""]) {
+        EXPECT_LT(std::stoi(line), 64) << line;
     }
 }
 
@@ -112,20 +160,161 @@ TEST_F(TraceLogTest, ShowLastErrorShowsTheTextTheErrorBeganWith)
     traceShowToUser("A", [] { throw RuntimeError(9); }, [] { return 78; });
     traceShowToUser("A", [] { throw std::runtime_error("gone"); }, [] { return 79; });
     gobjTrace.reset();
-    struct Row {
-        std::int32_t owner;
-        const char* text;
-    };
-    const Row rows[] = {{77, "Error 9: No row 7"}, {78, "Error 9: Subscript out of range"}, {79, "Error 440: gone"}};
-    ASSERT_EQ(messageBox.shown.size(), std::size(rows));
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        const ui::Message& shown = messageBox.shown[i];
-        EXPECT_EQ(shown.ownerWindow, rows[i].owner);
-        EXPECT_EQ(shown.text, rows[i].text);
-        EXPECT_EQ(shown.title, "Orvan");
-        EXPECT_EQ(shown.icon, ui::MessageIcon::exclamation);
-        EXPECT_EQ(shown.buttons, ui::MessageButtons::ok);
+    std::string shown;
+    for (const ui::Message& message : messageBox.shown) {
+        shown += std::to_string(message.ownerWindow) + ' ' + message.title + ": " + message.text + '\n';
+        EXPECT_EQ(message.icon, ui::MessageIcon::exclamation);
+        EXPECT_EQ(message.buttons, ui::MessageButtons::ok);
     }
+    EXPECT_EQ(shown, "77 Orvan: Error 9: No row 7\n78 Orvan: Error 9: Subscript out of range\n"
+                     "79 Orvan: Error 440: gone\n");
+}
+
+TEST_F(TraceLogTest, ThreadsShareTheFileAndKeepTheirOwnDepth)
+{
+    constexpr std::size_t kRounds = 2000;
+    const auto factory = traceLogFactory(options, messageBox);
+    const auto run = [&](const char* outer) {
+        const auto trace = std::dynamic_pointer_cast<Trace>(factory());
+        for (std::size_t i = 0; i < kRounds; ++i) {
+            trace->TraceEnter(outer);
+            trace->TraceEnter("b");
+            trace->TraceExit("b");
+            trace->TraceExit(outer);
+        }
+    };
+    std::thread other(run, "A");
+    run("a");
+    other.join();
+    auto lines = linesOf(options.file);
+    lines.erase("");
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_NE(lines.begin()->second, lines.rbegin()->second) << "two outer names";
+    for (const auto& [thread, its] : lines) {
+        const std::string outer = its.at(0).substr(9);
+        const Lines round = {" 0 enter " + outer, " 1   enter b", " 1   exit  b", " 0 exit  " + outer};
+        ASSERT_EQ(its.size(), 4 * kRounds) << outer;
+        for (std::size_t i = 0; i < its.size(); ++i) {
+            ASSERT_EQ(its[i], round[i % 4]) << outer << ", line " << i;
+        }
+    }
+}
+
+TEST_F(TraceLogTest, RotationKeepsTheNewestLinesWithinTheSizes)
+{
+    options.maxFileSize = 3000;
+    options.maxFiles = 2;
+    const auto first = makeTrace();
+    options.file = directory / "." / "trace.log";
+    const auto second = makeTrace(); // shares it: two streams would rotate it from under each other
+    for (int i = 0; i < 1000; ++i) {
+        (i % 2 == 0 ? first : second)->TraceError(std::to_string(i));
+    }
+    int next = -1;
+    for (const char* name : {"trace.2.log", "trace.1.log", "trace.log"}) {
+        EXPECT_LE(fs::file_size(directory / name), options.maxFileSize) << name;
+        for (const std::string& line : linesOf(directory / name)[""]) {
+            const int number = std::stoi(line.substr(line.rfind(' ')));
+            EXPECT_EQ(number, next < 0 ? number : next) << name;
+            next = number + 1;
+        }
+    }
+    EXPECT_EQ(next, 1000);
+    EXPECT_FALSE(fs::exists(directory / "trace.3.log"));
+}
+
+TEST_F(TraceLogTest, FileThatCannotBeWrittenIsReportedOnce)
+{
+    std::ofstream(directory / "file") << "no directory";
+    struct Row {
+        fs::path file;
+        std::size_t maxFileSize;
+    };
+    for (const Row& row : {Row{directory / "file" / "trace.log", 1000}, Row{"", 1000}, Row{"/dev/full", 1000},
+                           Row{directory, 1000}, Row{directory / "zero.log", 0}}) {
+        reports.clear();
+        options.file = row.file;
+        options.maxFileSize = row.maxFileSize;
+        const auto trace = makeTrace();
+        const auto second = makeTrace();
+        for (int i = 0; i < 100; ++i) {
+            trace->TraceEnter("a");
+            try {
+                throw RuntimeError(13);
+            } catch (...) {
+                trace->TraceError("");
+            }
+            second->TraceError("");
+        }
+        EXPECT_EQ(trace->LastErrorNumber(), 13) << row.file;
+        ASSERT_EQ(reports.size(), 1U) << row.file;
+        EXPECT_NE(reports[0].find('"' + row.file.string() + '"'), std::string::npos) << reports[0];
+    }
+}
+
+TEST_F(TraceLogTest, FileThatIsTakenAwayIsReportedOnce)
+{
+    options.file = directory / "below" / "trace.log";
+    options.maxFileSize = 1000;
+    options.report = [this](std::string_view text) {
+        reports.emplace_back(text);
+        makeTrace()->TraceError("from the report"); // must not wait for itself
+        throw RuntimeError(5);
+    };
+    const auto trace = makeTrace();
+    trace->TraceError("");
+    EXPECT_EQ(linesOf(options.file)[""].size(), 1U);
+    fs::remove_all(directory / "below");
+    std::ofstream(directory / "below") << "no directory any more";
+    for (int i = 0; i < 100; ++i) {
+        trace->TraceError("");
+    }
+    EXPECT_EQ(reports.size(), 1U);
+}
+
+TEST_F(TraceLogTest, FilesOfProcessesLongGoneAreRemoved)
+{
+    struct Row {
+        std::string name;
+        int days;
+        bool kept;
+    };
+    const std::string living = "trace-" + std::to_string(::getppid()) + ".log";
+    const Row rows[] = {{"trace-99999999.log", 8, false}, {"trace-99999999.2.log", 8, false},
+                        {"trace-99999998.log", 6, true},  {living, 8, true},
+                        {"trace-.log", 8, true},          {"trace-99999999.txt", 8, true},
+                        {"trace-99999999.x.log", 8, true}, {"trace-99999999..log", 8, true},
+                        {"trace--5.log", 8, true},        {"notes.log", 8, true}};
+    for (const Row& row : rows) {
+        std::ofstream(directory / row.name) << "old";
+        fs::last_write_time(directory / row.name, fs::file_time_type::clock::now() - std::chrono::hours(24 * row.days));
+    }
+    makeTrace()->TraceError("");
+    EXPECT_TRUE(fs::exists(directory / "trace-99999999.log")) << "a host's own file name tidies nothing";
+    options.file = directory / ("trace-" + std::to_string(::getpid()) + ".log");
+    makeTrace()->TraceError("");
+    for (const Row& row : rows) {
+        EXPECT_EQ(fs::exists(directory / row.name), row.kept) << row.name;
+    }
+}
+
+TEST_F(TraceLogTest, DefaultFileIsInTheUsersStateDirectory)
+{
+    const char* const home = std::getenv("HOME");
+    const std::string before = home == nullptr ? "" : home;
+    const std::string name = "/orvan/trace-" + std::to_string(::getpid()) + ".log";
+    struct Row {
+        const char *state, *home;
+        std::string file;
+    };
+    for (const Row& row : {Row{"/s", "/h", "/s" + name}, Row{"", "/h", "/h/.local/state" + name},
+                           Row{"relative", "/h", "/h/.local/state" + name}, Row{"", "", ""}}) {
+        ::setenv("XDG_STATE_HOME", row.state, 1);
+        ::setenv("HOME", row.home, 1);
+        EXPECT_EQ(defaultTraceFile().string(), row.file) << row.state << " " << row.home;
+    }
+    ::setenv("HOME", before.c_str(), 1);
+    ::unsetenv("XDG_STATE_HOME"); // nothing else here looks at it
 }
 
 } // namespace

@@ -2,71 +2,53 @@
 
 #include "hosting/ProductViewWidget.h"
 #include "hosting/QtHost.h"
+#include "tests/support/QtEnvironment.h"
 
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 namespace orvan::desk {
 namespace {
 
 using testing::HasSubstr;
 
-/// The application, on settings of its own.
-class Environment final : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        qputenv("XDG_CONFIG_HOME", home_.path().toUtf8());
-        qputenv("XDG_STATE_HOME", home_.path().toUtf8());
-        qputenv("LC_ALL", "en_US.UTF-8");
-        static int argc = 1;
-        static char name[] = "test_desk";
-        static char* argv[] = {name, nullptr};
-        application_ = std::make_unique<QApplication>(argc, argv);
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    QTemporaryDir home_;
-    std::unique_ptr<QApplication> application_;
-};
-
-const auto* const kEnvironment = testing::AddGlobalTestEnvironment(new Environment);
-
 class DeskTest : public testing::Test {
 public:
-    QString write(const QByteArray& bytes)
+    QString write(const QByteArray& bytes, const QString& name)
     {
-        const QString path = folder.filePath(QStringLiteral("a.quote.json"));
+        const QString path = folder.filePath(name); // an absolute name stays
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         return path;
     }
 
-    /// Answers the next message box, and keeps its text. The test fails when none comes up.
+    /// Answers the next message box, and keeps its text.
     void answerNext(QMessageBox::StandardButton button)
     {
-        QTimer::singleShot(0, qApp, [this, button] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_TRUE(box) << "no message box came up";
-            asked = box->text().toStdString();
-            QTest::mouseClick(box->button(button), Qt::LeftButton);
+        test::whenModal([this, button](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            asked = box.text().toStdString();
+            QTest::mouseClick(box.button(button), Qt::LeftButton);
         });
     }
 
     QTemporaryDir folder;
     std::string asked;
 };
+
+const QByteArray kGood = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
+ "date": "2026-11-20", "products": ""})";
+
+QByteArray with(const char* from, const char* to)
+{
+    return QByteArray(kGood).replace(from, to);
+}
 
 std::string problemOf(const QString& path)
 {
@@ -84,17 +66,14 @@ std::string problemOf(const QString& path)
 
 TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
 {
-    const QByteArray good = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
- "date": "2026-11-20", "products": ""})";
     struct Row {
         const char* what;
         QByteArray bytes;
         const char* problem;
     };
-    const auto with = [&](const char* from, const char* to) { return QByteArray(good).replace(from, to); };
     for (const Row& row : std::initializer_list<Row>{
-             {"good", good, ""},
-             {"cut", good.left(good.size() - 4), "line 2, column"},
+             {"good", kGood, ""},
+             {"cut", kGood.left(kGood.size() - 4), "line 2, column"},
              {"empty", "", "line 1, column 1"},
              {"not ours", "[1, 2]", "not a quote file"},
              {"another format", with("orvan-desk-quote", "recipe"), "not a quote file"},
@@ -103,7 +82,7 @@ TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
              {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
              {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
              {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"}}) {
-        const std::string problem = problemOf(write(row.bytes));
+        const std::string problem = problemOf(write(row.bytes, QStringLiteral("a.json")));
         EXPECT_THAT(problem, HasSubstr(row.problem)) << row.what;
         EXPECT_EQ(problem.empty(), std::string(row.problem).empty()) << row.what << ": " << problem;
     }
@@ -144,10 +123,7 @@ TEST_F(DeskTest, DamagedSettingsDoNotKeepTheDeskShut)
 {
     const QString path = QString::fromStdString(qt::QtSettingsStore::defaultPath());
     QFile::rename(path, path + QStringLiteral(".good"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("no settings\n");
-    file.close();
+    write("no settings\n", path);
     EXPECT_TRUE(MainWindow().openSample(QStringLiteral("coffee-bar")));
     QFile::remove(path);
     QFile::rename(path + QStringLiteral(".good"), path);
@@ -159,8 +135,7 @@ TEST_F(DeskTest, ADamagedFileLeavesTheOpenQuoteAlone)
     window.openSample(QStringLiteral("coffee-bar"));
     const std::string products = window.findChild<ProductViewWidget*>()->Products();
     const QString title = window.windowTitle();
-    const QString path = write(R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
-        "date": "2026-11-20", "products": "2~one~"})");
+    const QString path = write(with("\"products\": \"\"", "\"products\": \"2~one~\""), QStringLiteral("a.quote.json"));
     answerNext(QMessageBox::Ok);
     EXPECT_FALSE(window.open(path));
     EXPECT_THAT(asked, HasSubstr("a.quote.json"));

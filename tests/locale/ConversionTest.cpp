@@ -4,8 +4,6 @@
 #include "ui/icu/NumberPattern.h"
 
 #include <map>
-#include <stdexcept>
-#include <vector>
 
 namespace orvan {
 namespace {
@@ -40,16 +38,14 @@ public:
     }
 
     icu::NumberPattern pattern;
-    std::map<LocaleItem, std::string> items;
+    std::map<LocaleItem, std::string> items = {{LocaleItem::decimalSeparator, "d"},
+                                               {LocaleItem::thousandsSeparator, "\u00A0"},
+                                               {LocaleItem::currencySymbol, "kr"},
+                                               {LocaleItem::monetaryDecimalSeparator, "D"},
+                                               {LocaleItem::monetaryThousandsSeparator, ""}};
     std::vector<LocaleItem> asked;
     bool raises = false;
 };
-
-const std::map<LocaleItem, std::string> kItems = {{LocaleItem::decimalSeparator, "d"},
-                                                  {LocaleItem::thousandsSeparator, "\u00A0"},
-                                                  {LocaleItem::currencySymbol, "kr"},
-                                                  {LocaleItem::monetaryDecimalSeparator, "D"},
-                                                  {LocaleItem::monetaryThousandsSeparator, ""}};
 
 TEST(ModLocale, EachItemThatCannotBeReadHasItsOwnDefault)
 {
@@ -68,7 +64,6 @@ TEST(ModLocale, EachItemThatCannotBeReadHasItsOwnDefault)
                            Row{LocaleItem::decimalSeparator, "|D|\u00A0|.|kr"},
                            Row{LocaleItem::currencySymbol, "|D|\u00A0|d|,"}}) {
         FakeLocale locale;
-        locale.items = kItems;
         EXPECT_EQ(read(locale), "|D|\u00A0|d|kr");
         locale.items[row.failing] = std::string(126, 'x');
         EXPECT_NE(read(locale).find(std::string(126, 'x')), std::string::npos) << "fits with its null";
@@ -110,9 +105,7 @@ TEST(ModConversion, TheSymbolAloneIsTakenOutWhereverItStands)
 {
     struct Row {
         icu::NumberPattern pattern;
-        const char* symbol;
-        const char* hidden;
-        const char* shown;
+        const char *symbol, *hidden, *shown;
     };
     for (const Row& row : {
              Row{{.positivePrefix = "$"}, "$", "1,234.50", "$1,234.50"},
@@ -134,19 +127,16 @@ TEST(ModConversion, TypedTextIsItsDigitsAndDecimalSeparators)
 {
     struct Row {
         const char* decimal; // the service's own, and the caller's
-        const char* text;
-        const char* value;
+        const char *text, *value;
     };
     for (const Row& row : {
              Row{".", "-5", "5"}, Row{".", "1,234.50", "1234.5"}, Row{".", "12.5%", "12.5"}, Row{".", "", "0"},
              Row{".", "abc", "0"}, Row{".", "1.2.3", "0"}, Row{".", ".", "0"}, Row{".", "1.00005", "1"},
              Row{".", "$ 1 2 . 5 0", "12.5"}, Row{".", "922337203685477.5808", "0"},
              Row{".", "922337203685477.5807", "922337203685477.5807"},
-             Row{",", "1.234,5 €", "1234.5"}, Row{",", "1.5", "15"},
+             Row{",", "1.234,5 €", "1234.5"}, Row{",", "1.5", "15"}, Row{"", "1.5", "15"},
              Row{"::", "1::5", "15"},                  // two characters match none
-             Row{"", "1.5", "15"},
-             Row{"·", "1·5", "1.5"},                   // one character, two bytes
-             Row{"\u00A0", "1\u00A05", "1.5"},
+             Row{"·", "1·5", "1.5"}, Row{"\u00A0", "1\u00A05", "1.5"}, // one character, two bytes
              Row{"\xA0", "1\u00A05", "15"},            // a byte of a character is none
              Row{".", "٣.٥", "0"},                      // only 0 to 9 are digits
          }) {

@@ -4,15 +4,11 @@
 #include "base/RuntimeError.h"
 #include "core/ProductMgr.h"
 
-#include <memory>
-#include <utility>
-
 namespace orvan::test {
 
 /// What faulty managers made by one factory share, so that a test can arm them from outside.
 struct Faults {
     int failAtCall = 0; ///< 1: the next call; 0: never.
-    std::int32_t errorNumber = 1000;
     std::int32_t seekMovesBy = 0;    ///< Added to every index that a seek has found.
     std::int32_t notFoundFrom = 0;   ///< Seeks at this index or beyond find nothing; 0: all are found.
     int managersAlive = 0;
@@ -53,7 +49,7 @@ private:
     ProductMgr& call()
     {
         if (faults_.failAtCall > 0 && --faults_.failAtCall == 0) {
-            throw RuntimeError(faults_.errorNumber, "FaultyProductMgr", "scripted failure");
+            throw RuntimeError(1000, "FaultyProductMgr", "scripted failure");
         }
         return *inner_;
     }

@@ -1,49 +1,78 @@
-#include "core/modInit.h"
-
+#include "tests/support/Raised.h"
 #include "tests/support/RecordingTrace.h"
 #include "ui/headless/HeadlessPlatform.h"
+#include "ui/icu/IcuLocaleService.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <functional>
-#include <optional>
-#include <stdexcept>
+#include <sstream>
 #include <thread>
 
 namespace orvan {
 namespace {
 
+using test::Raised;
+using test::raisedBy;
 using test::RecordingTrace;
 using test::ScopedTrace;
 using test::TraceCall;
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+
+/// "+A" enters A, "-A" leaves it, "!" records a declared error 13, "?" one that is not declared.
+std::vector<std::string> unpairedAfter(const std::string& calls)
+{
+    RecordingTrace trace;
+    std::istringstream words(calls);
+    for (std::string word; words >> word;) {
+        if (word[0] == '+') {
+            trace.TraceEnter(word.substr(1));
+        } else if (word[0] == '-') {
+            trace.TraceExit(word.substr(1));
+        } else {
+            trace.declareError(13, word == "!" ? 1 : 0);
+            try {
+                throw RuntimeError(13);
+            } catch (...) {
+                trace.TraceError("");
+            }
+        }
+    }
+    return trace.unpaired();
+}
+
+TEST(RecordingTrace, FindsWhatDoesNotPairUp)
+{
+    struct Row {
+        const char* calls;
+        std::vector<std::string> found;
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {"+A +B -B +A -A -A", {}},
+             {"+A +B ! ! +A -A", {}}, // both ended by their error
+             {"+A ! +B ! ! -A", {}},  // A resumed twice
+             {"+A +B ! -A", {}},      // A recovered from B in some other way
+             {"-A", {"exit without enter: A"}},
+             {"+A -A -A", {"exit without enter: A"}},
+             {"+A +B -A", {"enter without exit: B"}},
+             {"+A ! +B -A", {"enter without exit: B"}}, // an error from before B did not end it
+             {"+A +B !", {"enter without exit: A"}},    // one error ends one procedure
+             {"+A ?", {"errors { 13 }, declared {}"}}}) {
+        EXPECT_THAT(unpairedAfter(row.calls), ElementsAreArray(row.found)) << row.calls;
+    }
+    RecordingTrace trace;
+    trace.declareError(91);
+    trace.failNext(TraceCall::show, 70);
+    EXPECT_THAT(trace.unpaired(), ElementsAre("errors {}, declared { 91 }", "failure not reached: 70"));
+}
 
 /// A thread that has never used the library.
 template <class Body>
 void inFreshThread(Body&& body)
 {
-    std::thread thread([&] { EXPECT_NO_THROW(body()); });
-    thread.join();
-}
-
-template <class Action>
-std::optional<RuntimeError> raisedBy(Action&& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error;
-    }
-    return std::nullopt;
-}
-
-template <class Action>
-std::int32_t numberRaisedBy(Action&& action)
-{
-    const auto error = raisedBy(std::forward<Action>(action));
-    return error ? error->number() : 0;
+    std::thread([&] { EXPECT_NO_THROW(body()); }).join();
 }
 
 std::string joined(const std::vector<std::string>& lines)
@@ -56,31 +85,31 @@ std::string joined(const std::vector<std::string>& lines)
 }
 
 enum Shape { propagate, recover, closeDialog, showToUser, resume, ignore };
-enum Failing { nothing, body, enter, exitCall, record, lastNumber, show, recovery, trace };
+enum Failing { nothing, body, enter, exitCall, record, lastNumber, show, handler, trace };
 
 /// A traced procedure of two statements, of which the first may fail.
 void runShape(Shape shape, RecordingTrace& notes, Failing failing)
 {
     const auto first = [&] {
         notes.note("work");
-        if (failing == body || failing == record || failing == lastNumber || failing == show || failing == recovery) {
+        if (failing == body || failing == record || failing == lastNumber || failing == show || failing == handler) {
             throw RuntimeError(13, "deep", "text");
         }
     };
     const auto second = [&] { notes.note("more"); };
     const auto both = [&] { first(), second(); };
     const auto guarded = [&](const auto& step) { step(first), step(second); };
-    const auto recoverWith = [&](const char* name) {
-        notes.note(name);
-        if (failing == recovery) {
+    const auto handle = [&] {
+        notes.note("handled");
+        if (failing == handler) {
             throw RuntimeError(75);
         }
     };
     switch (shape) {
     case propagate: return tracePropagate("L", both);
-    case recover: return traceRecover("L", both, [&] { recoverWith("recover"); });
-    case closeDialog: return traceCloseDialog("L", both, [&] { recoverWith("close"); });
-    case showToUser: return traceShowToUser("L", both, [&] { return recoverWith("window"), 7; });
+    case recover: return traceRecover("L", both, handle);
+    case closeDialog: return traceCloseDialog("L", both, handle);
+    case showToUser: return traceShowToUser("L", both, [&] { return handle(), 7; });
     case resume: return traceResume("L", guarded);
     case ignore: return traceIgnore("L", guarded);
     }
@@ -89,69 +118,53 @@ void runShape(Shape shape, RecordingTrace& notes, Failing failing)
 TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
 {
     struct Row {
-        Shape shape;
+        std::vector<Shape> shapes;
         Failing failing;
         const char* lines;
         std::int32_t raised;
     };
     const Row rows[] = {
-        {propagate, nothing, "enter L, work, more, exit L", 0},
-        {propagate, body, "enter L, work, error 13", 13},
-        {propagate, enter, "enter L (fails), error 70", 70},
-        {propagate, exitCall, "enter L, work, more, exit L (fails), error 71", 71},
-        {propagate, record, "enter L, work, error 13 (fails)", 72},
-        {propagate, lastNumber, "enter L, work, error 13", 73},
-        {propagate, trace, "", 91},
-        {recover, nothing, "enter L, work, more, exit L", 0},
-        {recover, body, "enter L, work, error 13, recover", 0},
-        {recover, enter, "enter L (fails), error 70, recover", 0},
-        {recover, exitCall, "enter L, work, more, exit L (fails), error 71, recover", 0},
-        {recover, record, "enter L, work, error 13 (fails)", 72},
-        {recover, recovery, "enter L, work, error 13, recover", 75},
-        {recover, trace, "", 91},
-        {closeDialog, nothing, "enter L, work, more, exit L", 0},
-        {closeDialog, body, "enter L, work, error 13, close", 0},
-        {closeDialog, enter, "enter L (fails), error 70, close", 0},
-        {closeDialog, exitCall, "enter L, work, more, exit L (fails), error 71, close", 0},
-        {closeDialog, record, "enter L, work, error 13 (fails)", 72},
-        {closeDialog, recovery, "enter L, work, error 13, close", 75},
-        {closeDialog, trace, "", 91},
-        {showToUser, nothing, "enter L, work, more, exit L", 0},
-        {showToUser, body, "enter L, work, error 13, window, show 7", 0},
-        {showToUser, enter, "enter L (fails), error 70, window, show 7", 0},
-        {showToUser, exitCall, "enter L, work, more, exit L (fails), error 71, window, show 7", 0},
-        {showToUser, record, "enter L, work, error 13 (fails)", 72},
-        {showToUser, show, "enter L, work, error 13, window, show 7 (fails)", 74},
-        {showToUser, recovery, "enter L, work, error 13, window", 75},
-        {showToUser, trace, "", 91},
-        {resume, nothing, "enter L, work, more, exit L", 0},
-        {resume, body, "enter L, work, error 13, more, exit L", 0},
-        {resume, enter, "enter L (fails), error 70, work, more, exit L", 0},
-        {resume, exitCall, "enter L, work, more, exit L (fails), error 71", 0},
-        {resume, record, "enter L, work, error 13 (fails)", 72},
-        {resume, trace, "", 91},
-        {ignore, nothing, "enter L, work, more, exit L", 0},
-        {ignore, body, "enter L, work, more, exit L", 0},
-        {ignore, enter, "enter L (fails), work, more, exit L", 0},
-        {ignore, exitCall, "enter L, work, more, exit L (fails)", 0},
-        {ignore, trace, "work, more", 0},
+        {{propagate, recover, closeDialog, showToUser, resume, ignore}, nothing, "enter L, work, more, exit L", 0},
+        {{propagate}, body, "enter L, work, error 13", 13},
+        {{recover, closeDialog}, body, "enter L, work, error 13, handled", 0},
+        {{showToUser}, body, "enter L, work, error 13, handled, show 7", 0},
+        {{resume}, body, "enter L, work, error 13, more, exit L", 0},
+        {{ignore}, body, "enter L, work, more, exit L", 0},
+        {{propagate}, enter, "enter L (fails), error 70", 70},
+        {{recover, closeDialog}, enter, "enter L (fails), error 70, handled", 0},
+        {{showToUser}, enter, "enter L (fails), error 70, handled, show 7", 0},
+        {{resume}, enter, "enter L (fails), error 70, work, more, exit L", 0},
+        {{ignore}, enter, "enter L (fails), work, more, exit L", 0},
+        {{propagate}, exitCall, "enter L, work, more, exit L (fails), error 71", 71},
+        {{recover, closeDialog}, exitCall, "enter L, work, more, exit L (fails), error 71, handled", 0},
+        {{showToUser}, exitCall, "enter L, work, more, exit L (fails), error 71, handled, show 7", 0},
+        {{resume}, exitCall, "enter L, work, more, exit L (fails), error 71", 0},
+        {{ignore}, exitCall, "enter L, work, more, exit L (fails)", 0},
+        {{propagate, recover, closeDialog, showToUser, resume}, record, "enter L, work, error 13 (fails)", 72},
+        {{propagate}, lastNumber, "enter L, work, error 13", 73},
+        {{showToUser}, show, "enter L, work, error 13, handled, show 7 (fails)", 74},
+        {{recover, closeDialog, showToUser}, handler, "enter L, work, error 13, handled", 75},
+        {{propagate, recover, closeDialog, showToUser, resume}, trace, "", 91},
+        {{ignore}, trace, "work, more", 0},
     };
     for (const Row& row : rows) {
-        SCOPED_TRACE("shape " + std::to_string(row.shape) + ", failing " + std::to_string(row.failing));
-        ScopedTrace object;
-        switch (row.failing) {
-        case enter: object->failAt(TraceCall::enter, 1, 70); break;
-        case exitCall: object->failAt(TraceCall::exit, 1, 71); break;
-        case record: object->failAt(TraceCall::error, 1, 72); break;
-        case lastNumber: object->failAt(TraceCall::lastErrorNumber, 1, 73); break;
-        case show: object->failAt(TraceCall::show, 1, 74); break;
-        case trace: gobjTrace = nullptr; break;
-        default: break;
-        }
-        EXPECT_EQ(numberRaisedBy([&] { runShape(row.shape, *object.trace(), row.failing); }), row.raised);
-        EXPECT_EQ(joined(object->lines()), row.lines);
-        for (const RuntimeError& error : object->errors()) {
-            object->declareError(error.number());
+        for (const Shape shape : row.shapes) {
+            SCOPED_TRACE("shape " + std::to_string(shape) + ", failing " + std::to_string(row.failing));
+            ScopedTrace object;
+            switch (row.failing) {
+            case enter: object->failNext(TraceCall::enter, 70); break;
+            case exitCall: object->failNext(TraceCall::exit, 71); break;
+            case record: object->failNext(TraceCall::error, 72); break;
+            case lastNumber: object->failNext(TraceCall::lastErrorNumber, 73); break;
+            case show: object->failNext(TraceCall::show, 74); break;
+            case trace: gobjTrace = nullptr; break;
+            default: break;
+            }
+            EXPECT_EQ(raisedBy([&] { runShape(shape, *object.trace(), row.failing); }).number, row.raised);
+            EXPECT_EQ(joined(object->lines()), row.lines);
+            for (const RuntimeError& error : object->errors()) {
+                object->declareError(error.number());
+            }
         }
     }
 }
@@ -168,30 +181,26 @@ TEST(TracedProcedure, PassesValuesOut)
 
 TEST(TracedProcedure, ErrorIsRecordedOncePerLevelAndLosesAllButItsNumber)
 {
-    /// Answers with a number of its own: that one is passed on, not the first.
+    /// Answers with a number of its own, if it has one: that one is passed on, not the first.
     struct Renumbering : RecordingTrace {
         std::int32_t number = 0;
         std::int32_t LastErrorNumber() override { return number ? number : RecordingTrace::LastErrorNumber(); }
     };
-    struct Row {
-        std::int32_t given;
-        const char* lines;
-    };
-    for (const Row& row :
-         std::initializer_list<Row>{{0, "enter click, enter A, enter B, error 13, error 13, error 13, show 7"},
-                                    {-4, "enter click, enter A, enter B, error 13, error -4, error -4, show 7"}}) {
+    for (const std::int32_t given : {0, -4}) {
         const auto trace = std::make_shared<Renumbering>();
-        trace->number = row.given;
+        trace->number = given;
         gobjTrace = trace;
         const auto b = [] { tracePropagate("B", [] { throw RuntimeError(13, "deep", "text"); }); };
-        const auto a = [&] { tracePropagate("A", b); };
-        traceShowToUser("click", a, [] { return 7; });
+        traceShowToUser("click", [&] { tracePropagate("A", b); }, [] { return 7; });
         gobjTrace = nullptr;
-        EXPECT_EQ(joined(trace->lines()), row.lines);
-        ASSERT_EQ(trace->errors().size(), 3U);
-        EXPECT_EQ(trace->errors()[0].source() + "/" + trace->errors()[0].description(), "deep/text");
-        EXPECT_EQ(trace->errors()[1].source() + "/" + trace->errors()[1].description(), "/");
-        EXPECT_EQ(trace->errors()[2].source() + "/" + trace->errors()[2].description(), "/");
+        const std::string passed = "error " + std::to_string(given ? given : 13);
+        EXPECT_THAT(trace->lines(),
+                    ElementsAre("enter click", "enter A", "enter B", "error 13", passed, passed, "show 7"));
+        std::string texts;
+        for (const RuntimeError& error : trace->errors()) {
+            texts += error.source() + "/" + error.description() + ";";
+        }
+        EXPECT_EQ(texts, "deep/text;/;/;");
     }
 }
 
@@ -199,25 +208,16 @@ TEST(TracedProcedure, OwnErrorsCarryNumberLabelAndMessage)
 {
     ScopedTrace trace;
     trace->appErrorNumber = -2147220991;
-    const auto error = raisedBy([] { raiseApplicationError("K.L::M", "Invalid column index"); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->number(), -2147220991);
-    EXPECT_EQ(error->source(), "K.L::M");
-    EXPECT_EQ(error->description(), "Invalid column index");
-    trace->failAt(TraceCall::appErrorNumber, 1, 70);
-    EXPECT_EQ(numberRaisedBy([] { raiseApplicationError("L", "m"); }), 70);
+    const auto raise = [] { raiseApplicationError("K.L::M", "Invalid column index"); };
+    const Raised error = raisedBy(raise);
+    EXPECT_EQ(error.number, -2147220991);
+    EXPECT_EQ(error.source, "K.L::M");
+    EXPECT_EQ(error.description, "Invalid column index");
+    trace->failNext(TraceCall::appErrorNumber, 70);
+    EXPECT_EQ(raisedBy(raise).number, 70);
     gobjTrace = nullptr;
-    EXPECT_EQ(numberRaisedBy([] { raiseApplicationError("L", "m"); }), 91);
+    EXPECT_EQ(raisedBy(raise).number, 91);
 }
-
-/// No part of the start may ask for a locale.
-class NoLocale final : public ui::LocaleService {
-public:
-    std::int32_t getLocaleInfo(std::int32_t, ui::LocaleItem, std::span<char>) override { throw RuntimeError(51); }
-    std::string formatCurrency(Currency, int) override { throw RuntimeError(51); }
-    std::string formatNumber(Currency, int) override { throw RuntimeError(51); }
-    Currency textToCurrency(std::string_view) override { throw RuntimeError(51); }
-};
 
 struct OneClass final : ui::ComponentFactory {
     using Make = std::function<std::shared_ptr<ui::Component>()>;
@@ -239,6 +239,7 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
         OneClass::Make make;
         std::int32_t number;
     };
+    icu::IcuLocaleService locale{icu::LocaleNames{}};
     for (const Row& row : std::initializer_list<Row>{
              {"missing", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(429, "src", "no class"); }, 429},
              {"own number", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(-5, "src", "x"); }, -5},
@@ -247,14 +248,12 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
         for (int thread = 0; thread < 2; ++thread) { // each thread is told
             SCOPED_TRACE(row.name);
             inFreshThread([&] {
-                NoLocale locale;
                 OneClass factory(row.make);
                 headless::HeadlessPlatform platform(locale, factory);
                 platform.messageBox().answer(ui::MessageResult::ok);
-                const auto error = raisedBy([&] { enterLibrary(platform); });
-                ASSERT_TRUE(error);
-                EXPECT_EQ(error->number(), row.number);
-                EXPECT_EQ(error->source() + error->description(), "");
+                const Raised error = raisedBy([&] { enterLibrary(platform); });
+                EXPECT_EQ(error.number, row.number);
+                EXPECT_EQ(error.source + error.description, "");
                 EXPECT_NO_THROW(enterLibrary(platform)) << "tried again in the same thread";
                 EXPECT_EQ(factory.asked, 1);
                 EXPECT_FALSE(gobjTrace);
@@ -265,7 +264,7 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
                 EXPECT_EQ(message.buttons, ui::MessageButtons::ok);
                 EXPECT_EQ(message.icon, ui::MessageIcon::exclamation);
                 EXPECT_EQ(message.ownerWindow, 0);
-                EXPECT_EQ(numberRaisedBy([] { tracePropagate("L", [] {}); }), 91);
+                EXPECT_EQ(raisedBy([] { tracePropagate("L", [] {}); }).number, 91);
             });
         }
     }
@@ -273,7 +272,7 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
 
 TEST(Main, GivesEachThreadATraceOfItsOwnOnce)
 {
-    NoLocale locale;
+    icu::IcuLocaleService locale{icu::LocaleNames{}};
     OneClass factory([] { return std::make_shared<RecordingTrace>(); });
     std::vector<std::shared_ptr<RecordingTrace>> traces(2);
     const auto work = [&](std::size_t i) {

@@ -1,7 +1,7 @@
 // RecordingTrace: a trace component that writes down what it is asked, and fails on demand.
 //
-// Every call becomes a line: "enter L", "exit L", "error 91" (with the extra text, if any, after a
-// blank), "show 7"; the two numbers leave no line. A call that was told to fail ends in " (fails)".
+// Every call becomes a line: "enter L", "exit L", "error 91" (and the extra text, if any),
+// "show 7"; the two numbers leave no line. A call that was told to fail ends in " (fails)".
 // ScopedTrace makes one the thread's trace object and fails the test for whatever unpaired() finds,
 // so that a test checks its trace without saying so. Thread: one at a time.
 #pragma once
@@ -11,12 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
+#include <map>
+#include <set>
 
 namespace orvan::test {
 
@@ -26,12 +22,14 @@ class RecordingTrace : public Trace {
 public:
     std::int32_t appErrorNumber = 1000;
 
-    /// The nth call of `call` from now on (1: the next) raises `number`, once.
-    void failAt(TraceCall call, int nth, std::int32_t number) { failures_.push_back({call, nth, number}); }
+    /// The next call of `call` raises `number`.
+    void failNext(TraceCall call, std::int32_t number) { failures_[call] = number; }
     /// The test expects the error `number` to be recorded `times` times (more).
     void declareError(std::int32_t number, int times = 1)
     {
-        declared_.insert(declared_.end(), static_cast<std::size_t>(times), number);
+        for (; times > 0; --times) {
+            declared_.insert(number);
+        }
     }
 
     /// Adds a line of the test's own, to see what happened between the calls.
@@ -47,21 +45,16 @@ public:
         std::vector<std::string> found = found_;
         std::vector<Open> open = open_;
         closeDownTo(open, 0, found);
-        std::vector<std::int32_t> missing = declared_;
+        std::multiset<std::int32_t> recorded;
         for (const RuntimeError& error : errors_) {
-            const auto at = std::find(missing.begin(), missing.end(), error.number());
-            if (at == missing.end()) {
-                found.push_back("error not declared: " + std::to_string(error.number()) + " " +
-                                std::string(error.text()));
-            } else {
-                missing.erase(at);
-            }
+            recorded.insert(error.number());
         }
-        for (const std::int32_t number : missing) {
-            found.push_back("declared error not recorded: " + std::to_string(number));
+        if (recorded != declared_) {
+            found.push_back("errors " + testing::PrintToString(recorded) + ", declared " +
+                            testing::PrintToString(declared_));
         }
-        for (const Failure& failure : failures_) {
-            found.push_back("failure not reached: " + std::to_string(failure.number));
+        for (const auto& [call, number] : failures_) {
+            found.push_back("failure not reached: " + std::to_string(number));
         }
         return found;
     }
@@ -78,11 +71,7 @@ public:
         if (!open_.empty()) {
             ++open_.back().errors; // ended even when told to fail, as in TraceExit
         }
-        std::string line = "error " + std::to_string(error.number());
-        if (!sText.empty()) {
-            line.append(1, ' ').append(sText);
-        }
-        write(TraceCall::error, std::move(line));
+        write(TraceCall::error, "error " + std::to_string(error.number()) + std::string(sText));
         errors_.push_back(error);
     }
 
@@ -124,12 +113,6 @@ private:
         std::string label;
         int errors; ///< recorded since its enter, and not yet taken as the end of a procedure it called
     };
-    struct Failure {
-        TraceCall call;
-        int nth;
-        std::int32_t number;
-    };
-
     /// Each procedure left open must have been ended by an error; one error ends one procedure, and
     /// those left over belong to its caller (which may have resumed, or failed to enter).
     static void closeDownTo(std::vector<Open>& open, std::size_t count, std::vector<std::string>& found)
@@ -145,42 +128,26 @@ private:
         }
     }
 
-    /// The number to raise at this call, or 0.
-    std::int32_t countDown(TraceCall call)
-    {
-        std::int32_t number = 0;
-        for (Failure& failure : failures_) {
-            if (failure.call == call && --failure.nth == 0) {
-                number = failure.number;
-            }
-        }
-        std::erase_if(failures_, [](const Failure& failure) { return failure.nth <= 0; });
-        return number;
-    }
-
     void raiseIfTold(TraceCall call)
     {
-        if (const std::int32_t number = countDown(call); number != 0) {
-            throw RuntimeError(number, "RecordingTrace", "told to fail");
+        if (const auto failure = failures_.extract(call)) {
+            throw RuntimeError(failure.mapped(), "RecordingTrace", "told to fail");
         }
     }
 
-    void write(TraceCall call, std::string line)
+    void write(TraceCall call, const std::string& line)
     {
-        const std::int32_t number = countDown(call);
-        lines_.push_back(number == 0 ? std::move(line) : line + " (fails)");
-        if (number != 0) {
-            throw RuntimeError(number, "RecordingTrace", "told to fail");
-        }
+        lines_.push_back(failures_.contains(call) ? line + " (fails)" : line);
+        raiseIfTold(call);
     }
 
     std::vector<std::string> lines_;
     std::vector<RuntimeError> errors_;
-    std::vector<std::int32_t> declared_;
+    std::multiset<std::int32_t> declared_;
     std::vector<std::string> found_;
     std::vector<Open> open_;
     std::vector<std::string> failedEnters_;
-    std::vector<Failure> failures_;
+    std::map<TraceCall, std::int32_t> failures_;
 };
 
 /// Makes a RecordingTrace the thread's trace object until the end of its scope, and fails the test

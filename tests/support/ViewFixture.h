@@ -7,50 +7,13 @@
 #include "tests/support/FaultyProductMgr.h"
 #include "tests/support/RecordingTrace.h"
 
-#include <gtest/gtest.h>
-
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace orvan::test {
 
-struct Line {
-    std::string name;
-    std::string partNum = {};
-    std::string unitPrice = "0";
-    std::string qty = "1";
-    std::string discPrcnt = "0";
-    std::string extPrice = "0";
-    std::string note = {};
-    std::string key = {};
-};
-
-/// The products string of some lines, written by a manager of its own.
-inline std::string productsOf(const std::vector<Line>& lines)
-{
-    const auto mgr = std::dynamic_pointer_cast<ProductMgr>(productMgrFactory()());
-    for (const Line& line : lines) {
-        const auto record = mgr->AddNewProduct();
-        record->SetName(line.name);
-        record->SetPartNum(line.partNum);
-        record->SetUnitPrice(Currency::fromText(line.unitPrice));
-        record->SetQty(Currency::fromText(line.qty));
-        record->SetDiscPrcnt(Currency::fromText(line.discPrcnt));
-        record->SetExtPrice(Currency::fromText(line.extPrice));
-        record->SetNote(line.note);
-        record->SetKey(line.key);
-    }
-    return mgr->GetProductsString(kRecordSeparator, kFieldSeparator);
-}
-
-inline std::string threeProducts()
-{
-    return productsOf({{.name = "Desk", .partNum = "D-1", .unitPrice = "489", .qty = "2", .extPrice = "978"},
-                       {.name = "Lamp", .partNum = "L-7", .unitPrice = "74.95", .qty = "1.5", .extPrice = "112.425"},
-                       {.name = "Chair", .partNum = "C-3", .unitPrice = "1000", .discPrcnt = "12.5",
-                        .extPrice = "875", .note = "blue"}});
-}
+/// Name, key, part number, unit price, quantity, discount, extended price, note.
+inline const std::string kThreeProducts = "3~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1.5:0:112.425:~"
+                                          "Chair::C-3:1000:1:12.5:875:blue~";
 
 class ViewFixture : public testing::Test {
 public:
@@ -94,25 +57,34 @@ public:
         return view->surface().control<headless::HeadlessButton>(name);
     }
 
+    /// What `text` gives for each number from `first` to before `end`, blanks between.
+    template <class Text>
+    static std::string joined(std::int32_t first, std::int32_t end, const Text& text)
+    {
+        std::string all;
+        for (std::int32_t i = first; i < end; ++i) {
+            all += (i == first ? "" : " ") + text(i);
+        }
+        return all;
+    }
     /// The keys in grid order, hidden ones in brackets.
     std::string columns()
     {
-        std::string text;
         const auto& grid = view->flexGrid();
-        for (std::int32_t column = 0; column < grid.columnCount(); ++column) {
-            const bool hidden = grid.columnHidden(column);
-            text.append(column == 0 ? "" : " ").append(hidden ? "[" : "");
-            text.append(grid.columnKey(column)).append(hidden ? "]" : "");
-        }
-        return text;
+        return joined(0, grid.columnCount(), [&](std::int32_t column) {
+            return grid.columnHidden(column) ? '[' + grid.columnKey(column) + ']' : grid.columnKey(column);
+        });
     }
     std::string widths()
     {
-        std::string text;
-        for (std::int32_t column = 0; column < view->flexGrid().columnCount(); ++column) {
-            text.append(column == 0 ? "" : " ").append(std::to_string(view->flexGrid().columnWidth(column)));
-        }
-        return text;
+        const auto& grid = view->flexGrid();
+        return joined(0, grid.columnCount(), [&](auto column) { return std::to_string(grid.columnWidth(column)); });
+    }
+    /// The names in list order.
+    std::string names()
+    {
+        const auto& grid = view->flexGrid();
+        return joined(1, grid.rowCount(), [&](std::int32_t row) { return grid.visibleTexts(row)[1]; });
     }
     /// A row as the user sees it, with " | " between its cells.
     std::string row(std::int32_t row)

@@ -3,89 +3,51 @@
 namespace orvan::test {
 namespace {
 
-class ProductViewCommandsTest : public ViewFixture {
-public:
-    /// The names in list order.
-    std::string names()
-    {
-        std::string text;
-        for (std::int32_t i = 1; i < view->flexGrid().rowCount(); ++i) {
-            text += (i == 1 ? "" : " ") + view->flexGrid().visibleTexts(i)[1];
-        }
-        return text;
-    }
-};
+class ProductViewCommandsTest : public ViewFixture {};
 
-TEST_F(ProductViewCommandsTest, DeletingAsksFirst)
-{
-    struct Row {
-        const char* what;
-        std::int32_t currentRow;
-        ui::MessageResult answer;
-        const char* question;
-        const char* names;
-        const char* total;
-        bool dirty;
-        std::int32_t rowAfter;
-    };
-    const char* const kQuestion = "Are you sure you want to delete the selected product?";
-    for (const Row& row : std::initializer_list<Row>{
-             {"no row", 0, ui::MessageResult::ok, "Please select a product first", "Desk Lamp Chair", "$1,965.43",
-              false, 0},
-             {"answered No", 2, ui::MessageResult::no, kQuestion, "Desk Lamp Chair", "$1,965.43", false, 2},
-             {"the first", 1, ui::MessageResult::yes, kQuestion, "Lamp Chair", "$987.43", true, 1},
-             {"the last", 3, ui::MessageResult::yes, kQuestion, "Desk Lamp", "$1,090.43", true, 2}}) {
-        makeView();
-        view->Show(threeProducts());
-        if (row.currentRow > 0) {
-            view->flexGrid().chooseRow(row.currentRow);
-        }
-        platform.messageBox().answer(row.answer);
-        button("cmdDelete").click();
-        EXPECT_EQ(platform.messageBox().shown().back().text, row.question) << row.what;
-        EXPECT_EQ(platform.messageBox().shown().back().title, "Orvan") << row.what;
-        EXPECT_EQ(names(), row.names) << row.what;
-        EXPECT_EQ(view->txtTotal().text(), row.total) << row.what;
-        EXPECT_EQ(view->Dirty(), row.dirty) << row.what;
-        EXPECT_EQ(view->flexGrid().currentRow(), row.rowAfter) << row.what;
-    }
-}
-
-TEST_F(ProductViewCommandsTest, MovingStopsAtTheEnds)
+TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
 {
     struct Row {
         const char* button;
         std::int32_t currentRow;
-        const char* names;
+        std::optional<ui::MessageResult> answer;
+        const char *question, *names, *total;
         bool dirty;
         std::int32_t rowAfter;
     };
-    for (const Row& row : std::initializer_list<Row>{{"cmdMoveUp", 0, "Desk Lamp Chair", false, 0},
-                                                     {"cmdMoveUp", 1, "Desk Lamp Chair", false, 1},
-                                                     {"cmdMoveUp", 3, "Desk Chair Lamp", true, 2},
-                                                     {"cmdMoveDown", 2, "Desk Chair Lamp", true, 3},
-                                                     {"cmdMoveDown", 3, "Desk Lamp Chair", false, 3}}) {
+    using Answer = ui::MessageResult;
+    const char* const kSure = "Are you sure you want to delete the selected product?";
+    for (const Row& row : std::initializer_list<Row>{
+             {"cmdDelete", 0, Answer::ok, "Please select a product first", "Desk Lamp Chair", "$1,965.43", false, 0},
+             {"cmdDelete", 2, Answer::no, kSure, "Desk Lamp Chair", "$1,965.43", false, 2},
+             {"cmdDelete", 1, Answer::yes, kSure, "Lamp Chair", "$987.43", true, 1},
+             {"cmdDelete", 3, Answer::yes, kSure, "Desk Lamp", "$1,090.43", true, 2},
+             {"cmdMoveUp", 0, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 0},
+             {"cmdMoveUp", 1, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 1},
+             {"cmdMoveUp", 3, {}, nullptr, "Desk Chair Lamp", "$1,965.43", true, 2},
+             {"cmdMoveDown", 2, {}, nullptr, "Desk Chair Lamp", "$1,965.43", true, 3},
+             {"cmdMoveDown", 3, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 3}}) {
+        SCOPED_TRACE(row.button + std::to_string(row.currentRow));
         makeView();
-        view->Show(threeProducts());
+        view->Show(kThreeProducts);
         if (row.currentRow > 0) {
             view->flexGrid().chooseRow(row.currentRow);
         }
+        if (row.answer) {
+            platform.messageBox().answer(*row.answer);
+        }
         button(row.button).click();
-        EXPECT_EQ(names(), row.names) << row.button << ' ' << row.currentRow;
-        EXPECT_EQ(view->Dirty(), row.dirty) << row.button << ' ' << row.currentRow;
-        EXPECT_EQ(view->flexGrid().currentRow(), row.rowAfter) << row.button << ' ' << row.currentRow;
-        EXPECT_EQ(view->txtTotal().text(), "$1,965.43") << row.button << ' ' << row.currentRow;
+        if (row.question) {
+            EXPECT_EQ(platform.messageBox().shown().back().text, row.question);
+            EXPECT_EQ(platform.messageBox().shown().back().title, "Orvan");
+        }
+        EXPECT_EQ(names(), row.names);
+        EXPECT_EQ(view->txtTotal().text(), row.total);
+        EXPECT_EQ(view->Dirty(), row.dirty);
+        EXPECT_EQ(view->flexGrid().currentRow(), row.rowAfter);
+        view->Show(kThreeProducts);
+        EXPECT_EQ(view->Dirty(), row.dirty) << "outlives another list";
     }
-}
-
-TEST_F(ProductViewCommandsTest, DirtyOutlivesAnotherList)
-{
-    makeView();
-    view->Show(threeProducts());
-    view->flexGrid().chooseRow(1);
-    button("cmdMoveDown").click();
-    view->Show(threeProducts());
-    EXPECT_TRUE(view->Dirty());
 }
 
 TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
@@ -102,7 +64,7 @@ TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
                                                      {"cmdDelete", 2, 3}}) {  // the refresh
         makeView();
         view->site() = headless::HeadlessSite("TestForm", 77);
-        view->Show(threeProducts());
+        view->Show(kThreeProducts);
         view->flexGrid().chooseRow(2);
         if (std::string(row.button) == "cmdDelete") {
             platform.messageBox().answer(ui::MessageResult::yes);

@@ -12,22 +12,14 @@ constexpr const char* kDefaultColumns = "Number Name Qty ExtPrice [Key] [PartNum
 /// A settings store that cannot be read or written.
 class BrokenStore final : public ui::SettingsStore {
 public:
-    std::string get(std::string_view, std::string_view, std::string_view) override
-    {
-        throw RuntimeError(ErrorNumber::pathFileAccess);
-    }
-    void set(std::string_view, std::string_view, std::string_view, std::string_view) override
-    {
-        throw RuntimeError(ErrorNumber::pathFileAccess);
-    }
+    std::string get(std::string_view, std::string_view, std::string_view) override { throw RuntimeError(75); }
+    void set(std::string_view, std::string_view, std::string_view, std::string_view) override { throw RuntimeError(75); }
 };
 
 TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
 {
     struct Row {
-        const char* stored;
-        const char* columns;
-        const char* widths;
+        const char *stored, *columns, *widths;
         std::vector<std::int32_t> errors; ///< As recorded, innermost first.
     };
     const char* const kDefaults = "250 960 700 700 700 700 700 700 700";
@@ -56,63 +48,68 @@ TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
         {" 4 ~1~300", kDefaultColumns, "300 960 960 960 960 960 960 960 960", {}},
     };
     for (const Row& expected : rows) {
-        const std::size_t before = trace->errors().size();
+        SCOPED_TRACE(expected.stored);
+        const auto before = static_cast<std::ptrdiff_t>(trace->errors().size());
         for (const std::int32_t error : expected.errors) {
             trace->declareError(error);
         }
         storePrefs(expected.stored);
         makeView();
-        EXPECT_EQ(columns(), expected.columns) << expected.stored;
-        EXPECT_EQ(widths(), expected.widths) << expected.stored;
-        std::vector<std::int32_t> errors;
-        for (std::size_t i = before; i < trace->errors().size(); ++i) {
-            errors.push_back(trace->errors()[i].number());
-        }
-        EXPECT_EQ(errors, expected.errors) << expected.stored;
+        EXPECT_EQ(columns(), expected.columns);
+        EXPECT_EQ(widths(), expected.widths);
+        EXPECT_TRUE(std::equal(trace->errors().begin() + before, trace->errors().end(), expected.errors.begin(),
+                               expected.errors.end(), [](const auto& a, auto b) { return a.number() == b; }))
+            << testing::PrintToString(expected.errors);
         EXPECT_EQ(storedPrefs(), expected.stored) << "reading writes nothing";
     }
 }
 
 /// The two chosen columns stand at positions 2 and 3, whichever they are and in either order.
-TEST_F(ProductViewPrefsTest, EveryPairOfFieldsFindsItsPlaces)
+TEST_F(ProductViewPrefsTest, EveryPairOfFieldsFindsItsPlacesAndFormats)
 {
-    const char* const keys[] = {"PartNum", "ExtPrice", "DiscPrcnt", "UnitPrice", "Qty", "Note"};
-    for (int one = 0; one < 6; ++one) {
-        for (int two = 0; two < 6; ++two) {
-            if (one == two) {
+    struct Field {
+        const char *key, *header, *cell;
+        ui::GridType type;
+    };
+    const Field fields[] = {{"PartNum", "Part#", "P~1", ui::GridType::string},
+                            {"ExtPrice", "Ext Price", "-$5.00", ui::GridType::currency},
+                            {"DiscPrcnt", "Disc%", "12.5", ui::GridType::float64},
+                            {"UnitPrice", "Unit Price", "$1,234.50", ui::GridType::currency},
+                            {"Qty", "Qty", "2.25", ui::GridType::float64},
+                            {"Note", "Note", "x:y", ui::GridType::string}};
+    for (const Field& one : fields) {
+        for (const Field& two : fields) {
+            if (&one == &two) {
                 continue;
             }
-            storePrefs(std::to_string(one) + "~" + std::to_string(two) + "~");
+            storePrefs(std::to_string(&one - fields) + "~" + std::to_string(&two - fields) + "~");
+            SCOPED_TRACE(storedPrefs());
             makeView();
-            std::string expected = "Number Name ";
-            expected.append(keys[one]).append(" ").append(keys[two]).append(" [");
-            EXPECT_EQ(columns().substr(0, expected.size()), expected) << one << '~' << two;
-            EXPECT_EQ(view->flexGrid().visibleTexts(0).size(), 4U) << one << '~' << two;
+            view->Show("1~n::P\\~1:1234.5:2.25:12.5:-5:x\\:y~");
+            const std::string expected = std::string("Number Name ") + one.key + ' ' + two.key + " [";
+            EXPECT_EQ(columns().substr(0, expected.size()), expected);
+            EXPECT_EQ(row(0), std::string("# | Product | ") + one.header + " | " + two.header);
+            EXPECT_EQ(row(1), std::string("1 | n | ") + one.cell + " | " + two.cell);
+            EXPECT_EQ(view->flexGrid().columnType(2), one.type);
+            EXPECT_EQ(view->flexGrid().columnType(3), two.type);
         }
     }
 }
 
-TEST_F(ProductViewPrefsTest, AResizeIsKeptForItsHostForm)
+TEST_F(ProductViewPrefsTest, AResizeIsKeptForItsHostFormAndSeedsOnlyWhatIsNotStored)
 {
-    makeView("FormA");
-    view->flexGrid().dragColumn(1, 2345);
+    const auto widthsOf = [&](const char* host) { return makeView(host), widths(); };
+    makeView("FormA").flexGrid().dragColumn(1, 2345);
     EXPECT_EQ(storedPrefs("FormA"), "4~1~250^2345^700^700^700^700^700^700^700");
-    makeView("FormB");
-    EXPECT_EQ(widths(), "250 960 700 700 700 700 700 700 700");
+    EXPECT_EQ(widthsOf("FormB"), "250 960 700 700 700 700 700 700 700");
     view->flexGrid().dragColumn(3, 1);
-    makeView("FormA");
-    EXPECT_EQ(widths(), "250 2345 700 700 700 700 700 700 700");
-    makeView("FormB");
-    EXPECT_EQ(widths(), "250 960 700 1 700 700 700 700 700");
-}
-
-TEST_F(ProductViewPrefsTest, AHostSeedsOnlyWhereNothingIsStored)
-{
-    seedProductViewPrefs(platform.settings(), "TestForm", "3~5~300");
-    makeView();
-    EXPECT_EQ(columns().substr(0, 26), "Number Name UnitPrice Note");
-    seedProductViewPrefs(platform.settings(), "TestForm", "4~1~999");
-    EXPECT_EQ(storedPrefs(), "3~5~300");
+    EXPECT_EQ(widthsOf("FormA"), "250 2345 700 700 700 700 700 700 700");
+    EXPECT_EQ(widthsOf("FormB"), "250 960 700 1 700 700 700 700 700");
+    for (const char* host : {"FormA", "FormC"}) {
+        seedProductViewPrefs(platform.settings(), host, "3~5~300");
+    }
+    EXPECT_EQ(storedPrefs("FormA"), "4~1~250^2345^700^700^700^700^700^700^700");
+    EXPECT_EQ(storedPrefs("FormC"), "3~5~300");
 }
 
 TEST_F(ProductViewPrefsTest, ABrokenStoreCostsOnlyThePreferences)
@@ -130,7 +127,7 @@ TEST_F(ProductViewPrefsTest, ABrokenStoreCostsOnlyThePreferences)
         BrokenStore store_;
     };
     Platform broken(platform);
-    trace->declareError(ErrorNumber::pathFileAccess, 2);
+    trace->declareError(75, 2);
     HeadlessProductView other(broken);
     EXPECT_EQ(other.flexGrid().columnWidth(8), 700);
     other.flexGrid().dragColumn(1, 2000);
