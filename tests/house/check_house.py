@@ -56,7 +56,8 @@ def check_document(name: str, sources: list[str]) -> list[str]:
                 for block in re.findall(r"^```cpp\n(#include.*?)^```", text, re.M | re.S)
                 if not any(block in source for source in sources)]
     for span in re.findall(r"`([^`\n]+)`", re.sub(r"^```.*?^```", "", text, flags=re.M | re.S)):
-        if re.fullmatch(r"(\./)?[\w.-]+(/[\w.-]*)*", span) and ("/" in span or re.search(r"\.(md|json|h|cpp|py|sh)$", span)):
+        looks_like_a_path = "/" in span or re.search(r"\.(md|json|h|cpp|py|sh)$", span)
+        if looks_like_a_path and re.fullmatch(r"(\./)?[\w.-]+(/[\w.-]*)*", span):
             if not span.startswith("build/") and not list(ROOT.glob(span.removeprefix("./").rstrip("/"))):
                 findings.append(f"{name}: `{span}` does not exist")
         elif re.fullmatch(r"(Prv\w+|[a-z]+\w+_[A-Z]\w+|[A-Z]\w+::\w+)(\(\))?", span):
@@ -70,7 +71,9 @@ def main() -> int:
     paths = [path for pattern in ("*.h", "*.cpp") for path in sorted(ROOT.rglob(pattern))]
     sources = {str(path.relative_to(ROOT)): path.read_text() for path in paths
                if path.relative_to(ROOT).parts[0] != "build"}
-    findings = [finding for path, text in sources.items() for finding in check_includes(path, text) + check_size(path, text)]
+    findings = []
+    for path, text in sources.items():
+        findings += check_includes(path, text) + check_size(path, text)
     for name in DOCUMENTS:
         findings += check_document(name, list(sources.values()))
     print("\n".join(findings) or f"{len(sources)} source files in order")
