@@ -1,8 +1,9 @@
 #include "Theme.h"
 
+#include "DeskStyle.h"
+
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
 
 namespace orvan::desk {
 
@@ -63,9 +64,8 @@ QString themeName(Theme theme)
 
 void applyTheme(Theme theme)
 {
-    // One style everywhere: the desktop's own may not follow a palette.
     static const QPalette systemPalette = [] {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        QApplication::setStyle(new DeskStyle);
         return QApplication::palette();
     }();
     const bool systemIsDark = systemPalette.window().color().lightness() < 128;

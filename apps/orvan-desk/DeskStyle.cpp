@@ -1,0 +1,70 @@
+#include "DeskStyle.h"
+
+#include <QIconEngine>
+#include <QPainter>
+
+namespace orvan::desk {
+
+namespace {
+
+/// A sign on a disc, drawn anew in each size it is asked for.
+class MessagePicture final : public QIconEngine {
+public:
+    MessagePicture(QChar sign, QColor colour) : sign_(sign), colour_(colour) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(colour_);
+        painter->drawEllipse(rect.adjusted(1, 1, -1, -1));
+        QFont font = painter->font();
+        font.setBold(true);
+        font.setPixelSize(rect.height() * 3 / 5);
+        painter->setFont(font);
+        painter->setPen(Qt::white);
+        painter->drawText(rect, Qt::AlignCenter, sign_);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+
+    QIconEngine* clone() const override { return new MessagePicture(*this); }
+
+private:
+    QChar sign_;
+    QColor colour_;
+};
+
+} // namespace
+
+DeskStyle::DeskStyle() : QProxyStyle(QStringLiteral("Fusion"))
+{
+}
+
+int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* result) const
+{
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+}
+
+QIcon DeskStyle::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (picture) {
+    case SP_MessageBoxInformation: return QIcon(new MessagePicture(u'i', QColor(0x2f, 0x6f, 0xde)));
+    case SP_MessageBoxQuestion: return QIcon(new MessagePicture(u'?', QColor(0x2f, 0x6f, 0xde)));
+    case SP_MessageBoxWarning: return QIcon(new MessagePicture(u'!', QColor(0xd9, 0x82, 0x1b)));
+    case SP_MessageBoxCritical: return QIcon(new MessagePicture(u'\u00d7', QColor(0xc9, 0x3c, 0x37)));
+    default: return QProxyStyle::standardIcon(picture, option, widget);
+    }
+}
+
+} // namespace orvan::desk

@@ -1,0 +1,20 @@
+// The desk's style: the same on every desktop, with plain buttons and message pictures of its own.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace orvan::desk {
+
+class DeskStyle final : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    /// On Qt's own style, which follows the palette; a desktop's style may not.
+    DeskStyle();
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
+};
+
+} // namespace orvan::desk
