@@ -56,7 +56,7 @@ struct TraceLogOptions {
     std::size_t maxFiles = 3;                  ///< Rotated files that are kept beside the current one.
     /// Told once when the file cannot be written (any more); the trace goes on without it. Called in
     /// the tracing thread. Empty: one line on the standard error stream.
-    std::function<void(std::string_view)> report;
+    std::function<void(std::string_view)> report = {};
 };
 
 /// What a component factory calls to create a trace object. The message box must outlive the last

@@ -40,7 +40,7 @@ struct ProductRules {
 
 struct ProductMgrOptions {
     std::int32_t maxDataSize = 1024 * 1024; ///< Largest products string that is handed out, in bytes.
-    ProductRules rules;
+    ProductRules rules = {};
 };
 
 /// What a component factory calls to create a manager; each call makes a new one with an empty list.

@@ -6,6 +6,19 @@ namespace orvan {
 
 thread_local std::shared_ptr<Trace> gobjTrace;
 
+namespace {
+
+/// Outlives every destructor of the thread, because it has none.
+thread_local bool threadEnded = false;
+
+/// Declared after gobjTrace, so that it goes first.
+struct EndMark {
+    ~EndMark() { threadEnded = true; }
+};
+thread_local EndMark endMark;
+
+} // namespace
+
 void Main(ui::Platform& platform)
 {
     try {
@@ -27,6 +40,7 @@ void enterLibrary(ui::Platform& platform)
 {
     thread_local bool entered = false;
     if (!entered) {
+        static_cast<void>(endMark); // made here, it is there to go
         entered = true; // before Main: a failed start is not tried again in this thread
         Main(platform);
     }
@@ -34,7 +48,7 @@ void enterLibrary(ui::Platform& platform)
 
 Trace& traceObject()
 {
-    if (!gobjTrace) {
+    if (threadEnded || !gobjTrace) {
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
     return *gobjTrace;

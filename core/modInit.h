@@ -63,7 +63,8 @@ void Main(ui::Platform& platform);
 /// it. Every public object of the library calls it before anything else.
 void enterLibrary(ui::Platform& platform);
 
-/// gobjTrace, or error 91 when there is none.
+/// gobjTrace, or error 91 when there is none (any more: objects that outlive their thread's end, such
+/// as a program's statics, find none).
 Trace& traceObject();
 
 /// Raises one of the library's own errors; sLabel is the raising procedure's.

@@ -10,26 +10,33 @@ namespace orvan {
 
 namespace {
 
-thread_local ui::MessageBox* threadMessageBox = nullptr;
+/// Without a destructor, so that a static host can still leave the list when its thread has ended.
+thread_local ThreadMessages* newest = nullptr;
 
 class ThreadMessageBox final : public ui::MessageBox {
 public:
-    ui::MessageResult show(const ui::Message& message) override
-    {
-        return threadMessageBox ? threadMessageBox->show(message) : ui::MessageResult::ok;
-    }
+    ui::MessageResult show(const ui::Message& message) override { return ThreadMessages::show(message); }
 };
 
 } // namespace
 
-ThreadMessages::ThreadMessages(ui::MessageBox& messageBox) : previous_(threadMessageBox)
+ThreadMessages::ThreadMessages(ui::MessageBox& messageBox) : messageBox_(messageBox), older_(newest)
 {
-    threadMessageBox = &messageBox;
+    newest = this;
 }
 
 ThreadMessages::~ThreadMessages()
 {
-    threadMessageBox = previous_;
+    ThreadMessages** link = &newest;
+    while (*link != this) {
+        link = &(*link)->older_;
+    }
+    *link = older_;
+}
+
+ui::MessageResult ThreadMessages::show(const ui::Message& message)
+{
+    return newest ? newest->messageBox_.show(message) : ui::MessageResult::ok;
 }
 
 void registerDefaultComponents(ComponentRegistry& registry, const DefaultComponentOptions& options)

@@ -14,7 +14,7 @@
 namespace orvan {
 
 struct HostOptions {
-    DefaultComponentOptions components;
+    DefaultComponentOptions components = {};
     icu::LocaleNames locale = icu::localeNamesFromEnvironment();
 };
 

@@ -32,7 +32,9 @@ class ProductViewWidget : public QWidget {
 public:
     /// On the application's own host (hosting/QtHost.h).
     explicit ProductViewWidget(QWidget* parent = nullptr);
-    /// On a platform of the host's, which must outlive the widget.
+    /// On a platform of the host's, which must outlive the widget. Errors of the user's commands are
+    /// shown by the trace component; the library's own shows them where a ThreadMessages or a Host
+    /// (hosting/DefaultComponents.h, hosting/Host.h) of the thread says.
     explicit ProductViewWidget(qt::QtPlatform& platform, QWidget* parent = nullptr);
     ~ProductViewWidget() override;
 

@@ -120,7 +120,7 @@ void Grid::setColumnKey(std::int32_t column, std::string_view key)
 
 std::int32_t Grid::columnIndex(std::string_view key) const
 {
-    for (std::int32_t column = 0; column < columnCount(); ++column) {
+    for (std::int32_t column = 0; column < columnCount() && !key.empty(); ++column) {
         if (at(column).key == key) {
             return column;
         }

@@ -50,7 +50,7 @@ public:
 
     const std::string& columnKey(std::int32_t column) const { return at(column).key; }
     void setColumnKey(std::int32_t column, std::string_view key);
-    /// -1 when no column has the key.
+    /// -1 when no column has the key; an empty key is no key.
     std::int32_t columnIndex(std::string_view key) const;
     /// Columns between move by one to make room.
     void moveColumn(std::int32_t column, std::int32_t to);

@@ -12,8 +12,8 @@ enum class MessageIcon { critical, question, exclamation, information };
 enum class MessageResult : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
 
 struct Message {
-    std::string text;  ///< UTF-8, plain: nothing in it is markup.
-    std::string title;
+    std::string text = {}; ///< UTF-8, plain: nothing in it is markup.
+    std::string title = {};
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::information;
     std::int32_t ownerWindow = 0; ///< As ContainerSite::parentWindow gives it; 0: no owner.

@@ -13,14 +13,13 @@
 namespace orvan {
 
 ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::ContainerSite& site)
-    : platform_(platform), surface_(surface), site_(site), flexGrid_(surface.control<ui::Grid>("flexGrid")),
+    : platform_((enterLibrary(platform), platform)), surface_(surface), site_(site), flexGrid_(surface.control<ui::Grid>("flexGrid")),
       fraBottomLeft_(surface.control<ui::Frame>("fraBottomLeft")),
       fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")),
       txtTotal_(surface.control<ui::TextBox>("txtTotal")), cmdNew_(surface.control<ui::Button>("cmdNew")),
       cmdDelete_(surface.control<ui::Button>("cmdDelete")), cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")),
       cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown"))
 {
-    enterLibrary(platform_);
     UserControl_Initialize();
     surface_.onResize = [this] { UserControl_Resize(); };
     flexGrid_.onAfterUserResize = [this] { flexGrid_AfterUserResize(); };
@@ -28,6 +27,7 @@ ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::Conta
     cmdDelete_.onClick = [this] { cmdDelete_Click(); };
     cmdMoveUp_.onClick = [this] { cmdMoveUp_Click(); };
     cmdMoveDown_.onClick = [this] { cmdMoveDown_Click(); };
+    UserControl_Resize(); // the surface may have had its size before
 }
 
 ProductView::~ProductView()

@@ -93,6 +93,8 @@ private:
     void PrvRefreshView(bool bUpdateTotal);
     void fillRow(std::int32_t lRow, std::int32_t lIndex, const ProductRecord& record);
 
+    /// Owner of the view's message boxes; none when the container cannot tell.
+    std::int32_t messageOwner() const;
     void cmdDelete_Click();
     void cmdMoveUp_Click();
     void cmdMoveDown_Click();
@@ -105,7 +107,7 @@ private:
     void applyDefaultPrefs();
     void PrvSaveViewPrefs(const std::string& sHostType);
 
-    ui::Platform& platform_;
+    ui::Platform& platform_; ///< First, because setting it enters the library.
     ui::Surface& surface_;
     ui::ContainerSite& site_;
     ui::Grid& flexGrid_;
@@ -117,6 +119,8 @@ private:
     ui::Button& cmdMoveUp_;
     ui::Button& cmdMoveDown_;
 
+    /// Gone with the view: a host may destroy it while one of its message boxes waits for the user.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::shared_ptr<ProductMgr> productMgr_; ///< Never null once initialised.
     bool dirty_ = false;
     bool dirtyLock_ = false; ///< No procedure sets it: kept for a host that must freeze the flag.

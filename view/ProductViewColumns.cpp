@@ -133,6 +133,9 @@ void ProductView::PrvSetColumnHeaders()
 
 void ProductView::PrvSetColumnFormat(std::int32_t lCol, ViewFieldEnum eField)
 {
+    if (lCol < 0) {
+        return; // a lost column has no format; who looks for its index reports it
+    }
     const FieldRow* field = fieldRow(eField);
     flexGrid_.setColumnType(lCol, field ? field->type : GridType::none);
     flexGrid_.setColumnFormat(lCol, field ? field->format : "");

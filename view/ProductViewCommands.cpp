@@ -17,6 +17,15 @@ constexpr const char* kMessageTitle = "Orvan";
 
 } // namespace
 
+std::int32_t ProductView::messageOwner() const
+{
+    try {
+        return site_.parentWindow();
+    } catch (...) {
+        return 0; // a question without an owner is better than none
+    }
+}
+
 void ProductView::cmdDelete_Click()
 {
     traceShowToUser("KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); },
@@ -32,16 +41,17 @@ void ProductView::PrvDeleteProduct()
                                          .title = kMessageTitle,
                                          .buttons = ui::MessageButtons::ok,
                                          .icon = ui::MessageIcon::information,
-                                         .ownerWindow = site_.parentWindow()});
+                                         .ownerWindow = messageOwner()});
             return;
         }
+        const std::weak_ptr<const bool> alive = alive_;
         const auto answer =
             platform_.messageBox().show({.text = "Are you sure you want to delete the selected product?",
                                          .title = kMessageTitle,
                                          .buttons = ui::MessageButtons::yesNo,
                                          .icon = ui::MessageIcon::question,
-                                         .ownerWindow = site_.parentWindow()});
-        if (answer == ui::MessageResult::yes) {
+                                         .ownerWindow = messageOwner()});
+        if (answer == ui::MessageResult::yes && !alive.expired()) {
             productMgr().DeleteProduct(lRow);
             PrvSetDirty(true);
             PrvRefreshView(true);

@@ -36,12 +36,13 @@ constexpr std::string_view kThemeKey = "Theme";
 /// made for a narrow place.
 constexpr std::string_view kFirstPreferences = "4~1~480^7500^1200^1755^1200^1800^1200^1800^3600";
 
-/// A list that a product manager cannot read must not reach the list view: showing it would lose
-/// the list that is shown.
+/// A list that a product manager cannot read, or could not give back, must not reach the list view:
+/// showing it would lose the list that is shown.
 void checkProducts(const std::string& products)
 {
-    ui::createComponent<ProductMgr>(qtHost().components(), kProductMgrClassName)
-        ->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
+    const auto manager = ui::createComponent<ProductMgr>(qtHost().components(), kProductMgrClassName);
+    manager->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
+    manager->GetProductsString(kRecordSeparator, kFieldSeparator);
 }
 
 constexpr int kFieldHeight = 28; // pixels
@@ -123,6 +124,7 @@ QWidget* MainWindow::makeFields()
     number_ = new QLineEdit;
     date_ = new QDateEdit;
     date_->setCalendarPopup(true);
+    date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // all that a file can hold
     const std::pair<QWidget*, QString> columns[] = {
         {customer_, tr("&Customer")}, {number_, tr("Quote &number")}, {date_, tr("&Date")}};
     int at = 0;
@@ -267,9 +269,10 @@ bool MainWindow::save()
 
 bool MainWindow::saveAs()
 {
-    const QString suggestion =
-        path_.isEmpty() ? (number_->text().isEmpty() ? tr("Quote") : number_->text()) + ".quote.json" : path_;
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save Quote"), suggestion, kFilter);
+    QString name = number_->text().isEmpty() ? tr("Quote") : number_->text();
+    name.replace(u'/', u'-'); // a number may hold what a file name may not
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save Quote"), path_.isEmpty() ? name + QStringLiteral(".quote.json") : path_, kFilter);
     return !path.isEmpty() && saveTo(path);
 }
 
@@ -331,6 +334,10 @@ void MainWindow::updateTitle()
 
 void MainWindow::tell(const QString& what, const QString& why)
 {
+    if (onProblem) {
+        onProblem(what + u' ' + why);
+        return;
+    }
     QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText); // a file's name or content is nobody's markup
     box.exec();

@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 class QAction;
 class QDateEdit;
 class QLineEdit;
@@ -29,6 +31,9 @@ public:
     bool openSample(const QString& name);
 
     void useTheme(Theme theme);
+
+    /// Takes what would be told in a message box, where nobody is there to answer one.
+    std::function<void(const QString& problem)> onProblem;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -52,13 +52,18 @@ int main(int argc, char** argv)
         if (parser.isSet(theme)) {
             window.useTheme(orvan::desk::themeNamed(parser.value(theme)));
         }
-        window.show();
-        if (!parser.positionalArguments().isEmpty()) {
-            window.open(parser.positionalArguments().constFirst());
-        } else if (parser.isSet(sample)) {
-            window.openSample(parser.value(sample));
+        if (parser.isSet(render)) {
+            window.onProblem = [](const QString& problem) { QTextStream(stderr) << problem << '\n'; };
         }
-        return parser.isSet(render) ? renderTo(window, parser.value(render)) : QApplication::exec();
+        window.show();
+        const QStringList files = parser.positionalArguments();
+        const bool opened = !files.isEmpty()       ? window.open(files.constFirst())
+                            : parser.isSet(sample) ? window.openSample(parser.value(sample))
+                                                   : true;
+        if (!parser.isSet(render)) {
+            return QApplication::exec();
+        }
+        return opened ? renderTo(window, parser.value(render)) : 1;
     } catch (const orvan::RuntimeError& error) {
         QTextStream(stderr) << "orvan-desk cannot start: error " << error.number() << ", "
                             << QString::fromUtf8(error.what()) << '\n';

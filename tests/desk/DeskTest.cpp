@@ -140,6 +140,13 @@ TEST_F(DeskTest, ADamagedFileLeavesTheOpenQuoteAlone)
     EXPECT_FALSE(window.open(path));
     EXPECT_THAT(asked, HasSubstr("a.quote.json"));
     EXPECT_THAT(asked, HasSubstr("Its products cannot be read."));
+
+    std::string problem;
+    window.onProblem = [&](const QString& text) { problem = text.toStdString(); };
+    const QByteArray tooLarge = "\"products\": \"1~" + QByteArray(1024 * 1024, 'x') + ":::0:0:0:0:~\"";
+    const QByteArray file = with("\"products\": \"\"", tooLarge.constData());
+    EXPECT_FALSE(window.open(write(file, QStringLiteral("large.quote.json"))));
+    EXPECT_THAT(problem, HasSubstr("1048576"));
     EXPECT_EQ(window.findChild<ProductViewWidget*>()->Products(), products);
     EXPECT_EQ(window.windowTitle(), title);
 }

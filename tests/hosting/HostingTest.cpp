@@ -1,8 +1,10 @@
 #include "hosting/ComponentRegistry.h"
 
 #include "core/modInit.h"
+#include "hosting/DefaultComponents.h"
 #include "hosting/Version.h"
 #include "tests/support/Raised.h"
+#include "ui/headless/HeadlessPlatform.h"
 
 #include <gmock/gmock.h>
 
@@ -197,6 +199,22 @@ TEST(ComponentRegistry, ThreadsCreateAtOnceWhileClassesComeAndGo)
     }
     EXPECT_EQ(wrong, 0);
     EXPECT_EQ(std::set(made.begin(), made.end()).size(), made.size()) << "two threads were given one object";
+}
+
+TEST(ThreadMessages, GoToTheNewestHostThatLives)
+{
+    headless::HeadlessMessageBox first, second;
+    auto older = std::make_unique<ThreadMessages>(first);
+    auto newer = std::make_unique<ThreadMessages>(second);
+    second.answer(ui::MessageResult::ok);
+    ThreadMessages::show({.text = "a"});
+    older.reset(); // not the last one made
+    second.answer(ui::MessageResult::ok);
+    ThreadMessages::show({.text = "b"});
+    newer.reset();
+    ThreadMessages::show({.text = "nobody"});
+    EXPECT_EQ(first.shown().size(), 0U);
+    EXPECT_EQ(second.shown().size(), 2U);
 }
 
 TEST(Version, TextsHaveTheirPublishedForms)

@@ -270,6 +270,34 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
     }
 }
 
+/// What a static does that outlives its thread's trace object.
+struct LateUser {
+    std::int32_t* raised = nullptr;
+    ~LateUser()
+    {
+        try {
+            traceObject();
+        } catch (const RuntimeError& error) {
+            *raised = error.number();
+        }
+    }
+};
+
+TEST(Main, WhoOutlivesTheThreadFindsNoTrace)
+{
+    std::int32_t raised = 0;
+    inFreshThread([&] {
+        thread_local LateUser late;
+        late.raised = &raised; // made before the trace object, so it goes after it
+        OneClass factory([] { return std::make_shared<RecordingTrace>(); });
+        icu::IcuLocaleService locale{icu::LocaleNames{}};
+        headless::HeadlessPlatform platform(locale, factory);
+        enterLibrary(platform);
+        EXPECT_NO_THROW(traceObject());
+    });
+    EXPECT_EQ(raised, ErrorNumber::objectNotSet);
+}
+
 TEST(Main, GivesEachThreadATraceOfItsOwnOnce)
 {
     icu::IcuLocaleService locale{icu::LocaleNames{}};

@@ -50,6 +50,17 @@ TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
     }
 }
 
+TEST_F(ProductViewCommandsTest, AHostMayDestroyTheViewWhileItAsks)
+{
+    makeView();
+    view->Show(kThreeProducts);
+    view->flexGrid().chooseRow(2);
+    platform.messageBox().onWaiting = [this](const ui::Message&) { view.reset(); };
+    platform.messageBox().answer(ui::MessageResult::yes);
+    button("cmdDelete").click();
+    EXPECT_EQ(faults.managersAlive, 0);
+}
+
 TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
 {
     struct Row {

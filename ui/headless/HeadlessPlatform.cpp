@@ -22,6 +22,9 @@ bool offers(ui::MessageButtons buttons, ui::MessageResult result)
 ui::MessageResult HeadlessMessageBox::show(const ui::Message& message)
 {
     shown_.push_back(message);
+    if (onWaiting) {
+        onWaiting(message);
+    }
     if (answers_.empty() || !offers(message.buttons, answers_.front())) {
         ++unanswered_;
         throw RuntimeError(ErrorNumber::internalError, {}, "No answer to the message box \"" + message.text + "\"");

@@ -20,6 +20,9 @@ public:
     /// Answers the next message box that nobody has answered yet.
     void answer(ui::MessageResult result) { answers_.push_back(result); }
 
+    /// Runs while a message box waits for its answer: what else happens in the program meanwhile.
+    std::function<void(const ui::Message& message)> onWaiting;
+
     /// Raises 51 for a message box without an answer in the queue, or with one that its buttons do
     /// not offer; either way it counts as shown.
     ui::MessageResult show(const ui::Message& message) override;

@@ -127,9 +127,12 @@ QList<QByteArray> QtSettingsStore::readLines() const
     if (!file.open(QIODevice::ReadOnly)) {
         raise("read", file.errorString());
     }
-    const QByteArray text = file.readAll();
+    QByteArray text = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         raise("read", file.errorString());
+    }
+    if (text.startsWith("\xEF\xBB\xBF")) {
+        text.remove(0, 3); // an editor's byte order mark
     }
     QList<QByteArray> lines = text.split('\n');
     for (QByteArray& line : lines) {
