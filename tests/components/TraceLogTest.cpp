@@ -86,13 +86,7 @@ void work(const char* label)
 
 const std::string k9 = " error 9 No row 7 [list]";
 
-struct Shape {
-    const char* name;
-    std::function<void()> run;
-    Lines expected;
-};
-
-const Shape kShapes[] = {
+const Rows<const char*, std::function<void()>, Lines> kShapes = {
     {"a failing chain is recorded on the way up, then shown",
      [] { traceShowToUser("A", [] { tracePropagate("B", [] { failIn("C"); }); }, [] { return 77; }); },
      {" 0 enter A", " 1   enter B", " 2     enter C", " 2    " + k9, " 1  " + k9, " 0" + k9,
@@ -131,12 +125,12 @@ const Shape kShapes[] = {
 
 TEST_F(TraceLogTest, EveryShapeLeavesItsLinesAtTheirDepth)
 {
-    for (const Shape& shape : kShapes) {
-        options.file = directory / shape.name;
+    for (const auto& [name, run, expected] : kShapes) {
+        options.file = directory / name;
         gobjTrace = makeTrace();
-        shape.run();
+        run();
         gobjTrace.reset(); // closes the file
-        EXPECT_EQ(linesOf(options.file)[""], shape.expected) << shape.name;
+        EXPECT_EQ(linesOf(options.file)[""], expected) << name;
     }
 }
 
@@ -274,11 +268,10 @@ TEST_F(TraceLogTest, FileThatIsTakenAwayIsReportedOnce)
 TEST_F(TraceLogTest, FilesOfProcessesLongGoneAreRemoved)
 {
     const std::string living = "trace-" + std::to_string(::getppid()) + ".log";
-    const Rows<std::string, int, bool> rows = {{"trace-99999999.log", 8, false}, {"trace-99999999.2.log", 8, false},
-                        {"trace-99999998.log", 6, true},  {living, 8, true},
-                        {"trace-.log", 8, true},          {"trace-99999999.txt", 8, true},
-                        {"trace-99999999.x.log", 8, true}, {"trace-99999999..log", 8, true},
-                        {"trace--5.log", 8, true},        {"notes.log", 8, true}};
+    const Rows<std::string, int, bool> rows = {
+        {"trace-99999999.log", 8, false}, {"trace-99999999.2.log", 8, false}, {"trace-99999998.log", 6, true},
+        {living, 8, true}, {"trace-.log", 8, true}, {"trace-99999999.txt", 8, true}, {"trace--5.log", 8, true},
+        {"trace-99999999.x.log", 8, true}, {"trace-99999999..log", 8, true}, {"notes.log", 8, true}};
     for (const auto& [name, days, kept] : rows) {
         std::ofstream(directory / name) << "old";
         fs::last_write_time(directory / name, fs::file_time_type::clock::now() - std::chrono::hours(24 * days));

@@ -23,7 +23,7 @@ class DeskTest : public testing::Test {
 public:
     QString write(const QByteArray& bytes, const QString& name)
     {
-        const QString path = folder.filePath(name); // an absolute name stays
+        const QString path = QDir(folder.path()).filePath(name); // an absolute name stays
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);

@@ -44,10 +44,7 @@ struct IcuFormatter {
             territory.addLikelySubtags(status);
             char16_t code[4] = u"XXX";
             UErrorCode noCurrency = U_ZERO_ERROR;
-            ucurr_forLocale(territory.getName(), code, 4, &noCurrency);
-            if (U_FAILURE(noCurrency)) {
-                std::copy_n(u"XXX", 4, code);
-            }
+            ucurr_forLocale(territory.getName(), code, 4, &noCurrency); // writes nothing where there is none
             formatter = formatter.unit(::icu::CurrencyUnit(code, status))
                             .unitWidth(isoCode ? UNUM_UNIT_WIDTH_ISO_CODE : UNUM_UNIT_WIDTH_SHORT);
         }

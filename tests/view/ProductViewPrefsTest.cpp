@@ -46,7 +46,7 @@ TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
     };
     for (const auto& [stored, keys, itsWidths, errors] : rows) {
         SCOPED_TRACE(stored);
-        const auto before = static_cast<std::ptrdiff_t>(trace->errors().size());
+        const std::size_t before = trace->errors().size();
         for (const std::int32_t error : errors) {
             trace->declareError(error);
         }
@@ -54,9 +54,7 @@ TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
         makeView();
         EXPECT_EQ(columns(), keys);
         EXPECT_EQ(widths(), itsWidths);
-        EXPECT_TRUE(std::equal(trace->errors().begin() + before, trace->errors().end(), errors.begin(),
-                               errors.end(), [](const auto& a, auto b) { return a.number() == b; }))
-            << testing::PrintToString(errors);
+        EXPECT_EQ(trace->numbersSince(before), errors);
         EXPECT_EQ(storedPrefs(), stored) << "reading writes nothing";
     }
 }
