@@ -1,5 +1,6 @@
 #include "base/Currency.h"
 #include "tests/support/Raised.h"
+#include "tests/support/Rows.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,7 @@
 namespace orvan {
 namespace {
 
+using test::Rows;
 using test::textOrError;
 
 constexpr auto kMost = Currency::fromScaled(std::numeric_limits<std::int64_t>::max());
@@ -23,19 +25,17 @@ Currency amount(std::string_view text)
 
 TEST(Currency, TextIsReadExactlyWithTiesToEvenOrSaysWhichError)
 {
-    struct Row {
-        const char *text, *read;
-    };
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [text, read] : Rows<const char*, const char*>{
              {"0", "0"}, {"12", "12"}, {"-12.5", "-12.5"}, {"+.5", "0.5"}, {"7.", "7"}, {"-0", "0"},
              {"0.00005", "0"}, {"0.00015", "0.0002"}, {"0.000050001", "0.0001"}, {"-0.00015", "-0.0002"},
-             {"0.00025", "0.0002"}, {"0.99995", "1"}, {"000000000000000000000000000001", "1"}, {"-0.0500", "-0.05"},
-             {"922337203685477.5807", "922337203685477.5807"}, {"-922337203685477.5808", "-922337203685477.5808"},
-             {"", "error 13"}, {".", "error 13"}, {"-", "error 13"}, {"1.2.3", "error 13"}, {" 1", "error 13"},
-             {"1 ", "error 13"}, {"1e3", "error 13"}, {"0x1", "error 13"}, {"--1", "error 13"},
-             {"922337203685477.5808", "error 6"}, {"922337203685477.58075", "error 6"},
-             {"-922337203685477.5809", "error 6"}, {"99999999999999999999999999999999999999999999", "error 6"}}) {
-        EXPECT_EQ(textOrError([&] { return amount(row.text).toText(); }), row.read) << row.text;
+             {"0.00025", "0.0002"}, {"0.99995", "1"}, {"000000000000000000000000000001", "1"},
+             {"-0.0500", "-0.05"}, {"922337203685477.5807", "922337203685477.5807"},
+             {"-922337203685477.5808", "-922337203685477.5808"}, {"", "error 13"}, {".", "error 13"},
+             {"-", "error 13"}, {"1.2.3", "error 13"}, {" 1", "error 13"}, {"1 ", "error 13"}, {"1e3", "error 13"},
+             {"0x1", "error 13"}, {"--1", "error 13"}, {"922337203685477.5808", "error 6"},
+             {"922337203685477.58075", "error 6"}, {"-922337203685477.5809", "error 6"},
+             {"99999999999999999999999999999999999999999999", "error 6"}}) {
+        EXPECT_EQ(textOrError([&text = text] { return amount(text).toText(); }), read) << text;
     }
 }
 
@@ -52,42 +52,32 @@ TEST(Currency, TextsAndDoublesRoundTrip)
 
 TEST(Currency, ArithmeticIsExactRoundsOnceAndOverflowsAsErrorSix)
 {
-    struct Row {
-        std::function<Currency()> result;
-        const char* text;
-    };
-    const Row rows[] = {
-        {[] { return amount("0.1") + amount("0.2"); }, "0.3"},
-        {[] { return amount("19.99") * amount("3"); }, "59.97"},
-        {[] { return amount("0.0001") * amount("0.5"); }, "0"}, // ties go to the even last place
-        {[] { return amount("0.0003") * amount("0.5"); }, "0.0002"},
-        {[] { return amount("-0.0003") * amount("0.5"); }, "-0.0002"},
-        {[] { return amount("1") / amount("3"); }, "0.3333"},
-        {[] { return amount("-2") / amount("3"); }, "-0.6667"},
-        {[] { return kMost * amount("1"); }, "922337203685477.5807"},
-        {[] { return kLeast / amount("1"); }, "-922337203685477.5808"},
-        {[] { return kMost + amount("0.0001"); }, "error 6"},
-        {[] { return kLeast - amount("0.0001"); }, "error 6"},
-        {[] { return -kLeast; }, "error 6"},
-        {[] { return kMost * amount("1.0001"); }, "error 6"},
-        {[] { return kLeast * amount("-1"); }, "error 6"},
-        {[] { return kLeast / amount("-1"); }, "error 6"},
-        {[] { return kMost / amount("0.5"); }, "error 6"},
-        {[] { return Currency::fromInteger(922337203685478); }, "error 6"},
-        {[] { return amount("1") / Currency(); }, "error 11"},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(textOrError([&] { return row.result().toText(); }), row.text) << "row " << &row - rows;
+    for (const auto& [result, text] : Rows<std::function<Currency()>, const char*>{
+             {[] { return amount("0.1") + amount("0.2"); }, "0.3"},
+             {[] { return amount("19.99") * amount("3"); }, "59.97"},
+             {[] { return amount("0.0001") * amount("0.5"); }, "0"}, // ties go to the even last place
+             {[] { return amount("0.0003") * amount("0.5"); }, "0.0002"},
+             {[] { return amount("-0.0003") * amount("0.5"); }, "-0.0002"},
+             {[] { return amount("1") / amount("3"); }, "0.3333"},
+             {[] { return amount("-2") / amount("3"); }, "-0.6667"},
+             {[] { return kMost * amount("1"); }, "922337203685477.5807"},
+             {[] { return kLeast / amount("1"); }, "-922337203685477.5808"},
+             {[] { return kMost + amount("0.0001"); }, "error 6"},
+             {[] { return kLeast - amount("0.0001"); }, "error 6"},
+             {[] { return -kLeast; }, "error 6"},
+             {[] { return kMost * amount("1.0001"); }, "error 6"},
+             {[] { return kLeast * amount("-1"); }, "error 6"},
+             {[] { return kLeast / amount("-1"); }, "error 6"},
+             {[] { return kMost / amount("0.5"); }, "error 6"},
+             {[] { return Currency::fromInteger(922337203685478); }, "error 6"},
+             {[] { return amount("1") / Currency(); }, "error 11"}}) {
+        EXPECT_EQ(textOrError([&it = result] { return it().toText(); }), text);
     }
 }
 
 TEST(Currency, DoublesConvertToTheNearestAmount)
 {
-    struct Row {
-        double value;
-        const char* text;
-    };
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [value, text] : Rows<double, const char*>{
              {-0.0, "0"}, {53.973, "53.973"}, {0.00006, "0.0001"}, {-1.5, "-1.5"}, {std::ldexp(1.0, -1060), "0"},
              {1.0 / 32768, "0"},        // 0.305 ten-thousandths
              {0.00005, "0.0001"},       // the double is just above the tie
@@ -96,7 +86,7 @@ TEST(Currency, DoublesConvertToTheNearestAmount)
              {0.09375, "0.0938"},
              {922337203685477.5, "922337203685477.5"}, {922337203685477.6875, "error 6"}, {1e300, "error 6"},
              {HUGE_VAL, "error 6"}, {std::nan(""), "error 6"}}) {
-        EXPECT_EQ(textOrError([&] { return Currency::fromDouble(row.value).toText(); }), row.text) << row.value;
+        EXPECT_EQ(textOrError([&value = value] { return Currency::fromDouble(value).toText(); }), text) << value;
     }
 }
 

@@ -6,13 +6,15 @@
 #include "ui/Platform.h"
 #include "ui/Surface.h"
 
+#include "tests/support/Raised.h"
+#include "tests/support/Rows.h"
+
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 namespace orvan::contract {
+
+using test::errorOf;
+using test::Rows;
 
 /// A grid of five columns, a frame with a button in it, a label and the text box it names.
 extern const ui::FormDesign kDesign;
@@ -31,10 +33,7 @@ public:
 
 class NoComponents final : public ui::ComponentFactory {
 public:
-    std::shared_ptr<ui::Component> create(std::string_view className) override
-    {
-        throw RuntimeError(ErrorNumber::cannotCreateComponent, {}, std::string(className));
-    }
+    std::shared_ptr<ui::Component> create(std::string_view) override { throw RuntimeError(429); }
 };
 
 class Driver {
@@ -72,17 +71,5 @@ protected:
     std::vector<std::int32_t> unhandled;
     std::vector<std::int32_t> expectedUnhandled;
 };
-
-/// The number of the error that `act` raises, 0 for none.
-template <class Act>
-std::int32_t errorOf(Act&& act)
-{
-    try {
-        act();
-        return 0;
-    } catch (...) {
-        return currentError().number();
-    }
-}
 
 } // namespace orvan::contract

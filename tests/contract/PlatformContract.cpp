@@ -48,25 +48,15 @@ TEST_P(PlatformContract, LengthsReadBackAsSet)
 {
     auto& box = surface->control<ui::TextBox>("box");
     EXPECT_EQ(surface->control<ui::Control>("frame").left(), 7) << "as designed";
-    struct Row {
-        float left, top, width, height;
-        std::int32_t error;
-    };
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-    for (const Row& row : std::initializer_list<Row>{{7, 1, 22, 250, 0},
-                                                     {-7.5F, -30, 0, 0.3F, 0},
-                                                     {1e9F, -1e9F, 3e9F, 1e30F, 0},
-                                                     {0, 0, -1, 5, 380},
-                                                     {0, 0, 5, -0.1F, 380},
-                                                     {kNan, 0, 5, 5, 6},
-                                                     {0, 0, 5, HUGE_VALF, 6}}) {
-        const Row before{box.left(), box.top(), box.width(), box.height(), 0};
-        EXPECT_EQ(errorOf([&] { box.move(row.left, row.top, row.width, row.height); }), row.error) << row.width;
-        const Row& now = row.error == 0 ? row : before;
-        EXPECT_EQ(box.left(), now.left);
-        EXPECT_EQ(box.top(), now.top);
-        EXPECT_EQ(box.width(), now.width);
-        EXPECT_EQ(box.height(), now.height);
+    for (const auto& [left, top, width, height, error] : Rows<float, float, float, float, std::int32_t>{
+             {7, 1, 22, 250, 0}, {-7.5F, -30, 0, 0.3F, 0}, {1e9F, -1e9F, 3e9F, 1e30F, 0}, {0, 0, -1, 5, 380},
+             {0, 0, 5, -0.1F, 380}, {kNan, 0, 5, 5, 6}, {0, 0, 5, HUGE_VALF, 6}}) {
+        const std::vector before{box.left(), box.top(), box.width(), box.height()};
+        const std::vector after = error == 0 ? std::vector{left, top, width, height} : before;
+        const auto move = [&, &x = left, &y = top, &w = width, &h = height] { box.move(x, y, w, h); };
+        EXPECT_EQ(errorOf(move), error) << width;
+        EXPECT_EQ((std::vector{box.left(), box.top(), box.width(), box.height()}), after);
     }
 }
 
@@ -134,10 +124,6 @@ TEST_P(PlatformContract, AUsersDragWritesThatWidthAndReportsOnce)
 
 TEST_P(PlatformContract, EverythingOfAColumnMovesWithIt)
 {
-    struct Row {
-        std::int32_t column, to;
-        Texts shownAfter;
-    };
     grid().setRowCount(2);
     for (std::int32_t column = 0; column < 5; ++column) {
         grid().setColumnKey(column, "k" + std::to_string(column));
@@ -147,12 +133,11 @@ TEST_P(PlatformContract, EverythingOfAColumnMovesWithIt)
     }
     grid().setColumnHidden(2, true);
     grid().setColumnFormat(4, "0.0");
-    for (const Row& row : std::initializer_list<Row>{{4, 1, {"0", "4.0", "1", "3"}},
-                                                     {0, 4, {"4.0", "1", "3", "0"}},
-                                                     {2, 0, {"4.0", "1", "3", "0"}},
-                                                     {3, 3, {"4.0", "1", "3", "0"}}}) {
-        grid().moveColumn(row.column, row.to);
-        EXPECT_EQ(driver->shown(grid(), 1), row.shownAfter) << row.column << " to " << row.to;
+    for (const auto& [column, to, shownAfter] : Rows<std::int32_t, std::int32_t, Texts>{
+             {4, 1, {"0", "4.0", "1", "3"}}, {0, 4, {"4.0", "1", "3", "0"}}, {2, 0, {"4.0", "1", "3", "0"}},
+             {3, 3, {"4.0", "1", "3", "0"}}}) {
+        grid().moveColumn(column, to);
+        EXPECT_EQ(driver->shown(grid(), 1), shownAfter) << column << " to " << to;
     }
     EXPECT_EQ(driver->shown(grid(), 0), (Texts{"h4", "h1", "h3", "h0"}));
     EXPECT_TRUE(grid().columnHidden(grid().columnIndex("k2")));
@@ -163,22 +148,17 @@ TEST_P(PlatformContract, EverythingOfAColumnMovesWithIt)
 
 TEST_P(PlatformContract, AmountsAreShownByTheirFormat)
 {
-    struct Row {
-        std::int64_t scaled;
-        const char* format;
-        const char* shown;
-    };
     constexpr const char* kMoney = "$###,##0.00";
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
     grid().setRowCount(2);
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [scaled, format, shown] : Rows<std::int64_t, const char*, const char*>{
              {0, kMoney, "$0.00"}, {12'345'000, kMoney, "$1,234.50"}, {-50'000, kMoney, "-$5.00"},
              {50, kMoney, "$0.01"}, {-49, kMoney, "$0.00"}, {9'999'999'950, kMoney, "$1,000,000.00"},
              {kMost, kMoney, "$922,337,203,685,477.58"}, {-kMost - 1, kMoney, "-$922,337,203,685,477.58"},
              {25'000, "", "2.5"}, {12'340'000, "", "1234"}, {-1, "", "-0.0001"}}) {
-        grid().setColumnFormat(0, row.format);
-        grid().setValue(1, 0, Currency::fromScaled(row.scaled));
-        EXPECT_EQ(driver->shown(grid(), 1)[0], row.shown) << row.scaled << ' ' << row.format;
+        grid().setColumnFormat(0, format);
+        grid().setValue(1, 0, Currency::fromScaled(scaled));
+        EXPECT_EQ(driver->shown(grid(), 1)[0], shown) << scaled << ' ' << format;
     }
     driver->locale.thousands = "\xE2\x80\xAF";
     driver->locale.decimal = ",";
@@ -270,18 +250,15 @@ TEST_P(PlatformContract, SettingsHoldAnyTextUnderAnyName)
 
 TEST_P(PlatformContract, MessageBoxesReturnTheUsersAnswer)
 {
-    struct Row {
-        ui::MessageButtons buttons;
-        ui::MessageResult answer;
-    };
-    for (const Row& row : std::initializer_list<Row>{{ui::MessageButtons::ok, ui::MessageResult::ok},
-                                                     {ui::MessageButtons::yesNo, ui::MessageResult::yes},
-                                                     {ui::MessageButtons::yesNo, ui::MessageResult::no},
-                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::no},
-                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
-        driver->answer(row.answer);
-        const ui::Message message{.text = "<b>Sure?", .title = "Orvan", .buttons = row.buttons, .ownerWindow = 4711};
-        EXPECT_EQ(driver->platform().messageBox().show(message), row.answer) << "4711 is no window";
+    for (const auto& [buttons, answer] : Rows<ui::MessageButtons, ui::MessageResult>{
+             {ui::MessageButtons::ok, ui::MessageResult::ok},
+             {ui::MessageButtons::yesNo, ui::MessageResult::yes},
+             {ui::MessageButtons::yesNo, ui::MessageResult::no},
+             {ui::MessageButtons::yesNoCancel, ui::MessageResult::no},
+             {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
+        driver->answer(answer);
+        const ui::Message message{.text = "<b>Sure?", .title = "Orvan", .buttons = buttons, .ownerWindow = 4711};
+        EXPECT_EQ(driver->platform().messageBox().show(message), answer) << "4711 is no window";
     }
 }
 

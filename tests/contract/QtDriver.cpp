@@ -2,37 +2,13 @@
 
 #include "ui/qt/QtControls.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 namespace orvan::contract {
 namespace {
-
-/// Made before the first test and gone before the process ends its static objects.
-class Application final : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        }
-        application_ = std::make_unique<QApplication>(argc_, argv_);
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    int argc_ = 1;
-    char name_[9] = "contract";
-    char* argv_[2] = {name_, nullptr};
-    std::unique_ptr<QApplication> application_;
-};
-
-[[maybe_unused]] const testing::Environment* const kApplication =
-    testing::AddGlobalTestEnvironment(std::make_unique<Application>().release());
 
 QTableView& viewOf(ui::Grid& grid)
 {
@@ -111,17 +87,6 @@ void QtDriver::answer(ui::MessageResult result)
                             : result == ui::MessageResult::cancel ? QMessageBox::Cancel
                                                                   : QMessageBox::Ok;
         QTest::mouseClick(dynamic_cast<QMessageBox&>(window).button(button), Qt::LeftButton);
-    });
-}
-
-void whenModal(std::function<void(QWidget& window)> act)
-{
-    QTimer::singleShot(0, [act] {
-        if (QWidget* window = QApplication::activeModalWidget()) {
-            act(*window);
-        } else {
-            ADD_FAILURE() << "no modal window came";
-        }
     });
 }
 

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "ContractDriver.h"
+#include "tests/support/QtEnvironment.h"
 #include "ui/qt/QtPlatform.h"
 #include "ui/qt/QtSurface.h"
 
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QWidget>
 
 namespace orvan::contract {
+
+using test::whenModal;
 
 class QtDriver final : public Driver {
 public:
@@ -39,8 +41,5 @@ private:
     qt::QtPlatform platform_{locale, components, settingsPath()};
     std::vector<std::unique_ptr<QWidget>> hosts_;
 };
-
-/// Runs as soon as a modal window waits for the user.
-void whenModal(std::function<void(QWidget& window)> act);
 
 } // namespace orvan::contract

@@ -3,6 +3,7 @@
 #include "hosting/ProductViewWidget.h"
 #include "hosting/QtHost.h"
 #include "tests/support/QtEnvironment.h"
+#include "tests/support/Rows.h"
 
 #include <gmock/gmock.h>
 
@@ -15,13 +16,14 @@
 namespace orvan::desk {
 namespace {
 
+using test::Rows;
 using testing::HasSubstr;
 
 class DeskTest : public testing::Test {
 public:
     QString write(const QByteArray& bytes, const QString& name)
     {
-        const QString path = folder.filePath(name); // an absolute name stays
+        const QString path = QDir(folder.path()).filePath(name); // an absolute name stays
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
@@ -66,12 +68,7 @@ std::string problemOf(const QString& path)
 
 TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
 {
-    struct Row {
-        const char* what;
-        QByteArray bytes;
-        const char* problem;
-    };
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [what, bytes, problem] : Rows<const char*, QByteArray, const char*>{
              {"good", kGood, ""},
              {"cut", kGood.left(kGood.size() - 4), "line 2, column"},
              {"empty", "", "line 1, column 1"},
@@ -82,9 +79,9 @@ TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
              {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
              {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
              {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"}}) {
-        const std::string problem = problemOf(write(row.bytes, QStringLiteral("a.json")));
-        EXPECT_THAT(problem, HasSubstr(row.problem)) << row.what;
-        EXPECT_EQ(problem.empty(), std::string(row.problem).empty()) << row.what << ": " << problem;
+        const std::string found = problemOf(write(bytes, QStringLiteral("a.json")));
+        EXPECT_THAT(found, HasSubstr(problem)) << what;
+        EXPECT_EQ(found.empty(), std::string(problem).empty()) << what << ": " << found;
     }
     EXPECT_THAT(problemOf(folder.filePath("nowhere")), HasSubstr("No such file"));
 }
@@ -122,6 +119,7 @@ TEST_F(DeskTest, EverySampleOpens)
 TEST_F(DeskTest, DamagedSettingsDoNotKeepTheDeskShut)
 {
     const QString path = QString::fromStdString(qt::QtSettingsStore::defaultPath());
+    QDir().mkpath(QFileInfo(path).path());
     QFile::rename(path, path + QStringLiteral(".good"));
     write("no settings\n", path);
     EXPECT_TRUE(MainWindow().openSample(QStringLiteral("coffee-bar")));

@@ -4,6 +4,7 @@
 #include "hosting/DefaultComponents.h"
 #include "hosting/Version.h"
 #include "tests/support/Raised.h"
+#include "tests/support/Rows.h"
 #include "ui/headless/HeadlessPlatform.h"
 
 #include <gmock/gmock.h>
@@ -18,6 +19,7 @@
 namespace orvan {
 namespace {
 
+using test::Rows;
 using test::raisedBy;
 using ::testing::HasSubstr;
 
@@ -55,14 +57,7 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
 {
     const std::string noLibrary = testing::TempDir() + "orvan_not_a_library.so";
     std::ofstream(noLibrary) << "text";
-    struct Row {
-        const char* name;
-        ComponentRegistry::Factory factory;
-        std::string library;
-        std::int32_t number;
-        const char* reason;
-    };
-    const Row rows[] = {
+    const Rows<const char*, ComponentRegistry::Factory, std::string, std::int32_t, const char*> rows = {
         {"X.Null", [] { return nullptr; }, "", 429, "no object"},
         {"X.Empty", {}, "", 429, "bad_function_call"},
         {"X.Raises", throws(RuntimeError(75, "Log", "disk full")), "", 75, "disk full"},
@@ -80,19 +75,19 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
         {"Test.Throws", {}, LIBRARY_Good, 429, "no licence"},
         {"Test.Raises", {}, LIBRARY_Good, 75, "log is read-only"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.name) + " " + row.library);
+    for (const auto& [name, factory, library, number, reason] : rows) {
+        SCOPED_TRACE(std::string(name) + " " + library);
         ComponentRegistry registry;
-        if (row.library.empty()) {
-            registry.registerClass(row.name, row.factory);
+        if (library.empty()) {
+            registry.registerClass(name, factory);
         } else {
-            registry.registerLibrary(row.name, row.library);
+            registry.registerLibrary(name, library);
         }
         for (int attempt = 1; attempt <= 2; ++attempt) { // a failure leaves nothing behind
-            const test::Raised error = raisedBy([&] { registry.create(row.name); });
-            EXPECT_EQ(error.number, row.number);
-            EXPECT_THAT(error.description, AllOf(HasSubstr(std::string(1, '"') + row.name + '"'),
-                                                 HasSubstr(row.reason), HasSubstr(row.library)));
+            const test::Raised error = raisedBy([&, &name = name] { registry.create(name); });
+            EXPECT_EQ(error.number, number);
+            EXPECT_THAT(error.description, AllOf(HasSubstr(std::string(1, '"') + name + '"'),
+                                                 HasSubstr(reason), HasSubstr(library)));
         }
     }
     EXPECT_FALSE(isLoaded(LIBRARY_OtherVersion)) << "a refused library stays loaded";
@@ -152,11 +147,7 @@ TEST(ComponentRegistry, LibraryLivesAsLongAsItsObjectsAndTheRegistry)
         trace = ui::createComponent<Trace>(registry, "test.trace");
     }
     ASSERT_TRUE(isLoaded(LIBRARY_Good)) << "unloaded under a living object";
-    try {
-        throw RuntimeError(75);
-    } catch (...) {
-        trace->TraceError("");
-    }
+    test::traceErrorOf(*trace, 75);
     EXPECT_EQ(trace->LastErrorNumber(), 75) << "an error of ours is not recognised in the library";
     trace.reset();
     EXPECT_FALSE(isLoaded(LIBRARY_Good));

@@ -1,5 +1,6 @@
 #include "core/ProductsString.h"
 #include "tests/products/ProductMgrFixture.h"
+#include "tests/support/Rows.h"
 
 #include <functional>
 #include <limits>
@@ -8,28 +9,25 @@
 namespace orvan {
 namespace {
 
+using test::Rows;
+
 constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
 constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
 const std::string kThree = "3~A:::1:1:0:1:~B:::1:1:0:20:~C:::1:1:0:300:~";
 
 TEST(InProcessProductMgr, SeekIndexFindsProductsOnly)
 {
-    struct Row {
-        std::int32_t index, offset;
-        bool found;
-        std::int32_t result;
-    };
     const auto manager = makeManager();
     load(*manager, kThree);
-    for (const Row& row : std::initializer_list<Row>{
-             {1, 0, true, 1}, {3, 0, true, 3}, {0, 0, false, 0}, {4, 0, false, 4}, {1, -1, false, 1}, {3, 1, false, 3},
-             {1, 1, true, 2}, {3, -1, true, 2}, {0, 1, true, 1}, {4, -1, true, 3}, {-1, 1, false, -1},
-             {kMost, 1, false, kMost}, {kLeast, -1, false, kLeast}, {kMost, 0, false, kMost}}) {
-        std::int32_t index = row.index;
-        bool found = !row.found;
-        manager->SeekIndex(index, row.offset, found);
-        EXPECT_EQ(found, row.found) << row.index << " by " << row.offset;
-        EXPECT_EQ(index, row.result) << row.index << " by " << row.offset;
+    for (const auto& [index, offset, found, result] : Rows<std::int32_t, std::int32_t, bool, std::int32_t>{
+             {1, 0, true, 1}, {3, 0, true, 3}, {0, 0, false, 0}, {4, 0, false, 4}, {1, -1, false, 1},
+             {3, 1, false, 3}, {1, 1, true, 2}, {3, -1, true, 2}, {0, 1, true, 1}, {4, -1, true, 3},
+             {-1, 1, false, -1}, {kMost, 1, false, kMost}, {kLeast, -1, false, kLeast}, {kMost, 0, false, kMost}}) {
+        std::int32_t at = index;
+        bool any = !found;
+        manager->SeekIndex(at, offset, any);
+        EXPECT_EQ(any, found) << index << " by " << offset;
+        EXPECT_EQ(at, result) << index << " by " << offset;
     }
 }
 
@@ -145,7 +143,7 @@ TEST(InProcessProductMgr, TotalBeyondTheRangeIsErrorSixUntilItShrinks)
 TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
 {
     const std::string text = "1~äö:::1:1:0:7:~";
-    const auto manager = makeManager({.maxDataSize = static_cast<std::int32_t>(text.size())});
+    const auto manager = makeManager({.maxDataSize = static_cast<std::int32_t>(text.size()), .rules = {}});
     EXPECT_EQ(manager->GetMaxDataSize(), text.size());
     load(*manager, text);
     EXPECT_EQ(saved(*manager), text);
@@ -163,16 +161,13 @@ TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
 TEST(InProcessProductMgr, RulesAreTheManagersAndAskedAtEachCall)
 {
     const auto usual = makeManager()->AddNewProduct(); // its manager is gone
-    struct Row {
-        const char* value;
-        bool amount, discount;
-    };
-    for (const Row& row : std::initializer_list<Row>{{"-0.0001", false, false}, {"0", true, true}, {"100", true, true},
-                                                     {"100.0001", true, false}, {"922337203685477", true, false}}) {
-        const Currency value = Currency::fromText(row.value);
-        EXPECT_EQ(usual->IsValidUnitPrice(value), row.amount) << row.value;
-        EXPECT_EQ(usual->IsValidQty(value), row.amount) << row.value;
-        EXPECT_EQ(usual->IsValidDiscPrcnt(value), row.discount) << row.value;
+    for (const auto& [value, amount, discount] : Rows<const char*, bool, bool>{
+             {"-0.0001", false, false}, {"0", true, true}, {"100", true, true}, {"100.0001", true, false},
+             {"922337203685477", true, false}}) {
+        const Currency it = Currency::fromText(value);
+        EXPECT_EQ(usual->IsValidUnitPrice(it), amount) << value;
+        EXPECT_EQ(usual->IsValidQty(it), amount) << value;
+        EXPECT_EQ(usual->IsValidDiscPrcnt(it), discount) << value;
     }
     Currency least = Currency::fromInteger(5);
     const auto manager = makeManager({.rules = {.isValidQty = [&](Currency value) { return value >= least; }}});

@@ -1,4 +1,5 @@
 #include "tests/products/ProductMgrFixture.h"
+#include "tests/support/Rows.h"
 
 #include <gmock/gmock.h>
 
@@ -7,6 +8,7 @@
 namespace orvan {
 namespace {
 
+using test::Rows;
 using testing::HasSubstr;
 
 const std::string kLoaded = "1~Kept:::1:1:0:7:~";
@@ -53,14 +55,9 @@ TEST(ProductsString, CarriesAnyTextWithAnySeparators)
 
 TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
 {
-    struct Row {
-        const char* text;
-        std::int32_t error;
-        const char *place, *reason;
-    };
     const auto manager = makeManager();
     load(*manager, kLoaded);
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [text, error, place, reason] : Rows<const char*, std::int32_t, const char*, const char*>{
              {"x", 321, "product 1:", "ends within the count"},
              {"~", 321, "product 1:", "begin with the count"},
              {"0~", 321, "product 1:", "begin with the count"},
@@ -85,10 +82,10 @@ TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
              {"1~a:::1:1:0:99999999999999999999x:~", 321, "product 1, field ExtPrice:", "not an amount"},
              {"1~a:::1:1:0:922337203685477.5808:~", 6, "product 1, field ExtPrice:", "beyond the range"},
              {"1~a:::-99999999999999999999.5:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"}}) {
-        const Raised error = raisedBy([&] { load(*manager, row.text); });
-        EXPECT_EQ(error.number, row.error) << row.text;
-        EXPECT_THAT(error.description, testing::AllOf(HasSubstr(row.place), HasSubstr(row.reason))) << row.text;
-        EXPECT_EQ(saved(*manager), kLoaded) << row.text;
+        const Raised raised = raisedBy([&, &text = text] { load(*manager, text); });
+        EXPECT_EQ(raised.number, error) << text;
+        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(place), HasSubstr(reason))) << text;
+        EXPECT_EQ(saved(*manager), kLoaded) << text;
     }
 }
 
@@ -150,16 +147,15 @@ TEST(ProductsString, UnusableSeparatorsAreRefused)
 {
     const auto manager = makeManager();
     load(*manager, kLoaded);
-    struct Row {
-        const char *record, *field;
-    };
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [record, field] : Rows<const char*, const char*>{
              {"", ":"}, {"~", ""}, {"~~", ":"}, {"~", "~"}, {"a", ":"}, {"~", "Z"}, {"5", ":"}, {"~", "-"},
              {"~", "."}, {"\\", ":"}, {"\xC3", ":"}, {"~", "ä"}}) {
-        for (const Raised& error : {raisedBy([&] { manager->SetProductsString("", row.record, row.field, false); }),
-                                    raisedBy([&] { manager->GetProductsString(row.record, row.field); })}) {
-            EXPECT_EQ(error.number, ErrorNumber::invalidProcedureCall) << row.record << row.field;
-            EXPECT_THAT(error.description, HasSubstr("separator")) << row.record << row.field;
+        const std::string one = record;
+        const std::string two = field;
+        for (const Raised& error : {raisedBy([&] { manager->SetProductsString("", one, two, false); }),
+                                    raisedBy([&] { manager->GetProductsString(one, two); })}) {
+            EXPECT_EQ(error.number, ErrorNumber::invalidProcedureCall) << record << field;
+            EXPECT_THAT(error.description, HasSubstr("separator")) << record << field;
         }
     }
     EXPECT_EQ(saved(*manager), kLoaded);

@@ -2,6 +2,7 @@
 #include "tests/support/RecordingTrace.h"
 #include "ui/headless/HeadlessPlatform.h"
 #include "ui/icu/IcuLocaleService.h"
+#include "tests/support/Rows.h"
 
 #include <gmock/gmock.h>
 
@@ -13,67 +14,13 @@
 namespace orvan {
 namespace {
 
+using test::Rows;
 using test::Raised;
 using test::raisedBy;
 using test::RecordingTrace;
 using test::ScopedTrace;
 using test::TraceCall;
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-
-/// "+A" enters A, "-A" leaves it, "!" records a declared error 13, "?" one that is not declared.
-std::vector<std::string> unpairedAfter(const std::string& calls)
-{
-    RecordingTrace trace;
-    std::istringstream words(calls);
-    for (std::string word; words >> word;) {
-        if (word[0] == '+') {
-            trace.TraceEnter(word.substr(1));
-        } else if (word[0] == '-') {
-            trace.TraceExit(word.substr(1));
-        } else {
-            trace.declareError(13, word == "!" ? 1 : 0);
-            try {
-                throw RuntimeError(13);
-            } catch (...) {
-                trace.TraceError("");
-            }
-        }
-    }
-    return trace.unpaired();
-}
-
-TEST(RecordingTrace, FindsWhatDoesNotPairUp)
-{
-    struct Row {
-        const char* calls;
-        std::vector<std::string> found;
-    };
-    for (const Row& row : std::initializer_list<Row>{
-             {"+A +B -B +A -A -A", {}},
-             {"+A +B ! ! +A -A", {}}, // both ended by their error
-             {"+A ! +B ! ! -A", {}},  // A resumed twice
-             {"+A +B ! -A", {}},      // A recovered from B in some other way
-             {"-A", {"exit without enter: A"}},
-             {"+A -A -A", {"exit without enter: A"}},
-             {"+A +B -A", {"enter without exit: B"}},
-             {"+A ! +B -A", {"enter without exit: B"}}, // an error from before B did not end it
-             {"+A +B !", {"enter without exit: A"}},    // one error ends one procedure
-             {"+A ?", {"errors { 13 }, declared {}"}}}) {
-        EXPECT_THAT(unpairedAfter(row.calls), ElementsAreArray(row.found)) << row.calls;
-    }
-    RecordingTrace trace;
-    trace.declareError(91);
-    trace.failNext(TraceCall::show, 70);
-    EXPECT_THAT(trace.unpaired(), ElementsAre("errors {}, declared { 91 }", "failure not reached: 70"));
-}
-
-/// A thread that has never used the library.
-template <class Body>
-void inFreshThread(Body&& body)
-{
-    std::thread([&] { EXPECT_NO_THROW(body()); }).join();
-}
 
 std::string joined(const std::vector<std::string>& lines)
 {
@@ -82,6 +29,39 @@ std::string joined(const std::vector<std::string>& lines)
         text += (text.empty() ? "" : ", ") + line;
     }
     return text;
+}
+
+TEST(RecordingTrace, FindsWhatDoesNotPairUp)
+{
+    for (const auto& [calls, found] : Rows<const char*, const char*>{
+             {"+A +B -B +A -A -A", ""}, {"-A", "exit without enter: A"}, {"+A +B -A", "enter without exit: B"},
+             {"+A +B ! ! +A -A", ""}, {"+A ! +B ! ! -A", ""}, {"+A +B ! -A", ""}, // ended by their errors, or resumed
+             {"+A ! +B -A", "enter without exit: B"}, {"+A +B !", "enter without exit: A"}}) {
+        RecordingTrace trace;
+        std::istringstream words(calls);
+        for (std::string word; words >> word;) {
+            if (word == "!") {
+                trace.declareError(13);
+                test::traceErrorOf(trace, 13);
+            } else if (word[0] == '+') {
+                trace.TraceEnter(word.substr(1));
+            } else {
+                trace.TraceExit(word.substr(1));
+            }
+        }
+        EXPECT_EQ(joined(trace.unpaired()), found) << calls;
+    }
+    RecordingTrace trace;
+    trace.declareError(91);
+    trace.failNext(TraceCall::show, 70);
+    EXPECT_EQ(joined(trace.unpaired()), "errors {}, declared { 91 }, failure not reached: 70");
+}
+
+/// A thread that has never used the library.
+template <class Body>
+void inFreshThread(Body&& body)
+{
+    std::thread([&] { EXPECT_NO_THROW(body()); }).join();
 }
 
 enum Shape { propagate, recover, closeDialog, showToUser, resume, ignore };
@@ -117,13 +97,7 @@ void runShape(Shape shape, RecordingTrace& notes, Failing failing)
 
 TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
 {
-    struct Row {
-        std::vector<Shape> shapes;
-        Failing failing;
-        const char* lines;
-        std::int32_t raised;
-    };
-    const Row rows[] = {
+    const Rows<std::vector<Shape>, Failing, const char*, std::int32_t> rows = {
         {{propagate, recover, closeDialog, showToUser, resume, ignore}, nothing, "enter L, work, more, exit L", 0},
         {{propagate}, body, "enter L, work, error 13", 13},
         {{recover, closeDialog}, body, "enter L, work, error 13, handled", 0},
@@ -147,11 +121,11 @@ TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
         {{propagate, recover, closeDialog, showToUser, resume}, trace, "", 91},
         {{ignore}, trace, "work, more", 0},
     };
-    for (const Row& row : rows) {
-        for (const Shape shape : row.shapes) {
-            SCOPED_TRACE("shape " + std::to_string(shape) + ", failing " + std::to_string(row.failing));
+    for (const auto& [shapes, failing, lines, raised] : rows) {
+        for (const Shape shape : shapes) {
+            SCOPED_TRACE("shape " + std::to_string(shape) + ", failing " + std::to_string(failing));
             ScopedTrace object;
-            switch (row.failing) {
+            switch (failing) {
             case enter: object->failNext(TraceCall::enter, 70); break;
             case exitCall: object->failNext(TraceCall::exit, 71); break;
             case record: object->failNext(TraceCall::error, 72); break;
@@ -160,10 +134,10 @@ TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
             case trace: gobjTrace = nullptr; break;
             default: break;
             }
-            EXPECT_EQ(raisedBy([&] { runShape(shape, *object.trace(), row.failing); }).number, row.raised);
-            EXPECT_EQ(joined(object->lines()), row.lines);
-            for (const RuntimeError& error : object->errors()) {
-                object->declareError(error.number());
+            EXPECT_EQ(raisedBy([&, &failing = failing] { runShape(shape, *object.trace(), failing); }).number, raised);
+            EXPECT_EQ(joined(object->lines()), lines);
+            for (const std::int32_t number : object->numbersSince(0)) {
+                object->declareError(number);
             }
         }
     }
@@ -174,9 +148,8 @@ TEST(TracedProcedure, PassesValuesOut)
     ScopedTrace trace;
     trace->declareError(440);
     EXPECT_EQ(tracePropagate("A", [] { return 42; }), 42);
-    EXPECT_EQ(traceRecover(
-                  "B", []() -> int { throw std::runtime_error("any type"); }, [] { return 43; }),
-              43);
+    const auto fail = []() -> int { throw std::runtime_error("any type"); };
+    EXPECT_EQ(traceRecover("B", fail, [] { return 43; }), 43);
 }
 
 TEST(TracedProcedure, ErrorIsRecordedOncePerLevelAndLosesAllButItsNumber)
@@ -234,25 +207,20 @@ struct OneClass final : ui::ComponentFactory {
 
 TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
 {
-    struct Row {
-        const char* name;
-        OneClass::Make make;
-        std::int32_t number;
-    };
     icu::IcuLocaleService locale{icu::LocaleNames{}};
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [name, make, number] : Rows<const char*, OneClass::Make, std::int32_t>{
              {"missing", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(429, "src", "no class"); }, 429},
              {"own number", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(-5, "src", "x"); }, -5},
              {"foreign type", []() -> std::shared_ptr<ui::Component> { throw std::runtime_error("x"); }, 440},
              {"wrong kind", [] { return std::make_shared<ui::Component>(); }, 430}}) {
         for (int thread = 0; thread < 2; ++thread) { // each thread is told
-            SCOPED_TRACE(row.name);
-            inFreshThread([&] {
-                OneClass factory(row.make);
+            SCOPED_TRACE(name);
+            inFreshThread([&, &make = make, &number = number] {
+                OneClass factory(make);
                 headless::HeadlessPlatform platform(locale, factory);
                 platform.messageBox().answer(ui::MessageResult::ok);
                 const Raised error = raisedBy([&] { enterLibrary(platform); });
-                EXPECT_EQ(error.number, row.number);
+                EXPECT_EQ(error.number, number);
                 EXPECT_EQ(error.source + error.description, "");
                 EXPECT_NO_THROW(enterLibrary(platform)) << "tried again in the same thread";
                 EXPECT_EQ(factory.asked, 1);
@@ -311,9 +279,8 @@ TEST(Main, GivesEachThreadATraceOfItsOwnOnce)
         while (factory.asked < 2) { // both are tracing at once
             std::this_thread::yield();
         }
-        const std::string label = "T" + std::to_string(i);
         for (int round = 0; round < 100; ++round) {
-            tracePropagate(label, [] {});
+            tracePropagate("T" + std::to_string(i), [] {});
         }
         EXPECT_TRUE(platform.messageBox().shown().empty());
     };

@@ -27,13 +27,31 @@ Raised raisedBy(Action&& action)
     return {};
 }
 
+/// The number alone.
+template <class Action>
+std::int32_t errorOf(Action&& action)
+{
+    return raisedBy(action).number;
+}
+
 /// The text that `action` returns, or "error" and the number of what it raised.
 template <class Action>
 std::string textOrError(Action&& action)
 {
     std::string text;
-    const std::int32_t number = raisedBy([&] { text = action(); }).number;
+    const std::int32_t number = errorOf([&] { text = action(); });
     return number == 0 ? text : "error " + std::to_string(number);
+}
+
+/// What a procedure does with an error of that number.
+template <class TraceObject>
+void traceErrorOf(TraceObject& trace, std::int32_t number)
+{
+    try {
+        throw RuntimeError(number);
+    } catch (...) {
+        trace.TraceError("");
+    }
 }
 
 } // namespace orvan::test

@@ -27,9 +27,8 @@ public:
     /// The test expects the error `number` to be recorded `times` times (more).
     void declareError(std::int32_t number, int times = 1)
     {
-        for (; times > 0; --times) {
-            declared_.insert(number);
-        }
+        const std::vector<std::int32_t> numbers(static_cast<std::size_t>(times), number);
+        declared_.insert(numbers.begin(), numbers.end());
     }
 
     /// Adds a line of the test's own, to see what happened between the calls.
@@ -38,6 +37,16 @@ public:
     /// The recorded errors with their sources and descriptions, oldest first.
     const std::vector<RuntimeError>& errors() const { return errors_; }
 
+    /// The numbers of the errors recorded after the first `count`.
+    std::vector<std::int32_t> numbersSince(std::size_t count) const
+    {
+        std::vector<std::int32_t> numbers;
+        for (; count < errors_.size(); ++count) {
+            numbers.push_back(errors_[count].number());
+        }
+        return numbers;
+    }
+
     /// What does not add up: an enter that neither an exit nor an error ended, an exit without its
     /// enter, an error recorded but not declared or declared but not recorded, a failure not reached.
     std::vector<std::string> unpaired() const
@@ -45,10 +54,8 @@ public:
         std::vector<std::string> found = found_;
         std::vector<Open> open = open_;
         closeDownTo(open, 0, found);
-        std::multiset<std::int32_t> recorded;
-        for (const RuntimeError& error : errors_) {
-            recorded.insert(error.number());
-        }
+        const std::vector<std::int32_t> numbers = numbersSince(0);
+        const std::multiset<std::int32_t> recorded(numbers.begin(), numbers.end());
         if (recorded != declared_) {
             found.push_back("errors " + testing::PrintToString(recorded) + ", declared " +
                             testing::PrintToString(declared_));

@@ -1,4 +1,5 @@
 #include "tests/support/ViewFixture.h"
+#include "tests/support/Rows.h"
 
 namespace orvan::test {
 namespace {
@@ -7,17 +8,10 @@ class ProductViewCommandsTest : public ViewFixture {};
 
 TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
 {
-    struct Row {
-        const char* button;
-        std::int32_t currentRow;
-        std::optional<ui::MessageResult> answer;
-        const char *question, *names, *total;
-        bool dirty;
-        std::int32_t rowAfter;
-    };
     using Answer = ui::MessageResult;
     const char* const kSure = "Are you sure you want to delete the selected product?";
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [name, currentRow, answer, question, namesAfter, total, dirty, rowAfter] :
+         Rows<const char*, int, std::optional<Answer>, const char*, const char*, const char*, bool, int>{
              {"cmdDelete", 0, Answer::ok, "Please select a product first", "Desk Lamp Chair", "$1,965.43", false, 0},
              {"cmdDelete", 2, Answer::no, kSure, "Desk Lamp Chair", "$1,965.43", false, 2},
              {"cmdDelete", 1, Answer::yes, kSure, "Lamp Chair", "$987.43", true, 1},
@@ -27,26 +21,26 @@ TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
              {"cmdMoveUp", 3, {}, nullptr, "Desk Chair Lamp", "$1,965.43", true, 2},
              {"cmdMoveDown", 2, {}, nullptr, "Desk Chair Lamp", "$1,965.43", true, 3},
              {"cmdMoveDown", 3, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 3}}) {
-        SCOPED_TRACE(row.button + std::to_string(row.currentRow));
+        SCOPED_TRACE(name + std::to_string(currentRow));
         makeView();
         view->Show(kThreeProducts);
-        if (row.currentRow > 0) {
-            view->flexGrid().chooseRow(row.currentRow);
+        if (currentRow > 0) {
+            view->flexGrid().chooseRow(currentRow);
         }
-        if (row.answer) {
-            platform.messageBox().answer(*row.answer);
+        if (answer) {
+            platform.messageBox().answer(*answer);
         }
-        button(row.button).click();
-        if (row.question) {
-            EXPECT_EQ(platform.messageBox().shown().back().text, row.question);
+        button(name).click();
+        if (question) {
+            EXPECT_EQ(platform.messageBox().shown().back().text, question);
             EXPECT_EQ(platform.messageBox().shown().back().title, "Orvan");
         }
-        EXPECT_EQ(names(), row.names);
-        EXPECT_EQ(view->txtTotal().text(), row.total);
-        EXPECT_EQ(view->Dirty(), row.dirty);
-        EXPECT_EQ(view->flexGrid().currentRow(), row.rowAfter);
+        EXPECT_EQ(names(), namesAfter);
+        EXPECT_EQ(view->txtTotal().text(), total);
+        EXPECT_EQ(view->Dirty(), dirty);
+        EXPECT_EQ(view->flexGrid().currentRow(), rowAfter);
         view->Show(kThreeProducts);
-        EXPECT_EQ(view->Dirty(), row.dirty) << "outlives another list";
+        EXPECT_EQ(view->Dirty(), dirty) << "outlives another list";
     }
 }
 
@@ -63,27 +57,23 @@ TEST_F(ProductViewCommandsTest, AHostMayDestroyTheViewWhileItAsks)
 
 TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
 {
-    struct Row {
-        const char* button;
-        int failAtCall;
-        int recorded; ///< Once by each procedure on the way up.
-    };
-    for (const Row& row : std::initializer_list<Row>{{"cmdMoveUp", 1, 2},     // the seek
-                                                     {"cmdMoveUp", 2, 2},     // the move
-                                                     {"cmdMoveDown", 3, 3},   // the refresh
-                                                     {"cmdDelete", 1, 2},     // the deletion
-                                                     {"cmdDelete", 2, 3}}) {  // the refresh
+    for (const auto& [name, failAtCall, recorded] : Rows<const char*, int, int>{
+             {"cmdMoveUp", 1, 2},     // the seek
+             {"cmdMoveUp", 2, 2},     // the move
+             {"cmdMoveDown", 3, 3},   // the refresh
+             {"cmdDelete", 1, 2},     // the deletion
+             {"cmdDelete", 2, 3}}) {  // the refresh
         makeView();
         view->site() = headless::HeadlessSite("TestForm", 77);
         view->Show(kThreeProducts);
         view->flexGrid().chooseRow(2);
-        if (std::string(row.button) == "cmdDelete") {
+        if (std::string(name) == "cmdDelete") {
             platform.messageBox().answer(ui::MessageResult::yes);
         }
-        trace->declareError(1000, row.recorded);
-        faults.failAtCall = row.failAtCall;
-        button(row.button).click();
-        EXPECT_EQ(trace->lines().back(), "show 77") << row.button << ' ' << row.failAtCall;
+        trace->declareError(1000, recorded);
+        faults.failAtCall = failAtCall;
+        button(name).click();
+        EXPECT_EQ(trace->lines().back(), "show 77") << name << ' ' << failAtCall;
     }
 }
 

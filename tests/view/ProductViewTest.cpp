@@ -1,5 +1,6 @@
 #include "tests/support/Raised.h"
 #include "tests/support/ViewFixture.h"
+#include "tests/support/Rows.h"
 
 #include <gmock/gmock.h>
 
@@ -128,27 +129,23 @@ TEST_F(ProductViewTest, LostColumnKeysAreReported)
 
 TEST_F(ProductViewTest, LayoutFollowsTheSize)
 {
-    struct Row {
-        const char* what;
-        float width, height;
-        float gridWidth, gridHeight, bandTop, rightEdge;
-    };
     makeView();
     const auto& left = view->surface().control<ui::Frame>("fraBottomLeft");
     const auto& right = view->surface().control<ui::Frame>("fraBottomRight");
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [what, width, height, gridWidth, gridHeight, bandTop, rightEdge] :
+         Rows<const char*, float, float, float, float, float, float>{
              {"tall", 6000, 3000, 6000, 2565, 2625, 6000},
              {"wider", 9000.5F, 3000, 9000.5F, 2565, 2625, 9000.5F},
              {"just the band", 6000, 435, 6000, 0, 60, 6000},
              {"lower than the band: the grid stays", 700, 400, 6000, 0, 60, 6000},
              {"narrower than the buttons", 700, 1000, 700, 565, 625, 700},
              {"beyond measure: nothing moves", HUGE_VALF, 1000, 700, 565, 625, 700}}) {
-        view->surface().resize(row.width, row.height);
+        view->surface().resize(width, height);
         EXPECT_THAT((std::vector{view->flexGrid().width(), view->flexGrid().height(), left.left(), left.top(),
                                  right.left(), right.top()}),
-                    ElementsAre(row.gridWidth, row.gridHeight, 0, row.bandTop, row.rightEdge - right.width(),
-                                row.bandTop))
-            << row.what;
+                    ElementsAre(gridWidth, gridHeight, 0, bandTop, rightEdge - right.width(),
+                                bandTop))
+            << what;
     }
 }
 
