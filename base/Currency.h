@@ -21,10 +21,7 @@ public:
     constexpr Currency() noexcept = default;
 
     /// From ten-thousandths: fromScaled(12'500) is 1.25.
-    static constexpr Currency fromScaled(std::int64_t tenThousandths) noexcept
-    {
-        return Currency(tenThousandths);
-    }
+    static constexpr Currency fromScaled(std::int64_t tenThousandths) noexcept { return Currency(tenThousandths); }
     /// Raises 6 beyond the range.
     static Currency fromInteger(std::int64_t value);
     /// The nearest amount to the double's exact value. Raises 6 for NaN, infinity and out of range.

@@ -41,7 +41,7 @@ void enterLibrary(ui::Platform& platform)
     thread_local bool entered = false;
     if (!entered) {
         static_cast<void>(endMark); // made here, it is there to go
-        entered = true; // before Main: a failed start is not tried again in this thread
+        entered = true;             // before Main: a failed start is not tried again in this thread
         Main(platform);
     }
 }

@@ -51,9 +51,7 @@ private:
     ProductView view_;
 };
 
-ProductViewWidget::ProductViewWidget(QWidget* parent) : ProductViewWidget(qtHost().platform(), parent)
-{
-}
+ProductViewWidget::ProductViewWidget(QWidget* parent) : ProductViewWidget(qtHost().platform(), parent) {}
 
 ProductViewWidget::ProductViewWidget(qt::QtPlatform& platform, QWidget* parent)
     : QWidget(parent), site_(std::make_unique<Site>(platform, *this))

@@ -6,10 +6,7 @@
 
 namespace orvan::ui {
 
-Surface::Surface(const FormDesign& design)
-    : design_(design), innerWidth_(design.width), innerHeight_(design.height)
-{
-}
+Surface::Surface(const FormDesign& design) : design_(design), innerWidth_(design.width), innerHeight_(design.height) {}
 
 void Surface::buildControls()
 {

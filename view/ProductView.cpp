@@ -13,8 +13,8 @@
 namespace orvan {
 
 ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::ContainerSite& site)
-    : platform_((enterLibrary(platform), platform)), surface_(surface), site_(site), flexGrid_(surface.control<ui::Grid>("flexGrid")),
-      fraBottomLeft_(surface.control<ui::Frame>("fraBottomLeft")),
+    : platform_((enterLibrary(platform), platform)), surface_(surface), site_(site),
+      flexGrid_(surface.control<ui::Grid>("flexGrid")), fraBottomLeft_(surface.control<ui::Frame>("fraBottomLeft")),
       fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")),
       txtTotal_(surface.control<ui::TextBox>("txtTotal")), cmdNew_(surface.control<ui::Button>("cmdNew")),
       cmdDelete_(surface.control<ui::Button>("cmdDelete")), cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")),

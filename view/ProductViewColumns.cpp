@@ -48,12 +48,9 @@ struct FieldRow {
 
 /// By ViewFieldEnum value.
 constexpr FieldRow kFields[] = {
-    {"PartNum", GridType::string, ""},
-    {"ExtPrice", GridType::currency, "$###,##0.00"},
-    {"DiscPrcnt", GridType::float64, ""},
-    {"UnitPrice", GridType::currency, "$###,##0.00"},
-    {"Qty", GridType::float64, ""},
-    {"Note", GridType::string, ""},
+    {"PartNum", GridType::string, ""},    {"ExtPrice", GridType::currency, "$###,##0.00"},
+    {"DiscPrcnt", GridType::float64, ""}, {"UnitPrice", GridType::currency, "$###,##0.00"},
+    {"Qty", GridType::float64, ""},       {"Note", GridType::string, ""},
 };
 
 /// Null for a value outside the enumeration.
@@ -201,8 +198,8 @@ void ProductView::PrvRefreshView(bool bUpdateTotal)
             fillRow(lRow, i, *record);
         }
         if (bUpdateTotal) {
-            txtTotal_.setText(FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2,
-                                                  sCurrencySymbol_, true));
+            txtTotal_.setText(
+                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, sCurrencySymbol_, true));
         }
         flexGrid_.setRedraw(true);
     });

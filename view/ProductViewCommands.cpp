@@ -28,8 +28,9 @@ std::int32_t ProductView::messageOwner() const
 
 void ProductView::cmdDelete_Click()
 {
-    traceShowToUser("KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); },
-                    [&] { return site_.parentWindow(); });
+    traceShowToUser(
+        "KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); },
+        [&] { return site_.parentWindow(); });
 }
 
 void ProductView::PrvDeleteProduct()
@@ -61,14 +62,16 @@ void ProductView::PrvDeleteProduct()
 
 void ProductView::cmdMoveUp_Click()
 {
-    traceShowToUser("KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); },
-                    [&] { return site_.parentWindow(); });
+    traceShowToUser(
+        "KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); },
+        [&] { return site_.parentWindow(); });
 }
 
 void ProductView::cmdMoveDown_Click()
 {
-    traceShowToUser("KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); },
-                    [&] { return site_.parentWindow(); });
+    traceShowToUser(
+        "KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); },
+        [&] { return site_.parentWindow(); });
 }
 
 void ProductView::moveCurrentRow(std::int32_t lOffset)

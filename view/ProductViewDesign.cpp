@@ -12,28 +12,67 @@ constexpr float kButtonStep = 420;
 constexpr std::string_view kRight = "fraBottomRight";
 constexpr std::string_view kLeft = "fraBottomLeft";
 
+// clang-format off: a row a control
 constexpr ui::ControlDesign kControls[] = {
     {.name = "flexGrid", .kind = ControlKind::grid, .width = 6000, .height = 2565, .tabIndex = 0, .gridColumns = 9},
     {.name = kLeft, .kind = ControlKind::frame, .top = 2625, .width = 2850, .height = kButton},
-    {.name = "lblTotal", .kind = ControlKind::label, .parent = kLeft, .left = 60, .width = 600, .height = kButton,
+    {.name = "lblTotal",
+     .kind = ControlKind::label,
+     .parent = kLeft,
+     .left = 60,
+     .width = 600,
+     .height = kButton,
      .caption = "Total"},
-    {.name = "txtTotal", .kind = ControlKind::textBox, .parent = kLeft, .left = 720, .width = 2100,
-     .height = kButton, .tabIndex = 1, .readOnly = true, .alignment = Alignment::right},
+    {.name = "txtTotal",
+     .kind = ControlKind::textBox,
+     .parent = kLeft,
+     .left = 720,
+     .width = 2100,
+     .height = kButton,
+     .tabIndex = 1,
+     .readOnly = true,
+     .alignment = Alignment::right},
     {.name = kRight, .kind = ControlKind::frame, .left = 4365, .top = 2625, .width = 1635, .height = kButton},
-    {.name = "cmdNew", .kind = ControlKind::button, .parent = kRight, .width = kButton, .height = kButton,
-     .toolTip = "Add new product", .picture = "add", .tabIndex = 2},
-    {.name = "cmdDelete", .kind = ControlKind::button, .parent = kRight, .left = kButtonStep, .width = kButton,
-     .height = kButton, .toolTip = "Delete current product", .picture = "delete", .tabIndex = 3},
-    {.name = "cmdMoveUp", .kind = ControlKind::button, .parent = kRight, .left = 2 * kButtonStep, .width = kButton,
-     .height = kButton, .toolTip = "Move Product Up In the List", .picture = "up", .tabIndex = 4},
-    {.name = "cmdMoveDown", .kind = ControlKind::button, .parent = kRight, .left = 3 * kButtonStep,
-     .width = kButton, .height = kButton, .toolTip = "Move Product Down In The List", .picture = "down",
+    {.name = "cmdNew",
+     .kind = ControlKind::button,
+     .parent = kRight,
+     .width = kButton,
+     .height = kButton,
+     .toolTip = "Add new product",
+     .picture = "add",
+     .tabIndex = 2},
+    {.name = "cmdDelete",
+     .kind = ControlKind::button,
+     .parent = kRight,
+     .left = kButtonStep,
+     .width = kButton,
+     .height = kButton,
+     .toolTip = "Delete current product",
+     .picture = "delete",
+     .tabIndex = 3},
+    {.name = "cmdMoveUp",
+     .kind = ControlKind::button,
+     .parent = kRight,
+     .left = 2 * kButtonStep,
+     .width = kButton,
+     .height = kButton,
+     .toolTip = "Move Product Up In the List",
+     .picture = "up",
+     .tabIndex = 4},
+    {.name = "cmdMoveDown",
+     .kind = ControlKind::button,
+     .parent = kRight,
+     .left = 3 * kButtonStep,
+     .width = kButton,
+     .height = kButton,
+     .toolTip = "Move Product Down In The List",
+     .picture = "down",
      .tabIndex = 5},
 };
+// clang-format on
 
 } // namespace
 
-const ui::FormDesign kProductViewDesign = {
-    .name = "ProductView", .width = 6000, .height = 3000, .controls = kControls};
+const ui::FormDesign kProductViewDesign = {.name = "ProductView", .width = 6000, .height = 3000, .controls = kControls};
 
 } // namespace orvan

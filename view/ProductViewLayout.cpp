@@ -21,9 +21,7 @@ void ProductView::UserControl_Resize()
     // No length is clamped: a control lower than its band keeps the grid's last height, and each
     // step goes by what the controls then have.
     const ResumeNext<false> step;
-    step([&] {
-        flexGrid_.move(0, 0, surface_.innerWidth(), surface_.innerHeight() - kGap - cmdNew_.height());
-    });
+    step([&] { flexGrid_.move(0, 0, surface_.innerWidth(), surface_.innerHeight() - kGap - cmdNew_.height()); });
     step([&] { fraBottomLeft_.move(0, flexGrid_.height() + kGap); });
     step([&] { fraBottomRight_.move(flexGrid_.width() - fraBottomRight_.width(), fraBottomLeft_.top()); });
 }

@@ -46,9 +46,7 @@ private:
 
 } // namespace
 
-DeskStyle::DeskStyle() : QProxyStyle(QStringLiteral("Fusion"))
-{
-}
+DeskStyle::DeskStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* result) const

@@ -325,7 +325,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::updateTitle()
 {
     titleUpdatePending_ = false;
-    const QString name = !path_.isEmpty()              ? QFileInfo(path_).fileName()
+    const QString name = !path_.isEmpty()             ? QFileInfo(path_).fileName()
                          : !number_->text().isEmpty() ? number_->text()
                                                       : tr("New quote");
     setWindowTitle(tr("%1[*] – Orvan Desk").arg(name));

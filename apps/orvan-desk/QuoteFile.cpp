@@ -43,9 +43,9 @@ QString textOf(const QJsonObject& object, const QString& name)
 {
     const QJsonValue value = object[name];
     if (!value.isString()) {
-        throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is %2.")
-                                 .arg(name, value.isUndefined() ? QStringLiteral("missing")
-                                                                : QStringLiteral("not a text")));
+        throw QuoteFileError(
+            QStringLiteral("It is damaged: \"%1\" is %2.")
+                .arg(name, value.isUndefined() ? QStringLiteral("missing") : QStringLiteral("not a text")));
     }
     return value.toString();
 }

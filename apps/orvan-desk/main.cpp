@@ -42,8 +42,8 @@ int main(int argc, char** argv)
                                     QStringLiteral("name"));
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Colours of this run: light or dark."),
                                    QStringLiteral("theme"));
-    const QCommandLineOption render(QStringLiteral("render"),
-                                    QStringLiteral("Write a picture of the window and end."), QStringLiteral("png"));
+    const QCommandLineOption render(QStringLiteral("render"), QStringLiteral("Write a picture of the window and end."),
+                                    QStringLiteral("png"));
     parser.addOptions({sample, theme, render});
     parser.process(application);
 

@@ -7,8 +7,8 @@
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    const auto list = orvan::ui::createComponent<orvan::ProductMgr>(orvan::qtHost().components(),
-                                                                    orvan::kProductMgrClassName);
+    const auto list =
+        orvan::ui::createComponent<orvan::ProductMgr>(orvan::qtHost().components(), orvan::kProductMgrClassName);
     const auto lamp = list->AddNewProduct();
     lamp->SetName("Desk lamp");
     lamp->SetExtPrice(orvan::Currency::fromText("74.95"));
