@@ -84,9 +84,9 @@ TEST(LocaleNames, TheEnvironmentIsReadAsTheCLibraryDoes)
               "sv_SE", "sv_SE"},
              {{{"LC_ALL", ""}, {"LC_NUMERIC", ""}, {"LC_MONETARY", "fr_CH"}, {"LANG", "de_DE"}}, "fr_CH", "de_DE"},
              {{{"LC_MESSAGES", "de_DE"}, {"LC_CTYPE", "de_DE"}, {"LANGUAGE", "de"}}, "", ""}}) {
-        const LocaleNames names = localeNamesFromEnvironment([&given = environment](const char* variable) -> const char* {
-            const auto found = given.find(variable);
-            return found == given.end() ? nullptr : found->second;
+        const LocaleNames names = localeNamesFromEnvironment([&all = environment](const char* variable) -> const char* {
+            const auto found = all.find(variable);
+            return found == all.end() ? nullptr : found->second;
         });
         EXPECT_EQ(names.monetary, monetary);
         EXPECT_EQ(names.numeric, numeric);
