@@ -58,21 +58,18 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
     const std::string noLibrary = testing::TempDir() + "orvan_not_a_library.so";
     std::ofstream(noLibrary) << "text";
     const Rows<const char*, ComponentRegistry::Factory, std::string, std::int32_t, const char*> rows = {
-        {"X.Null", [] { return nullptr; }, "", 429, "no object"},
-        {"X.Empty", {}, "", 429, "bad_function_call"},
+        {"X.Null", [] { return nullptr; }, "", 429, "no object"}, {"X.Empty", {}, "", 429, "bad_function_call"},
         {"X.Raises", throws(RuntimeError(75, "Log", "disk full")), "", 75, "disk full"},
         {"X.NumberOnly", throws(RuntimeError(91)), "", 91, "not set"},
         {"X.Throws", throws(std::runtime_error("no licence")), "", 429, "no licence"},
-        {"X.Memory", throws(std::bad_alloc()), "", 429, "Out of memory"},
-        {"X.Int", throws(42), "", 429, "Automation error"},
+        {"X.Memory", throws(std::bad_alloc()), "", 429, "Out of memory"}, {"X.Int", throws(42), "", 429, "Automation"},
         {"X.Missing", {}, "/nowhere/libmissing.so", 429, "No such file"},
         {"X.Bare", {}, "liborvan_missing.so", 429, "No such file"},
         {"X.Text", {}, noLibrary, 429, "too short"},
         {"X.NoEntry", {}, "libm.so.6", 429, "OrvanComponentInterfaceVersion"},
         {"Test.Trace", {}, LIBRARY_OtherVersion, 429, "version 2 instead of 1"},
         {"Test.Trace", {}, LIBRARY_NoClasses, 429, "OrvanCreateComponent"},
-        {"Test.Unknown", {}, LIBRARY_Good, 429, "no object"},
-        {"Test.Throws", {}, LIBRARY_Good, 429, "no licence"},
+        {"Test.Unknown", {}, LIBRARY_Good, 429, "no object"}, {"Test.Throws", {}, LIBRARY_Good, 429, "no licence"},
         {"Test.Raises", {}, LIBRARY_Good, 75, "log is read-only"},
     };
     for (const auto& [name, factory, library, number, reason] : rows) {

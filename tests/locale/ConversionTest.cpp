@@ -87,6 +87,7 @@ TEST(ModConversion, WholeAmountsHaveNoDecimalsAndOthersExactlyThoseAskedFor)
         EXPECT_EQ(FormatPercentValue(locale, amount, digits, true), std::string(number) + "%") << value;
     }
     EXPECT_THROW(FormatNumberValue(locale, Currency::fromScaled(1), -1), RuntimeError);
+    EXPECT_THROW(FormatNumberValue(locale, Currency::fromScaled(1), icu::kMostDigits + 1), RuntimeError);
 }
 
 TEST(ModConversion, TheSymbolAloneIsTakenOutWhereverItStands)

@@ -77,18 +77,16 @@ TEST(LocaleNames, TheEnvironmentIsReadAsTheCLibraryDoes)
 {
     for (const auto& [environment, monetary, numeric] :
          Rows<std::map<std::string, const char*>, const char*, const char*>{
-             {{}, "", ""},
-             {{{"LANG", "de_DE.UTF-8"}}, "de_DE.UTF-8", "de_DE.UTF-8"},
+             {{}, "", ""}, {{{"LANG", "de_DE.UTF-8"}}, "de_DE.UTF-8", "de_DE.UTF-8"},
              {{{"LANG", "de_DE"}, {"LC_MONETARY", "fr_CH"}}, "fr_CH", "de_DE"},
-             {{{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
+             {{{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"}, {{{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
              {{{"LC_ALL", "sv_SE"}, {"LC_MONETARY", "fr_CH"}, {"LC_NUMERIC", "C"}, {"LANG", "de_DE"}},
               "sv_SE", "sv_SE"},
              {{{"LC_ALL", ""}, {"LC_NUMERIC", ""}, {"LC_MONETARY", "fr_CH"}, {"LANG", "de_DE"}}, "fr_CH", "de_DE"},
-             {{{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"},
              {{{"LC_MESSAGES", "de_DE"}, {"LC_CTYPE", "de_DE"}, {"LANGUAGE", "de"}}, "", ""}}) {
-        const LocaleNames names = localeNamesFromEnvironment([&given = environment](const char* variable) -> const char* {
-            const auto found = given.find(variable);
-            return found == given.end() ? nullptr : found->second;
+        const LocaleNames names = localeNamesFromEnvironment([&all = environment](const char* variable) -> const char* {
+            const auto found = all.find(variable);
+            return found == all.end() ? nullptr : found->second;
         });
         EXPECT_EQ(names.monetary, monetary);
         EXPECT_EQ(names.numeric, numeric);
