@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
+#include <thread>
 
 namespace orvan::contract {
 namespace {
@@ -304,14 +305,20 @@ TEST_F(QtPlatformTest, AnErrorThatNobodyTookIsShownOnce)
 
 TEST_F(QtPlatformTest, SettingsOfTwoProgramsLiveInOneFile)
 {
-    QtSettingsStore one(driver.settingsPath());
-    QtSettingsStore two(driver.settingsPath());
-    for (const char* turn : {"0", "1", "2"}) {
-        one.set("Orvan", "s", std::string("one") + turn, "1");
-        two.set("Orvan", "t", std::string("two") + turn, "2");
-        two.set("Orvan", "s", "both", turn);
-        EXPECT_EQ(one.get("Orvan", "s", "both"), turn);
-        EXPECT_EQ(two.get("Orvan", "s", "one0") + one.get("Orvan", "t", "two0"), "12") << turn;
+    constexpr int kKeys = 60; // enough that the two meet: without the lock some are lost
+    const auto program = [path = driver.settingsPath()](const char* section) {
+        QtSettingsStore store(path);
+        for (int key = 0; key < kKeys; ++key) {
+            store.set("Orvan", section, std::to_string(key), section);
+        }
+    };
+    std::thread other([&] { program("two"); });
+    program("one");
+    other.join();
+    QtSettingsStore store(driver.settingsPath());
+    for (int key = 0; key < kKeys; ++key) {
+        EXPECT_EQ(store.get("Orvan", "one", std::to_string(key)), "one") << key;
+        EXPECT_EQ(store.get("Orvan", "two", std::to_string(key)), "two") << key;
     }
 }
 

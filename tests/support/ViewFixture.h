@@ -63,7 +63,7 @@ public:
     {
         std::string all;
         for (std::int32_t i = first; i < end; ++i) {
-            all += (i == first ? "" : " ") + text(i);
+            all.append(i == first ? "" : " ").append(text(i));
         }
         return all;
     }
@@ -91,7 +91,7 @@ public:
     {
         std::string text;
         for (const std::string& cell : view->flexGrid().visibleTexts(row)) {
-            text += (text.empty() ? "" : " | ") + cell;
+            text.append(text.empty() ? "" : " | ").append(cell);
         }
         return text;
     }

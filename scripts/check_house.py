@@ -6,7 +6,7 @@ import re
 import sys
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
+ROOT = Path(__file__).resolve().parents[1]
 
 # Ground floor first: a folder includes itself and folders above it in this list. A platform is the
 # exception: it knows the abstract controls and its own toolkit, not the logic.
