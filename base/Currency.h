@@ -2,8 +2,8 @@
 //
 // Range: -922337203685477.5808 to 922337203685477.5807. Every operation is checked: a result that
 // does not fit raises error 6 (overflow) and never wraps. Where a result has more than four
-// decimals it is rounded once, to the nearest value, ties to even (the rounding that the automation
-// type of the same name uses). Thread: a plain value.
+// decimals it is rounded once, to the nearest value, ties to even (so that
+// sums of many lines do not drift). Thread: a plain value.
 #pragma once
 
 #include <compare>

@@ -11,7 +11,7 @@
 
 namespace orvan {
 
-/// Error numbers, as the BASIC family of host languages numbers its trappable errors.
+/// Error numbers, as the runtimes of hosts of this kind number their trappable errors.
 namespace ErrorNumber {
 inline constexpr std::int32_t invalidProcedureCall = 5;
 inline constexpr std::int32_t overflow = 6;

@@ -1,5 +1,7 @@
 # One target a folder: the linker holds the direction of includes.
 
+include(GNUInstallDirs)
+
 set(ORVAN_SOURCE_ROOT ${CMAKE_CURRENT_SOURCE_DIR})
 
 if(ORVAN_SANITIZE)
@@ -19,19 +21,21 @@ function(orvan_library name)
         EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
     target_compile_features(orvan_${name} PUBLIC cxx_std_20)
     target_include_directories(orvan_${name} PUBLIC
-        $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:include/orvan>)
+        $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orvan>)
     target_link_libraries(orvan_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
     file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
     set(headers ${ARG_SOURCES})
     list(FILTER headers INCLUDE REGEX "\\.h$")
-    install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
-    install(FILES ${headers} DESTINATION include/orvan/${folder})
+    if(ORVAN_INSTALL)
+        install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
+        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvan/${folder})
+    endif()
 endfunction()
 
 # The package that find_package(KTVOrvanProduct) finds.
 function(orvan_install_package)
     include(CMakePackageConfigHelpers)
-    set(package lib/cmake/KTVOrvanProduct)
+    set(package ${CMAKE_INSTALL_LIBDIR}/cmake/KTVOrvanProduct)
     install(EXPORT KTVOrvanProduct NAMESPACE orvan:: FILE KTVOrvanProductTargets.cmake DESTINATION ${package})
     configure_package_config_file(${ORVAN_SOURCE_ROOT}/cmake/KTVOrvanProductConfig.cmake.in
         ${CMAKE_CURRENT_BINARY_DIR}/KTVOrvanProductConfig.cmake INSTALL_DESTINATION ${package})

@@ -4,8 +4,8 @@
 // kTraceClassName (core/modInit.h). All trace objects of a process that name the same file write to
 // one file, one line per call:
 //
-//     2026-01-31 09:15:02.123 4711  0 enter KTVOrvanProduct.ProductView::cmdNew_Click
-//     2026-01-31 09:15:02.125 4711  1   enter KTVOrvanProduct.ProductDlg::Show
+//     2026-01-31 09:15:02.123 4711  0 enter KTVOrvanProduct.ProductView::cmdDelete_Click
+//     2026-01-31 09:15:02.125 4711  1   enter KTVOrvanProduct.ProductView::PrvDeleteProduct
 //     2026-01-31 09:15:02.125 4711  1   error 91 Object variable not set
 //     2026-01-31 09:15:02.126 4711  0 error 91 Object variable not set
 //     2026-01-31 09:15:02.126 4711  0 show  91 Object variable not set
@@ -41,10 +41,9 @@
 
 namespace orvan {
 
-/// Where automation components number their own errors from, and what they leave to the system.
-inline constexpr std::int32_t kObjectErrorBase = -2147221504;
-/// What AppErrorNumber answers: the first number that is free to an application.
-inline constexpr std::int32_t kAppErrorNumber = kObjectErrorBase + 513;
+/// What AppErrorNumber answers: the first number free to an application, 513 above the base from
+/// which components number their own errors.
+inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
 /// One file a process: "orvan/trace-<pid>.log" in $XDG_STATE_HOME, or in ~/.local/state where that is
 /// not set. Empty when the user has no home directory: no trace is written then.

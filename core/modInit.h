@@ -6,7 +6,7 @@
 //
 //   shape              used by                         after the error is recorded
 //   tracePropagate     public members, Prv procedures  raises LastErrorNumber again, number alone
-//   traceCloseDialog   the editor's event handlers     closes the dialog; ends without raising
+//   traceCloseDialog   event handlers of a dialog      closes the dialog; ends without raising
 //   traceShowToUser    the list view's event handlers  ShowLastError; ends without raising
 //   traceRecover       procedures that recover         the procedure's own recovery
 //   traceResume        a few event handlers            goes on with the next statement
@@ -72,9 +72,10 @@ Trace& traceObject();
 
 namespace detail {
 
-/// Steps of the propagate kind's handler: called inside a catch block.
-[[noreturn]] void recordAndRaise();
+/// What a handler does first; called inside a catch block.
 void recordError();
+/// The whole handler of the propagate kind.
+[[noreturn]] void recordAndRaise();
 
 template <class Body>
 auto enterRunExit(std::string_view sLabel, Body&& body)
@@ -114,7 +115,7 @@ auto traceRecover(std::string_view sLabel, Body&& body, Recover&& recover)
     }
 }
 
-/// `closeOnError` is the form's PrvCloseOnError.
+/// `closeOnError` tells the user and closes the dialog.
 template <class Body, class Close>
 void traceCloseDialog(std::string_view sLabel, Body&& body, Close&& closeOnError)
 {

@@ -4,18 +4,15 @@
 #include "ui/ContainerSite.h"
 #include "ui/qt/QtPlatform.h"
 #include "ui/qt/QtSurface.h"
+#include "ui/qt/Twips.h"
 #include "view/ProductView.h"
 #include "view/ProductViewDesign.h"
 
 #include <QShowEvent>
 
+#include <utility>
+
 namespace orvan {
-
-namespace {
-
-constexpr int kTwipsPerPixel = 15;
-
-} // namespace
 
 /// The container of the embedded control, and the control with it: the surface dies after the view.
 class ProductViewWidget::Site final : public ui::ContainerSite {
@@ -87,8 +84,7 @@ bool ProductViewWidget::Dirty() const
 
 QSize ProductViewWidget::sizeHint() const
 {
-    return QSize(static_cast<int>(kProductViewDesign.width), static_cast<int>(kProductViewDesign.height)) /
-           kTwipsPerPixel;
+    return QSize(qt::toPixels(kProductViewDesign.width), qt::toPixels(kProductViewDesign.height));
 }
 
 QSize ProductViewWidget::minimumSizeHint() const

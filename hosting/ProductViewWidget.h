@@ -39,7 +39,7 @@ public:
     ~ProductViewWidget() override;
 
     /// The user's column choice is kept under this name, read when the widget is first shown. By
-    /// default the class name of the window the widget then stands in.
+    /// default the class name of the window the widget then stands in. Later calls have no effect.
     void setHostTypeName(const QString& name);
 
     /// Loads the products (UTF-8) and fills the grid; the dirty flag stays as it is.

@@ -1,4 +1,6 @@
 // QtHost: the library's services for a Qt application.
+//
+// Thread: the user-interface thread. Raises 51 when the locale library's data is missing.
 #pragma once
 
 #include "hosting/Host.h"

@@ -27,7 +27,6 @@ struct GridChanges {
     bool cells = false;      ///< Values, types or formats.
     bool layout = false;     ///< Rows, columns, keys, order, widths, hidden columns.
     bool currentRow = false; ///< The program chose another current row.
-    bool any() const { return cells || layout || currentRow; }
 };
 
 class Grid : public Control {
@@ -57,7 +56,6 @@ public:
 
     GridType columnType(std::int32_t column) const { return at(column).type; }
     void setColumnType(std::int32_t column, GridType type);
-    const std::string& columnFormat(std::int32_t column) const { return at(column).format.picture(); }
     /// A picture as GridFormat describes; empty for none.
     void setColumnFormat(std::int32_t column, std::string_view picture);
     bool columnHidden(std::int32_t column) const { return at(column).hidden; }

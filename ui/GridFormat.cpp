@@ -31,12 +31,12 @@ void groupInThrees(std::string& digits, const std::string& separator)
 
 } // namespace
 
-GridFormat::GridFormat(std::string_view picture) : picture_(picture)
+GridFormat::GridFormat(std::string_view picture)
 {
     const auto first = std::min(picture.find_first_of(kPictureCharacters), picture.size());
     const auto last = picture.find_last_of(kPictureCharacters);
     if (first == picture.size()) {
-        prefix_ = picture_; // no picture in it: the text stands before a plain number
+        prefix_ = picture; // no picture in it: the text stands before a plain number
         return;
     }
     prefix_ = picture.substr(0, first);

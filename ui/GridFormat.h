@@ -1,6 +1,6 @@
 // GridFormat: how a grid cell's value becomes the text that is painted.
 //
-// A display format is a number picture in the notation of spreadsheets and BASIC's Format:
+// A display format is a number picture in the notation that spreadsheets use:
 // text before and after the picture is literal, '0' is a digit that is always shown, '#' one shown
 // when needed, ',' asks for grouping in threes, '.' starts the decimals. "$###,##0.00" shows
 // 1234.5 as $1,234.50. The separators shown are the user's; the rest of the picture is not
@@ -31,7 +31,6 @@ public:
     GridFormat() = default;
     explicit GridFormat(std::string_view picture);
 
-    const std::string& picture() const { return picture_; }
     /// Amounts and whole numbers follow the picture, rounded half away from zero; text is returned
     /// as it stands.
     std::string display(const GridValue& value, const NumberSeparators& separators) const;
@@ -39,7 +38,6 @@ public:
 private:
     std::string displayAmount(Currency value, const NumberSeparators& separators) const;
 
-    std::string picture_;
     std::string prefix_;
     std::string suffix_;
     std::size_t integerDigits_ = 1; ///< At least this many are shown.

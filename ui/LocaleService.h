@@ -1,8 +1,7 @@
 // LocaleService: the user's number and money formats.
 //
-// The abstract form of the platform's locale functions; modLocale and modConversion are its only
-// callers. Digits are always 0 to 9, whatever the locale's own, because they are parsed back.
-// Thread: the user-interface thread; each platform has its own service.
+// The abstract form of a platform's locale functions. Digits are always 0 to 9, whatever the locale's own, because they
+// are parsed back. Thread: the user-interface thread.
 #pragma once
 
 #include "base/Currency.h"

@@ -6,8 +6,8 @@
 // (core/ProductMgr.h) that the view creates by class name.
 //
 // Ownership: the host owns the view and everything it is given, which must outlive it. Thread: the
-// user-interface thread. Errors: Show, Products, TotalValue and the constructor raise RuntimeError
-// with a number and nothing else; texts are in the trace. Lengths in twips; positions 1-based.
+// user-interface thread. Errors: Show, Products and TotalValue raise RuntimeError with a number and
+// nothing else; texts are in the trace. Lengths in twips; positions 1-based.
 //
 // The procedures stand in files by subject: ProductView.cpp (life, Show), ProductViewColumns.cpp
 // (columns, refresh), ProductViewPrefs.cpp (preferences), ProductViewCommands.cpp (delete, move), ProductViewLayout.cpp
@@ -20,6 +20,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,7 +44,8 @@ enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt =
 class ProductView {
 public:
     /// `surface` is loaded with kProductViewDesign (view/ProductViewDesign.h). Raises what creating
-    /// the trace object or the product manager raises.
+    /// the product manager raises, 424 or 13 for a surface of another design, and the number alone
+    /// of what kept the trace object from being created.
     ProductView(ui::Platform& platform, ui::Surface& surface, ui::ContainerSite& site);
     ProductView(const ProductView&) = delete;
     ProductView& operator=(const ProductView&) = delete;
@@ -95,6 +97,8 @@ private:
 
     /// Owner of the view's message boxes; none when the container cannot tell.
     std::int32_t messageOwner() const;
+    /// Gives the owner of an error's message: 0 once the view is gone, which its own question may outlive.
+    std::function<std::int32_t()> hostWindow() const;
     void cmdDelete_Click();
     void cmdMoveUp_Click();
     void cmdMoveDown_Click();
@@ -123,7 +127,7 @@ private:
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::shared_ptr<ProductMgr> productMgr_; ///< Never null once initialised.
     bool dirty_ = false;
-    bool dirtyLock_ = false; ///< No procedure sets it: kept for a host that must freeze the flag.
+    bool dirtyLock_ = false; ///< While true the flag cannot be set. Nothing freezes it: never true so far.
     std::string hostTypeName_;
 
     std::array<std::int32_t, columnKeyCount> columnIndices_{};
@@ -136,6 +140,7 @@ private:
     /// the preferences.
     std::array<std::int32_t, 4> defaultWidths_{};
 
+    /// Read once, all five; of them only the symbol is used here, for the total.
     std::string sMonThousandSep_;
     std::string sMonDecimalSep_;
     std::string sThousandSep_;

@@ -26,11 +26,15 @@ std::int32_t ProductView::messageOwner() const
     }
 }
 
+std::function<std::int32_t()> ProductView::hostWindow() const
+{
+    return [alive = std::weak_ptr(alive_), &site = site_] { return alive.expired() ? 0 : site.parentWindow(); };
+}
+
 void ProductView::cmdDelete_Click()
 {
     traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); },
-        [&] { return site_.parentWindow(); });
+        "KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); }, hostWindow());
 }
 
 void ProductView::PrvDeleteProduct()
@@ -63,15 +67,13 @@ void ProductView::PrvDeleteProduct()
 void ProductView::cmdMoveUp_Click()
 {
     traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); },
-        [&] { return site_.parentWindow(); });
+        "KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); }, hostWindow());
 }
 
 void ProductView::cmdMoveDown_Click()
 {
     traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); },
-        [&] { return site_.parentWindow(); });
+        "KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); }, hostWindow());
 }
 
 void ProductView::moveCurrentRow(std::int32_t lOffset)

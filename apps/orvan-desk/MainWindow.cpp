@@ -16,6 +16,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QVBoxLayout>
@@ -43,6 +44,19 @@ void checkProducts(const std::string& products)
     const auto manager = ui::createComponent<ProductMgr>(qtHost().components(), kProductMgrClassName);
     manager->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
     manager->GetProductsString(kRecordSeparator, kFieldSeparator);
+}
+
+Quote emptyQuote()
+{
+    return {.customer = {}, .number = {}, .date = QDate::currentDate(), .products = {}};
+}
+
+/// The user's own short form, but with all digits of the year: 1926 is not 2026.
+QString dateFormat()
+{
+    QString format = QLocale().dateFormat(QLocale::ShortFormat);
+    return format.contains(QStringLiteral("yyyy")) ? format
+                                                   : format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
 }
 
 constexpr int kFieldHeight = 28; // pixels
@@ -83,11 +97,12 @@ MainWindow::MainWindow()
     column->addWidget(products_, 1);
     setCentralWidget(centre);
     resize(780, 560);
-    useTheme(Theme::system);
-    withSettings([this](ui::SettingsStore& settings) {
-        useTheme(themeNamed(QString::fromStdString(settings.get(kApplication, kSection, kThemeKey))));
+    Theme theme = Theme::system;
+    withSettings([&theme](ui::SettingsStore& settings) {
+        theme = themeNamed(QString::fromStdString(settings.get(kApplication, kSection, kThemeKey)));
     });
-    showQuote(Quote{.customer = {}, .number = {}, .date = QDate::currentDate(), .products = {}}, {});
+    useTheme(theme);
+    showQuote(emptyQuote(), {});
 
     // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
     // with. Not at every event: reading a list takes a moment, and an entry in the trace.
@@ -124,6 +139,7 @@ QWidget* MainWindow::makeFields()
     number_ = new QLineEdit;
     date_ = new QDateEdit;
     date_->setCalendarPopup(true);
+    date_->setDisplayFormat(dateFormat());
     date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // all that a file can hold
     const std::pair<QWidget*, QString> columns[] = {
         {customer_, tr("&Customer")}, {number_, tr("Quote &number")}, {date_, tr("&Date")}};
@@ -185,14 +201,14 @@ void MainWindow::makeMenus()
     }
     connect(colours, &QMenu::aboutToShow, group, [this, group] {
         for (QAction* action : group->actions()) {
-            action->setChecked(action->data() == property("theme"));
+            action->setChecked(action->data() == static_cast<int>(theme_));
         }
     });
 }
 
 void MainWindow::useTheme(Theme theme)
 {
-    setProperty("theme", static_cast<int>(theme));
+    theme_ = theme;
     applyTheme(theme);
 }
 
@@ -238,9 +254,14 @@ bool MainWindow::openSample(const QString& name)
 
 void MainWindow::newQuote()
 {
-    if (mayDiscard()) {
-        showQuote(Quote{.customer = {}, .number = {}, .date = QDate::currentDate(), .products = {}}, {});
+    if (!mayDiscard()) {
+        return;
+    }
+    try {
+        showQuote(emptyQuote(), {});
         customer_->setFocus();
+    } catch (const RuntimeError& error) {
+        tell(tr("A new quote could not be made."), QString::fromUtf8(error.what()));
     }
 }
 
@@ -271,9 +292,11 @@ bool MainWindow::saveAs()
 {
     QString name = number_->text().isEmpty() ? tr("Quote") : number_->text();
     name.replace(u'/', u'-'); // a number may hold what a file name may not
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save Quote"), path_.isEmpty() ? name + QStringLiteral(".quote.json") : path_, kFilter);
-    return !path.isEmpty() && saveTo(path);
+    QFileDialog dialog(this, tr("Save Quote"), {}, kFilter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("quote.json"));
+    dialog.selectFile(path_.isEmpty() ? name + QStringLiteral(".quote.json") : path_);
+    return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
 }
 
 bool MainWindow::saveTo(const QString& path)

@@ -68,6 +68,7 @@ private:
     QString path_; ///< Empty for a quote that has no file yet.
     Quote saved_;  ///< As last shown or saved: what differs from it is unsaved.
     bool titleUpdatePending_ = false;
+    Theme theme_ = Theme::system;
 };
 
 } // namespace orvan::desk

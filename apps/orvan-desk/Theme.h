@@ -1,4 +1,4 @@
-// The desk's colours: light, dark, or as the desktop has them.
+// The desk's colours: light, dark, or whichever of the two the desktop is.
 #pragma once
 
 #include <QString>

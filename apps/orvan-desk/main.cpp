@@ -7,6 +7,8 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QTextStream>
 #include <QTimer>
 
@@ -25,6 +27,33 @@ int renderTo(QWidget& window, const QString& path)
     return result;
 }
 
+/// "coffee-bar, exhibition-stand, ..."
+QString sampleNames()
+{
+    QStringList names;
+    for (const QFileInfo& sample : QDir(QStringLiteral(":/samples")).entryInfoList()) {
+        names << sample.baseName();
+    }
+    return names.join(QStringLiteral(", "));
+}
+
+/// What is wrong with the arguments; empty for nothing.
+QString problemOf(const QCommandLineParser& parser)
+{
+    const QString theme = parser.value(QStringLiteral("theme"));
+    const QString sample = parser.value(QStringLiteral("sample"));
+    const auto files = parser.positionalArguments().size();
+    if (parser.isSet(QStringLiteral("theme")) && theme != u"light" && theme != u"dark") {
+        return QStringLiteral("--theme is light or dark, not \"%1\".").arg(theme);
+    }
+    if (parser.isSet(QStringLiteral("sample")) &&
+        !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(sample))) {
+        return QStringLiteral("There is no sample \"%1\", only %2.").arg(sample, sampleNames());
+    }
+    return files + (parser.isSet(QStringLiteral("sample")) ? 1 : 0) > 1 ? QStringLiteral("One quote at a time.")
+                                                                        : QString();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -38,7 +67,8 @@ int main(int argc, char** argv)
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."), QStringLiteral("[file]"));
-    const QCommandLineOption sample(QStringLiteral("sample"), QStringLiteral("Open a quote that comes with the desk."),
+    const QCommandLineOption sample(QStringLiteral("sample"),
+                                    QStringLiteral("Open a quote that comes with the desk: %1.").arg(sampleNames()),
                                     QStringLiteral("name"));
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Colours of this run: light or dark."),
                                    QStringLiteral("theme"));
@@ -46,6 +76,10 @@ int main(int argc, char** argv)
                                     QStringLiteral("png"));
     parser.addOptions({sample, theme, render});
     parser.process(application);
+    if (const QString problem = problemOf(parser); !problem.isEmpty()) {
+        QTextStream(stderr) << problem << '\n';
+        return 1;
+    }
 
     try {
         orvan::desk::MainWindow window;

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 
 namespace {
 
@@ -41,7 +41,12 @@ void print(const Rows& rows)
 
 std::string readAll(std::istream& input)
 {
-    std::string text(std::istreambuf_iterator<char>(input), {});
+    std::ostringstream content;
+    content << input.rdbuf();
+    if (!input || input.bad()) {
+        throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, "there is nothing that can be read");
+    }
+    std::string text = content.str();
     text.erase(text.find_last_not_of('\n') + 1); // an editor's last line break is not the list's
     return text;
 }
@@ -50,6 +55,10 @@ std::string readAll(std::istream& input)
 
 int main(int argc, char** argv)
 {
+    if (argc > 2 || (argc > 1 && std::string_view(argv[1]).starts_with("--"))) {
+        std::cerr << "usage: orvan-grid [file]\nPrints the products string of a file, or of the input, as a grid.\n";
+        return 1;
+    }
     try {
         std::ifstream file;
         if (argc > 1) {

@@ -142,6 +142,7 @@ TEST_F(TraceLogTest, DepthStaysBoundedWhenProceduresAreNeverLeft)
     }
     trace->TraceError("flushes");
     const Lines lines = linesOf(options.file)[""];
+    ASSERT_EQ(lines.size(), 1001U);
     for (const std::string& line : lines) {
         EXPECT_LT(std::stoi(line), 64) << line;
     }

@@ -91,7 +91,7 @@ TEST_F(DeskTest, AQuoteComesBackAsItWasSaved)
     const Quote quote{.customer = QStringLiteral("Ä \"quoted\" \\ ✓ 𝄞"),
                       .number = QStringLiteral("a\nb"),
                       .date = QDate(2026, 2, 28),
-                      .products = std::string("1~a\0\\~:\xF0\x9D\x84\x9E\x01~", 14)};
+                      .products = std::string("1~a\0\\~:\xF0\x9D\x84\x9E\x01~", 13)};
     const QString path = folder.filePath(QStringLiteral("q.quote.json"));
     writeQuote(path, quote);
     EXPECT_EQ(readQuote(path, [](const std::string&) {}), quote);

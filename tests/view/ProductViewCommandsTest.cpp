@@ -6,7 +6,7 @@ namespace {
 
 class ProductViewCommandsTest : public ViewFixture {};
 
-TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
+TEST_F(ProductViewCommandsTest, ARowIsDeletedOnceAnsweredAndMovedWithinTheEnds)
 {
     using Answer = ui::MessageResult;
     const char* const kSure = "Are you sure you want to delete the selected product?";
@@ -30,7 +30,9 @@ TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
         if (answer) {
             platform.messageBox().answer(*answer);
         }
+        const std::size_t asked = platform.messageBox().shown().size();
         button(name).click();
+        ASSERT_EQ(platform.messageBox().shown().size(), asked + (question ? 1 : 0));
         if (question) {
             EXPECT_EQ(platform.messageBox().shown().back().text, question);
             EXPECT_EQ(platform.messageBox().shown().back().title, "Orvan");
@@ -46,13 +48,24 @@ TEST_F(ProductViewCommandsTest, DeletingAsksFirstAndMovingStopsAtTheEnds)
 
 TEST_F(ProductViewCommandsTest, AHostMayDestroyTheViewWhileItAsks)
 {
-    makeView();
-    view->Show(kThreeProducts);
-    view->flexGrid().chooseRow(2);
-    platform.messageBox().onWaiting = [this](const ui::Message&) { view.reset(); };
-    platform.messageBox().answer(ui::MessageResult::yes);
-    button("cmdDelete").click();
-    EXPECT_EQ(faults.managersAlive, 0);
+    for (const bool answered : {true, false}) {
+        makeView();
+        view->Show(kThreeProducts);
+        view->flexGrid().chooseRow(2);
+        platform.messageBox().onWaiting = [&](const ui::Message&) {
+            view.reset();
+            if (!answered) {
+                trace->declareError(1000, 2);
+                throw RuntimeError(1000);
+            }
+        };
+        if (answered) {
+            platform.messageBox().answer(ui::MessageResult::yes);
+        }
+        button("cmdDelete").click();
+        EXPECT_EQ(faults.managersAlive, 0) << answered;
+    }
+    EXPECT_EQ(trace->lines().back(), "show 0");
 }
 
 TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)

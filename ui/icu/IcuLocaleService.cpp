@@ -4,8 +4,6 @@
 
 namespace orvan::icu {
 
-IcuLocaleService::IcuLocaleService() : IcuLocaleService(localeNamesFromEnvironment()) {}
-
 IcuLocaleService::IcuLocaleService(const LocaleNames& names)
     : money_(moneyPattern(icuLocaleId(names.monetary))), number_(numberPattern(icuLocaleId(names.numeric)))
 {

@@ -17,8 +17,6 @@ namespace orvan::icu {
 
 class IcuLocaleService : public ui::LocaleService {
 public:
-    /// The user's locales, from the environment of the process as it is now.
-    IcuLocaleService();
     /// Names as in LocaleNames.h; unknown ones fall back as icuLocaleId says, never an error.
     explicit IcuLocaleService(const LocaleNames& names);
 
