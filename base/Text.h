@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace orvan {
@@ -16,5 +17,8 @@ std::size_t characterCount(std::string_view text);
 
 /// The first `count` characters of text (all of it when it is shorter); a view into text.
 std::string_view firstCharacters(std::string_view text, std::size_t count);
+
+/// A code point (up to 0x10FFFF) as text.
+std::string toUtf8(char32_t character);
 
 } // namespace orvan

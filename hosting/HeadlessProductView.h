@@ -6,6 +6,7 @@
 
 #include "hosting/Host.h"
 #include "ui/headless/HeadlessControls.h"
+#include "ui/headless/HeadlessEntries.h"
 #include "ui/headless/HeadlessPlatform.h"
 #include "ui/headless/HeadlessSurface.h"
 #include "view/ProductView.h"

@@ -2,10 +2,11 @@
 
 namespace orvan::ui {
 
-void Button::setEnabled(bool enabled)
+void Button::userClicked()
 {
-    enabled_ = enabled;
-    doSetEnabled();
+    if (canTakeFocus()) {
+        raise(onClick);
+    }
 }
 
 } // namespace orvan::ui

@@ -1,29 +1,25 @@
 // Button: a push button with a caption or a picture; both come from the design.
 #pragma once
 
-#include "ui/Control.h"
+#include "ui/EnabledControl.h"
 
 #include <functional>
 
 namespace orvan::ui {
 
-class Button : public Control {
+class Button : public EnabledControl {
 public:
-    using Control::Control;
+    using EnabledControl::EnabledControl;
 
-    bool enabled() const { return enabled_; }
-    /// A button that is not enabled is shown greyed and cannot be pressed.
-    void setEnabled(bool enabled);
-
-    /// The user pressed it, by mouse, space bar or mnemonic. One handler; none: nothing happens.
+    /// The user pressed it, by mouse, space bar, mnemonic, or Escape where it cancels.
     std::function<void()> onClick;
 
 protected:
-    /// Show enabled().
-    virtual void doSetEnabled() = 0;
+    /// The platform's report. Raises onClick; nothing on a button that is not enabled.
+    void userClicked();
 
 private:
-    bool enabled_ = true;
+    friend class Form; ///< Escape presses the button that cancels.
 };
 
 } // namespace orvan::ui

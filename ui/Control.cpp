@@ -1,6 +1,8 @@
 #include "ui/Control.h"
 
 #include "base/RuntimeError.h"
+#include "ui/Platform.h"
+#include "ui/Surface.h"
 
 #include <cmath>
 
@@ -10,10 +12,14 @@ std::string_view controlKindName(ControlKind kind)
 {
     switch (kind) {
     case ControlKind::button: return "button";
+    case ControlKind::comboBox: return "combo box";
     case ControlKind::frame: return "frame";
     case ControlKind::grid: return "grid";
     case ControlKind::label: return "label";
+    case ControlKind::line: return "line";
     case ControlKind::textBox: return "text box";
+    case ControlKind::timer: return "timer";
+    case ControlKind::toolBar: return "tool bar";
     }
     return "control";
 }
@@ -42,6 +48,42 @@ void Control::move(float left, float top, float width, float height)
     width_ = width;
     height_ = height;
     doMove();
+}
+
+bool Control::canTakeFocus() const
+{
+    const bool ofSuchKind = kind_ == ControlKind::button || kind_ == ControlKind::comboBox ||
+                            kind_ == ControlKind::grid || kind_ == ControlKind::textBox;
+    return ofSuchKind && takesInput();
+}
+
+void Control::setFocus()
+{
+    if (!surface_ || !canTakeFocus()) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, name_ + ": cannot take the focus");
+    }
+    surface_->moveFocus(*this);
+}
+
+bool Control::hasFocus() const
+{
+    return surface_ && surface_->focused() == this;
+}
+
+void Control::raise(const std::function<void()>& handler) const
+{
+    if (surface_) {
+        surface_->raise(handler);
+    } else if (const auto copy = handler) {
+        copy();
+    }
+}
+
+void Control::giveFocusAway()
+{
+    if (const Control* focused = surface_ ? surface_->focused() : nullptr; focused && !focused->canTakeFocus()) {
+        surface_->leaveDisabled(*focused);
+    }
 }
 
 } // namespace orvan::ui

@@ -1,13 +1,13 @@
 // Frame: a box that holds other controls; positions of those are measured inside it.
 #pragma once
 
-#include "ui/Control.h"
+#include "ui/EnabledControl.h"
 
 namespace orvan::ui {
 
-class Frame : public Control {
+class Frame : public EnabledControl {
 public:
-    using Control::Control;
+    using EnabledControl::EnabledControl;
 };
 
 } // namespace orvan::ui

@@ -196,9 +196,13 @@ void Grid::setCurrentRow(std::int32_t row)
 void Grid::userResizedColumn(std::int32_t column, std::int32_t twips)
 {
     at(column).width = std::max(twips, 0);
-    if (const auto handler = onAfterUserResize) { // a copy: the handler may destroy this grid
-        handler();
-    }
+    raise(onAfterUserResize);
+}
+
+void Grid::userDoubleClicked(std::int32_t row)
+{
+    mouseRow_ = row;
+    raise(onDblClick);
 }
 
 void Grid::userChoseRow(std::int32_t row)

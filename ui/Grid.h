@@ -74,6 +74,10 @@ public:
 
     /// The user changed a column's width; the new width stands already.
     std::function<void()> onAfterUserResize;
+    /// The user double clicked, on a row or beside all.
+    std::function<void()> onDblClick;
+    /// The row under the mouse at the user's last mouse event, header rows included; -1 for none.
+    std::int32_t mouseRow() const { return mouseRow_; }
 
 protected:
     /// Show what changed: at once while redraw is on, all together when it is turned on again.
@@ -85,6 +89,8 @@ protected:
     void userResizedColumn(std::int32_t column, std::int32_t twips);
     /// The user chose a row.
     void userChoseRow(std::int32_t row);
+    /// The user double clicked; -1 for no row. Raises the event.
+    void userDoubleClicked(std::int32_t row);
 
 private:
     struct Column {
@@ -108,6 +114,7 @@ private:
     std::int32_t fixedRows_ = 1;
     std::int32_t currentRow_ = 0;
     bool userResizing_ = false;
+    std::int32_t mouseRow_ = -1;
     bool redraw_ = true;
     GridChanges pending_;
 };

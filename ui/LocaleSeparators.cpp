@@ -29,4 +29,15 @@ NumberSeparators gridSeparators(LocaleService& locale)
             readLocaleItem(locale, LocaleItem::decimalSeparator, standard.decimal)};
 }
 
+std::string keypadDecimal(LocaleService& locale, TextUse use)
+{
+    const NumberSeparators standard;
+    switch (use) {
+    case TextUse::number: return readLocaleItem(locale, LocaleItem::decimalSeparator, standard.decimal);
+    case TextUse::money: return readLocaleItem(locale, LocaleItem::monetaryDecimalSeparator, standard.decimal);
+    case TextUse::plain: break;
+    }
+    return standard.decimal;
+}
+
 } // namespace orvan::ui

@@ -4,6 +4,7 @@
 // shown. Thread: the user-interface thread.
 #pragma once
 
+#include "ui/FormDesign.h"
 #include "ui/GridFormat.h"
 
 namespace orvan::ui {
@@ -17,5 +18,9 @@ std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_v
 
 /// The user's separators of plain numbers; "," and "." stand where the service has none to give.
 NumberSeparators gridSeparators(LocaleService& locale);
+
+/// What the keypad's decimal key types into a box of that use: the user's decimal separator of numbers
+/// or of money; "." into plain text.
+std::string keypadDecimal(LocaleService& locale, TextUse use);
 
 } // namespace orvan::ui

@@ -6,6 +6,7 @@
 
 namespace orvan::ui {
 
+/// The first button is the default: Enter presses it.
 enum class MessageButtons { ok, yesNo, yesNoCancel };
 enum class MessageIcon { critical, question, exclamation, information };
 /// The values are those that hosts of this kind know.

@@ -14,6 +14,10 @@
 
 namespace orvan::ui {
 
+class Form;
+class ScreenPointer;
+struct FormDesign;
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -22,6 +26,10 @@ public:
     virtual SettingsStore& settings() = 0;
     virtual LocaleService& locale() = 0;
     virtual ComponentFactory& components() = 0;
+    virtual ScreenPointer& pointer() = 0;
+    /// Makes a form and all its controls; nothing is shown yet (see ui/Form.h). Never null. The
+    /// platform outlives the form. Raises what a Surface of the design raises.
+    virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
 
     /// Takes an error that left an event handler. No exception crosses a toolkit's event loop: the
     /// platform calls this instead and goes on. A host may set its own; it must not throw.

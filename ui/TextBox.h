@@ -1,25 +1,13 @@
-// TextBox: a box of text (UTF-8).
+// TextBox: a box of text, of one line or several.
 #pragma once
 
-#include "ui/Control.h"
-
-#include <string>
+#include "ui/TextEntry.h"
 
 namespace orvan::ui {
 
-class TextBox : public Control {
+class TextBox : public TextEntry {
 public:
-    using Control::Control;
-
-    const std::string& text() const { return text_; }
-    void setText(std::string text);
-
-protected:
-    /// Show text().
-    virtual void doSetText() = 0;
-
-private:
-    std::string text_;
+    using TextEntry::TextEntry;
 };
 
 } // namespace orvan::ui

@@ -2,9 +2,14 @@
 #pragma once
 
 #include "ui/Button.h"
+#include "ui/ComboBox.h"
+#include "ui/Form.h"
 #include "ui/Grid.h"
 #include "ui/Platform.h"
 #include "ui/Surface.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+#include "ui/ToolBar.h"
 
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
@@ -18,14 +23,23 @@ using test::Rows;
 
 /// A grid of five columns, a frame with a button in it, a label and the text box it names.
 extern const ui::FormDesign kDesign;
+/// A line, a note, a combo box and a box for amounts.
+extern const ui::FormDesign kEntryDesign;
+/// A tool bar, two boxes, a frame with three buttons, one button that cancels, a timer.
+extern const ui::FormDesign kFormDesign;
 
-/// "," and "." unless a test sets others.
+/// "," and "." unless a test sets others; nothing asks it for more than those two.
 class TestLocale final : public ui::LocaleService {
 public:
     std::string thousands = ",";
     std::string decimal = ".";
 
-    std::int32_t getLocaleInfo(std::int32_t lcid, ui::LocaleItem item, std::span<char> buffer) override;
+    std::int32_t getLocaleInfo(std::int32_t /*lcid*/, ui::LocaleItem item, std::span<char> buffer) override
+    {
+        const std::string& text = item == ui::LocaleItem::decimalSeparator ? decimal : thousands;
+        std::copy_n(text.c_str(), text.size() + 1, buffer.begin());
+        return static_cast<std::int32_t>(text.size()) + 1;
+    }
     std::string formatCurrency(Currency value, int /*digits*/) override { return value.toText(); }
     std::string formatNumber(Currency value, int /*digits*/) override { return value.toText(); }
     Currency textToCurrency(std::string_view text) override { return Currency::fromText(text); }
@@ -51,10 +65,32 @@ public:
     virtual void click(ui::Button& button) = 0;
     virtual void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) = 0;
     virtual void chooseRow(ui::Grid& grid, std::int32_t row) = 0;
+    /// -1: below all rows.
+    virtual void doubleClick(ui::Grid& grid, std::int32_t row) = 0;
     /// What a user sees in the row, hidden columns left out.
     virtual std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) = 0;
-    /// Answers the next message box.
-    virtual void answer(ui::MessageResult result) = 0;
+    /// Answers the next message box after what happens while it waits.
+    virtual void answer(
+        ui::MessageResult result, std::function<void()> meanwhile = [] {}) = 0;
+
+    /// Key by key; "\n" is Enter, "\b" Backspace, "\x7F" Delete.
+    virtual void type(ui::TextEntry& box, std::string_view text) = 0;
+    virtual void pressControl(ui::TextEntry& box, char letter) = 0;
+    virtual void pressKeypadDecimal(ui::TextEntry& box) = 0;
+    virtual void paste(ui::TextEntry& box, std::string_view text) = 0;
+    virtual void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) = 0;
+    virtual void chooseRow(ui::ComboBox& box, std::int32_t row) = 0;
+
+    /// Shows the form and does what its user does, who has it unloaded in the end.
+    virtual void showModal(ui::Form& form, std::function<void()> user) = 0;
+    /// The user goes to a box with the mouse.
+    virtual void goTo(ui::Form& form, std::string_view box) = 0;
+    virtual void choose(ui::ToolBar& bar, std::string_view tool) = 0;
+    virtual void pressEscape(ui::Form& form) = 0;
+    virtual void clickCloseBox(ui::Form& form) = 0;
+    /// Lets time pass, and tells it.
+    virtual void wait(std::int64_t milliseconds) = 0;
+    virtual std::int64_t now() = 0;
 };
 
 using DriverFactory = std::unique_ptr<Driver> (*)();
@@ -70,6 +106,30 @@ protected:
     std::unique_ptr<ui::Surface> surface;
     std::vector<std::int32_t> unhandled;
     std::vector<std::int32_t> expectedUnhandled;
+};
+
+class EntryContract : public PlatformContract {
+protected:
+    void SetUp() override;
+
+    ui::TextEntry& entry(std::string_view name) { return surface->control<ui::TextEntry>(name); }
+    ui::ComboBox& combo() { return surface->control<ui::ComboBox>("combo"); }
+};
+
+/// Notes what the form raises.
+class FormContract : public PlatformContract {
+protected:
+    void SetUp() override;
+
+    ui::Button& button(std::string_view name) { return form->control<ui::Button>(name); }
+    ui::TextBox& box(std::string_view name) { return form->control<ui::TextBox>(name); }
+    ui::ToolBar& bar() { return form->control<ui::ToolBar>("bar"); }
+    ui::Timer& timer() { return form->control<ui::Timer>("timer"); }
+    std::string taken() { return std::exchange(log, {}); }
+
+    std::unique_ptr<ui::Form> form;
+    std::string log;
+    bool stays = false;
 };
 
 } // namespace orvan::contract

@@ -1,6 +1,8 @@
 #include "ContractDriver.h"
 
 #include "ui/headless/HeadlessControls.h"
+#include "ui/headless/HeadlessEntries.h"
+#include "ui/headless/HeadlessForm.h"
 #include "ui/headless/HeadlessPlatform.h"
 #include "ui/headless/HeadlessSurface.h"
 
@@ -18,27 +20,66 @@ public:
     }
     void resize(ui::Surface& surface, int widthTwips, int heightTwips) override
     {
-        dynamic_cast<HeadlessSurface&>(surface).resize(static_cast<float>(widthTwips), static_cast<float>(heightTwips));
+        as<HeadlessSurface>(surface).resize(static_cast<float>(widthTwips), static_cast<float>(heightTwips));
     }
-    void click(ui::Button& button) override { dynamic_cast<HeadlessButton&>(button).click(); }
+    void click(ui::Button& button) override { as<HeadlessButton>(button).click(); }
     void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) override
     {
-        dynamic_cast<HeadlessGrid&>(grid).dragColumn(column, twips);
+        as<HeadlessGrid>(grid).dragColumn(column, twips);
     }
-    void chooseRow(ui::Grid& grid, std::int32_t row) override { dynamic_cast<HeadlessGrid&>(grid).chooseRow(row); }
+    void chooseRow(ui::Grid& grid, std::int32_t row) override { as<HeadlessGrid>(grid).chooseRow(row); }
+    void doubleClick(ui::Grid& grid, std::int32_t row) override { as<HeadlessGrid>(grid).doubleClick(row); }
     std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) override
     {
-        return dynamic_cast<HeadlessGrid&>(grid).visibleTexts(row);
+        return as<HeadlessGrid>(grid).visibleTexts(row);
     }
-    void answer(ui::MessageResult result) override { platform_.messageBox().answer(result); }
+    void answer(ui::MessageResult result, std::function<void()> meanwhile) override
+    {
+        platform_.messageBox().onWaiting = [meanwhile](const ui::Message&) { meanwhile(); };
+        platform_.messageBox().answer(result);
+    }
+
+    void type(ui::TextEntry& box, std::string_view text) override
+    {
+        text == "\b" ? at(box).backspace() : text == "\x7F" ? at(box).deleteForward() : at(box).type(text);
+    }
+    void pressControl(ui::TextEntry& box, char letter) override { at(box).pressControl(letter, clipboard_); }
+    void pressKeypadDecimal(ui::TextEntry& box) override { at(box).pressKeypadDecimal(); }
+    void paste(ui::TextEntry& box, std::string_view text) override { at(box).paste(text); }
+    void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) override { at(box).select(start, length); }
+    void chooseRow(ui::ComboBox& box, std::int32_t row) override { as<HeadlessComboBox>(box).chooseRow(row); }
+
+    void showModal(ui::Form& form, std::function<void()> user) override
+    {
+        platform_.drive([user](HeadlessForm&) { user(); });
+        form.showModal();
+    }
+    void goTo(ui::Form& form, std::string_view box) override { as<HeadlessForm>(form).focus(box); }
+    void choose(ui::ToolBar& bar, std::string_view tool) override { as<HeadlessToolBar>(bar).choose(tool); }
+    void pressEscape(ui::Form& form) override { as<HeadlessForm>(form).pressEscape(); }
+    void clickCloseBox(ui::Form& form) override { as<HeadlessForm>(form).clickCloseBox(); }
+    void wait(std::int64_t milliseconds) override { platform_.clock().advance(milliseconds); }
+    std::int64_t now() override { return platform_.clock().now(); }
 
 private:
+    template <class Its, class Abstract>
+    static Its& as(Abstract& it)
+    {
+        return dynamic_cast<Its&>(it);
+    }
+    static EntryDriver& at(ui::TextEntry& box) { return as<EntryDriver>(box); }
+
     HeadlessPlatform platform_{locale, components};
+    std::string clipboard_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract, testing::Values([]() -> std::unique_ptr<Driver> {
-                             return std::make_unique<HeadlessDriver>();
-                         }));
+std::unique_ptr<Driver> make()
+{
+    return std::make_unique<HeadlessDriver>();
+}
+INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract, testing::Values(make));
+INSTANTIATE_TEST_SUITE_P(Headless, FormContract, testing::Values(make));
+INSTANTIATE_TEST_SUITE_P(Headless, EntryContract, testing::Values(make));
 
 } // namespace
 } // namespace orvan::contract

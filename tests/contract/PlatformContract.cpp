@@ -1,7 +1,5 @@
 #include "ContractDriver.h"
 
-#include "ui/TextBox.h"
-
 #include <cmath>
 #include <limits>
 
@@ -15,23 +13,11 @@ constexpr ui::ControlDesign kControls[] = {
     {.name = "button", .kind = ControlKind::button, .parent = "frame", .left = 37, .width = 375, .height = 375,
      .toolTip = "Add <one>", .picture = "add", .tabIndex = 1},
     {.name = "label", .kind = ControlKind::label, .left = 3300, .top = 3015, .width = 900, .height = 375,
-     .caption = "&Total && tax"},
+     .caption = "Total && tax", .mnemonic = 'T'},
     {.name = "box", .kind = ControlKind::textBox, .left = 4200, .top = 3015, .width = 1500, .height = 375,
      .tabIndex = 0, .readOnly = true, .alignment = ui::Alignment::right},
 };
 const ui::FormDesign kDesign{.name = "Contract", .width = 6000, .height = 3600, .controls = kControls};
-
-std::int32_t TestLocale::getLocaleInfo(std::int32_t /*lcid*/, ui::LocaleItem item, std::span<char> buffer)
-{
-    const std::string* text = item == ui::LocaleItem::decimalSeparator     ? &decimal
-                              : item == ui::LocaleItem::thousandsSeparator ? &thousands
-                                                                           : nullptr;
-    if (!text || text->size() + 1 > buffer.size()) {
-        return 0;
-    }
-    std::copy_n(text->c_str(), text->size() + 1, buffer.begin());
-    return static_cast<std::int32_t>(text->size()) + 1;
-}
 
 void PlatformContract::SetUp()
 {
@@ -70,16 +56,6 @@ TEST_P(PlatformContract, AWrongDesignFailsWhenItIsLoaded)
     EXPECT_EQ(errorOf([&] { driver->load(orphan); }), 424);
 }
 
-TEST_P(PlatformContract, ResizesAreReportedInTwips)
-{
-    int reports = 0;
-    surface->onResize = [&] { ++reports; };
-    driver->resize(*surface, 7500, 4515);
-    EXPECT_EQ(surface->innerWidth(), 7500);
-    EXPECT_EQ(surface->innerHeight(), 4515);
-    EXPECT_EQ(reports, 1);
-}
-
 TEST_P(PlatformContract, ColumnWidthsStayExactThroughEverythingTheProgramDoes)
 {
     int resized = 0;
@@ -92,7 +68,10 @@ TEST_P(PlatformContract, ColumnWidthsStayExactThroughEverythingTheProgramDoes)
     grid().setColumnWidth(0, 0);
     grid().setColumnWidth(0, 1);
     grid().setRowCount(40);
-    driver->resize(*surface, 3000, 3000);
+    int reports = 0;
+    surface->onResize = [&] { ++reports; };
+    driver->resize(*surface, 7500, 4515);
+    EXPECT_TRUE(surface->innerWidth() == 7500 && surface->innerHeight() == 4515 && reports == 1);
     grid().setColumnHidden(1, false);
     for (std::int32_t column = 0; column < 5; ++column) {
         EXPECT_EQ(grid().columnWidth(column), widths[static_cast<std::size_t>(column)]) << column;
@@ -207,10 +186,24 @@ TEST_P(PlatformContract, OneRowIsCurrentByUserOrProgram)
     EXPECT_EQ(grid().currentRow(), 0) << "rows that come choose nothing";
 }
 
+TEST_P(PlatformContract, ADoubleClickTellsItsRowAndChoosesIt)
+{
+    grid().setRowCount(4);
+    grid().setColumnWidth(0, 1500);
+    std::vector<std::int32_t> rows;
+    grid().onDblClick = [&] { rows.insert(rows.end(), {grid().mouseRow(), grid().currentRow()}); };
+    for (const std::int32_t row : {2, 0, -1, 3}) {
+        driver->doubleClick(grid(), row);
+    }
+    EXPECT_EQ(rows, (std::vector<std::int32_t>{2, 2, 0, 2, -1, 2, 3, 3}));
+    grid().onDblClick = [&] { surface.reset(); };
+    driver->doubleClick(grid(), 1);
+    EXPECT_FALSE(surface);
+}
+
 TEST_P(PlatformContract, AHandlerMayThrowOrEndItsSurface)
 {
     auto& button = surface->control<ui::Button>("button");
-    driver->click(button);
     button.onClick = [] { throw RuntimeError(91); };
     driver->click(button);
     button.onClick = [] { throw 1; };
@@ -246,20 +239,6 @@ TEST_P(PlatformContract, SettingsHoldAnyTextUnderAnyName)
     }
     store.set("application", "section", "k", "again");
     EXPECT_EQ(store.get("application", "section", "k"), "again");
-}
-
-TEST_P(PlatformContract, MessageBoxesReturnTheUsersAnswer)
-{
-    for (const auto& [buttons, answer] : Rows<ui::MessageButtons, ui::MessageResult>{
-             {ui::MessageButtons::ok, ui::MessageResult::ok},
-             {ui::MessageButtons::yesNo, ui::MessageResult::yes},
-             {ui::MessageButtons::yesNo, ui::MessageResult::no},
-             {ui::MessageButtons::yesNoCancel, ui::MessageResult::no},
-             {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
-        driver->answer(answer);
-        const ui::Message message{.text = "<b>Sure?", .title = "Orvan", .buttons = buttons, .ownerWindow = 4711};
-        EXPECT_EQ(driver->platform().messageBox().show(message), answer) << "4711 is no window";
-    }
 }
 
 } // namespace

@@ -2,27 +2,189 @@
 #pragma once
 
 #include "ContractDriver.h"
+#include "base/Text.h"
 #include "tests/support/QtEnvironment.h"
 #include "ui/qt/QtPlatform.h"
 #include "ui/qt/QtSurface.h"
+#include "ui/qt/SurfaceWidgets.h"
+#include "ui/qt/WindowHandles.h"
 
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QMessageBox>
 #include <QTableView>
-#include <QWidget>
+#include <QTest>
+
+#include <chrono>
 
 namespace orvan::contract {
 
 using test::whenModal;
 
+inline QString qString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 class QtDriver final : public Driver {
 public:
     ui::Platform& platform() override { return platform_; }
-    std::unique_ptr<ui::Surface> load(const ui::FormDesign& design) override;
-    void resize(ui::Surface& surface, int widthTwips, int heightTwips) override;
-    void click(ui::Button& button) override;
-    void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) override;
-    void chooseRow(ui::Grid& grid, std::int32_t row) override;
-    std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) override;
-    void answer(ui::MessageResult result) override;
+    std::unique_ptr<ui::Surface> load(const ui::FormDesign& design) override
+    {
+        hosts_.push_back(std::make_unique<QWidget>());
+        host().resize(400, 240);
+        auto surface = std::make_unique<qt::QtSurface>(design, platform_, &host());
+        host().show();
+        host().activateWindow();
+        QApplication::processEvents();
+        return surface;
+    }
+    void resize(ui::Surface& /*surface*/, int widthTwips, int heightTwips) override
+    {
+        host().resize(widthTwips / 15, heightTwips / 15);
+        QApplication::processEvents();
+    }
+    void click(ui::Button& button) override
+    {
+        QTest::mouseClick(qt::widgetOf(button), Qt::LeftButton);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) override
+    {
+        QHeaderView& header = *viewOf(grid).horizontalHeader();
+        const int edge = header.sectionViewportPosition(column) + header.sectionSize(column) - 1;
+        const int way = twips / 15 - header.sectionSize(column);
+        const int middle = header.height() / 2;
+        QTest::mousePress(header.viewport(), Qt::LeftButton, {}, {edge, middle});
+        for (const int step : {way / 2, way + 20, way}) {
+            const QPointF to(edge + step, middle);
+            QMouseEvent move(QEvent::MouseMove, to, header.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                             {});
+            QApplication::sendEvent(header.viewport(), &move);
+        }
+        QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, {edge + way, middle});
+    }
+    void chooseRow(ui::Grid& grid, std::int32_t row) override
+    {
+        QTableView& view = viewOf(grid);
+        const QModelIndex index = view.model()->index(row - grid.fixedRows(), 1);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+    }
+    void doubleClick(ui::Grid& grid, std::int32_t row) override
+    {
+        QTableView& view = viewOf(grid);
+        const bool header = row >= 0 && row < grid.fixedRows();
+        const int below = view.rowViewportPosition(view.model()->rowCount() - 1) + 2 * view.rowHeight(0);
+        const int y = row < 0 ? below : view.rowViewportPosition(row - grid.fixedRows()) + 2;
+        QWidget* place = header ? view.horizontalHeader()->viewport() : view.viewport();
+        const QPoint at(20, header ? 5 : y);
+        QTest::mouseClick(place, Qt::LeftButton, {}, at);
+        QTest::mouseDClick(place, Qt::LeftButton, {}, at);
+    }
+    std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) override
+    {
+        QTableView& view = viewOf(grid);
+        std::vector<std::string> texts;
+        for (int column = 0; column < view.model()->columnCount(); ++column) {
+            if (!view.isColumnHidden(column)) {
+                const QVariant text = row < grid.fixedRows()
+                                          ? view.model()->headerData(column, Qt::Horizontal)
+                                          : view.model()->index(row - grid.fixedRows(), column).data();
+                texts.push_back(text.toString().toStdString());
+            }
+        }
+        return texts;
+    }
+    void answer(ui::MessageResult result, std::function<void()> meanwhile) override
+    {
+        whenModal([result, meanwhile = std::move(meanwhile)](QWidget& window) {
+            meanwhile();
+            const auto button = result == ui::MessageResult::yes      ? QMessageBox::Yes
+                                : result == ui::MessageResult::no     ? QMessageBox::No
+                                : result == ui::MessageResult::cancel ? QMessageBox::Cancel
+                                                                      : QMessageBox::Ok;
+            QTest::mouseClick(dynamic_cast<QMessageBox&>(window).button(button), Qt::LeftButton);
+        });
+    }
+
+    void type(ui::TextEntry& box, std::string_view text) override
+    {
+        QWidget& widget = focus(box);
+        for (; !text.empty(); text.remove_prefix(characterSize(text, 0))) {
+            const std::string_view character = text.substr(0, characterSize(text, 0));
+            const auto key = character == "\n"     ? Qt::Key_Return
+                             : character == "\b"   ? Qt::Key_Backspace
+                             : character == "\x7F" ? Qt::Key_Delete
+                                                   : Qt::Key_unknown;
+            if (key != Qt::Key_unknown) {
+                QTest::keyClick(&widget, key);
+            } else { // as a dead key, a keyboard of another script or AltGr makes it: text, no key of that name
+                QTest::sendKeyEvent(QTest::Press, &widget, key, qString(character), {});
+            }
+        }
+    }
+    void pressControl(ui::TextEntry& box, char letter) override
+    {
+        QTest::keyClick(&focus(box), static_cast<Qt::Key>(letter), Qt::ControlModifier);
+    }
+    void pressKeypadDecimal(ui::TextEntry& box) override
+    {
+        QTest::keyClick(&focus(box), Qt::Key_Period, Qt::KeypadModifier);
+    }
+    void paste(ui::TextEntry& box, std::string_view text) override
+    {
+        QApplication::clipboard()->setText(qString(text));
+        QTest::keyClick(&focus(box), Qt::Key_Insert, Qt::ShiftModifier);
+    }
+    void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) override
+    {
+        QTest::keyClick(&focus(box), Qt::Key_Home, Qt::ControlModifier);
+        for (std::int32_t step = 0; step < start + length; ++step) {
+            QTest::keyClick(&focus(box), Qt::Key_Right, step < start ? Qt::NoModifier : Qt::ShiftModifier);
+        }
+    }
+    void chooseRow(ui::ComboBox& box, std::int32_t row) override
+    {
+        auto& combo = dynamic_cast<QComboBox&>(focus(box));
+        QTest::keyClick(&combo, Qt::Key_F4);
+        QAbstractItemView& list = *combo.view();
+        EXPECT_TRUE(list.isVisible());
+        list.setCurrentIndex(list.model()->index(row, 0));
+        QTest::keyClick(&list, Qt::Key_Return);
+    }
+
+    void showModal(ui::Form& form, std::function<void()> user) override
+    {
+        QTimer::singleShot(0, qApp, [&form, user = std::move(user)] {
+            awaitActive(form);
+            user();
+        });
+        form.showModal();
+    }
+    void goTo(ui::Form& form, std::string_view box) override
+    {
+        awaitActive(form);
+        QTest::mouseClick(qt::widgetOf(form.control<ui::Control>(box)), Qt::LeftButton);
+    }
+    void choose(ui::ToolBar& bar, std::string_view tool) override
+    {
+        if (auto* action = qt::widgetOf(bar)->findChild<QAction*>(qString(tool))) { // else a menu, which opens
+            action->trigger();
+        }
+    }
+    void pressEscape(ui::Form& form) override
+    {
+        QTest::keyClick(qt::windowOf(form.window())->focusWidget(), Qt::Key_Escape);
+    }
+    void clickCloseBox(ui::Form& form) override { qt::windowOf(form.window())->close(); }
+    void wait(std::int64_t milliseconds) override { QTest::qWait(static_cast<int>(milliseconds)); }
+    std::int64_t now() override
+    {
+        using namespace std::chrono;
+        return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+    }
 
     /// Where the surface loaded last stands.
     QWidget& host() { return *hosts_.back(); }
@@ -35,11 +197,42 @@ public:
     void destroyHost() { hosts_.pop_back(); }
     std::string settingsPath() const { return folder_.filePath(QStringLiteral("new/settings.ini")).toStdString(); }
     const QTemporaryDir& folder() const { return folder_; }
+    /// The box's widget, which has the focus then.
+    static QWidget& focus(ui::TextEntry& box)
+    {
+        if (!box.hasFocus()) {
+            box.setFocus();
+        }
+        return *qt::widgetOf(box);
+    }
 
 private:
+    static QTableView& viewOf(ui::Grid& grid) { return dynamic_cast<QTableView&>(*qt::widgetOf(grid)); }
+    /// No user is quicker than the window system, and off screen there is none that brings a window back.
+    static void awaitActive(ui::Form& form)
+    {
+        QWidget* window = qt::windowOf(form.window());
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([window] { return QApplication::activeWindow() == window; }));
+    }
+
     QTemporaryDir folder_;
     qt::QtPlatform platform_{locale, components, settingsPath()};
     std::vector<std::unique_ptr<QWidget>> hosts_;
+};
+
+/// What only the Qt platform can get wrong.
+class QtTest : public testing::Test {
+protected:
+    QtTest()
+    {
+        showError = std::exchange(driver.platform().onUnhandledError,
+                                  [](const RuntimeError& error) { ADD_FAILURE() << error.number() << error.text(); });
+    }
+
+    QtDriver driver;
+    std::unique_ptr<ui::Surface> surface;
+    std::function<void(const RuntimeError&)> showError; ///< The platform's own way.
 };
 
 } // namespace orvan::contract

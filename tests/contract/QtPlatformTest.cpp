@@ -1,19 +1,12 @@
 // What only the Qt platform can get wrong: painting, the toolkit's own habits, files, lifetimes.
 #include "QtDriver.h"
 
-#include "ui/TextBox.h"
 #include "ui/qt/GridPaint.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QHeaderView>
 #include <QHelpEvent>
-#include <QMessageBox>
 #include <QScrollBar>
-#include <QTest>
-#include <QTimer>
 #include <QToolTip>
 #include <thread>
 
@@ -22,14 +15,17 @@ namespace {
 
 using namespace qt;
 
-class QtPlatformTest : public testing::Test {
+std::unique_ptr<Driver> make()
+{
+    return std::make_unique<QtDriver>();
+}
+INSTANTIATE_TEST_SUITE_P(Qt, PlatformContract, testing::Values(make));
+INSTANTIATE_TEST_SUITE_P(Qt, FormContract, testing::Values(make));
+INSTANTIATE_TEST_SUITE_P(Qt, EntryContract, testing::Values(make));
+
+class QtPlatformTest : public QtTest {
 protected:
-    void SetUp() override
-    {
-        showError = std::exchange(driver.platform().onUnhandledError,
-                                  [](const RuntimeError& error) { ADD_FAILURE() << error.number() << error.text(); });
-        surface = driver.load(kDesign);
-    }
+    QtPlatformTest() { surface = driver.load(kDesign); }
 
     ui::Grid& grid() { return surface->control<ui::Grid>("grid"); }
     QTableView& table() { return driver.table(); }
@@ -45,10 +41,6 @@ protected:
         grid().setRedraw(true);
         QApplication::processEvents();
     }
-
-    QtDriver driver;
-    std::unique_ptr<ui::Surface> surface;
-    std::function<void(const RuntimeError&)> showError; ///< The platform's own way.
 };
 
 class PaintCounter final : public QObject {
@@ -71,10 +63,7 @@ TEST_F(QtPlatformTest, ARedrawCycleIsPaintedOnceWhateverChanged)
              {"cells", [](ui::Grid& g) { g.setValue(1, 0, 5); g.setValue(2, 0, 6); }},
              {"more rows", [](ui::Grid& g) { g.setRowCount(150); }},
              {"fewer rows", [](ui::Grid& g) { g.setRowCount(3); g.setRowCount(120); }},
-             {"columns", [](ui::Grid& g) { g.moveColumn(4, 0); g.setColumnHidden(2, true); }},
-             {"widths", [](ui::Grid& g) { g.setColumnWidth(1, 9000); g.setColumnWidth(0, 250); }},
-             {"column count", [](ui::Grid& g) { g.setColumnCount(3); g.setColumnCount(6); }},
-             {"current row", [](ui::Grid& g) { g.setCurrentRow(90); }},
+             {"columns", [](ui::Grid& g) { g.moveColumn(4, 0); g.setColumnHidden(2, true); g.setColumnCount(6); }},
              {"all", [](ui::Grid& g) { g.setRowCount(40); g.setColumnWidth(0, 30); g.setCurrentRow(39); }}}) {
         PaintCounter counter(table().viewport());
         PaintCounter header(table().horizontalHeader()->viewport());
@@ -218,9 +207,6 @@ TEST_F(QtPlatformTest, KeysAndNamesServeThoseWhoUseNoMouse)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), next);
     }
-    QTest::keyClick(&driver.host(), Qt::Key_T, Qt::AltModifier);
-    EXPECT_EQ(QApplication::focusWidget(), &driver.widget("box"));
-    EXPECT_EQ(driver.widget("box").accessibleName(), QStringLiteral("Total & tax"));
     EXPECT_EQ(driver.widget("button").accessibleName(), QStringLiteral("Add <one>"));
     EXPECT_EQ(driver.widget("button").toolTip(), QStringLiteral("Add <one>"));
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);

@@ -1,4 +1,5 @@
 #include "tests/support/ViewFixture.h"
+#include "ui/Form.h"
 
 #include "view/ProductViewPrefs.h"
 #include "tests/support/Rows.h"
@@ -113,6 +114,8 @@ TEST_F(ProductViewPrefsTest, ABrokenStoreCostsOnlyThePreferences)
         ui::SettingsStore& settings() override { return store_; }
         ui::LocaleService& locale() override { return inner_.locale(); }
         ui::ComponentFactory& components() override { return inner_.components(); }
+        ui::ScreenPointer& pointer() override { return inner_.pointer(); }
+        std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override { return inner_.loadForm(design); }
 
     private:
         headless::HeadlessPlatform& inner_;

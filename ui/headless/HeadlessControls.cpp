@@ -1,37 +1,62 @@
 #include "ui/headless/HeadlessControls.h"
 
-#include "base/RuntimeError.h"
 #include "ui/LocaleSeparators.h"
 #include "ui/Platform.h"
+#include "ui/headless/HeadlessClock.h"
+#include "ui/headless/HeadlessEntries.h"
+#include "ui/headless/Impossible.h"
 
 namespace orvan::headless {
 
-namespace {
-
-[[noreturn]] void raiseImpossible(std::string what)
+std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
+                                                 HeadlessClock* clock)
 {
-    throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, std::move(what));
-}
-
-} // namespace
-
-HeadlessButton::HeadlessButton(const ui::ControlDesign& design, ui::Platform& platform)
-    : Button(design), platform_(platform)
-{
+    switch (design.kind) {
+    case ui::ControlKind::button: return std::make_unique<HeadlessButton>(design);
+    case ui::ControlKind::comboBox: return std::make_unique<HeadlessComboBox>(design, platform.locale());
+    case ui::ControlKind::frame: return std::make_unique<HeadlessFrame>(design);
+    case ui::ControlKind::grid: return std::make_unique<HeadlessGrid>(design, platform);
+    case ui::ControlKind::label: return std::make_unique<HeadlessLabel>(design);
+    case ui::ControlKind::line: return std::make_unique<HeadlessLine>(design);
+    case ui::ControlKind::textBox: return std::make_unique<HeadlessTextBox>(design, platform.locale());
+    case ui::ControlKind::timer:
+        if (clock) {
+            return std::make_unique<HeadlessTimer>(design, *clock);
+        }
+        break;
+    case ui::ControlKind::toolBar: return std::make_unique<HeadlessToolBar>(design);
+    }
+    throw RuntimeError(ErrorNumber::internalError, std::string(design.name), "no such control here");
 }
 
 void HeadlessButton::click()
 {
-    if (!enabled()) {
+    if (canTakeFocus()) {
+        setFocus();
+    }
+    press();
+}
+
+void HeadlessButton::press()
+{
+    if (!canTakeFocus()) {
         raiseImpossible(name() + ": a user cannot press a button that is not enabled");
     }
-    if (const auto handler = onClick) { // a copy: the handler may destroy this button
-        platform_.dispatch(handler);
+    userClicked();
+}
+
+void HeadlessToolBar::choose(std::string_view id)
+{
+    if (!toolEnabled(id)) {
+        raiseImpossible(name() + ": a user cannot choose a tool that is not enabled");
+    }
+    if (!opensMenu(id)) {
+        userChoseTool(id);
     }
 }
 
 HeadlessGrid::HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform)
-    : Grid(design, ui::gridSeparators(platform.locale())), platform_(platform)
+    : Grid(design, ui::gridSeparators(platform.locale()))
 {
 }
 
@@ -40,7 +65,7 @@ void HeadlessGrid::dragColumn(std::int32_t column, std::int32_t twips)
     if (!userResizing() || columnHidden(column)) {
         raiseImpossible(name() + ": a user cannot resize column " + std::to_string(column));
     }
-    platform_.dispatch([&] { userResizedColumn(column, twips); });
+    userResizedColumn(column, twips);
 }
 
 void HeadlessGrid::chooseRow(std::int32_t row)
@@ -49,6 +74,14 @@ void HeadlessGrid::chooseRow(std::int32_t row)
         raiseImpossible(name() + ": a user cannot choose row " + std::to_string(row));
     }
     userChoseRow(row);
+}
+
+void HeadlessGrid::doubleClick(std::int32_t row)
+{
+    if (row >= fixedRows()) {
+        userChoseRow(row);
+    }
+    userDoubleClicked(row);
 }
 
 std::vector<std::string> HeadlessGrid::visibleTexts(std::int32_t row) const

@@ -1,16 +1,20 @@
 // The in-memory controls: what a user does to them is a method here, and only here.
 //
 // Every driving method behaves as the user's action does in a window: it reports through the same
-// events, and an error that leaves a handler reaches the platform's onUnhandledError.
+// events, and an error that leaves a handler reaches the platform's onUnhandledError. What a user
+// could not do (press a greyed button, type into a box of a form that is gone) raises 5.
 #pragma once
 
 #include "ui/Button.h"
 #include "ui/Frame.h"
 #include "ui/Grid.h"
 #include "ui/Label.h"
-#include "ui/TextBox.h"
+#include "ui/Line.h"
+#include "ui/ToolBar.h"
 
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvan::ui {
@@ -19,18 +23,24 @@ class Platform;
 
 namespace orvan::headless {
 
+class HeadlessClock;
+
+/// Makes the control of a design row's kind. Raises 51 for a timer where there is no clock.
+std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
+                                                 HeadlessClock* clock);
+
 class HeadlessButton final : public ui::Button {
 public:
-    HeadlessButton(const ui::ControlDesign& design, ui::Platform& platform);
+    using Button::Button;
 
-    /// Raises 5 when the button is not enabled: a user could not do it.
+    /// With the mouse: the button has the focus before it reports the click.
     void click();
+    /// With its mnemonic or, as platforms differ in this, with a mouse click that moves no focus.
+    void press();
 
 private:
     void doMove() override {}
     void doSetEnabled() override {}
-
-    ui::Platform& platform_;
 };
 
 class HeadlessFrame final : public ui::Frame {
@@ -39,6 +49,7 @@ public:
 
 private:
     void doMove() override {}
+    void doSetEnabled() override {}
 };
 
 class HeadlessLabel final : public ui::Label {
@@ -49,13 +60,24 @@ private:
     void doMove() override {}
 };
 
-class HeadlessTextBox final : public ui::TextBox {
+class HeadlessLine final : public ui::Line {
 public:
-    using TextBox::TextBox;
+    using Line::Line;
 
 private:
     void doMove() override {}
-    void doSetText() override {}
+};
+
+class HeadlessToolBar final : public ui::ToolBar {
+public:
+    using ToolBar::ToolBar;
+
+    /// The user opens the menus and chooses the tool.
+    void choose(std::string_view id);
+
+private:
+    void doMove() override {}
+    void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
 };
 
 class HeadlessGrid final : public ui::Grid {
@@ -63,10 +85,12 @@ public:
     HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform);
 
     /// The user drags the column's right edge until it is `twips` wide. Raises 5 where the grid
-    /// does not let columns be resized or the column is hidden: a user could not do it.
+    /// does not let columns be resized or the column is hidden.
     void dragColumn(std::int32_t column, std::int32_t twips);
     /// The user clicks a row below the header. Raises 5 for a header row, 9 outside the grid.
     void chooseRow(std::int32_t row);
+    /// On a row, which a click chooses first where it is below the header; -1: beside all rows.
+    void doubleClick(std::int32_t row);
 
     /// How often the grid has been painted since it was made.
     int paintCount() const { return paintCount_; }
@@ -78,7 +102,6 @@ private:
     void doUpdate(const ui::GridChanges& changes) override;
     void doSuspend() override {}
 
-    ui::Platform& platform_;
     int paintCount_ = 0;
 };
 

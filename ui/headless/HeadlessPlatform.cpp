@@ -1,5 +1,7 @@
 #include "ui/headless/HeadlessPlatform.h"
 
+#include "ui/headless/HeadlessForm.h"
+
 #include <iostream>
 
 namespace orvan::headless {
@@ -52,6 +54,21 @@ HeadlessPlatform::HeadlessPlatform(ui::LocaleService& locale, ui::ComponentFacto
     onUnhandledError = [](const RuntimeError& error) {
         std::cerr << "Error " << error.number() << ": " << error.text() << '\n';
     };
+}
+
+std::unique_ptr<ui::Form> HeadlessPlatform::loadForm(const ui::FormDesign& design)
+{
+    return std::make_unique<HeadlessForm>(design, *this);
+}
+
+HeadlessPlatform::Driver HeadlessPlatform::nextDriver()
+{
+    if (drivers_.empty()) {
+        return {};
+    }
+    Driver next = std::move(drivers_.front());
+    drivers_.pop_front();
+    return next;
 }
 
 } // namespace orvan::headless

@@ -1,11 +1,13 @@
 // HeadlessPlatform: the library's platform without a toolkit.
 //
 // For hosts without a window (servers, converters, tests): the same logic runs on controls in
-// memory, a person's answers to message boxes are given in advance, and settings live as long as
-// the platform. Thread: the thread that made it.
+// memory, a person's answers to message boxes and doings in dialogs are given in advance, time passes
+// when it is told to, and settings live as long as the platform. Thread: the thread that made it.
 #pragma once
 
 #include "ui/Platform.h"
+#include "ui/ScreenPointer.h"
+#include "ui/headless/HeadlessClock.h"
 
 #include <deque>
 #include <map>
@@ -13,6 +15,8 @@
 #include <vector>
 
 namespace orvan::headless {
+
+class HeadlessForm;
 
 /// A message box answered from a queue.
 class HeadlessMessageBox final : public ui::MessageBox {
@@ -50,6 +54,18 @@ private:
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
 };
 
+class HeadlessPointer final : public ui::ScreenPointer {
+public:
+    ui::PointerCode code() const override { return history_.back(); }
+    void setCode(ui::PointerCode code) override { history_.push_back(code); }
+
+    /// Every code so far, oldest first; the standard one to begin with.
+    const std::vector<ui::PointerCode>& history() const { return history_; }
+
+private:
+    std::vector<ui::PointerCode> history_{ui::PointerCode::standard};
+};
+
 class HeadlessPlatform final : public ui::Platform {
 public:
     /// Both must outlive the platform. An error that no handler took is written to std::cerr until
@@ -60,12 +76,32 @@ public:
     HeadlessSettingsStore& settings() override { return settings_; }
     ui::LocaleService& locale() override { return locale_; }
     ui::ComponentFactory& components() override { return components_; }
+    HeadlessPointer& pointer() override { return pointer_; }
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
+
+    using Driver = std::function<void(HeadlessForm& form)>;
+    /// What a person does in the next form that nobody drives yet. A form shown modally without a
+    /// driver, or still open when its driver has returned, is unloaded and raises 51.
+    void drive(Driver driver) { drivers_.push_back(std::move(driver)); }
+    /// Takes back the one that was to drive the next form.
+    void dropDriver() { static_cast<void>(nextDriver()); }
+    /// Drivers that no form has asked for yet.
+    std::size_t unusedDrivers() const { return drivers_.size(); }
+    HeadlessClock& clock() { return clock_; }
 
 private:
+    friend class HeadlessForm;
+
+    /// Takes the next one from the queue; empty when there is none.
+    Driver nextDriver();
+
     ui::LocaleService& locale_;
     ui::ComponentFactory& components_;
     HeadlessMessageBox messageBox_;
     HeadlessSettingsStore settings_;
+    HeadlessPointer pointer_;
+    HeadlessClock clock_;
+    std::deque<Driver> drivers_;
 };
 
 } // namespace orvan::headless

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ui/ContainerSite.h"
-#include "ui/Platform.h"
 #include "ui/Surface.h"
 
 #include <string>
@@ -12,7 +11,8 @@ namespace orvan::headless {
 
 class HeadlessSurface final : public ui::Surface {
 public:
-    /// Makes every control of the design. The platform must outlive the surface.
+    /// Makes every control of the design. The platform must outlive the surface. Raises 51 for a timer:
+    /// forms alone have time.
     HeadlessSurface(const ui::FormDesign& design, ui::Platform& platform);
 
     /// The container gives the control another size, in twips.
@@ -20,8 +20,7 @@ public:
 
 private:
     std::unique_ptr<ui::Control> make(const ui::ControlDesign& design, ui::Control* parent) override;
-
-    ui::Platform& platform_;
+    void doSetFocus(ui::Control& /*to*/) override {}
 };
 
 class HeadlessSite final : public ui::ContainerSite {

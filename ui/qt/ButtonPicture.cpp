@@ -70,11 +70,68 @@ void drawDown(QPainterPath& path)
     path.lineTo(12, 8.5);
 }
 
+void drawPrevious(QPainterPath& path)
+{
+    path.moveTo(10, 3.5);
+    path.lineTo(5.5, 8);
+    path.lineTo(10, 12.5);
+}
+
+void drawNext(QPainterPath& path)
+{
+    path.moveTo(6, 3.5);
+    path.lineTo(10.5, 8);
+    path.lineTo(6, 12.5);
+}
+
+void drawFirst(QPainterPath& path)
+{
+    path.moveTo(4, 3);
+    path.lineTo(4, 13);
+    path.moveTo(12, 3.5);
+    path.lineTo(7.5, 8);
+    path.lineTo(12, 12.5);
+}
+
+void drawLast(QPainterPath& path)
+{
+    path.moveTo(12, 3);
+    path.lineTo(12, 13);
+    path.moveTo(4, 3.5);
+    path.lineTo(8.5, 8);
+    path.lineTo(4, 12.5);
+}
+
+void drawSave(QPainterPath& path)
+{
+    path.moveTo(2.5, 2.5); // disk with a cut corner
+    path.lineTo(11, 2.5);
+    path.lineTo(13.5, 5);
+    path.lineTo(13.5, 13.5);
+    path.lineTo(2.5, 13.5);
+    path.closeSubpath();
+    path.moveTo(5.5, 2.5); // shutter
+    path.lineTo(5.5, 5.5);
+    path.lineTo(10.5, 5.5);
+    path.lineTo(10.5, 2.5);
+    path.moveTo(4.5, 13.5); // label
+    path.lineTo(4.5, 8.5);
+    path.lineTo(11.5, 8.5);
+    path.lineTo(11.5, 13.5);
+}
+
+void drawCross(QPainterPath& path)
+{
+    path.moveTo(4, 4);
+    path.lineTo(12, 12);
+    path.moveTo(12, 4);
+    path.lineTo(4, 12);
+}
+
 constexpr Picture kPictures[] = {
-    {"add", 2, drawAdd},
-    {"delete", 1, drawBin},
-    {"up", 2, drawUp},
-    {"down", 2, drawDown},
+    {"add", 2, drawAdd},     {"delete", 1, drawBin},        {"up", 2, drawUp},     {"down", 2, drawDown},
+    {"first", 2, drawFirst}, {"previous", 2, drawPrevious}, {"next", 2, drawNext}, {"last", 2, drawLast},
+    {"save", 1, drawSave},   {"cancel", 2, drawCross},
 };
 
 class PictureEngine final : public QIconEngine {

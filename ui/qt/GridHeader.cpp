@@ -76,18 +76,22 @@ void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
     userActs_ = event->button() == Qt::LeftButton;
     resizedColumn_ = -1;
     QHeaderView::mouseDoubleClickEvent(event); // on an edge: the view fits the column to its contents
-    reportResize();
+    if (!reportResize() && event->button() == Qt::LeftButton && onUserDoubleClick) {
+        const auto report = onUserDoubleClick; // a copy: the report may end the grid
+        report();
+    }
 }
 
-void GridHeader::reportResize()
+bool GridHeader::reportResize()
 {
     userActs_ = false;
     const int column = std::exchange(resizedColumn_, -1);
     if (column < 0 || column >= count() || sectionSize(column) == widthBefore_ || !onUserResize) {
-        return;
+        return false;
     }
     const auto report = onUserResize; // a copy: the report may end the grid
     report(column, sectionSize(column));
+    return true;
 }
 
 void GridHeader::paintEvent(QPaintEvent* event)

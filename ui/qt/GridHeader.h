@@ -17,6 +17,9 @@ public:
     /// go) or by double-clicking it. Widths that the program sets are never reported.
     std::function<void(int column, int pixels)> onUserResize;
 
+    /// The user double clicked with the left button, not on an edge that fits its column.
+    std::function<void()> onUserDoubleClick;
+
     /// The header's sections are fixed while the user may not resize.
     void setUserResizing(bool allowed);
     /// The part of `area`, as wide as the header, in which no column stands.
@@ -32,7 +35,8 @@ protected:
     QSize sectionSizeFromContents(int column) const override;
 
 private:
-    void reportResize();
+    /// Whether there was a resize to report.
+    bool reportResize();
 
     bool userActs_ = false;
     int resizedColumn_ = -1;

@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -139,6 +140,24 @@ void GridView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
         QTableView::mousePressEvent(event);
+    }
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const int row = rowAt(qRound(event->position().y()));
+    const QPointer<GridView> alive(this); // choosing the row may end the grid
+    QTableView::mouseDoubleClickEvent(event);
+    if (alive && row >= 0 && row != currentIndex().row()) { // right of the cells the base chooses nothing
+        selectionModel()->setCurrentIndex(model()->index(row, firstShownColumn()),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    if (alive && onUserDoubleClick) {
+        const auto report = onUserDoubleClick; // a copy: the report may end the grid
+        report(row);
     }
 }
 

@@ -20,6 +20,8 @@ public:
 
     /// The user chose a row, by mouse or keyboard.
     std::function<void(int row)> onUserRow;
+    /// The user double clicked with the left button; -1 beside all rows. The row has been chosen.
+    std::function<void(int row)> onUserDoubleClick;
 
     /// Runs a change of the model's size or of columns as the program's own and has the view take it
     /// in at once, with no later pass of layout and painting. The scroll position stays.
@@ -39,6 +41,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -1,4 +1,4 @@
-// QtControls: frame, label, text box and button as Qt widgets.
+// QtControls: frame, label, line and button as Qt widgets.
 //
 // Each shows its design in a widget of its own, a child of `parent`, and is placed in pixels while
 // it keeps its lengths in twips. Ownership: see ui/qt/QtWidgetHolder.h. Thread: the user-interface
@@ -8,21 +8,19 @@
 #include "ui/Button.h"
 #include "ui/Frame.h"
 #include "ui/Label.h"
-#include "ui/TextBox.h"
+#include "ui/Line.h"
 #include "ui/qt/QtWidgetHolder.h"
-
-namespace orvan::ui {
-class Platform;
-}
 
 namespace orvan::qt {
 
 class QtFrame final : public ui::Frame, public QtWidgetHolder {
 public:
-    QtFrame(const ui::ControlDesign& design, QWidget* parent);
+    /// `hasCells`: its controls stand in rows and columns; see ui/qt/FieldCard.h.
+    QtFrame(const ui::ControlDesign& design, QWidget* parent, bool hasCells);
 
 private:
     void doMove() override { place(*this); }
+    void doSetEnabled() override { showEnabled(enabled()); }
 };
 
 class QtLabel final : public ui::Label, public QtWidgetHolder {
@@ -35,28 +33,25 @@ public:
 private:
     void doMove() override { place(*this); }
 
-    std::string_view caption_; ///< As marked in the design.
+    QString marked_;
 };
 
-class QtTextBox final : public ui::TextBox, public QtWidgetHolder {
+class QtLine final : public ui::Line, public QtWidgetHolder {
 public:
-    QtTextBox(const ui::ControlDesign& design, QWidget* parent);
+    QtLine(const ui::ControlDesign& design, QWidget* parent);
 
 private:
     void doMove() override { place(*this); }
-    void doSetText() override;
 };
 
 class QtButton final : public ui::Button, public QtWidgetHolder {
 public:
     /// Raises 380 for a picture that does not exist.
-    QtButton(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform);
+    QtButton(const ui::ControlDesign& design, QWidget* parent);
 
 private:
     void doMove() override { place(*this); }
-    void doSetEnabled() override;
-
-    ui::Platform& platform_;
+    void doSetEnabled() override { showEnabled(enabled()); }
 };
 
 } // namespace orvan::qt

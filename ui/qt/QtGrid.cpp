@@ -19,7 +19,7 @@ constexpr int kWidestColumn = (1 << 20) - 1;
 
 QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
     : Grid(design, ui::gridSeparators(platform.locale())), QtWidgetHolder(new GridView(parent), design),
-      platform_(platform), model_(new GridModel(*this, widget()))
+      model_(new GridModel(*this, widget()))
 {
     model_->isCut = [this](const QString& text, int column) {
         return fitText(view()->fontMetrics(), text, view()->columnWidth(column)).cut;
@@ -27,6 +27,8 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     view()->setModel(model_);
     view()->onUserRow = [this](int row) { takeUserRow(row); };
     view()->header().onUserResize = [this](int column, int pixels) { takeUserWidth(column, pixels); };
+    view()->onUserDoubleClick = [this](int row) { takeDoubleClick(row); };
+    view()->header().onUserDoubleClick = [this] { userDoubleClicked(0); };
     doUpdate({.cells = true, .layout = true, .currentRow = false});
 }
 
@@ -37,6 +39,8 @@ QtGrid::~QtGrid()
         model_->detach();
         view()->onUserRow = nullptr;
         view()->header().onUserResize = nullptr;
+        view()->onUserDoubleClick = nullptr;
+        view()->header().onUserDoubleClick = nullptr;
     }
 }
 
@@ -94,21 +98,23 @@ void QtGrid::applyCurrentRow(bool reveal)
 
 void QtGrid::takeUserRow(int row)
 {
-    platform_.dispatch([&] {
-        const std::int32_t chosen = model_->gridRow(row);
-        if (chosen < rowCount()) { // else it is a row whose removal the view has yet to hear of
-            userChoseRow(chosen);
-        }
-    });
+    const std::int32_t chosen = model_->gridRow(row);
+    if (chosen < rowCount()) { // else it is a row whose removal the view has yet to hear of
+        userChoseRow(chosen);
+    }
+}
+
+void QtGrid::takeDoubleClick(int row)
+{
+    const std::int32_t clicked = row < 0 ? -1 : model_->gridRow(row);
+    userDoubleClicked(clicked < rowCount() ? clicked : -1);
 }
 
 void QtGrid::takeUserWidth(int column, int pixels)
 {
-    platform_.dispatch([&] {
-        if (column < columnCount()) {
-            userResizedColumn(column, pixels * kTwipsPerPixel);
-        }
-    });
+    if (column < columnCount()) {
+        userResizedColumn(column, pixels * kTwipsPerPixel);
+    }
 }
 
 } // namespace orvan::qt

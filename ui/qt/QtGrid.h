@@ -32,9 +32,9 @@ private:
     void applyColumns();
     void applyCurrentRow(bool reveal);
     void takeUserRow(int row);
+    void takeDoubleClick(int row);
     void takeUserWidth(int column, int pixels);
 
-    ui::Platform& platform_;
     GridModel* model_; ///< Child of the view: gone when view() is null.
 };
 

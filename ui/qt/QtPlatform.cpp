@@ -1,5 +1,6 @@
 #include "ui/qt/QtPlatform.h"
 
+#include "ui/qt/QtForm.h"
 #include "ui/qt/QtText.h"
 
 #include <QApplication>
@@ -12,6 +13,11 @@ QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& componen
     : locale_(locale), components_(components), settings_(settingsPath)
 {
     onUnhandledError = [this](const RuntimeError& error) { showUnhandled(error); };
+}
+
+std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design)
+{
+    return std::make_unique<QtForm>(design, *this);
 }
 
 void QtPlatform::showUnhandled(const RuntimeError& error) noexcept

@@ -7,6 +7,7 @@
 
 #include "ui/Platform.h"
 #include "ui/qt/QtMessageBox.h"
+#include "ui/qt/QtScreenPointer.h"
 #include "ui/qt/QtSettingsStore.h"
 #include "ui/qt/WindowHandles.h"
 
@@ -23,6 +24,8 @@ public:
     QtSettingsStore& settings() override { return settings_; }
     ui::LocaleService& locale() override { return locale_; }
     ui::ComponentFactory& components() override { return components_; }
+    QtScreenPointer& pointer() override { return pointer_; }
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
 private:
     void showUnhandled(const RuntimeError& error) noexcept;
@@ -31,6 +34,7 @@ private:
     ui::ComponentFactory& components_;
     QtMessageBox messageBox_;
     QtSettingsStore settings_;
+    QtScreenPointer pointer_;
     bool showing_ = false;
 };
 

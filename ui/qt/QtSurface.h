@@ -7,39 +7,22 @@
 #pragma once
 
 #include "ui/Surface.h"
-
-#include <QPointer>
-
-class QWidget;
-
-namespace orvan::ui {
-class Platform;
-}
+#include "ui/qt/SurfaceWidgets.h"
 
 namespace orvan::qt {
-
-class QtLabel;
 
 class QtSurface final : public ui::Surface {
 public:
     /// Makes every control of the design. The platform must outlive the surface. Raises 424 for a
     /// control whose frame is missing and 380 for a button picture that does not exist.
     QtSurface(const ui::FormDesign& design, ui::Platform& platform, QWidget* host);
-    ~QtSurface() override;
 
 private:
-    class ResizeWatcher;
-
     std::unique_ptr<ui::Control> make(const ui::ControlDesign& design, ui::Control* parent) override;
-    std::unique_ptr<ui::Control> makeControl(const ui::ControlDesign& design, QWidget* parent);
-    void nameForAssistance(const ui::ControlDesign& design, QWidget* widget);
-    void orderTabs();
+    void doSetFocus(ui::Control& to) override { widgets_.setFocus(to); }
+    void reportSize(int width, int height);
 
-    ui::Platform& platform_;
-    QPointer<QWidget> host_;
-    std::unique_ptr<ResizeWatcher> watcher_;
-    QtLabel* labelBefore_ = nullptr; ///< The control made just before, where it is a label.
-    std::string captionBefore_;
+    SurfaceWidgets widgets_;
 };
 
 } // namespace orvan::qt

@@ -12,17 +12,19 @@ constexpr qsizetype kUnwrappedTip = 80;
 
 } // namespace
 
-QString withoutMnemonic(std::string_view caption)
+QString plainCaption(std::string_view caption)
 {
-    const QString marked = toQt(caption);
-    QString plain;
-    for (qsizetype at = 0; at < marked.size(); ++at) {
-        if (marked[at] == u'&' && ++at == marked.size()) {
-            break;
-        }
-        plain += marked[at];
+    return toQt(caption).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
+QString markedCaption(std::string_view caption, char mnemonic)
+{
+    QString marked = toQt(caption);
+    const qsizetype at = mnemonic == 0 ? -1 : marked.indexOf(QLatin1Char(mnemonic));
+    if (at >= 0) {
+        marked.insert(at, u'&');
     }
-    return plain;
+    return marked;
 }
 
 QString toolTipText(const QString& plain)

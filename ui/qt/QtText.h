@@ -13,7 +13,9 @@ namespace orvan::qt {
 /// Bytes that are not UTF-8 become replacement characters.
 inline QString toQt(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    const QString read = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return text.substr(0, kMark.size()) == kMark ? QChar(QChar::ByteOrderMark) + read : read; // Qt drops a leading one
 }
 
 inline std::string fromQt(const QString& text)
@@ -21,8 +23,11 @@ inline std::string fromQt(const QString& text)
     return text.toStdString();
 }
 
-/// A design's caption as it reads: the mnemonic's '&' dropped, "&&" as one ampersand.
-QString withoutMnemonic(std::string_view caption);
+/// A design's caption as it reads: "&&" as one ampersand.
+QString plainCaption(std::string_view caption);
+
+/// A design's caption as Qt takes it: '&' before the first character that is the mnemonic, in that case.
+QString markedCaption(std::string_view caption, char mnemonic);
 
 /// Text for a tool tip, which Qt would else read as markup wherever it looks like some.
 QString toolTipText(const QString& plain);

@@ -25,6 +25,13 @@ QtWidgetHolder::~QtWidgetHolder()
     }
 }
 
+void QtWidgetHolder::showEnabled(bool enabled)
+{
+    if (widget_) {
+        widget_->setEnabled(enabled);
+    }
+}
+
 void QtWidgetHolder::place(const ui::Control& control)
 {
     place(control.left(), control.top(), control.width(), control.height());
@@ -32,7 +39,7 @@ void QtWidgetHolder::place(const ui::Control& control)
 
 void QtWidgetHolder::place(float left, float top, float width, float height)
 {
-    if (widget_) {
+    if (widget_ && !inLayout_) {
         widget_->setGeometry(toPixels(left), toPixels(top), toPixels(width), toPixels(height));
     }
 }

@@ -21,6 +21,8 @@ public:
 
     /// Null once the widget has been destroyed.
     QWidget* widget() const { return widget_; }
+    /// A layout places the widget from here on; the control's lengths stay what they were set to.
+    void leaveToLayout() { inLayout_ = true; }
 
 protected:
     /// Takes a new child widget; names, places and shows it.
@@ -28,6 +30,7 @@ protected:
     ~QtWidgetHolder();
 
     void place(const ui::Control& control);
+    void showEnabled(bool enabled);
     /// Receiver for connections to the control: they end with it, not with the widget.
     QObject* context() { return &context_; }
 
@@ -36,6 +39,7 @@ private:
 
     QPointer<QWidget> widget_;
     QObject context_;
+    bool inLayout_ = false;
 };
 
 } // namespace orvan::qt

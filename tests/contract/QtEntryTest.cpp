@@ -1,0 +1,202 @@
+// What only the Qt boxes can get wrong: input methods, drops, menus, shortcuts, the list's own habits.
+#include "QtDriver.h"
+
+#include <QAccessible>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QShortcut>
+#include <QWheelEvent>
+
+namespace orvan::contract {
+namespace {
+
+class QtEntryTest : public QtTest {
+protected:
+    QtEntryTest() { surface = driver.load(kEntryDesign); }
+
+    ui::TextEntry& entry(const char* name) { return surface->control<ui::TextEntry>(name); }
+    ui::ComboBox& combo() { return surface->control<ui::ComboBox>("combo"); }
+    QComboBox& comboWidget() { return driver.widget<QComboBox>("combo"); }
+    /// The widget that takes a mouse's events.
+    QWidget& part(const char* name)
+    {
+        QWidget& whole = driver.widget(name);
+        if (auto* note = qobject_cast<QPlainTextEdit*>(&whole)) {
+            return *note->viewport();
+        }
+        auto* box = qobject_cast<QComboBox*>(&whole);
+        return box ? *box->lineEdit() : whole;
+    }
+    void fill(int rows)
+    {
+        combo().clear();
+        for (int row = 0; row < rows; ++row) {
+            combo().addItem("row " + std::to_string(row));
+        }
+    }
+};
+
+void compose(QWidget& widget, const char* proposed, const char* written)
+{
+    QInputMethodEvent event(QString::fromUtf8(proposed), {});
+    event.setCommitString(QString::fromUtf8(written));
+    QApplication::sendEvent(&widget, &event);
+}
+
+void drop(QWidget& widget, const char* text)
+{
+    QMimeData data;
+    data.setText(QString::fromUtf8(text));
+    QDragEnterEvent enter({2, 8}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&widget, &enter);
+    QDragMoveEvent move({2, 8}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&widget, &move);
+    QDropEvent event({2, 8}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&widget, &event);
+}
+
+void pasteByMenu(QWidget& widget, const char* text)
+{
+    QApplication::clipboard()->setText(QString::fromUtf8(text));
+    QContextMenuEvent ask(QContextMenuEvent::Mouse, {2, 8}, widget.mapToGlobal(QPoint(2, 8)));
+    QApplication::sendEvent(&widget, &ask);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    for (QAction* action : menu->actions()) {
+        if (action->text().startsWith(QStringLiteral("&Paste"))) {
+            action->trigger();
+        }
+    }
+    menu->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST_F(QtEntryTest, EveryWayIntoABoxKeepsItsFilterAndItsLimit)
+{
+    for (const char* name : {"line", "combo", "note"}) {
+        ui::TextEntry& box = entry(name);
+        QWidget& widget = QtDriver::focus(box);
+        int changes = 0;
+        box.onChange = [&] { ++changes; };
+        box.onKeyPress = [](std::int16_t& iKeyAscii) { iKeyAscii = iKeyAscii == 'x' ? 0 : iKeyAscii; };
+        compose(widget, "^x", "");
+        EXPECT_EQ(changes, 0) << "a proposal is no text yet";
+        box.setMaxLength(4);
+        compose(widget, "", "axb\U0001F600\U0001F601z");
+        EXPECT_EQ(box.text(), "ab\U0001F600\U0001F601") << name;
+        compose(widget, "", "q");
+        driver.type(box, "q");
+        for (const auto way : {drop, pasteByMenu}) {
+            box.setText("\U0001F600\U0001F601");
+            way(part(name), "xx\U0001F602");
+            EXPECT_EQ(box.text(), "xx\U0001F600\U0001F601") << name;
+        }
+        box.setText("ab");
+        box.setSelectionStart(2);
+        driver.paste(box, "cdefg");
+        driver.pressControl(box, 'Z');
+        EXPECT_EQ(box.text(), "ab") << name << ", undone";
+        box.onChange = nullptr;
+    }
+    entry("line").setMaxLength(3);
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&driver.widget("line"));
+    spoken->setText(QAccessible::Value, QStringLiteral("12345"));
+    EXPECT_EQ(entry("line").text(), "123") << "spoken to the computer";
+}
+
+TEST_F(QtEntryTest, AFilteredKeyGoesNowhereElse)
+{
+    using K = Qt::KeyboardModifier;
+    int pressed = 0;
+    QShortcut shortcut(QKeySequence(QStringLiteral("Ctrl+S")), &driver.host(), [&] { ++pressed; });
+    for (const char* name : {"line", "combo", "note"}) {
+        ui::TextEntry& box = entry(name);
+        QWidget& widget = QtDriver::focus(box);
+        QTest::keyClick(&widget, Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(std::exchange(pressed, 0), 1) << name << " has no filter";
+        int seen = 0;
+        box.onKeyPress = [&](std::int16_t& iKeyAscii) { seen = std::exchange(iKeyAscii, std::int16_t{0}); };
+        for (const auto& [key, modifiers, text, offered] :
+             // clang-format off
+             Rows<Qt::Key, Qt::KeyboardModifiers, const char*, int>{
+                 {Qt::Key_S, K::ControlModifier, "\x13", 19}, {Qt::Key_Enter, K::KeypadModifier, "\r", 13},
+                 {Qt::Key_Return, K::ShiftModifier, "\r", 13}, {Qt::Key_Backspace, K::ControlModifier, "\x7F", 8},
+                 {Qt::Key_H, K::ControlModifier, "\b", 8}, {Qt::Key_5, K::KeypadModifier, "5", '5'},
+                 {Qt::Key_Q, K::ControlModifier | K::AltModifier, "@", '@'}, {Qt::Key_Tab, {}, "\t", 0},
+                 {Qt::Key_Escape, {}, "\x1B", 0}, {Qt::Key_Delete, {}, "\x7F", 0},
+                 {Qt::Key_Home, {}, "", 0}, {Qt::Key_Space, K::ControlModifier, " ", 0}}) {
+            // clang-format on
+            seen = 0;
+            QKeyEvent press(QEvent::KeyPress, key, modifiers, QString::fromLatin1(text));
+            QApplication::sendEvent(&widget, &press);
+            EXPECT_EQ(seen, offered) << name << ' ' << key;
+            EXPECT_TRUE(press.isAccepted() || offered == 0) << name << ' ' << key;
+            widget.setFocus();
+        }
+        QTest::keyClick(&widget, Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(pressed, 0) << name;
+        box.onKeyPress = nullptr;
+    }
+}
+
+TEST_F(QtEntryTest, AClosedListIsSteppedByArrowsAndByNothingElse)
+{
+    fill(3);
+    std::vector<std::int32_t> chosen;
+    combo().onClick = [&] { chosen.push_back(combo().listIndex()); };
+    QWidget& widget = QtDriver::focus(combo());
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up,
+                              Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End}) {
+        QTest::keyClick(&widget, key);
+    }
+    EXPECT_EQ(chosen, (std::vector<std::int32_t>{0, 1, 2, 1}));
+    QWheelEvent wheel({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&part("combo"), &wheel);
+    EXPECT_EQ(combo().text(), "row 1");
+}
+
+TEST_F(QtEntryTest, AnOpenListLeavesTextAndFocusAndFollowsTheRows)
+{
+    fill(3);
+    int left = 0;
+    int changes = 0;
+    combo().onLostFocus = [&] { ++left; };
+    driver.type(combo(), "ro");
+    combo().onChange = [&] { ++changes; };
+    QTest::keyClick(&comboWidget(), Qt::Key_Down, Qt::AltModifier);
+    QAbstractItemView& list = *comboWidget().view();
+    ASSERT_TRUE(list.isVisible());
+    QTest::keyClick(&list, Qt::Key_W);
+    EXPECT_EQ(combo().text(), "row") << "the list does not swallow what is typed";
+    QTest::keyClick(&list, Qt::Key_Backspace);
+    EXPECT_EQ(std::exchange(changes, 0), 2);
+    fill(2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list.model()->rowCount() == 2; }));
+    EXPECT_TRUE(list.isVisible());
+    fill(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !list.isVisible(); }));
+    fill(30);
+    QTest::mouseClick(&comboWidget(), Qt::LeftButton, {}, {comboWidget().width() - 5, 8});
+    ASSERT_TRUE(list.isVisible());
+    QTest::keyClick(&list, Qt::Key_Escape);
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_EQ(combo().text(), "ro");
+    EXPECT_EQ(combo().selectionStart(), 2);
+    EXPECT_EQ(changes, 0);
+    driver.type(combo(), "w");
+    EXPECT_EQ(combo().text(), "row") << "typed right after Escape";
+    comboWidget().showPopup();
+    QTest::qWait(QApplication::doubleClickInterval() + 50); // a release sooner belongs to the press that opened it
+    QTest::mouseMove(list.viewport(), list.visualRect(list.model()->index(4, 0)).center());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(4, 0)).center());
+    EXPECT_EQ(combo().listIndex(), 4);
+    EXPECT_EQ(changes, 1) << "choosing is no typing";
+    EXPECT_EQ(left, 0);
+}
+
+} // namespace
+} // namespace orvan::contract

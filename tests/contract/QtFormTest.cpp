@@ -1,0 +1,214 @@
+// What only a form in a real window can get wrong: its keys, its closing, its size.
+#include "QtDriver.h"
+
+#include "ui/qt/FieldCard.h"
+#include "ui/qt/QtForm.h"
+#include "ui/qt/QtText.h"
+#include "ui/qt/Twips.h"
+
+#include <QAbstractScrollArea>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QWindow>
+
+namespace orvan::contract {
+namespace {
+
+using namespace qt;
+using ui::UnloadMode;
+
+class QtFormTest : public QtTest {
+protected:
+    QtFormTest() { load(kFormDesign); }
+
+    void load(const ui::FormDesign& design)
+    {
+        form = driver.platform().loadForm(design);
+        for (const char* name : {"a", "b", "c", "cancel"}) {
+            form->control<ui::Button>(name).onClick = [this, name] { log += std::string(name) + ' '; };
+        }
+        form->onQueryUnload = [this](UnloadMode mode) {
+            log += std::to_string(static_cast<int>(mode)) + ' ';
+            return stays;
+        };
+    }
+    void show(std::function<void()> user)
+    {
+        driver.showModal(*form, [this, user] {
+            user();
+            form->unload();
+        });
+    }
+    std::string taken() { return std::exchange(log, {}); }
+    QWidget& window() { return *windowOf(form->window()); }
+    QWidget& widget(std::string_view name) { return *widgetOf(form->control<ui::Control>(name)); }
+    void press(Qt::Key key, Qt::KeyboardModifiers with = {}, bool held = false)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, with, key == Qt::Key_Space ? QStringLiteral(" ") : QString(), held);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+    }
+
+    std::unique_ptr<ui::Form> form;
+    std::string log;
+    bool stays = false;
+};
+
+TEST_F(QtFormTest, EnterIsTheFocussedControlsAndEscapeAsks)
+{
+    show([&] {
+        for (const auto& [at, key, held, events] :
+             Rows<const char*, Qt::Key, bool, const char*>{{"one", Qt::Key_Return, false, ""},
+                                                           {"one", Qt::Key_Escape, false, "cancel "},
+                                                           {"a", Qt::Key_Return, false, "a "},
+                                                           {"a", Qt::Key_Enter, false, "a "},
+                                                           {"a", Qt::Key_Return, true, ""},
+                                                           {"a", Qt::Key_Escape, false, "cancel "},
+                                                           {"two", Qt::Key_Escape, true, ""}}) {
+            form->control<ui::Control>(at).setFocus();
+            press(key, {}, held);
+            EXPECT_EQ(taken(), events) << at << ' ' << key;
+        }
+        form->control<ui::Control>("c").setFocus();
+        QTest::keyClick(&widget("c"), Qt::Key_Space);
+        EXPECT_EQ(taken(), "c ");
+        for (QPushButton* button : window().findChildren<QPushButton*>()) {
+            EXPECT_FALSE(button->autoDefault() || button->isDefault());
+        }
+    });
+}
+
+TEST_F(QtFormTest, MnemonicsReachBoxesButtonsAndMenus)
+{
+    for (const auto& [caption, mnemonic, marked] :
+         Rows<const char*, char, const char*>{{"Save && Close", 'C', "Save && &Close"},
+                                              {"Part#", 'a', "P&art#"},
+                                              {"Nnn", 'n', "N&nn"},
+                                              {"Part#", 'x', "Part#"},
+                                              {"A && B", '\0', "A && B"}}) {
+        EXPECT_EQ(markedCaption(caption, mnemonic).toStdString(), marked);
+    }
+    EXPECT_EQ(dynamic_cast<QLabel&>(widget("heading")).text(), QStringLiteral("All of it"));
+    EXPECT_EQ(widget("one").accessibleName(), QStringLiteral("Bone & one"));
+    show([&] {
+        QTest::keyClick(&window(), Qt::Key_T, Qt::AltModifier);
+        EXPECT_EQ(form->focused()->name(), "two");
+        QTest::keyClick(&window(), Qt::Key_O, Qt::AltModifier);
+        EXPECT_EQ(form->focused()->name(), "one");
+        QTest::keyClick(&window(), Qt::Key_C, Qt::AltModifier);
+        QTest::qWait(150); // the button is seen to go down
+        EXPECT_EQ(taken(), "cancel ");
+    });
+}
+
+TEST_F(QtFormTest, MenusBorrowTheFocus)
+{
+    auto& one = form->control<ui::Control>("one");
+    one.onLostFocus = [&] { log += "left "; };
+    form->control<ui::ToolBar>("bar").onToolClick = [&](std::string_view id) {
+        log += std::string(id) + ' ';
+        form->control<ui::Control>("c").setFocus();
+    };
+    show([&] {
+        auto& bar = dynamic_cast<QMenuBar&>(widget("bar"));
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(bar.actions().front()).center());
+        ASSERT_TRUE(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(QApplication::activePopupWidget());
+        QTest::keyClick(&window(), Qt::Key_M, Qt::AltModifier);
+        EXPECT_EQ(taken(), "") << "opened and closed, the box is not left";
+        ASSERT_TRUE(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_N);
+        EXPECT_EQ(taken(), "new left ");
+        EXPECT_EQ(QApplication::focusWidget(), &widget("c")) << "the menu bar takes nothing back";
+    });
+}
+
+TEST_F(QtFormTest, TheWindowStandsAloneAboveTheActiveOne)
+{
+    surface = driver.load(kDesign);
+    driver.host().move(100, 50);
+    driver.host().activateWindow();
+    QTest::qWait(20);
+    auto& one = form->control<ui::TextBox>("one");
+    one.setText("text");
+    show([&] {
+        EXPECT_EQ(one.selectionLength(), 4) << "what is typed right away takes its place";
+        EXPECT_TRUE(window().isModal() && !window().parentWidget());
+        EXPECT_EQ(window().windowHandle()->transientParent(), driver.host().windowHandle());
+        stays = true;
+        window().close();
+        EXPECT_TRUE(window().isVisible());
+        EXPECT_EQ(taken(), "0 ");
+        driver.answer(ui::MessageResult::ok,
+                      [&] { EXPECT_EQ(QApplication::activeModalWidget()->parentWidget(), &window()); });
+        driver.platform().messageBox().show({.ownerWindow = form->window()});
+        driver.destroyHost();
+        QTest::qWait(5);
+        EXPECT_TRUE(window().isVisible()) << "a host that goes takes no form along";
+        EXPECT_EQ(form->focused()->name(), "one");
+        stays = false;
+    });
+}
+
+TEST_F(QtFormTest, QuittingAsksTheFormAndExitingEndsIt)
+{
+    for (const bool quits : {true, false}) {
+        load(kFormDesign);
+        stays = quits;
+        QTimer::singleShot(0, qApp, [&] {
+            driver.showModal(*form, [&] {
+                quits ? QApplication::quit() : QApplication::exit();
+                if (quits) {
+                    EXPECT_TRUE(form->loaded() && window().isVisible()) << "refused";
+                    stays = false;
+                    QApplication::quit();
+                }
+            });
+        });
+        QApplication::exec();
+        EXPECT_FALSE(form->loaded());
+        EXPECT_EQ(taken(), quits ? "2 2 " : "2 ");
+    }
+}
+
+TEST_F(QtFormTest, NothingOverlapsOrIsCutWhateverTheFont)
+{
+    const QFont font = QApplication::font();
+    for (const int points : {7, 9, 14, 20}) {
+        QApplication::setFont(QFont(font.family(), points));
+        load(kFormDesign);
+        show([&] {
+            const QRect screen = window().screen()->availableGeometry();
+            EXPECT_TRUE(screen.contains(window().frameGeometry())) << points;
+            EXPECT_GE(form->innerWidth(), std::min(kFormDesign.width, toTwips(screen.width() - 16)));
+            const std::vector<const char*> apart = {"bar", "fields", "steps", "cancel"};
+            for (std::size_t i = 0; i < apart.size(); ++i) {
+                const QRect place = widget(apart[i]).geometry();
+                EXPECT_TRUE(window().rect().contains(place)) << apart[i] << ' ' << points;
+                for (std::size_t j = i + 1; j < apart.size(); ++j) {
+                    EXPECT_FALSE(place.intersects(widget(apart[j]).geometry())) << apart[i] << apart[j] << points;
+                }
+            }
+            for (const char* name : {"heading", "lblOne", "lblTwo", "cancel", "bar"}) {
+                EXPECT_GE(widget(name).height(), widget(name).sizeHint().height()) << name << ' ' << points;
+                EXPECT_GE(widget(name).width(), widget(name).sizeHint().width()) << name << ' ' << points;
+            }
+            EXPECT_EQ(toPixels(form->control<ui::Control>("cancel").width()), widget("cancel").width());
+            auto& card = dynamic_cast<FieldCard&>(widget("fields"));
+            auto& area = *card.findChild<QAbstractScrollArea*>();
+            EXPECT_GE(area.viewport()->height(), card.content()->minimumSizeHint().height()) << points;
+            form->control<ui::Control>("fields").move(240, 465, 2400, 900);
+            press(Qt::Key_Tab);
+            const QPoint corner = widget("two").mapTo(area.viewport(), QPoint());
+            EXPECT_TRUE(area.viewport()->rect().contains(corner)) << "Tab scrolls, " << points;
+            window().resize(700, 600);
+            EXPECT_EQ(widget("bar").width(), 700);
+        });
+        taken();
+    }
+    QApplication::setFont(font);
+}
+
+} // namespace
+} // namespace orvan::contract

@@ -1,0 +1,25 @@
+// ScreenPointer: the shape of the mouse pointer over all windows of the program.
+//
+// Thread: the user-interface thread.
+#pragma once
+
+#include <cstdint>
+
+namespace orvan::ui {
+
+/// The codes are those that hosts of this kind know.
+enum class PointerCode : std::int32_t {
+    standard = 0,        ///< Whatever the control under it asks for.
+    arrowHourglass = 13, ///< Busy, and the user may go on.
+};
+
+class ScreenPointer {
+public:
+    virtual ~ScreenPointer() = default;
+
+    /// The code set last; standard at first.
+    virtual PointerCode code() const = 0;
+    virtual void setCode(PointerCode code) = 0;
+};
+
+} // namespace orvan::ui

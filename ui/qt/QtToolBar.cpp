@@ -1,0 +1,80 @@
+#include "ui/qt/QtToolBar.h"
+
+#include "ui/qt/QtText.h"
+
+#include <QEvent>
+#include <QMenuBar>
+
+#include <map>
+
+namespace orvan::qt {
+
+namespace {
+
+class MenuBar final : public QMenuBar {
+public:
+    explicit MenuBar(QWidget* parent) : QMenuBar(parent)
+    {
+        setNativeMenuBar(false); // it belongs to its form, also where a desktop shows one bar for all
+    }
+
+protected:
+    /// The base watches the parent already.
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == parentWidget() && event->type() == QEvent::Resize) {
+            stretch();
+        }
+        return QMenuBar::eventFilter(watched, event);
+    }
+
+    void moveEvent(QMoveEvent* event) override
+    {
+        QMenuBar::moveEvent(event);
+        stretch();
+    }
+
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QMenuBar::resizeEvent(event);
+        stretch();
+    }
+
+private:
+    void stretch() { resize(parentWidget()->width() - x(), sizeHint().height()); }
+};
+
+} // namespace
+
+QtToolBar::QtToolBar(const ui::ControlDesign& design, QWidget* parent)
+    : ToolBar(design), QtWidgetHolder(new MenuBar(parent), design)
+{
+    auto* bar = static_cast<QMenuBar*>(widget());
+    bar->setAccessibleName(toQt(design.caption));
+    std::map<std::string_view, QMenu*> menus;
+    for (const ui::ToolDesign& tool : tools()) {
+        QMenu* menu = tool.menu.empty() ? nullptr : menus.at(tool.menu);
+        const QString caption = markedCaption(tool.caption, tool.mnemonic);
+        if (tool.id.empty()) {
+            actions_.push_back(menu ? menu->addSeparator() : bar->addSeparator());
+        } else if (opensMenu(tool.id)) {
+            QMenu* opened = menu ? menu->addMenu(caption) : bar->addMenu(caption);
+            menus[tool.id] = opened;
+            actions_.push_back(opened->menuAction());
+        } else {
+            actions_.push_back(menu ? menu->addAction(caption) : bar->addAction(caption));
+            actions_.back()->setObjectName(toQt(tool.id));
+            QObject::connect(actions_.back(), &QAction::triggered, context(),
+                             [this, id = tool.id] { userChoseTool(id); });
+        }
+    }
+}
+
+void QtToolBar::doSetToolEnabled(std::size_t index, bool enabled)
+{
+    if (widget()) {
+        actions_[index]->setEnabled(enabled);
+    }
+}
+
+} // namespace orvan::qt
