@@ -59,6 +59,11 @@ void raiseApplicationError(std::string_view sLabel, std::string sMessage)
     throw RuntimeError(traceObject().AppErrorNumber(), std::string(sLabel), std::move(sMessage));
 }
 
+void raiseLastError()
+{
+    throw RuntimeError(traceObject().LastErrorNumber());
+}
+
 namespace detail {
 
 void recordError()
@@ -69,7 +74,7 @@ void recordError()
 void recordAndRaise()
 {
     recordError();
-    throw RuntimeError(traceObject().LastErrorNumber());
+    raiseLastError();
 }
 
 } // namespace detail

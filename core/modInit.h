@@ -2,7 +2,8 @@
 //
 // Each procedure that has a label runs its body inside one of the shapes below and writes its label
 // there, once. A body never catches. All shapes arm their handler before TraceEnter, so that a
-// failing TraceEnter is an error like any other; TraceExit is reported on the normal path only.
+// failing TraceEnter is an error like any other; TraceExit is reported on the normal path only, and
+// where the body says so not even there (Leaving).
 //
 //   shape              used by                         after the error is recorded
 //   tracePropagate     public members, Prv procedures  raises LastErrorNumber again, number alone
@@ -70,6 +71,14 @@ Trace& traceObject();
 /// Raises one of the library's own errors; sLabel is the raising procedure's.
 [[noreturn]] void raiseApplicationError(std::string_view sLabel, std::string sMessage);
 
+/// For a recovery that passes some errors on: raises LastErrorNumber, number alone, as the propagate
+/// kind does.
+[[noreturn]] void raiseLastError();
+
+/// What a body returns that does not always report its exit. A few event handlers report their entry
+/// alone when they have nothing to do, deliberately; their shape returns nothing.
+enum class Leaving { withExit, withoutExit };
+
 namespace detail {
 
 /// What a handler does first; called inside a catch block.
@@ -84,6 +93,10 @@ auto enterRunExit(std::string_view sLabel, Body&& body)
     if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
         std::forward<Body>(body)();
         traceObject().TraceExit(sLabel);
+    } else if constexpr (std::is_same_v<std::invoke_result_t<Body>, Leaving>) {
+        if (std::forward<Body>(body)() == Leaving::withExit) {
+            traceObject().TraceExit(sLabel);
+        }
     } else {
         auto result = std::forward<Body>(body)();
         traceObject().TraceExit(sLabel);

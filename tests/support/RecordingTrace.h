@@ -11,25 +11,32 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 
 namespace orvan::test {
 
-enum class TraceCall { lastErrorNumber, error, enter, exit, appErrorNumber, show };
+enum class TraceCall { lastErrorNumber, error, enter, exit, show };
 
 class RecordingTrace : public Trace {
 public:
-    std::int32_t appErrorNumber = 1000;
+    /// Runs when an error is recorded, to see how things stand at that moment.
+    std::function<void()> onError;
 
     /// The next call of `call` raises `number`.
     void failNext(TraceCall call, std::int32_t number) { failures_[call] = number; }
+    /// From now on entering `label` raises `number`; an empty label: no more.
+    void failEntering(std::string label, std::int32_t number) { failingLabel_ = {std::move(label), number}; }
     /// The test expects the error `number` to be recorded `times` times (more).
     void declareError(std::int32_t number, int times = 1)
     {
         const std::vector<std::int32_t> numbers(static_cast<std::size_t>(times), number);
         declared_.insert(numbers.begin(), numbers.end());
     }
+
+    /// Any number of procedures of that label may leave without reporting their exit.
+    void allowNoExit(std::string sLabel) { allowedNoExits_.insert(std::move(sLabel)); }
 
     /// Adds a line of the test's own, to see what happened between the calls.
     void note(std::string line) { lines_.push_back(std::move(line)); }
@@ -51,9 +58,9 @@ public:
     /// enter, an error recorded but not declared or declared but not recorded, a failure not reached.
     std::vector<std::string> unpaired() const
     {
-        std::vector<std::string> found = found_;
-        std::vector<Open> open = open_;
-        closeDownTo(open, 0, found);
+        RecordingTrace rest = *this;
+        rest.closeDownTo(0);
+        std::vector<std::string> found = rest.found_;
         const std::vector<std::int32_t> numbers = numbersSince(0);
         const std::multiset<std::int32_t> recorded(numbers.begin(), numbers.end());
         if (recorded != declared_) {
@@ -80,11 +87,18 @@ public:
         }
         write(TraceCall::error, "error " + std::to_string(error.number()) + std::string(sText));
         errors_.push_back(error);
+        if (onError) {
+            onError();
+        }
     }
 
     void TraceEnter(std::string_view sLabel) override
     {
         failedEnters_.emplace_back(sLabel);
+        if (sLabel == failingLabel_.first) {
+            lines_.push_back("enter " + std::string(sLabel) + " (fails)");
+            throw RuntimeError(failingLabel_.second, "RecordingTrace", "told to fail");
+        }
         write(TraceCall::enter, "enter " + std::string(sLabel));
         failedEnters_.pop_back();
         open_.push_back({std::string(sLabel), 0});
@@ -101,17 +115,13 @@ public:
                 found_.push_back("exit without enter: " + std::string(sLabel));
             }
         } else {
-            closeDownTo(open_, static_cast<std::size_t>(open_.rend() - innermost), found_);
+            closeDownTo(static_cast<std::size_t>(open_.rend() - innermost));
             open_.pop_back();
         }
         write(TraceCall::exit, "exit " + std::string(sLabel));
     }
 
-    std::int32_t AppErrorNumber() override
-    {
-        raiseIfTold(TraceCall::appErrorNumber);
-        return appErrorNumber;
-    }
+    std::int32_t AppErrorNumber() override { return 1000; }
 
     void ShowLastError(std::int32_t hWnd) override { write(TraceCall::show, "show " + std::to_string(hWnd)); }
 
@@ -122,15 +132,16 @@ private:
     };
     /// Each procedure left open must have been ended by an error; one error ends one procedure, and
     /// those left over belong to its caller (which may have resumed, or failed to enter).
-    static void closeDownTo(std::vector<Open>& open, std::size_t count, std::vector<std::string>& found)
+    void closeDownTo(std::size_t count)
     {
-        while (open.size() > count) {
-            const Open ended = open.back();
-            open.pop_back();
-            if (ended.errors == 0) {
-                found.push_back("enter without exit: " + ended.label);
-            } else if (!open.empty()) {
-                open.back().errors += ended.errors - 1;
+        while (open_.size() > count) {
+            const Open ended = open_.back();
+            open_.pop_back();
+            const bool allowed = allowedNoExits_.contains(ended.label);
+            if (!allowed && ended.errors == 0) {
+                found_.push_back("enter without exit: " + ended.label);
+            } else if (!open_.empty()) { // one that is allowed took errors while it seemed to be the innermost
+                open_.back().errors += ended.errors - (allowed ? 0 : 1);
             }
         }
     }
@@ -151,10 +162,12 @@ private:
     std::vector<std::string> lines_;
     std::vector<RuntimeError> errors_;
     std::multiset<std::int32_t> declared_;
+    std::set<std::string> allowedNoExits_;
     std::vector<std::string> found_;
     std::vector<Open> open_;
     std::vector<std::string> failedEnters_;
     std::map<TraceCall, std::int32_t> failures_;
+    std::pair<std::string, std::int32_t> failingLabel_;
 };
 
 /// Makes a RecordingTrace the thread's trace object until the end of its scope, and fails the test

@@ -1,40 +1,19 @@
 // ViewFixture: a list view on the in-memory platform, with everything around it that tests look at.
 #pragma once
 
-#include "core/InProcessProductMgr.h"
-#include "hosting/ComponentRegistry.h"
 #include "hosting/HeadlessProductView.h"
-#include "tests/support/FaultyProductMgr.h"
-#include "tests/support/RecordingTrace.h"
+#include "tests/support/LibraryFixture.h"
 
 #include <optional>
 
 namespace orvan::test {
 
-/// Name, key, part number, unit price, quantity, discount, extended price, note.
-inline const std::string kThreeProducts = "3~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1.5:0:112.425:~"
-                                          "Chair::C-3:1000:1:12.5:875:blue~";
-
-class ViewFixture : public testing::Test {
+class ViewFixture : public LibraryFixture {
 public:
-    ViewFixture()
-    {
-        registry.registerClass(std::string(kTraceClassName), [this] { return trace.trace(); });
-        registry.registerClass(std::string(kProductMgrClassName), [this] {
-            ++managersMade;
-            return std::make_shared<FaultyProductMgr>(std::dynamic_pointer_cast<ProductMgr>(productMgrFactory()()),
-                                                      faults);
-        });
-        platform.onUnhandledError = [](const RuntimeError& error) {
-            ADD_FAILURE() << "unhandled error " << error.number() << ": " << error.text();
-        };
-    }
     ~ViewFixture() override
     {
         view.reset();
-        EXPECT_EQ(faults.managersAlive, 0);
-        EXPECT_EQ(platform.messageBox().unusedAnswers(), 0U) << "answers that nobody asked for";
-        EXPECT_EQ(platform.messageBox().unanswered(), 0) << "message boxes that nobody scripted";
+        expectNothingLeft();
     }
 
     HeadlessProductView& makeView(const std::string& hostTypeName = "TestForm")
@@ -96,12 +75,6 @@ public:
         return text;
     }
 
-    ScopedTrace trace;
-    Faults faults;
-    int managersMade = 0;
-    ComponentRegistry registry;
-    icu::IcuLocaleService locale{{.monetary = "en_US", .numeric = "en_US"}};
-    headless::HeadlessPlatform platform{locale, registry};
     std::optional<HeadlessProductView> view;
 };
 

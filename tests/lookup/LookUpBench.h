@@ -1,0 +1,165 @@
+// LookUpBench: the look-up boxes on a form in memory, with everything around them that tests look at.
+//
+// Catalogue, product record and session write their calls into one list, in which any one can fail.
+#pragma once
+
+#include "base/Text.h"
+#include "editor/frmProductDesign.h"
+#include "hosting/ComponentRegistry.h"
+#include "lookup/LookUpBoxes.h"
+#include "tests/support/Raised.h"
+#include "tests/support/RecordingTrace.h"
+#include "tests/support/Rows.h"
+#include "ui/headless/HeadlessForm.h"
+#include "ui/headless/HeadlessPlatform.h"
+#include "ui/icu/IcuLocaleService.h"
+
+namespace orvan::test {
+
+inline constexpr std::int32_t kScripted = 1000;
+
+/// The calls so far. Before the one named `actAt`, `act` runs.
+struct Script {
+    std::string calls;
+    std::string actAt;
+    std::function<void()> act = [] { throw RuntimeError(kScripted); };
+
+    void call(const std::string& name)
+    {
+        calls.append(calls.empty() ? "" : ", ").append(name);
+        if (name == actAt) {
+            act();
+        }
+    }
+};
+
+/// Entry 11 is the only one that can be sought.
+struct ScriptedCatalogue final : ProductLkpMgr {
+    explicit ScriptedCatalogue(Script& scriptOfAll) : script(scriptOfAll) {}
+    LookUpList list(std::string sCall, std::string_view sText, bool bAll)
+    {
+        script.call(sCall.append(bAll ? "All " : " ").append(sText));
+        return bAll ? all : matches;
+    }
+    LookUpList GetPartNumList(std::string_view sText, bool bAll) override { return list("Part", sText, bAll); }
+    LookUpList GetProductNameList(std::string_view sText, bool bAll) override { return list("Name", sText, bAll); }
+    void SeekItem(std::int32_t lItemId) override { script.call("SeekItem"), sought = lItemId; }
+    bool IsEOF() override { return script.call("IsEOF"), sought != 11; }
+    LookUpValue GetFieldValue(std::int32_t iColumn) override
+    {
+        script.call("field " + std::to_string(iColumn));
+        return columns.at(static_cast<std::size_t>(iColumn - 3));
+    }
+
+    Script& script;
+    LookUpList matches, all;
+    std::int32_t sought = -1;
+    std::vector<LookUpValue> columns{"Desk", std::int64_t{42}, "ABC-1", "1,234.50", "blue"};
+};
+
+struct ScriptedRecord final : ProductRecord {
+    explicit ScriptedRecord(Script& scriptOfAll) : script(scriptOfAll) {}
+    std::string Name() const override { return name; }
+    std::string Key() const override { return key; }
+    std::string PartNum() const override { return partNum; }
+    std::string Note() const override { return script.call("Note"), note; }
+    Currency UnitPrice() const override { return price; }
+    void SetName(std::string_view sName) override { script.call("SetName"), name = sName; }
+    void SetKey(std::string_view sKey) override { script.call("SetKey"), key = sKey; }
+    void SetPartNum(std::string_view sPartNum) override { script.call("SetPartNum"), partNum = sPartNum; }
+    void SetUnitPrice(Currency cyUnitPrice) override { script.call("SetUnitPrice"), price = cyUnitPrice; }
+    void SetNote(std::string_view sNote) override { script.call("SetNote"), note = sNote; }
+    // The look-up has no business with these.
+    Currency Qty() const override { return {}; }
+    Currency DiscPrcnt() const override { return {}; }
+    Currency ExtPrice() const override { return {}; }
+    void SetQty(Currency) override { ADD_FAILURE(); }
+    void SetDiscPrcnt(Currency) override { ADD_FAILURE(); }
+    void SetExtPrice(Currency) override { ADD_FAILURE(); }
+    bool IsValidUnitPrice(Currency) const override { return true; }
+    bool IsValidQty(Currency) const override { return true; }
+    bool IsValidDiscPrcnt(Currency) const override { return true; }
+
+    std::string text() const { return name + '|' + key + '|' + partNum + '|' + price.toText() + '|' + note; }
+
+    Script& script;
+    std::string name = "n", key = "k", partNum = "p", note = "own";
+    Currency price = Currency::fromInteger(1);
+};
+
+/// The session, and its user at one of the two boxes.
+class LookUpBench final : public EditorSession {
+public:
+    explicit LookUpBench(bool part)
+        : box(form.comboBox(part ? "cboPartNum" : "cboProductName")),
+          left_(part ? &LookUpBoxes::State::bPartNumBoxLeft : &LookUpBoxes::State::bNameBoxLeft)
+    {
+        objCurrentProduct = record;
+        boxes.objLkpMgr = catalogue;
+        net.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << "unhandled " << error.number(); };
+    }
+    ~LookUpBench() override { EXPECT_EQ(net.messageBox().unusedAnswers(), 0U); }
+
+    ui::Platform& platform() override { return net; }
+    std::int32_t window() override { return 7; }
+    void PrvSetDirty(bool bDirty) override { script.call("Dirty"), dirty = bDirty; }
+    void PrvLoadProductInfo() override
+    {
+        script.call("Load");
+        form.comboBox("cboPartNum").setText(record->partNum);
+        form.comboBox("cboProductName").setText(record->name);
+    }
+    void PrvCloseOnError() override { ++closings, close(); }
+    /// The form is unloaded, for whatever reason.
+    void close()
+    {
+        form.unload();
+        catalogue.reset();
+        objCurrentProduct.reset();
+        boxes.objLkpMgr.reset();
+    }
+
+    bool left() const { return boxes.state().*left_; }
+    /// The user chooses the list's only row.
+    void choose()
+    {
+        box.addItem("Desk X");
+        box.setItemData(0, 11);
+        box.chooseRow(0);
+        box.select(2, 3);
+        script.calls.clear();
+    }
+    /// What the box shows, with bars around the selected part.
+    std::string shown() const
+    {
+        std::string text = box.text();
+        const auto at = [&](std::int32_t characters) { return firstCharacters(text, std::size_t(characters)).size(); };
+        text.insert(at(box.selectionStart() + box.selectionLength()), "|");
+        return text.insert(at(box.selectionStart()), "|");
+    }
+    std::string list() const
+    {
+        std::string text;
+        for (std::int32_t row = 0; row < box.count(); ++row) {
+            text.append(box.itemText(row)).append("=").append(std::to_string(box.itemData(row))).append(" ");
+        }
+        return text;
+    }
+    ScopedTrace trace;
+    Script script;
+    ComponentRegistry components;
+    icu::IcuLocaleService userLocale{{.monetary = "en_US", .numeric = "en_US"}};
+    headless::HeadlessPlatform net{userLocale, components};
+    headless::HeadlessForm form{kProductFormDesign, net};
+    std::shared_ptr<ScriptedCatalogue> catalogue = std::make_shared<ScriptedCatalogue>(script);
+    std::shared_ptr<ScriptedRecord> record = std::make_shared<ScriptedRecord>(script);
+    LookUpBoxes boxes{*this, form};
+    headless::HeadlessComboBox& box;
+    bool dirty = false;
+    int closings = 0;
+
+private:
+    bool LookUpBoxes::State::*left_;
+};
+
+} // namespace orvan::test
