@@ -23,7 +23,8 @@ ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::Conta
     UserControl_Initialize();
     surface_.onResize = [this] { UserControl_Resize(); };
     flexGrid_.onAfterUserResize = [this] { flexGrid_AfterUserResize(); };
-    cmdNew_.setEnabled(false); // until there is an editor to open
+    flexGrid_.onDblClick = [this] { flexGrid_DblClick(); };
+    cmdNew_.onClick = [this] { cmdNew_Click(); };
     cmdDelete_.onClick = [this] { cmdDelete_Click(); };
     cmdMoveUp_.onClick = [this] { cmdMoveUp_Click(); };
     cmdMoveDown_.onClick = [this] { cmdMoveDown_Click(); };
@@ -34,6 +35,8 @@ ProductView::~ProductView()
 {
     surface_.onResize = nullptr;
     flexGrid_.onAfterUserResize = nullptr;
+    flexGrid_.onDblClick = nullptr;
+    cmdNew_.onClick = nullptr;
     cmdDelete_.onClick = nullptr;
     cmdMoveUp_.onClick = nullptr;
     cmdMoveDown_.onClick = nullptr;

@@ -10,8 +10,8 @@
 // nothing else; texts are in the trace. Lengths in twips; positions 1-based.
 //
 // The procedures stand in files by subject: ProductView.cpp (life, Show), ProductViewColumns.cpp
-// (columns, refresh), ProductViewPrefs.cpp (preferences), ProductViewCommands.cpp (delete, move), ProductViewLayout.cpp
-// (resize).
+// (columns, refresh), ProductViewPrefs.cpp (preferences), ProductViewCommands.cpp (add, edit,
+// delete, move), ProductViewLayout.cpp (resize).
 #pragma once
 
 #include "base/Currency.h"
@@ -26,6 +26,8 @@
 #include <string_view>
 
 namespace orvan {
+
+class ProductDlg;
 
 namespace ui {
 class Button;
@@ -99,6 +101,10 @@ private:
     std::int32_t messageOwner() const;
     /// Gives the owner of an error's message: 0 once the view is gone, which its own question may outlive.
     std::function<std::int32_t()> hostWindow() const;
+    void cmdNew_Click();
+    void flexGrid_DblClick();
+    using EditorOpening = std::function<void(ProductDlg& dialog, const std::shared_ptr<ProductMgr>& manager)>;
+    void openEditor(const EditorOpening& open);
     void cmdDelete_Click();
     void cmdMoveUp_Click();
     void cmdMoveDown_Click();

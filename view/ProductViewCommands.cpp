@@ -1,8 +1,10 @@
-// What the user does to the list: delete and move.
+// What the user does to the list: add, edit, delete and move.
 //
 // Grid rows and product positions coincide: row r shows the product at position r.
 
+#include "base/Integer.h"
 #include "core/modInit.h"
+#include "editor/ProductDlg.h"
 #include "ui/Button.h"
 #include "ui/ContainerSite.h"
 #include "ui/Grid.h"
@@ -29,6 +31,56 @@ std::int32_t ProductView::messageOwner() const
 std::function<std::int32_t()> ProductView::hostWindow() const
 {
     return [alive = std::weak_ptr(alive_), &site = site_] { return alive.expired() ? 0 : site.parentWindow(); };
+}
+
+void ProductView::openEditor(const EditorOpening& open)
+{
+    const std::weak_ptr<const bool> alive = alive_;
+    bool bChanged = false;
+    {
+        ProductDlg dialog(platform_);
+        open(dialog, std::shared_ptr(productMgr_)); // a share of the dialog's own, which may outlive the view's
+        bChanged = dialog.Dirty();
+    }
+    if (alive.expired()) {
+        return; // the host has destroyed the view while the user was in the dialog
+    }
+    if (bChanged) {
+        PrvSetDirty(true);
+    }
+    PrvRefreshView(true); // also after a cancelled dialog
+}
+
+void ProductView::cmdNew_Click()
+{
+    traceShowToUser(
+        "KTVOrvanProduct.ProductView::cmdNew_Click",
+        [&] { openEditor([](ProductDlg& dialog, const auto& manager) { dialog.ShowAddNew(manager); }); }, hostWindow());
+}
+
+void ProductView::flexGrid_DblClick()
+{
+    // Reports the add button's label: both open the editor, and readers of traces look for one name.
+    traceShowToUser(
+        "KTVOrvanProduct.ProductView::cmdNew_Click",
+        [&] {
+            const std::int32_t lRow = flexGrid_.mouseRow();
+            if (lRow < 1) {
+                return;
+            }
+            std::int32_t lIndex = textToInteger32(flexGrid_.displayText(lRow, columnIndices_[Number]));
+            bool bFound = false;
+            productMgr().SeekIndex(lIndex, 0, bFound);
+            if (!bFound) {
+                PrvRefreshView(true);
+                if (productMgr().GetProductCount() < 1) {
+                    return;
+                }
+                lIndex = 1;
+            }
+            openEditor([&](ProductDlg& dialog, const auto& manager) { dialog.Show(manager, lIndex); });
+        },
+        hostWindow());
 }
 
 void ProductView::cmdDelete_Click()

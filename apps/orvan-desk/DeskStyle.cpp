@@ -2,10 +2,14 @@
 
 #include <QIconEngine>
 #include <QPainter>
+#include <QStyleOption>
+#include <QWidget>
 
 namespace orvan::desk {
 
 namespace {
+
+constexpr float kMenuEdge = 0.25F;
 
 /// A sign on a disc, drawn anew in each size it is asked for.
 class MessagePicture final : public QIconEngine {
@@ -52,6 +56,35 @@ int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* result) const
 {
     return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+}
+
+void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const
+{
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuBarItem && item && widget && widget->hasFocus()) {
+        // Fusion shows only a menu that is open, not the one that Alt has reached.
+        QStyleOptionMenuItem reached(*item);
+        if (reached.state.testFlag(State_Selected)) {
+            reached.state |= State_Sunken;
+        }
+        QProxyStyle::drawControl(element, &reached, painter, widget);
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_PanelMenu || element == PE_FrameMenu) { // Fusion's edge is as dark as a dark window
+        QColor edge = option->palette.color(QPalette::WindowText);
+        edge.setAlphaF(kMenuEdge);
+        painter->setPen(edge);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
 }
 
 QIcon DeskStyle::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const

@@ -19,7 +19,9 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <utility>
 
@@ -36,6 +38,9 @@ constexpr std::string_view kThemeKey = "Theme";
 /// Quantity and extended price, with widths that suit this window. The list view's own defaults are
 /// made for a narrow place.
 constexpr std::string_view kFirstPreferences = "4~1~480^7500^1200^1755^1200^1800^1200^1800^3600";
+
+/// Milliseconds; see MainWindow::eventFilter.
+constexpr int kAfterDialog = 100;
 
 /// A list that a product manager cannot read, or could not give back, must not reach the list view:
 /// showing it would lose the list that is shown.
@@ -105,7 +110,8 @@ MainWindow::MainWindow()
     showQuote(emptyQuote(), {});
 
     // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
-    // with. Not at every event: reading a list takes a moment, and an entry in the trace.
+    // with. Not at every event: reading a list takes a moment, and an entry in the trace. And not
+    // while a dialog is open: what is typed there is not decided yet.
     qApp->installEventFilter(this);
 }
 
@@ -118,8 +124,13 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::InputMethod:
     case QEvent::Drop:
     case QEvent::WindowActivate: // a message box has been answered
-        if (!std::exchange(titleUpdatePending_, true)) {
+        if (!QApplication::activeModalWidget() && !std::exchange(titleUpdatePending_, true)) {
             QMetaObject::invokeMethod(this, &MainWindow::updateTitle, Qt::QueuedConnection);
+        }
+        break;
+    case QEvent::WindowUnblocked: // a dialog has closed: whoever opened it goes on first
+        if (watched == windowHandle()) {
+            QTimer::singleShot(kAfterDialog, this, &MainWindow::updateTitle);
         }
         break;
     default: break;

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QDir>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -191,6 +192,25 @@ TEST_F(DeskTest, ADeletedLineIsUnsavedUntilItIsSaved)
     ASSERT_TRUE(again.open(path));
     EXPECT_EQ(again.findChild<ProductViewWidget*>()->Products(), products->Products());
     EXPECT_TRUE(window.close()) << "the control stays dirty, but nothing differs from the file";
+}
+
+TEST_F(DeskTest, TheEditorOutlivesTheListItWasOpenedFrom)
+{
+    auto view = std::make_unique<ProductViewWidget>();
+    view->Show("2~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1:0:74.95:~");
+    view->resize(500, 300);
+    view->show();
+    auto* grid = view->findChild<QAbstractItemView*>();
+    test::whenModal([&](QWidget& window) {
+        view.reset();
+        QTest::mouseClick(window.findChild<QAbstractButton*>("cmdNext"), Qt::LeftButton);
+        EXPECT_EQ(window.windowTitle(), "Lamp (2/2)");
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible());
+    });
+    const QPoint row = grid->visualRect(grid->model()->index(0, 1)).center();
+    QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, row);
+    EXPECT_FALSE(view);
 }
 
 } // namespace

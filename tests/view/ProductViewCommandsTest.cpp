@@ -1,5 +1,6 @@
 #include "tests/support/ViewFixture.h"
 #include "tests/support/Rows.h"
+#include "ui/headless/HeadlessForm.h"
 
 namespace orvan::test {
 namespace {
@@ -88,6 +89,58 @@ TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
         button(name).click();
         EXPECT_EQ(trace->lines().back(), "show 77") << name << ' ' << failAtCall;
     }
+}
+
+TEST_F(ProductViewCommandsTest, TheEditorOpensOnARowOrOnANewProduct)
+{
+    // Row 0 is the header, -1 beside all rows; row 9 stands for the add button.
+    for (const auto& [row, lost, caption, typed, dirty, rowAfter] :
+         Rows<std::int32_t, bool, const char*, bool, bool, const char*>{
+             {-1, false, nullptr, false, false, ""},
+             {0, false, nullptr, false, false, ""},
+             {2, false, "Lamp (2/3)", false, false, "2 | Lamp | 1.5 | $112.43"},
+             {2, false, "Lamp (2/3)", true, true, "2 | Lamp | 4 | $299.80"},
+             {3, true, "Desk (1/3)", false, false, "1 | Desk | 2 | $978.00"}, // no such product any more
+             {9, false, " (4/4)", true, true, "4 |  | 4 | $0.00"}}) {
+        SCOPED_TRACE(row);
+        makeView().Show(kThreeProducts);
+        bool opened = false;
+        if (caption) {
+            platform.drive([&, text = caption, type = typed](headless::HeadlessForm& form) {
+                opened = true;
+                EXPECT_EQ(form.caption(), text);
+                if (type) {
+                    form.focus("txtQty");
+                    form.textBox("txtQty").type("4");
+                }
+                if (type) {
+                    platform.messageBox().answer(ui::MessageResult::yes);
+                }
+                form.clickCloseBox();
+            });
+        }
+        faults.notFoundFrom = lost ? row : 0;
+        row == 9 ? button("cmdNew").click() : view->flexGrid().doubleClick(row);
+        faults.notFoundFrom = 0;
+        EXPECT_EQ(opened, caption != nullptr);
+        EXPECT_EQ(view->Dirty(), dirty);
+        if (opened) {
+            EXPECT_EQ(this->row(rowAfter[0] - '0'), rowAfter);
+        }
+    }
+}
+
+TEST_F(ProductViewCommandsTest, AHostMayDestroyTheViewWhileTheEditorIsOpen)
+{
+    makeView().Show(kThreeProducts);
+    platform.drive([&](headless::HeadlessForm& form) {
+        view.reset();
+        form.button("cmdNext").click();
+        EXPECT_EQ(form.caption(), "Chair (3/3)");
+        form.clickCloseBox();
+    });
+    view->flexGrid().doubleClick(2);
+    EXPECT_EQ(faults.managersAlive, 0);
 }
 
 } // namespace

@@ -1,0 +1,230 @@
+#include "editor/frmProductDesign.h"
+#include "tests/support/EditorFixture.h"
+#include "tests/support/Raised.h"
+#include "tests/support/Rows.h"
+
+namespace orvan::test {
+namespace {
+
+using headless::HeadlessForm;
+
+class EditorTest : public EditorFixture {
+public:
+    /// Which of first, previous, next, last can be pressed; each tool is as its button.
+    static std::string ways(HeadlessForm& form)
+    {
+        std::string letters;
+        const auto& tools = form.control<ui::ToolBar>("atbMain");
+        for (const auto& [button, tool, letter] :
+             {std::tuple("cmdGotoFirst", "ID_GotoFirst", 'f'), std::tuple("cmdPrevious", "ID_GotoPrevious", 'p'),
+              std::tuple("cmdNext", "ID_GotoNext", 'n'), std::tuple("cmdGotoLast", "ID_GotoLast", 'l')}) {
+            EXPECT_EQ(form.button(button).enabled(), tools.toolEnabled(tool)) << button;
+            letters += form.button(button).enabled() ? letter : '-';
+        }
+        return letters;
+    }
+    static void choose(HeadlessForm& form, std::string_view tool)
+    {
+        form.control<headless::HeadlessToolBar>("atbMain").choose(tool);
+    }
+};
+
+TEST_F(EditorTest, AProductIsShownInEveryBox)
+{
+    const std::string longName(300, 'n');
+    const std::string longNote(5000, 'x');
+    load("2~" + longName + "::P:1234.5:2.5:12.5:2700.4688:" + longNote + "~:::0:3:10:0:~");
+    edit(1, [&](HeadlessForm& form) {
+        EXPECT_EQ(form.caption(), std::string(25, 'n') + " (1/2)");
+        for (const auto& [box, text] : Rows<const char*, std::string>{{"cboProductName", longName.substr(0, 255)},
+                                                                      {"txtNote", longNote.substr(0, 4095)},
+                                                                      {"txtUnitPrice", "$1,234.50"},
+                                                                      {"txtDiscount", "12.5000%"},
+                                                                      {"txtQty", "2.5000"},
+                                                                      {"txtExtPrice", "$2,700.47"},
+                                                                      {"txtTotal", "$2,700.47"}}) {
+            EXPECT_EQ(form.control<ui::TextEntry>(box).text(), text) << box;
+        }
+        EXPECT_TRUE(form.comboBox("cboPartNum").hasFocus());
+        form.button("cmdNext").click();
+        EXPECT_EQ(form.caption(), " (2/2)");
+        EXPECT_EQ(form.textBox("txtQty").text(), "3");
+        EXPECT_EQ(form.textBox("txtDiscount").text(), "10%");
+        form.clickCloseBox();
+    });
+    EXPECT_FALSE(dialog.Dirty()); // the long texts were cut while the seek loaded, which marks nothing
+    EXPECT_EQ(dialog.CurrentProductIndex(), 0);
+}
+
+TEST_F(EditorTest, ButtonsAndMenuMoveThroughTheList)
+{
+    load(kThreeProducts);
+    edit(2, [&](HeadlessForm& form) {
+        EXPECT_EQ(ways(form), "fpnl");
+        for (const auto& [button, tool, caption, can, focus] :
+             Rows<const char*, const char*, const char*, const char*, const char*>{
+                 {"cmdNext", "ID_GotoNext", "Chair (3/3)", "fp--", "cmdPrevious"},
+                 {"cmdGotoFirst", "ID_GotoFirst", "Desk (1/3)", "--nl", "cmdNext"},
+                 {"cmdGotoLast", "ID_GotoLast", "Chair (3/3)", "fp--", "cmdPrevious"},
+                 {"cmdPrevious", "ID_GotoPrevious", "Desk (1/3)", "--nl", "cmdNext"}}) {
+            form.button(button).click();
+            EXPECT_EQ(form.focused()->name(), focus) << "a button that went grey hands the focus on";
+            for (const bool byMenu : {false, true}) {
+                if (byMenu) {
+                    choose(form, tool);
+                }
+                EXPECT_EQ(form.caption(), caption) << button;
+                EXPECT_EQ(ways(form), can) << button;
+                choose(form, ways(form) == "fp--" ? "ID_GotoPrevious" : "ID_GotoNext");
+                EXPECT_EQ(form.caption(), "Lamp (2/3)");
+            }
+        }
+        choose(form, "ID_Product");
+        choose(form, "ID_Goto");
+        EXPECT_EQ(form.caption(), "Lamp (2/3)") << "opening a menu moves nothing";
+        EXPECT_EQ(errorOf([&] { choose(form, "id_gotofirst"); }), 5) << "IDs are compared exactly";
+        form.clickCloseBox();
+    });
+    EXPECT_FALSE(dialog.Dirty());
+}
+
+TEST_F(EditorTest, AProductIsAddedAtTheEndAndMarksTheSession)
+{
+    const auto yes = ui::MessageResult::yes;
+    for (const auto& [list, open, caption] : Rows<std::string, bool, const char*>{
+             {"", true, " (1/1)"}, {kThreeProducts, true, " (4/4)"}, {kThreeProducts, false, " (4/4)"}}) {
+        load(list);
+        answer({yes});
+        edit(open ? 0 : 1, [&, open = open, caption = caption](HeadlessForm& form) {
+            if (!open) {
+                form.button("cmdNew").click();
+                EXPECT_TRUE(form.comboBox("cboProductName").hasFocus());
+            }
+            EXPECT_EQ(form.caption(), caption);
+            EXPECT_EQ(form.textBox("txtQty").text(), "1");
+            EXPECT_EQ(form.textBox("txtDiscount").text(), "0%");
+            form.clickCloseBox();
+        });
+        EXPECT_TRUE(dialog.Dirty());
+        EXPECT_EQ(manager->GetProduct(manager->GetProductCount())->Qty(), Currency::fromInteger(1));
+    }
+}
+
+TEST_F(EditorTest, AFormKeptOpenOnAnEmptyListHasOnlyANewProductToOffer)
+{
+    using enum ui::MessageResult;
+    load("1~Desk::D-1:489:2:0:978:~");
+    answer({yes, cancel, no});
+    edit(1, [&](HeadlessForm& form) {
+        form.textBox("txtNote").type("n");
+        form.button("cmdDelete").click();
+        EXPECT_EQ(form.caption(), " (0/0)");
+        EXPECT_EQ(form.focused()->name(), "cmdNew");
+        EXPECT_FALSE(form.textBox("txtQty").canTakeFocus());
+        EXPECT_EQ(errorOf([&] { choose(form, "ID_DeleteProduct"); }), 5);
+        form.button("cmdNew").click();
+        EXPECT_EQ(form.caption(), " (1/1)");
+        EXPECT_TRUE(form.textBox("txtQty").canTakeFocus());
+        form.clickCloseBox();
+    });
+    EXPECT_EQ(products(), "1~Desk::D-1:489:2:0:978:~");
+}
+
+TEST_F(EditorTest, NothingMovesNorIsAddedWhileTheListIsTooLarge)
+{
+    load(kThreeProducts);
+    const auto ok = ui::MessageResult::ok;
+    edit(2, [&](HeadlessForm& form) {
+        faults.maxDataSize = 10;
+        answer({ok, ok, ok, ok}); // the seek that follows the refused product saves again
+        trace->declareError(ErrorNumber::outOfStringSpace, 4);
+        for (const char* button : {"cmdNext", "cmdGotoLast", "cmdNew"}) {
+            form.button(button).click();
+            EXPECT_EQ(form.caption() + ways(form), "Lamp (2/3)fpnl");
+        }
+        EXPECT_EQ(prompts(), "ssss");
+        form.clickCloseBox();
+    });
+    EXPECT_FALSE(dialog.Dirty());
+}
+
+TEST_F(EditorTest, TheManagerSaysWhichPositionsHoldAProduct)
+{
+    const auto yes = ui::MessageResult::yes;
+    load(kThreeProducts);
+    faults.seekMovesBy = 1; // a position further than asked for
+    edit(1, [&](HeadlessForm& form) {
+        EXPECT_EQ(form.caption(), "Lamp (2/3)") << "opening asks for the product's own position";
+        faults.seekMovesBy = 0;
+        faults.notFoundFrom = 3;
+        choose(form, "ID_GotoLast"); // an absolute move asks too, and finds nothing to show
+        EXPECT_EQ(form.caption(), "Lamp (2/3)");
+        faults.notFoundFrom = 0;
+        form.button("cmdPrevious").click();
+        EXPECT_EQ(form.caption(), "Lamp (2/3)") << "counted from the position that was asked for";
+        answer({yes, yes});
+        form.button("cmdDelete").click();
+        EXPECT_EQ(form.caption(), "Chair (2/2)");
+        form.clickCloseBox(); // asks: showing the next product in the boxes has marked the session
+    });
+    EXPECT_EQ(prompts(), "dm");
+    EXPECT_EQ(manager->GetProductCount(), 2);
+}
+
+TEST_F(EditorTest, AHandlerMayFindItsFormClosed)
+{
+    using ui::MessageResult;
+    const auto failing = [&](const char* procedure, const std::function<void()>& act) {
+        trace->declareError(1000, 2);
+        trace->failEntering(std::string("KTVOrvanProduct.frmProduct::").append(procedure), 1000);
+        act();
+        trace->failEntering({}, 0);
+    };
+    load(kThreeProducts);
+    answer({MessageResult::ok, MessageResult::yes, MessageResult::ok});
+    edit(2, [&](HeadlessForm& form) {
+        platform.messageBox().onWaiting = [&, asked = false](const ui::Message&) mutable {
+            if (!std::exchange(asked, true)) { // while the question waits, another event fails and closes the dialog
+                failing("PrvSaveNoteFld", [&] { form.textBox("txtNote").paste("x"); });
+            }
+        };
+        form.button("cmdDelete").click();
+        EXPECT_FALSE(form.loaded());
+    });
+    EXPECT_EQ(manager->GetProductCount(), 3);
+    platform.messageBox().onWaiting = nullptr;
+    edit(2, [&](HeadlessForm& form) {
+        form.focus("txtQty"); // the box that is left closes the form: the button pressed does nothing more
+        failing("PrvSaveQtyFld", [&] { form.button("cmdSaveClose").click(); });
+        EXPECT_FALSE(form.loaded());
+    });
+    EXPECT_EQ(prompts(), "dee");
+}
+
+TEST_F(EditorTest, TheFieldsFillTheWindowAndTheButtonsFollow)
+{
+    load(kThreeProducts);
+    edit(1, [&](HeadlessForm& form) {
+        using Places = std::vector<float>;
+        const auto places = [&] {
+            Places all;
+            for (const char* name : {"fraWizProducts", "fraLeftButtons", "cmdSaveClose", "cmdCancel"}) {
+                const auto& control = form.control<ui::Control>(name);
+                all.insert(all.end(), {control.left(), control.top(), control.width(), control.height()});
+            }
+            return all;
+        };
+        const Places before = places();
+        for (const auto& [x, y] : Rows<float, float>{{1500, 0}, {0, 900}, {-600, -300}, {0, 0}, {-9e5F, -9e5F}}) {
+            form.resize(kProductFormDesign.width + x, kProductFormDesign.height + y);
+            const Places moved = {0, 0, x, y, 0, y, 0, 0, x, y, 0, 0, x, y, 0, 0};
+            for (std::size_t i = 0; i < moved.size(); ++i) { // nothing moves where there is no room for any frame
+                EXPECT_EQ(places()[i], before[i] + (x < -1e5F ? 0 : moved[i])) << i << ' ' << x << ' ' << y;
+            }
+        }
+        form.clickCloseBox();
+    });
+}
+
+} // namespace
+} // namespace orvan::test

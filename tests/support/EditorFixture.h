@@ -1,0 +1,115 @@
+// EditorFixture: sessions of the product editor on the in-memory platform.
+#pragma once
+
+#include "editor/ProductDlg.h"
+#include "tests/support/LibraryFixture.h"
+#include "ui/headless/HeadlessForm.h"
+
+namespace orvan::test {
+
+class EditorFixture : public LibraryFixture {
+public:
+    ~EditorFixture() override
+    {
+        manager.reset();
+        expectNothingLeft();
+    }
+
+    void load(std::string_view sProducts)
+    {
+        manager = makeManager();
+        manager->SetProductsString(sProducts, kRecordSeparator, kFieldSeparator, false);
+    }
+    /// The list as one string, whatever the limit.
+    std::string products()
+    {
+        const auto limit = std::exchange(faults.maxDataSize, std::nullopt);
+        std::string sProducts = manager->GetProductsString(kRecordSeparator, kFieldSeparator);
+        faults.maxDataSize = limit;
+        return sProducts;
+    }
+    /// Opens the editor on the product at lIndex (0: on a new one) and lets `drive` act in it.
+    void edit(std::int32_t lIndex, headless::HeadlessPlatform::Driver drive)
+    {
+        platform.drive(std::move(drive));
+        if (lIndex > 0) {
+            dialog.Show(manager, lIndex);
+        } else {
+            dialog.ShowAddNew(manager);
+        }
+    }
+    void answer(const std::vector<ui::MessageResult>& answers)
+    {
+        for (const ui::MessageResult result : answers) {
+            platform.messageBox().answer(result);
+        }
+    }
+
+    /// One letter for each message box since `first`: is it modified, delete, size, fatal error, could not
+    /// save; '?' for another text.
+    std::string prompts(std::size_t first = 0)
+    {
+        std::string letters;
+        for (const auto& shown = platform.messageBox().shown(); first < shown.size(); ++first) {
+            EXPECT_EQ(shown[first].title, "Orvan");
+            letters += letterOf(shown[first].text);
+        }
+        return letters;
+    }
+    /// The procedure names of the labels entered since line `first`, with '!' for each recorded error.
+    std::string entered(std::size_t first) const { return entered(*trace.trace(), first); }
+    static std::string entered(const RecordingTrace& trace, std::size_t first)
+    {
+        std::string names;
+        for (; first < trace.lines().size(); ++first) {
+            const std::string& line = trace.lines()[first];
+            if (line.starts_with("enter ")) {
+                names.append(names.empty() ? "" : " ").append(line.substr(line.find("::") + 2));
+            } else if (line.starts_with("error ")) {
+                names.append("!");
+            }
+        }
+        return names;
+    }
+
+    /// The table's short names for what is entered together.
+    static std::string spelledOut(std::string names)
+    {
+        for (const auto& [shortName, entered] :
+             {std::pair("FAIL", "cmdGotoFirst_Click PrvSeekProduct (fails)!!"), std::pair("ASK", "PrvCancelEdit"),
+              std::pair("DELETE", "cmdDelete_Click PrvDeleteCurrentProduct"),
+              std::pair("EMPTY", "PrvSaveCurrentProduct"),
+              std::pair("SAVE", "PrvSaveCurrentProduct PrvSaveNameFld PrvSavePartNumFld PrvSaveUnitPriceFld "
+                                "PrvSaveDiscountPrcntFld PrvSaveQtyFld PrvSaveNoteFld")}) {
+            for (std::size_t at = 0; (at = names.find(shortName, at)) != std::string::npos;
+                 at += std::string_view(entered).size()) {
+                names.replace(at, std::string_view(shortName).size(), entered);
+            }
+        }
+        return names;
+    }
+
+    std::shared_ptr<ProductMgr> manager;
+    ProductDlg dialog{platform};
+
+private:
+    static char letterOf(std::string_view text)
+    {
+        const std::pair<std::string_view, char> beginnings[] = {
+            {"The product information has been modified, would you like to save the changes?", 'm'},
+            {"Are you sure you want to delete the current product?", 'd'},
+            {"The total size of the product data for an IBO has exceeded the maximum limit of ", 's'},
+            {"We apologize for the inconvenience but due to an internal application error the current dialog will be "
+             "closed. If the issue persists please contact our support department at ",
+             'e'},
+            {"Could not save the current product due to an error.", 'c'}};
+        for (const auto& [beginning, letter] : beginnings) {
+            if (text.starts_with(beginning)) {
+                return letter;
+            }
+        }
+        return '?';
+    }
+};
+
+} // namespace orvan::test
