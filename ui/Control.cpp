@@ -17,6 +17,7 @@ std::string_view controlKindName(ControlKind kind)
     case ControlKind::grid: return "grid";
     case ControlKind::label: return "label";
     case ControlKind::line: return "line";
+    case ControlKind::popupMenu: return "pop-up menu";
     case ControlKind::textBox: return "text box";
     case ControlKind::timer: return "timer";
     case ControlKind::toolBar: return "tool bar";

@@ -12,7 +12,7 @@
 
 namespace orvan::ui {
 
-enum class ControlKind { button, comboBox, frame, grid, label, line, textBox, timer, toolBar };
+enum class ControlKind { button, comboBox, frame, grid, label, line, popupMenu, textBox, timer, toolBar };
 
 /// The kind's name in error texts: "button", "text box", ...
 std::string_view controlKindName(ControlKind kind);
@@ -32,12 +32,12 @@ struct LayoutCell {
     bool stretch = false; ///< Takes the room that the frame has to spare, in height too.
 };
 
-/// One tool of a tool bar's menu bar. A tool that others name as their menu opens them; one without
+/// One tool of a tool bar or a pop-up menu. A tool that others name as their menu opens them; one without
 /// an ID is a separator.
 struct ToolDesign {
     std::string_view id = {};
     std::string_view caption = {};
-    std::string_view menu = {}; ///< ID of the menu it stands in; empty: the menu bar itself.
+    std::string_view menu = {}; ///< ID of the menu it stands in; empty: the menu bar or the pop-up menu itself.
     char mnemonic = 0;
     std::string_view category = "General";
 };
@@ -50,7 +50,7 @@ struct ControlDesign {
     float top = 0;
     float width = 0;
     float height = 0;
-    std::string_view caption = {}; ///< "&&" shows one ampersand. A tool bar's: its menu bar's name.
+    std::string_view caption = {}; ///< "&&" shows one ampersand. A tool bar's or a menu's: its name.
     char mnemonic = 0;             ///< The caption's letter that presses it, or its label's control, with Alt; 0: none.
     std::string_view toolTip = {};
     std::string_view picture = {}; ///< A button's picture by name: "add", "delete", "up", "first", "save", ...
@@ -62,7 +62,7 @@ struct ControlDesign {
     Alignment alignment = Alignment::left;
     LayoutCell cell = {};
     std::int32_t gridColumns = 0;           ///< Grids: columns before the logic sets any.
-    std::span<const ToolDesign> tools = {}; ///< Tool bars: a menu stands before what it holds.
+    std::span<const ToolDesign> tools = {}; ///< Tool bars and pop-up menus: a menu stands before what it holds.
 };
 
 struct FormDesign {

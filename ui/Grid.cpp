@@ -205,6 +205,13 @@ void Grid::userDoubleClicked(std::int32_t row)
     raise(onDblClick);
 }
 
+void Grid::userRightClicked(std::int32_t row, std::int32_t column)
+{
+    mouseRow_ = row;
+    mouseColumn_ = column;
+    raise(onRightClick);
+}
+
 void Grid::userChoseRow(std::int32_t row)
 {
     requireRow(row);

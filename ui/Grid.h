@@ -76,8 +76,12 @@ public:
     std::function<void()> onAfterUserResize;
     /// The user double clicked, on a row or beside all.
     std::function<void()> onDblClick;
-    /// The row under the mouse at the user's last mouse event, header rows included; -1 for none.
+    /// The user clicked with the right button, on a cell, a header or beside all. Chooses no row.
+    std::function<void()> onRightClick;
+    /// The row under the mouse at the user's last double or right click, header rows included; -1 for none.
     std::int32_t mouseRow() const { return mouseRow_; }
+    /// The column under the mouse at the user's last right click; -1 for none.
+    std::int32_t mouseColumn() const { return mouseColumn_; }
 
 protected:
     /// Show what changed: at once while redraw is on, all together when it is turned on again.
@@ -91,6 +95,8 @@ protected:
     void userChoseRow(std::int32_t row);
     /// The user double clicked; -1 for no row. Raises the event.
     void userDoubleClicked(std::int32_t row);
+    /// The user clicked with the right button; -1 for no row or column. Raises the event.
+    void userRightClicked(std::int32_t row, std::int32_t column);
 
 private:
     struct Column {
@@ -115,6 +121,7 @@ private:
     std::int32_t currentRow_ = 0;
     bool userResizing_ = false;
     std::int32_t mouseRow_ = -1;
+    std::int32_t mouseColumn_ = -1;
     bool redraw_ = true;
     GridChanges pending_;
 };

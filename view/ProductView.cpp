@@ -7,6 +7,7 @@
 #include "ui/Frame.h"
 #include "ui/Grid.h"
 #include "ui/Platform.h"
+#include "ui/PopupMenu.h"
 #include "ui/Surface.h"
 #include "ui/TextBox.h"
 
@@ -18,12 +19,18 @@ ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::Conta
       fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")),
       txtTotal_(surface.control<ui::TextBox>("txtTotal")), cmdNew_(surface.control<ui::Button>("cmdNew")),
       cmdDelete_(surface.control<ui::Button>("cmdDelete")), cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")),
-      cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown"))
+      cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")),
+      mnuViewCboOne_(surface.control<ui::PopupMenu>("mnuViewCboOne")),
+      mnuViewCboTwo_(surface.control<ui::PopupMenu>("mnuViewCboTwo"))
 {
     UserControl_Initialize();
     surface_.onResize = [this] { UserControl_Resize(); };
     flexGrid_.onAfterUserResize = [this] { flexGrid_AfterUserResize(); };
     flexGrid_.onDblClick = [this] { flexGrid_DblClick(); };
+    flexGrid_.onRightClick = [this] { flexGrid_RightClick(); };
+    for (const OptionalColumn& own : optionalColumns()) {
+        own.menu.onToolClick = [this, own](std::string_view sItem) { mnuViewCbo_Click(own, sItem); };
+    }
     cmdNew_.onClick = [this] { cmdNew_Click(); };
     cmdDelete_.onClick = [this] { cmdDelete_Click(); };
     cmdMoveUp_.onClick = [this] { cmdMoveUp_Click(); };
@@ -36,6 +43,10 @@ ProductView::~ProductView()
     surface_.onResize = nullptr;
     flexGrid_.onAfterUserResize = nullptr;
     flexGrid_.onDblClick = nullptr;
+    flexGrid_.onRightClick = nullptr;
+    for (const OptionalColumn& own : optionalColumns()) {
+        own.menu.onToolClick = nullptr;
+    }
     cmdNew_.onClick = nullptr;
     cmdDelete_.onClick = nullptr;
     cmdMoveUp_.onClick = nullptr;

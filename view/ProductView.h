@@ -10,7 +10,7 @@
 // nothing else; texts are in the trace. Lengths in twips; positions 1-based.
 //
 // The procedures stand in files by subject: ProductView.cpp (life, Show), ProductViewColumns.cpp
-// (columns, refresh), ProductViewPrefs.cpp (preferences), ProductViewCommands.cpp (add, edit,
+// (columns, refresh, View menus), ProductViewPrefs.cpp (preferences), ProductViewCommands.cpp (add, edit,
 // delete, move), ProductViewLayout.cpp (resize).
 #pragma once
 
@@ -35,6 +35,7 @@ class ContainerSite;
 class Frame;
 class Grid;
 class Platform;
+class PopupMenu;
 class Surface;
 class TextBox;
 } // namespace ui
@@ -75,6 +76,19 @@ private:
     void UserControl_Terminate();
     void UserControl_Resize();
     void flexGrid_AfterUserResize();
+
+    /// One of the two optional columns, One and Two: what the procedures that serve both differ in.
+    struct OptionalColumn {
+        ui::PopupMenu& menu;
+        ViewFieldEnum& field;
+        std::int32_t& column;
+        const ViewFieldEnum& otherField;
+    };
+    std::array<OptionalColumn, 2> optionalColumns();
+    void flexGrid_RightClick();
+    void mnuViewCbo_Click(const OptionalColumn& own, std::string_view sItem);
+    void PrvSetViewMenu(const OptionalColumn& own, ViewFieldEnum eField);
+    void PrvChooseColumn(const OptionalColumn& own, std::int32_t lCol, ViewFieldEnum eField);
 
     /// Error 91 when none is held.
     ProductMgr& productMgr() const;
@@ -128,6 +142,8 @@ private:
     ui::Button& cmdDelete_;
     ui::Button& cmdMoveUp_;
     ui::Button& cmdMoveDown_;
+    ui::PopupMenu& mnuViewCboOne_;
+    ui::PopupMenu& mnuViewCboTwo_;
 
     /// Gone with the view: a host may destroy it while one of its message boxes waits for the user.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

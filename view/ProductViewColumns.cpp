@@ -1,4 +1,4 @@
-// The grid's columns, and filling it from the product manager.
+// The grid's columns, the menus that choose the optional two, and filling the grid from the product manager.
 //
 // Columns are found by key, because showing the chosen two moves them: an index is good only until
 // the next move.
@@ -9,6 +9,7 @@
 #include "core/modInit.h"
 #include "ui/Grid.h"
 #include "ui/Platform.h"
+#include "ui/PopupMenu.h"
 #include "ui/TextBox.h"
 #include "view/ProductView.h"
 
@@ -58,6 +59,12 @@ const FieldRow* fieldRow(ViewFieldEnum eField)
 {
     const auto value = static_cast<std::int32_t>(eField);
     return value < 0 || value >= std::ssize(kFields) ? nullptr : &kFields[value];
+}
+
+/// The menu's item that chooses the field.
+std::string itemId(const ui::PopupMenu& menu, const FieldRow& field)
+{
+    return std::string(menu.name()).append(field.key);
 }
 
 /// Characters of a text that a cell shows.
@@ -176,6 +183,59 @@ void ProductView::PrvApplyColumnLayout()
     flexGrid_.setColumnHidden(columnIndices_[Name], false);
     PrvShowChosenColumns(columnOne_, columnTwo_);
     flexGrid_.setRedraw(true);
+}
+
+std::array<ProductView::OptionalColumn, 2> ProductView::optionalColumns()
+{
+    return {{{mnuViewCboOne_, fieldOne_, columnOne_, fieldTwo_}, {mnuViewCboTwo_, fieldTwo_, columnTwo_, fieldOne_}}};
+}
+
+void ProductView::flexGrid_RightClick()
+{
+    if (flexGrid_.mouseRow() != 0) {
+        return;
+    }
+    for (const OptionalColumn& own : optionalColumns()) {
+        if (flexGrid_.mouseColumn() == own.column) {
+            PrvSetViewMenu(own, own.otherField);
+            own.menu.popUp();
+            return;
+        }
+    }
+}
+
+void ProductView::PrvSetViewMenu(const OptionalColumn& own, ViewFieldEnum eField)
+{
+    for (const FieldRow& field : kFields) {
+        own.menu.setToolEnabled(itemId(own.menu, field), true);
+    }
+    if (const FieldRow* field = fieldRow(eField)) {
+        own.menu.setToolEnabled(itemId(own.menu, *field), false);
+    }
+}
+
+void ProductView::mnuViewCbo_Click(const OptionalColumn& own, std::string_view sItem)
+{
+    for (const FieldRow& field : kFields) {
+        if (itemId(own.menu, field) == sItem) {
+            const auto value = static_cast<std::int32_t>(&field - kFields);
+            PrvChooseColumn(own, flexGrid_.columnIndex(field.key), ViewFieldEnum{value});
+            return;
+        }
+    }
+}
+
+void ProductView::PrvChooseColumn(const OptionalColumn& own, std::int32_t lCol, ViewFieldEnum eField)
+{
+    const std::int32_t lWidth = flexGrid_.columnWidth(own.column);
+    own.field = eField;
+    own.column = lCol;
+    flexGrid_.setRedraw(false);
+    flexGrid_.setColumnWidth(own.column, lWidth); // the place keeps its width, whatever is shown there
+    PrvSetColumnFormat(own.column, own.field);
+    PrvShowChosenColumns(columnOne_, columnTwo_);
+    flexGrid_.setRedraw(true);
+    PrvSaveViewPrefs(hostTypeName_);
 }
 
 void ProductView::PrvRefreshView(bool bUpdateTotal)

@@ -1,5 +1,7 @@
 #include "view/ProductViewDesign.h"
 
+#include <array>
+
 namespace orvan {
 
 namespace {
@@ -11,6 +13,36 @@ constexpr float kButton = 375; ///< Buttons are square; the bottom band is as hi
 constexpr float kButtonStep = 420;
 constexpr std::string_view kRight = "fraBottomRight";
 constexpr std::string_view kLeft = "fraBottomLeft";
+
+/// An item of the View menus, by its name in either: the menu's name and the key of the column that it chooses.
+struct MenuItem {
+    std::string_view one;
+    std::string_view two;
+    std::string_view caption;
+};
+
+constexpr std::size_t kMenuItemCount = 6;
+constexpr MenuItem kMenuItems[kMenuItemCount] = {
+    {"mnuViewCboOnePartNum", "mnuViewCboTwoPartNum", "Part#"},
+    {"mnuViewCboOneExtPrice", "mnuViewCboTwoExtPrice", "Ext Price"},
+    {"mnuViewCboOneDiscPrcnt", "mnuViewCboTwoDiscPrcnt", "Disc%"},
+    {"mnuViewCboOneUnitPrice", "mnuViewCboTwoUnitPrice", "Unit Price"},
+    {"mnuViewCboOneQty", "mnuViewCboTwoQty", "Qty"},
+    {"mnuViewCboOneNote", "mnuViewCboTwoNote", "Note"},
+};
+
+constexpr std::array<ui::ToolDesign, kMenuItemCount> menuTools(std::string_view MenuItem::*name)
+{
+    std::array<ui::ToolDesign, kMenuItemCount> tools;
+    for (std::size_t i = 0; i < kMenuItemCount; ++i) {
+        tools[i].id = kMenuItems[i].*name;
+        tools[i].caption = kMenuItems[i].caption;
+    }
+    return tools;
+}
+
+constexpr auto kMenuOne = menuTools(&MenuItem::one);
+constexpr auto kMenuTwo = menuTools(&MenuItem::two);
 
 // clang-format off
 constexpr ui::ControlDesign kControls[] = {
@@ -30,6 +62,8 @@ constexpr ui::ControlDesign kControls[] = {
     {.name = "cmdMoveDown", .kind = ControlKind::button, .parent = kRight, .left = 3 * kButtonStep,
      .width = kButton, .height = kButton, .toolTip = "Move Product Down In The List", .picture = "down",
      .tabIndex = 5},
+    {.name = "mnuViewCboOne", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuOne},
+    {.name = "mnuViewCboTwo", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuTwo},
 };
 // clang-format on
 

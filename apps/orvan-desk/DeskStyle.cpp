@@ -55,7 +55,11 @@ DeskStyle::DeskStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* result) const
 {
-    return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    switch (hint) {
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_EtchDisabledText: return 0; // its light edge would double the text on a dark ground
+    default: return QProxyStyle::styleHint(hint, option, widget, result);
+    }
 }
 
 void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -6,6 +6,7 @@
 #include "ui/Form.h"
 #include "ui/Grid.h"
 #include "ui/Platform.h"
+#include "ui/PopupMenu.h"
 #include "ui/Surface.h"
 #include "ui/TextBox.h"
 #include "ui/Timer.h"
@@ -21,7 +22,7 @@ namespace orvan::contract {
 using test::errorOf;
 using test::Rows;
 
-/// A grid of five columns, a frame with a button in it, a label and the text box it names.
+/// A grid of five columns, a frame with a button in it, a label and the text box it names, a pop-up menu.
 extern const ui::FormDesign kDesign;
 /// A line, a note, a combo box and a box for amounts.
 extern const ui::FormDesign kEntryDesign;
@@ -67,6 +68,11 @@ public:
     virtual void chooseRow(ui::Grid& grid, std::int32_t row) = 0;
     /// -1: below all rows.
     virtual void doubleClick(ui::Grid& grid, std::int32_t row) = 0;
+    /// -1: below all rows, right of all columns.
+    virtual void rightClick(ui::Grid& grid, std::int32_t row, std::int32_t column) = 0;
+    /// With the mouse; an empty tool dismisses the menu.
+    virtual void choose(ui::PopupMenu& menu, std::string_view tool) = 0;
+    virtual bool isUp(ui::PopupMenu& menu) = 0;
     /// What a user sees in the row, hidden columns left out.
     virtual std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) = 0;
     /// Answers the next message box after what happens while it waits.
@@ -98,7 +104,11 @@ using DriverFactory = std::unique_ptr<Driver> (*)();
 class PlatformContract : public testing::TestWithParam<DriverFactory> {
 protected:
     void SetUp() override;
-    void TearDown() override { EXPECT_EQ(unhandled, expectedUnhandled) << "errors that no handler took"; }
+    void TearDown() override
+    {
+        surface.reset();
+        EXPECT_EQ(unhandled, expectedUnhandled) << "errors that no handler took";
+    }
 
     ui::Grid& grid() { return surface->control<ui::Grid>("grid"); }
 

@@ -29,6 +29,15 @@ public:
     }
     void chooseRow(ui::Grid& grid, std::int32_t row) override { as<HeadlessGrid>(grid).chooseRow(row); }
     void doubleClick(ui::Grid& grid, std::int32_t row) override { as<HeadlessGrid>(grid).doubleClick(row); }
+    void rightClick(ui::Grid& grid, std::int32_t row, std::int32_t column) override
+    {
+        as<HeadlessGrid>(grid).rightClick(row, column);
+    }
+    void choose(ui::PopupMenu& menu, std::string_view tool) override
+    {
+        tool.empty() ? as<HeadlessPopupMenu>(menu).dismiss() : as<HeadlessPopupMenu>(menu).choose(tool);
+    }
+    bool isUp(ui::PopupMenu& menu) override { return as<HeadlessPopupMenu>(menu).isUp(); }
     std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) override
     {
         return as<HeadlessGrid>(grid).visibleTexts(row);

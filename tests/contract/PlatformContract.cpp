@@ -7,6 +7,10 @@ namespace orvan::contract {
 
 using ui::ControlKind;
 
+constexpr ui::ToolDesign kMenuTools[] = {{.id = "one", .caption = "First"},
+                                         {.id = "two", .caption = "Second", .mnemonic = 'S'},
+                                         {},
+                                         {.id = "three", .caption = "Third"}};
 constexpr ui::ControlDesign kControls[] = {
     {.name = "grid", .kind = ControlKind::grid, .width = 6000, .height = 3000, .tabIndex = 2, .gridColumns = 5},
     {.name = "frame", .kind = ControlKind::frame, .left = 7, .top = 3015, .width = 3000, .height = 450},
@@ -16,6 +20,7 @@ constexpr ui::ControlDesign kControls[] = {
      .caption = "Total && tax", .mnemonic = 'T'},
     {.name = "box", .kind = ControlKind::textBox, .left = 4200, .top = 3015, .width = 1500, .height = 375,
      .tabIndex = 0, .readOnly = true, .alignment = ui::Alignment::right},
+    {.name = "menu", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuTools},
 };
 const ui::FormDesign kDesign{.name = "Contract", .width = 6000, .height = 3600, .controls = kControls};
 
@@ -198,6 +203,53 @@ TEST_P(PlatformContract, ADoubleClickTellsItsRowAndChoosesIt)
     EXPECT_EQ(rows, (std::vector<std::int32_t>{2, 2, 0, 2, -1, 2, 3, 3}));
     grid().onDblClick = [&] { surface.reset(); };
     driver->doubleClick(grid(), 1);
+    EXPECT_FALSE(surface);
+}
+
+TEST_P(PlatformContract, ARightClickTellsRowAndColumnAlsoAfterColumnsHaveMoved)
+{
+    grid().setRowCount(4);
+    for (std::int32_t column = 0; column < 5; ++column) {
+        grid().setColumnWidth(column, 750 + 15 * column);
+    }
+    grid().setColumnHidden(1, true);
+    grid().moveColumn(4, 0);
+    grid().setCurrentRow(1);
+    int clicks = 0;
+    grid().onRightClick = [&] { ++clicks; };
+    for (const auto& [row, column] : Rows<std::int32_t, std::int32_t>{
+             {0, 0}, {0, 1}, {0, 4}, {0, -1}, {1, 3}, {3, 0}, {3, -1}, {-1, 4}, {-1, -1}}) {
+        driver->rightClick(grid(), row, column);
+        EXPECT_EQ((std::pair{grid().mouseRow(), grid().mouseColumn()}), (std::pair{row, column}));
+    }
+    EXPECT_EQ(clicks, 9);
+    EXPECT_EQ(grid().currentRow(), 1) << "it chooses nothing";
+    grid().onRightClick = [&] { surface.reset(); };
+    driver->rightClick(grid(), 0, 0);
+    EXPECT_FALSE(surface);
+}
+
+TEST_P(PlatformContract, AMenuComesUpAndReportsWhatIsChosen)
+{
+    auto& menu = surface->control<ui::PopupMenu>("menu");
+    std::string log;
+    menu.onToolClick = [&](std::string_view id) { log.append(id).append(driver->isUp(menu) ? " up, " : ", "); };
+    EXPECT_EQ(errorOf([&] { menu.setToolEnabled("One", false); }), 5);
+    for (const char* choice : {"two", "", "three", "one"}) {
+        EXPECT_FALSE(driver->isUp(menu)) << choice;
+        menu.setToolEnabled("one", *choice == 'o');
+        menu.popUp();
+        EXPECT_TRUE(driver->isUp(menu)) << choice;
+        driver->choose(menu, choice);
+    }
+    EXPECT_EQ(log, "two, three, one, ");
+    menu.onToolClick = [](std::string_view) { throw RuntimeError(9); };
+    menu.popUp();
+    driver->choose(menu, "two");
+    expectedUnhandled = {9};
+    menu.onToolClick = [&](std::string_view) { surface.reset(); };
+    menu.popUp();
+    driver->choose(menu, "two");
     EXPECT_FALSE(surface);
 }
 

@@ -13,6 +13,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QMenu>
 #include <QMessageBox>
 #include <QTableView>
 #include <QTest>
@@ -74,15 +75,28 @@ public:
     }
     void doubleClick(ui::Grid& grid, std::int32_t row) override
     {
-        QTableView& view = viewOf(grid);
-        const bool header = row >= 0 && row < grid.fixedRows();
-        const int below = view.rowViewportPosition(view.model()->rowCount() - 1) + 2 * view.rowHeight(0);
-        const int y = row < 0 ? below : view.rowViewportPosition(row - grid.fixedRows()) + 2;
-        QWidget* place = header ? view.horizontalHeader()->viewport() : view.viewport();
-        const QPoint at(20, header ? 5 : y);
+        const auto [place, at] = placeOf(grid, row, 0);
         QTest::mouseClick(place, Qt::LeftButton, {}, at);
         QTest::mouseDClick(place, Qt::LeftButton, {}, at);
     }
+    void rightClick(ui::Grid& grid, std::int32_t row, std::int32_t column) override
+    {
+        const auto [place, at] = placeOf(grid, row, column);
+        // To the window, as a window system does it: of a press Qt makes the event that asks for a menu.
+        QWidget* window = place->window();
+        QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, place->mapTo(window, at));
+    }
+    void choose(ui::PopupMenu& menu, std::string_view tool) override
+    {
+        QMenu& shown = menuOf(menu);
+        if (auto* action = shown.findChild<QAction*>(qString(tool)); action && !tool.empty()) {
+            QTest::mouseClick(&shown, Qt::LeftButton, {}, shown.actionGeometry(action).center());
+        } else {
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        }
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    bool isUp(ui::PopupMenu& menu) override { return QApplication::activePopupWidget() == &menuOf(menu); }
     std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) override
     {
         QTableView& view = viewOf(grid);
@@ -193,6 +207,7 @@ public:
     {
         return *hosts_.back()->findChild<T*>(QString::fromLatin1(name));
     }
+    QMenu& menuOf(ui::PopupMenu& menu) { return widget<QMenu>(menu.name().c_str()); }
     QTableView& table() { return widget<QTableView>("grid"); }
     void destroyHost() { hosts_.pop_back(); }
     std::string settingsPath() const { return folder_.filePath(QStringLiteral("new/settings.ini")).toStdString(); }
@@ -208,6 +223,16 @@ public:
 
 private:
     static QTableView& viewOf(ui::Grid& grid) { return dynamic_cast<QTableView&>(*qt::widgetOf(grid)); }
+    /// Where a cell or header is clicked; -1: below all rows, beside all columns.
+    static std::pair<QWidget*, QPoint> placeOf(ui::Grid& grid, std::int32_t row, std::int32_t column)
+    {
+        QTableView& view = viewOf(grid);
+        const bool header = row >= 0 && row < grid.fixedRows();
+        const int below = view.rowViewportPosition(view.model()->rowCount() - 1) + 2 * view.rowHeight(0);
+        const int x = column < 0 ? view.horizontalHeader()->length() : view.columnViewportPosition(column);
+        const int y = header ? 3 : row < 0 ? below : view.rowViewportPosition(row - grid.fixedRows());
+        return {header ? view.horizontalHeader()->viewport() : view.viewport(), QPoint(x + 20, y + 2)};
+    }
     /// No user is quicker than the window system, and off screen there is none that brings a window back.
     static void awaitActive(ui::Form& form)
     {

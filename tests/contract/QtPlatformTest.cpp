@@ -3,6 +3,7 @@
 
 #include "ui/qt/GridPaint.h"
 
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
 #include <QHelpEvent>
@@ -214,6 +215,34 @@ TEST_F(QtPlatformTest, KeysAndNamesServeThoseWhoUseNoMouse)
     driver.chooseRow(grid(), 1);
     QApplication::sendEvent(&table(), &enter);
     EXPECT_FALSE(enter.isAccepted()) << "Enter belongs to the window";
+}
+
+TEST_F(QtPlatformTest, AMenuIsOperatedByKeysAndAKeyOpensNone)
+{
+    auto& menu = surface->control<ui::PopupMenu>("menu");
+    std::string log;
+    menu.onToolClick = [&](std::string_view id) { log.append(id).append(" "); };
+    menu.setToolEnabled("three", false);
+    QMenu& shown = driver.menuOf(menu);
+    for (const auto& [keys, chosen] : Rows<std::vector<Qt::Key>, const char*>{
+             {{Qt::Key_Down, Qt::Key_Return}, "one "}, {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "two "},
+             {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, "one "}, {{Qt::Key_S}, "two "}, {{Qt::Key_Down, Qt::Key_Escape}, ""}}) {
+        log.clear();
+        menu.popUp();
+        EXPECT_EQ(shown.pos(), QCursor::pos());
+        for (const Qt::Key key : keys) {
+            QTest::keyClick(&shown, key);
+        }
+        EXPECT_EQ(log, chosen) << keys.size();
+        EXPECT_FALSE(driver.isUp(menu));
+    }
+    grid().onRightClick = [] { ADD_FAILURE() << "a key, and no column is current"; };
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
+    QApplication::sendEvent(table().viewport(), &asked);
+    EXPECT_FALSE(asked.isAccepted()) << "it belongs to the window";
+    menu.popUp();
+    surface.reset();
+    EXPECT_FALSE(QApplication::activePopupWidget()) << "a menu goes with its surface";
 }
 
 TEST_F(QtPlatformTest, SurfaceAndHostGoInEitherOrder)

@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTest>
 
 namespace orvan::desk {
@@ -211,6 +213,22 @@ TEST_F(DeskTest, TheEditorOutlivesTheListItWasOpenedFrom)
     const QPoint row = grid->visualRect(grid->model()->index(0, 1)).center();
     QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, row);
     EXPECT_FALSE(view);
+}
+
+TEST_F(DeskTest, AMovedRowStaysInView)
+{
+    MainWindow window;
+    window.resize(640, 420);
+    window.show();
+    window.openSample(QStringLiteral("exhibition-stand"));
+    auto& table = *window.findChild<QTableView*>(QStringLiteral("flexGrid"));
+    QTest::keyClick(&table, Qt::Key_Down);
+    for (int row = 1; row < table.model()->rowCount(); ++row) {
+        table.verticalScrollBar()->setValue(row == 20 ? 0 : table.verticalScrollBar()->value()); // looked elsewhere
+        QTest::mouseClick(window.findChild<QWidget*>(QStringLiteral("cmdMoveDown")), Qt::LeftButton);
+        EXPECT_TRUE(table.viewport()->rect().contains(table.visualRect(table.currentIndex()))) << row;
+    }
+    EXPECT_GT(table.verticalScrollBar()->value(), 0);
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 """Drives the desk in a real window, with the mouse and keys of an X server.
 
 Usage: xvfb-run python3 real_window.py DESK QUOTE, with a window manager (openbox) to give a closed
-dialog's focus back to the desk, as on a person's screen. A quote is opened, a product edited, the list walked
-and a product deleted; the answer No leaves the quote as it was, the answer Yes saves it.
+dialog's focus back to the desk, as on a person's screen. A quote is opened, a column chosen from its menu, a
+product edited, the list walked and a product deleted; the answer No leaves the quote as it was, the answer Yes
+saves it.
 """
 import json
 import os
@@ -14,6 +15,7 @@ import tempfile
 import time
 
 SECOND_ROW = ("200", "150")  # pixels inside the desk's window, whose rows are 22 apart
+COLUMN_ONE = ("600", "104")  # its header
 PATIENCE = 20  # seconds
 
 
@@ -45,9 +47,21 @@ def wait_for_title(title: str) -> None:
     wait_for(f'window "{title}"', lambda: title in titles())
 
 
-def open_second_product() -> None:
+def click(place: tuple[str, str], *how: str) -> None:
     window = xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
-    xdotool("mousemove", "--window", window, *SECOND_ROW, "click", "--repeat", "2", "--delay", "60", "1")
+    xdotool("mousemove", "--window", window, *place, "click", *how)
+
+
+def choose_last_field(folder: str) -> None:
+    click(COLUMN_ONE, "3")
+    time.sleep(0.3)
+    keys("Up", "Return")
+    wait_for("the note in column One",
+             lambda: any("=5~1~" in file.read_text() for file in pathlib.Path(folder).rglob("*.ini")))
+
+
+def open_second_product() -> None:
+    click(SECOND_ROW, "--repeat", "2", "--delay", "60", "1")
     wait_for_title("Task chair, mesh back (2/14)")
 
 
@@ -64,6 +78,7 @@ def main() -> None:
         process = subprocess.Popen([desk, "--theme", "light", str(quote)], env=environment)
         wait_for_title("office.quote.json – Orvan Desk")
 
+        choose_last_field(folder)
         open_second_product()
         keys("alt+q", "7", "alt+p", "g", "n")
         wait_for_title("Visitor chair, stackable (3/14)")

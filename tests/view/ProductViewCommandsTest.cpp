@@ -21,10 +21,14 @@ TEST_F(ProductViewCommandsTest, ARowIsDeletedOnceAnsweredAndMovedWithinTheEnds)
              {"cmdMoveUp", 1, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 1},
              {"cmdMoveUp", 3, {}, nullptr, "Desk Chair Lamp", "$1,965.43", true, 2},
              {"cmdMoveDown", 2, {}, nullptr, "Desk Chair Lamp", "$1,965.43", true, 3},
-             {"cmdMoveDown", 3, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 3}}) {
+             {"cmdMoveDown", 3, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 3},
+             {"cmdMoveDown", 0, {}, nullptr, "Desk Lamp Chair", "$1,965.43", false, 0},
+             // -1: an empty list
+             {"cmdDelete", -1, Answer::ok, "Please select a product first", "", "$0", false, 0},
+             {"cmdMoveUp", -1, {}, nullptr, "", "$0", false, 0},
+             {"cmdMoveDown", -1, {}, nullptr, "", "$0", false, 0}}) {
         SCOPED_TRACE(name + std::to_string(currentRow));
-        makeView();
-        view->Show(kThreeProducts);
+        makeView().Show(currentRow < 0 ? "" : kThreeProducts);
         if (currentRow > 0) {
             view->flexGrid().chooseRow(currentRow);
         }

@@ -57,38 +57,6 @@ TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
     }
 }
 
-/// The two chosen columns stand at positions 2 and 3, whichever they are and in either order.
-TEST_F(ProductViewPrefsTest, EveryPairOfFieldsFindsItsPlacesAndFormats)
-{
-    struct Field {
-        const char *key, *header, *cell;
-        ui::GridType type;
-    };
-    const Field fields[] = {{"PartNum", "Part#", "P~1", ui::GridType::string},
-                            {"ExtPrice", "Ext Price", "-$5.00", ui::GridType::currency},
-                            {"DiscPrcnt", "Disc%", "12.5", ui::GridType::float64},
-                            {"UnitPrice", "Unit Price", "$1,234.50", ui::GridType::currency},
-                            {"Qty", "Qty", "2.25", ui::GridType::float64},
-                            {"Note", "Note", "x:y", ui::GridType::string}};
-    for (const Field& one : fields) {
-        for (const Field& two : fields) {
-            if (&one == &two) {
-                continue;
-            }
-            storePrefs(std::to_string(&one - fields) + "~" + std::to_string(&two - fields) + "~");
-            SCOPED_TRACE(storedPrefs());
-            makeView();
-            view->Show("1~n::P\\~1:1234.5:2.25:12.5:-5:x\\:y~");
-            const std::string expected = std::string("Number Name ") + one.key + ' ' + two.key + " [";
-            EXPECT_EQ(columns().substr(0, expected.size()), expected);
-            EXPECT_EQ(row(0), std::string("# | Product | ") + one.header + " | " + two.header);
-            EXPECT_EQ(row(1), std::string("1 | n | ") + one.cell + " | " + two.cell);
-            EXPECT_EQ(view->flexGrid().columnType(2), one.type);
-            EXPECT_EQ(view->flexGrid().columnType(3), two.type);
-        }
-    }
-}
-
 TEST_F(ProductViewPrefsTest, AResizeIsKeptForItsHostFormAndSeedsOnlyWhatIsNotStored)
 {
     const auto widthsOf = [&](const char* host) { return makeView(host), widths(); };

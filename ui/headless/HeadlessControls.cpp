@@ -18,6 +18,7 @@ std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design
     case ui::ControlKind::grid: return std::make_unique<HeadlessGrid>(design, platform);
     case ui::ControlKind::label: return std::make_unique<HeadlessLabel>(design);
     case ui::ControlKind::line: return std::make_unique<HeadlessLine>(design);
+    case ui::ControlKind::popupMenu: return std::make_unique<HeadlessPopupMenu>(design, platform);
     case ui::ControlKind::textBox: return std::make_unique<HeadlessTextBox>(design, platform.locale());
     case ui::ControlKind::timer:
         if (clock) {
@@ -55,6 +56,59 @@ void HeadlessToolBar::choose(std::string_view id)
     }
 }
 
+HeadlessPopupMenu::HeadlessPopupMenu(const ui::ControlDesign& design, ui::Platform& platform)
+    : PopupMenu(design), platform_(platform)
+{
+}
+
+HeadlessPopupMenu::~HeadlessPopupMenu()
+{
+    if (up_) {
+        platform_.dispatch([this] { raiseUndriven(); });
+    }
+}
+
+void HeadlessPopupMenu::raiseUndriven() const
+{
+    throw RuntimeError(ErrorNumber::internalError, {}, "Nobody chooses from the menu \"" + name() + "\"");
+}
+
+void HeadlessPopupMenu::popUp()
+{
+    if (up_) {
+        raiseUndriven();
+    }
+    up_ = true;
+}
+
+std::string HeadlessPopupMenu::offered() const
+{
+    std::string ids;
+    for (const ui::ToolDesign& tool : tools()) {
+        if (!tool.id.empty() && toolEnabled(tool.id)) {
+            ids.append(ids.empty() ? "" : " ").append(tool.id);
+        }
+    }
+    return ids;
+}
+
+void HeadlessPopupMenu::choose(std::string_view id)
+{
+    if (!toolEnabled(id)) {
+        raiseImpossible(name() + ": a user cannot choose a tool that is not enabled");
+    }
+    dismiss();
+    userChoseTool(id);
+}
+
+void HeadlessPopupMenu::dismiss()
+{
+    if (!up_) {
+        raiseImpossible(name() + ": the menu is not up");
+    }
+    up_ = false;
+}
+
 HeadlessGrid::HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform)
     : Grid(design, ui::gridSeparators(platform.locale()))
 {
@@ -82,6 +136,14 @@ void HeadlessGrid::doubleClick(std::int32_t row)
         userChoseRow(row);
     }
     userDoubleClicked(row);
+}
+
+void HeadlessGrid::rightClick(std::int32_t row, std::int32_t column)
+{
+    if (column >= 0 && columnHidden(column)) {
+        raiseImpossible(name() + ": a user cannot click column " + std::to_string(column));
+    }
+    userRightClicked(row, column);
 }
 
 std::vector<std::string> HeadlessGrid::visibleTexts(std::int32_t row) const

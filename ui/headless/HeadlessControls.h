@@ -10,6 +10,7 @@
 #include "ui/Grid.h"
 #include "ui/Label.h"
 #include "ui/Line.h"
+#include "ui/PopupMenu.h"
 #include "ui/ToolBar.h"
 
 #include <memory>
@@ -80,6 +81,31 @@ private:
     void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
 };
 
+class HeadlessPopupMenu final : public ui::PopupMenu {
+public:
+    HeadlessPopupMenu(const ui::ControlDesign& design, ui::Platform& platform);
+    /// A menu that is up still is one that nobody drove: error 51 reaches the platform's onUnhandledError.
+    ~HeadlessPopupMenu() override;
+
+    /// Raises 51 while it is up: nobody drove it.
+    void popUp() override;
+    bool isUp() const { return up_; }
+    /// The IDs of the tools that a user can choose, with blanks between.
+    std::string offered() const;
+    /// The user chooses the tool, and the menu goes. Raises 5 while it is not up.
+    void choose(std::string_view id);
+    /// The user presses Escape or clicks elsewhere. Raises 5 while it is not up.
+    void dismiss();
+
+private:
+    void doMove() override {}
+    void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+    [[noreturn]] void raiseUndriven() const;
+
+    ui::Platform& platform_;
+    bool up_ = false;
+};
+
 class HeadlessGrid final : public ui::Grid {
 public:
     HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform);
@@ -91,6 +117,8 @@ public:
     void chooseRow(std::int32_t row);
     /// On a row, which a click chooses first where it is below the header; -1: beside all rows.
     void doubleClick(std::int32_t row);
+    /// On a cell or header; -1: beside all rows or columns. Raises 5 for a column that is hidden.
+    void rightClick(std::int32_t row, std::int32_t column);
 
     /// How often the grid has been painted since it was made.
     int paintCount() const { return paintCount_; }

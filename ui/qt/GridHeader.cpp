@@ -3,6 +3,7 @@
 #include "ui/qt/GridPaint.h"
 
 #include <QAbstractItemModel>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -79,6 +80,13 @@ void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
     if (!reportResize() && event->button() == Qt::LeftButton && onUserDoubleClick) {
         const auto report = onUserDoubleClick; // a copy: the report may end the grid
         report();
+    }
+}
+
+void GridHeader::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (const auto report = onUserRightClick) { // a copy: the report may end the grid
+        report(logicalIndexAt(event->pos()));
     }
 }
 

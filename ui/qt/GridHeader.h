@@ -19,6 +19,8 @@ public:
 
     /// The user double clicked with the left button, not on an edge that fits its column.
     std::function<void()> onUserDoubleClick;
+    /// The user clicked with the right button; -1 beside all columns.
+    std::function<void(int column)> onUserRightClick;
 
     /// The header's sections are fixed while the user may not resize.
     void setUserResizing(bool allowed);
@@ -30,6 +32,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& area, int column) const override;
     QSize sectionSizeFromContents(int column) const override;

@@ -3,6 +3,7 @@
 #include "ui/qt/GridHeader.h"
 #include "ui/qt/GridPaint.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
@@ -158,6 +159,15 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
     if (alive && onUserDoubleClick) {
         const auto report = onUserDoubleClick; // a copy: the report may end the grid
         report(row);
+    }
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        event->ignore(); // no column is current, and a row has no menu: the window's own, if it has one
+    } else if (const auto report = onUserRightClick) { // a copy: the report may end the grid
+        report(rowAt(event->y()), columnAt(event->x()));
     }
 }
 

@@ -22,6 +22,8 @@ public:
     std::function<void(int row)> onUserRow;
     /// The user double clicked with the left button; -1 beside all rows. The row has been chosen.
     std::function<void(int row)> onUserDoubleClick;
+    /// The user clicked with the right button; -1 beside all rows or columns. Chooses nothing.
+    std::function<void(int row, int column)> onUserRightClick;
 
     /// Runs a change of the model's size or of columns as the program's own and has the view take it
     /// in at once, with no later pass of layout and painting. The scroll position stays.
@@ -42,6 +44,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

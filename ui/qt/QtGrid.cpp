@@ -27,8 +27,10 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     view()->setModel(model_);
     view()->onUserRow = [this](int row) { takeUserRow(row); };
     view()->header().onUserResize = [this](int column, int pixels) { takeUserWidth(column, pixels); };
-    view()->onUserDoubleClick = [this](int row) { takeDoubleClick(row); };
+    view()->onUserDoubleClick = [this](int row) { userDoubleClicked(clickedRow(row)); };
     view()->header().onUserDoubleClick = [this] { userDoubleClicked(0); };
+    view()->onUserRightClick = [this](int row, int column) { takeRightClick(clickedRow(row), column); };
+    view()->header().onUserRightClick = [this](int column) { takeRightClick(0, column); };
     doUpdate({.cells = true, .layout = true, .currentRow = false});
 }
 
@@ -41,6 +43,8 @@ QtGrid::~QtGrid()
         view()->header().onUserResize = nullptr;
         view()->onUserDoubleClick = nullptr;
         view()->header().onUserDoubleClick = nullptr;
+        view()->onUserRightClick = nullptr;
+        view()->header().onUserRightClick = nullptr;
     }
 }
 
@@ -104,10 +108,15 @@ void QtGrid::takeUserRow(int row)
     }
 }
 
-void QtGrid::takeDoubleClick(int row)
+std::int32_t QtGrid::clickedRow(int row) const
 {
     const std::int32_t clicked = row < 0 ? -1 : model_->gridRow(row);
-    userDoubleClicked(clicked < rowCount() ? clicked : -1);
+    return clicked < rowCount() ? clicked : -1;
+}
+
+void QtGrid::takeRightClick(std::int32_t row, int column)
+{
+    userRightClicked(row, column < columnCount() ? column : -1);
 }
 
 void QtGrid::takeUserWidth(int column, int pixels)

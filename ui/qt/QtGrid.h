@@ -32,7 +32,9 @@ private:
     void applyColumns();
     void applyCurrentRow(bool reveal);
     void takeUserRow(int row);
-    void takeDoubleClick(int row);
+    void takeRightClick(std::int32_t row, int column);
+    /// The grid's row of one that the view told; -1 for none, also for one whose removal it has yet to hear of.
+    std::int32_t clickedRow(int row) const;
     void takeUserWidth(int column, int pixels);
 
     GridModel* model_; ///< Child of the view: gone when view() is null.

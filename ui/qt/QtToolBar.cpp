@@ -1,11 +1,10 @@
 #include "ui/qt/QtToolBar.h"
 
 #include "ui/qt/QtText.h"
+#include "ui/qt/QtTools.h"
 
 #include <QEvent>
 #include <QMenuBar>
-
-#include <map>
 
 namespace orvan::qt {
 
@@ -51,23 +50,7 @@ QtToolBar::QtToolBar(const ui::ControlDesign& design, QWidget* parent)
 {
     auto* bar = static_cast<QMenuBar*>(widget());
     bar->setAccessibleName(toQt(design.caption));
-    std::map<std::string_view, QMenu*> menus;
-    for (const ui::ToolDesign& tool : tools()) {
-        QMenu* menu = tool.menu.empty() ? nullptr : menus.at(tool.menu);
-        const QString caption = markedCaption(tool.caption, tool.mnemonic);
-        if (tool.id.empty()) {
-            actions_.push_back(menu ? menu->addSeparator() : bar->addSeparator());
-        } else if (opensMenu(tool.id)) {
-            QMenu* opened = menu ? menu->addMenu(caption) : bar->addMenu(caption);
-            menus[tool.id] = opened;
-            actions_.push_back(opened->menuAction());
-        } else {
-            actions_.push_back(menu ? menu->addAction(caption) : bar->addAction(caption));
-            actions_.back()->setObjectName(toQt(tool.id));
-            QObject::connect(actions_.back(), &QAction::triggered, context(),
-                             [this, id = tool.id] { userChoseTool(id); });
-        }
-    }
+    actions_ = addTools(*bar, *this, context(), [this](std::string_view id) { userChoseTool(id); });
 }
 
 void QtToolBar::doSetToolEnabled(std::size_t index, bool enabled)

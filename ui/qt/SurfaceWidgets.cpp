@@ -7,6 +7,7 @@
 #include "ui/qt/QtControls.h"
 #include "ui/qt/QtGrid.h"
 #include "ui/qt/QtNoteBox.h"
+#include "ui/qt/QtPopupMenu.h"
 #include "ui/qt/QtText.h"
 #include "ui/qt/QtTextBox.h"
 #include "ui/qt/QtTimer.h"
@@ -61,6 +62,7 @@ std::unique_ptr<ui::Control> SurfaceWidgets::makeControl(const ui::ControlDesign
     case ui::ControlKind::grid: return std::make_unique<QtGrid>(design, parent, platform_);
     case ui::ControlKind::label: return std::make_unique<QtLabel>(design, parent);
     case ui::ControlKind::line: return std::make_unique<QtLine>(design, parent);
+    case ui::ControlKind::popupMenu: return std::make_unique<QtPopupMenu>(design, parent);
     case ui::ControlKind::timer: return std::make_unique<QtTimer>(design);
     case ui::ControlKind::toolBar: return std::make_unique<QtToolBar>(design, parent);
     case ui::ControlKind::comboBox: return std::make_unique<QtComboBox>(design, parent, platform_);

@@ -1,4 +1,4 @@
-#include "ui/ToolBar.h"
+#include "ui/ToolSet.h"
 
 #include "base/RuntimeError.h"
 
@@ -6,12 +6,12 @@
 
 namespace orvan::ui {
 
-ToolBar::ToolBar(const ControlDesign& design)
+ToolSet::ToolSet(const ControlDesign& design)
     : Control(design), tools_(design.tools), enabled_(design.tools.size(), true)
 {
 }
 
-std::size_t ToolBar::indexOf(std::string_view id) const
+std::size_t ToolSet::indexOf(std::string_view id) const
 {
     const auto found =
         std::find_if(tools_.begin(), tools_.end(), [&](const ToolDesign& tool) { return tool.id == id; });
@@ -21,19 +21,19 @@ std::size_t ToolBar::indexOf(std::string_view id) const
     return static_cast<std::size_t>(found - tools_.begin());
 }
 
-void ToolBar::setToolEnabled(std::string_view id, bool enabled)
+void ToolSet::setToolEnabled(std::string_view id, bool enabled)
 {
     const std::size_t index = indexOf(id);
     enabled_[index] = enabled;
     doSetToolEnabled(index, enabled);
 }
 
-bool ToolBar::opensMenu(std::string_view id) const
+bool ToolSet::opensMenu(std::string_view id) const
 {
     return std::any_of(tools_.begin(), tools_.end(), [&](const ToolDesign& tool) { return tool.menu == id; });
 }
 
-void ToolBar::userChoseTool(std::string_view id)
+void ToolSet::userChoseTool(std::string_view id)
 {
     if (toolEnabled(id)) {
         raise([handler = onToolClick, id = std::string(id)] {

@@ -1,0 +1,141 @@
+#include "tests/support/Raised.h"
+#include "tests/support/Rows.h"
+#include "tests/support/ViewFixture.h"
+
+#include <algorithm>
+
+namespace orvan::test {
+namespace {
+
+struct Field {
+    const char *key, *header, *cell;
+    ui::GridType type;
+    std::int32_t place; ///< The column's, when preferences are read: the default fields have been moved.
+};
+/// By ViewFieldEnum value.
+constexpr Field kFields[] = {{"PartNum", "Part#", "P~1", ui::GridType::string, 5},
+                             {"ExtPrice", "Ext Price", "-$5.00", ui::GridType::currency, 3},
+                             {"DiscPrcnt", "Disc%", "12.5", ui::GridType::float64, 6},
+                             {"UnitPrice", "Unit Price", "$1,234.50", ui::GridType::currency, 7},
+                             {"Qty", "Qty", "2.25", ui::GridType::float64, 2},
+                             {"Note", "Note", "x:y", ui::GridType::string, 8}};
+constexpr std::size_t kQty = 4;
+constexpr std::size_t kExtPrice = 1;
+constexpr const char* kMenus[] = {"mnuViewCboOne", "mnuViewCboTwo"};
+
+class ProductViewMenusTest : public ViewFixture {
+protected:
+    headless::HeadlessPopupMenu& menu(std::size_t which)
+    {
+        return view->surface().control<headless::HeadlessPopupMenu>(kMenus[which]);
+    }
+    /// The user opens the menu at the header of column One (0) or Two (1).
+    headless::HeadlessPopupMenu& open(std::size_t which)
+    {
+        view->flexGrid().rightClick(0, 2 + static_cast<std::int32_t>(which));
+        return menu(which);
+    }
+    void choose(std::size_t which, std::size_t field)
+    {
+        open(which).choose(std::string(kMenus[which]) + kFields[field].key);
+    }
+    /// What a menu offers that leaves one field out.
+    static std::string allBut(std::size_t which, std::size_t field)
+    {
+        std::string ids;
+        for (std::size_t i = 0; i < std::size(kFields); ++i) {
+            if (i != field) {
+                ids.append(ids.empty() ? "" : " ").append(kMenus[which]).append(kFields[i].key);
+            }
+        }
+        return ids;
+    }
+    std::int32_t width(std::int32_t column) { return view->flexGrid().columnWidth(column); }
+    void start(const std::string& prefs)
+    {
+        storePrefs(prefs);
+        makeView().Show("1~n::P\\~1:1234.5:2.25:12.5:-5:x\\:y~");
+    }
+    void expectShown(std::size_t one, std::size_t two)
+    {
+        const std::string keys = std::string("Number Name ") + kFields[one].key + ' ' + kFields[two].key + " [";
+        EXPECT_EQ(columns().substr(0, keys.size()), keys);
+        EXPECT_EQ(row(0), std::string("# | Product | ") + kFields[one].header + " | " + kFields[two].header);
+        EXPECT_EQ(row(1), std::string("1 | n | ") + kFields[one].cell + " | " + kFields[two].cell);
+        EXPECT_EQ(view->flexGrid().columnType(2), kFields[one].type);
+        EXPECT_EQ(view->flexGrid().columnType(3), kFields[two].type);
+        for (const std::size_t which : {0U, 1U}) {
+            auto& opened = open(which);
+            EXPECT_EQ(opened.offered(), allBut(which, which == 0 ? two : one));
+            opened.dismiss();
+        }
+    }
+};
+
+TEST_F(ProductViewMenusTest, EveryPairOfFieldsIsChosenInBothOrdersAndStaysAfterARestart)
+{
+    const std::string kWidths = "~250^1800^702^703^704^705^706^707^708";
+    for (std::size_t one = 0; one < std::size(kFields); ++one) {
+        for (std::size_t two = 0; two < std::size(kFields); ++two) {
+            for (std::size_t first = 0; first < 2 && one != two; ++first) {
+                SCOPED_TRACE(testing::Message() << one << ' ' << two << ", first " << first);
+                // The field that is chosen first must not be the other column's.
+                const bool blocked = first == 0 ? one == kExtPrice : two == kQty;
+                start((blocked ? "5~3" : "4~1") + kWidths);
+                const std::pair before{width(2), width(3)};
+                const int painted = view->flexGrid().paintCount();
+                choose(first, first == 0 ? one : two);
+                EXPECT_EQ(view->flexGrid().paintCount(), painted + 1);
+                choose(1 - first, first == 0 ? two : one);
+                expectShown(one, two);
+                EXPECT_EQ((std::pair{width(2), width(3)}), before) << "the places keep their widths";
+                // Read by place before the chosen two are moved, which then take along what they got.
+                const std::pair afterwards{width(kFields[one].place), width(kFields[two].place)};
+                std::string stored = std::to_string(one) + '~' + std::to_string(two) + '~' + widths();
+                std::replace(stored.begin(), stored.end(), ' ', '^');
+                EXPECT_EQ(storedPrefs(), stored);
+
+                start(stored);
+                expectShown(one, two);
+                EXPECT_EQ((std::pair{width(2), width(3)}), afterwards);
+            }
+        }
+    }
+}
+
+TEST_F(ProductViewMenusTest, TheOtherColumnsFieldAndRightClicksElsewhereChooseNothing)
+{
+    trace->declareError(1000, 2); // a field that there is none of: the defaults
+    start("6~9~300");
+    expectShown(kQty, kExtPrice);
+    EXPECT_EQ(errorOf([&] { choose(0, kExtPrice); }), 5);
+    menu(0).dismiss();
+    choose(0, kQty); // its own field, which is offered
+    EXPECT_EQ(storedPrefs(), "4~1~250^960^700^700^700^700^700^700^700");
+    const std::size_t traced = trace->lines().size();
+    for (const auto& [row, column] :
+         Rows<std::int32_t, std::int32_t>{{0, 0}, {0, 1}, {0, -1}, {1, 2}, {1, 3}, {1, -1}, {-1, 2}, {-1, -1}}) {
+        view->flexGrid().rightClick(row, column);
+        EXPECT_FALSE(menu(0).isUp() || menu(1).isUp()) << row << ' ' << column;
+    }
+    EXPECT_EQ(trace->lines().size(), traced);
+    EXPECT_FALSE(view->Dirty());
+}
+
+TEST_F(ProductViewMenusTest, AnErrorOfAMenuReachesThePlatform)
+{
+    std::vector<std::int32_t> unhandled;
+    start("");
+    platform.onUnhandledError = [&](const RuntimeError& error) { unhandled.push_back(error.number()); };
+    view->flexGrid().setColumnKey(view->flexGrid().columnIndex("Note"), "");
+    choose(1, 5);
+    EXPECT_EQ(unhandled, std::vector<std::int32_t>{9}) << "no such column";
+    EXPECT_EQ(storedPrefs(), "");
+    start("");
+    open(0);
+    makeView();
+    EXPECT_EQ(unhandled, (std::vector<std::int32_t>{9, 51})) << "a menu that nobody drove";
+}
+
+} // namespace
+} // namespace orvan::test
