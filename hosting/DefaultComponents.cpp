@@ -1,6 +1,5 @@
 #include "hosting/DefaultComponents.h"
 
-#include "components/NoCatalogue.h"
 #include "core/ProductMgr.h"
 #include "core/modInit.h"
 #include "hosting/ComponentRegistry.h"
@@ -44,7 +43,7 @@ void registerDefaultComponents(ComponentRegistry& registry, const DefaultCompone
 {
     static ThreadMessageBox messages; // no state of its own: every thread's box is found when asked
     registry.registerClass(std::string(kProductMgrClassName), productMgrFactory(options.productMgr));
-    registry.registerClass(std::string(kProductLkpMgrClassName), [] { return std::make_shared<NoCatalogue>(); });
+    registry.registerClass(std::string(kProductLkpMgrClassName), catalogueFactory(options.catalogue));
     registry.registerClass(std::string(kTraceClassName), traceLogFactory(options.trace, messages));
 }
 

@@ -1,6 +1,7 @@
 // The components that come with the library, registered under the class names it asks for.
 #pragma once
 
+#include "components/Catalogue.h"
 #include "components/TraceLog.h"
 #include "core/InProcessProductMgr.h"
 #include "ui/MessageBox.h"
@@ -11,11 +12,12 @@ class ComponentRegistry;
 
 struct DefaultComponentOptions {
     ProductMgrOptions productMgr = {}; ///< Size limit and rules of the product manager.
+    CatalogueOptions catalogue = {}; ///< File of the catalogue look-up, and its limits; no file: no entries.
     TraceLogOptions trace = {};
 };
 
-/// Registers the in-process product manager and the trace log. The trace log shows its messages in
-/// the message box of the thread that asks (ThreadMessages).
+/// Registers the in-process product manager, the catalogue look-up and the trace log. The trace log
+/// shows its messages in the message box of the thread that asks (ThreadMessages).
 void registerDefaultComponents(ComponentRegistry& registry, const DefaultComponentOptions& options = {});
 
 /// While it lives, messages of this thread's trace object go to the given message box; of several,

@@ -1,6 +1,6 @@
 # Installs the Debian packages that a build needs and are missing. Sourced by ./run and ./test.
 
-run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev fonts-dejavu-core)
+run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsqlite3-dev fonts-dejavu-core)
 test_packages=("${run_packages[@]}" clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox)
 

@@ -1,5 +1,6 @@
 #include "hosting/ComponentRegistry.h"
 
+#include "components/CatalogueImport.h"
 #include "core/modInit.h"
 #include "hosting/DefaultComponents.h"
 #include "tests/support/Raised.h"
@@ -190,6 +191,20 @@ TEST(ThreadMessages, GoToTheNewestHostThatLives)
     ThreadMessages::show({.text = "nobody"});
     EXPECT_EQ(first.shown().size(), 0U);
     EXPECT_EQ(second.shown().size(), 2U);
+}
+
+TEST(DefaultComponents, CatalogueIsTheFileOfTheOptionsOrEmpty)
+{
+    const std::filesystem::path directory = testing::TempDir();
+    std::ofstream(directory / "orvan-list.csv") << "name,part number,price\nBolt,B-1,1.5\n";
+    importCatalogue(directory / "orvan-list.csv", directory / "orvan-list.catalogue");
+    const Rows<std::filesystem::path, bool> rows = {{directory / "orvan-list.catalogue", true}, {"", false}};
+    for (const auto& [file, any] : rows) {
+        ComponentRegistry registry;
+        registerDefaultComponents(registry, {.catalogue = {.file = file}});
+        const auto catalogue = ui::createComponent<ProductLkpMgr>(registry, kProductLkpMgrClassName);
+        EXPECT_EQ(catalogue->GetProductNameList("", true).has_value(), any) << file;
+    }
 }
 
 } // namespace

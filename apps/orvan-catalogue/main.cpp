@@ -1,0 +1,285 @@
+// orvan-catalogue: makes a catalogue from a CSV file, searches it, and tells what is in it.
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "components/Catalogue.h"
+#include "components/CatalogueFile.h"
+#include "components/CatalogueImport.h"
+#include "lookup/LookUpValue.h"
+
+#include <csignal>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+
+using orvan::CatalogueImportOptions;
+using orvan::CatalogueImportProgress;
+using orvan::CatalogueImportResult;
+
+constexpr int kDone = 0, kNothing = 1, kFailed = 2, kCancelled = 130;
+
+constexpr char kHelp[] = R"(usage: orvan-catalogue import FILE.csv CATALOGUE [option...]
+       orvan-catalogue search CATALOGUE TEXT [--most N]
+       orvan-catalogue statistics CATALOGUE
+
+import      Makes CATALOGUE from a CSV or TSV file in UTF-8, or replaces it. All or nothing: rows that
+            cannot be taken are listed with their line, and CATALOGUE stays as it was.
+            Programs that have CATALOGUE open go on, and find the new one with their next look-up.
+  --delimiter C       , ; | or tab; found in the first line where it is not given
+  --decimal C         . or , as the prices have it; found in the prices where it is not given
+  --item-id NAME, --name NAME, --key NAME, --part-number NAME, --unit-price NAME, --note NAME
+                      what the first line calls a column, where it is not one of the usual names
+  --quiet             no progress bar
+search      Lists the entries whose name or part number begins with TEXT, as the editor finds them.
+  --most N            as many of each at most; 20 where it is not given
+statistics  Counts entries and prices.
+
+Ends with 0: done; 1: nothing was found, or rows were refused; 2: it failed; 130: cancelled.
+)";
+
+struct WrongUse {
+    std::string problem;
+};
+
+/// The words of the command line without the options, which `take` is given with their values.
+template <class Take>
+std::vector<std::string> positional(const std::vector<std::string>& words, Take&& take)
+{
+    std::vector<std::string> rest;
+    bool options = true;
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        if (options && words[at] == "--") {
+            options = false; // what follows is text, even where it begins with "--"
+        } else if (options && words[at].starts_with("--")) {
+            const std::string& option = words[at];
+            take(option, [&]() -> const std::string& {
+                if (++at == words.size()) {
+                    throw WrongUse{option + " needs a value"};
+                }
+                return words[at];
+            });
+        } else {
+            rest.push_back(words[at]);
+        }
+    }
+    return rest;
+}
+
+// --- import -----------------------------------------------------------------------------------------
+
+volatile std::sig_atomic_t interrupted = 0;
+
+/// One line that is written over; nothing where the output is not a terminal.
+class ProgressBar {
+public:
+    explicit ProgressBar(bool shown) : shown_(shown && ::isatty(STDERR_FILENO) != 0) {}
+    ~ProgressBar()
+    {
+        if (!last_.empty()) {
+            std::cerr << "\r\033[K" << std::flush;
+        }
+    }
+
+    void show(const CatalogueImportProgress& progress)
+    {
+        if (!shown_ || progress.bytesTotal == 0) {
+            return;
+        }
+        const bool reading = progress.indexesTotal == 0;
+        const double done = reading ? double(progress.bytesRead) / double(progress.bytesTotal)
+                                    : double(progress.indexesBuilt) / progress.indexesTotal;
+        constexpr int kWidth = 40;
+        const int filled = static_cast<int>(done * kWidth);
+        std::ostringstream line;
+        line << (reading ? "Reading  [" : "Indexing [") << std::string(static_cast<std::size_t>(filled), '#')
+             << std::string(static_cast<std::size_t>(kWidth - filled), '.') << "] " << static_cast<int>(done * 100)
+             << " %  " << progress.rows << " rows";
+        if (line.str() != last_) {
+            last_ = line.str();
+            std::cerr << '\r' << last_ << std::flush;
+        }
+    }
+
+private:
+    const bool shown_;
+    std::string last_;
+};
+
+char oneCharacter(const std::string& option, const std::string& value)
+{
+    if (value == "tab" || value == "\\t") {
+        return '\t';
+    }
+    if (value.size() != 1) {
+        throw WrongUse{option + " is one character"};
+    }
+    return value.front();
+}
+
+int report(const CatalogueImportResult& result, const std::string& source, const std::string& catalogue)
+{
+    using Outcome = CatalogueImportResult::Outcome;
+    if (result.outcome == Outcome::imported) {
+        std::cout << result.rows << " entries in " << catalogue << '\n';
+        return kDone;
+    }
+    if (result.outcome == Outcome::cancelled) {
+        std::cerr << "orvan-catalogue: cancelled; " << catalogue << " is as it was\n";
+        return kCancelled;
+    }
+    for (const orvan::RefusedRow& row : result.refused) {
+        std::cerr << source << ':' << row.line << ": " << row.reason << '\n';
+    }
+    if (result.refusedCount > result.refused.size()) {
+        std::cerr << "... and " << result.refusedCount - result.refused.size() << " more\n";
+    }
+    std::cerr << "orvan-catalogue: " << result.refusedCount << " of " << result.refusedCount + result.rows
+              << " rows refused; " << catalogue << " is as it was\n";
+    return kNothing;
+}
+
+int import(const std::vector<std::string>& words)
+{
+    CatalogueImportOptions options;
+    bool quiet = false;
+    const auto files = positional(words, [&](const std::string& option, const auto& value) {
+        const std::pair<const char*, std::string&> columns[] = {{"--item-id", options.columns.itemId},
+                                                                {"--name", options.columns.name},
+                                                                {"--key", options.columns.key},
+                                                                {"--part-number", options.columns.partNum},
+                                                                {"--unit-price", options.columns.unitPrice},
+                                                                {"--note", options.columns.note}};
+        for (const auto& [name, column] : columns) {
+            if (option == name) {
+                column = value();
+                return;
+            }
+        }
+        if (option == "--delimiter") {
+            options.delimiter = oneCharacter(option, value());
+        } else if (option == "--decimal") {
+            options.decimalSeparator = oneCharacter(option, value());
+        } else if (option == "--quiet") {
+            quiet = true;
+        } else {
+            throw WrongUse{"import has no option " + option};
+        }
+    });
+    if (files.size() != 2) {
+        throw WrongUse{"import takes a file and a catalogue"};
+    }
+    std::signal(SIGINT, [](int) { interrupted = 1; });
+    std::signal(SIGTERM, [](int) { interrupted = 1; });
+    CatalogueImportResult result;
+    {
+        ProgressBar bar(!quiet);
+        options.progress = [&](const CatalogueImportProgress& progress) {
+            bar.show(progress);
+            return interrupted == 0;
+        };
+        result = orvan::importCatalogue(files[0], files[1], options);
+    }
+    return report(result, files[0], files[1]);
+}
+
+// --- search and statistics --------------------------------------------------------------------------
+
+std::string shown(orvan::SqliteCatalogue& catalogue, orvan::LookUpColumn column)
+{
+    const orvan::LookUpValue value = catalogue.GetFieldValue(static_cast<std::int32_t>(column));
+    return std::holds_alternative<std::monostate>(value) ? std::string() : orvan::toText(value);
+}
+
+/// Two lists, as the editor's two boxes have them.
+int search(const std::vector<std::string>& words)
+{
+    orvan::CatalogueOptions options{.mostMatches = 20};
+    const auto rest = positional(words, [&](const std::string& option, const auto& value) {
+        if (option != "--most") {
+            throw WrongUse{"search has no option " + option};
+        }
+        std::istringstream number(value());
+        if (!(number >> options.mostMatches) || !number.eof() || options.mostMatches == 0) {
+            throw WrongUse{"--most is a number of rows"};
+        }
+    });
+    if (rest.size() != 2) {
+        throw WrongUse{"search takes a catalogue and a text"};
+    }
+    options.file = rest[0];
+    orvan::SqliteCatalogue catalogue(options);
+    bool any = false;
+    using List = orvan::LookUpList (orvan::SqliteCatalogue::*)(std::string_view, bool);
+    const std::pair<const char*, List> lists[] = {{"Part numbers", &orvan::SqliteCatalogue::GetPartNumList},
+                                                  {"Names", &orvan::SqliteCatalogue::GetProductNameList}};
+    for (const auto& [title, list] : lists) {
+        const orvan::LookUpList rows = (catalogue.*list)(rest[1], false);
+        if (!rows) {
+            continue;
+        }
+        any = true;
+        std::cout << title << '\n';
+        for (const orvan::LookUpRow& row : *rows) {
+            catalogue.SeekItem(orvan::toItemData(row.itemId));
+            const std::string partNum = shown(catalogue, orvan::LookUpColumn::partNum);
+            const std::size_t width = orvan::characterCount(partNum);
+            std::cout << std::setw(10) << row.itemId << "  " << partNum << std::string(width < 20 ? 20 - width : 0, ' ')
+                      << "  " << std::setw(12) << shown(catalogue, orvan::LookUpColumn::unitPrice) << "  "
+                      << shown(catalogue, orvan::LookUpColumn::name) << '\n';
+        }
+    }
+    return any ? kDone : kNothing;
+}
+
+int statistics(const std::vector<std::string>& words)
+{
+    const auto files = positional(words, [&](const std::string& option, const auto& /*value*/) {
+        throw WrongUse{"statistics has no option " + option};
+    });
+    if (files.size() != 1) {
+        throw WrongUse{"statistics takes a catalogue"};
+    }
+    orvan::SqliteFile catalogue = orvan::openCatalogue(files[0]);
+    const orvan::CatalogueStatistics counted = orvan::catalogueStatistics(catalogue);
+    std::cout << "Entries         " << counted.entries << "\nWithout price   " << counted.withoutPrice
+              << "\nLowest price    " << counted.lowestPrice.toText() << "\nHighest price   "
+              << counted.highestPrice.toText() << "\nBytes           " << counted.bytes << '\n';
+    return kDone;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const std::string command = words.empty() ? std::string() : words.front();
+    const std::vector<std::string> rest(words.begin() + (words.empty() ? 0 : 1), words.end());
+    try {
+        if (command == "--help" || command == "-h") {
+            std::cout << kHelp;
+            return kDone;
+        }
+        if (command == "import") {
+            return import(rest);
+        }
+        if (command == "search") {
+            return search(rest);
+        }
+        if (command == "statistics") {
+            return statistics(rest);
+        }
+        throw WrongUse{command.empty() ? "no command" : "there is no command \"" + command + "\""};
+    } catch (const WrongUse& wrong) {
+        std::cerr << "orvan-catalogue: " << wrong.problem << "; see orvan-catalogue --help\n";
+    } catch (const std::exception& error) {
+        std::cerr << "orvan-catalogue: " << error.what() << '\n';
+    }
+    return kFailed;
+}

@@ -1,0 +1,209 @@
+#include "base/Text.h"
+#include "components/CaseFolding.h"
+#include "tests/catalogue/CatalogueFixture.h"
+
+namespace orvan {
+namespace {
+
+using test::raisedBy;
+using test::Rows;
+using ::testing::HasSubstr;
+
+class CatalogueTest : public test::CatalogueFixture {
+protected:
+    /// Names of the entries 1, 2, 3 ...; each is a part number, too.
+    void makeCatalogue(const std::vector<std::string>& names)
+    {
+        std::string content = "name\tpart number\tprice\n";
+        for (const std::string& name : names) {
+            std::string quoted = "\"";
+            for (const char c : name) {
+                quoted.append(c == '"' ? 2 : 1, c);
+            }
+            content.append(quoted).append("\"\t").append(quoted).append("\"\t1.50\n");
+        }
+        ASSERT_EQ(import(content).rows, names.size());
+    }
+};
+
+TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesWhatWasTyped)
+{
+    struct Row {
+        std::vector<std::string> names;
+        const char* typed;
+        const char* expected;
+    };
+    const std::vector<Row> rows = {
+        {{"bolt", "Bolt", "BOLT M8", "Nut"}, "", "none"},
+        {{"bolt", "Bolt", "BOLT M8", "Nut"}, "x", "none"},
+        {{"bolt", "Bolt", "BOLT M8", "Nut"}, "bolt m9", "none"},
+        {{"bolt", "Bolt", "BOLT M8", "Nut"}, "Bo", "2:Bolt 1:bolt 3:BOLT M8"}, // exact ones first
+        {{"BOLT M8", "bolT m10"}, "bOl", "2:bOlT m10 1:BOLT M8"},              // the rest keeps its spelling
+        {{"ABC", "AB", "abd", "AB"}, "AB", "2:AB 4:AB 1:ABC 3:abd"},           // shorter first, equal ones by id
+        {{"Straße 5"}, "STRAS", "1:STRASse 5"},                                // ends within a folding
+        {{"Straße 5", "STRASSE 4"}, "strass", "2:strassE 4 1:Straße 5"},
+        {{"STRASSE"}, "straß", "1:straßE"}, // the typed text has fewer characters
+        {{"ﬁsh", "Fist"}, "F", "2:Fist 1:ﬁsh"},
+        {{"ﬁsh"}, "F", "1:Fish"},
+        {{"ΟΔΟΣ 1", "οδος 2"}, "οδοσ", "1:οδοσ 1 2:οδος 2"}, // both forms of the small sigma
+        {{"İstanbul", "ISTANBUL", "ısı"}, "is", "2:isTANBUL"},
+        {{"İstanbul"}, "i", "1:i\u0307stanbul"},
+        {{"Étagère"}, "étag", "1:étagère"},
+        {{"100% wool", "100 pieces"}, "100%", "1:100% wool"},
+        {{"a_b", "axb"}, "a_", "1:a_b"},
+        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o'", "1:o'Neill"},
+        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o\"", "2:o\"Neill"},
+        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o\\", "3:o\\Neill"},
+        {{"\U00010400x", "\U0010FFFFy"}, "\U00010428", "1:\U00010428x"}, // beyond the first 65,536 characters
+        {{"\U00010400x", "\U0010FFFFy"}, "\U0010FFFF", "2:\U0010FFFFy"},
+    };
+    for (const Row& row : rows) {
+        makeCatalogue(row.names);
+        SqliteCatalogue catalogue({.file = file()});
+        EXPECT_EQ(shown(catalogue.GetProductNameList(row.typed, false)), row.expected) << row.typed;
+        EXPECT_EQ(shown(catalogue.GetPartNumList(row.typed, false)), row.expected) << row.typed;
+    }
+}
+
+// So a selection length is never negative.
+TEST_F(CatalogueTest, FirstRowBeginsWithWhateverOfItWasTyped)
+{
+    const std::vector<std::string> names = {"Großmaß", "ﬃ ﬀ ﬁ",    "ŉ'n ǰ ΐ ẖ", "ΑΣΣς", "İIıi",
+                                            "և ﬔ ẞß",  "e\u0301É", "Ǆ Ǆ ǅ",     "ᾳᾼ ᾲ", "Ꭰꭰ K Å"};
+    makeCatalogue(names);
+    SqliteCatalogue catalogue({.file = file()});
+    for (const std::string& name : names) {
+        const std::string folded = foldCase(name);
+        for (const std::string& text : {name, folded}) {
+            for (std::size_t count = 1; count <= characterCount(text); ++count) {
+                const std::string typed(firstCharacters(text, count));
+                const LookUpList rows = catalogue.GetProductNameList(typed, false);
+                ASSERT_TRUE(rows) << typed;
+                EXPECT_EQ(rows->front().text.substr(0, typed.size()), typed);
+                EXPECT_EQ(foldCase(rows->front().text).substr(0, foldCase(typed).size()), foldCase(typed));
+            }
+        }
+    }
+}
+
+TEST_F(CatalogueTest, ListsAreLimitedAndTheWholeOneLeavesEmptyTextsOut)
+{
+    import("name,part number,price\nnut,,1\nBolt,P,2\n,Q,3\nbolt,R,4\nanchor,S,5\n");
+    const Rows<std::size_t, std::size_t, const char*, const char*> rows = {
+        {10, 10, "2:Bolt 4:bolt", "5:anchor 2:Bolt 4:bolt 1:nut"},
+        {1, 2, "2:Bolt", "5:anchor 2:Bolt"},
+        {0, 0, "none", "none"},
+    };
+    for (const auto& [mostMatches, mostListed, matches, listed] : rows) {
+        SqliteCatalogue catalogue({.file = file(), .mostMatches = mostMatches, .mostListed = mostListed});
+        EXPECT_EQ(shown(catalogue.GetProductNameList("B", false)), matches);
+        EXPECT_EQ(shown(catalogue.GetProductNameList("B", true)), listed);
+    }
+}
+
+TEST_F(CatalogueTest, CurrentEntryHandsOverWhatTheFileHolds)
+{
+    import("id,name,key,part number,price,note\n7,Bolt,K,B-1,12.3456,n\n-8,Nut,,N-1,,\n9,Old,,O,1,\n");
+    SqliteFile(file(), SqliteFile::Access::create).run("UPDATE product SET unit_price = '3,50' WHERE item_id = 9");
+    SqliteCatalogue catalogue({.file = file()});
+    EXPECT_TRUE(catalogue.IsEOF());
+    EXPECT_EQ(test::errorOf([&] { catalogue.GetFieldValue(3); }), ErrorNumber::objectNotSet);
+    const std::string none;
+    const std::pair<std::int32_t, std::vector<LookUpValue>> rows[] = {
+        {7, {std::int64_t{7}, "bolt", "b-1", "Bolt", "K", "B-1", Currency::fromScaled(123456), "n"}},
+        {-8, {std::int64_t{-8}, "nut", "n-1", "Nut", none, "N-1", std::monostate(), none}},
+        {9, {std::int64_t{9}, "old", "o", "Old", none, "O", "3,50", none}},
+    };
+    for (const auto& [id, values] : rows) {
+        catalogue.SeekItem(id);
+        ASSERT_FALSE(catalogue.IsEOF());
+        for (std::size_t column = 0; column < values.size(); ++column) {
+            EXPECT_TRUE(catalogue.GetFieldValue(static_cast<std::int32_t>(column)) == values[column])
+                << id << ", column " << column;
+        }
+    }
+    EXPECT_EQ(test::errorOf([&] { catalogue.GetFieldValue(8); }), ErrorNumber::subscriptOutOfRange);
+    catalogue.SeekItem(10);
+    EXPECT_TRUE(catalogue.IsEOF());
+}
+
+TEST_F(CatalogueTest, FileThatCannotBeUsedIsToldOnceAndTheEditorGoesOn)
+{
+    using Spoil = std::function<void(const std::filesystem::path&)>;
+    const auto runs = [](const char* sql) -> Spoil {
+        return [sql](const auto& path) { SqliteFile(path, SqliteFile::Access::create).run(sql); };
+    };
+    const Rows<Spoil, std::int32_t, const char*> rows = {
+        {[](const auto& path) { std::filesystem::remove(path); }, 75, "No such file"},
+        {[](const auto& path) {
+             std::filesystem::remove(path);
+             std::filesystem::create_directory(path);
+         },
+         75, "it is a directory"},
+        {[](const auto& path) { std::filesystem::resize_file(path, 9000); }, 321, "it is damaged"},
+        {[](const auto& path) { std::ofstream(path) << "name,price\n"
+                                                    << std::string(2000, 'x'); }, 321,
+         "no catalogue"},
+        {runs("PRAGMA application_id = 1"), 321, "no catalogue"},
+        {runs("PRAGMA user_version = 99"), 321, "newer version"},
+        {runs("DROP INDEX product_name"), 321, "no such index: product_name"},
+    };
+    for (const auto& [spoil, number, reason] : rows) {
+        std::filesystem::remove_all(file());
+        makeCatalogue({"Bolt"});
+        std::vector<std::string> told;
+        const auto create =
+            catalogueFactory({.file = file(), .report = [&](std::string_view text) { told.emplace_back(text); }});
+        const auto before = std::dynamic_pointer_cast<ProductLkpMgr>(create());
+        before->SeekItem(1);
+        EXPECT_FALSE(before->IsEOF());
+        spoil(file());
+        const test::Raised raised = raisedBy([&] { SqliteCatalogue({.file = file()}); });
+        EXPECT_EQ(raised.number, number);
+        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(file().string()), HasSubstr(reason)));
+        for (int session = 0; session < 2; ++session) {
+            const auto catalogue = std::dynamic_pointer_cast<ProductLkpMgr>(create());
+            EXPECT_EQ(shown(catalogue->GetProductNameList("", true)), "none");
+            catalogue->SeekItem(1);
+            EXPECT_TRUE(catalogue->IsEOF());
+        }
+        // A session that has the file open keeps a removed one; any other state of it is found.
+        const bool gone = !std::filesystem::exists(file());
+        EXPECT_EQ(shown(before->GetPartNumList("b", false)), gone ? "1:bolt" : "none") << reason;
+        EXPECT_EQ(told, std::vector<std::string>{raised.description});
+    }
+}
+
+TEST_F(CatalogueTest, DamageThatASearchMeetsIsToldAndEndsInNoEntries)
+{
+    makeCatalogue({"Bolt"});
+    {
+        constexpr int kPage = 4096; // of SQLite; the first one holds the structure
+        std::fstream stream(file(), std::ios::in | std::ios::out | std::ios::binary);
+        stream.seekp(kPage) << std::string(std::filesystem::file_size(file()) - kPage, 'x');
+    }
+    std::vector<std::string> told;
+    const auto create =
+        catalogueFactory({.file = file(), .report = [&](std::string_view text) { told.emplace_back(text); }});
+    const auto catalogue = std::dynamic_pointer_cast<ProductLkpMgr>(create());
+    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(shown(catalogue->GetProductNameList("B", false)), "none");
+    catalogue->SeekItem(1);
+    EXPECT_TRUE(catalogue->IsEOF());
+    EXPECT_THAT(told, testing::ElementsAre(HasSubstr("it is damaged")));
+}
+
+TEST_F(CatalogueTest, LockedFileIsAMessageAndNotAWait)
+{
+    makeCatalogue({"Bolt"});
+    SqliteFile other(file(), SqliteFile::Access::create);
+    other.run("BEGIN EXCLUSIVE");
+    const test::Raised raised = raisedBy([&] { SqliteCatalogue({.file = file()}); });
+    EXPECT_EQ(raised.number, 75);
+    EXPECT_THAT(raised.description, HasSubstr("locked"));
+    other.run("ROLLBACK");
+    EXPECT_EQ(shown(SqliteCatalogue({.file = file()}).GetPartNumList("B", false)), "1:Bolt");
+}
+
+} // namespace
+} // namespace orvan
