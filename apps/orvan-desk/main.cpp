@@ -3,12 +3,14 @@
 #include "MainWindow.h"
 
 #include "base/RuntimeError.h"
+#include "hosting/QtHost.h"
 #include "hosting/Version.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QTextStream>
 #include <QTimer>
 
@@ -35,6 +37,22 @@ QString sampleNames()
         names << sample.baseName();
     }
     return names.join(QStringLiteral(", "));
+}
+
+/// The desk's editor looks products up in this file. What is wrong with it is told once, when the editor
+/// first asks, and the editor works without entries.
+void useCatalogue(const QString& path)
+{
+    orvan::HostOptions options;
+    options.components.catalogue.file = std::filesystem::path(path.toStdU16String());
+    options.components.catalogue.report = [](std::string_view problem) {
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("Orvan Desk"),
+                        QString::fromUtf8(problem.data(), static_cast<qsizetype>(problem.size())), QMessageBox::Ok,
+                        QApplication::activeWindow());
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+    };
+    orvan::setQtHostOptions(options);
 }
 
 /// What is wrong with the arguments; empty for nothing.
@@ -72,9 +90,12 @@ int main(int argc, char** argv)
                                     QStringLiteral("name"));
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Colours of this run: light or dark."),
                                    QStringLiteral("theme"));
+    const QCommandLineOption catalogue(
+        QStringLiteral("catalogue"), QStringLiteral("Look products up in this catalogue (orvan-catalogue makes one)."),
+        QStringLiteral("file"));
     const QCommandLineOption render(QStringLiteral("render"), QStringLiteral("Write a picture of the window and end."),
                                     QStringLiteral("png"));
-    parser.addOptions({sample, theme, render});
+    parser.addOptions({sample, theme, catalogue, render});
     parser.process(application);
     if (const QString problem = problemOf(parser); !problem.isEmpty()) {
         QTextStream(stderr) << problem << '\n';
@@ -82,6 +103,9 @@ int main(int argc, char** argv)
     }
 
     try {
+        if (parser.isSet(catalogue)) {
+            useCatalogue(parser.value(catalogue));
+        }
         orvan::desk::MainWindow window;
         if (parser.isSet(theme)) {
             window.useTheme(orvan::desk::themeNamed(parser.value(theme)));
