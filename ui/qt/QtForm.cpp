@@ -191,6 +191,13 @@ void QtForm::doShowModal()
     }
 }
 
+void QtForm::repaint()
+{
+    if (window_) {
+        window_->update();
+    }
+}
+
 void QtForm::doUnload()
 {
     for (const ui::ControlDesign& row : design().controls) {

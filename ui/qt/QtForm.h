@@ -22,6 +22,7 @@ public:
 
     /// A number of windowHandle() while the window is shown.
     std::int32_t window() override;
+    void repaint() override;
 
 private:
     class Window;
