@@ -50,8 +50,8 @@ def click(place: tuple[int, int], *how: object) -> None:
     xdotool("mousemove", "--window", window, *place, "click", *how)
 
 
-def double_click(row: int) -> None:
-    click((ROW_X, FIRST_ROW + ROW_HEIGHT * (row - 1)), "--repeat", 2, "--delay", 60, 1)
+def double_click(row: int, times: int = 1) -> None:
+    click((ROW_X, FIRST_ROW + ROW_HEIGHT * (row - 1)), "--repeat", 2 * times, "--delay", 60, 1)
 
 
 def click_save() -> None:

@@ -25,6 +25,16 @@ def open_second_product() -> None:
     wait_for_title("Task chair, mesh back (2/14)")
 
 
+def double_click_twice() -> None:
+    double_click(2, times=2)
+    wait_for_title("Task chair, mesh back (2/14)")
+    assert len(titles()) == 2, titles()
+    keys("Escape")
+    wait_for("one editor, and none after it", lambda: titles() == [DESK])
+    time.sleep(0.5)
+    assert titles() == [DESK], titles()
+
+
 def edit_walk_delete_and_revert() -> None:
     open_second_product()
     keys("alt+q", "7", "alt+p", "g", "n")
@@ -55,6 +65,7 @@ def edit_and_save() -> None:
 def revert_then_save(program: str, quote: dict) -> None:
     with tempfile.TemporaryDirectory() as folder, Desk(program, folder, quote) as desk:
         choose_last_field(desk)
+        double_click_twice()
         edit_walk_delete_and_revert()
         assert desk.saved() == quote, "the answer No has changed the quote"
         edit_and_save()
