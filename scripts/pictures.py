@@ -6,7 +6,6 @@ import sys
 import tempfile
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "tests/desk"))
 from desk_window import COLUMN_ONE, Desk, click, double_click, keys, titles, wait_for, wait_for_title, xdotool
 
 FRAME_X, FRAME_TOP, FRAME_BOTTOM = 1, 20, 5  # pixels that the window manager adds

@@ -9,6 +9,7 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "scripts"))
 from desk_window import COLUMN_ONE, DESK, MODIFIED, Desk, click, click_save, double_click, keys, titles, wait_for
 from desk_window import wait_for_title, xdotool
 
