@@ -1,8 +1,9 @@
-# Installs the Debian packages that a build needs and are missing. Sourced by ./run and ./test.
+# Installs the Debian packages that a build needs and are missing. Sourced by ./run, ./test and ./bench.
 
 run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsqlite3-dev fonts-dejavu-core)
 test_packages=("${run_packages[@]}" clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox)
+bench_packages=("${run_packages[@]}" libbenchmark-dev)
 
 # install_missing PACKAGE...: quiet and quick when nothing is missing.
 install_missing() {
