@@ -26,7 +26,9 @@ constexpr const char* kHelp =
 int run(std::vector<std::string> arguments)
 {
     orvan::bench::Suite suite;
+    orvan::bench::addEditor(suite);
     orvan::bench::addAmounts(suite);
+    orvan::bench::addProductsString(suite);
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {
