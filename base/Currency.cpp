@@ -1,5 +1,6 @@
 #include "base/Currency.h"
 
+#include "base/DecimalReader.h"
 #include "base/Int128.h"
 #include "base/RuntimeError.h"
 
@@ -28,19 +29,22 @@ Currency checked(Int128 scaled)
     return Currency::fromScaled(static_cast<std::int64_t>(scaled));
 }
 
+/// A quotient to the nearest integer, ties to even, from what is left over.
+template <class Unsigned>
+Unsigned rounded(Unsigned quotient, Unsigned rest, Unsigned divisor)
+{
+    const Unsigned missing = divisor - rest;
+    return quotient + (rest > missing || (rest == missing && quotient % 2 != 0) ? 1 : 0);
+}
+
 /// numerator / denominator to the nearest integer, ties to even.
-Int128 divideToEven(Int128 numerator, Int128 denominator)
+template <class Signed, class Unsigned>
+Signed divideToEven(Signed numerator, Signed denominator)
 {
     const bool negative = (numerator < 0) != (denominator < 0);
-    const auto n = static_cast<UInt128>(numerator < 0 ? -numerator : numerator);
-    const auto d = static_cast<UInt128>(denominator < 0 ? -denominator : denominator);
-    UInt128 quotient = n / d;
-    const UInt128 rest = n % d;
-    const UInt128 missing = d - rest;
-    if (rest > missing || (rest == missing && quotient % 2 != 0)) {
-        ++quotient;
-    }
-    const auto result = static_cast<Int128>(quotient);
+    const auto n = numerator < 0 ? 0 - static_cast<Unsigned>(numerator) : static_cast<Unsigned>(numerator);
+    const auto d = denominator < 0 ? 0 - static_cast<Unsigned>(denominator) : static_cast<Unsigned>(denominator);
+    const auto result = static_cast<Signed>(rounded<Unsigned>(n / d, n % d, d));
     return negative ? -result : result;
 }
 
@@ -48,51 +52,6 @@ bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
-
-/// Text to ten-thousandths while it is walked: digits beyond the fourth decimal only round.
-class DecimalReader {
-public:
-    void integerDigit(int digit) { append(digit); }
-
-    void decimalDigit(int digit)
-    {
-        if (decimals_ < 4) {
-            append(digit);
-            ++decimals_;
-        } else if (!roundingSeen_) {
-            roundingSeen_ = true;
-            rounding_ = digit;
-        } else if (digit != 0) {
-            sticky_ = true;
-        }
-    }
-
-    Currency result(bool negative)
-    {
-        while (decimals_ < 4) {
-            append(0);
-            ++decimals_;
-        }
-        const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
-        const Int128 magnitude = value_ + (up ? 1 : 0);
-        return checked(negative ? -magnitude : magnitude);
-    }
-
-private:
-    void append(int digit)
-    {
-        value_ = value_ * 10 + digit;
-        if (value_ > (Int128{1} << 64)) {
-            raiseOverflow(); // longer than any amount: stop before 128 bits are used up
-        }
-    }
-
-    Int128 value_ = 0;
-    int decimals_ = 0;
-    int rounding_ = 0;
-    bool roundingSeen_ = false;
-    bool sticky_ = false;
-};
 
 } // namespace
 
@@ -108,17 +67,21 @@ Currency Currency::fromDouble(double value)
     }
     // value = mantissa * 2^exponent exactly, so that the one rounding is the one to ten-thousandths.
     int exponent = 0;
-    const double fraction = std::frexp(value, &exponent);
-    const Int128 scaled = Int128{static_cast<std::int64_t>(std::ldexp(fraction, 53))} * kScale;
+    const double fraction = std::frexp(std::abs(value), &exponent);
+    const UInt128 scaled = UInt128{static_cast<std::uint64_t>(std::ldexp(fraction, 53))} * kScale;
     exponent -= 53;
-    if (exponent >= 0) {
-        if (exponent > 10 && scaled != 0) {
-            raiseOverflow();
-        }
-        return checked(scaled * (Int128{1} << exponent));
+    if (exponent > 10 && scaled != 0) {
+        raiseOverflow();
     }
     // Beyond 120 places even the largest mantissa is far below half a ten-thousandth.
-    return exponent < -120 ? Currency() : checked(divideToEven(scaled, Int128{1} << -exponent));
+    Int128 magnitude = 0;
+    if (exponent >= 0) {
+        magnitude = static_cast<Int128>(scaled << exponent);
+    } else if (exponent >= -120) {
+        const UInt128 divisor = UInt128{1} << -exponent;
+        magnitude = static_cast<Int128>(rounded<UInt128>(scaled >> -exponent, scaled & (divisor - 1), divisor));
+    }
+    return checked(value < 0 ? -magnitude : magnitude);
 }
 
 Currency Currency::fromText(std::string_view text)
@@ -129,27 +92,22 @@ Currency Currency::fromText(std::string_view text)
         ++at;
     }
     DecimalReader reader;
-    bool anyDigit = false;
-    for (; at < text.size() && isDigit(text[at]); ++at) {
-        reader.integerDigit(text[at] - '0');
-        anyDigit = true;
-    }
-    if (at < text.size() && text[at] == '.') {
-        for (++at; at < text.size() && isDigit(text[at]); ++at) {
-            reader.decimalDigit(text[at] - '0');
-            anyDigit = true;
+    for (; at < text.size(); ++at) {
+        if (isDigit(text[at])) {
+            reader.digit(static_cast<unsigned>(text[at] - '0'));
+        } else if (text[at] != '.' || !reader.point()) {
+            raiseNotANumber(text);
         }
     }
-    if (!anyDigit || at != text.size()) {
+    if (!reader.anyDigit()) {
         raiseNotANumber(text);
     }
     return reader.result(negative);
 }
 
-std::string Currency::toText() const
+std::string_view Currency::toText(TextBuffer& buffer) const noexcept
 {
     const auto magnitude = scaled_ < 0 ? 0 - static_cast<std::uint64_t>(scaled_) : static_cast<std::uint64_t>(scaled_);
-    char buffer[32];
     char* end = buffer;
     if (scaled_ < 0) {
         *end++ = '-';
@@ -163,7 +121,13 @@ std::string Currency::toText() const
             decimals %= place;
         }
     }
-    return std::string(buffer, end);
+    return {buffer, static_cast<std::size_t>(end - buffer)};
+}
+
+std::string Currency::toText() const
+{
+    TextBuffer buffer;
+    return std::string(toText(buffer));
 }
 
 Currency Currency::operator-() const
@@ -183,7 +147,11 @@ Currency operator-(Currency a, Currency b)
 
 Currency operator*(Currency a, Currency b)
 {
-    return checked(divideToEven(Int128{a.scaled_} * b.scaled_, Currency::kScale));
+    std::int64_t product = 0;
+    if (!__builtin_mul_overflow(a.scaled_, b.scaled_, &product)) { // as a rule; 128 bits take long to divide
+        return Currency::fromScaled(divideToEven<std::int64_t, std::uint64_t>(product, Currency::kScale));
+    }
+    return checked(divideToEven<Int128, UInt128>(Int128{a.scaled_} * b.scaled_, Currency::kScale));
 }
 
 Currency operator/(Currency a, Currency b)
@@ -191,7 +159,7 @@ Currency operator/(Currency a, Currency b)
     if (b.scaled_ == 0) {
         throw RuntimeError(ErrorNumber::divisionByZero);
     }
-    return checked(divideToEven(Int128{a.scaled_} * Currency::kScale, b.scaled_));
+    return checked(divideToEven<Int128, UInt128>(Int128{a.scaled_} * Currency::kScale, b.scaled_));
 }
 
 } // namespace orvan

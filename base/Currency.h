@@ -36,6 +36,10 @@ public:
     double toDouble() const noexcept { return static_cast<double>(scaled_) / double(kScale); }
     /// The shortest text that fromText reads back as this amount: "12", "-0.5", "3.1416".
     std::string toText() const;
+    /// Room for any amount's text.
+    using TextBuffer = char[24];
+    /// The same text, in the buffer.
+    std::string_view toText(TextBuffer& buffer) const noexcept;
 
     Currency operator-() const;
     friend Currency operator+(Currency a, Currency b);

@@ -25,15 +25,21 @@ void removeAll(std::string& text, std::string_view part)
 Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 try {
     std::string kept;
+    bool anyDigit = false;
     for (std::size_t at = 0; at < sText.size();) {
+        if (sText[at] >= '0' && sText[at] <= '9') {
+            kept += sText[at++];
+            anyDigit = true;
+            continue;
+        }
         const std::string_view character = sText.substr(at, characterSize(sText, at));
-        const bool isDigit = character[0] >= '0' && character[0] <= '9';
-        if (isDigit || character == sDecimalSep) {
+        if (character == sDecimalSep) {
             kept += character;
         }
         at += character.size();
     }
-    return locale.textToCurrency(kept);
+    // A box that has just been emptied is no exception.
+    return anyDigit ? locale.textToCurrency(kept) : Currency();
 } catch (...) {
     return Currency(); // a user may type anything: what is not an amount is none
 }
@@ -43,11 +49,19 @@ try {
 std::string FormatCurrencyValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
                                 std::string_view sCurrencySymbol, bool bShowSymbol)
 {
-    std::string text = locale.formatCurrency(cyValue, decimalsShown(cyValue, iDigits));
+    std::string text;
+    FormatCurrencyValue(text, locale, cyValue, iDigits, sCurrencySymbol, bShowSymbol);
+    return text;
+}
+
+void FormatCurrencyValue(std::string& text, ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
+                         std::string_view sCurrencySymbol, bool bShowSymbol)
+{
+    text.clear();
+    locale.appendCurrency(text, cyValue, decimalsShown(cyValue, iDigits));
     if (!bShowSymbol) {
         removeAll(text, sCurrencySymbol);
     }
-    return text;
 }
 
 std::string FormatNumberValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits)
