@@ -96,7 +96,8 @@ void appendProduct(std::string& out, const ProductFields& fields, ProductsSepara
         if (kFields[i].text != nullptr) {
             appendEscaped(out, fields.*kFields[i].text, separators);
         } else {
-            out += (fields.*kFields[i].amount).toText();
+            Currency::TextBuffer buffer;
+            out += (fields.*kFields[i].amount).toText(buffer);
         }
         out += i + 1 < kFieldCount ? separators.field : separators.record;
     }
@@ -176,7 +177,12 @@ std::size_t ProductsReader::endOfRun(std::size_t from) const noexcept
 void ProductsReader::readText(std::size_t field, std::string& value)
 {
     std::size_t end = endOfRun(at_);
-    value.assign(text_, at_, end - at_);
+    if (end == text_.size() || text_[end] != kEscape) {
+        value.assign(text_, at_, end - at_);
+        at_ = end;
+        return;
+    }
+    unescaped_.assign(text_, at_, end - at_);
     while (end < text_.size() && text_[end] == kEscape) {
         const std::size_t escaped = end + 1;
         if (escaped == text_.size()) {
@@ -188,8 +194,9 @@ void ProductsReader::readText(std::size_t field, std::string& value)
                    "a backslash stands before a character that needs none");
         }
         end = endOfRun(escaped + 1);
-        value.append(text_, escaped, end - escaped);
+        unescaped_.append(text_, escaped, end - escaped);
     }
+    value = unescaped_;
     at_ = end;
 }
 
@@ -203,7 +210,8 @@ Currency ProductsReader::readAmount(std::size_t field)
     }
     try {
         const Currency amount = Currency::fromText(digits);
-        if (text_[end] != kEscape && amount.toText() == digits) {
+        Currency::TextBuffer buffer;
+        if (text_[end] != kEscape && amount.toText(buffer) == digits) {
             return amount;
         }
     } catch (const RuntimeError& error) {

@@ -85,6 +85,7 @@ private:
     std::size_t at_ = 0;
     std::int32_t position_ = 1; // of the record being read
     std::int32_t count_ = 0;
+    std::string unescaped_; // the text being read, where it has escapes; kept for its room
 };
 
 } // namespace orvan
