@@ -11,20 +11,17 @@ namespace orvan {
 
 namespace {
 
-[[noreturn]] void raiseOverflow()
-{
-    throw RuntimeError(ErrorNumber::overflow);
-}
-
 [[noreturn]] void raiseNotANumber(std::string_view text)
 {
     throw RuntimeError(ErrorNumber::typeMismatch, {}, "\"" + std::string(text) + "\" is not a number");
 }
 
+constexpr auto kMostScaled = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+
 Currency checked(Int128 scaled)
 {
     if (scaled > std::numeric_limits<std::int64_t>::max() || scaled < std::numeric_limits<std::int64_t>::min()) {
-        raiseOverflow();
+        throw RuntimeError(ErrorNumber::overflow);
     }
     return Currency::fromScaled(static_cast<std::int64_t>(scaled));
 }
@@ -55,6 +52,11 @@ bool isDigit(char c)
 
 } // namespace
 
+Currency Currency::raiseOverflow()
+{
+    throw RuntimeError(ErrorNumber::overflow);
+}
+
 Currency Currency::fromInteger(std::int64_t value)
 {
     return checked(Int128{value} * kScale);
@@ -64,6 +66,14 @@ Currency Currency::fromDouble(double value)
 {
     if (!std::isfinite(value)) {
         raiseOverflow();
+    }
+    // The product is off by at most half of its last binary place, which moves no amount of this size from
+    // one side of a half to the other: only where it lies on a half does it take a closer look.
+    constexpr double kHalvesExact = 2'251'799'813'685'248.0; // 2^51
+    const double product = value * double(kScale);
+    const double nearest = std::nearbyint(product);
+    if (std::abs(product) < kHalvesExact && std::abs(product - nearest) != 0.5) {
+        return fromScaled(static_cast<std::int64_t>(nearest));
     }
     // value = mantissa * 2^exponent exactly, so that the one rounding is the one to ten-thousandths.
     int exponent = 0;
@@ -105,6 +115,43 @@ Currency Currency::fromText(std::string_view text)
     return reader.result(negative);
 }
 
+std::optional<Currency> Currency::takeShortestText(std::string_view& text) noexcept
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    std::uint64_t magnitude = 0;
+    const auto takeDigits = [&](std::ptrdiff_t most) {
+        const char* const begin = at;
+        for (const char* const limit = end - at > most ? at + most : end; at != limit && isDigit(*at); ++at) {
+            magnitude = magnitude * 10 + static_cast<std::uint64_t>(*at - '0');
+        }
+        return at - begin;
+    };
+    const bool negative = at != end && *at == '-';
+    at += negative ? 1 : 0;
+    const char* const first = at;
+    const std::ptrdiff_t integerDigits = takeDigits(15); // as many as the largest amount has
+    if (integerDigits == 0 || (integerDigits > 1 && *first == '0')) {
+        return std::nullopt;
+    }
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        ++at;
+        decimals = takeDigits(4);
+        if (decimals == 0 || at[-1] == '0') {
+            return std::nullopt;
+        }
+    }
+    static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
+    magnitude *= kMissing[decimals]; // 19 digits: within 64 bits
+    const bool isMinusZero = negative && magnitude == 0;
+    if (isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
+        return std::nullopt;
+    }
+    text.remove_prefix(static_cast<std::size_t>(at - text.data()));
+    return fromScaled(static_cast<std::int64_t>(negative ? 0 - magnitude : magnitude));
+}
+
 std::string_view Currency::toText(TextBuffer& buffer) const noexcept
 {
     const auto magnitude = scaled_ < 0 ? 0 - static_cast<std::uint64_t>(scaled_) : static_cast<std::uint64_t>(scaled_);
@@ -133,16 +180,6 @@ std::string Currency::toText() const
 Currency Currency::operator-() const
 {
     return checked(-Int128{scaled_});
-}
-
-Currency operator+(Currency a, Currency b)
-{
-    return checked(Int128{a.scaled_} + b.scaled_);
-}
-
-Currency operator-(Currency a, Currency b)
-{
-    return checked(Int128{a.scaled_} - b.scaled_);
 }
 
 Currency operator*(Currency a, Currency b)

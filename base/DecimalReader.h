@@ -1,6 +1,6 @@
 // DecimalReader: an amount from its digits while a text is walked, for whoever knows the text's form.
 //
-//     DecimalReader reader;              reader.digit(d) for each digit, reader.point() between them
+//     DecimalReader reader;          reader.digit(d) for each digit, reader.point() where the decimals begin
 //     Currency amount = reader.result(negative);
 //
 // Digits beyond the fourth decimal only round, ties to even. Thread: a plain value.
@@ -21,9 +21,13 @@ public:
     {
         anyDigit_ = true;
         if (!pointSeen_) {
-            append(10, digit);
+            if (value_ < kMostButOneDigit) {
+                value_ = value_ * 10 + digit;
+            } else {
+                tooLarge_ = true; // said at the end: the rest of the text is looked at first
+            }
         } else if (decimals_ < 4) {
-            append(10, digit);
+            value_ = value_ * 10 + digit;
             ++decimals_;
         } else if (!roundingSeen_) {
             roundingSeen_ = true;
@@ -40,24 +44,20 @@ public:
     /// Raises 6 beyond the range.
     Currency result(bool negative)
     {
-        static constexpr unsigned kMissing[] = {10'000, 1'000, 100, 10, 1};
-        append(kMissing[decimals_], 0);
-        const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
-        append(1, up ? 1 : 0);
+        static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
         constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-        if (overflow_ || value_ > kMost + (negative ? 1 : 0)) {
+        value_ *= kMissing[decimals_];
+        const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
+        value_ += up ? 1 : 0;
+        if (tooLarge_ || value_ > kMost + (negative ? 1 : 0)) {
             throw RuntimeError(ErrorNumber::overflow);
         }
         return Currency::fromScaled(static_cast<std::int64_t>(negative ? 0 - value_ : value_));
     }
 
 private:
-    void append(unsigned factor, unsigned summand)
-    {
-        // The flags stay, so that the rest of the text is looked at before it is called too large.
-        overflow_ |= __builtin_mul_overflow(value_, factor, &value_);
-        overflow_ |= __builtin_add_overflow(value_, summand, &value_);
-    }
+    /// An integer part of 15 digits is the longest there is; with four decimals it stays within 64 bits.
+    static constexpr std::uint64_t kMostButOneDigit = 100'000'000'000'000;
 
     std::uint64_t value_ = 0;
     unsigned decimals_ = 0;
@@ -66,7 +66,7 @@ private:
     bool pointSeen_ = false;
     bool roundingSeen_ = false;
     bool sticky_ = false;
-    bool overflow_ = false;
+    bool tooLarge_ = false;
 };
 
 } // namespace orvan

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <vector>
 
 namespace orvan::bench {
 
@@ -137,11 +136,11 @@ Sides parsing(const char* name)
     const Service locale = service(name);
     const QLocale qt(QString::fromLatin1(name));
     const std::string decimal = qt.decimalPoint().toStdString();
-    std::vector<std::string> texts;
-    std::vector<QString> qtTexts;
+    std::array<std::string, kScaled.size()> texts;
+    std::array<QString, kScaled.size()> qtTexts;
     for (std::size_t i = 0; i < kScaled.size(); ++i) {
-        texts.push_back(locale->formatNumber(amountAt(i), kDecimals));
-        qtTexts.push_back(QString::fromStdString(texts[i]));
+        texts[i] = locale->formatNumber(amountAt(i), kDecimals);
+        qtTexts[i] = QString::fromStdString(texts[i]);
         requireSame(CurrencyTextToValue(*locale, texts[i], decimal), amountAt(i), texts[i]);
         requireSame(qt.toDouble(qtTexts[i]), amountAt(i).toDouble(), texts[i]);
     }

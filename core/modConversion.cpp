@@ -22,24 +22,42 @@ void removeAll(std::string& text, std::string_view part)
     }
 }
 
-Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
-try {
-    std::string kept;
-    bool anyDigit = false;
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// Appends the digits and the decimal separators of a text.
+void appendKept(std::string& kept, std::string_view sText, std::string_view sDecimalSep)
+{
     for (std::size_t at = 0; at < sText.size();) {
-        if (sText[at] >= '0' && sText[at] <= '9') {
+        if (isDigit(sText[at])) {
             kept += sText[at++];
-            anyDigit = true;
             continue;
         }
         const std::string_view character = sText.substr(at, characterSize(sText, at));
-        if (character == sDecimalSep) {
+        if (character[0] == sDecimalSep[0] && character == sDecimalSep) {
             kept += character;
         }
         at += character.size();
     }
-    // A box that has just been emptied is no exception.
-    return anyDigit ? locale.textToCurrency(kept) : Currency();
+}
+
+Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+try {
+    // What is typed has nothing to drop, as a rule, and is then read where it stands.
+    const char decimal = sDecimalSep.size() == 1 ? sDecimalSep[0] : '0';
+    bool anyDigit = false;
+    std::size_t at = 0;
+    for (; at < sText.size() && (isDigit(sText[at]) || sText[at] == decimal); ++at) {
+        anyDigit |= isDigit(sText[at]);
+    }
+    if (at == sText.size()) {
+        return anyDigit ? locale.textToCurrency(sText) : Currency(); // a box just emptied is no exception
+    }
+    std::string kept(sText.substr(0, at));
+    appendKept(kept, sText.substr(at), sDecimalSep);
+    return locale.textToCurrency(kept);
 } catch (...) {
     return Currency(); // a user may type anything: what is not an amount is none
 }

@@ -96,7 +96,9 @@ void makeReadable(NumberPattern& pattern)
 Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
 {
     const auto startsWith = [](std::string_view rest, std::string_view separator) {
-        return !separator.empty() && rest.substr(0, separator.size()) == separator;
+        // No call for a byte, which most separators are.
+        return !separator.empty() && rest.front() == separator.front() &&
+               (separator.size() == 1 || rest.starts_with(separator));
     };
     DecimalReader reader;
     const auto point = [&](const std::string& separator) {
@@ -106,9 +108,11 @@ Currency readAmount(std::string_view text, const NumberPattern& number, const Nu
         return separator.size();
     };
     while (!text.empty()) {
-        std::size_t taken = 1;
+        std::size_t taken = 0;
         if (isDigit(text.front())) {
-            reader.digit(static_cast<unsigned>(text.front() - '0'));
+            do {
+                reader.digit(static_cast<unsigned>(text[taken] - '0'));
+            } while (++taken < text.size() && isDigit(text[taken]));
         } else if (startsWith(text, number.decimalSeparator)) {
             taken = point(number.decimalSeparator);
         } else if (startsWith(text, money.decimalSeparator)) {
