@@ -20,20 +20,11 @@ public:
     void digit(unsigned digit)
     {
         anyDigit_ = true;
-        if (!pointSeen_) {
-            if (value_ < kMostButOneDigit) {
-                value_ = value_ * 10 + digit;
-            } else {
-                tooLarge_ = true; // said at the end: the rest of the text is looked at first
-            }
-        } else if (decimals_ < 4) {
+        if (decimals_ < 4 && value_ < kMostButOneDigit) {
             value_ = value_ * 10 + digit;
-            ++decimals_;
-        } else if (!roundingSeen_) {
-            roundingSeen_ = true;
-            rounding_ = digit;
+            decimals_ += pointSeen_ ? 1 : 0;
         } else {
-            sticky_ = sticky_ || digit != 0;
+            drop(digit);
         }
     }
 
@@ -46,9 +37,9 @@ public:
     {
         static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
         constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-        value_ *= kMissing[decimals_];
+        tooLarge_ |= __builtin_mul_overflow(value_, kMissing[decimals_], &value_);
         const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
-        value_ += up ? 1 : 0;
+        value_ += up ? 1 : 0; // does not wrap: where digits were dropped, none was missing
         if (tooLarge_ || value_ > kMost + (negative ? 1 : 0)) {
             throw RuntimeError(ErrorNumber::overflow);
         }
@@ -56,8 +47,20 @@ public:
     }
 
 private:
-    /// An integer part of 15 digits is the longest there is; with four decimals it stays within 64 bits.
-    static constexpr std::uint64_t kMostButOneDigit = 100'000'000'000'000;
+    /// With one digit more, a value of as many is beyond the range, wherever its point is.
+    static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
+
+    void drop(unsigned digit)
+    {
+        if (decimals_ < 4) {
+            tooLarge_ = true; // said at the end: the rest of the text is looked at first
+        } else if (!roundingSeen_) {
+            roundingSeen_ = true;
+            rounding_ = digit;
+        } else {
+            sticky_ = sticky_ || digit != 0;
+        }
+    }
 
     std::uint64_t value_ = 0;
     unsigned decimals_ = 0;
