@@ -24,9 +24,9 @@ using ::icu::number::Precision;
 constexpr int kDecimals = 2;
 
 /// Amounts as in a list of products, with a few large ones; a power of two, so that a loop takes them in turn.
-constexpr std::array<std::int64_t, 16> kScaled = {2'500,      12'500,      49'900,      99'900,     120'000,  745'900,
-                                                  1'234'500,  3'999'900,   7'926'300,   21'280'000, 46'455'000,
-                                                  89'789'300, 123'456'700, 987'654'300, 5'000,      12'345'678'900};
+constexpr std::array<std::int64_t, 16> kScaled = {
+    2'500,     12'500,     49'900,     99'900,     120'000,     745'900,     1'234'500, 3'999'900,
+    7'926'300, 21'280'000, 46'455'000, 89'789'300, 123'456'700, 987'654'300, 5'000,     12'345'678'900};
 
 Currency amountAt(std::size_t i)
 {
@@ -103,9 +103,8 @@ double localesWithOtherTexts()
 {
     std::int32_t count = 0;
     const ::icu::Locale* const locales = ::icu::Locale::getAvailableLocales(count);
-    return static_cast<double>(std::count_if(locales, locales + count, [](const ::icu::Locale& locale) {
-        return !textsAreIcus(locale.getName());
-    }));
+    return static_cast<double>(std::count_if(
+        locales, locales + count, [](const ::icu::Locale& locale) { return !textsAreIcus(locale.getName()); }));
 }
 
 Sides besideQt(const char* name)
@@ -131,7 +130,9 @@ Sides besideIcu(const char* name)
     return {formatted(locale), loopOver("cached ICU", peer)};
 }
 
-Sides parsing(const char* name)
+/// Parse: (service, text, decimal separator).
+template <class Parse>
+Sides parsing(const char* name, Parse parse)
 {
     const Service locale = service(name);
     const QLocale qt(QString::fromLatin1(name));
@@ -141,14 +142,27 @@ Sides parsing(const char* name)
     for (std::size_t i = 0; i < kScaled.size(); ++i) {
         texts[i] = locale->formatNumber(amountAt(i), kDecimals);
         qtTexts[i] = QString::fromStdString(texts[i]);
-        requireSame(CurrencyTextToValue(*locale, texts[i], decimal), amountAt(i), texts[i]);
+        requireSame(parse(*locale, texts[i], decimal), amountAt(i), texts[i]);
         requireSame(qt.toDouble(qtTexts[i]), amountAt(i).toDouble(), texts[i]);
     }
-    return {loopOver("",
-                     [locale, texts, decimal](std::size_t i) {
-                         return CurrencyTextToValue(*locale, texts[i % texts.size()], decimal);
-                     }),
+    return {loopOver("", [=](std::size_t i) { return parse(*locale, texts[i % texts.size()], decimal); }),
             loopOver("QLocale", [qt, qtTexts](std::size_t i) { return qt.toDouble(qtTexts[i % qtTexts.size()]); })};
+}
+
+/// What a locale's text means, as QLocale has it.
+Sides parsingText(const char* name)
+{
+    return parsing(name, [](ui::LocaleService& locale, const std::string& text, const std::string& /*decimal*/) {
+        return locale.textToCurrency(text);
+    });
+}
+
+/// What a user typed: all that is no part of an amount is dropped first, which QLocale does not do.
+Sides parsingTyped(const char* name)
+{
+    return parsing(name, [](ui::LocaleService& locale, const std::string& text, const std::string& decimal) {
+        return CurrencyTextToValue(locale, text, decimal);
+    });
 }
 
 } // namespace
@@ -159,10 +173,14 @@ void addAmounts(Suite& suite)
         const std::string ending = std::string(", ").append(name);
         suite.add(Row{"E format an amount" + ending, atLeastTimesFaster(8), [=] { return besideQt(name); }});
         suite.add(Row{"E format an amount" + ending, atLeastTimesFaster(12), [=] { return besideIcu(name); }});
-        suite.add(Row{"F parse an amount" + ending, atLeastTimesFaster(30), [=] { return parsing(name); }});
+        suite.add(Row{"F parse an amount" + ending, atLeastTimesFaster(30), [=] { return parsingText(name); }});
+        suite.add(Row{"F parse a typed amount" + ending, atLeastTimesFaster(30), [=] { return parsingTyped(name); }});
     }
     suite.add(Row{"E locales whose texts are not ICU's", atMost(0),
-                  [] { return Sides{{"", localesWithOtherTexts}}; }, Unit::count, 1});
+                  [] {
+                      return Sides{{"", localesWithOtherTexts}};
+                  },
+                  Unit::count, 1});
 }
 
 } // namespace orvan::bench

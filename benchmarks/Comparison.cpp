@@ -59,8 +59,8 @@ std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int rep
 }
 
 struct Judgement {
-    double ratio;    ///< As the bound counts it.
-    double shortBy;  ///< Times that it falls short of the bound; 1 and less: it holds.
+    double ratio;   ///< As the bound counts it.
+    double shortBy; ///< Times that it falls short of the bound; 1 and less: it holds.
 };
 
 Judgement judge(const Bound& bound, double ours, double peer)
@@ -98,7 +98,9 @@ try {
     table.print({row.name, figureText(medians.front(), row.unit),
                  sides.peer ? sides.peer->name + " " + figureText(medians.back(), row.unit) : "",
                  sides.peer ? plainNumber(judgement.ratio) : "", boundText(row),
-                 fails ? "FAILS" : judgement.shortBy > 1 ? "falls short" : "holds"});
+                 fails                   ? "FAILS"
+                 : judgement.shortBy > 1 ? "falls short"
+                                         : "holds"});
     return !fails;
 } catch (const std::exception& error) {
     table.print({row.name, "", "", "", boundText(row), std::string("FAILS: ").append(error.what())});
@@ -124,6 +126,35 @@ try {
 } catch (const std::exception& error) {
     table.print({growth.name, std::string("FAILS: ").append(error.what()), "", ""});
     return false;
+}
+
+/// How a row is told from others of its name.
+std::string label(const Row& row)
+{
+    return std::string(row.name).append(" (").append(boundText(row)).append(")");
+}
+
+std::string label(const Growth& growth)
+{
+    return growth.name;
+}
+
+template <class Item>
+std::vector<std::string> runAll(const std::vector<const Item*>& items, std::vector<std::string> heads,
+                                bool (*run)(const Item&, Table&))
+{
+    std::size_t widest = 0;
+    for (const Item* item : items) {
+        widest = std::max(widest, item->name.size());
+    }
+    Table table(std::cout, std::move(heads), widest);
+    std::vector<std::string> failed;
+    for (const Item* item : items) {
+        if (!run(*item, table)) {
+            failed.push_back(label(*item));
+        }
+    }
+    return failed;
 }
 
 } // namespace
@@ -173,29 +204,11 @@ bool Suite::selected(const std::string& name) const
 void Suite::list() const
 {
     for (const Row& row : rows_) {
-        std::cout << row.name << ": " << boundText(row) << '\n';
+        std::cout << label(row) << '\n';
     }
     for (const Growth& growth : growths_) {
         std::cout << growth.name << " (--growth)\n";
     }
-}
-
-template <class Item>
-static std::vector<std::string> runAll(const std::vector<const Item*>& items, std::vector<std::string> heads,
-                                       bool (*run)(const Item&, Table&))
-{
-    std::size_t widest = 0;
-    for (const Item* item : items) {
-        widest = std::max(widest, item->name.size());
-    }
-    Table table(std::cout, std::move(heads), widest);
-    std::vector<std::string> failed;
-    for (const Item* item : items) {
-        if (!run(*item, table)) {
-            failed.push_back(item->name);
-        }
-    }
-    return failed;
 }
 
 std::vector<std::string> Suite::runRows() const

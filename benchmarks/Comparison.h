@@ -24,7 +24,7 @@ namespace orvan::bench {
 enum class Unit { nanoseconds, bytes, count };
 
 struct Side {
-    std::string name;              ///< In the table beside a peer's figure; ours needs none.
+    std::string name;               ///< In the table beside a peer's figure; ours needs none.
     std::function<double()> repeat; ///< One repetition: a figure in the row's unit.
 };
 
@@ -46,10 +46,19 @@ struct Bound {
     Kind kind;
     double value;
 };
-inline Bound atMostTimes(double value) { return {Bound::Kind::atMostTimes, value}; }
-inline Bound atLeastTimesFaster(double value) { return {Bound::Kind::atLeastTimesFaster, value}; }
+inline Bound atMostTimes(double value)
+{
+    return {Bound::Kind::atMostTimes, value};
+}
+inline Bound atLeastTimesFaster(double value)
+{
+    return {Bound::Kind::atLeastTimesFaster, value};
+}
 /// A figure in the row's unit, for a row without a peer.
-inline Bound atMost(double figure) { return {Bound::Kind::atMost, figure}; }
+inline Bound atMost(double figure)
+{
+    return {Bound::Kind::atMost, figure};
+}
 
 struct Sides {
     Side ours;

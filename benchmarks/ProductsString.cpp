@@ -140,18 +140,19 @@ Sides readingBesideQt(const Sample& sample)
 /// The manager's first string of a list, for which no record has its text yet.
 Side writing(const Sample& sample)
 {
-    return timed("",
-                 [sample, text = sample.text()](benchmark::State& state) {
-                     const Manager manager = sampleManager(sample.count, sample.escapes);
-                     for ([[maybe_unused]] auto _ : state) {
-                         manager->SetProductsString(text, kRecordSeparator, kFieldSeparator, false);
-                         timePart(state, [&] {
-                             std::string written = write(*manager);
-                             benchmark::DoNotOptimize(written.data());
-                         });
-                     }
-                 },
-                 Timing::parts);
+    return timed(
+        "",
+        [sample, text = sample.text()](benchmark::State& state) {
+            const Manager manager = sampleManager(sample.count, sample.escapes);
+            for ([[maybe_unused]] auto _ : state) {
+                manager->SetProductsString(text, kRecordSeparator, kFieldSeparator, false);
+                timePart(state, [&] {
+                    std::string written = write(*manager);
+                    benchmark::DoNotOptimize(written.data());
+                });
+            }
+        },
+        Timing::parts);
 }
 
 Sides writingBesideQt(const Sample& sample)
@@ -199,13 +200,14 @@ void addProductsString(Suite& suite)
             for (const Path& path : kPaths) {
                 std::string name = std::string(path.name).append(", ").append(groupedNumber(count)).append(with);
                 suite.add(Row{std::move(name), path.bound,
-                              [prepare = path.prepare, count, escapes] { return prepare({count, escapes}); },
+                              [prepare = path.prepare, count, escapes] {
+                                  return prepare({count, escapes});
+                              },
                               Unit::nanoseconds, count > 10'000 ? 5 : 9});
             }
         }
         const auto grows = [&](const char* name, Side (*side)(const Sample&)) {
-            suite.add(Growth{std::string(name).append(with),
-                             [=](std::size_t size) { return side({size, escapes}); }});
+            suite.add(Growth{std::string(name).append(with), [=](std::size_t size) { return side({size, escapes}); }});
         };
         grows("G read the string", reading);
         grows("G write the string", writing);

@@ -19,7 +19,7 @@ public:
     void ShowLastError(std::int32_t /*hWnd*/) override {}
 };
 
-constexpr const char* kThings[] = {"Hexagon bolt", "Washer, large series", "Threaded rod", "Nut, self-locking",
+constexpr const char* kThings[] = {"Hexagon bolt",  "Washer, large series",    "Threaded rod",      "Nut, self-locking",
                                    "Angle bracket", "Wood screw, countersunk", "Anchor, heavy duty"};
 constexpr const char* kMaterials[] = {"zinc plated", "stainless A2", "stainless A4", "brass", "galvanized"};
 
