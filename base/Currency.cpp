@@ -1,5 +1,6 @@
 #include "base/Currency.h"
 
+#include "base/DecimalReader.h"
 #include "base/Int128.h"
 #include "base/RuntimeError.h"
 
@@ -10,37 +11,37 @@ namespace orvan {
 
 namespace {
 
-[[noreturn]] void raiseOverflow()
-{
-    throw RuntimeError(ErrorNumber::overflow);
-}
-
 [[noreturn]] void raiseNotANumber(std::string_view text)
 {
     throw RuntimeError(ErrorNumber::typeMismatch, {}, "\"" + std::string(text) + "\" is not a number");
 }
 
+constexpr auto kMostScaled = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+
 Currency checked(Int128 scaled)
 {
     if (scaled > std::numeric_limits<std::int64_t>::max() || scaled < std::numeric_limits<std::int64_t>::min()) {
-        raiseOverflow();
+        throw RuntimeError(ErrorNumber::overflow);
     }
     return Currency::fromScaled(static_cast<std::int64_t>(scaled));
 }
 
+/// A quotient to the nearest integer, ties to even, from what is left over.
+template <class Unsigned>
+Unsigned rounded(Unsigned quotient, Unsigned rest, Unsigned divisor)
+{
+    const Unsigned missing = divisor - rest;
+    return quotient + (rest > missing || (rest == missing && quotient % 2 != 0) ? 1 : 0);
+}
+
 /// numerator / denominator to the nearest integer, ties to even.
-Int128 divideToEven(Int128 numerator, Int128 denominator)
+template <class Signed, class Unsigned>
+Signed divideToEven(Signed numerator, Signed denominator)
 {
     const bool negative = (numerator < 0) != (denominator < 0);
-    const auto n = static_cast<UInt128>(numerator < 0 ? -numerator : numerator);
-    const auto d = static_cast<UInt128>(denominator < 0 ? -denominator : denominator);
-    UInt128 quotient = n / d;
-    const UInt128 rest = n % d;
-    const UInt128 missing = d - rest;
-    if (rest > missing || (rest == missing && quotient % 2 != 0)) {
-        ++quotient;
-    }
-    const auto result = static_cast<Int128>(quotient);
+    const auto n = numerator < 0 ? 0 - static_cast<Unsigned>(numerator) : static_cast<Unsigned>(numerator);
+    const auto d = denominator < 0 ? 0 - static_cast<Unsigned>(denominator) : static_cast<Unsigned>(denominator);
+    const auto result = static_cast<Signed>(rounded<Unsigned>(n / d, n % d, d));
     return negative ? -result : result;
 }
 
@@ -49,52 +50,12 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Text to ten-thousandths while it is walked: digits beyond the fourth decimal only round.
-class DecimalReader {
-public:
-    void integerDigit(int digit) { append(digit); }
-
-    void decimalDigit(int digit)
-    {
-        if (decimals_ < 4) {
-            append(digit);
-            ++decimals_;
-        } else if (!roundingSeen_) {
-            roundingSeen_ = true;
-            rounding_ = digit;
-        } else if (digit != 0) {
-            sticky_ = true;
-        }
-    }
-
-    Currency result(bool negative)
-    {
-        while (decimals_ < 4) {
-            append(0);
-            ++decimals_;
-        }
-        const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
-        const Int128 magnitude = value_ + (up ? 1 : 0);
-        return checked(negative ? -magnitude : magnitude);
-    }
-
-private:
-    void append(int digit)
-    {
-        value_ = value_ * 10 + digit;
-        if (value_ > (Int128{1} << 64)) {
-            raiseOverflow(); // longer than any amount: stop before 128 bits are used up
-        }
-    }
-
-    Int128 value_ = 0;
-    int decimals_ = 0;
-    int rounding_ = 0;
-    bool roundingSeen_ = false;
-    bool sticky_ = false;
-};
-
 } // namespace
+
+Currency Currency::raiseOverflow()
+{
+    throw RuntimeError(ErrorNumber::overflow);
+}
 
 Currency Currency::fromInteger(std::int64_t value)
 {
@@ -106,19 +67,31 @@ Currency Currency::fromDouble(double value)
     if (!std::isfinite(value)) {
         raiseOverflow();
     }
+    // The product is off by at most half of its last binary place, which moves no amount of this size from
+    // one side of a half to the other: only where it lies on a half does it take a closer look.
+    constexpr double kHalvesExact = 2'251'799'813'685'248.0; // 2^51
+    const double product = value * double(kScale);
+    const double nearest = std::nearbyint(product);
+    if (std::abs(product) < kHalvesExact && std::abs(product - nearest) != 0.5) {
+        return fromScaled(static_cast<std::int64_t>(nearest));
+    }
     // value = mantissa * 2^exponent exactly, so that the one rounding is the one to ten-thousandths.
     int exponent = 0;
-    const double fraction = std::frexp(value, &exponent);
-    const Int128 scaled = Int128{static_cast<std::int64_t>(std::ldexp(fraction, 53))} * kScale;
+    const double fraction = std::frexp(std::abs(value), &exponent);
+    const UInt128 scaled = UInt128{static_cast<std::uint64_t>(std::ldexp(fraction, 53))} * kScale;
     exponent -= 53;
-    if (exponent >= 0) {
-        if (exponent > 10 && scaled != 0) {
-            raiseOverflow();
-        }
-        return checked(scaled * (Int128{1} << exponent));
+    if (exponent > 10 && scaled != 0) {
+        raiseOverflow();
     }
     // Beyond 120 places even the largest mantissa is far below half a ten-thousandth.
-    return exponent < -120 ? Currency() : checked(divideToEven(scaled, Int128{1} << -exponent));
+    Int128 magnitude = 0;
+    if (exponent >= 0) {
+        magnitude = static_cast<Int128>(scaled << exponent);
+    } else if (exponent >= -120) {
+        const UInt128 divisor = UInt128{1} << -exponent;
+        magnitude = static_cast<Int128>(rounded<UInt128>(scaled >> -exponent, scaled & (divisor - 1), divisor));
+    }
+    return checked(value < 0 ? -magnitude : magnitude);
 }
 
 Currency Currency::fromText(std::string_view text)
@@ -129,27 +102,59 @@ Currency Currency::fromText(std::string_view text)
         ++at;
     }
     DecimalReader reader;
-    bool anyDigit = false;
-    for (; at < text.size() && isDigit(text[at]); ++at) {
-        reader.integerDigit(text[at] - '0');
-        anyDigit = true;
-    }
-    if (at < text.size() && text[at] == '.') {
-        for (++at; at < text.size() && isDigit(text[at]); ++at) {
-            reader.decimalDigit(text[at] - '0');
-            anyDigit = true;
+    for (; at < text.size(); ++at) {
+        if (isDigit(text[at])) {
+            reader.digit(static_cast<unsigned>(text[at] - '0'));
+        } else if (text[at] != '.' || !reader.point()) {
+            raiseNotANumber(text);
         }
     }
-    if (!anyDigit || at != text.size()) {
+    if (!reader.anyDigit()) {
         raiseNotANumber(text);
     }
     return reader.result(negative);
 }
 
-std::string Currency::toText() const
+std::optional<Currency> Currency::takeShortestText(std::string_view& text) noexcept
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    std::uint64_t magnitude = 0;
+    const auto takeDigits = [&](std::ptrdiff_t most) {
+        const char* const begin = at;
+        for (const char* const limit = end - at > most ? at + most : end; at != limit && isDigit(*at); ++at) {
+            magnitude = magnitude * 10 + static_cast<std::uint64_t>(*at - '0');
+        }
+        return at - begin;
+    };
+    const bool negative = at != end && *at == '-';
+    at += negative ? 1 : 0;
+    const char* const first = at;
+    const std::ptrdiff_t integerDigits = takeDigits(15); // as many as the largest amount has
+    if (integerDigits == 0 || (integerDigits > 1 && *first == '0')) {
+        return std::nullopt;
+    }
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        ++at;
+        decimals = takeDigits(4);
+        if (decimals == 0 || at[-1] == '0') {
+            return std::nullopt;
+        }
+    }
+    static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
+    magnitude *= kMissing[decimals]; // 19 digits: within 64 bits
+    const bool isMinusZero = negative && magnitude == 0;
+    if (isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
+        return std::nullopt;
+    }
+    text.remove_prefix(static_cast<std::size_t>(at - text.data()));
+    return fromScaled(static_cast<std::int64_t>(negative ? 0 - magnitude : magnitude));
+}
+
+std::string_view Currency::toText(TextBuffer& buffer) const noexcept
 {
     const auto magnitude = scaled_ < 0 ? 0 - static_cast<std::uint64_t>(scaled_) : static_cast<std::uint64_t>(scaled_);
-    char buffer[32];
     char* end = buffer;
     if (scaled_ < 0) {
         *end++ = '-';
@@ -163,7 +168,13 @@ std::string Currency::toText() const
             decimals %= place;
         }
     }
-    return std::string(buffer, end);
+    return {buffer, static_cast<std::size_t>(end - buffer)};
+}
+
+std::string Currency::toText() const
+{
+    TextBuffer buffer;
+    return std::string(toText(buffer));
 }
 
 Currency Currency::operator-() const
@@ -171,19 +182,13 @@ Currency Currency::operator-() const
     return checked(-Int128{scaled_});
 }
 
-Currency operator+(Currency a, Currency b)
-{
-    return checked(Int128{a.scaled_} + b.scaled_);
-}
-
-Currency operator-(Currency a, Currency b)
-{
-    return checked(Int128{a.scaled_} - b.scaled_);
-}
-
 Currency operator*(Currency a, Currency b)
 {
-    return checked(divideToEven(Int128{a.scaled_} * b.scaled_, Currency::kScale));
+    std::int64_t product = 0;
+    if (!__builtin_mul_overflow(a.scaled_, b.scaled_, &product)) { // as a rule; 128 bits take long to divide
+        return Currency::fromScaled(divideToEven<std::int64_t, std::uint64_t>(product, Currency::kScale));
+    }
+    return checked(divideToEven<Int128, UInt128>(Int128{a.scaled_} * b.scaled_, Currency::kScale));
 }
 
 Currency operator/(Currency a, Currency b)
@@ -191,7 +196,7 @@ Currency operator/(Currency a, Currency b)
     if (b.scaled_ == 0) {
         throw RuntimeError(ErrorNumber::divisionByZero);
     }
-    return checked(divideToEven(Int128{a.scaled_} * Currency::kScale, b.scaled_));
+    return checked(divideToEven<Int128, UInt128>(Int128{a.scaled_} * Currency::kScale, b.scaled_));
 }
 
 } // namespace orvan

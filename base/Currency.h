@@ -9,6 +9,7 @@
 #include <compare>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,21 +32,39 @@ public:
     /// number) or 6.
     static Currency fromText(std::string_view text);
 
+    /// Takes an amount off the front of text, where it stands there as toText() writes it. What follows
+    /// is the caller's to look at: "1.5000" and "007" have none in front, but "1.23456" has 1.2345.
+    static std::optional<Currency> takeShortestText(std::string_view& text) noexcept;
+
     constexpr std::int64_t scaled() const noexcept { return scaled_; }
     /// The nearest double up to 2^53 ten-thousandths; beyond, within one unit in the last place.
     double toDouble() const noexcept { return static_cast<double>(scaled_) / double(kScale); }
     /// The shortest text that fromText reads back as this amount: "12", "-0.5", "3.1416".
     std::string toText() const;
+    /// Room for any amount's text.
+    using TextBuffer = char[24];
+    /// The same text, in the buffer.
+    std::string_view toText(TextBuffer& buffer) const noexcept;
 
     Currency operator-() const;
-    friend Currency operator+(Currency a, Currency b);
-    friend Currency operator-(Currency a, Currency b);
+    friend Currency operator+(Currency a, Currency b)
+    {
+        std::int64_t sum = 0;
+        return __builtin_add_overflow(a.scaled_, b.scaled_, &sum) ? raiseOverflow() : Currency(sum);
+    }
+    friend Currency operator-(Currency a, Currency b)
+    {
+        std::int64_t difference = 0;
+        return __builtin_sub_overflow(a.scaled_, b.scaled_, &difference) ? raiseOverflow() : Currency(difference);
+    }
     friend Currency operator*(Currency a, Currency b);
     /// Raises 11 when b is zero.
     friend Currency operator/(Currency a, Currency b);
     friend constexpr auto operator<=>(Currency, Currency) noexcept = default;
 
 private:
+    /// Returns nothing: always raises.
+    [[noreturn]] static Currency raiseOverflow();
     constexpr explicit Currency(std::int64_t scaled) noexcept : scaled_(scaled) {}
 
     std::int64_t scaled_ = 0;

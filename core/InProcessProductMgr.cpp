@@ -22,8 +22,7 @@ struct Ledger {
     explicit Ledger(std::shared_ptr<const ProductRules> validation) : rules(std::move(validation)) {}
 
     std::shared_ptr<const ProductRules> rules;
-    Int128 total = 0;         // of the extended prices; 128 bits hold any sum, so that it recovers from overflow
-    std::size_t lineSize = 0; // of the texts that are kept
+    Int128 total = 0; // of the extended prices; 128 bits hold any sum, so that it recovers from overflow
 };
 
 class ListedProduct final : public ProductRecord {
@@ -68,30 +67,24 @@ public:
         return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
     }
 
-    /// The record as it stands in the products string; valid until the next write.
-    const std::string& line(ProductsSeparators separators)
-    {
-        if (!lineKept_) {
-            line_.clear();
-            appendProduct(line_, fields_, separators);
-            lineKept_ = true;
-            ledger_->lineSize += line_.size();
-        }
-        return line_;
-    }
-
-    void dropLine() noexcept
+    /// Appends the record as it stands in the products string.
+    void appendLine(std::string& text, ProductsSeparators separators)
     {
         if (lineKept_) {
-            lineKept_ = false;
-            ledger_->lineSize -= line_.size();
+            text += line_;
+            return;
         }
+        const std::size_t begin = text.size();
+        appendProduct(text, fields_, separators);
+        line_.assign(text, begin);
+        lineKept_ = true;
     }
+
+    void dropLine() noexcept { lineKept_ = false; }
 
     /// The record is no longer in the list.
     void leaveList() noexcept
     {
-        dropLine();
         ledger_->total -= fields_.extPrice.scaled();
         listed_ = false;
     }
@@ -151,6 +144,7 @@ private:
     std::shared_ptr<Ledger> ledger_; // of products_
     Products products_;
     ProductsSeparators lineSeparators_; // of the texts that the records keep
+    std::size_t expectedSize_ = 0;      // of the next products string: that of the last one, in or out
 };
 
 InProcessProductMgr::Products::iterator InProcessProductMgr::at(std::int32_t lIndex)
@@ -220,6 +214,7 @@ void InProcessProductMgr::SetProductsString(std::string_view sProducts, const st
     }
     ledger_.swap(ledger);
     products_.swap(products);
+    expectedSize_ = sProducts.size();
 }
 
 std::string InProcessProductMgr::GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep)
@@ -231,19 +226,16 @@ std::string InProcessProductMgr::GetProductsString(const std::string& sRecordSep
         }
         lineSeparators_ = separators;
     }
-    for (const auto& product : products_) {
-        product->line(separators);
-    }
     std::string text = productsStringHead(products_.size(), separators);
-    const std::size_t size = text.size() + ledger_->lineSize;
-    if (std::cmp_greater(size, maxDataSize_)) {
-        throw RuntimeError(ErrorNumber::outOfStringSpace, {},
-                           "The products take " + std::to_string(size) + " bytes; at most " +
-                               std::to_string(maxDataSize_) + " bytes can be kept");
-    }
-    text.reserve(size);
+    text.reserve(expectedSize_ + expectedSize_ / 16);
     for (const auto& product : products_) {
-        text += product->line(separators);
+        product->appendLine(text, separators);
+    }
+    expectedSize_ = text.size();
+    if (std::cmp_greater(text.size(), maxDataSize_)) {
+        throw RuntimeError(ErrorNumber::outOfStringSpace, {},
+                           "The products take " + std::to_string(text.size()) + " bytes; at most " +
+                               std::to_string(maxDataSize_) + " bytes can be kept");
     }
     return text;
 }

@@ -20,6 +20,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -76,8 +77,10 @@ private:
     std::int32_t readCount();
     void readText(std::size_t field, std::string& value);
     Currency readAmount(std::size_t field);
-    std::size_t endOfRun(std::size_t from) const noexcept;
+    std::size_t copyRun(std::size_t from, char* to) const noexcept;
+    bool isSpecial(char c) const noexcept;
     void closeField(std::size_t field);
+    [[noreturn]] void refuseEnd(std::size_t field) const;
     [[noreturn]] void refuse(std::int32_t error, std::string_view fieldName, std::string_view reason) const;
 
     std::string_view text_;
@@ -85,6 +88,7 @@ private:
     std::size_t at_ = 0;
     std::int32_t position_ = 1; // of the record being read
     std::int32_t count_ = 0;
+    std::unique_ptr<char[]> unescaped_; // the field's text; room for the longest, of which little is ever touched
 };
 
 } // namespace orvan

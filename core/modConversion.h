@@ -24,6 +24,9 @@ class LocaleService;
 /// the spaces around it, and the sign, stay.
 std::string FormatCurrencyValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
                                 std::string_view sCurrencySymbol, bool bShowSymbol);
+/// The same into a text whose room is used again, for what is shown with each keystroke.
+void FormatCurrencyValue(std::string& text, ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
+                         std::string_view sCurrencySymbol, bool bShowSymbol);
 std::string FormatNumberValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits);
 /// 12.5 is 12.5 percent: a number followed directly by "%", in every locale.
 std::string FormatPercentValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits, bool bShowPercent);

@@ -305,11 +305,13 @@ void FieldEntry::calcExtPrice()
 
 void FieldEntry::PrvShowExtPriceAndTotal()
 {
-    ui::LocaleService& locale = session_.platform().locale();
-    const std::string& sSymbol = session_.locale.sCurrencySymbol;
-    txtExtPrice_.setText(
-        FormatCurrencyValue(locale, session_.currentProduct().ExtPrice(), kMoneyDigits, sSymbol, true));
-    txtTotal_.setText(FormatCurrencyValue(locale, session_.productMgr().GetTotalValue(), kMoneyDigits, sSymbol, true));
+    const auto show = [this](ui::TextBox& box, Currency cyValue) {
+        FormatCurrencyValue(sShownMoney_, session_.platform().locale(), cyValue, kMoneyDigits,
+                            session_.locale.sCurrencySymbol, true);
+        box.setText(sShownMoney_);
+    };
+    show(txtExtPrice_, session_.currentProduct().ExtPrice());
+    show(txtTotal_, session_.productMgr().GetTotalValue());
 }
 
 } // namespace orvan

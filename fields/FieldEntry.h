@@ -10,6 +10,8 @@
 
 #include "core/EditorSession.h"
 
+#include <string>
+
 namespace orvan {
 
 namespace ui {
@@ -77,6 +79,7 @@ private:
     ui::TextBox& txtNote_;
     ui::TextBox& txtExtPrice_;
     ui::TextBox& txtTotal_;
+    std::string sShownMoney_; ///< PrvShowExtPriceAndTotal's, kept for its room.
 };
 
 } // namespace orvan

@@ -33,11 +33,24 @@ public:
     /// included; 0 when the item is unknown or does not fit. UTF-8; the count is in bytes.
     virtual std::int32_t getLocaleInfo(std::int32_t lcid, LocaleItem item, std::span<char> buffer) = 0;
 
-    /// Money text with exactly `digits` decimals, the user's symbol, grouping and negative form.
+    /// Appends money text with exactly `digits` decimals, the user's symbol, grouping and negative form.
     /// Rounds halves away from zero on the exact decimal.
-    virtual std::string formatCurrency(Currency value, int digits) = 0;
-    /// Number text with exactly `digits` decimals, grouped; rounds as formatCurrency.
-    virtual std::string formatNumber(Currency value, int digits) = 0;
+    virtual void appendCurrency(std::string& text, Currency value, int digits) = 0;
+    /// Appends number text with exactly `digits` decimals, grouped; rounds as appendCurrency.
+    virtual void appendNumber(std::string& text, Currency value, int digits) = 0;
+
+    std::string formatCurrency(Currency value, int digits)
+    {
+        std::string text;
+        appendCurrency(text, value, digits);
+        return text;
+    }
+    std::string formatNumber(Currency value, int digits)
+    {
+        std::string text;
+        appendNumber(text, value, digits);
+        return text;
+    }
 
     /// Digits with at most one decimal separator, the number's or the money's; thousands separators
     /// are skipped where they are not also a decimal separator. Rounds to four decimals, ties to

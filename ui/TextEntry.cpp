@@ -52,21 +52,21 @@ std::string fitForEntry(std::string_view text, std::string_view lineEnd, std::op
     return fitted;
 }
 
-void TextEntry::setText(std::string text)
+void TextEntry::setText(std::string_view text)
 {
     if (maxLength_ > 0) {
-        text.resize(firstCharacters(text, static_cast<std::size_t>(maxLength_)).size());
+        text = firstCharacters(text, static_cast<std::size_t>(maxLength_));
     }
     const bool changed = text != text_;
-    replaceText(std::move(text));
+    replaceText(text);
     if (changed) {
         raise(onChange);
     }
 }
 
-void TextEntry::replaceText(std::string text)
+void TextEntry::replaceText(std::string_view text)
 {
-    text_ = std::move(text);
+    text_ = text; // into the room that is there
     selectionStart_ = 0;
     selectionLength_ = 0;
     textChanged();
@@ -117,9 +117,14 @@ char32_t TextEntry::userPressedKey(char32_t character)
     }
     const bool fits = character <= static_cast<char32_t>(std::numeric_limits<std::int16_t>::max());
     const std::int16_t iOffered = fits ? static_cast<std::int16_t>(character) : kUnknownCharacter;
-    std::int16_t iKeyAscii = iOffered;
-    raise([&, handler = onKeyPress] { handler(iKeyAscii); });
-    return iKeyAscii == iOffered ? character : static_cast<char32_t>(std::max<std::int16_t>(iKeyAscii, 0));
+    // A copy: the handler may destroy this entry. Here, and not in the event, which then fits into a
+    // std::function without an allocation.
+    struct {
+        decltype(onKeyPress) handler;
+        std::int16_t iKeyAscii;
+    } press{onKeyPress, iOffered};
+    raise([&press] { press.handler(press.iKeyAscii); });
+    return press.iKeyAscii == iOffered ? character : static_cast<char32_t>(std::max<std::int16_t>(press.iKeyAscii, 0));
 }
 
 } // namespace orvan::ui

@@ -31,7 +31,7 @@ public:
     const std::string& text() const { return text_; }
     /// Cuts the text to maxLength() and puts the caret at its start. Raises onChange, as typing
     /// does, where the text differs from what it was.
-    void setText(std::string text);
+    void setText(std::string_view text);
 
     /// 0: no limit, as at first. The text that stands already is not cut.
     std::int32_t maxLength() const { return maxLength_; }
@@ -66,7 +66,7 @@ protected:
     /// Raises onKeyPress and returns the character that is to be typed; 0: none.
     char32_t userPressedKey(char32_t character);
     /// A choice from a list: the text changes without raising onChange.
-    void replaceText(std::string text);
+    void replaceText(std::string_view text);
     /// The text is another one, whoever changed it; comes before any event.
     virtual void textChanged() {}
 

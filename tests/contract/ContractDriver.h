@@ -41,8 +41,8 @@ public:
         std::copy_n(text.c_str(), text.size() + 1, buffer.begin());
         return static_cast<std::int32_t>(text.size()) + 1;
     }
-    std::string formatCurrency(Currency value, int /*digits*/) override { return value.toText(); }
-    std::string formatNumber(Currency value, int /*digits*/) override { return value.toText(); }
+    void appendCurrency(std::string& text, Currency value, int /*digits*/) override { text += value.toText(); }
+    void appendNumber(std::string& text, Currency value, int /*digits*/) override { text += value.toText(); }
     Currency textToCurrency(std::string_view text) override { return Currency::fromText(text); }
 };
 

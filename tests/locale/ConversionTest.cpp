@@ -28,8 +28,11 @@ public:
         std::copy(found->second.begin(), found->second.end(), buffer.begin());
         return static_cast<std::int32_t>(found->second.size()) + 1;
     }
-    std::string formatCurrency(Currency value, int digits) override { return formatNumber(value, digits); }
-    std::string formatNumber(Currency value, int digits) override { return icu::formatAmount(pattern, value, digits); }
+    void appendCurrency(std::string& text, Currency value, int digits) override { appendNumber(text, value, digits); }
+    void appendNumber(std::string& text, Currency value, int digits) override
+    {
+        icu::appendAmount(text, pattern, value, digits);
+    }
     Currency textToCurrency(std::string_view text) override
     {
         if (raises) {

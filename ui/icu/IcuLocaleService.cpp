@@ -19,14 +19,14 @@ std::int32_t IcuLocaleService::getLocaleInfo(std::int32_t lcid, ui::LocaleItem i
     return static_cast<std::int32_t>(text->size() + 1);
 }
 
-std::string IcuLocaleService::formatCurrency(Currency value, int digits)
+void IcuLocaleService::appendCurrency(std::string& text, Currency value, int digits)
 {
-    return formatAmount(money_.pattern, value, digits);
+    appendAmount(text, money_.pattern, value, digits);
 }
 
-std::string IcuLocaleService::formatNumber(Currency value, int digits)
+void IcuLocaleService::appendNumber(std::string& text, Currency value, int digits)
 {
-    return formatAmount(number_, value, digits);
+    appendAmount(text, number_, value, digits);
 }
 
 Currency IcuLocaleService::textToCurrency(std::string_view text)

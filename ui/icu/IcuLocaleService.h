@@ -22,9 +22,9 @@ public:
 
     /// Knows kLocaleUserDefault alone: 0 for any other lcid.
     std::int32_t getLocaleInfo(std::int32_t lcid, ui::LocaleItem item, std::span<char> buffer) override;
-    /// Raises 5 when digits is not 0 to kMostDigits; so does formatNumber.
-    std::string formatCurrency(Currency value, int digits) override;
-    std::string formatNumber(Currency value, int digits) override;
+    /// Raises 5 when digits is not 0 to kMostDigits; so does appendNumber.
+    void appendCurrency(std::string& text, Currency value, int digits) override;
+    void appendNumber(std::string& text, Currency value, int digits) override;
     Currency textToCurrency(std::string_view text) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "ui/icu/NumberPattern.h"
 
+#include "base/DecimalReader.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -41,7 +42,7 @@ void appendGrouped(std::string& text, const NumberPattern& pattern, std::string_
 
 } // namespace
 
-std::string formatAmount(const NumberPattern& pattern, Currency value, int digits)
+void appendAmount(std::string& text, const NumberPattern& pattern, Currency value, int digits)
 {
     if (digits < 0 || digits > kMostDigits) {
         throw RuntimeError(ErrorNumber::invalidProcedureCall);
@@ -62,9 +63,6 @@ std::string formatAmount(const NumberPattern& pattern, Currency value, int digit
     const std::string& prefix = negative ? pattern.negativePrefix : pattern.positivePrefix;
     const std::string& suffix = negative ? pattern.negativeSuffix : pattern.positiveSuffix;
 
-    std::string text;
-    text.reserve(prefix.size() + suffix.size() + pattern.decimalSeparator.size() + static_cast<std::size_t>(digits) +
-                 integer.size() * (1 + pattern.groupSeparator.size()));
     text += prefix;
     appendGrouped(text, pattern, integer);
     if (digits > 0) {
@@ -75,7 +73,6 @@ std::string formatAmount(const NumberPattern& pattern, Currency value, int digit
         text.append(static_cast<std::size_t>(digits - kept), '0');
     }
     text += suffix;
-    return text;
 }
 
 bool looksLikeDigits(std::string_view text, std::string_view decimalSeparator)
@@ -99,20 +96,27 @@ void makeReadable(NumberPattern& pattern)
 Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
 {
     const auto startsWith = [](std::string_view rest, std::string_view separator) {
-        return !separator.empty() && rest.substr(0, separator.size()) == separator;
+        // No call for a byte, which most separators are.
+        return !separator.empty() && rest.front() == separator.front() &&
+               (separator.size() == 1 || rest.starts_with(separator));
     };
-    std::string plain; // the form Currency::fromText reads
-    plain.reserve(text.size());
+    DecimalReader reader;
+    const auto point = [&](const std::string& separator) {
+        if (!reader.point()) {
+            throw RuntimeError(ErrorNumber::typeMismatch);
+        }
+        return separator.size();
+    };
     while (!text.empty()) {
-        std::size_t taken = 1;
+        std::size_t taken = 0;
         if (isDigit(text.front())) {
-            plain += text.front();
+            do {
+                reader.digit(static_cast<unsigned>(text[taken] - '0'));
+            } while (++taken < text.size() && isDigit(text[taken]));
         } else if (startsWith(text, number.decimalSeparator)) {
-            taken = number.decimalSeparator.size();
-            plain += '.';
+            taken = point(number.decimalSeparator);
         } else if (startsWith(text, money.decimalSeparator)) {
-            taken = money.decimalSeparator.size();
-            plain += '.';
+            taken = point(money.decimalSeparator);
         } else if (startsWith(text, number.groupSeparator)) {
             taken = number.groupSeparator.size();
         } else if (startsWith(text, money.groupSeparator)) {
@@ -122,7 +126,10 @@ Currency readAmount(std::string_view text, const NumberPattern& number, const Nu
         }
         text.remove_prefix(taken);
     }
-    return Currency::fromText(plain);
+    if (!reader.anyDigit()) {
+        throw RuntimeError(ErrorNumber::typeMismatch);
+    }
+    return reader.result(false);
 }
 
 } // namespace orvan::icu

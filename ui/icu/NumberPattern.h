@@ -33,10 +33,10 @@ struct NumberPattern {
 /// Decimals that can be asked for: the limit of the platform convention the formats follow.
 inline constexpr int kMostDigits = 255;
 
-/// The amount with exactly `digits` decimals, halves rounded away from zero. A negative amount that
+/// Appends the amount with exactly `digits` decimals, halves rounded away from zero. A negative amount that
 /// rounds to zero keeps its sign, as the locale library has it: it is not nothing. Raises 5 when
 /// digits is not 0 to kMostDigits.
-std::string formatAmount(const NumberPattern& pattern, Currency value, int digits);
+void appendAmount(std::string& text, const NumberPattern& pattern, Currency value, int digits);
 
 /// True when text holds a digit or the decimal separator, so that it would be read as part of the
 /// number it stands beside.

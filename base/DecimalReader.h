@@ -1,0 +1,75 @@
+// DecimalReader: an amount from its digits while a text is walked, for whoever knows the text's form.
+//
+//     DecimalReader reader;          reader.digit(d) for each digit, reader.point() where the decimals begin
+//     Currency amount = reader.result(negative);
+//
+// Digits beyond the fourth decimal only round, ties to even. Thread: a plain value.
+#pragma once
+
+#include "base/Currency.h"
+#include "base/RuntimeError.h"
+
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+namespace orvan {
+
+class DecimalReader {
+public:
+    void digit(unsigned digit)
+    {
+        anyDigit_ = true;
+        if (decimals_ < 4 && value_ < kMostButOneDigit) {
+            value_ = value_ * 10 + digit;
+            decimals_ += pointSeen_ ? 1 : 0;
+        } else {
+            drop(digit);
+        }
+    }
+
+    /// False for a second one.
+    bool point() { return !std::exchange(pointSeen_, true); }
+    bool anyDigit() const { return anyDigit_; }
+
+    /// Raises 6 beyond the range.
+    Currency result(bool negative)
+    {
+        static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
+        constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+        tooLarge_ |= __builtin_mul_overflow(value_, kMissing[decimals_], &value_);
+        const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
+        value_ += up ? 1 : 0; // does not wrap: where digits were dropped, none was missing
+        if (tooLarge_ || value_ > kMost + (negative ? 1 : 0)) {
+            throw RuntimeError(ErrorNumber::overflow);
+        }
+        return Currency::fromScaled(static_cast<std::int64_t>(negative ? 0 - value_ : value_));
+    }
+
+private:
+    /// With one digit more, a value of as many is beyond the range, wherever its point is.
+    static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
+
+    void drop(unsigned digit)
+    {
+        if (decimals_ < 4) {
+            tooLarge_ = true; // said at the end: the rest of the text is looked at first
+        } else if (!roundingSeen_) {
+            roundingSeen_ = true;
+            rounding_ = digit;
+        } else {
+            sticky_ = sticky_ || digit != 0;
+        }
+    }
+
+    std::uint64_t value_ = 0;
+    unsigned decimals_ = 0;
+    unsigned rounding_ = 0;
+    bool anyDigit_ = false;
+    bool pointSeen_ = false;
+    bool roundingSeen_ = false;
+    bool sticky_ = false;
+    bool tooLarge_ = false;
+};
+
+} // namespace orvan

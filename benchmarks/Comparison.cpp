@@ -1,0 +1,236 @@
+#include "benchmarks/Comparison.h"
+
+#include "benchmarks/Table.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <ctime>
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+namespace orvan::bench {
+
+namespace {
+
+/// How far a row may fall short of its bound before it fails.
+constexpr double kTolerance = 1.5;
+
+/// Keeps the one run's figures and prints nothing.
+class SilentReporter final : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context& /*context*/) override { return true; }
+    void ReportRuns(const std::vector<Run>& runs) override { last = runs.back(); }
+
+    Run last;
+};
+
+double threadSeconds()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+double median(std::vector<double> figures)
+{
+    const auto middle = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 2);
+    std::nth_element(figures.begin(), middle, figures.end());
+    return *middle;
+}
+
+/// The medians of several sides, measured in turn. The first round warms up and counts for nothing.
+std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int repetitions)
+{
+    std::vector<std::vector<double>> figures(sides.size());
+    for (int round = 0; round <= repetitions; ++round) {
+        for (std::size_t i = 0; i < sides.size(); ++i) {
+            const double figure = sides[i]->repeat();
+            if (round > 0) {
+                figures[i].push_back(figure);
+            }
+        }
+    }
+    std::vector<double> medians;
+    std::transform(figures.begin(), figures.end(), std::back_inserter(medians), median);
+    return medians;
+}
+
+struct Judgement {
+    double ratio;   ///< As the bound counts it.
+    double shortBy; ///< Times that it falls short of the bound; 1 and less: it holds.
+};
+
+Judgement judge(const Bound& bound, double ours, double peer)
+{
+    switch (bound.kind) {
+    case Bound::Kind::atMostTimes: return {ours / peer, ours / peer / bound.value};
+    case Bound::Kind::atLeastTimesFaster: return {peer / ours, bound.value / (peer / ours)};
+    case Bound::Kind::atMost: break;
+    }
+    const double ratio = bound.value == 0 ? (ours == 0 ? 0.0 : kTolerance + ours) : ours / bound.value;
+    return {ratio, ratio};
+}
+
+std::string boundText(const Row& row)
+{
+    switch (row.bound.kind) {
+    case Bound::Kind::atMostTimes: return "at most " + plainNumber(row.bound.value) + " times";
+    case Bound::Kind::atLeastTimesFaster: return "at least " + plainNumber(row.bound.value) + " times faster";
+    case Bound::Kind::atMost: break;
+    }
+    return "at most " + figureText(row.bound.value, row.unit);
+}
+
+/// True where the row did not fail.
+bool runRow(const Row& row, Table& table)
+try {
+    const Sides sides = row.prepare();
+    std::vector<const Side*> inTurn{&sides.ours};
+    if (sides.peer) {
+        inTurn.push_back(&*sides.peer);
+    }
+    const std::vector<double> medians = mediansInTurn(inTurn, row.repetitions);
+    const Judgement judgement = judge(row.bound, medians.front(), medians.back());
+    const bool fails = judgement.shortBy > kTolerance;
+    table.print({row.name, figureText(medians.front(), row.unit),
+                 sides.peer ? sides.peer->name + " " + figureText(medians.back(), row.unit) : "",
+                 sides.peer ? plainNumber(judgement.ratio) : "", boundText(row),
+                 fails                   ? "FAILS"
+                 : judgement.shortBy > 1 ? "falls short"
+                                         : "holds"});
+    return !fails;
+} catch (const std::exception& error) {
+    table.print({row.name, "", "", "", boundText(row), std::string("FAILS: ").append(error.what())});
+    return false;
+}
+
+bool runGrowth(const Growth& growth, Table& table)
+try {
+    std::vector<Side> sides;
+    std::transform(growth.sizes.begin(), growth.sizes.end(), std::back_inserter(sides), growth.prepare);
+    std::vector<const Side*> inTurn;
+    std::transform(sides.begin(), sides.end(), std::back_inserter(inTurn), [](const Side& side) { return &side; });
+    const std::vector<double> medians = mediansInTurn(inTurn, growth.repetitions);
+    std::string figures;
+    for (std::size_t i = 0; i < medians.size(); ++i) {
+        figures.append(i == 0 ? "" : ", ").append(figureText(medians[i], growth.unit));
+        figures.append(" at ").append(groupedNumber(growth.sizes[i]));
+    }
+    const double times = static_cast<double>(growth.sizes.back()) / static_cast<double>(growth.sizes.front());
+    table.print({growth.name, figures, plainNumber(medians.back() / medians.front()),
+                 groupedNumber(static_cast<std::size_t>(times))});
+    return true;
+} catch (const std::exception& error) {
+    table.print({growth.name, std::string("FAILS: ").append(error.what()), "", ""});
+    return false;
+}
+
+/// How a row is told from others of its name.
+std::string label(const Row& row)
+{
+    return std::string(row.name).append(" (").append(boundText(row)).append(")");
+}
+
+std::string label(const Growth& growth)
+{
+    return growth.name;
+}
+
+template <class Item>
+std::vector<std::string> runAll(const std::vector<const Item*>& items, std::vector<std::string> heads,
+                                bool (*run)(const Item&, Table&))
+{
+    std::size_t widest = 0;
+    for (const Item* item : items) {
+        widest = std::max(widest, item->name.size());
+    }
+    Table table(std::cout, std::move(heads), widest);
+    std::vector<std::string> failed;
+    for (const Item* item : items) {
+        if (!run(*item, table)) {
+            failed.push_back(label(*item));
+        }
+    }
+    return failed;
+}
+
+} // namespace
+
+Side timed(std::string name, std::function<void(benchmark::State&)> loop, Timing timing, double seconds)
+{
+    // Registered anew for each repetition: it alone is then run, with the iterations found before.
+    const auto iterations = std::make_shared<benchmark::IterationCount>(0);
+    return {name, [=] {
+                benchmark::ClearRegisteredBenchmarks();
+                benchmark::internal::Benchmark* const registered = benchmark::RegisterBenchmark(name.c_str(), loop);
+                registered->Unit(benchmark::kNanosecond);
+                if (timing == Timing::clock) {
+                    registered->UseRealTime();
+                } else if (timing == Timing::parts) {
+                    registered->UseManualTime();
+                }
+                if (*iterations == 0) {
+                    registered->MinTime(seconds);
+                } else {
+                    registered->Iterations(*iterations);
+                }
+                SilentReporter reporter;
+                benchmark::RunSpecifiedBenchmarks(&reporter);
+                if (reporter.last.error_occurred) {
+                    throw std::runtime_error(reporter.last.error_message);
+                }
+                *iterations = reporter.last.iterations;
+                return timing == Timing::thread ? reporter.last.GetAdjustedCPUTime()
+                                                : reporter.last.GetAdjustedRealTime();
+            }};
+}
+
+void timePart(benchmark::State& state, const std::function<void()>& part)
+{
+    const double begin = threadSeconds();
+    part();
+    state.SetIterationTime(threadSeconds() - begin);
+}
+
+bool Suite::selected(const std::string& name) const
+{
+    return beginnings_.empty() || std::any_of(beginnings_.begin(), beginnings_.end(),
+                                              [&](const std::string& each) { return name.starts_with(each); });
+}
+
+void Suite::list() const
+{
+    for (const Row& row : rows_) {
+        std::cout << label(row) << '\n';
+    }
+    for (const Growth& growth : growths_) {
+        std::cout << growth.name << " (--growth)\n";
+    }
+}
+
+std::vector<std::string> Suite::runRows() const
+{
+    std::vector<const Row*> chosen;
+    for (const Row& row : rows_) {
+        if (selected(row.name)) {
+            chosen.push_back(&row);
+        }
+    }
+    return runAll<Row>(chosen, {"path", "ours", "peer", "ratio", "bound", "verdict"}, runRow);
+}
+
+std::vector<std::string> Suite::runGrowths() const
+{
+    std::vector<const Growth*> chosen;
+    for (const Growth& growth : growths_) {
+        if (selected(growth.name)) {
+            chosen.push_back(&growth);
+        }
+    }
+    return runAll<Growth>(chosen, {"path", "figures", "grows", "while the size grows"}, runGrowth);
+}
+
+} // namespace orvan::bench

@@ -1,0 +1,253 @@
+// C, H and I: the editor without a window: a keystroke, the next product, the extended price.
+
+#include "benchmarks/Allocations.h"
+#include "benchmarks/Comparison.h"
+#include "benchmarks/Samples.h"
+#include "benchmarks/Subjects.h"
+#include "editor/ProductDlg.h"
+#include "editor/frmProductDesign.h"
+#include "fields/FieldEntry.h"
+#include "ui/headless/HeadlessForm.h"
+
+#include <cmath>
+#include <utility>
+
+namespace orvan::bench {
+
+namespace {
+
+using headless::HeadlessForm;
+using Manager = std::shared_ptr<ProductMgr>;
+
+/// Opens the editor on the product at lIndex, lets `act` work in it and closes it, saving.
+void edit(const Manager& manager, std::int32_t lIndex, const std::function<void(HeadlessForm&)>& act)
+{
+    headless::HeadlessPlatform& platform = headlessHost().platform();
+    platform.messageBox().answer(ui::MessageResult::yes);
+    platform.drive([&](HeadlessForm& form) {
+        act(form);
+        form.clickCloseBox();
+    });
+    ProductDlg(platform).Show(manager, lIndex);
+}
+
+/// A side that is measured in the open editor.
+Side inEditor(const Manager& manager, std::function<double(HeadlessForm&)> measure)
+{
+    return {"", [manager, measure = std::move(measure)] {
+                double figure = 0;
+                edit(manager, 1, [&](HeadlessForm& form) { figure = measure(form); });
+                return figure;
+            }};
+}
+
+/// A box that gets a digit and loses it again, so that every second key leaves it as it was.
+class KeyedBox {
+public:
+    KeyedBox(HeadlessForm& form, std::string_view name, std::string_view text) : box_(form.textBox(name))
+    {
+        form.focus(name);
+        box_.select(0, static_cast<std::int32_t>(box_.text().size()));
+        box_.type(text);
+    }
+
+    void press()
+    {
+        if (std::exchange(typed_, !typed_)) {
+            box_.backspace();
+        } else {
+            box_.type("7");
+        }
+    }
+
+private:
+    headless::HeadlessTextBox& box_;
+    bool typed_ = false;
+};
+
+/// One key in the quantity box that holds `text` and takes a digit more.
+Side keystroke(const Manager& manager, std::string text)
+{
+    const auto pressed = std::make_shared<KeyedBox*>();
+    const Side loop = timed("", [pressed](benchmark::State& state) {
+        for ([[maybe_unused]] auto _ : state) {
+            (*pressed)->press();
+        }
+    });
+    return inEditor(manager, [=](HeadlessForm& form) {
+        KeyedBox box(form, "txtQty", text);
+        *pressed = &box;
+        return loop.repeat();
+    });
+}
+
+/// Calls of operator new in a thousand keystrokes, after as many that were not counted.
+Side keystrokeAllocations(const Manager& manager)
+{
+    return inEditor(manager, [](HeadlessForm& form) {
+        constexpr int kKeys = 1'000;
+        std::uint64_t before = 0;
+        for (const char* const text : {"12", ""}) {
+            KeyedBox box(form, "txtQty", text);
+            for (int key = 0; key < kKeys; ++key) {
+                box.press();
+            }
+            const std::uint64_t warm = allocationCount();
+            for (int key = 0; key < kKeys; ++key) {
+                box.press();
+            }
+            before += allocationCount() - warm;
+        }
+        return static_cast<double>(before);
+    });
+}
+
+/// A key in the quantity box, then the tool that saves and goes on to the next product; back in the next iteration.
+Side nextProduct(const Manager& manager)
+{
+    const auto open = std::make_shared<HeadlessForm*>();
+    const Side loop = timed("", [open](benchmark::State& state) {
+        auto& tools = (*open)->control<headless::HeadlessToolBar>("atbMain");
+        auto& quantity = (*open)->textBox("txtQty");
+        (*open)->focus("txtQty");
+        std::size_t i = 0;
+        for ([[maybe_unused]] auto _ : state) {
+            quantity.select(0, static_cast<std::int32_t>(quantity.text().size()));
+            quantity.type(i % 4 < 2 ? "7" : "8");
+            tools.choose(i++ % 2 == 0 ? "ID_GotoNext" : "ID_GotoPrevious");
+        }
+    });
+    return inEditor(manager, [=](HeadlessForm& form) {
+        *open = &form;
+        return loop.repeat();
+    });
+}
+
+Side copyOfString(std::string name, std::string text)
+{
+    return timed(std::move(name), [text = std::move(text)](benchmark::State& state) {
+        for ([[maybe_unused]] auto _ : state) {
+            std::string copy = text;
+            benchmark::DoNotOptimize(copy.data());
+        }
+    });
+}
+
+/// The fields without the editor around them.
+class FieldsAlone final : public EditorSession {
+public:
+    FieldsAlone()
+    {
+        objProductMgr = sampleManager(1'000);
+        objCurrentProduct = objProductMgr->GetProduct(17);
+    }
+
+    ui::Platform& platform() override { return headlessHost().platform(); }
+    std::int32_t window() override { return 0; }
+    void PrvSetDirty(bool bDirty) override { dirty = dirty || bDirty; }
+    void PrvLoadProductInfo() override {}
+    void PrvCloseOnError() override {}
+
+    /// The quantity changes with each price, so that there is one to store.
+    void setQuantity(std::size_t i)
+    {
+        currentProduct().SetQty(Currency::fromScaled((1 + static_cast<std::int64_t>(i % 64)) * Currency::kScale));
+    }
+
+    /// The extended price in double throughout.
+    void priceInDouble() const
+    {
+        ProductRecord& product = currentProduct();
+        const double gross = product.Qty().toDouble() * product.UnitPrice().toDouble();
+        const double price = (1 - product.DiscPrcnt().toDouble() / 100) * gross;
+        product.SetExtPrice(Currency::fromScaled(std::llround(price * double(Currency::kScale))));
+    }
+
+    bool dirty = false;
+
+private:
+    HeadlessForm form_{kProductFormDesign, headlessHost().platform()};
+
+public:
+    FieldEntry fields{*this, form_};
+};
+
+Sides extendedPrice()
+{
+    const auto session = std::make_shared<FieldsAlone>();
+    for (std::size_t i = 0; i < 64; ++i) {
+        session->setQuantity(i);
+        session->fields.PrvCalcExtPrice();
+        const Currency ours = session->currentProduct().ExtPrice();
+        session->priceInDouble();
+        requireSame(ours, session->currentProduct().ExtPrice(), "extended price");
+    }
+    const auto priced = [session](std::string name, auto price) {
+        return timed(std::move(name), [session, price](benchmark::State& state) {
+            std::size_t i = 0;
+            for ([[maybe_unused]] auto _ : state) {
+                session->setQuantity(i++);
+                price(*session);
+            }
+        });
+    };
+    return {priced("", [](FieldsAlone& each) { each.fields.PrvCalcExtPrice(); }),
+            priced("in double", [](FieldsAlone& each) { each.priceInDouble(); })};
+}
+
+/// The total after one record's price has changed.
+Side totalAfterChange(std::string name, std::size_t products)
+{
+    const Manager manager = sampleManager(products);
+    const std::shared_ptr<ProductRecord> record = manager->GetProduct(static_cast<std::int32_t>(products / 2));
+    return timed(std::move(name), [manager, record](benchmark::State& state) {
+        std::int64_t scaled = 0;
+        for ([[maybe_unused]] auto _ : state) {
+            record->SetExtPrice(Currency::fromScaled(++scaled));
+            benchmark::DoNotOptimize(manager->GetTotalValue());
+        }
+    });
+}
+
+std::string wholeString(const Manager& manager)
+{
+    return manager->GetProductsString(kRecordSeparator, kFieldSeparator);
+}
+
+Side renamed(Side side, std::string name)
+{
+    side.name = std::move(name);
+    return side;
+}
+
+} // namespace
+
+void addEditor(Suite& suite)
+{
+    constexpr double kMicrosecond = 1'000;
+    suite.add(Row{"C keystroke, 1,000 products", atMost(kMicrosecond),
+                  [] { return Sides{keystroke(sampleManager(1'000), "12")}; }});
+    suite.add(Row{"C keystroke, 100,000 products", atMost(kMicrosecond),
+                  [] { return Sides{keystroke(sampleManager(100'000), "12")}; }});
+    suite.add(Row{"C keystroke that empties the box or ends that", atMost(kMicrosecond),
+                  [] { return Sides{keystroke(sampleManager(1'000), "")}; }});
+    suite.add(Row{"C keystroke, 100,000 products beside 1,000", atMostTimes(1.2), [] {
+                      return Sides{keystroke(sampleManager(100'000), "12"),
+                                   renamed(keystroke(sampleManager(1'000), "12"), "1,000")};
+                  }});
+    suite.add(Row{"C allocations in 2,000 keystrokes", atMost(0),
+                  [] { return Sides{keystrokeAllocations(sampleManager(100'000))}; }, Unit::count, 1});
+    suite.add(Row{"H next product after a change, 100,000 products", atMostTimes(3), [] {
+                      const Manager manager = sampleManager(100'000);
+                      return Sides{nextProduct(manager), copyOfString("copying the string", wholeString(manager))};
+                  }});
+    suite.add(Row{"I extended price", atMostTimes(1.5), extendedPrice});
+    suite.add(Row{"I total after a change, 100,000 products", atMostTimes(1.2), [] {
+                      return Sides{totalAfterChange("", 100'000), totalAfterChange("1,000", 1'000)};
+                  }});
+    suite.add(Growth{"C keystroke", [](std::size_t size) { return keystroke(sampleManager(size), "12"); }});
+    suite.add(Growth{"H next product", [](std::size_t size) { return nextProduct(sampleManager(size)); }});
+    suite.add(Growth{"I total after a change", [](std::size_t size) { return totalAfterChange("", size); }});
+}
+
+} // namespace orvan::bench

@@ -1,0 +1,12 @@
+// The subjects of the benchmarks: each adds its rows and growths. One file a subject.
+#pragma once
+
+namespace orvan::bench {
+
+class Suite;
+
+void addAmounts(Suite& suite);        ///< E, F: amounts to text and back
+void addProductsString(Suite& suite); ///< G: the list to its string and back
+void addEditor(Suite& suite);         ///< C, H, I: the editor without a window
+
+} // namespace orvan::bench

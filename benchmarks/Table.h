@@ -1,0 +1,32 @@
+// Table: a Markdown table on a stream, row by row as they come, and the figures in its cells.
+#pragma once
+
+#include "benchmarks/Comparison.h"
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace orvan::bench {
+
+class Table {
+public:
+    /// Prints the heads. The first column is at least `firstWidth` wide.
+    Table(std::ostream& out, std::vector<std::string> heads, std::size_t firstWidth);
+
+    void print(const std::vector<std::string>& cells);
+
+private:
+    std::ostream& out_;
+    std::size_t firstWidth_;
+};
+
+/// Three significant digits, in the unit that reads best: "812 ns", "1.25 us", "48.3 ms", "6.1 MB".
+std::string figureText(double figure, Unit unit);
+/// At most three significant digits: "8", "1.5", "0.967", "1140".
+std::string plainNumber(double number);
+/// "100,000".
+std::string groupedNumber(std::size_t number);
+
+} // namespace orvan::bench
