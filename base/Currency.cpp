@@ -102,10 +102,8 @@ Currency Currency::fromText(std::string_view text)
         ++at;
     }
     DecimalReader reader;
-    for (; at < text.size(); ++at) {
-        if (isDigit(text[at])) {
-            reader.digit(static_cast<unsigned>(text[at] - '0'));
-        } else if (text[at] != '.' || !reader.point()) {
+    for (; (at += reader.digits(text.substr(at))) < text.size(); ++at) {
+        if (text[at] != '.' || !reader.point()) {
             raiseNotANumber(text);
         }
     }

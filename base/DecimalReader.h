@@ -1,6 +1,6 @@
 // DecimalReader: an amount from its digits while a text is walked, for whoever knows the text's form.
 //
-//     DecimalReader reader;          reader.digit(d) for each digit, reader.point() where the decimals begin
+//     DecimalReader reader;          reader.digits(rest), reader.point() where the decimals begin
 //     Currency amount = reader.result(negative);
 //
 // Digits beyond the fourth decimal only round, ties to even. Thread: a plain value.
@@ -9,23 +9,34 @@
 #include "base/Currency.h"
 #include "base/RuntimeError.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 #include <utility>
 
 namespace orvan {
 
 class DecimalReader {
 public:
-    void digit(unsigned digit)
+    /// Takes the digits that the text begins with, and returns how many they are.
+    std::size_t digits(std::string_view text)
     {
-        anyDigit_ = true;
-        if (decimals_ < 4 && value_ < kMostButOneDigit) {
-            value_ = value_ * 10 + digit;
-            decimals_ += pointSeen_ ? 1 : 0;
-        } else {
-            drop(digit);
+        std::size_t taken = 0;
+        std::uint64_t value = value_;
+        const auto isDigit = [&] { return taken < text.size() && text[taken] >= '0' && text[taken] <= '9'; };
+        const auto digit = [&] { return static_cast<unsigned>(text[taken] - '0'); };
+        const unsigned room = pointSeen_ ? kDecimals - decimals_ : kNoLimit;
+        for (; taken < room && value < kMostButOneDigit && isDigit(); ++taken) {
+            value = value * 10 + digit();
         }
+        value_ = value;
+        decimals_ += pointSeen_ ? static_cast<unsigned>(taken) : 0;
+        for (; isDigit(); ++taken) {
+            drop(digit());
+        }
+        anyDigit_ |= taken > 0;
+        return taken;
     }
 
     /// False for a second one.
@@ -48,11 +59,13 @@ public:
 
 private:
     /// With one digit more, a value of as many is beyond the range, wherever its point is.
+    static constexpr unsigned kDecimals = 4;
+    static constexpr unsigned kNoLimit = std::numeric_limits<unsigned>::max();
     static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
 
     void drop(unsigned digit)
     {
-        if (decimals_ < 4) {
+        if (decimals_ < kDecimals) {
             tooLarge_ = true; // said at the end: the rest of the text is looked at first
         } else if (!roundingSeen_) {
             roundingSeen_ = true;

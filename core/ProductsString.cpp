@@ -178,13 +178,17 @@ inline bool ProductsReader::isSpecial(char c) const noexcept
     return c == separators_.record || c == separators_.field || c == kEscape;
 }
 
-/// Copies up to the next separator or escape character, or to the text's end, and returns that position.
-inline std::size_t ProductsReader::copyRun(std::size_t from, char* to) const noexcept
+/// The next separator or escape character from there on, or the text's end. What comes before is copied, where a
+/// place for it is given.
+inline std::size_t ProductsReader::endOfRun(std::size_t from, char* to) const noexcept
 {
     // Eight bytes at a time: most of the time that it takes to read a list goes by in here. What is
     // copied beyond the run is overwritten by what follows it.
-    for (; from + 8 <= text_.size(); from += 8, to += 8) {
-        std::memcpy(to, text_.data() + from, 8);
+    for (; from + 8 <= text_.size(); from += 8) {
+        if (to) {
+            std::memcpy(to, text_.data() + from, 8);
+            to += 8;
+        }
         const std::uint64_t word = wordAt(text_.data() + from);
         const std::uint64_t found =
             bytesEqual(word, separators_.record) | bytesEqual(word, separators_.field) | bytesEqual(word, kEscape);
@@ -193,20 +197,32 @@ inline std::size_t ProductsReader::copyRun(std::size_t from, char* to) const noe
         }
     }
     for (; from < text_.size() && !isSpecial(text_[from]); ++from) {
-        *to++ = text_[from];
+        if (to) {
+            *to++ = text_[from];
+        }
     }
     return from;
 }
 
 void ProductsReader::readText(std::size_t field, std::string& value)
 {
-    char* to = unescaped_.get();
-    std::size_t end = copyRun(at_, to);
-    to += end - at_;
-    while (end < text_.size() && text_[end] == kEscape) {
-        const std::size_t escaped = end + 1;
+    const std::size_t begin = at_;
+    at_ = endOfRun(begin, nullptr);
+    if (at_ < text_.size() && text_[at_] == kEscape) {
+        readEscapes(field, begin, value);
+    } else {
+        value.assign(text_, begin, at_ - begin);
+    }
+}
+
+/// The rest of a text that began at `begin` and has come to its first escape.
+void ProductsReader::readEscapes(std::size_t field, std::size_t begin, std::string& value)
+{
+    char* to = std::copy(text_.data() + begin, text_.data() + at_, unescaped_.get());
+    while (at_ < text_.size() && text_[at_] == kEscape) {
+        const std::size_t escaped = at_ + 1;
         if (escaped == text_.size()) {
-            end = escaped; // cut within the escape: closeField says so
+            at_ = escaped; // cut within the escape: closeField says so
             break;
         }
         if (!isSpecial(text_[escaped])) {
@@ -214,11 +230,10 @@ void ProductsReader::readText(std::size_t field, std::string& value)
                    "a backslash stands before a character that needs none");
         }
         *to++ = text_[escaped];
-        end = copyRun(escaped + 1, to);
-        to += end - (escaped + 1);
+        at_ = endOfRun(escaped + 1, to);
+        to += at_ - (escaped + 1);
     }
-    value = std::string(unescaped_.get(), static_cast<std::size_t>(to - unescaped_.get()));
-    at_ = end;
+    value.assign(unescaped_.get(), static_cast<std::size_t>(to - unescaped_.get()));
 }
 
 Currency ProductsReader::readAmount(std::size_t field)

@@ -77,7 +77,8 @@ private:
     std::int32_t readCount();
     void readText(std::size_t field, std::string& value);
     Currency readAmount(std::size_t field);
-    std::size_t copyRun(std::size_t from, char* to) const noexcept;
+    void readEscapes(std::size_t field, std::size_t begin, std::string& value);
+    std::size_t endOfRun(std::size_t from, char* to) const noexcept;
     bool isSpecial(char c) const noexcept;
     void closeField(std::size_t field);
     [[noreturn]] void refuseEnd(std::size_t field) const;
@@ -88,7 +89,7 @@ private:
     std::size_t at_ = 0;
     std::int32_t position_ = 1; // of the record being read
     std::int32_t count_ = 0;
-    std::unique_ptr<char[]> unescaped_; // the field's text; room for the longest, of which little is ever touched
+    std::unique_ptr<char[]> unescaped_; // a text that had escapes; room for the longest, little of it ever touched
 };
 
 } // namespace orvan

@@ -3,6 +3,8 @@
 #include "base/Text.h"
 #include "ui/LocaleService.h"
 
+#include <algorithm>
+
 namespace orvan {
 
 namespace {
@@ -22,42 +24,50 @@ void removeAll(std::string& text, std::string_view part)
     }
 }
 
+bool isAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
 
-/// Appends the digits and the decimal separators of a text.
-void appendKept(std::string& kept, std::string_view sText, std::string_view sDecimalSep)
+/// The digits and decimal separators of a text, in place of what stands in `kept`; the text's length is room enough.
+/// Empty where there is no digit.
+std::string_view keepAmount(char* kept, std::string_view sText, std::string_view sDecimalSep)
 {
+    // A digit is kept anyway, so that "0" stands for no separator of one byte.
+    const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
+    char* end = kept;
+    bool anyDigit = false;
     for (std::size_t at = 0; at < sText.size();) {
-        if (isDigit(sText[at])) {
-            kept += sText[at++];
-            continue;
+        const char c = sText[at];
+        if (isAscii(c)) {
+            // Without a branch: nobody foretells where in a text the separators stand.
+            *end = c;
+            end += static_cast<int>(isDigit(c)) | static_cast<int>(c == decimal);
+            anyDigit |= isDigit(c);
+            ++at;
+        } else {
+            const std::string_view character = sText.substr(at, characterSize(sText, at));
+            end = std::copy_n(character.begin(), character == sDecimalSep ? character.size() : 0, end);
+            at += character.size();
         }
-        const std::string_view character = sText.substr(at, characterSize(sText, at));
-        if (character[0] == sDecimalSep[0] && character == sDecimalSep) {
-            kept += character;
-        }
-        at += character.size();
     }
+    return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
 }
 
 Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 try {
-    // What is typed has nothing to drop, as a rule, and is then read where it stands.
-    const char decimal = sDecimalSep.size() == 1 ? sDecimalSep[0] : '0';
-    bool anyDigit = false;
-    std::size_t at = 0;
-    for (; at < sText.size() && (isDigit(sText[at]) || sText[at] == decimal); ++at) {
-        anyDigit |= isDigit(sText[at]);
+    char typed[64]; // room for what is typed, as a rule
+    std::string longer;
+    if (sText.size() > sizeof typed) {
+        longer.resize(sText.size());
     }
-    if (at == sText.size()) {
-        return anyDigit ? locale.textToCurrency(sText) : Currency(); // a box just emptied is no exception
-    }
-    std::string kept(sText.substr(0, at));
-    appendKept(kept, sText.substr(at), sDecimalSep);
-    return locale.textToCurrency(kept);
+    const std::string_view kept = keepAmount(longer.empty() ? typed : longer.data(), sText, sDecimalSep);
+    return kept.empty() ? Currency() : locale.textToCurrency(kept); // a box just emptied is no exception
 } catch (...) {
     return Currency(); // a user may type anything: what is not an amount is none
 }

@@ -107,13 +107,9 @@ Currency readAmount(std::string_view text, const NumberPattern& number, const Nu
         }
         return separator.size();
     };
-    while (!text.empty()) {
+    while (text.remove_prefix(reader.digits(text)), !text.empty()) {
         std::size_t taken = 0;
-        if (isDigit(text.front())) {
-            do {
-                reader.digit(static_cast<unsigned>(text[taken] - '0'));
-            } while (++taken < text.size() && isDigit(text[taken]));
-        } else if (startsWith(text, number.decimalSeparator)) {
+        if (startsWith(text, number.decimalSeparator)) {
             taken = point(number.decimalSeparator);
         } else if (startsWith(text, money.decimalSeparator)) {
             taken = point(money.decimalSeparator);
