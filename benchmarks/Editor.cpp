@@ -154,13 +154,17 @@ public:
         currentProduct().SetQty(Currency::fromScaled((1 + static_cast<std::int64_t>(i % 64)) * Currency::kScale));
     }
 
-    /// The extended price in double throughout.
-    void priceInDouble() const
+    /// The same procedure with two operations in double in place of the exact ones.
+    void priceInDouble()
     {
         ProductRecord& product = currentProduct();
         const double gross = product.Qty().toDouble() * product.UnitPrice().toDouble();
         const double price = (1 - product.DiscPrcnt().toDouble() / 100) * gross;
-        product.SetExtPrice(Currency::fromScaled(std::llround(price * double(Currency::kScale))));
+        const Currency extPrice = Currency::fromScaled(std::llround(price * double(Currency::kScale)));
+        if (product.ExtPrice() != extPrice) {
+            PrvSetDirty(true);
+        }
+        product.SetExtPrice(extPrice);
     }
 
     bool dirty = false;
