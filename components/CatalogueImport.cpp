@@ -90,14 +90,16 @@ public:
                 return std::move(result_);
             }
         }
-        result_.outcome = result_.refusedCount > 0 ? Outcome::refused : Outcome::cancelled;
+        result_.outcome = result_.refusedCount > 0          ? Outcome::refused
+                          : !result_.ambiguousPrice.empty() ? Outcome::ambiguous
+                                                            : Outcome::cancelled;
         return std::move(result_);
     }
 
 private:
     bool goesOn() const { return !options_.progress || options_.progress(progress_); }
 
-    /// False when cancelled. Reads the file once more, up to the first price that tells.
+    /// False when cancelled, and when no price tells. Reads the file once more, up to the first one that does.
     bool findDecimalSeparator()
     {
         result_.decimalSeparator = options_.decimalSeparator;
@@ -122,11 +124,8 @@ private:
             case DecimalEvidence::point: return true;
             }
         }
-        if (!ambiguous.empty()) {
-            raise(ErrorNumber::invalidFileFormat, file_,
-                  "prices such as \"" + ambiguous + "\" can be read in two ways; name the decimal separator");
-        }
-        return true;
+        result_.ambiguousPrice = ambiguous;
+        return ambiguous.empty();
     }
 
     /// False when the file is not to be used.

@@ -20,7 +20,7 @@
 // not UTF-8, neither name nor part number, a quote that is not closed or has text behind it.
 //
 // The decimal separator is found by the first price that can be read in one way only. Where there is none,
-// prices such as "1,234" raise 321: a guess could be wrong by a factor of thousand.
+// prices such as "1,234" end the import: a guess could be wrong by a factor of thousand.
 //
 // Thread: any; `progress` is called in it. Errors: 75 for a file that cannot be read or written, 321 for one
 // that cannot be understood, both with the file and the reason; 5 for an unusable option.
@@ -66,13 +66,19 @@ struct RefusedRow {
 };
 
 struct CatalogueImportResult {
-    enum class Outcome { imported, refused, cancelled };
+    enum class Outcome {
+        imported,
+        refused,   ///< Because of rows.
+        ambiguous, ///< The prices can be read in two ways; name the decimal separator.
+        cancelled
+    };
 
     Outcome outcome = Outcome::imported;
     std::uint64_t rows = 0;         ///< Read, the header and refused ones excluded.
     std::uint64_t refusedCount = 0; ///< At least one when refused.
     std::vector<RefusedRow> refused;
-    char delimiter = 0; ///< What was found or named.
+    std::string ambiguousPrice; ///< One of them, when ambiguous.
+    char delimiter = 0;         ///< What was found or named.
     char decimalSeparator = 0;
 };
 

@@ -46,8 +46,9 @@ public:
 
     /// Something was changed. Neither a save nor the closing clears it; the answer No to saving does.
     bool Dirty() const { return bDirty_; }
-    /// The form was closed because of an error of its own. Nobody but tests asks so far.
+    /// The form was closed because of an error of its own. Nobody but tests asks so far, as for the next.
     bool DialogError() const { return bDialogError_; }
+    const LookUpBoxes::State& lookUpState() const { return lookUp_.state(); }
 
 private:
     // EditorSession

@@ -41,7 +41,7 @@ search      Lists the entries whose name or part number begins with TEXT, as the
   --most N            as many of each at most; 20 where it is not given
 statistics  Counts entries and prices.
 
-Ends with 0: done; 1: nothing was found, or rows were refused; 2: it failed; 130: cancelled.
+Ends with 0: done; 1: nothing was found, or the file was refused; 2: it failed; 130: cancelled.
 )";
 
 struct WrongUse {
@@ -133,6 +133,11 @@ int report(const CatalogueImportResult& result, const std::string& source, const
     if (result.outcome == Outcome::cancelled) {
         std::cerr << "orvan-catalogue: cancelled; " << catalogue << " is as it was\n";
         return kCancelled;
+    }
+    if (result.outcome == Outcome::ambiguous) {
+        std::cerr << "orvan-catalogue: prices such as \"" << result.ambiguousPrice
+                  << "\" can be read in two ways; name the separator with --decimal\n";
+        return kNothing;
     }
     for (const orvan::RefusedRow& row : result.refused) {
         std::cerr << source << ':' << row.line << ": " << row.reason << '\n';

@@ -10,6 +10,7 @@ namespace orvan::desk {
 namespace {
 
 constexpr float kMenuEdge = 0.25F;
+constexpr int kRowSpace = 6; // pixels between the rows of a list
 
 /// A sign on a disc, drawn anew in each size it is asked for.
 class MessagePicture final : public QIconEngine {
@@ -60,6 +61,13 @@ int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     case SH_EtchDisabledText: return 0; // its light edge would double the text on a dark ground
     default: return QProxyStyle::styleHint(hint, option, widget, result);
     }
+}
+
+QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                  const QWidget* widget) const
+{
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_ItemViewItem ? size + QSize(0, kRowSpace) : size;
 }
 
 void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -1,5 +1,7 @@
 #include "MainWindow.h"
 
+#include "CatalogueMenu.h"
+
 #include "base/RuntimeError.h"
 #include "core/ProductMgr.h"
 #include "hosting/ProductViewWidget.h"
@@ -223,6 +225,18 @@ void MainWindow::useTheme(Theme theme)
     applyTheme(theme);
 }
 
+void MainWindow::useCatalogue(const QString& file, bool sampleIfNone)
+{
+    auto* const menu =
+        new CatalogueMenu(file, this, [this](const QString& what, const QString& why, const QString& details) {
+            tell(what, why, details);
+        });
+    menuBar()->addMenu(menu);
+    if (sampleIfNone) {
+        QTimer::singleShot(0, menu, &CatalogueMenu::importSampleIfNone);
+    }
+}
+
 Quote MainWindow::currentQuote() const
 {
     return Quote{.customer = customer_->text(),
@@ -366,7 +380,7 @@ void MainWindow::updateTitle()
     setWindowModified(isUnsaved());
 }
 
-void MainWindow::tell(const QString& what, const QString& why)
+void MainWindow::tell(const QString& what, const QString& why, const QString& details)
 {
     if (onProblem) {
         onProblem(what + u' ' + why);
@@ -374,6 +388,7 @@ void MainWindow::tell(const QString& what, const QString& why)
     }
     QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText); // a file's name or content is nobody's markup
+    box.setDetailedText(details);
     box.exec();
 }
 

@@ -31,6 +31,9 @@ public:
     bool openSample(const QString& name);
 
     void useTheme(Theme theme);
+    /// Adds the menu of the catalogue of products where the editor looks them up (lookUpProductsIn).
+    /// `sampleIfNone`: where there is none, it is made of the sample products once the event loop runs.
+    void useCatalogue(const QString& file, bool sampleIfNone);
 
     /// Takes what would be told in a message box, where nobody is there to answer one.
     std::function<void(const QString& problem)> onProblem;
@@ -59,7 +62,7 @@ private:
     /// True when nothing would be lost, or the user agreed to lose it.
     bool mayDiscard();
     void updateTitle();
-    void tell(const QString& what, const QString& why);
+    void tell(const QString& what, const QString& why, const QString& details = {});
 
     QLineEdit* customer_ = nullptr;
     QLineEdit* number_ = nullptr;

@@ -1,16 +1,15 @@
 // orvan-desk: opens, edits and saves quotes.
 
+#include "CatalogueMenu.h"
 #include "MainWindow.h"
 
 #include "base/RuntimeError.h"
-#include "hosting/QtHost.h"
 #include "hosting/Version.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QTextStream>
 #include <QTimer>
 
@@ -37,22 +36,6 @@ QString sampleNames()
         names << sample.baseName();
     }
     return names.join(QStringLiteral(", "));
-}
-
-/// The desk's editor looks products up in this file. What is wrong with it is told once, when the editor
-/// first asks, and the editor works without entries.
-void useCatalogue(const QString& path)
-{
-    orvan::HostOptions options;
-    options.components.catalogue.file = std::filesystem::path(path.toStdU16String());
-    options.components.catalogue.report = [](std::string_view problem) {
-        QMessageBox box(QMessageBox::Warning, QStringLiteral("Orvan Desk"),
-                        QString::fromUtf8(problem.data(), static_cast<qsizetype>(problem.size())), QMessageBox::Ok,
-                        QApplication::activeWindow());
-        box.setTextFormat(Qt::PlainText);
-        box.exec();
-    };
-    orvan::setQtHostOptions(options);
 }
 
 /// What is wrong with the arguments; empty for nothing.
@@ -90,9 +73,9 @@ int main(int argc, char** argv)
                                     QStringLiteral("name"));
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Colours of this run: light or dark."),
                                    QStringLiteral("theme"));
-    const QCommandLineOption catalogue(
-        QStringLiteral("catalogue"), QStringLiteral("Look products up in this catalogue (orvan-catalogue makes one)."),
-        QStringLiteral("file"));
+    const QCommandLineOption catalogue(QStringLiteral("catalogue"),
+                                       QStringLiteral("Look products up in this catalogue, and not in the user's own."),
+                                       QStringLiteral("file"));
     const QCommandLineOption render(QStringLiteral("render"), QStringLiteral("Write a picture of the window and end."),
                                     QStringLiteral("png"));
     parser.addOptions({sample, theme, catalogue, render});
@@ -103,9 +86,9 @@ int main(int argc, char** argv)
     }
 
     try {
-        if (parser.isSet(catalogue)) {
-            useCatalogue(parser.value(catalogue));
-        }
+        const bool ownCatalogue = parser.isSet(catalogue);
+        const QString products = ownCatalogue ? parser.value(catalogue) : orvan::desk::defaultCatalogueFile();
+        orvan::desk::lookUpProductsIn(products);
         orvan::desk::MainWindow window;
         if (parser.isSet(theme)) {
             window.useTheme(orvan::desk::themeNamed(parser.value(theme)));
@@ -113,6 +96,7 @@ int main(int argc, char** argv)
         if (parser.isSet(render)) {
             window.onProblem = [](const QString& problem) { QTextStream(stderr) << problem << '\n'; };
         }
+        window.useCatalogue(products, !ownCatalogue);
         window.show();
         const QStringList files = parser.positionalArguments();
         const bool opened = !files.isEmpty()       ? window.open(files.constFirst())

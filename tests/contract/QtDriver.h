@@ -154,7 +154,8 @@ public:
     }
     void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) override
     {
-        QTest::keyClick(&focus(box), Qt::Key_Home, Qt::ControlModifier);
+        QTest::keyClick(&focus(box), Qt::Key_Home, Qt::ControlModifier); // which a line does not know
+        QTest::keyClick(&focus(box), Qt::Key_Home);
         for (std::int32_t step = 0; step < start + length; ++step) {
             QTest::keyClick(&focus(box), Qt::Key_Right, step < start ? Qt::NoModifier : Qt::ShiftModifier);
         }

@@ -1,7 +1,12 @@
+#include "CatalogueMenu.h"
 #include "MainWindow.h"
 
+#include "components/Catalogue.h"
+#include "components/CatalogueFile.h"
+#include "core/ProductsString.h"
 #include "hosting/ProductViewWidget.h"
 #include "hosting/QtHost.h"
+#include "lookup/LookUpValue.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 
@@ -41,6 +46,12 @@ public:
             asked = box.text().toStdString();
             QTest::mouseClick(box.button(button), Qt::LeftButton);
         });
+    }
+
+    static std::int64_t entriesIn(const QString& catalogue)
+    {
+        SqliteFile file = openCatalogue(catalogue.toStdString());
+        return catalogueStatistics(file).entries;
     }
 
     QTemporaryDir folder;
@@ -107,8 +118,11 @@ TEST_F(DeskTest, AQuoteComesBackAsItWasSaved)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "and nothing beside it";
 }
 
-TEST_F(DeskTest, EverySampleOpens)
+TEST_F(DeskTest, EverySampleOpensAndSellsWhatIsInTheCatalogue)
 {
+    const QString file = folder.filePath(QStringLiteral("goods.catalogue"));
+    CatalogueMenu(file, nullptr, {}).importSampleIfNone();
+    SqliteCatalogue catalogue({.file = file.toStdString()});
     MainWindow window;
     const auto samples = QDir(QStringLiteral(":/samples")).entryInfoList();
     ASSERT_EQ(samples.size(), 3);
@@ -116,7 +130,60 @@ TEST_F(DeskTest, EverySampleOpens)
         EXPECT_TRUE(window.openSample(sample.baseName())) << sample.baseName().toStdString();
         EXPECT_GT(window.findChild<ProductViewWidget*>()->TotalValue(), Currency());
         EXPECT_FALSE(window.isWindowModified()) << sample.baseName().toStdString();
+
+        const std::string products = window.findChild<ProductViewWidget*>()->Products();
+        for (ProductsReader reader(products, {}); reader.more();) {
+            const ProductFields product = reader.next();
+            const LookUpList found = catalogue.GetPartNumList(product.partNum, false);
+            ASSERT_TRUE(found) << product.partNum;
+            catalogue.SeekItem(static_cast<std::int32_t>(found->front().itemId));
+            EXPECT_EQ(toText(catalogue.GetFieldValue(3)), product.name);
+            EXPECT_EQ(toText(catalogue.GetFieldValue(4)), product.key) << product.name;
+            EXPECT_EQ(catalogue.GetFieldValue(6), LookUpValue(product.unitPrice)) << product.name;
+        }
     }
+}
+
+/// A price list's ways into the catalogue: the answers to what is asked, and what the catalogue holds then.
+TEST_F(DeskTest, APriceListIsImportedAsAWholeOrNotAtAll)
+{
+    const QString catalogue = folder.filePath(QStringLiteral("new/goods.catalogue"));
+    const QByteArray head = "part number,product,price\n";
+    std::string problem;
+    CatalogueMenu menu(catalogue, nullptr, [&](const QString& what, const QString& why, const QString& details) {
+        problem = (what + why + details).toStdString();
+    });
+    menu.importSampleIfNone();
+    EXPECT_GT(entriesIn(catalogue), 290) << problem;
+    for (const auto& [list, answer, entries, told] : Rows<QByteArray, const char*, std::int64_t, const char*>{
+             {head + "A,Alpha,1\nB,Beta,2.50\n", "OK", 2, ""},
+             {head + "A,Alpha,1\nB,Beta,free\n", nullptr, 2, "Line 3: the unit price \"free\""},
+             {"nothing", nullptr, 2, "no column for the name"},
+             {head + "A,Alpha,\"1,234\"\n", "Cancel", 2, ""},
+             {head + "A,Alpha,\"1,234\"\n", "1.234", 1, ""},
+             {head + QByteArray("A,Alpha,1.5\n").repeated(400'000), "Cancel", 1, ""}}) {
+        problem.clear();
+        const std::string press = answer ? answer : "";
+        QTimer user; // presses a button in each window that comes up; OK where there is no such one
+        QObject::connect(&user, &QTimer::timeout, [&] {
+            if (QWidget* const window = QApplication::activeModalWidget()) {
+                QAbstractButton* button = nullptr;
+                for (auto* each : window->findChildren<QAbstractButton*>()) {
+                    const std::string text = each->text().remove(u'&').toStdString();
+                    button = text == press || (!button && text == "OK") ? each : button;
+                }
+                QTest::mouseClick(button, Qt::LeftButton);
+            }
+        });
+        user.start(10);
+        menu.importFrom(write(list, QStringLiteral("list.csv")));
+        EXPECT_EQ(entriesIn(catalogue), entries) << list.left(60).toStdString();
+        EXPECT_THAT(problem, HasSubstr(told));
+        EXPECT_EQ(problem.empty(), std::string(told).empty()) << problem;
+    }
+    EXPECT_EQ(QDir(folder.filePath(QStringLiteral("new"))).entryList(QDir::Files).size(), 1);
+    menu.importSampleIfNone();
+    EXPECT_EQ(entriesIn(catalogue), 1) << "the user's own catalogue stays";
 }
 
 TEST_F(DeskTest, DamagedSettingsDoNotKeepTheDeskShut)

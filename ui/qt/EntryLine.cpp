@@ -92,10 +92,13 @@ void EntryLine::focusInEvent(QFocusEvent* event)
 
 void EntryLine::focusOutEvent(QFocusEvent* event)
 {
-    const Qt::FocusReason reason = event->reason();
+    // A combo box moves the focus into its list without calling that a pop-up's, and the line would drop
+    // its selection: the completed tail that the next key is to replace.
+    const Qt::FocusReason reason = QApplication::activePopupWidget() ? Qt::PopupFocusReason : event->reason();
     left_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::MenuBarFocusReason &&
             reason != Qt::PopupFocusReason; // from those it comes back
-    QLineEdit::focusOutEvent(event);
+    QFocusEvent left(event->type(), reason);
+    QLineEdit::focusOutEvent(&left);
 }
 
 void EntryLine::mouseReleaseEvent(QMouseEvent* event)

@@ -1,0 +1,248 @@
+#include "CatalogueMenu.h"
+
+#include "base/RuntimeError.h"
+#include "hosting/QtHost.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+
+#include <atomic>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+namespace orvan::desk {
+
+namespace {
+
+using Outcome = CatalogueImportResult::Outcome;
+
+const QString kSample = QStringLiteral(":/catalogue/products.csv");
+const QString kFilter = QStringLiteral("Price lists (*.csv *.tsv *.txt);;All files (*)");
+
+/// Milliseconds. An import that is over by then shows no progress: a window that flickers up helps nobody.
+constexpr unsigned kUnnoticed = 200;
+constexpr int kBetweenLooks = 40;
+constexpr int kSteps = 1000;
+/// Refused rows in the message itself; all that are described stand in its details.
+constexpr qsizetype kRowsInMessage = 5;
+
+std::filesystem::path pathOf(const QString& name)
+{
+    return std::filesystem::path(name.toStdU16String());
+}
+
+QString shortName(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+
+/// An import's progress, written by its thread and read by the user's.
+struct Progress {
+    std::atomic<int> step = 0;
+    std::atomic<std::uint64_t> rows = 0;
+    std::atomic<bool> indexing = false;
+    std::atomic<bool> cancelled = false;
+
+    bool take(const CatalogueImportProgress& progress)
+    {
+        const bool builds = progress.indexesTotal > 0; // which takes about as long as reading
+        const double read = progress.bytesTotal > 0 ? double(progress.bytesRead) / double(progress.bytesTotal) : 0;
+        const double half = builds ? double(progress.indexesBuilt) / progress.indexesTotal : read;
+        step = static_cast<int>((half + (builds ? 1 : 0)) / 2 * kSteps);
+        rows = progress.rows;
+        indexing = builds;
+        return !cancelled;
+    }
+};
+
+} // namespace
+
+QString defaultCatalogueFile()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+        .filePath(QStringLiteral("products.catalogue"));
+}
+
+void lookUpProductsIn(const QString& catalogue)
+{
+    HostOptions options;
+    options.components.catalogue.file = pathOf(catalogue);
+    options.components.catalogue.report = [](std::string_view problem) {
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("Orvan Desk"),
+                        QString::fromUtf8(problem.data(), static_cast<qsizetype>(problem.size())), QMessageBox::Ok,
+                        QApplication::activeWindow());
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+    };
+    setQtHostOptions(options);
+}
+
+CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tell)
+    : QMenu(tr("Ca&talogue"), window), catalogue_(catalogue), window_(window), tell_(std::move(tell))
+{
+    addAction(tr("&Import Price List…"), this, &CatalogueMenu::chooseAndImport);
+    addAction(tr("Use the &Sample Products"), this, [this] {
+        if (importSample()) {
+            QMessageBox::information(window_, tr("Orvan Desk"), tr("The sample products are the catalogue now."));
+        }
+    });
+}
+
+void CatalogueMenu::importSampleIfNone()
+{
+    if (!QFileInfo::exists(catalogue_)) {
+        importSample();
+    }
+}
+
+/// The sample is part of the program, and an import reads a file.
+bool CatalogueMenu::importSample()
+{
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(shortName(kSample));
+    try {
+        if (!QDir().mkpath(QFileInfo(catalogue_).path()) || !QFile::copy(kSample, copy)) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "There is no place to write to.");
+        }
+        return importShowingProgress(copy, '.').outcome == Outcome::imported;
+    } catch (const std::exception& error) {
+        tell_(tr("The sample products could not be made the catalogue."), QString::fromUtf8(error.what()), {});
+        return false;
+    }
+}
+
+void CatalogueMenu::chooseAndImport()
+{
+    const QString source = QFileDialog::getOpenFileName(window_, tr("Import Price List"), {}, kFilter);
+    if (!source.isEmpty()) {
+        importFrom(source);
+    }
+}
+
+bool CatalogueMenu::importFrom(const QString& source)
+{
+    CatalogueImportResult result;
+    try {
+        QDir().mkpath(QFileInfo(catalogue_).path());
+        result = import(source);
+    } catch (const std::exception& error) {
+        tell_(tr("“%1” could not be imported.").arg(shortName(source)), QString::fromUtf8(error.what()), {});
+        return false;
+    }
+    if (result.outcome == Outcome::refused) {
+        tellRefused(source, result);
+    } else if (result.outcome == Outcome::imported) {
+        QMessageBox::information(
+            window_, tr("Orvan Desk"),
+            tr("%1 products are in the catalogue now.").arg(QLocale().toString(qulonglong(result.rows))));
+    }
+    return result.outcome == Outcome::imported;
+}
+
+CatalogueImportResult CatalogueMenu::import(const QString& source)
+{
+    CatalogueImportResult result = importShowingProgress(source, 0);
+    if (result.outcome == Outcome::ambiguous) {
+        const char decimalSeparator = askDecimalSeparator(QString::fromStdString(result.ambiguousPrice));
+        result.outcome = Outcome::cancelled;
+        if (decimalSeparator != 0) {
+            return importShowingProgress(source, decimalSeparator);
+        }
+    }
+    return result;
+}
+
+CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source, char decimalSeparator)
+{
+    Progress progress;
+    CatalogueImportResult result;
+    std::exception_ptr failure;
+    const std::unique_ptr<QThread> thread(QThread::create([&] {
+        try {
+            CatalogueImportOptions options;
+            options.decimalSeparator = decimalSeparator;
+            options.progress = [&](const CatalogueImportProgress& state) { return progress.take(state); };
+            result = importCatalogue(pathOf(source), pathOf(catalogue_), options);
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    }));
+    thread->start();
+    if (!thread->wait(kUnnoticed)) {
+        QProgressDialog dialog(tr("Reading “%1”…").arg(shortName(source)), tr("Cancel"), 0, kSteps, window_);
+        dialog.setWindowTitle(tr("Import Price List"));
+        dialog.setWindowModality(Qt::WindowModal);
+        dialog.setMinimumDuration(0);
+        dialog.setAutoReset(false); // it ends with the thread, not with the last step
+        dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 60);
+        QTimer look;
+        connect(&look, &QTimer::timeout, &dialog, [&] {
+            const QString rows = QLocale().toString(qulonglong(progress.rows));
+            dialog.setLabelText(progress.indexing ? tr("Sorting %1 products…").arg(rows)
+                                                  : tr("Reading “%1”… %2 products").arg(shortName(source), rows));
+            dialog.setValue(progress.step);
+        });
+        look.start(kBetweenLooks);
+        connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { progress.cancelled = true; });
+        connect(thread.get(), &QThread::finished, &dialog, &QDialog::accept);
+        if (!thread->isFinished()) {
+            dialog.exec();
+        }
+        thread->wait();
+    }
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+    return result;
+}
+
+char CatalogueMenu::askDecimalSeparator(const QString& price)
+{
+    QString asPoint = price, asComma = price;
+    asPoint.remove(u',');
+    asComma.remove(u'.').replace(u',', u'.');
+    QMessageBox box(QMessageBox::Question, tr("Orvan Desk"),
+                    tr("The prices of this list can be read in two ways. What does “%1” mean?").arg(price),
+                    QMessageBox::Cancel, window_);
+    const auto choice = [&](const QString& number) {
+        return box.addButton(QLocale().toString(number.toDouble(), 'f', number.contains(u'.') ? 3 : 2),
+                             QMessageBox::AcceptRole);
+    };
+    const QPushButton* const point = choice(asPoint);
+    const QPushButton* const comma = choice(asComma);
+    box.setDefaultButton(QMessageBox::Cancel); // a guess could be wrong by a factor of thousand
+    box.exec();
+    return box.clickedButton() == point ? '.' : box.clickedButton() == comma ? ',' : char(0);
+}
+
+void CatalogueMenu::tellRefused(const QString& source, const CatalogueImportResult& result)
+{
+    QStringList rows;
+    for (const RefusedRow& row : result.refused) {
+        rows << tr("Line %1: %2").arg(row.line).arg(QString::fromStdString(row.reason));
+    }
+    if (result.refusedCount > result.refused.size()) {
+        rows << tr("… and %1 more").arg(result.refusedCount - result.refused.size());
+    }
+    const QString what = result.refusedCount == 1 ? tr("“%1” was not imported: a row cannot be taken.")
+                                                  : tr("“%1” was not imported: %2 rows cannot be taken.");
+    const bool all = rows.size() <= kRowsInMessage;
+    tell_(result.refusedCount == 1 ? what.arg(shortName(source)) : what.arg(shortName(source)).arg(result.refusedCount),
+          rows.mid(0, kRowsInMessage).join(u'\n') + (all ? QString() : QStringLiteral("\n…")) +
+              tr("\n\nThe catalogue is as it was."),
+          all ? QString() : rows.join(u'\n'));
+}
+
+} // namespace orvan::desk

@@ -1,0 +1,102 @@
+"""The desk in a real window, with the mouse and keys of an X server (xvfb), xdotool and a window manager
+(openbox), which gives a closed dialog's focus back to the desk, as on a person's screen."""
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import time
+
+TITLE = "office.quote.json"
+DESK = f"{TITLE} – Orvan Desk"
+MODIFIED = f"{TITLE}* – Orvan Desk"
+PATIENCE = 20  # seconds
+FIRST_ROW, ROW_HEIGHT, ROW_X = 128, 22, 200  # pixels inside the desk's window
+COLUMN_ONE = (600, 104)  # its header
+SAVE = (174, 24)  # from the editor's right and lower edge
+
+
+def xdotool(*arguments: object) -> str:
+    words = ["xdotool", *map(str, arguments)]
+    return subprocess.run(words, capture_output=True, text=True, check=False).stdout
+
+
+def keys(*names: str) -> None:
+    for name in names:
+        xdotool("key", "--clearmodifiers", name)
+        time.sleep(0.05)
+
+
+def titles() -> list[str]:
+    windows = xdotool("search", "--onlyvisible", "--name", ".").split()
+    return [xdotool("getwindowname", window).strip() for window in windows]
+
+
+def wait_for(what: str, holds) -> None:
+    end = time.monotonic() + PATIENCE
+    while not holds():
+        if time.monotonic() > end:
+            sys.exit(f"{what}: not so after {PATIENCE} s; windows: {titles()}")
+        time.sleep(0.05)
+    time.sleep(0.2)  # the window that came up has its first focus
+
+
+def wait_for_title(title: str) -> None:
+    wait_for(f'window "{title}"', lambda: title in titles())
+
+
+def click(place: tuple[int, int], *how: object) -> None:
+    window = xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
+    xdotool("mousemove", "--window", window, *place, "click", *how)
+
+
+def double_click(row: int, times: int = 1) -> None:
+    click((ROW_X, FIRST_ROW + ROW_HEIGHT * (row - 1)), "--repeat", 2 * times, "--delay", 60, 1)
+
+
+def click_save() -> None:
+    window = xdotool("getactivewindow").strip()
+    shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
+    place = int(shell["WIDTH"]) - SAVE[0], int(shell["HEIGHT"]) - SAVE[1]
+    xdotool("mousemove", "--window", window, *place, "click", 1)
+
+
+class Desk:
+    """A desk with a quote of its own, for a `with` statement; nothing of it stays behind in `folder`'s user."""
+
+    def __init__(self, program: str, folder: str, quote: dict):
+        self.folder = pathlib.Path(folder)
+        self.quote = self.folder / TITLE
+        self.quote.write_text(json.dumps(quote))
+        self.program = program
+
+    def __enter__(self) -> "Desk":
+        environment = dict(os.environ, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+                           **{f"XDG_{kind}_HOME": str(self.folder) for kind in ("CONFIG", "STATE", "DATA")})
+        self.manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
+        time.sleep(0.5)
+        self.process = subprocess.Popen([self.program, "--theme", "light", str(self.quote)], env=environment)
+        wait_for_title(DESK)
+        wait_for("the sample catalogue", lambda: (self.folder / "orvan-desk/products.catalogue").exists())
+        return self
+
+    def saved(self) -> dict:
+        """What the quote's file holds after Ctrl+S."""
+        keys("ctrl+s")
+        wait_for("a quote that is saved", lambda: titles() == [DESK])
+        return json.loads(self.quote.read_text())
+
+    def trace(self) -> list[str]:
+        """Its lines, without times, threads and depths."""
+        files = self.folder.glob("orvan/trace-*.log")
+        return [line.split(maxsplit=4)[4] for file in files for line in file.read_text().splitlines()]
+
+    def __exit__(self, failure, *_: object) -> None:
+        if failure is None:
+            keys("ctrl+q")
+            assert self.process.wait(PATIENCE) == 0
+            errors = [line for line in self.trace() if line.startswith("error ")]
+            assert not errors, errors
+        self.process.kill()
+        self.manager.terminate()
+        self.manager.wait()

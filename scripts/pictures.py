@@ -1,0 +1,74 @@
+"""Takes pictures of the desk at work. Usage: xvfb-run python3 pictures.py DESK QUOTE FOLDER"""
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+from desk_window import COLUMN_ONE, Desk, click, double_click, keys, titles, wait_for, wait_for_title, xdotool
+
+FRAME_X, FRAME_TOP, FRAME_BOTTOM = 1, 20, 5  # pixels that the window manager adds
+LONG_LIST = 2_000_000  # rows whose import can be watched
+
+
+def take(path: pathlib.Path) -> None:
+    """The desk and what stands in front of it."""
+    window = xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
+    shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
+    x, y, width, height = (int(shell[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+    # xdotool adds the frame to the place of what is inside it.
+    area = f"{width + 2 * FRAME_X}x{height + FRAME_TOP + FRAME_BOTTOM}+{x - 2 * FRAME_X}+{y - 2 * FRAME_TOP}"
+    time.sleep(0.5)  # painted
+    subprocess.run(["import", "-window", "root", "-crop", area, "+repage", "-strip", str(path)], check=True)
+    print(path)
+
+
+def edit(folder: pathlib.Path) -> None:
+    double_click(6)
+    wait_for_title("Desk lamp, dimmable (6/14)")
+    keys("alt+q")
+    xdotool("type", "15")
+    take(folder / "desk.png")
+    keys("alt+a", "ctrl+a")
+    xdotool("type", "CHR-M")
+    time.sleep(1)
+    keys("alt+Down")
+    take(folder / "look-up.png")
+    keys("Escape", "Escape")
+    wait_for_title("Orvan")
+    keys("alt+n")
+    wait_for("the desk alone", lambda: len(titles()) == 1)
+
+
+def choose_column(folder: pathlib.Path) -> None:
+    click(COLUMN_ONE, 3)
+    take(folder / "view-menu.png")
+    keys("Escape")
+
+
+def import_list(desk: Desk, folder: pathlib.Path) -> None:
+    prices = desk.folder / "prices.csv"
+    with prices.open("w", encoding="utf-8") as file:
+        file.write("part number,product,price\n")
+        file.writelines(f"P{row:07d},Product {row},{row % 1000}.50\n" for row in range(LONG_LIST))
+    keys("alt+t", "i")
+    wait_for_title("Import Price List")
+    xdotool("type", str(prices))
+    keys("Return")
+    time.sleep(2)
+    take(folder / "import.png")
+    keys("Escape")
+    wait_for("the desk alone", lambda: len(titles()) == 1)
+
+
+def main() -> None:
+    program, sample, target = sys.argv[1:]
+    folder = pathlib.Path(target)
+    with tempfile.TemporaryDirectory() as home, Desk(program, home, json.loads(pathlib.Path(sample).read_text())) as desk:
+        edit(folder)
+        choose_column(folder)
+        import_list(desk, folder)
+
+
+main()
