@@ -26,6 +26,8 @@ constexpr const char* kHelp =
 int run(std::vector<std::string> arguments)
 {
     orvan::bench::Suite suite;
+    orvan::bench::addQtGrid(suite);
+    orvan::bench::addQtForm(suite);
     orvan::bench::addEditor(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
