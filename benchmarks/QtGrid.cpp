@@ -59,7 +59,7 @@ std::vector<QtProduct> qtProducts(std::size_t count)
         products.push_back({QString::fromStdString(fields.name), QString::fromStdString(fields.key),
                             QString::fromStdString(fields.partNum), QString::fromStdString(fields.note),
                             fields.unitPrice.toDouble(), fields.qty.toDouble(), fields.discPrcnt.toDouble(),
-                            fields.extPrice.toDouble()});
+                            static_cast<double>((fields.extPrice.scaled() + 50) / 100) / 100}); // to the cent
     }
     return products;
 }

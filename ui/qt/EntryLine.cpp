@@ -18,6 +18,7 @@
 
 #include <limits>
 #include <memory>
+#include <utility>
 
 namespace orvan::qt {
 
@@ -51,6 +52,14 @@ void EntryLine::holdSelection(WidgetRange range)
     setSelection(static_cast<int>(range.start), static_cast<int>(range.length));
 }
 
+void EntryLine::holdCaretAtStart()
+{
+    caretDue_ = isAtRest();
+    if (!caretDue_) {
+        holdSelection({0, 0});
+    }
+}
+
 bool EntryLine::event(QEvent* event)
 {
     if (event->type() == QEvent::ShortcutOverride && claims(*static_cast<QKeyEvent*>(event))) {
@@ -66,7 +75,9 @@ bool EntryLine::event(QEvent* event)
 
 void EntryLine::nativeKeyPress(QKeyEvent& key)
 {
-    if (key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
+    // A key that types by itself pastes nothing, and asking Qt about a key is a twentieth of its way.
+    const bool typing = key.modifiers() == Qt::NoModifier && !key.text().isEmpty();
+    if (!typing && key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
         key.accept();
         return;
     }
@@ -87,6 +98,9 @@ bool EntryLine::pasteFitting(QClipboard::Mode mode)
 void EntryLine::focusInEvent(QFocusEvent* event)
 {
     left_ = false;
+    if (std::exchange(caretDue_, false)) {
+        showSelection();
+    }
     QLineEdit::focusInEvent(event);
 }
 
