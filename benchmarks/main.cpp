@@ -31,6 +31,7 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addEditor(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
+    orvan::bench::addLookUp(suite);
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {
