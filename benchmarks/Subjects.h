@@ -11,5 +11,7 @@ void addEditor(Suite& suite);         ///< C, H, I: the editor without a window
 void addQtGrid(Suite& suite);         ///< A, B: the list in its window
 void addQtForm(Suite& suite);         ///< D: a key in the editor's window
 void addLookUp(Suite& suite);         ///< J, K, M: the look-up in the editor's window
+void addImport(Suite& suite);         ///< L: a price list into a catalogue
+void addDeskStart(Suite& suite);      ///< N: the desk up to its first paint
 
 } // namespace orvan::bench

@@ -32,6 +32,8 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
     orvan::bench::addLookUp(suite);
+    orvan::bench::addImport(suite);
+    orvan::bench::addDeskStart(suite);
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {
@@ -64,6 +66,7 @@ int run(std::vector<std::string> arguments)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.warning=false"); // of what windows without a screen cannot do
     const QApplication application(argc, argv);
     try {
         return run({argv + 1, argv + argc});

@@ -1,0 +1,14 @@
+// orvan-bench-empty: an empty window of Qt's up to its first paint.
+
+#include "benchmarks/FirstPaint.h"
+
+#include <QWidget>
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QWidget window;
+    window.resize(780, 560);
+    window.show();
+    orvan::bench::endAtFirstPaint([] { return true; });
+}
