@@ -36,6 +36,13 @@ EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platf
     setMaxLength(std::numeric_limits<int>::max());
     setReadOnly(design.readOnly);
     setAlignment((design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (design.alignment == ui::Alignment::right) {
+        // Amounts: digits stand one below the other, and a keystroke lays out three of them; scripts that need
+        // shaping get it all the same.
+        QFont amounts;
+        amounts.setStyleStrategy(QFont::PreferNoShaping);
+        setFont(amounts);
+    }
     connect(this, &QLineEdit::textEdited, this, [this] { setQuiet(false); }); // the user's beyond doubt; comes first
     connect(this, &QLineEdit::textChanged, this, [this] { reportChange(); });
     connect(this, &QLineEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
