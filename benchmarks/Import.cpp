@@ -80,7 +80,7 @@ void fill(const std::filesystem::path& file, const std::vector<ParsedRow>& rows)
         require(sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK, database);
     };
     run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
-        "PRAGMA cache_size = -65536; BEGIN;"
+        "PRAGMA cache_size = -4096; BEGIN;"
         "CREATE TABLE product (item_id INTEGER PRIMARY KEY, name_folded TEXT, part_num_folded TEXT, name TEXT, key TEXT,"
         " part_num TEXT, unit_price, note TEXT);");
     sqlite3_stmt* insert = nullptr;
@@ -103,8 +103,7 @@ void fill(const std::filesystem::path& file, const std::vector<ParsedRow>& rows)
         sqlite3_reset(insert);
     }
     sqlite3_finalize(insert);
-    run("PRAGMA cache_size = -4096;"
-        "CREATE INDEX product_name_folded ON product (name_folded, name);"
+    run("CREATE INDEX product_name_folded ON product (name_folded, name);"
         "CREATE INDEX product_name ON product (name);"
         "CREATE INDEX product_part_num_folded ON product (part_num_folded, part_num);"
         "CREATE INDEX product_part_num ON product (part_num); COMMIT");
