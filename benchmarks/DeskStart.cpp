@@ -31,10 +31,10 @@ class XServer {
 public:
     XServer()
     {
-        server_.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"),
-                                               QStringLiteral("-screen"), QStringLiteral("0"),
-                                               QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
-                                               QStringLiteral("tcp")});
+        server_.start(QStringLiteral("Xvfb"),
+                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
+                       QStringLiteral("tcp")});
         if (!server_.waitForReadyRead()) { // it tells its number once it is ready
             throw std::runtime_error("Xvfb does not start");
         }
@@ -101,18 +101,22 @@ void makeUser()
 
 void addDeskStart(Suite& suite)
 {
-    suite.add(Row{"N start of the desk to its first paint, X server", atMostTimes(1.5), [] {
-                      makeUser();
-                      const Platform x{"xcb", std::make_shared<XServer>()};
-                      return Sides{start("", {"orvan-bench-desk"}, x),
-                                   start("an empty window", {"orvan-bench-window"}, x)};
-                  }, Unit::nanoseconds, 21});
-    suite.add(Row{"N start of the desk to its first paint, off-screen", atMostTimes(1.5), [] {
+    suite.add(
+        Row{"N start of the desk to its first paint, X server", atMostTimes(1.5),
+            [] {
+                makeUser();
+                const Platform x{"xcb", std::make_shared<XServer>()};
+                return Sides{start("", {"orvan-bench-desk"}, x), start("an empty window", {"orvan-bench-window"}, x)};
+            },
+            Unit::nanoseconds, 21});
+    suite.add(Row{"N start of the desk to its first paint, off-screen", atMostTimes(1.5),
+                  [] {
                       makeUser();
                       const Platform offscreen{"offscreen"};
                       return Sides{start("", {"orvan-bench-desk"}, offscreen),
                                    start("a line of text", {"orvan-bench-window", "text"}, offscreen)};
-                  }, Unit::nanoseconds, 21});
+                  },
+                  Unit::nanoseconds, 21});
 }
 
 } // namespace orvan::bench

@@ -1,10 +1,8 @@
 // orvan-bench-desk: the desk up to the first paint of its window with a sample quote.
 
+#include "apps/orvan-desk/CatalogueMenu.h"
+#include "apps/orvan-desk/MainWindow.h"
 #include "benchmarks/FirstPaint.h"
-
-#include "CatalogueMenu.h"
-#include "MainWindow.h"
-
 #include "hosting/ProductViewWidget.h"
 
 #include <QFile>

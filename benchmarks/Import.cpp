@@ -81,8 +81,8 @@ void fill(const std::filesystem::path& file, const std::vector<ParsedRow>& rows)
     };
     run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE;"
         "PRAGMA cache_size = -4096; BEGIN;"
-        "CREATE TABLE product (item_id INTEGER PRIMARY KEY, name_folded TEXT, part_num_folded TEXT, name TEXT, key TEXT,"
-        " part_num TEXT, unit_price, note TEXT);");
+        "CREATE TABLE product (item_id INTEGER PRIMARY KEY, name_folded TEXT, part_num_folded TEXT, name TEXT,"
+        " key TEXT, part_num TEXT, unit_price, note TEXT);");
     sqlite3_stmt* insert = nullptr;
     require(sqlite3_prepare_v2(database, "INSERT INTO product VALUES (?, ?, ?, ?, ?, ?, ?, ?)", -1, &insert, nullptr) ==
                 SQLITE_OK,
@@ -164,17 +164,21 @@ Side importMemory(std::string name, std::size_t rows)
 void addImport(Suite& suite)
 {
     constexpr std::size_t kRows = 1'000'000;
-    suite.add(Row{"L import, 1,000,000 rows", atMostTimes(2.5), [] {
+    suite.add(Row{"L import, 1,000,000 rows", atMostTimes(2.5),
+                  [] {
                       requireSameFiles();
                       return Sides{import(kRows), sqliteAlone(kRows)};
-                  }, Unit::nanoseconds, 1});
-    suite.add(Row{"L import's memory, 1,000,000 rows beside 100,000", atMostTimes(1.1), [] {
+                  },
+                  Unit::nanoseconds, 1});
+    suite.add(Row{"L import's memory, 1,000,000 rows beside 100,000", atMostTimes(1.1),
+                  [] {
                       return Sides{importMemory("", kRows), importMemory("100,000", 100'000)};
-                  }, Unit::bytes, 1});
+                  },
+                  Unit::bytes, 1});
     const std::vector<std::size_t> sizes{10'000, 100'000, 1'000'000};
     suite.add(Growth{"L import", import, sizes, Unit::nanoseconds, 1});
-    suite.add(Growth{"L import's memory", [](std::size_t rows) { return importMemory("", rows); }, sizes, Unit::bytes,
-                     1});
+    suite.add(
+        Growth{"L import's memory", [](std::size_t rows) { return importMemory("", rows); }, sizes, Unit::bytes, 1});
 }
 
 } // namespace orvan::bench

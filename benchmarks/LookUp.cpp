@@ -12,8 +12,8 @@
 #include "ui/ComboBox.h"
 #include "ui/Timer.h"
 
-#include <QApplication>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QEventLoop>
 #include <QTimer>
@@ -172,20 +172,21 @@ Side coldLookUp(std::string name, Typed typed, std::size_t entries, double part,
 Side dropDown(std::string name, std::size_t entries)
 {
     const auto box = std::make_shared<std::pair<ui::ComboBox*, QComboBox*>>();
-    const Side loop = timed(name,
-                            [box](benchmark::State& state) {
-                                for ([[maybe_unused]] auto _ : state) {
-                                    box->first->refresh();
-                                    timePart(state, [&] {
-                                        box->second->showPopup();
-                                        QApplication::processEvents();
-                                    });
-                                    requireSame(box->second->view()->isVisible(), true, "the list is open");
-                                    box->second->hidePopup();
-                                    QApplication::processEvents();
-                                }
-                            },
-                            Timing::parts);
+    const Side loop = timed(
+        name,
+        [box](benchmark::State& state) {
+            for ([[maybe_unused]] auto _ : state) {
+                box->first->refresh();
+                timePart(state, [&] {
+                    box->second->showPopup();
+                    QApplication::processEvents();
+                });
+                requireSame(box->second->view()->isVisible(), true, "the list is open");
+                box->second->hidePopup();
+                QApplication::processEvents();
+            }
+        },
+        Timing::parts);
     return {std::move(name), [=] {
                 double figure = 0;
                 lookUpInWindow(entries, [&](ui::Form& form, OpenedAnew& /*catalogue*/) {
@@ -234,7 +235,8 @@ const std::vector<double>& waits()
 
 double waitsTooShort()
 {
-    return static_cast<double>(std::count_if(waits().begin(), waits().end(), [](double wait) { return wait < kPause; }));
+    return static_cast<double>(
+        std::count_if(waits().begin(), waits().end(), [](double wait) { return wait < kPause; }));
 }
 
 double latest()
@@ -250,24 +252,30 @@ void addLookUp(Suite& suite)
     constexpr int kSamples = 300;
     for (const LookUpCase& each : kCases) {
         const std::string path = std::string("J cold look-up, ").append(each.name);
-        suite.add(Row{path + ", 99th percentile", atMost(kFrame), [=, typed = each.typed] {
-                          return Sides{coldLookUp("", typed, 1'000'000, 0.99, kSamples)};
-                      }, Unit::nanoseconds, 1});
-        suite.add(Row{path + ", median", atMostTimes(4), [=, typed = each.typed] {
+        suite.add(Row{path + ", 99th percentile", atMost(kFrame),
+                      [=, typed = each.typed] { return Sides{coldLookUp("", typed, 1'000'000, 0.99, kSamples)}; },
+                      Unit::nanoseconds, 1});
+        suite.add(Row{path + ", median", atMostTimes(4),
+                      [=, typed = each.typed] {
                           return Sides{coldLookUp("", typed, 1'000'000, 0.5, kSamples / 5),
                                        coldLookUp("10,000", typed, 10'000, 0.5, kSamples / 5)};
-                      }, Unit::nanoseconds, 3});
+                      },
+                      Unit::nanoseconds, 3});
         suite.add(Growth{path + ", median",
                          [typed = each.typed](std::size_t size) { return coldLookUp("", typed, size, 0.5, 100); },
-                         {10'000, 100'000, 1'000'000}, Unit::nanoseconds, 3});
+                         {10'000, 100'000, 1'000'000},
+                         Unit::nanoseconds,
+                         3});
     }
     suite.add(Row{"K drop-down, 1,000,000 beside 1,000", atMostTimes(3), [] {
                       return Sides{dropDown("", 1'000'000), dropDown("1,000", 1'000)};
                   }});
-    suite.add(Growth{"K drop-down", [](std::size_t size) { return dropDown("", size); },
-                     {10'000, 100'000, 1'000'000}});
+    suite.add(Growth{"K drop-down", [](std::size_t size) { return dropDown("", size); }, {10'000, 100'000, 1'000'000}});
     suite.add(Row{"M look-ups before 500 ms", atMost(0), [] { return Sides{{"", waitsTooShort}}; }, Unit::count, 1});
-    suite.add(Row{"M latest look-up after 500 ms", atMost(5e6), [] { return Sides{{"", latest}}; },
+    suite.add(Row{"M latest look-up after 500 ms", atMost(5e6),
+                  [] {
+                      return Sides{{"", latest}};
+                  },
                   Unit::nanoseconds, 1});
 }
 

@@ -79,8 +79,7 @@ protected:
 };
 
 /// The list view's nine columns, of which it shows four.
-constexpr const char* kColumns[] = {"#",     "Product",    "Key", "Part#",     "Note",
-                                    "Disc%", "Unit Price", "Qty", "Ext Price"};
+constexpr const char* kColumns[] = {"#", "Product", "Key", "Part#", "Note", "Disc%", "Unit Price", "Qty", "Ext Price"};
 constexpr int kHidden[] = {2, 3, 4, 5, 6};
 
 std::unique_ptr<QTableWidget> table()
@@ -125,26 +124,28 @@ void fill(QTableWidget& widget, const std::vector<QtProduct>& products)
 Side show(std::size_t products)
 {
     const std::string text = productsString(sampleProducts(products));
-    return timed("",
-                 [text](benchmark::State& state) {
-                     for ([[maybe_unused]] auto _ : state) {
-                         const auto view = listView();
-                         timePart(state, [&] { view->Show(text); });
-                     }
-                 },
-                 Timing::parts);
+    return timed(
+        "",
+        [text](benchmark::State& state) {
+            for ([[maybe_unused]] auto _ : state) {
+                const auto view = listView();
+                timePart(state, [&] { view->Show(text); });
+            }
+        },
+        Timing::parts);
 }
 
 Side tableFilled(std::size_t products)
 {
-    return timed("QTableWidget",
-                 [records = qtProducts(products)](benchmark::State& state) {
-                     for ([[maybe_unused]] auto _ : state) {
-                         const auto widget = table();
-                         timePart(state, [&] { fill(*widget, records); });
-                     }
-                 },
-                 Timing::parts);
+    return timed(
+        "QTableWidget",
+        [records = qtProducts(products)](benchmark::State& state) {
+            for ([[maybe_unused]] auto _ : state) {
+                const auto widget = table();
+                timePart(state, [&] { fill(*widget, records); });
+            }
+        },
+        Timing::parts);
 }
 
 /// Both show the same rows, to the last cell that is shown.
@@ -229,15 +230,16 @@ struct Painted {
 Side firstPaint(std::string name, std::size_t products)
 {
     const std::string text = productsString(sampleProducts(products));
-    return timed(std::move(name),
-                 [text](benchmark::State& state) {
-                     for ([[maybe_unused]] auto _ : state) {
-                         Painted painted;
-                         painted.view->Show(text);
-                         timePart(state, [&] { painted.paint(); });
-                     }
-                 },
-                 Timing::parts);
+    return timed(
+        std::move(name),
+        [text](benchmark::State& state) {
+            for ([[maybe_unused]] auto _ : state) {
+                Painted painted;
+                painted.view->Show(text);
+                timePart(state, [&] { painted.paint(); });
+            }
+        },
+        Timing::parts);
 }
 
 Side repaint(std::string name, std::size_t products)
@@ -262,8 +264,8 @@ std::vector<PlacedText> shownTexts(const QTableView& grid)
 {
     std::vector<PlacedText> texts;
     const auto add = [&](const QRect& place, const QVariant& text, const QVariant& alignment) {
-        texts.push_back({place, static_cast<int>(alignment.value<Qt::Alignment>().toInt()) | Qt::TextSingleLine,
-                         text.toString()});
+        texts.push_back(
+            {place, static_cast<int>(alignment.value<Qt::Alignment>().toInt()) | Qt::TextSingleLine, text.toString()});
     };
     const QAbstractItemModel& model = *grid.model();
     const QPoint cells = grid.viewport()->pos();
@@ -315,15 +317,20 @@ void addQtGrid(Suite& suite)
                       [=] { return showBesideTable(products); }, Unit::nanoseconds, 5});
     }
     suite.add(Row{"A heap beyond the records, 100,000", atMostTimes(0.25),
-                  [] { return Sides{heapOfView(100'000), heapOfTable(100'000)}; }, Unit::bytes, 1});
-    suite.add(Row{"B first paint, 100,000 beside 1,000", atMostTimes(1.3), [] {
+                  [] {
+                      return Sides{heapOfView(100'000), heapOfTable(100'000)};
+                  },
+                  Unit::bytes, 1});
+    suite.add(Row{"B first paint, 100,000 beside 1,000", atMostTimes(1.3),
+                  [] {
                       return Sides{firstPaint("", 100'000), firstPaint("1,000", 1'000)};
-                  }, Unit::nanoseconds, 5});
+                  },
+                  Unit::nanoseconds, 5});
     suite.add(Row{"B repaint, 100,000 beside 1,000", atMostTimes(1.3), [] {
                       return Sides{repaint("", 100'000), repaint("1,000", 1'000)};
                   }});
-    suite.add(Row{"B repaint beside its texts, 100,000", atMostTimes(4.5),
-                  [] { return repaintBesideBareTexts(100'000); }});
+    suite.add(
+        Row{"B repaint beside its texts, 100,000", atMostTimes(4.5), [] { return repaintBesideBareTexts(100'000); }});
     suite.add(Growth{"A Show in the window", show});
     suite.add(Growth{"A heap beyond the records", heapOfView, {1'000, 10'000, 100'000}, Unit::bytes, 1});
     suite.add(Growth{"B first paint", [](std::size_t size) { return firstPaint("", size); }});

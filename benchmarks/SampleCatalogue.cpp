@@ -19,9 +19,9 @@ namespace orvan::bench {
 
 namespace {
 
-constexpr const char* kThings[] = {"Angle bracket",  "Anchor, heavy duty", "Cable tie",   "Drill bit",
-                                   "Hexagon bolt",   "Nut, self-locking",  "Pipe clamp",  "Sanding disc",
-                                   "Threaded rod",   "Turnbuckle",         "Wall plug",   "Washer",
+constexpr const char* kThings[] = {"Angle bracket",  "Anchor, heavy duty", "Cable tie",       "Drill bit",
+                                   "Hexagon bolt",   "Nut, self-locking",  "Pipe clamp",      "Sanding disc",
+                                   "Threaded rod",   "Turnbuckle",         "Wall plug",       "Washer",
                                    "Werkzeugträger", "Wood screw",         "Écrou à ailettes"};
 constexpr const char* kMaterials[] = {"zinc plated", "stainless A2", "stainless A4", "brass", "galvanized", "nylon"};
 
