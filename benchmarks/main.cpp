@@ -66,7 +66,7 @@ int run(std::vector<std::string> arguments)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "default.warning=false"); // of what windows without a screen cannot do
+    qputenv("QT_LOGGING_RULES", "default.warning=false"); // the toolkit's complaint about a missing session
     const QApplication application(argc, argv);
     try {
         return run({argv + 1, argv + argc});
