@@ -1,7 +1,7 @@
 // N: the start of the desk, seen from outside: from the call that starts the program to its end at the first paint.
 //
-// On an X server, as users start it, beside an empty window. Off-screen an empty window does next to nothing, and its
-// first line of text, for which Qt reads the system's fonts, takes half as long again; so the peer there has one.
+// On an X server, as users start it, beside an empty window. Off-screen an empty window does next to nothing: it does
+// not even read the system's fonts, so the peer there shows a line of text.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/SampleCatalogue.h"
