@@ -41,11 +41,12 @@ double median(std::vector<double> figures)
     return *middle;
 }
 
-/// The medians of several sides, measured in turn. The first round warms up and counts for nothing.
+/// The medians of several sides, measured in turn. Of several rounds, one more comes first, to warm up, and counts
+/// for nothing.
 std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int repetitions)
 {
     std::vector<std::vector<double>> figures(sides.size());
-    for (int round = 0; round <= repetitions; ++round) {
+    for (int round = repetitions > 1 ? 0 : 1; round <= repetitions; ++round) {
         for (std::size_t i = 0; i < sides.size(); ++i) {
             const double figure = sides[i]->repeat();
             if (round > 0) {

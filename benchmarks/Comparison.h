@@ -72,7 +72,7 @@ struct Row {
     /// where they do (requireSame). What it throws fails the row.
     std::function<Sides()> prepare;
     Unit unit = Unit::nanoseconds;
-    int repetitions = 9;
+    int repetitions = 9; ///< One: nothing is warmed up either.
 };
 
 /// How the figure of a path grows with the size of what it works on.

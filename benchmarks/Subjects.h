@@ -8,5 +8,10 @@ class Suite;
 void addAmounts(Suite& suite);        ///< E, F: amounts to text and back
 void addProductsString(Suite& suite); ///< G: the list to its string and back
 void addEditor(Suite& suite);         ///< C, H, I: the editor without a window
+void addQtGrid(Suite& suite);         ///< A, B: the list in its window
+void addQtForm(Suite& suite);         ///< D: a key in the editor's window
+void addLookUp(Suite& suite);         ///< J, K, M: the look-up in the editor's window
+void addImport(Suite& suite);         ///< L: a price list into a catalogue
+void addDeskStart(Suite& suite);      ///< N: the desk up to its first paint
 
 } // namespace orvan::bench

@@ -26,9 +26,14 @@ constexpr const char* kHelp =
 int run(std::vector<std::string> arguments)
 {
     orvan::bench::Suite suite;
+    orvan::bench::addQtGrid(suite);
+    orvan::bench::addQtForm(suite);
     orvan::bench::addEditor(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
+    orvan::bench::addLookUp(suite);
+    orvan::bench::addImport(suite);
+    orvan::bench::addDeskStart(suite);
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {

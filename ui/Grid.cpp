@@ -20,6 +20,14 @@ std::size_t requireCount(std::int32_t count, const char* what)
     return static_cast<std::size_t>(count);
 }
 
+/// Apart from the tests for it, which each cell that is set passes.
+[[noreturn]] void raiseOutside(const std::string& grid, const char* what, std::int32_t index, std::int32_t count)
+{
+    throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
+                       std::string(grid).append(": no ").append(what) + ' ' + std::to_string(index) + " of " +
+                           std::to_string(count));
+}
+
 } // namespace
 
 Grid::Grid(const ControlDesign& design, NumberSeparators separators)
@@ -41,8 +49,7 @@ void Grid::appendColumns(std::int32_t count)
 const Grid::Column& Grid::at(std::int32_t column) const
 {
     if (column < 0 || column >= columnCount()) {
-        throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
-                           name() + ": no column " + std::to_string(column) + " of " + std::to_string(columnCount()));
+        raiseOutside(name(), "column", column, columnCount());
     }
     return *columns_[static_cast<std::size_t>(column)];
 }
@@ -55,8 +62,7 @@ Grid::Column& Grid::at(std::int32_t column)
 void Grid::requireRow(std::int32_t row) const
 {
     if (row < 0 || row >= rowCount_) {
-        throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
-                           name() + ": no row " + std::to_string(row) + " of " + std::to_string(rowCount_));
+        raiseOutside(name(), "row", row, rowCount_);
     }
 }
 

@@ -70,9 +70,10 @@ std::string itemId(const ui::PopupMenu& menu, const FieldRow& field)
 /// Characters of a text that a cell shows.
 constexpr std::size_t kMostCellCharacters = 255;
 
-std::string cellText(const std::string& text)
+std::string cellText(std::string text)
 {
-    return std::string(firstCharacters(text, kMostCellCharacters));
+    text.resize(firstCharacters(text, kMostCellCharacters).size());
+    return text;
 }
 
 constexpr std::int32_t kFirstOptionalPosition = 2;

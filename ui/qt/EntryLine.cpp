@@ -18,6 +18,7 @@
 
 #include <limits>
 #include <memory>
+#include <utility>
 
 namespace orvan::qt {
 
@@ -35,6 +36,13 @@ EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platf
     setMaxLength(std::numeric_limits<int>::max());
     setReadOnly(design.readOnly);
     setAlignment((design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (design.alignment == ui::Alignment::right) {
+        // Amounts: digits stand one below the other, and a keystroke lays out three of them; scripts that need
+        // shaping get it all the same.
+        QFont amounts;
+        amounts.setStyleStrategy(QFont::PreferNoShaping);
+        setFont(amounts);
+    }
     connect(this, &QLineEdit::textEdited, this, [this] { setQuiet(false); }); // the user's beyond doubt; comes first
     connect(this, &QLineEdit::textChanged, this, [this] { reportChange(); });
     connect(this, &QLineEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
@@ -49,6 +57,14 @@ WidgetRange EntryLine::heldSelection() const
 void EntryLine::holdSelection(WidgetRange range)
 {
     setSelection(static_cast<int>(range.start), static_cast<int>(range.length));
+}
+
+void EntryLine::holdCaretAtStart()
+{
+    caretDue_ = isAtRest();
+    if (!caretDue_) {
+        holdSelection({0, 0});
+    }
 }
 
 bool EntryLine::event(QEvent* event)
@@ -66,7 +82,9 @@ bool EntryLine::event(QEvent* event)
 
 void EntryLine::nativeKeyPress(QKeyEvent& key)
 {
-    if (key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
+    // A key that types by itself pastes nothing, and asking Qt about a key is a twentieth of its way.
+    const bool typing = key.modifiers() == Qt::NoModifier && !key.text().isEmpty();
+    if (!typing && key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
         key.accept();
         return;
     }
@@ -87,6 +105,9 @@ bool EntryLine::pasteFitting(QClipboard::Mode mode)
 void EntryLine::focusInEvent(QFocusEvent* event)
 {
     left_ = false;
+    if (std::exchange(caretDue_, false)) {
+        showSelection();
+    }
     QLineEdit::focusInEvent(event);
 }
 

@@ -34,6 +34,7 @@ private:
     void holdText(const QString& text) override { setText(text); }
     WidgetRange heldSelection() const override;
     void holdSelection(WidgetRange range) override;
+    void holdCaretAtStart() override;
     void nativeKeyPress(QKeyEvent& key) override;
     void nativeInput(QInputMethodEvent& input) override { QLineEdit::inputMethodEvent(&input); }
 
@@ -45,6 +46,9 @@ private:
     bool isCut() const;
 
     bool left_ = true; ///< The focus has gone on to another control, or was never here.
+    /// The caret is put in its place when the focus comes: at rest nobody sees it, and moving it costs a
+    /// tenth of showing a text.
+    bool caretDue_ = false;
 };
 
 } // namespace orvan::qt

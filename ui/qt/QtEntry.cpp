@@ -44,7 +44,7 @@ void EntryWidget::showText()
     const QScopedValueRollback quiet(quiet_, true);
     holdText(toQt(port_->entry().text()));
     text_.set(port_->entry().text(), heldText());
-    holdSelection({0, 0});
+    holdCaretAtStart();
 }
 
 void EntryWidget::showSelection()

@@ -63,6 +63,8 @@ protected:
     virtual void holdText(const QString& text) = 0;
     virtual WidgetRange heldSelection() const = 0;
     virtual void holdSelection(WidgetRange range) = 0;
+    /// Of a text that has just been held.
+    virtual void holdCaretAtStart() { holdSelection({0, 0}); }
     /// What the key does by itself, whatever the filter.
     virtual void nativeKeyPress(QKeyEvent& key) = 0;
     virtual void nativeInput(QInputMethodEvent& input) = 0;

@@ -1,0 +1,24 @@
+// orvan-bench-desk: the desk up to the first paint of its window with a sample quote.
+
+#include "apps/orvan-desk/CatalogueMenu.h"
+#include "apps/orvan-desk/MainWindow.h"
+#include "benchmarks/FirstPaint.h"
+#include "hosting/ProductViewWidget.h"
+
+#include <QFile>
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orvan-desk")); // as apps/orvan-desk/main.cpp from here on
+    const QString products = orvan::desk::defaultCatalogueFile();
+    orvan::desk::lookUpProductsIn(products);
+    orvan::desk::MainWindow window;
+    window.useCatalogue(products, true);
+    window.show();
+    window.openSample(QStringLiteral("office-refit"));
+    orvan::bench::endAtFirstPaint([&] {
+        return window.findChild<orvan::ProductViewWidget*>()->TotalValue() > orvan::Currency() &&
+               QFile::exists(products); // else this is a first start, which has it made
+    });
+}

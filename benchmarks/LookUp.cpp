@@ -1,0 +1,282 @@
+// J, K and M: the editor's look-up in its window: the search with all that it shows, the list dropped down, and
+// the wait before it.
+
+#include "base/Text.h"
+#include "benchmarks/Comparison.h"
+#include "benchmarks/SampleCatalogue.h"
+#include "benchmarks/Samples.h"
+#include "benchmarks/Subjects.h"
+#include "benchmarks/Table.h"
+#include "benchmarks/Windows.h"
+#include "components/Catalogue.h"
+#include "ui/ComboBox.h"
+#include "ui/Timer.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <random>
+
+namespace orvan::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double nanosecondsSince(Clock::time_point begin)
+{
+    return std::chrono::duration<double, std::nano>(Clock::now() - begin).count();
+}
+
+/// The value below which that part of the samples lies.
+double percentile(std::vector<double> samples, double part)
+{
+    const auto at = samples.begin() + std::lround(std::ceil(part * static_cast<double>(samples.size()))) - 1;
+    std::nth_element(samples.begin(), at, samples.end());
+    return *at;
+}
+
+/// A catalogue that can be opened anew behind the editor's back, and tells when it is searched.
+class OpenedAnew final : public ProductLkpMgr {
+public:
+    explicit OpenedAnew(std::filesystem::path file) : file_(std::move(file)) { open(); }
+
+    /// As on a machine that has not read the file yet.
+    void openCold()
+    {
+        open();
+        dropFromCache(file_);
+    }
+
+    LookUpList GetPartNumList(std::string_view sText, bool bAll) override
+    {
+        searched();
+        return inner_->GetPartNumList(sText, bAll);
+    }
+    LookUpList GetProductNameList(std::string_view sText, bool bAll) override
+    {
+        searched();
+        return inner_->GetProductNameList(sText, bAll);
+    }
+    void SeekItem(std::int32_t lItemId) override { inner_->SeekItem(lItemId); }
+    bool IsEOF() override { return inner_->IsEOF(); }
+    LookUpValue GetFieldValue(std::int32_t iColumn) override { return inner_->GetFieldValue(iColumn); }
+
+    std::function<void()> onSearch;
+
+private:
+    void open()
+    {
+        inner_ = std::dynamic_pointer_cast<ProductLkpMgr>(catalogueFactory({.file = file_, .report = {}})());
+    }
+    void searched()
+    {
+        if (onSearch) {
+            onSearch();
+        }
+    }
+
+    const std::filesystem::path file_;
+    std::shared_ptr<ProductLkpMgr> inner_;
+};
+
+/// Opens the editor on a product of a short list, with a catalogue of that many entries.
+void lookUpInWindow(std::size_t entries, const std::function<void(ui::Form&, OpenedAnew&)>& act)
+{
+    const auto catalogue = std::make_shared<OpenedAnew>(catalogueFile(entries));
+    windowHost().components().registerClass(std::string(kProductLkpMgrClassName), [=] { return catalogue; });
+    editInWindow(sampleManager(10), [&](ui::Form& form) { act(form, *catalogue); });
+}
+
+// --- J ----------------------------------------------------------------------------------------------
+
+enum class Typed { partNumber, name, nothingThatMatches, nothing };
+
+struct LookUpCase {
+    const char* name;
+    Typed typed;
+};
+constexpr LookUpCase kCases[] = {{"a part number", Typed::partNumber},
+                                 {"a name", Typed::name},
+                                 {"no match", Typed::nothingThatMatches},
+                                 {"the whole list", Typed::nothing}};
+
+/// What a user may have typed: the beginning of an entry, every other time without capitals.
+std::string beginning(const std::string& text, std::mt19937& random)
+{
+    std::string typed(firstCharacters(text, 1 + random() % 12));
+    if (random() % 2 == 0) {
+        std::transform(typed.begin(), typed.end(), typed.begin(),
+                       [](char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); });
+    }
+    return typed;
+}
+
+std::string textFor(Typed typed, std::size_t entries, std::mt19937& random)
+{
+    const PriceListRow row = priceListRow(random() % entries);
+    switch (typed) {
+    case Typed::partNumber: return beginning(row.partNum, random);
+    case Typed::name: return beginning(row.name, random);
+    case Typed::nothingThatMatches: return beginning(row.partNum, random) + "#";
+    case Typed::nothing: break;
+    }
+    return {};
+}
+
+void requireShown(const ui::ComboBox& combo, const std::string& typed, bool matches)
+{
+    requireSame(combo.text().starts_with(typed), true, "the typed text stands");
+    requireSame(combo.text() == typed || matches, true, "only a match completes it");
+    requireSame(combo.count() <= 250, matches, "the list holds the matches, or all there is");
+}
+
+/// The whole procedure of the box's timer, from a cold catalogue.
+std::vector<double> coldLookUps(Typed typed, std::size_t entries, int samples)
+{
+    std::vector<double> times;
+    lookUpInWindow(entries, [&](ui::Form& form, OpenedAnew& catalogue) {
+        const bool name = typed == Typed::name;
+        auto& combo = form.control<ui::ComboBox>(name ? "cboProductName" : "cboPartNum");
+        const auto& timer = form.control<ui::Timer>(name ? "tmrProdLkp" : "tmrPartNum");
+        std::mt19937 random(17);
+        for (int i = 0; i < samples; ++i) {
+            const std::string text = textFor(typed, entries, random);
+            combo.setText("-"); // another text than the next: that starts the timer
+            combo.setText(text);
+            catalogue.openCold();
+            const auto begin = Clock::now();
+            timer.onTimer();
+            times.push_back(nanosecondsSince(begin));
+            requireShown(combo, text, typed == Typed::partNumber || name);
+            QApplication::processEvents(); // what is painted comes after the look-up
+        }
+    });
+    return times;
+}
+
+Side coldLookUp(std::string name, Typed typed, std::size_t entries, double part, int samples)
+{
+    return {std::move(name), [=] { return percentile(coldLookUps(typed, entries, samples), part); }};
+}
+
+// --- K ----------------------------------------------------------------------------------------------
+
+/// The list dropped down and painted, after a look-up has filled it anew.
+Side dropDown(std::string name, std::size_t entries)
+{
+    const auto box = std::make_shared<std::pair<ui::ComboBox*, QComboBox*>>();
+    const Side loop = timed(
+        name,
+        [box](benchmark::State& state) {
+            for ([[maybe_unused]] auto _ : state) {
+                box->first->refresh();
+                timePart(state, [&] {
+                    box->second->showPopup();
+                    QApplication::processEvents();
+                });
+                requireSame(box->second->view()->isVisible(), true, "the list is open");
+                box->second->hidePopup();
+                QApplication::processEvents();
+            }
+        },
+        Timing::parts);
+    return {std::move(name), [=] {
+                double figure = 0;
+                lookUpInWindow(entries, [&](ui::Form& form, OpenedAnew& /*catalogue*/) {
+                    *box = {&form.control<ui::ComboBox>("cboPartNum"),
+                            &widgetIn<QComboBox, ui::ComboBox>(form, "cboPartNum")};
+                    requireSame(box->first->count(), 1'000, "rows of the whole list");
+                    figure = loop.repeat();
+                });
+                return figure;
+            }};
+}
+
+// --- M ----------------------------------------------------------------------------------------------
+
+constexpr double kPause = 500e6; // nanoseconds
+
+/// From the last of several keys to the search, in a program that has nothing else to do.
+const std::vector<double>& waits()
+{
+    static std::vector<double> times;
+    if (!times.empty()) {
+        return times;
+    }
+    lookUpInWindow(1'000, [&](ui::Form& form, OpenedAnew& catalogue) {
+        QLineEdit& line = *widgetIn<QComboBox, ui::ComboBox>(form, "cboPartNum").lineEdit();
+        line.setFocus();
+        for (int i = 0; i < 16; ++i) {
+            QEventLoop loop;
+            Clock::time_point lastKey;
+            for (int key = 0; key < 3; ++key) {
+                QTimer::singleShot(key * (90 + 7 * i), Qt::PreciseTimer, &loop, [&] {
+                    lastKey = Clock::now();
+                    pressKey(line, Qt::Key_A, QStringLiteral("a"));
+                });
+            }
+            catalogue.onSearch = [&] {
+                times.push_back(nanosecondsSince(lastKey));
+                loop.quit();
+                catalogue.onSearch = nullptr; // once: without a match the whole list is asked for, too
+            };
+            loop.exec();
+        }
+    });
+    return times;
+}
+
+double waitsTooShort()
+{
+    return static_cast<double>(
+        std::count_if(waits().begin(), waits().end(), [](double wait) { return wait < kPause; }));
+}
+
+double latest()
+{
+    return *std::max_element(waits().begin(), waits().end()) - kPause;
+}
+
+} // namespace
+
+void addLookUp(Suite& suite)
+{
+    constexpr double kFrame = 16e6; // nanoseconds
+    constexpr int kSamples = 300;
+    for (const LookUpCase& each : kCases) {
+        const std::string path = std::string("J cold look-up, ").append(each.name);
+        suite.add(Row{path + ", 99th percentile", atMost(kFrame),
+                      [=, typed = each.typed] { return Sides{coldLookUp("", typed, 1'000'000, 0.99, kSamples)}; },
+                      Unit::nanoseconds, 1});
+        suite.add(Row{path + ", median", atMostTimes(4),
+                      [=, typed = each.typed] {
+                          return Sides{coldLookUp("", typed, 1'000'000, 0.5, kSamples / 5),
+                                       coldLookUp("10,000", typed, 10'000, 0.5, kSamples / 5)};
+                      },
+                      Unit::nanoseconds, 3});
+        suite.add(Growth{path + ", median",
+                         [typed = each.typed](std::size_t size) { return coldLookUp("", typed, size, 0.5, 100); },
+                         {10'000, 100'000, 1'000'000},
+                         Unit::nanoseconds,
+                         3});
+    }
+    suite.add(Row{"K drop-down, 1,000,000 beside 1,000", atMostTimes(3), [] {
+                      return Sides{dropDown("", 1'000'000), dropDown("1,000", 1'000)};
+                  }});
+    suite.add(Growth{"K drop-down", [](std::size_t size) { return dropDown("", size); }, {10'000, 100'000, 1'000'000}});
+    suite.add(Row{"M look-ups before 500 ms", atMost(0), [] { return Sides{{"", waitsTooShort}}; }, Unit::count, 1});
+    suite.add(Row{"M latest look-up after 500 ms", atMost(5e6),
+                  [] {
+                      return Sides{{"", latest}};
+                  },
+                  Unit::nanoseconds, 1});
+}
+
+} // namespace orvan::bench
