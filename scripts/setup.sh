@@ -4,7 +4,7 @@
 run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsqlite3-dev fonts-dejavu-core)
 test_packages=("${run_packages[@]}" clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox)
-bench_packages=("${run_packages[@]}" libbenchmark-dev)
+bench_packages=("${run_packages[@]}" libbenchmark-dev xvfb)
 picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick)
 
 # install_missing PACKAGE...: quiet and quick when nothing is missing.
