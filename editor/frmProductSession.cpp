@@ -50,7 +50,8 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
         "KTVOrvanProduct.frmProduct::PrvSaveCurrentProduct",
         [&] {
             lookUp_.finishPendingLookUps();
-            if (objCurrentProduct) {
+            // Kept here: a record may ask the user, and meanwhile the dialog may close and let go of it.
+            if (const std::shared_ptr<ProductRecord> objKept = objCurrentProduct) {
                 fields_.PrvSaveNameFld();
                 fields_.PrvSavePartNumFld();
                 fields_.PrvSaveUnitPriceFld();

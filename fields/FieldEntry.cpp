@@ -173,6 +173,7 @@ void FieldEntry::amount_GotFocus(const AmountBox& amount)
 void FieldEntry::amount_LostFocus(const AmountBox& amount)
 {
     session_.handleEvent(amount.field.sLostFocusLabel, [&] {
+        const std::shared_ptr<ProductRecord> objKept = session_.objCurrentProduct; // as in amount_Change
         saveAmount(amount);
         {
             const ScopedFlag rewriting(session_.bInitializing);
@@ -187,6 +188,8 @@ void FieldEntry::amount_Change(const AmountBox& amount)
 {
     session_.handleEvent(amount.field.sChangeLabel, [&] {
         if (!session_.bInitializing) {
+            // A record may ask the user, and meanwhile the dialog may close and let go of it.
+            const std::shared_ptr<ProductRecord> objKept = session_.objCurrentProduct;
             saveAmount(amount);
             PrvCalcExtPrice();
             PrvShowExtPriceAndTotal();
@@ -198,7 +201,10 @@ void FieldEntry::txtNote_Change()
 {
     // Unlike the amounts, the note is saved while the session initializes, too. A note that the box
     // cuts when it is loaded is thereby cut in the record, and nothing is marked dirty.
-    session_.handleEvent("KTVOrvanProduct.frmProduct::txtNote_Change", [&] { PrvSaveNoteFld(); });
+    session_.handleEvent("KTVOrvanProduct.frmProduct::txtNote_Change", [&] {
+        const std::shared_ptr<ProductRecord> objKept = session_.objCurrentProduct; // as in amount_Change
+        PrvSaveNoteFld();
+    });
 }
 
 void FieldEntry::PrvSaveNameFld()
@@ -234,8 +240,6 @@ void FieldEntry::PrvSaveDiscountPrcntFld()
 void FieldEntry::saveText(const TextField& field, const ui::TextEntry& entry)
 {
     tracePropagate(field.sSaveLabel, [&] {
-        // Kept here: a record may ask the user, and meanwhile the dialog may close and let go of it.
-        const std::shared_ptr<ProductRecord> objProduct = session_.objCurrentProduct;
         ProductRecord& product = session_.currentProduct();
         if ((product.*field.value)() != entry.text()) {
             (product.*field.setValue)(entry.text());
@@ -253,7 +257,6 @@ void FieldEntry::saveAmount(const AmountBox& amount)
         if (cyValue > field.cyMost) {
             cyValue = Currency();
         }
-        const std::shared_ptr<ProductRecord> objProduct = session_.objCurrentProduct; // as in saveText
         if ((session_.currentProduct().*field.value)() != cyValue) {
             session_.PrvSetDirty(true); // also for an amount that the record is about to reject
         }
@@ -286,7 +289,6 @@ void FieldEntry::PrvCalcExtPrice()
 
 void FieldEntry::calcExtPrice()
 {
-    const std::shared_ptr<ProductRecord> objProduct = session_.objCurrentProduct; // as in saveText
     ProductRecord& product = session_.currentProduct();
     Currency cyDiscount = product.DiscPrcnt();
     if (cyDiscount > kHundred) {

@@ -28,6 +28,9 @@ public:
     FieldEntry(const FieldEntry&) = delete;
     FieldEntry& operator=(const FieldEntry&) = delete;
 
+    // The caller keeps the current product meanwhile: a record may ask the user, and the dialog may close and
+    // let go of it.
+
     /// The texts: written, and the session marked dirty, only where box and record differ.
     void PrvSaveNameFld();
     void PrvSavePartNumFld();
