@@ -83,7 +83,7 @@ std::vector<ProductFields> read(const std::string& text)
     std::vector<ProductFields> products;
     products.reserve(reader.expected());
     while (reader.more()) {
-        products.push_back(reader.next());
+        reader.next(products.emplace_back());
     }
     return products;
 }

@@ -32,6 +32,11 @@ public:
     {
         ledger_->total += fields_.extPrice.scaled();
     }
+    ListedProduct(std::shared_ptr<Ledger> ledger, ProductsReader& reader) : ledger_(std::move(ledger))
+    {
+        reader.next(fields_);
+        ledger_->total += fields_.extPrice.scaled();
+    }
 
     std::string Name() const override { return fields_.name; }
     void SetName(std::string_view sName) override { set(fields_.name, sName); }
@@ -210,7 +215,7 @@ void InProcessProductMgr::SetProductsString(std::string_view sProducts, const st
     Products products;
     products.reserve(reader.expected());
     while (reader.more()) {
-        products.push_back(std::make_shared<ListedProduct>(ledger, reader.next()));
+        products.push_back(std::make_shared<ListedProduct>(ledger, reader));
     }
     ledger_.swap(ledger);
     products_.swap(products);

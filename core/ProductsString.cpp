@@ -88,10 +88,15 @@ std::uint64_t wordAt(const char* bytes)
 constexpr std::uint64_t kOnes = 0x0101010101010101;
 constexpr std::uint64_t kHighBits = 0x8080808080808080;
 
-/// The high bit of each byte that equals c; bytes above the first such one may have it, too.
-std::uint64_t bytesEqual(std::uint64_t word, char c)
+constexpr std::uint64_t eightTimes(char c)
 {
-    const std::uint64_t difference = word ^ kOnes * static_cast<unsigned char>(c);
+    return kOnes * static_cast<unsigned char>(c);
+}
+
+/// The high bit of each byte that equals that of `eight`; bytes above the first such one may have it, too.
+std::uint64_t bytesEqual(std::uint64_t word, std::uint64_t eight)
+{
+    const std::uint64_t difference = word ^ eight;
     return (difference - kOnes) & ~difference & kHighBits;
 }
 
@@ -184,21 +189,23 @@ inline std::size_t ProductsReader::endOfRun(std::size_t from, char* to) const no
 {
     // Eight bytes at a time: most of the time that it takes to read a list goes by in here. What is
     // copied beyond the run is overwritten by what follows it.
-    for (; from + 8 <= text_.size(); from += 8) {
+    const std::string_view text = text_; // copies, which no byte written to `to` can be part of
+    const std::uint64_t record = eightTimes(separators_.record), field = eightTimes(separators_.field);
+    for (; from + 8 <= text.size(); from += 8) {
         if (to) {
-            std::memcpy(to, text_.data() + from, 8);
+            std::memcpy(to, text.data() + from, 8);
             to += 8;
         }
-        const std::uint64_t word = wordAt(text_.data() + from);
+        const std::uint64_t word = wordAt(text.data() + from);
         const std::uint64_t found =
-            bytesEqual(word, separators_.record) | bytesEqual(word, separators_.field) | bytesEqual(word, kEscape);
+            bytesEqual(word, record) | bytesEqual(word, field) | bytesEqual(word, eightTimes(kEscape));
         if (found != 0) {
             return from + static_cast<std::size_t>(std::countr_zero(found)) / 8;
         }
     }
-    for (; from < text_.size() && !isSpecial(text_[from]); ++from) {
+    for (; from < text.size() && !isSpecial(text[from]); ++from) {
         if (to) {
-            *to++ = text_[from];
+            *to++ = text[from];
         }
     }
     return from;
@@ -269,9 +276,8 @@ inline void ProductsReader::closeField(std::size_t field)
     ++at_;
 }
 
-ProductFields ProductsReader::next()
+void ProductsReader::next(ProductFields& fields)
 {
-    ProductFields fields;
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         if (kFields[i].text != nullptr) {
             readText(i, fields.*kFields[i].text);
@@ -281,7 +287,6 @@ ProductFields ProductsReader::next()
         closeField(i);
     }
     ++position_;
-    return fields;
 }
 
 void ProductsReader::refuseEnd(std::size_t field) const

@@ -58,7 +58,7 @@ std::string productsStringHead(std::size_t count, ProductsSeparators separators)
 /// Reads a products string record by record, in one pass:
 ///
 ///     ProductsReader reader(text, separators);
-///     while (reader.more()) { use(reader.next()); }
+///     while (reader.more()) { reader.next(fields); }
 ///
 /// Both operations raise 321 for a string that is not of the form above and 6 for a number beyond
 /// its range. The description says at which record (1-based), in which field where it is about one,
@@ -71,7 +71,8 @@ public:
     std::size_t expected() const noexcept;
     /// False after the last record, once it is sure that nothing follows it.
     bool more() const;
-    ProductFields next();
+    /// Reads a record in place of what stands in `fields`.
+    void next(ProductFields& fields);
 
 private:
     std::int32_t readCount();

@@ -132,8 +132,9 @@ TEST_F(DeskTest, EverySampleOpensAndSellsWhatIsInTheCatalogue)
         EXPECT_FALSE(window.isWindowModified()) << sample.baseName().toStdString();
 
         const std::string products = window.findChild<ProductViewWidget*>()->Products();
+        ProductFields product;
         for (ProductsReader reader(products, {}); reader.more();) {
-            const ProductFields product = reader.next();
+            reader.next(product);
             const LookUpList found = catalogue.GetPartNumList(product.partNum, false);
             ASSERT_TRUE(found) << product.partNum;
             catalogue.SeekItem(static_cast<std::int32_t>(found->front().itemId));
