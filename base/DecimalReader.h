@@ -1,6 +1,6 @@
 // DecimalReader: an amount from its digits while a text is walked, for whoever knows the text's form.
 //
-//     DecimalReader reader;          reader.digits(rest), reader.point() where the decimals begin
+//     DecimalReader reader;   reader.digits(rest) for each run of digits, reader.point() between
 //     Currency amount = reader.result(negative);
 //
 // Digits beyond the fourth decimal only round, ties to even. Thread: a plain value.
@@ -58,9 +58,9 @@ public:
     }
 
 private:
-    /// With one digit more, a value of as many is beyond the range, wherever its point is.
     static constexpr unsigned kDecimals = 4;
     static constexpr unsigned kNoLimit = std::numeric_limits<unsigned>::max();
+    /// With one digit more, a value of as many is beyond the range, wherever its point is.
     static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
 
     void drop(unsigned digit)

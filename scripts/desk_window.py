@@ -45,19 +45,28 @@ def wait_for_title(title: str) -> None:
     wait_for(f'window "{title}"', lambda: title in titles())
 
 
+def desk_window() -> str:
+    return xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
+
+
 def click(place: tuple[int, int], *how: object) -> None:
-    window = xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
-    xdotool("mousemove", "--window", window, *place, "click", *how)
+    xdotool("mousemove", "--window", desk_window(), *place, "click", *how)
 
 
 def double_click(row: int, times: int = 1) -> None:
     click((ROW_X, FIRST_ROW + ROW_HEIGHT * (row - 1)), "--repeat", 2 * times, "--delay", 60, 1)
 
 
+def geometry(window: str) -> tuple[int, int, int, int]:
+    """Left, top, width and height."""
+    shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
+    return int(shell["X"]), int(shell["Y"]), int(shell["WIDTH"]), int(shell["HEIGHT"])
+
+
 def click_save() -> None:
     window = xdotool("getactivewindow").strip()
-    shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
-    place = int(shell["WIDTH"]) - SAVE[0], int(shell["HEIGHT"]) - SAVE[1]
+    _, _, width, height = geometry(window)
+    place = width - SAVE[0], height - SAVE[1]
     xdotool("mousemove", "--window", window, *place, "click", 1)
 
 

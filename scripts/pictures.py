@@ -6,7 +6,8 @@ import sys
 import tempfile
 import time
 
-from desk_window import COLUMN_ONE, Desk, click, double_click, keys, titles, wait_for, wait_for_title, xdotool
+from desk_window import COLUMN_ONE, Desk, click, desk_window, double_click, geometry, keys, titles, wait_for
+from desk_window import wait_for_title, xdotool
 
 FRAME_X, FRAME_TOP, FRAME_BOTTOM = 1, 20, 5  # pixels that the window manager adds
 LONG_LIST = 2_000_000  # rows whose import can be watched
@@ -14,9 +15,7 @@ LONG_LIST = 2_000_000  # rows whose import can be watched
 
 def take(path: pathlib.Path) -> None:
     """The desk and what stands in front of it."""
-    window = xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
-    shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
-    x, y, width, height = (int(shell[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+    x, y, width, height = geometry(desk_window())
     # xdotool adds the frame to the place of what is inside it.
     area = f"{width + 2 * FRAME_X}x{height + FRAME_TOP + FRAME_BOTTOM}+{x - 2 * FRAME_X}+{y - 2 * FRAME_TOP}"
     time.sleep(0.5)  # painted

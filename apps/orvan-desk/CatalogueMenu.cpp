@@ -193,13 +193,13 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
             dialog.setLabelText(progress.indexing ? tr("Sorting %1 products…").arg(rows)
                                                   : tr("Reading “%1”… %2 products").arg(shortName(source), rows));
             dialog.setValue(progress.step);
+            if (thread->isFinished()) { // asked, not told: the thread may end while this is being made
+                dialog.accept();
+            }
         });
         look.start(kBetweenLooks);
         connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { progress.cancelled = true; });
-        connect(thread.get(), &QThread::finished, &dialog, &QDialog::accept);
-        if (!thread->isFinished()) {
-            dialog.exec();
-        }
+        dialog.exec();
         thread->wait();
     }
     if (failure) {
@@ -236,10 +236,12 @@ void CatalogueMenu::tellRefused(const QString& source, const CatalogueImportResu
     if (result.refusedCount > result.refused.size()) {
         rows << tr("… and %1 more").arg(result.refusedCount - result.refused.size());
     }
-    const QString what = result.refusedCount == 1 ? tr("“%1” was not imported: a row cannot be taken.")
-                                                  : tr("“%1” was not imported: %2 rows cannot be taken.");
+    const QString what = result.refusedCount == 1
+                             ? tr("“%1” was not imported: a row cannot be taken.").arg(shortName(source))
+                             : tr("“%1” was not imported: %2 rows cannot be taken.")
+                                   .arg(shortName(source), QString::number(result.refusedCount));
     const bool all = rows.size() <= kRowsInMessage;
-    tell_(result.refusedCount == 1 ? what.arg(shortName(source)) : what.arg(shortName(source)).arg(result.refusedCount),
+    tell_(what,
           rows.mid(0, kRowsInMessage).join(u'\n') + (all ? QString() : QStringLiteral("\n…")) +
               tr("\n\nThe catalogue is as it was."),
           all ? QString() : rows.join(u'\n'));
