@@ -115,14 +115,14 @@ Currency Currency::fromText(std::string_view text)
     return reader.result(negative);
 }
 
-std::optional<Currency> Currency::takeShortestText(std::string_view& text) noexcept
+std::optional<Currency> Currency::fromShortestText(std::string_view text) noexcept
 {
     const char* at = text.data();
     const char* const end = at + text.size();
-    std::uint64_t magnitude = 0;
-    const auto takeDigits = [&](std::ptrdiff_t most) {
+    std::uint64_t magnitude = 0; // wraps with more digits than are let through below
+    const auto takeDigits = [&] {
         const char* const begin = at;
-        for (const char* const limit = end - at > most ? at + most : end; at != limit && isDigit(*at); ++at) {
+        for (; at != end && isDigit(*at); ++at) {
             magnitude = magnitude * 10 + static_cast<std::uint64_t>(*at - '0');
         }
         return at - begin;
@@ -130,25 +130,25 @@ std::optional<Currency> Currency::takeShortestText(std::string_view& text) noexc
     const bool negative = at != end && *at == '-';
     at += negative ? 1 : 0;
     const char* const first = at;
-    const std::ptrdiff_t integerDigits = takeDigits(15); // as many as the largest amount has
-    if (integerDigits == 0 || (integerDigits > 1 && *first == '0')) {
+    const std::ptrdiff_t integerDigits = takeDigits();
+    constexpr std::ptrdiff_t kMostIntegerDigits = 15; // as many as the largest amount has
+    if (integerDigits == 0 || integerDigits > kMostIntegerDigits || (integerDigits > 1 && *first == '0')) {
         return std::nullopt;
     }
     std::ptrdiff_t decimals = 0;
     if (at != end && *at == '.') {
         ++at;
-        decimals = takeDigits(4);
-        if (decimals == 0 || at[-1] == '0') {
+        decimals = takeDigits();
+        if (decimals == 0 || decimals > 4 || at[-1] == '0') {
             return std::nullopt;
         }
     }
     static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
     magnitude *= kMissing[decimals]; // 19 digits: within 64 bits
     const bool isMinusZero = negative && magnitude == 0;
-    if (isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
+    if (at != end || isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
         return std::nullopt;
     }
-    text.remove_prefix(static_cast<std::size_t>(at - text.data()));
     return fromScaled(static_cast<std::int64_t>(negative ? 0 - magnitude : magnitude));
 }
 

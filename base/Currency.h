@@ -32,9 +32,8 @@ public:
     /// number) or 6.
     static Currency fromText(std::string_view text);
 
-    /// Takes an amount off the front of text, where it stands there as toText() writes it. What follows
-    /// is the caller's to look at: "1.5000" and "007" have none in front, but "1.23456" has 1.2345.
-    static std::optional<Currency> takeShortestText(std::string_view& text) noexcept;
+    /// The amount whose toText() is exactly this, if there is one: none for "1.5000" or "007".
+    static std::optional<Currency> fromShortestText(std::string_view text) noexcept;
 
     constexpr std::int64_t scaled() const noexcept { return scaled_; }
     /// The nearest double up to 2^53 ten-thousandths; beyond, within one unit in the last place.

@@ -9,6 +9,7 @@
 #include "base/Currency.h"
 #include "base/RuntimeError.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -22,18 +23,18 @@ public:
     /// Takes the digits that the text begins with, and returns how many they are.
     std::size_t digits(std::string_view text)
     {
+        const std::size_t room = pointSeen_ ? kDecimals - decimals_ : text.size();
+        const std::size_t most = std::min(text.size(), room);
+        const auto digitAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at] - '0'); };
         std::size_t taken = 0;
         std::uint64_t value = value_;
-        const auto isDigit = [&] { return taken < text.size() && text[taken] >= '0' && text[taken] <= '9'; };
-        const auto digit = [&] { return static_cast<unsigned>(text[taken] - '0'); };
-        const unsigned room = pointSeen_ ? kDecimals - decimals_ : kNoLimit;
-        for (; taken < room && value < kMostButOneDigit && isDigit(); ++taken) {
-            value = value * 10 + digit();
+        for (; taken < most && digitAt(taken) <= 9 && value < kMostButOneDigit; ++taken) {
+            value = value * 10 + digitAt(taken);
         }
         value_ = value;
         decimals_ += pointSeen_ ? static_cast<unsigned>(taken) : 0;
-        for (; isDigit(); ++taken) {
-            drop(digit());
+        for (; taken < text.size() && digitAt(taken) <= 9; ++taken) {
+            drop(digitAt(taken));
         }
         anyDigit_ |= taken > 0;
         return taken;
@@ -59,7 +60,6 @@ public:
 
 private:
     static constexpr unsigned kDecimals = 4;
-    static constexpr unsigned kNoLimit = std::numeric_limits<unsigned>::max();
     /// With one digit more, a value of as many is beyond the range, wherever its point is.
     static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
 

@@ -1,5 +1,6 @@
 #include "benchmarks/Comparison.h"
 
+#include "benchmarks/Machine.h"
 #include "benchmarks/Table.h"
 
 #include <algorithm>
@@ -165,6 +166,7 @@ Side timed(std::string name, std::function<void(benchmark::State&)> loop, Timing
     // Registered anew for each repetition: it alone is then run, with the iterations found before.
     const auto iterations = std::make_shared<benchmark::IterationCount>(0);
     return {name, [=] {
+                clearWideRegisters();
                 benchmark::ClearRegisteredBenchmarks();
                 benchmark::internal::Benchmark* const registered = benchmark::RegisterBenchmark(name.c_str(), loop);
                 registered->Unit(benchmark::kNanosecond);

@@ -12,6 +12,10 @@
 #include <sstream>
 #include <thread>
 
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
+
 namespace orvan::bench {
 
 namespace {
@@ -46,5 +50,16 @@ std::string machineDescription()
          << "- peers: Qt " << qVersion() << ", ICU " << U_ICU_VERSION << ", SQLite " << sqlite3_libversion() << '\n';
     return text.str();
 }
+
+#if defined(__x86_64__)
+[[gnu::target("avx")]] void clearWideRegisters()
+{
+    if (__builtin_cpu_supports("avx")) {
+        _mm256_zeroupper();
+    }
+}
+#else
+void clearWideRegisters() {}
+#endif
 
 } // namespace orvan::bench

@@ -1,4 +1,4 @@
-// Machine: what the figures were measured on, for the table's reader.
+// Machine: what the figures are measured on.
 #pragma once
 
 #include <string>
@@ -7,5 +7,9 @@ namespace orvan::bench {
 
 /// Lines of a Markdown list: processor, memory, load, system, compiler and the peers' versions.
 std::string machineDescription();
+
+/// Before each measurement: painting and some of the system's own procedures leave the upper halves of the processor's
+/// wide registers in use, which makes other code slower by as much as a half, on whichever side comes next.
+void clearWideRegisters();
 
 } // namespace orvan::bench

@@ -26,8 +26,8 @@ constexpr const char* kHelp =
 int run(std::vector<std::string> arguments)
 {
     orvan::bench::Suite suite;
-    // First what needs no window: painting leaves the processor's wide registers in a state in which other code is
-    // slower by as much as a half, now here, now there.
+    // First what needs no window: in a heap that windows have come and gone in, allocating takes longer on both sides,
+    // and says less about either.
     orvan::bench::addEditor(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);

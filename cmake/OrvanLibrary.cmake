@@ -20,6 +20,9 @@ function(orvan_library name)
     set_target_properties(orvan_${name} PROPERTIES
         EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
     target_compile_features(orvan_${name} PUBLIC cxx_std_20)
+    # Nobody replaces a function of a static library at load time: without this the compiler has to expect it of code
+    # that may end up in a shared one, and inlines less.
+    target_compile_options(orvan_${name} PRIVATE -fno-semantic-interposition)
     target_include_directories(orvan_${name} PUBLIC
         $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orvan>)
     target_link_libraries(orvan_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})

@@ -14,6 +14,8 @@ namespace orvan {
 namespace {
 
 constexpr char kEscape = '\\';
+/// Bytes that are copied at once while escapes are taken out.
+constexpr std::size_t kRunStep = 16;
 /// Four amounts of one digit, seven field separators, one record separator.
 constexpr std::size_t kSmallestRecord = 12;
 
@@ -74,32 +76,6 @@ try {
     return error.number() == ErrorNumber::overflow && text[begin] >= '0' && text[begin] <= '9';
 }
 
-/// Eight bytes in a word, the first one lowest.
-std::uint64_t wordAt(const char* bytes)
-{
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    if constexpr (std::endian::native == std::endian::big) {
-        word = __builtin_bswap64(word);
-    }
-    return word;
-}
-
-constexpr std::uint64_t kOnes = 0x0101010101010101;
-constexpr std::uint64_t kHighBits = 0x8080808080808080;
-
-constexpr std::uint64_t eightTimes(char c)
-{
-    return kOnes * static_cast<unsigned char>(c);
-}
-
-/// The high bit of each byte that equals that of `eight`; bytes above the first such one may have it, too.
-std::uint64_t bytesEqual(std::uint64_t word, std::uint64_t eight)
-{
-    const std::uint64_t difference = word ^ eight;
-    return (difference - kOnes) & ~difference & kHighBits;
-}
-
 } // namespace
 
 ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep)
@@ -137,8 +113,9 @@ std::string productsStringHead(std::size_t count, ProductsSeparators separators)
 
 ProductsReader::ProductsReader(std::string_view text, ProductsSeparators separators)
     : text_(text), separators_(separators), count_(text.empty() ? 0 : readCount()),
-      unescaped_(std::make_unique_for_overwrite<char[]>(text.size() + 8))
+      marks_(text, separators.record, separators.field, kEscape)
 {
+    marks_.startAt(at_);
 }
 
 std::size_t ProductsReader::expected() const noexcept
@@ -177,88 +154,54 @@ std::int32_t ProductsReader::readCount()
     return count;
 }
 
-/// A separator or the escape: what stands behind a backslash in a text.
-inline bool ProductsReader::isSpecial(char c) const noexcept
+inline void ProductsReader::readText(std::size_t begin, std::size_t end, std::string& value)
 {
-    return c == separators_.record || c == separators_.field || c == kEscape;
-}
-
-/// The next separator or escape character from there on, or the text's end. What comes before is copied, where a
-/// place for it is given.
-inline std::size_t ProductsReader::endOfRun(std::size_t from, char* to) const noexcept
-{
-    // Eight bytes at a time: most of the time that it takes to read a list goes by in here. What is
-    // copied beyond the run is overwritten by what follows it.
-    const std::string_view text = text_; // copies, which no byte written to `to` can be part of
-    const std::uint64_t record = eightTimes(separators_.record), field = eightTimes(separators_.field);
-    for (; from + 8 <= text.size(); from += 8) {
-        if (to) {
-            std::memcpy(to, text.data() + from, 8);
-            to += 8;
-        }
-        const std::uint64_t word = wordAt(text.data() + from);
-        const std::uint64_t found =
-            bytesEqual(word, record) | bytesEqual(word, field) | bytesEqual(word, eightTimes(kEscape));
-        if (found != 0) {
-            return from + static_cast<std::size_t>(std::countr_zero(found)) / 8;
-        }
-    }
-    for (; from < text.size() && !isSpecial(text[from]); ++from) {
-        if (to) {
-            *to++ = text[from];
-        }
-    }
-    return from;
-}
-
-void ProductsReader::readText(std::size_t field, std::string& value)
-{
-    const std::size_t begin = at_;
-    at_ = endOfRun(begin, nullptr);
-    if (at_ < text_.size() && text_[at_] == kEscape) {
-        readEscapes(field, begin, value);
+    const std::size_t size = end - begin;
+    if (size <= kByteBlock && marks_.escapes(begin, size) == 0) {
+        value.assign(text_, begin, size);
     } else {
-        value.assign(text_, begin, at_ - begin);
+        readEscapes(begin, end, value);
     }
 }
 
-/// The rest of a text that began at `begin` and has come to its first escape.
-void ProductsReader::readEscapes(std::size_t field, std::size_t begin, std::string& value)
+/// A text from its runs between escapes.
+void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string& value)
 {
-    char* to = std::copy(text_.data() + begin, text_.data() + at_, unescaped_.get());
-    while (at_ < text_.size() && text_[at_] == kEscape) {
-        const std::size_t escaped = at_ + 1;
-        if (escaped == text_.size()) {
-            at_ = escaped; // cut within the escape: closeField says so
-            break;
-        }
-        if (!isSpecial(text_[escaped])) {
-            refuse(ErrorNumber::invalidFileFormat, kFields[field].name,
-                   "a backslash stands before a character that needs none");
-        }
-        *to++ = text_[escaped];
-        at_ = endOfRun(escaped + 1, to);
-        to += at_ - (escaped + 1);
+    if (unescaped_.size() < end - begin + kRunStep) {
+        unescaped_.resize(end - begin + kRunStep);
     }
-    value.assign(unescaped_.get(), static_cast<std::size_t>(to - unescaped_.get()));
+    const char* from = text_.data() + begin;
+    char* to = unescaped_.data();
+    const auto takeRun = [&](const char* runEnd) {
+        const auto size = static_cast<std::size_t>(runEnd - from);
+        // Most runs are words: sixteen bytes are copied without asking how many they are, and
+        // what is too much is overwritten by what follows.
+        if (size <= kRunStep && text_.data() + text_.size() - from >= std::ptrdiff_t{kRunStep}) {
+            std::memcpy(to, from, kRunStep);
+        } else {
+            std::memcpy(to, from, size);
+        }
+        from += size;
+        to += size;
+    };
+    for (std::size_t at = begin; at < end; at += kByteBlock) {
+        for (std::uint64_t escapes = marks_.escapes(at, end - at); escapes != 0; escapes &= escapes - 1) {
+            takeRun(text_.data() + at + std::countr_zero(escapes));
+            ++from; // the escape itself
+        }
+    }
+    takeRun(text_.data() + end);
+    value.assign(unescaped_, 0, static_cast<std::size_t>(to - unescaped_.data()));
 }
 
-Currency ProductsReader::readAmount(std::size_t field)
+inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin, std::size_t end)
 {
-    std::string_view rest = text_.substr(at_);
-    const std::optional<Currency> amount = Currency::takeShortestText(rest);
-    if (amount && !rest.empty() && (rest[0] == separators_.record || rest[0] == separators_.field)) {
-        at_ = text_.size() - rest.size();
+    const std::string_view digits = text_.substr(begin, end - begin);
+    if (const std::optional<Currency> amount = Currency::fromShortestText(digits)) {
         return *amount;
     }
-    std::size_t end = at_;
-    while (end < text_.size() && !isSpecial(text_[end])) {
-        ++end;
-    }
-    const std::string_view digits = text_.substr(at_, end - at_);
-    at_ = end;
     if (end == text_.size()) {
-        return {}; // cut within the amount: closeField says so, rather than that half a number is none
+        return {}; // cut within the amount: checkEnd says so, rather than that half a number is none
     }
     if (isBeyondRange(digits)) {
         refuse(ErrorNumber::overflow, kFields[field].name, "the amount is beyond the range");
@@ -266,33 +209,38 @@ Currency ProductsReader::readAmount(std::size_t field)
     refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "this is not an amount in its shortest form");
 }
 
-/// Checks and passes the separator behind a field.
-inline void ProductsReader::closeField(std::size_t field)
+/// A field that was read ends at its own separator.
+inline void ProductsReader::checkEnd(std::size_t field, std::size_t end) const
 {
     const bool last = field + 1 == kFieldCount;
-    if (at_ >= text_.size() || text_[at_] != (last ? separators_.record : separators_.field)) {
-        refuseEnd(field);
+    if (end == text_.size() || text_[end] != (last ? separators_.record : separators_.field)) {
+        refuseEnd(field, end);
     }
-    ++at_;
 }
 
 void ProductsReader::next(ProductFields& fields)
 {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
+        const std::size_t end = marks_.nextEnd();
         if (kFields[i].text != nullptr) {
-            readText(i, fields.*kFields[i].text);
+            readText(at_, end, fields.*kFields[i].text);
         } else {
-            fields.*kFields[i].amount = readAmount(i);
+            fields.*kFields[i].amount = readAmount(i, at_, end);
         }
-        closeField(i);
+        checkEnd(i, end);
+        at_ = end + 1;
     }
     ++position_;
 }
 
-void ProductsReader::refuseEnd(std::size_t field) const
+void ProductsReader::refuseEnd(std::size_t field, std::size_t end) const
 {
-    if (at_ >= text_.size()) {
+    if (end == text_.size()) {
         refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "the string is cut short");
+    }
+    if (text_[end] != separators_.record && text_[end] != separators_.field) {
+        refuse(ErrorNumber::invalidFileFormat, kFields[field].name,
+               "a backslash stands before a character that needs none");
     }
     refuse(ErrorNumber::invalidFileFormat, {},
            field + 1 == kFieldCount ? "the record has more than 8 fields"

@@ -17,10 +17,10 @@
 #pragma once
 
 #include "base/Currency.h"
+#include "core/FieldMarks.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -55,7 +55,7 @@ void appendProduct(std::string& out, const ProductFields& fields, ProductsSepara
 /// The element in front of `count` records; "" for none.
 std::string productsStringHead(std::size_t count, ProductsSeparators separators);
 
-/// Reads a products string record by record, in one pass:
+/// Reads a products string record by record:
 ///
 ///     ProductsReader reader(text, separators);
 ///     while (reader.more()) { reader.next(fields); }
@@ -76,13 +76,11 @@ public:
 
 private:
     std::int32_t readCount();
-    void readText(std::size_t field, std::string& value);
-    Currency readAmount(std::size_t field);
-    void readEscapes(std::size_t field, std::size_t begin, std::string& value);
-    std::size_t endOfRun(std::size_t from, char* to) const noexcept;
-    bool isSpecial(char c) const noexcept;
-    void closeField(std::size_t field);
-    [[noreturn]] void refuseEnd(std::size_t field) const;
+    void readText(std::size_t begin, std::size_t end, std::string& value);
+    void readEscapes(std::size_t begin, std::size_t end, std::string& value);
+    Currency readAmount(std::size_t field, std::size_t begin, std::size_t end);
+    void checkEnd(std::size_t field, std::size_t end) const;
+    [[noreturn]] void refuseEnd(std::size_t field, std::size_t end) const;
     [[noreturn]] void refuse(std::int32_t error, std::string_view fieldName, std::string_view reason) const;
 
     std::string_view text_;
@@ -90,7 +88,8 @@ private:
     std::size_t at_ = 0;
     std::int32_t position_ = 1; // of the record being read
     std::int32_t count_ = 0;
-    std::unique_ptr<char[]> unescaped_; // a text that had escapes; room for the longest, little of it ever touched
+    FieldMarks marks_;
+    std::string unescaped_; // room for a text that had escapes, used again
 };
 
 } // namespace orvan

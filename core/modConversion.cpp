@@ -4,6 +4,7 @@
 #include "ui/LocaleService.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace orvan {
 
@@ -47,13 +48,15 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
         if (isAscii(c)) {
             // Without a branch: nobody foretells where in a text the separators stand.
             *end = c;
-            end += static_cast<int>(isDigit(c)) | static_cast<int>(c == decimal);
+            end += isDigit(c) || c == decimal ? 1 : 0;
             anyDigit |= isDigit(c);
             ++at;
         } else {
-            const std::string_view character = sText.substr(at, characterSize(sText, at));
-            end = std::copy_n(character.begin(), character == sDecimalSep ? character.size() : 0, end);
-            at += character.size();
+            const std::size_t size = characterSize(sText, at);
+            if (sText.substr(at, size) == sDecimalSep) {
+                end = std::copy(sDecimalSep.begin(), sDecimalSep.end(), end);
+            }
+            at += size;
         }
     }
     return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
@@ -62,11 +65,13 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
 Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 try {
     char typed[64]; // room for what is typed, as a rule
-    std::string longer;
+    std::unique_ptr<char[]> longer;
+    char* room = typed;
     if (sText.size() > sizeof typed) {
-        longer.resize(sText.size());
+        longer = std::make_unique_for_overwrite<char[]>(sText.size());
+        room = longer.get();
     }
-    const std::string_view kept = keepAmount(longer.empty() ? typed : longer.data(), sText, sDecimalSep);
+    const std::string_view kept = keepAmount(room, sText, sDecimalSep);
     return kept.empty() ? Currency() : locale.textToCurrency(kept); // a box just emptied is no exception
 } catch (...) {
     return Currency(); // a user may type anything: what is not an amount is none

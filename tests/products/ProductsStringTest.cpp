@@ -53,6 +53,27 @@ TEST(ProductsString, CarriesAnyTextWithAnySeparators)
     EXPECT_EQ(manager->GetProduct(2)->Name(), std::string("\0~\r\n", 4));
 }
 
+TEST(ProductsString, CarriesEscapesWhereverTheyStand)
+{
+    const auto manager = makeManager();
+    for (std::size_t before = 0; before < 140; ++before) {
+        for (std::size_t run = 1; run < 4; ++run) {
+            const auto product = manager->AddNewProduct();
+            product->SetName(std::string(before, 'x').append(run, '\\'));
+            product->SetKey(std::string(run, ':').append("y"));
+            product->SetNote(std::string(run, '\\').append(before, '~'));
+        }
+    }
+    const auto second = makeManager();
+    load(*second, saved(*manager));
+    ASSERT_EQ(second->GetProductCount(), manager->GetProductCount());
+    for (std::int32_t i = 1; i <= manager->GetProductCount(); ++i) {
+        EXPECT_EQ(second->GetProduct(i)->Name(), manager->GetProduct(i)->Name());
+        EXPECT_EQ(second->GetProduct(i)->Key(), manager->GetProduct(i)->Key());
+        EXPECT_EQ(second->GetProduct(i)->Note(), manager->GetProduct(i)->Note());
+    }
+}
+
 TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
 {
     const auto manager = makeManager();
