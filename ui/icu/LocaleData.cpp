@@ -4,19 +4,19 @@
 #include "ui/icu/LocaleNames.h"
 
 #include <unicode/dcfmtsym.h>
-#include <unicode/formattedvalue.h>
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
 #include <unicode/ucurr.h>
+#include <unicode/uloc.h>
 
 #include <algorithm>
-#include <memory>
+#include <utility>
+#include <vector>
 
 namespace orvan::icu {
 
 namespace {
 
-using ::icu::ConstrainedFieldPosition;
 using ::icu::DecimalFormatSymbols;
 using ::icu::Locale;
 using ::icu::UnicodeString;
@@ -35,20 +35,34 @@ std::string toUtf8(const UnicodeString& text)
     return text.toUTF8String(utf8);
 }
 
+/// Whether a test is true for the name of one of ICU's locales. Names, because making its list of Locale objects alone
+/// takes longer than all else in here.
+template <class Test>
+bool anyAvailable(Test&& test)
+{
+    const std::int32_t count = uloc_countAvailable();
+    for (std::int32_t i = 0; i < count; ++i) {
+        if (test(std::string_view(uloc_getAvailable(i)))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool hasDataFor(std::string_view language, std::string_view script = {})
 {
-    std::int32_t count = 0;
-    const Locale* const all = Locale::getAvailableLocales(count);
-    return std::any_of(all, all + count, [&](const Locale& each) {
-        return each.getLanguage() == language && (script.empty() || each.getScript() == script);
+    std::string beginning(language);
+    if (!script.empty()) {
+        beginning.append("_").append(script);
+    }
+    return anyAvailable([&](std::string_view name) {
+        return name.starts_with(beginning) && (name.size() == beginning.size() || name[beginning.size()] == '_');
     });
 }
 
 bool isAvailable(const Locale& locale)
 {
-    std::int32_t count = 0;
-    const Locale* const all = Locale::getAvailableLocales(count);
-    return std::find(all, all + count, locale) != all + count;
+    return anyAvailable([&](std::string_view name) { return name == locale.getName(); });
 }
 
 Locale withLikelySubtags(Locale locale)
@@ -131,60 +145,62 @@ void applyModifier(Locale& locale, std::string_view modifier)
     }
 }
 
-/// Finds the parts of a formatted number by the fields ICU marks in it.
+constexpr int kDecimals = 4;
+
+LocalizedNumberFormatter formatterOf(const Locale& locale)
+{
+    return ::icu::number::NumberFormatter::withLocale(locale).precision(
+        ::icu::number::Precision::fixedFraction(kDecimals));
+}
+
+/// The parts of a formatted number, told by its digits, which are the only ones in it. ICU marks the parts itself, but
+/// asking it for the first of them takes a millisecond.
 class FormattedParts {
 public:
     FormattedParts(const LocalizedNumberFormatter& formatter, const char* decimal)
     {
         UErrorCode status = U_ZERO_ERROR;
-        const auto formatted = formatter.formatDecimal(decimal, status);
-        text_ = formatted.toString(status);
-        ConstrainedFieldPosition field;
-        field.constrainCategory(UFIELD_CATEGORY_NUMBER);
-        while (formatted.nextPosition(field, status)) {
-            take(field.getField(), {field.getStart(), field.getLimit()});
-        }
+        text_ = formatter.formatDecimal(decimal, status).toString(status);
         check(status);
+        for (std::int32_t i = 0; i < text_.length(); ++i) {
+            if (text_[i] >= u'0' && text_[i] <= u'9') {
+                digits_.push_back(i);
+            }
+        }
+        if (digits_.size() <= kDecimals) {
+            check(U_INTERNAL_PROGRAM_ERROR);
+        }
+        for (std::size_t i = 1; i < digits_.size() - kDecimals; ++i) {
+            if (digits_[i] != digits_[i - 1] + 1) {
+                groupBegins_.push_back(i);
+            }
+        }
     }
 
-    std::string prefix() const { return part({0, integer_.start}); }
-    std::string suffix() const { return part({std::max(integer_.limit, fraction_.limit), text_.length()}); }
-    std::string decimalSeparator() const { return part(decimal_); }
-    std::string currencySymbol() const { return part(currency_); }
-    /// "" when nothing is grouped.
-    std::string groupSeparator() const { return part(lastGroup_); }
-    int primaryGroup() const { return isGrouped() ? integer_.limit - lastGroup_.limit : 0; }
-    int secondaryGroup() const
+    std::string prefix() const { return part(0, digits_.front()); }
+    std::string suffix() const { return part(digits_.back() + 1, text_.length()); }
+    std::string decimalSeparator() const { return before(integerDigits()); }
+    bool isGrouped() const { return !groupBegins_.empty(); }
+    std::string groupSeparator() const { return before(groupBegins_.back()); }
+    std::size_t primaryGroup() const { return isGrouped() ? integerDigits() - groupBegins_.back() : 0; }
+    std::size_t secondaryGroup() const
     {
-        return previousGroup_.limit != 0 ? lastGroup_.start - previousGroup_.limit : primaryGroup();
+        const std::size_t groups = groupBegins_.size();
+        return groups < 2 ? primaryGroup() : groupBegins_[groups - 1] - groupBegins_[groups - 2];
     }
-    bool isGrouped() const { return lastGroup_.limit != 0; }
 
 private:
-    struct Span {
-        std::int32_t start = 0;
-        std::int32_t limit = 0;
-    };
-
-    void take(std::int32_t field, Span span)
+    std::size_t integerDigits() const { return digits_.size() - kDecimals; }
+    std::string part(std::int32_t begin, std::int32_t end) const
     {
-        switch (field) {
-        case UNUM_INTEGER_FIELD: integer_ = span; break;
-        case UNUM_FRACTION_FIELD: fraction_ = span; break;
-        case UNUM_DECIMAL_SEPARATOR_FIELD: decimal_ = span; break;
-        case UNUM_CURRENCY_FIELD: currency_ = span; break;
-        case UNUM_GROUPING_SEPARATOR_FIELD:
-            previousGroup_ = lastGroup_;
-            lastGroup_ = span;
-            break;
-        default: break;
-        }
+        return toUtf8(text_.tempSubStringBetween(begin, end));
     }
-
-    std::string part(Span span) const { return toUtf8(text_.tempSubStringBetween(span.start, span.limit)); }
+    /// What stands between a digit and the one before it.
+    std::string before(std::size_t digit) const { return part(digits_[digit - 1] + 1, digits_[digit]); }
 
     UnicodeString text_;
-    Span integer_, fraction_, decimal_, currency_, previousGroup_, lastGroup_;
+    std::vector<std::int32_t> digits_;     // where they stand
+    std::vector<std::size_t> groupBegins_; // the first digit of each group but the first
 };
 
 NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::string& unusedGroupSeparator)
@@ -199,10 +215,10 @@ NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::st
     pattern.negativeSuffix = negative.suffix();
     pattern.decimalSeparator = positive.decimalSeparator();
     pattern.groupSeparator = positive.isGrouped() ? positive.groupSeparator() : unusedGroupSeparator;
-    pattern.primaryGroup = positive.primaryGroup();
-    pattern.secondaryGroup = positive.secondaryGroup();
+    pattern.primaryGroup = static_cast<int>(positive.primaryGroup());
+    pattern.secondaryGroup = static_cast<int>(positive.secondaryGroup());
     if (positive.isGrouped()) {
-        std::string digits(static_cast<std::size_t>(pattern.primaryGroup) + 1, '1');
+        std::string digits(positive.primaryGroup() + 1, '1');
         while (!FormattedParts(formatter, digits.c_str()).isGrouped()) {
             digits += '1'; // ends: the number above is grouped
         }
@@ -212,17 +228,22 @@ NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::st
     return pattern;
 }
 
-LocalizedNumberFormatter formatterOf(const Locale& locale)
-{
-    return ::icu::number::NumberFormatter::withLocale(locale).precision(::icu::number::Precision::fixedFraction(4));
-}
-
 std::string groupSymbol(const Locale& locale, DecimalFormatSymbols::ENumberFormatSymbol symbol)
 {
     UErrorCode status = U_ZERO_ERROR;
     const DecimalFormatSymbols symbols(locale, status);
     check(status);
     return toUtf8(symbols.getConstSymbol(symbol));
+}
+
+std::string currencySymbol(const Locale& locale, const ::icu::CurrencyUnit& currency)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::int32_t length = 0;
+    const char16_t* const symbol =
+        ucurr_getName(currency.getISOCurrency(), locale.getName(), UCURR_SYMBOL_NAME, nullptr, &length, &status);
+    check(status);
+    return toUtf8(UnicodeString(symbol, length));
 }
 
 } // namespace
@@ -269,14 +290,14 @@ MoneyPattern moneyPattern(const std::string& localeId)
     const ::icu::CurrencyUnit currency(::icu::StringPiece(currencyCode(localeId)), status);
     check(status);
     const std::string group = groupSymbol(locale, DecimalFormatSymbols::kMonetaryGroupingSeparatorSymbol);
-    const auto moneyOf = [&](const LocalizedNumberFormatter& formatter) {
-        return MoneyPattern{patternOf(formatter, group), FormattedParts(formatter, "1").currencySymbol()};
+    const auto moneyOf = [&](const LocalizedNumberFormatter& formatter, std::string symbol) {
+        return MoneyPattern{patternOf(formatter, group), std::move(symbol)};
     };
     const LocalizedNumberFormatter formatter = formatterOf(locale).unit(currency);
-    MoneyPattern money = moneyOf(formatter);
+    MoneyPattern money = moneyOf(formatter, currencySymbol(locale, currency));
     if (looksLikeDigits(money.symbol, money.pattern.decimalSeparator)) {
         // A copy: one that is moved out of a formatter in use goes on showing what that one did.
-        money = moneyOf(formatter.unitWidth(UNUM_UNIT_WIDTH_ISO_CODE));
+        money = moneyOf(formatter.unitWidth(UNUM_UNIT_WIDTH_ISO_CODE), currencyCode(localeId));
     }
     return money;
 }
