@@ -203,9 +203,12 @@ Side dropDown(std::string name, std::size_t entries)
 
 constexpr double kPause = 500e6; // nanoseconds
 
-/// From the last of several keys to the search, in a program that has nothing else to do.
+/// From the last of several keys to the search, in a program that has nothing else to do, on a machine that has nothing
+/// else to do: a wait in which a bare timer of Qt's is late, too, is measured again.
 const std::vector<double>& waits()
 {
+    constexpr std::size_t kWaits = 16;
+    constexpr double kBusy = 2e6; // nanoseconds that the bare timer may be late
     static std::vector<double> times;
     if (!times.empty()) {
         return times;
@@ -213,21 +216,32 @@ const std::vector<double>& waits()
     lookUpInWindow(1'000, [&](ui::Form& form, OpenedAnew& catalogue) {
         QLineEdit& line = *widgetIn<QComboBox, ui::ComboBox>(form, "cboPartNum").lineEdit();
         line.setFocus();
-        for (int i = 0; i < 16; ++i) {
+        for (std::size_t tries = 2 * kWaits; times.size() < kWaits; --tries) {
             QEventLoop loop;
             Clock::time_point lastKey;
+            double bareWait = 0;
+            QTimer bare;
+            bare.setTimerType(Qt::PreciseTimer);
+            bare.setSingleShot(true);
+            QObject::connect(&bare, &QTimer::timeout, [&] { bareWait = nanosecondsSince(lastKey); });
             for (int key = 0; key < 3; ++key) {
-                QTimer::singleShot(key * (90 + 7 * i), Qt::PreciseTimer, &loop, [&] {
+                QTimer::singleShot(key * (90 + 7 * static_cast<int>(times.size())), Qt::PreciseTimer, &loop, [&] {
                     lastKey = Clock::now();
+                    bare.start(static_cast<int>(kPause / 1e6));
                     pressKey(line, Qt::Key_A, QStringLiteral("a"));
                 });
             }
+            double wait = 0;
             catalogue.onSearch = [&] {
-                times.push_back(nanosecondsSince(lastKey));
+                wait = nanosecondsSince(lastKey);
                 loop.quit();
                 catalogue.onSearch = nullptr; // once: without a match the whole list is asked for, too
             };
             loop.exec();
+            const bool busy = bareWait > kPause + kBusy;
+            if (!busy || wait < kPause || tries <= kWaits) {
+                times.push_back(wait);
+            }
         }
     });
     return times;

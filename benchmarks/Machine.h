@@ -9,7 +9,7 @@ namespace orvan::bench {
 std::string machineDescription();
 
 /// Before each measurement: painting and some of the system's own procedures leave the upper halves of the processor's
-/// wide registers in use, which makes other code slower by as much as a half, on whichever side comes next.
+/// wide registers in use, which makes other code slower, on whichever side comes next.
 void clearWideRegisters();
 
 } // namespace orvan::bench
