@@ -62,6 +62,21 @@ Currency Currency::fromInteger(std::int64_t value)
     return checked(Int128{value} * kScale);
 }
 
+Currency Currency::fromDouble(double value)
+{
+    // The product is off by at most half of its last binary place, which moves no amount of this size from
+    // one side of a half to the other: only where it lies on a half does it take a closer look. Adding 1.5 * 2^52
+    // leaves a double no room for a fraction: it is rounded without a call.
+    constexpr double kNoFraction = 6'755'399'441'055'744.0;
+    constexpr double kHalvesExact = 2'251'799'813'685'248.0; // 2^51
+    const double product = value * double(kScale);
+    const double nearest = (product + kNoFraction) - kNoFraction;
+    if (std::abs(product) < kHalvesExact && std::abs(product - nearest) != 0.5) {
+        return Currency(static_cast<std::int64_t>(nearest));
+    }
+    return fromAnyDouble(value);
+}
+
 Currency Currency::fromAnyDouble(double value)
 {
     if (!std::isfinite(value)) {

@@ -6,7 +6,6 @@
 // sums of many lines do not drift). Thread: a plain value.
 #pragma once
 
-#include <cmath>
 #include <compare>
 #include <cstdint>
 #include <limits>
@@ -27,20 +26,7 @@ public:
     /// Raises 6 beyond the range.
     static Currency fromInteger(std::int64_t value);
     /// The nearest amount to the double's exact value. Raises 6 for NaN, infinity and out of range.
-    static Currency fromDouble(double value)
-    {
-        // The product is off by at most half of its last binary place, which moves no amount of this size from
-        // one side of a half to the other: only where it lies on a half does it take a closer look. Adding 1.5 * 2^52
-        // leaves a double no room for a fraction: it is rounded without a call.
-        constexpr double kNoFraction = 6'755'399'441'055'744.0;
-        constexpr double kHalvesExact = 2'251'799'813'685'248.0; // 2^51
-        const double product = value * double(kScale);
-        const double nearest = (product + kNoFraction) - kNoFraction;
-        if (std::abs(product) < kHalvesExact && std::abs(product - nearest) != 0.5) {
-            return Currency(static_cast<std::int64_t>(nearest));
-        }
-        return fromAnyDouble(value);
-    }
+    static Currency fromDouble(double value);
     /// Reads "-12.3456": an optional sign, digits, an optional '.' with digits; at least one digit
     /// and nothing else, in no locale. More than four decimals are rounded. Raises 13 (not a
     /// number) or 6.

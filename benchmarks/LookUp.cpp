@@ -21,7 +21,9 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <future>
 #include <random>
+#include <thread>
 
 namespace orvan::bench {
 
@@ -201,14 +203,15 @@ Side dropDown(std::string name, std::size_t entries)
 
 // --- M ----------------------------------------------------------------------------------------------
 
-constexpr double kPause = 500e6; // nanoseconds
+constexpr std::chrono::milliseconds kPauseTime(500);
+constexpr double kPause = std::chrono::nanoseconds(kPauseTime).count();
 
 /// From the last of several keys to the search, in a program that has nothing else to do, on a machine that has nothing
-/// else to do: a wait in which a bare timer of Qt's is late, too, is measured again.
+/// else to do: a wait at whose end a sleeping thread, too, wakes late is measured again.
 const std::vector<double>& waits()
 {
     constexpr std::size_t kWaits = 16;
-    constexpr double kBusy = 2e6; // nanoseconds that the bare timer may be late
+    constexpr double kBusy = 2e6; // nanoseconds that the thread may be late
     static std::vector<double> times;
     if (!times.empty()) {
         return times;
@@ -216,18 +219,19 @@ const std::vector<double>& waits()
     lookUpInWindow(1'000, [&](ui::Form& form, OpenedAnew& catalogue) {
         QLineEdit& line = *widgetIn<QComboBox, ui::ComboBox>(form, "cboPartNum").lineEdit();
         line.setFocus();
-        for (std::size_t tries = 2 * kWaits; times.size() < kWaits; --tries) {
+        for (std::size_t discarded = 0; times.size() < kWaits;) {
             QEventLoop loop;
             Clock::time_point lastKey;
-            double bareWait = 0;
-            QTimer bare;
-            bare.setTimerType(Qt::PreciseTimer);
-            bare.setSingleShot(true);
-            QObject::connect(&bare, &QTimer::timeout, [&] { bareWait = nanosecondsSince(lastKey); });
+            std::future<double> machineLate;
             for (int key = 0; key < 3; ++key) {
-                QTimer::singleShot(key * (90 + 7 * static_cast<int>(times.size())), Qt::PreciseTimer, &loop, [&] {
+                QTimer::singleShot(key * (90 + 7 * static_cast<int>(times.size())), Qt::PreciseTimer, &loop, [&, key] {
                     lastKey = Clock::now();
-                    bare.start(static_cast<int>(kPause / 1e6));
+                    if (key == 2) {
+                        machineLate = std::async(std::launch::async, [due = lastKey + kPauseTime] {
+                            std::this_thread::sleep_until(due);
+                            return nanosecondsSince(due);
+                        });
+                    }
                     pressKey(line, Qt::Key_A, QStringLiteral("a"));
                 });
             }
@@ -238,8 +242,10 @@ const std::vector<double>& waits()
                 catalogue.onSearch = nullptr; // once: without a match the whole list is asked for, too
             };
             loop.exec();
-            const bool busy = bareWait > kPause + kBusy;
-            if (!busy || wait < kPause || tries <= kWaits) {
+            const bool busy = machineLate.valid() && machineLate.get() > kBusy;
+            if (busy && wait >= kPause && discarded < kWaits) {
+                ++discarded;
+            } else {
                 times.push_back(wait);
             }
         }

@@ -1,7 +1,5 @@
 #include "core/FieldMarks.h"
 
-#include <cstring>
-
 namespace orvan {
 
 namespace {
@@ -13,8 +11,8 @@ struct Escapes {
 };
 
 /// In a run of backslashes each escape takes the next one with it, so every second is an escape, from the first on.
-/// A run's last bit is carried over it by one subtraction; which bits that leaves tells on whether the run began at an
-/// even place, and the mask of the odd ones turns both cases into one.
+/// The subtraction leaves a run that begins at an even place as it is, and of one that begins at an odd place only the
+/// bit behind its end; with the mask of the odd places either becomes every second bit, from the run's first on.
 Escapes escapesAmong(std::uint64_t backslashes, std::uint64_t escapedFirst)
 {
     constexpr std::uint64_t kOddPlaces = 0xAAAAAAAAAAAAAAAA;
@@ -43,7 +41,7 @@ FieldMarks::FieldMarks(std::string_view text, char recordSep, char fieldSep, cha
         marks_[i] = mark(text.data() + i * kByteBlock);
     }
     char padded[kByteBlock] = {};
-    std::memcpy(padded, text.data() + last * kByteBlock, rest);
+    text.copy(padded, rest, last * kByteBlock);
     const Marks found = mark(padded);
     marks_[last] = {found.ends | std::uint64_t{1} << rest, found.escapes};
     marks_[last + 1] = {0, 0};

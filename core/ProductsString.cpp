@@ -196,11 +196,12 @@ void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string
 
 inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin, std::size_t end)
 {
-    const std::string_view digits = text_.substr(begin, end - begin);
+    std::string_view digits = text_.substr(begin, end - begin);
     if (const std::optional<Currency> amount = Currency::fromShortestText(digits)) {
         return *amount;
     }
-    if (end == text_.size()) {
+    digits = digits.substr(0, digits.find(kEscape)); // no amount has one
+    if (begin + digits.size() == text_.size()) {
         return {}; // cut within the amount: checkEnd says so, rather than that half a number is none
     }
     if (isBeyondRange(digits)) {

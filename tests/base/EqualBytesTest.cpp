@@ -15,8 +15,9 @@ TEST(EqualBytes, BothWaysFindEachEqualByteAndNoOther)
             char block[kByteBlock];
             std::uint64_t expected = 0;
             for (std::size_t at = 0; at < kByteBlock; ++at) {
-                // Neighbours above all: a borrow or a carry would show there.
-                block[at] = static_cast<char>(wanted + static_cast<int>(random() % 5) - 2);
+                // Neighbours and bytes that differ in one bit: a borrow, a carry or a lost bit would show there.
+                block[at] = static_cast<char>(random() % 2 == 0 ? wanted + static_cast<int>(random() % 5) - 2
+                                                                : wanted ^ (1 << random() % 8));
                 expected |= std::uint64_t{block[at] == wanted} << at;
             }
             ASSERT_EQ(equalBytes(block, wanted), expected);

@@ -25,6 +25,7 @@ TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
              {"es_ES", "pl_PL", "12345.5", "12.345,50\u00A0€", "12\u00A0345,50", "€"},
              {"ja_JP", "ja_JP", "1234.5", "￥1,234.50", "1,234.50", "￥"},             // digits asked for, not 0
              {"ar_BH", "ar_EG", "1234.5", "\u200F1,234.50\u00A0BHD", "1,234.50", "BHD"}, // its sign has points
+             {"ar_DZ", "ar_DZ", "1234.5", "\u200F1.234,50\u00A0د.ج.\u200F", "1.234,50", "د.ج.\u200F"}, // with its mark
              {"sv_SE", "sv_SE", "-1234.5", "−1\u00A0234,50\u00A0kr", "−1\u00A0234,50", "kr"},
              {"en_US_POSIX", "en_US_POSIX", "1234.5", "$\u00A01234.50", "1234.50", "$"}, // no groups at all
          }) {

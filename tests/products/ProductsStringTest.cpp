@@ -91,6 +91,8 @@ TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
              {"1~a:\\b::1:1:0:7:~", 321, "product 1, field Key:", "backslash"},
              {"1~a:::1:1:0:7:\\", 321, "product 1, field Note:", "cut short"},
              {"1~a:::1,5:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+             {"1~a:::1\\", 321, "product 1, field UnitPrice:", "not an amount"},
+             {"1~a:::99999999999999999999\\:1:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"},
              {"1~a:::1::0:7:~", 321, "product 1, field Qty:", "not an amount"},
              {"1~a:::1:1:007:7:~", 321, "product 1, field DiscPrcnt:", "not an amount"},
              {"1~a:::1:1:0:1.50:~", 321, "product 1, field ExtPrice:", "not an amount"},
@@ -140,7 +142,7 @@ TEST(ProductsString, DamagedStringIsRefusedOrSavesAsItWas)
     }
     EXPECT_GT(refused, 1000);
     EXPECT_LT(refused, 29000);
-    load(*manager, "");
+    manager->SetProductsString({}, kRecordSeparator, kFieldSeparator, false);
     EXPECT_EQ(saved(*manager) + manager->GetTotalValue().toText(), "0");
 }
 

@@ -154,7 +154,7 @@ LocalizedNumberFormatter formatterOf(const Locale& locale)
 }
 
 /// The parts of a formatted number, told by its digits, which are the only ones in it. ICU marks the parts itself, but
-/// asking it for the first of them takes a millisecond.
+/// asking it for them takes a millisecond the first time.
 class FormattedParts {
 public:
     FormattedParts(const LocalizedNumberFormatter& formatter, const char* decimal)
