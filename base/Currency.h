@@ -64,6 +64,7 @@ public:
 private:
     /// Returns nothing: always raises.
     [[noreturn]] static Currency raiseOverflow();
+    /// For one on a half, too large for a fraction, or no number; exact for each.
     static Currency fromAnyDouble(double value);
     constexpr explicit Currency(std::int64_t scaled) noexcept : scaled_(scaled) {}
 
