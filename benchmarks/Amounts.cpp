@@ -2,8 +2,8 @@
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Subjects.h"
-#include "core/modConversion.h"
-#include "ui/icu/IcuLocaleService.h"
+#include "orvan/core/modConversion.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
 
 #include <unicode/numberformatter.h>
 #include <unicode/ucurr.h>

@@ -7,7 +7,7 @@
 #include "benchmarks/SampleCatalogue.h"
 #include "benchmarks/Subjects.h"
 #include "benchmarks/TemporaryFiles.h"
-#include "components/CatalogueImport.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

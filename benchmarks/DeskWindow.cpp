@@ -3,7 +3,7 @@
 #include "apps/orvan-desk/CatalogueMenu.h"
 #include "apps/orvan-desk/MainWindow.h"
 #include "benchmarks/FirstPaint.h"
-#include "hosting/ProductViewWidget.h"
+#include "orvan/hosting/ProductViewWidget.h"
 
 #include <QFile>
 

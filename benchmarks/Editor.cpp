@@ -4,10 +4,10 @@
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Samples.h"
 #include "benchmarks/Subjects.h"
-#include "editor/ProductDlg.h"
-#include "editor/frmProductDesign.h"
-#include "fields/FieldEntry.h"
-#include "ui/headless/HeadlessForm.h"
+#include "orvan/editor/ProductDlg.h"
+#include "orvan/editor/frmProductDesign.h"
+#include "orvan/fields/FieldEntry.h"
+#include "orvan/ui/headless/HeadlessForm.h"
 
 #include <cmath>
 #include <utility>

@@ -7,9 +7,9 @@
 #include "benchmarks/Subjects.h"
 #include "benchmarks/Table.h"
 #include "benchmarks/TemporaryFiles.h"
-#include "components/CaseFolding.h"
-#include "components/CatalogueFile.h"
-#include "components/CatalogueImport.h"
+#include "orvan/components/catalogue/CaseFolding.h"
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
 
 #include <sqlite3.h>
 

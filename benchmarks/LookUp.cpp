@@ -1,16 +1,16 @@
 // J, K and M: the editor's look-up in its window: the search with all that it shows, the list dropped down, and
 // the wait before it.
 
-#include "base/Text.h"
 #include "benchmarks/Comparison.h"
 #include "benchmarks/SampleCatalogue.h"
 #include "benchmarks/Samples.h"
 #include "benchmarks/Subjects.h"
 #include "benchmarks/Table.h"
 #include "benchmarks/Windows.h"
-#include "components/Catalogue.h"
-#include "ui/ComboBox.h"
-#include "ui/Timer.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/ui/ComboBox.h"
+#include "orvan/ui/Timer.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

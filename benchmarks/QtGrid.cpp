@@ -6,7 +6,7 @@
 #include "benchmarks/Subjects.h"
 #include "benchmarks/Table.h"
 #include "benchmarks/Windows.h"
-#include "hosting/ProductViewWidget.h"
+#include "orvan/hosting/ProductViewWidget.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
 #include "benchmarks/SampleCatalogue.h"
 
 #include "benchmarks/TemporaryFiles.h"
-#include "components/CatalogueImport.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "benchmarks/Samples.h"
 
-#include "core/modInit.h"
+#include "orvan/core/modInit.h"
 
 #include <iterator>
 #include <limits>

@@ -1,9 +1,9 @@
 // Samples: what the benchmarks work on, the same in every run: products, their string, a host.
 #pragma once
 
-#include "core/ProductMgr.h"
-#include "core/ProductsString.h"
-#include "hosting/HeadlessProductView.h"
+#include "orvan/components/products/ProductsString.h"
+#include "orvan/core/ProductMgr.h"
+#include "orvan/hosting/HeadlessProductView.h"
 
 #include <cstddef>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "benchmarks/Samples.h"
 #include "benchmarks/TemporaryFiles.h"
-#include "editor/ProductDlg.h"
+#include "orvan/editor/ProductDlg.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -2,10 +2,10 @@
 // Thread: the program's first.
 #pragma once
 
-#include "core/ProductMgr.h"
-#include "hosting/QtHost.h"
-#include "ui/Form.h"
-#include "ui/qt/SurfaceWidgets.h"
+#include "orvan/core/ProductMgr.h"
+#include "orvan/hosting/QtHost.h"
+#include "orvan/ui/Form.h"
+#include "orvan/ui/qt/SurfaceWidgets.h"
 
 #include <QLineEdit>
 #include <QWidget>

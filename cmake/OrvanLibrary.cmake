@@ -24,14 +24,14 @@ function(orvan_library name)
     # that may end up in a shared one, and inlines less.
     target_compile_options(orvan_${name} PRIVATE -fno-semantic-interposition)
     target_include_directories(orvan_${name} PUBLIC
-        $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orvan>)
+        $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     target_link_libraries(orvan_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
     file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
     set(headers ${ARG_SOURCES})
     list(FILTER headers INCLUDE REGEX "\\.h$")
     if(ORVAN_INSTALL)
         install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
-        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvan/${folder})
+        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
     endif()
 endfunction()
 

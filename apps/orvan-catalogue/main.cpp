@@ -1,11 +1,11 @@
 // orvan-catalogue: makes a catalogue from a CSV file, searches it, and tells what is in it.
 
-#include "base/RuntimeError.h"
-#include "base/Text.h"
-#include "components/Catalogue.h"
-#include "components/CatalogueFile.h"
-#include "components/CatalogueImport.h"
-#include "lookup/LookUpValue.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/lookup/LookUpValue.h"
 
 #include <csignal>
 #include <iomanip>

@@ -1,7 +1,7 @@
 #include "CatalogueMenu.h"
 
-#include "base/RuntimeError.h"
-#include "hosting/QtHost.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/hosting/QtHost.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,7 +3,7 @@
 // Thread: the user-interface thread. An import runs in a thread of its own while its progress is shown.
 #pragma once
 
-#include "components/CatalogueImport.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
 
 #include <QMenu>
 

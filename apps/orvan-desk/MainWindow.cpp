@@ -2,11 +2,11 @@
 
 #include "CatalogueMenu.h"
 
-#include "base/RuntimeError.h"
-#include "core/ProductMgr.h"
-#include "hosting/ProductViewWidget.h"
-#include "hosting/QtHost.h"
-#include "view/ProductViewPrefs.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/core/ProductMgr.h"
+#include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/hosting/QtHost.h"
+#include "orvan/view/ProductViewPrefs.h"
 
 #include <QActionGroup>
 #include <QApplication>

@@ -3,8 +3,8 @@
 #include "CatalogueMenu.h"
 #include "MainWindow.h"
 
-#include "base/RuntimeError.h"
-#include "hosting/Version.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/hosting/Version.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

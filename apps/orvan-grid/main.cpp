@@ -1,7 +1,7 @@
 // orvan-grid: a host without a window. Reads a products string and prints the list view's grid.
 
-#include "base/Text.h"
-#include "hosting/HeadlessProductView.h"
+#include "orvan/base/Text.h"
+#include "orvan/hosting/HeadlessProductView.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,6 +1,6 @@
-#include "core/ProductMgr.h"
-#include "hosting/ProductViewWidget.h"
-#include "hosting/QtHost.h"
+#include "orvan/core/ProductMgr.h"
+#include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/hosting/QtHost.h"
 
 #include <QApplication>
 

@@ -1,4 +1,4 @@
-#include "base/Currency.h"
+#include "orvan/base/Currency.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
 
@@ -25,16 +25,36 @@ Currency amount(std::string_view text)
 
 TEST(Currency, TextIsReadExactlyWithTiesToEvenOrSaysWhichError)
 {
-    for (const auto& [text, read] : Rows<const char*, const char*>{
-             {"0", "0"}, {"12", "12"}, {"-12.5", "-12.5"}, {"+.5", "0.5"}, {"7.", "7"}, {"-0", "0"},
-             {"0.00005", "0"}, {"0.00015", "0.0002"}, {"0.000050001", "0.0001"}, {"-0.00015", "-0.0002"},
-             {"0.00025", "0.0002"}, {"0.99995", "1"}, {"000000000000000000000000000001", "1"},
-             {"-0.0500", "-0.05"}, {"922337203685477.5807", "922337203685477.5807"},
-             {"-922337203685477.5808", "-922337203685477.5808"}, {"", "error 13"}, {".", "error 13"},
-             {"-", "error 13"}, {"1.2.3", "error 13"}, {" 1", "error 13"}, {"1 ", "error 13"}, {"1e3", "error 13"},
-             {"0x1", "error 13"}, {"--1", "error 13"}, {"922337203685477.5808", "error 6"},
-             {"922337203685477.58075", "error 6"}, {"-922337203685477.5809", "error 6"},
-             {"99999999999999999999999999999999999999999999", "error 6"}}) {
+    for (const auto& [text, read] :
+         Rows<const char*, const char*>{{"0", "0"},
+                                        {"12", "12"},
+                                        {"-12.5", "-12.5"},
+                                        {"+.5", "0.5"},
+                                        {"7.", "7"},
+                                        {"-0", "0"},
+                                        {"0.00005", "0"},
+                                        {"0.00015", "0.0002"},
+                                        {"0.000050001", "0.0001"},
+                                        {"-0.00015", "-0.0002"},
+                                        {"0.00025", "0.0002"},
+                                        {"0.99995", "1"},
+                                        {"000000000000000000000000000001", "1"},
+                                        {"-0.0500", "-0.05"},
+                                        {"922337203685477.5807", "922337203685477.5807"},
+                                        {"-922337203685477.5808", "-922337203685477.5808"},
+                                        {"", "error 13"},
+                                        {".", "error 13"},
+                                        {"-", "error 13"},
+                                        {"1.2.3", "error 13"},
+                                        {" 1", "error 13"},
+                                        {"1 ", "error 13"},
+                                        {"1e3", "error 13"},
+                                        {"0x1", "error 13"},
+                                        {"--1", "error 13"},
+                                        {"922337203685477.5808", "error 6"},
+                                        {"922337203685477.58075", "error 6"},
+                                        {"-922337203685477.5809", "error 6"},
+                                        {"99999999999999999999999999999999999999999999", "error 6"}}) {
         EXPECT_EQ(textOrError([&text = text] { return amount(text).toText(); }), read) << text;
     }
 }
@@ -77,15 +97,22 @@ TEST(Currency, ArithmeticIsExactRoundsOnceAndOverflowsAsErrorSix)
 
 TEST(Currency, DoublesConvertToTheNearestAmount)
 {
-    for (const auto& [value, text] : Rows<double, const char*>{
-             {-0.0, "0"}, {53.973, "53.973"}, {0.00006, "0.0001"}, {-1.5, "-1.5"}, {std::ldexp(1.0, -1060), "0"},
-             {1.0 / 32768, "0"},        // 0.305 ten-thousandths
-             {0.00005, "0.0001"},       // the double is just above the tie
-             {0.00048828125, "0.0005"}, // 4.88 ten-thousandths
-             {0.03125, "0.0312"},       // an exact tie, as all odd multiples of 2^-5 are
-             {0.09375, "0.0938"},
-             {922337203685477.5, "922337203685477.5"}, {922337203685477.6875, "error 6"}, {1e300, "error 6"},
-             {HUGE_VAL, "error 6"}, {std::nan(""), "error 6"}}) {
+    for (const auto& [value, text] :
+         Rows<double, const char*>{{-0.0, "0"},
+                                   {53.973, "53.973"},
+                                   {0.00006, "0.0001"},
+                                   {-1.5, "-1.5"},
+                                   {std::ldexp(1.0, -1060), "0"},
+                                   {1.0 / 32768, "0"},        // 0.305 ten-thousandths
+                                   {0.00005, "0.0001"},       // the double is just above the tie
+                                   {0.00048828125, "0.0005"}, // 4.88 ten-thousandths
+                                   {0.03125, "0.0312"},       // an exact tie, as all odd multiples of 2^-5 are
+                                   {0.09375, "0.0938"},
+                                   {922337203685477.5, "922337203685477.5"},
+                                   {922337203685477.6875, "error 6"},
+                                   {1e300, "error 6"},
+                                   {HUGE_VAL, "error 6"},
+                                   {std::nan(""), "error 6"}}) {
         EXPECT_EQ(textOrError([&value = value] { return Currency::fromDouble(value).toText(); }), text) << value;
     }
 }

@@ -1,9 +1,9 @@
 // A directory of its own, files in it, and lists as text.
 #pragma once
 
-#include "components/Catalogue.h"
-#include "components/CatalogueImport.h"
-#include "components/SqliteFile.h"
+#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/components/catalogue/SqliteFile.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
 

@@ -1,5 +1,5 @@
-#include "base/Text.h"
-#include "components/CaseFolding.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/CaseFolding.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
 namespace orvan {

@@ -1,16 +1,16 @@
 // ContractDriver: one platform under the contract, and a user's hands on it.
 #pragma once
 
-#include "ui/Button.h"
-#include "ui/ComboBox.h"
-#include "ui/Form.h"
-#include "ui/Grid.h"
-#include "ui/Platform.h"
-#include "ui/PopupMenu.h"
-#include "ui/Surface.h"
-#include "ui/TextBox.h"
-#include "ui/Timer.h"
-#include "ui/ToolBar.h"
+#include "orvan/ui/Button.h"
+#include "orvan/ui/ComboBox.h"
+#include "orvan/ui/Form.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/PopupMenu.h"
+#include "orvan/ui/Surface.h"
+#include "orvan/ui/TextBox.h"
+#include "orvan/ui/Timer.h"
+#include "orvan/ui/ToolBar.h"
 
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"

@@ -1,10 +1,10 @@
 #include "ContractDriver.h"
 
-#include "ui/headless/HeadlessControls.h"
-#include "ui/headless/HeadlessEntries.h"
-#include "ui/headless/HeadlessForm.h"
-#include "ui/headless/HeadlessPlatform.h"
-#include "ui/headless/HeadlessSurface.h"
+#include "orvan/ui/headless/HeadlessControls.h"
+#include "orvan/ui/headless/HeadlessEntries.h"
+#include "orvan/ui/headless/HeadlessForm.h"
+#include "orvan/ui/headless/HeadlessPlatform.h"
+#include "orvan/ui/headless/HeadlessSurface.h"
 
 namespace orvan::contract {
 namespace {

@@ -14,12 +14,32 @@ constexpr ui::ToolDesign kMenuTools[] = {{.id = "one", .caption = "First"},
 constexpr ui::ControlDesign kControls[] = {
     {.name = "grid", .kind = ControlKind::grid, .width = 6000, .height = 3000, .tabIndex = 2, .gridColumns = 5},
     {.name = "frame", .kind = ControlKind::frame, .left = 7, .top = 3015, .width = 3000, .height = 450},
-    {.name = "button", .kind = ControlKind::button, .parent = "frame", .left = 37, .width = 375, .height = 375,
-     .toolTip = "Add <one>", .picture = "add", .tabIndex = 1},
-    {.name = "label", .kind = ControlKind::label, .left = 3300, .top = 3015, .width = 900, .height = 375,
-     .caption = "Total && tax", .mnemonic = 'T'},
-    {.name = "box", .kind = ControlKind::textBox, .left = 4200, .top = 3015, .width = 1500, .height = 375,
-     .tabIndex = 0, .readOnly = true, .alignment = ui::Alignment::right},
+    {.name = "button",
+     .kind = ControlKind::button,
+     .parent = "frame",
+     .left = 37,
+     .width = 375,
+     .height = 375,
+     .toolTip = "Add <one>",
+     .picture = "add",
+     .tabIndex = 1},
+    {.name = "label",
+     .kind = ControlKind::label,
+     .left = 3300,
+     .top = 3015,
+     .width = 900,
+     .height = 375,
+     .caption = "Total && tax",
+     .mnemonic = 'T'},
+    {.name = "box",
+     .kind = ControlKind::textBox,
+     .left = 4200,
+     .top = 3015,
+     .width = 1500,
+     .height = 375,
+     .tabIndex = 0,
+     .readOnly = true,
+     .alignment = ui::Alignment::right},
     {.name = "menu", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuTools},
 };
 const ui::FormDesign kDesign{.name = "Contract", .width = 6000, .height = 3600, .controls = kControls};
@@ -40,9 +60,14 @@ TEST_P(PlatformContract, LengthsReadBackAsSet)
     auto& box = surface->control<ui::TextBox>("box");
     EXPECT_EQ(surface->control<ui::Control>("frame").left(), 7) << "as designed";
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-    for (const auto& [left, top, width, height, error] : Rows<float, float, float, float, std::int32_t>{
-             {7, 1, 22, 250, 0}, {-7.5F, -30, 0, 0.3F, 0}, {1e9F, -1e9F, 3e9F, 1e30F, 0}, {0, 0, -1, 5, 380},
-             {0, 0, 5, -0.1F, 380}, {kNan, 0, 5, 5, 6}, {0, 0, 5, HUGE_VALF, 6}}) {
+    for (const auto& [left, top, width, height, error] :
+         Rows<float, float, float, float, std::int32_t>{{7, 1, 22, 250, 0},
+                                                        {-7.5F, -30, 0, 0.3F, 0},
+                                                        {1e9F, -1e9F, 3e9F, 1e30F, 0},
+                                                        {0, 0, -1, 5, 380},
+                                                        {0, 0, 5, -0.1F, 380},
+                                                        {kNan, 0, 5, 5, 6},
+                                                        {0, 0, 5, HUGE_VALF, 6}}) {
         const std::vector before{box.left(), box.top(), box.width(), box.height()};
         const std::vector after = error == 0 ? std::vector{left, top, width, height} : before;
         const auto move = [&, &x = left, &y = top, &w = width, &h = height] { box.move(x, y, w, h); };
@@ -117,9 +142,11 @@ TEST_P(PlatformContract, EverythingOfAColumnMovesWithIt)
     }
     grid().setColumnHidden(2, true);
     grid().setColumnFormat(4, "0.0");
-    for (const auto& [column, to, shownAfter] : Rows<std::int32_t, std::int32_t, Texts>{
-             {4, 1, {"0", "4.0", "1", "3"}}, {0, 4, {"4.0", "1", "3", "0"}}, {2, 0, {"4.0", "1", "3", "0"}},
-             {3, 3, {"4.0", "1", "3", "0"}}}) {
+    for (const auto& [column, to, shownAfter] :
+         Rows<std::int32_t, std::int32_t, Texts>{{4, 1, {"0", "4.0", "1", "3"}},
+                                                 {0, 4, {"4.0", "1", "3", "0"}},
+                                                 {2, 0, {"4.0", "1", "3", "0"}},
+                                                 {3, 3, {"4.0", "1", "3", "0"}}}) {
         grid().moveColumn(column, to);
         EXPECT_EQ(driver->shown(grid(), 1), shownAfter) << column << " to " << to;
     }
@@ -135,11 +162,18 @@ TEST_P(PlatformContract, AmountsAreShownByTheirFormat)
     constexpr const char* kMoney = "$###,##0.00";
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
     grid().setRowCount(2);
-    for (const auto& [scaled, format, shown] : Rows<std::int64_t, const char*, const char*>{
-             {0, kMoney, "$0.00"}, {12'345'000, kMoney, "$1,234.50"}, {-50'000, kMoney, "-$5.00"},
-             {50, kMoney, "$0.01"}, {-49, kMoney, "$0.00"}, {9'999'999'950, kMoney, "$1,000,000.00"},
-             {kMost, kMoney, "$922,337,203,685,477.58"}, {-kMost - 1, kMoney, "-$922,337,203,685,477.58"},
-             {25'000, "", "2.5"}, {12'340'000, "", "1234"}, {-1, "", "-0.0001"}}) {
+    for (const auto& [scaled, format, shown] :
+         Rows<std::int64_t, const char*, const char*>{{0, kMoney, "$0.00"},
+                                                      {12'345'000, kMoney, "$1,234.50"},
+                                                      {-50'000, kMoney, "-$5.00"},
+                                                      {50, kMoney, "$0.01"},
+                                                      {-49, kMoney, "$0.00"},
+                                                      {9'999'999'950, kMoney, "$1,000,000.00"},
+                                                      {kMost, kMoney, "$922,337,203,685,477.58"},
+                                                      {-kMost - 1, kMoney, "-$922,337,203,685,477.58"},
+                                                      {25'000, "", "2.5"},
+                                                      {12'340'000, "", "1234"},
+                                                      {-1, "", "-0.0001"}}) {
         grid().setColumnFormat(0, format);
         grid().setValue(1, 0, Currency::fromScaled(scaled));
         EXPECT_EQ(driver->shown(grid(), 1)[0], shown) << scaled << ' ' << format;
@@ -150,7 +184,8 @@ TEST_P(PlatformContract, AmountsAreShownByTheirFormat)
     grid().setColumnFormat(0, kMoney);
     grid().setRowCount(2);
     grid().setValue(1, 0, Currency::fromScaled(12'345'000));
-    EXPECT_EQ(driver->shown(grid(), 1)[0], "$1\xE2\x80\xAF" "234,50");
+    EXPECT_EQ(driver->shown(grid(), 1)[0], "$1\xE2\x80\xAF"
+                                           "234,50");
 }
 
 TEST_P(PlatformContract, ChangesWhileRedrawIsOffAreShownWhenItIsOn)
@@ -275,10 +310,10 @@ TEST_P(PlatformContract, SettingsHoldAnyTextUnderAnyName)
     using namespace std::string_view_literals;
     ui::SettingsStore& store = driver->platform().settings();
     EXPECT_EQ(store.get("Orvan", "s", "k"), "");
-    const std::string_view texts[] = {""sv,        "k"sv,      "K"sv,         "a/b"sv,       "a\\b"sv, "a%2Fb"sv,
-                                      "a=b"sv,     "[a]"sv,    ";a"sv,        " a "sv,       "a\nb\r"sv, "\0x\0"sv,
-                                      "äÄ\U0001F600"sv, "\xFF\xFE"sv, "General"sv, "@Variant(1)"sv,
-                                      "a, \"b\""sv, "1.5"sv};
+    const std::string_view texts[] = {
+        ""sv,        "k"sv,           "K"sv,        "a/b"sv,    "a\\b"sv,  "a%2Fb"sv,        "a=b"sv,
+        "[a]"sv,     ";a"sv,          " a "sv,      "a\nb\r"sv, "\0x\0"sv, "äÄ\U0001F600"sv, "\xFF\xFE"sv,
+        "General"sv, "@Variant(1)"sv, "a, \"b\""sv, "1.5"sv};
     for (std::string_view text : texts) {
         store.set(text, "section", "key", std::string("1:") + std::string(text));
         store.set("application", text, "key", std::string("2:") + std::string(text));

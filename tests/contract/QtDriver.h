@@ -2,12 +2,12 @@
 #pragma once
 
 #include "ContractDriver.h"
-#include "base/Text.h"
+#include "orvan/base/Text.h"
+#include "orvan/ui/qt/QtPlatform.h"
+#include "orvan/ui/qt/QtSurface.h"
+#include "orvan/ui/qt/SurfaceWidgets.h"
+#include "orvan/ui/qt/WindowHandles.h"
 #include "tests/support/QtEnvironment.h"
-#include "ui/qt/QtPlatform.h"
-#include "ui/qt/QtSurface.h"
-#include "ui/qt/SurfaceWidgets.h"
-#include "ui/qt/WindowHandles.h"
 
 #include <QAbstractButton>
 #include <QClipboard>

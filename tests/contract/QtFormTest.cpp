@@ -1,10 +1,10 @@
 // What only a form in a real window can get wrong: its keys, its closing, its size.
 #include "QtDriver.h"
 
-#include "ui/qt/FieldCard.h"
-#include "ui/qt/QtForm.h"
-#include "ui/qt/QtText.h"
-#include "ui/qt/Twips.h"
+#include "orvan/ui/qt/FieldCard.h"
+#include "orvan/ui/qt/QtForm.h"
+#include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Twips.h"
 
 #include <QAbstractScrollArea>
 #include <QLabel>

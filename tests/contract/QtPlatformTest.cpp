@@ -1,7 +1,7 @@
 // What only the Qt platform can get wrong: painting, the toolkit's own habits, files, lifetimes.
 #include "QtDriver.h"
 
-#include "ui/qt/GridPaint.h"
+#include "orvan/ui/qt/GridPaint.h"
 
 #include <QContextMenuEvent>
 #include <QDir>
@@ -59,13 +59,30 @@ TEST_F(QtPlatformTest, ARedrawCycleIsPaintedOnceWhateverChanged)
 {
     fill(100);
     QTest::qWait(50); // the window has become active
-    for (const auto& [what, change] : Rows<const char*, void (*)(ui::Grid&)>{
-             {"nothing", [](ui::Grid&) {}},
-             {"cells", [](ui::Grid& g) { g.setValue(1, 0, 5); g.setValue(2, 0, 6); }},
-             {"more rows", [](ui::Grid& g) { g.setRowCount(150); }},
-             {"fewer rows", [](ui::Grid& g) { g.setRowCount(3); g.setRowCount(120); }},
-             {"columns", [](ui::Grid& g) { g.moveColumn(4, 0); g.setColumnHidden(2, true); g.setColumnCount(6); }},
-             {"all", [](ui::Grid& g) { g.setRowCount(40); g.setColumnWidth(0, 30); g.setCurrentRow(39); }}}) {
+    for (const auto& [what, change] :
+         Rows<const char*, void (*)(ui::Grid&)>{{"nothing", [](ui::Grid&) {}},
+                                                {"cells",
+                                                 [](ui::Grid& g) {
+                                                     g.setValue(1, 0, 5);
+                                                     g.setValue(2, 0, 6);
+                                                 }},
+                                                {"more rows", [](ui::Grid& g) { g.setRowCount(150); }},
+                                                {"fewer rows",
+                                                 [](ui::Grid& g) {
+                                                     g.setRowCount(3);
+                                                     g.setRowCount(120);
+                                                 }},
+                                                {"columns",
+                                                 [](ui::Grid& g) {
+                                                     g.moveColumn(4, 0);
+                                                     g.setColumnHidden(2, true);
+                                                     g.setColumnCount(6);
+                                                 }},
+                                                {"all", [](ui::Grid& g) {
+                                                     g.setRowCount(40);
+                                                     g.setColumnWidth(0, 30);
+                                                     g.setCurrentRow(39);
+                                                 }}}) {
         PaintCounter counter(table().viewport());
         PaintCounter header(table().horizontalHeader()->viewport());
         grid().setRedraw(false);
@@ -82,8 +99,7 @@ TEST_F(QtPlatformTest, ARedrawCycleIsPaintedOnceWhateverChanged)
 TEST_F(QtPlatformTest, WidgetsStandOnTheNearestPixel)
 {
     auto& box = surface->control<ui::TextBox>("box");
-    for (const auto& [twips, pixel] : Rows<float, int>{
-             {0, 0}, {7, 0}, {8, 1}, {22, 1}, {250, 17}, {2500, 167}}) {
+    for (const auto& [twips, pixel] : Rows<float, int>{{0, 0}, {7, 0}, {8, 1}, {22, 1}, {250, 17}, {2500, 167}}) {
         box.move(twips, twips, twips, twips);
         EXPECT_EQ(driver.widget("box").geometry(), QRect(pixel, pixel, pixel, pixel)) << twips;
         grid().setColumnWidth(3, static_cast<std::int32_t>(twips));
@@ -94,11 +110,14 @@ TEST_F(QtPlatformTest, WidgetsStandOnTheNearestPixel)
 TEST_F(QtPlatformTest, NumbersStandAtTheRightAndTheirHeaderWithThem)
 {
     grid().setRowCount(2);
-    for (const auto& [type, value, side] : Rows<ui::GridType, ui::GridValue, Qt::AlignmentFlag>{
-             {ui::GridType::string, 5, Qt::AlignLeft}, {ui::GridType::int32, std::string("x"), Qt::AlignRight},
-             {ui::GridType::currency, {}, Qt::AlignRight}, {ui::GridType::decimal, {}, Qt::AlignRight},
-             {ui::GridType::float64, {}, Qt::AlignRight}, {ui::GridType::none, Currency(), Qt::AlignRight},
-             {ui::GridType::none, std::string("1"), Qt::AlignLeft}}) {
+    for (const auto& [type, value, side] :
+         Rows<ui::GridType, ui::GridValue, Qt::AlignmentFlag>{{ui::GridType::string, 5, Qt::AlignLeft},
+                                                              {ui::GridType::int32, std::string("x"), Qt::AlignRight},
+                                                              {ui::GridType::currency, {}, Qt::AlignRight},
+                                                              {ui::GridType::decimal, {}, Qt::AlignRight},
+                                                              {ui::GridType::float64, {}, Qt::AlignRight},
+                                                              {ui::GridType::none, Currency(), Qt::AlignRight},
+                                                              {ui::GridType::none, std::string("1"), Qt::AlignLeft}}) {
         grid().setColumnType(0, type);
         grid().setValue(1, 0, value);
         const auto cell = table().model()->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>();
@@ -224,9 +243,12 @@ TEST_F(QtPlatformTest, AMenuIsOperatedByKeysAndAKeyOpensNone)
     menu.onToolClick = [&](std::string_view id) { log.append(id).append(" "); };
     menu.setToolEnabled("three", false);
     QMenu& shown = driver.menuOf(menu);
-    for (const auto& [keys, chosen] : Rows<std::vector<Qt::Key>, const char*>{
-             {{Qt::Key_Down, Qt::Key_Return}, "one "}, {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "two "},
-             {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, "one "}, {{Qt::Key_S}, "two "}, {{Qt::Key_Down, Qt::Key_Escape}, ""}}) {
+    for (const auto& [keys, chosen] :
+         Rows<std::vector<Qt::Key>, const char*>{{{Qt::Key_Down, Qt::Key_Return}, "one "},
+                                                 {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "two "},
+                                                 {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, "one "},
+                                                 {{Qt::Key_S}, "two "},
+                                                 {{Qt::Key_Down, Qt::Key_Escape}, ""}}) {
         log.clear();
         menu.popUp();
         EXPECT_EQ(shown.pos(), QCursor::pos());
@@ -274,13 +296,13 @@ TEST_F(QtPlatformTest, SurfaceAndHostGoInEitherOrder)
 
 TEST_F(QtPlatformTest, BoxesCloseAsTheirButtonsAllow)
 {
-    for (const auto& [buttons, closed] : Rows<ui::MessageButtons, ui::MessageResult>{
-             {ui::MessageButtons::ok, ui::MessageResult::ok},
-             {ui::MessageButtons::yesNo, ui::MessageResult::no},
-             {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
+    for (const auto& [buttons, closed] :
+         Rows<ui::MessageButtons, ui::MessageResult>{{ui::MessageButtons::ok, ui::MessageResult::ok},
+                                                     {ui::MessageButtons::yesNo, ui::MessageResult::no},
+                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
         const auto owner = std::make_unique<QWidget>();
-        const ui::Message message{.text = "<b>x</b>", .title = "Orvan", .buttons = buttons,
-                                  .ownerWindow = windowHandle(owner.get())};
+        const ui::Message message{
+            .text = "<b>x</b>", .title = "Orvan", .buttons = buttons, .ownerWindow = windowHandle(owner.get())};
         whenModal([&](QWidget& window) {
             EXPECT_EQ(window.parentWidget(), owner.get());
             EXPECT_EQ(dynamic_cast<QMessageBox&>(window).textFormat(), Qt::PlainText);
@@ -341,8 +363,13 @@ TEST_F(QtPlatformTest, AStoreThatCannotBeUsedRaises75AndStaysAsItWas)
 {
     for (const auto& [name, content, readError, writeError] :
          Rows<const char*, const char*, std::int32_t, std::int32_t>{
-             {"folder", nullptr, 75, 75}, {"garbage", "\x7F" "ELF\1\2\nx", 75, 75},
-             {"cut", "[Orvan/s]\nk=1\n[Orv", 75, 75}, {"file/below", "", 0, 75},
+             {"folder", nullptr, 75, 75},
+             {"garbage",
+              "\x7F"
+              "ELF\1\2\nx",
+              75, 75},
+             {"cut", "[Orvan/s]\nk=1\n[Orv", 75, 75},
+             {"file/below", "", 0, 75},
              {"edited", "; mine\r\n[Orvan/s]\r\n k=old\r\n\r\n[Other]\r\nk=x\r\n", 0, 0}}) {
         QDir folder(driver.folder().path());
         const QString path = folder.filePath(QString::fromLatin1(name));

@@ -1,12 +1,12 @@
 #include "CatalogueMenu.h"
 #include "MainWindow.h"
 
-#include "components/Catalogue.h"
-#include "components/CatalogueFile.h"
-#include "core/ProductsString.h"
-#include "hosting/ProductViewWidget.h"
-#include "hosting/QtHost.h"
-#include "lookup/LookUpValue.h"
+#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/products/ProductsString.h"
+#include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/hosting/QtHost.h"
+#include "orvan/lookup/LookUpValue.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 

@@ -1,4 +1,4 @@
-#include "editor/frmProduct.h"
+#include "orvan/editor/frmProduct.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Rows.h"
 

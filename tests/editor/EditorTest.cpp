@@ -1,4 +1,4 @@
-#include "editor/frmProductDesign.h"
+#include "orvan/editor/frmProductDesign.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"

@@ -1,6 +1,6 @@
-#include "components/Catalogue.h"
-#include "components/CatalogueImport.h"
-#include "editor/frmProduct.h"
+#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/editor/frmProduct.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Rows.h"
 

@@ -1,6 +1,6 @@
 // What the boxes let a user type, what they show with and without the focus, and what they save.
 #include "FieldsFixture.h"
-#include "base/Text.h"
+#include "orvan/base/Text.h"
 
 namespace orvan {
 namespace {
@@ -10,13 +10,15 @@ using test::Rows;
 
 TEST(AmountBoxes, DigitsSeparatorsAndEditingKeysPassAndNothingElse)
 {
-    for (const auto& [locale, numbers, money] : Rows<const char*, const char*, const char*>{
-             {"en_US", ",.0123456789", ",.0123456789"}, {"de_DE", ",.0123456789", ",.0123456789"},
-             {"fr_CH", ",0123456789\u202F", ".0123456789\u202F"}, {"pt_CV", ",0123456789\u00A0", "$0123456789\u00A0"},
-             {"de_CH", ".0123456789’", ".0123456789’"}}) {
+    for (const auto& [locale, numbers, money] :
+         Rows<const char*, const char*, const char*>{{"en_US", ",.0123456789", ",.0123456789"},
+                                                     {"de_DE", ",.0123456789", ",.0123456789"},
+                                                     {"fr_CH", ",0123456789\u202F", ".0123456789\u202F"},
+                                                     {"pt_CV", ",0123456789\u00A0", "$0123456789\u00A0"},
+                                                     {"de_CH", ".0123456789’", ".0123456789’"}}) {
         FieldsFixture fixture(locale);
-        for (const auto& [name, others] : Rows<const char*, const char*>{
-                 {"txtQty", numbers}, {"txtUnitPrice", money}, {"txtDiscount", numbers}}) {
+        for (const auto& [name, others] :
+             Rows<const char*, const char*>{{"txtQty", numbers}, {"txtUnitPrice", money}, {"txtDiscount", numbers}}) {
             std::string passed;
             for (std::int16_t key = -300; key < 0x2500; ++key) {
                 std::int16_t iKeyAscii = key;
@@ -54,10 +56,13 @@ TEST(AmountBoxes, WhatIsTypedIsSavedAtOnceAndStandsAsTyped)
 
 TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
 {
-    for (const auto& [name, value, edited, displayed] : Rows<const char*, const char*, const char*, const char*>{
-             {"txtQty", "3", "3", "3"}, {"txtQty", "1002.5", "1,002.5000", "1,002.5000"},
-             {"txtUnitPrice", "1234.5", "1,234.50", "$1,234.50"}, {"txtUnitPrice", "7", "7", "$7"},
-             {"txtDiscount", "10", "10", "10%"}, {"txtDiscount", "12.5", "12.5000", "12.5000%"}}) {
+    for (const auto& [name, value, edited, displayed] :
+         Rows<const char*, const char*, const char*, const char*>{{"txtQty", "3", "3", "3"},
+                                                                  {"txtQty", "1002.5", "1,002.5000", "1,002.5000"},
+                                                                  {"txtUnitPrice", "1234.5", "1,234.50", "$1,234.50"},
+                                                                  {"txtUnitPrice", "7", "7", "$7"},
+                                                                  {"txtDiscount", "10", "10", "10%"},
+                                                                  {"txtDiscount", "12.5", "12.5000", "12.5000%"}}) {
         FieldsFixture fixture;
         fixture.setProduct(value, value, value);
         fixture.bInitializing = true;
@@ -78,9 +83,9 @@ TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
 
 TEST(AmountBoxes, NothingDriftsAfterTheFirstVisit)
 {
-    for (const char* locale : {"en_US", "en_IN", "en_AT", "de_DE", "de_CH", "fr_FR", "fr_CH", "es_CL", "es_ES", "pt_CV",
-                               "da_DK", "nb_NO", "sv_SE", "pl_PL", "cs_CZ", "tr_TR", "hi_IN", "ar_EG", "ar_BH", "fa_IR",
-                               "ja_JP", "en_US_POSIX"}) {
+    for (const char* locale :
+         {"en_US", "en_IN", "en_AT", "de_DE", "de_CH", "fr_FR", "fr_CH", "es_CL", "es_ES", "pt_CV", "da_DK",
+          "nb_NO", "sv_SE", "pl_PL", "cs_CZ", "tr_TR", "hi_IN", "ar_EG", "ar_BH", "fa_IR", "ja_JP", "en_US_POSIX"}) {
         FieldsFixture fixture(locale);
         fixture.setProduct("1234.5678", "98765.4321", "12.0625");
         fixture.fields.PrvCalcExtPrice();
@@ -113,10 +118,14 @@ TEST(FieldSaves, MarkDirtyWhatDiffersAndStoreNothingForWhatIsRejected)
     };
     for (const auto& [name, stored, text, question, result, dirty] :
          Rows<const char*, const char*, const char*, const char*, const char*, bool>{
-             {"txtQty", "2", "2", "2", "2 2 2 0", false}, {"txtQty", "2", "2.5", "2.5!", "2.5 2 2 0", true},
-             {"txtQty", "2", "101", "101!", "0 2 2 0", true}, {"txtQty", "101", "101", "101", "0 101 101 0", false},
-             {"txtQty", "2", "abc", "0!", "0 2 2 0", true}, {"txtUnitPrice", "2", "$2.00", "2", "2 2 2 0", false},
-             {"txtUnitPrice", "2", "101", "101!", "2 0 2 0", true}, {"txtDiscount", "2", "2%", "2", "2 2 2 0", false},
+             {"txtQty", "2", "2", "2", "2 2 2 0", false},
+             {"txtQty", "2", "2.5", "2.5!", "2.5 2 2 0", true},
+             {"txtQty", "2", "101", "101!", "0 2 2 0", true},
+             {"txtQty", "101", "101", "101", "0 101 101 0", false},
+             {"txtQty", "2", "abc", "0!", "0 2 2 0", true},
+             {"txtUnitPrice", "2", "$2.00", "2", "2 2 2 0", false},
+             {"txtUnitPrice", "2", "101", "101!", "2 0 2 0", true},
+             {"txtDiscount", "2", "2%", "2", "2 2 2 0", false},
              {"txtDiscount", "2", "100", "100!", "2 2 100 0", true},
              {"txtDiscount", "2", "100.0001", "0!", "2 2 0 0", true}, // 0 before the record is asked
              {"txtDiscount", "0", "150", "0", "0 0 0 0", false}}) {
@@ -143,9 +152,10 @@ TEST(FieldSaves, EqualTextsWriteNothingAndTheNoteIsSavedWhileInitializingToo)
     fixture.box("txtNote").setText("Note");
     EXPECT_EQ(record.Note(), "Note");
     EXPECT_FALSE(std::exchange(fixture.bInitializing, false) && fixture.dirty);
-    for (const auto& [name, save] : Rows<const char*, void (FieldEntry::*)()>{
-             {"cboProductName", &FieldEntry::PrvSaveNameFld}, {"cboPartNum", &FieldEntry::PrvSavePartNumFld},
-             {"txtNote", &FieldEntry::PrvSaveNoteFld}}) {
+    for (const auto& [name, save] :
+         Rows<const char*, void (FieldEntry::*)()>{{"cboProductName", &FieldEntry::PrvSaveNameFld},
+                                                   {"cboPartNum", &FieldEntry::PrvSavePartNumFld},
+                                                   {"txtNote", &FieldEntry::PrvSaveNoteFld}}) {
         for (const auto& [text, dirty] : Rows<const char*, bool>{{"new", true}, {"new", false}, {"New", true}}) {
             fixture.form.control<ui::TextEntry>(name).setText(text + std::string(name));
             (fixture.fields.*save)();

@@ -1,16 +1,16 @@
 // FieldsFixture: the fields on a form in memory, without the editor: a session of the test's own.
 #pragma once
 
-#include "core/modLocale.h"
-#include "editor/frmProductDesign.h"
-#include "fields/FieldEntry.h"
-#include "hosting/ComponentRegistry.h"
+#include "orvan/core/modLocale.h"
+#include "orvan/editor/frmProductDesign.h"
+#include "orvan/fields/FieldEntry.h"
+#include "orvan/hosting/ComponentRegistry.h"
+#include "orvan/ui/headless/HeadlessForm.h"
+#include "orvan/ui/headless/HeadlessPlatform.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
 #include "tests/products/ProductMgrFixture.h"
 #include "tests/support/RecordingTrace.h"
 #include "tests/support/Rows.h"
-#include "ui/headless/HeadlessForm.h"
-#include "ui/headless/HeadlessPlatform.h"
-#include "ui/icu/IcuLocaleService.h"
 
 namespace orvan::test {
 

@@ -1,6 +1,6 @@
 // The extended price, checked against the same double operations done in exact integers.
 #include "FieldsFixture.h"
-#include "base/Int128.h"
+#include "orvan/base/Int128.h"
 
 #include <random>
 
@@ -87,12 +87,17 @@ TEST(Prices, AreComputedInDoubleDividedFirst)
 TEST(Prices, FollowQuantityUnitPriceAndDiscount)
 {
     for (const auto& [qty, unitPrice, discount, extPrice] : Rows<const char*, const char*, const char*, const char*>{
-             {"3", "19.99", "10", "53.973"}, {"2.5", "1.2345", "0", "3.0862"}, // the product is a tie: to even
-             {"1", "0.0625", "50", "0.0312"}, {"1", "0.1875", "50", "0.0938"}, // ties in double, too
+             {"3", "19.99", "10", "53.973"},
+             {"2.5", "1.2345", "0", "3.0862"}, // the product is a tie: to even
+             {"1", "0.0625", "50", "0.0312"},
+             {"1", "0.1875", "50", "0.0938"}, // ties in double, too
              {"1", "0.0001", "50", "0.0001"}, // a tie on paper; the double is a little more
-             {"1", "10", "100", "0"}, {"1", "10", "100.0001", "10"}, {"1", "10", "-20", "12"},
+             {"1", "10", "100", "0"},
+             {"1", "10", "100.0001", "10"},
+             {"1", "10", "-20", "12"},
              {"-2", "10", "50", "-10"},
-             {"922337203685477.5807", "2", "0", "0"}, {"922337203685477", "1", "-100", "0"},
+             {"922337203685477.5807", "2", "0", "0"},
+             {"922337203685477", "1", "-100", "0"},
              {"1", "1", "-922337203685477.5807", "0"}, // the rest to 100 is beyond the range
              {"922337203685477.5807", "1", "0", "0"},  // the nearest double is beyond the range
          }) {
@@ -119,9 +124,12 @@ TEST(Prices, TheTotalOfALongListFollowsEachKeystroke)
     }
     fixture.objCurrentProduct = fixture.objProductMgr->GetProduct(500);
     fixture.setProduct("4", "19.99", "10");
-    for (const auto& [key, extPrice, total] : Rows<char, const char*, const char*>{
-             {'1', "$17.99", "$1,016.09"}, {'2', "$215.89", "$1,213.99"}, {'.', "$215.89", "$1,213.99"},
-             {'5', "$224.89", "$1,222.99"}, {'x', "$224.89", "$1,222.99"}, {'\b', "$215.89", "$1,213.99"}}) {
+    for (const auto& [key, extPrice, total] : Rows<char, const char*, const char*>{{'1', "$17.99", "$1,016.09"},
+                                                                                   {'2', "$215.89", "$1,213.99"},
+                                                                                   {'.', "$215.89", "$1,213.99"},
+                                                                                   {'5', "$224.89", "$1,222.99"},
+                                                                                   {'x', "$224.89", "$1,222.99"},
+                                                                                   {'\b', "$215.89", "$1,213.99"}}) {
         key == '\b' ? fixture.box("txtQty").backspace() : fixture.box("txtQty").type(std::string(1, key));
         EXPECT_EQ(fixture.box("txtExtPrice").text(), extPrice) << key;
         EXPECT_EQ(fixture.box("txtTotal").text(), total) << key;

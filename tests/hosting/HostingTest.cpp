@@ -1,11 +1,11 @@
-#include "hosting/ComponentRegistry.h"
+#include "orvan/hosting/ComponentRegistry.h"
 
-#include "components/CatalogueImport.h"
-#include "core/modInit.h"
-#include "hosting/DefaultComponents.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/core/modInit.h"
+#include "orvan/hosting/DefaultComponents.h"
+#include "orvan/ui/headless/HeadlessPlatform.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
-#include "ui/headless/HeadlessPlatform.h"
 
 #include <gmock/gmock.h>
 
@@ -17,8 +17,8 @@
 namespace orvan {
 namespace {
 
-using test::Rows;
 using test::raisedBy;
+using test::Rows;
 using ::testing::HasSubstr;
 
 struct Plain : ui::Component {
@@ -56,16 +56,19 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
     const std::string noLibrary = testing::TempDir() + "orvan_not_a_library.so";
     std::ofstream(noLibrary) << "text";
     const Rows<const char*, ComponentRegistry::Factory, std::string, std::int32_t, const char*> rows = {
-        {"X.Null", [] { return nullptr; }, "", 429, "no object"}, {"X.Empty", {}, "", 429, "bad_function_call"},
+        {"X.Null", [] { return nullptr; }, "", 429, "no object"},
+        {"X.Empty", {}, "", 429, "bad_function_call"},
         {"X.Raises", throws(RuntimeError(75, "Log", "disk full")), "", 75, "disk full"},
         {"X.Throws", throws(std::runtime_error("no licence")), "", 429, "no licence"},
-        {"X.Memory", throws(std::bad_alloc()), "", 429, "Out of memory"}, {"X.Int", throws(42), "", 429, "Automation"},
+        {"X.Memory", throws(std::bad_alloc()), "", 429, "Out of memory"},
+        {"X.Int", throws(42), "", 429, "Automation"},
         {"X.Missing", {}, "/nowhere/libmissing.so", 429, "No such file"},
         {"X.Text", {}, noLibrary, 429, "too short"},
         {"X.NoEntry", {}, "libm.so.6", 429, "OrvanComponentInterfaceVersion"},
         {"Test.Trace", {}, LIBRARY_OtherVersion, 429, "version 2 instead of 1"},
         {"Test.Trace", {}, LIBRARY_NoClasses, 429, "OrvanCreateComponent"},
-        {"Test.Unknown", {}, LIBRARY_Good, 429, "no object"}, {"Test.Throws", {}, LIBRARY_Good, 429, "no licence"},
+        {"Test.Unknown", {}, LIBRARY_Good, 429, "no object"},
+        {"Test.Throws", {}, LIBRARY_Good, 429, "no licence"},
         {"Test.Raises", {}, LIBRARY_Good, 75, "log is read-only"},
     };
     for (const auto& [name, factory, library, number, reason] : rows) {
@@ -79,8 +82,8 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
         for (int attempt = 1; attempt <= 2; ++attempt) { // a failure leaves nothing behind
             const test::Raised error = raisedBy([&, &name = name] { registry.create(name); });
             EXPECT_EQ(error.number, number);
-            EXPECT_THAT(error.description, AllOf(HasSubstr(std::string(1, '"') + name + '"'),
-                                                 HasSubstr(reason), HasSubstr(library)));
+            EXPECT_THAT(error.description,
+                        AllOf(HasSubstr(std::string(1, '"') + name + '"'), HasSubstr(reason), HasSubstr(library)));
         }
     }
     EXPECT_FALSE(isLoaded(LIBRARY_OtherVersion)) << "a refused library stays loaded";

@@ -1,6 +1,6 @@
 // A component library, built in three kinds: see CMakeLists.txt.
-#include "core/modInit.h"
-#include "hosting/ComponentLibrary.h"
+#include "orvan/core/modInit.h"
+#include "orvan/hosting/ComponentLibrary.h"
 
 #include <stdexcept>
 

@@ -1,6 +1,6 @@
 // What must hold for every locale that ICU knows, whatever its data holds today.
 #include "ShownAmounts.h"
-#include "ui/icu/IcuLocaleService.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
 
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
@@ -15,10 +15,27 @@ using ::icu::number::LocalizedNumberFormatter;
 using ::icu::number::NumberFormatter;
 using ::icu::number::Precision;
 
-constexpr std::int64_t kScaled[] = {0,          1,           -1,         49,        50,         -50,         5'000,
-                                    -15'000,    99'949,      9'999'950,  9'995'000, -9'999'999, 10'000'000,  12'345'000,
-                                    -12'345'678, 99'999'999, 123'456'789, 12'345'678'901, -98'765'432'109'876,
-                                    std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::min()};
+constexpr std::int64_t kScaled[] = {0,
+                                    1,
+                                    -1,
+                                    49,
+                                    50,
+                                    -50,
+                                    5'000,
+                                    -15'000,
+                                    99'949,
+                                    9'999'950,
+                                    9'995'000,
+                                    -9'999'999,
+                                    10'000'000,
+                                    12'345'000,
+                                    -12'345'678,
+                                    99'999'999,
+                                    123'456'789,
+                                    12'345'678'901,
+                                    -98'765'432'109'876,
+                                    std::numeric_limits<std::int64_t>::max(),
+                                    std::numeric_limits<std::int64_t>::min()};
 
 std::vector<std::string> allLocales()
 {

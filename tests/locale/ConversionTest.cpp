@@ -1,7 +1,7 @@
 // modLocale and modConversion on a locale service with separators of any kind.
 #include "ShownAmounts.h"
-#include "base/RuntimeError.h"
-#include "ui/icu/NumberPattern.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/ui/icu/NumberPattern.h"
 #include "tests/support/Rows.h"
 
 #include <map>
@@ -57,11 +57,12 @@ TEST(ModLocale, EachItemThatCannotBeReadHasItsOwnDefault)
         return texts.monThousand + '|' + texts.monDecimal + '|' + texts.thousand + '|' + texts.decimal + '|' +
                texts.symbol;
     };
-    for (const auto& [failing, texts] : Rows<LocaleItem, const char*>{
-             {LocaleItem::monetaryThousandsSeparator, ",|D|\u00A0|d|kr"},
-             {LocaleItem::monetaryDecimalSeparator, "|.|\u00A0|d|kr"},
-             {LocaleItem::thousandsSeparator, "|D|,|d|kr"}, {LocaleItem::decimalSeparator, "|D|\u00A0|.|kr"},
-             {LocaleItem::currencySymbol, "|D|\u00A0|d|,"}}) {
+    for (const auto& [failing, texts] :
+         Rows<LocaleItem, const char*>{{LocaleItem::monetaryThousandsSeparator, ",|D|\u00A0|d|kr"},
+                                       {LocaleItem::monetaryDecimalSeparator, "|.|\u00A0|d|kr"},
+                                       {LocaleItem::thousandsSeparator, "|D|,|d|kr"},
+                                       {LocaleItem::decimalSeparator, "|D|\u00A0|.|kr"},
+                                       {LocaleItem::currencySymbol, "|D|\u00A0|d|,"}}) {
         FakeLocale locale;
         EXPECT_EQ(read(locale), "|D|\u00A0|d|kr");
         locale.items[failing] = std::string(126, 'x');
@@ -79,10 +80,19 @@ TEST(ModLocale, EachItemThatCannotBeReadHasItsOwnDefault)
 TEST(ModConversion, WholeAmountsHaveNoDecimalsAndOthersExactlyThoseAskedFor)
 {
     FakeLocale locale;
-    for (const auto& [value, digits, number] : Rows<const char*, std::int16_t, const char*>{
-             {"0", 2, "0"}, {"3", 4, "3"}, {"3.25", 4, "3.2500"}, {"12", 2, "12"}, {"12.5", 2, "12.50"},
-             {"-12", 2, "-12"}, {"-1234.5", 2, "-1,234.50"}, {"0.5", 0, "1"}, {"-0.5", 0, "-1"},
-             {"1.2345", 2, "1.23"}, {"1.005", 2, "1.01"}, {"0.9999", 2, "1.00"}, {"-0.0001", 2, "-0.00"}}) {
+    for (const auto& [value, digits, number] : Rows<const char*, std::int16_t, const char*>{{"0", 2, "0"},
+                                                                                            {"3", 4, "3"},
+                                                                                            {"3.25", 4, "3.2500"},
+                                                                                            {"12", 2, "12"},
+                                                                                            {"12.5", 2, "12.50"},
+                                                                                            {"-12", 2, "-12"},
+                                                                                            {"-1234.5", 2, "-1,234.50"},
+                                                                                            {"0.5", 0, "1"},
+                                                                                            {"-0.5", 0, "-1"},
+                                                                                            {"1.2345", 2, "1.23"},
+                                                                                            {"1.005", 2, "1.01"},
+                                                                                            {"0.9999", 2, "1.00"},
+                                                                                            {"-0.0001", 2, "-0.00"}}) {
         const Currency amount = Currency::fromText(value);
         EXPECT_EQ(FormatNumberValue(locale, amount, digits), number) << value;
         EXPECT_EQ(FormatCurrencyValue(locale, amount, digits, "", false), number) << value;
@@ -95,13 +105,14 @@ TEST(ModConversion, WholeAmountsHaveNoDecimalsAndOthersExactlyThoseAskedFor)
 
 TEST(ModConversion, TheSymbolAloneIsTakenOutWhereverItStands)
 {
-    for (const auto& [pattern, symbol, hidden, shown] :
-         Rows<icu::NumberPattern, const char*, const char*, const char*>{
+    for (const auto& [pattern, symbol, hidden, shown] : Rows<icu::NumberPattern, const char*, const char*, const char*>{
              {{.positivePrefix = "$"}, "$", "1,234.50", "$1,234.50"},
              {{.positivePrefix = "$"}, ",", "$1234.50", "$1,234.50"}, // the symbol could not be read
              {{.positivePrefix = "$"}, "", "$1,234.50", "$1,234.50"},
-             {{.positivePrefix = "Kr ", .positiveSuffix = "\u00A0kr"}, "kr", "Kr 1,234.50\u00A0",
-             "Kr 1,234.50\u00A0kr"},
+             {{.positivePrefix = "Kr ", .positiveSuffix = "\u00A0kr"},
+              "kr",
+              "Kr 1,234.50\u00A0",
+              "Kr 1,234.50\u00A0kr"},
              {{.positivePrefix = "(xxyy", .positiveSuffix = " xy)"}, "xy", "(xy1,234.50 )", "(xxyy1,234.50 xy)"}}) {
         FakeLocale locale;
         locale.pattern = pattern;
@@ -114,15 +125,25 @@ TEST(ModConversion, TheSymbolAloneIsTakenOutWhereverItStands)
 TEST(ModConversion, TypedTextIsItsDigitsAndDecimalSeparators)
 {
     for (const auto& [decimal, text, value] : Rows<const char*, const char*, const char*>{
-             {".", "-5", "5"}, {".", "1,234.50", "1234.5"}, {".", "12.5%", "12.5"}, {".", "", "0"},
-             {".", "abc", "0"}, {".", "1.2.3", "0"}, {".", ".", "0"}, {".", "1.00005", "1"},
-             {".", "$ 1 2 . 5 0", "12.5"}, {".", "922337203685477.5808", "0"},
+             {".", "-5", "5"},
+             {".", "1,234.50", "1234.5"},
+             {".", "12.5%", "12.5"},
+             {".", "", "0"},
+             {".", "abc", "0"},
+             {".", "1.2.3", "0"},
+             {".", ".", "0"},
+             {".", "1.00005", "1"},
+             {".", "$ 1 2 . 5 0", "12.5"},
+             {".", "922337203685477.5808", "0"},
              {".", "922337203685477.5807", "922337203685477.5807"},
-             {",", "1.234,5 €", "1234.5"}, {",", "1.5", "15"}, {"", "1.5", "15"},
-             {"::", "1::5", "15"},                  // two characters match none
-             {"·", "1·5", "1.5"}, {"\u00A0", "1\u00A05", "1.5"}, // one character, two bytes
-             {"\xA0", "1\u00A05", "15"},            // a byte of a character is none
-             {".", "٣.٥", "0"},                      // only 0 to 9 are digits
+             {",", "1.234,5 €", "1234.5"},
+             {",", "1.5", "15"},
+             {"", "1.5", "15"},
+             {"::", "1::5", "15"}, // two characters match none
+             {"·", "1·5", "1.5"},
+             {"\u00A0", "1\u00A05", "1.5"}, // one character, two bytes
+             {"\xA0", "1\u00A05", "15"},    // a byte of a character is none
+             {".", "٣.٥", "0"},             // only 0 to 9 are digits
          }) {
         FakeLocale locale;
         locale.pattern.decimalSeparator = decimal;

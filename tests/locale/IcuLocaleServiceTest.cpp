@@ -1,9 +1,9 @@
 // Texts that users of these locales expect, written out; AllLocalesTest.cpp holds the rest.
+#include "orvan/ui/icu/IcuLocaleService.h"
 #include "ShownAmounts.h"
+#include "orvan/ui/icu/LocaleData.h"
+#include "orvan/ui/icu/LocaleNames.h"
 #include "tests/support/Raised.h"
-#include "ui/icu/IcuLocaleService.h"
-#include "ui/icu/LocaleData.h"
-#include "ui/icu/LocaleNames.h"
 #include "tests/support/Rows.h"
 
 #include <map>
@@ -23,7 +23,7 @@ TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
              {"fr_FR", "nb_NO", "1234567.5", "1\u202F234\u202F567,50\u00A0€", "1\u00A0234\u00A0567,50", "€"},
              {"en_IN", "en_IN", "922337203685477.5807", "₹92,23,37,20,36,85,477.58", "92,23,37,20,36,85,477.58", "₹"},
              {"es_ES", "pl_PL", "12345.5", "12.345,50\u00A0€", "12\u00A0345,50", "€"},
-             {"ja_JP", "ja_JP", "1234.5", "￥1,234.50", "1,234.50", "￥"},             // digits asked for, not 0
+             {"ja_JP", "ja_JP", "1234.5", "￥1,234.50", "1,234.50", "￥"},               // digits asked for, not 0
              {"ar_BH", "ar_EG", "1234.5", "\u200F1,234.50\u00A0BHD", "1,234.50", "BHD"}, // its sign has points
              {"ar_DZ", "ar_DZ", "1234.5", "\u200F1.234,50\u00A0د.ج.\u200F", "1.234,50", "د.ج.\u200F"}, // with its mark
              {"sv_SE", "sv_SE", "-1234.5", "−1\u00A0234,50\u00A0kr", "−1\u00A0234,50", "kr"},
@@ -40,9 +40,13 @@ TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
 TEST(IcuLocaleService, AnItemThatIsUnknownOrDoesNotFitIsNoAnswer)
 {
     IcuLocaleService service({.monetary = "da_DK", .numeric = "da_DK"}); // symbol "kr."
-    for (const auto& [lcid, item, room, count] : Rows<std::int32_t, std::int32_t, std::size_t, std::int32_t>{
-             {0x400, 0x14, 127, 4}, {0x400, 0x14, 4, 4}, {0x400, 0x14, 3, 0}, {0x400, 0x14, 0, 0},
-             {0x400, 0x10, 127, 0}, {0x409, 0x14, 127, 0}}) {
+    for (const auto& [lcid, item, room, count] :
+         Rows<std::int32_t, std::int32_t, std::size_t, std::int32_t>{{0x400, 0x14, 127, 4},
+                                                                     {0x400, 0x14, 4, 4},
+                                                                     {0x400, 0x14, 3, 0},
+                                                                     {0x400, 0x14, 0, 0},
+                                                                     {0x400, 0x10, 127, 0},
+                                                                     {0x409, 0x14, 127, 0}}) {
         std::string buffer(room, 'x');
         EXPECT_EQ(service.getLocaleInfo(lcid, static_cast<ui::LocaleItem>(item), buffer), count)
             << lcid << ' ' << item << ' ' << room;
@@ -53,13 +57,18 @@ TEST(IcuLocaleService, AnItemThatIsUnknownOrDoesNotFitIsNoAnswer)
 TEST(IcuLocaleService, TextIsReadWithEitherDecimalSeparator)
 {
     for (const auto& [monetary, numeric, text, value] : Rows<const char*, const char*, const char*, const char*>{
-             {"en_US", "en_US", "1,234.50", "1234.5"}, {"en_US", "en_US", "1234.", "1234"},
+             {"en_US", "en_US", "1,234.50", "1234.5"},
+             {"en_US", "en_US", "1234.", "1234"},
              {"de_DE", "en_US", "1.5", "1.5"}, // a group of the money, the point of the number
-             {"de_DE", "en_US", "1,5", "1.5"}, {"de_DE", "en_US", "1,2.5", "error 13"},
+             {"de_DE", "en_US", "1,5", "1.5"},
+             {"de_DE", "en_US", "1,2.5", "error 13"},
              {"en_US", "de_CH", "1,234’567.5", "1234567.5"}, // groups of both
-             {"pt_CV", "pt_CV", "1\u00A0234$5", "1234.5"}, {"de_CH", "de_CH", "1’234.5", "1234.5"},
-             {"en_US", "en_US", "0.00015", "0.0002"}, {"en_US", "en_US", "922337203685477.5808", "error 6"},
-             {"en_US", "en_US", ",.", "error 13"}, {"en_US", "en_US", "-5", "error 13"},
+             {"pt_CV", "pt_CV", "1\u00A0234$5", "1234.5"},
+             {"de_CH", "de_CH", "1’234.5", "1234.5"},
+             {"en_US", "en_US", "0.00015", "0.0002"},
+             {"en_US", "en_US", "922337203685477.5808", "error 6"},
+             {"en_US", "en_US", ",.", "error 13"},
+             {"en_US", "en_US", "-5", "error 13"},
              {"de_CH", "de_CH", "1\xE2\x80", "error 13"}, // half an apostrophe
          }) {
         IcuLocaleService service({.monetary = monetary, .numeric = numeric});
@@ -72,11 +81,14 @@ TEST(LocaleNames, TheEnvironmentIsReadAsTheCLibraryDoes)
 {
     for (const auto& [environment, monetary, numeric] :
          Rows<std::map<std::string, const char*>, const char*, const char*>{
-             {{}, "", ""}, {{{"LANG", "de_DE.UTF-8"}}, "de_DE.UTF-8", "de_DE.UTF-8"},
+             {{}, "", ""},
+             {{{"LANG", "de_DE.UTF-8"}}, "de_DE.UTF-8", "de_DE.UTF-8"},
              {{{"LANG", "de_DE"}, {"LC_MONETARY", "fr_CH"}}, "fr_CH", "de_DE"},
-             {{{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"}, {{{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
+             {{{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"},
+             {{{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
              {{{"LC_ALL", "sv_SE"}, {"LC_MONETARY", "fr_CH"}, {"LC_NUMERIC", "C"}, {"LANG", "de_DE"}},
-              "sv_SE", "sv_SE"},
+              "sv_SE",
+              "sv_SE"},
              {{{"LC_ALL", ""}, {"LC_NUMERIC", ""}, {"LC_MONETARY", "fr_CH"}, {"LANG", "de_DE"}}, "fr_CH", "de_DE"},
              {{{"LC_MESSAGES", "de_DE"}, {"LC_CTYPE", "de_DE"}, {"LANGUAGE", "de"}}, "", ""}}) {
         const LocaleNames names = localeNamesFromEnvironment([&all = environment](const char* variable) -> const char* {
@@ -90,21 +102,39 @@ TEST(LocaleNames, TheEnvironmentIsReadAsTheCLibraryDoes)
 
 TEST(LocaleNames, NamesBecomeLocalesWithDataAndACurrency)
 {
-    for (const auto& [name, locale, currency] : Rows<const char*, const char*, const char*>{
-             {"", "en_US", "USD"}, {"C", "en_US", "USD"}, {"POSIX", "en_US", "USD"},
-             {"C.UTF-8", "en_US", "USD"}, {".UTF-8", "en_US", "USD"}, {"de_DE.UTF-8", "de_DE", "EUR"},
-             {"de_CH.ISO-8859-1@euro", "de_CH", "EUR"}, {"fr_CH@EURO", "fr_CH", "EUR"},
-             {"de_CH@currency=usd", "de_CH", "USD"}, {"C@currency=EUR;calendar=buddhist", "en_US", "EUR"},
-             {"de_CH@currency=1.5", "de_CH", "CHF"}, {"de_CH@=;;=%", "de_CH", "CHF"},
-             {"sr_RS.UTF-8@latin", "sr_Latn_RS", "RSD"}, {"sr_RS@cyrillic", "sr_Cyrl_RS", "RSD"},
-             {"ks_IN@devanagari", "ks_Deva_IN", "INR"}, {"ca_ES@valencia", "ca_ES", "EUR"},
-             {"tt_RU@iqtelif", "tt_RU", "RUB"}, {"af_Cyrl_ZA", "af_ZA", "ZAR"}, // no data in that script
-             {"zh-Hant-TW", "zh_Hant_TW", "TWD"}, {"de_AT_9XYZ2345=", "de_AT", "EUR"},
-             {"iw_IL", "he_IL", "ILS"}, {"sh_RS", "sr_Latn_RS", "RSD"}, // old names
-             {"de", "de", "EUR"}, {"pt", "pt", "BRL"},                  // likely territory
-             {"en_150", "en_150", "XXX"}, {"eo", "eo", "XXX"}, {"en_XY", "en_XY", "XXX"}, // no one currency
-             {"nds_DE.UTF-8", "de_DE", "EUR"}, {"xx_CH@euro", "de_CH", "EUR"}, // no data for the language
-             {"english", "en_US", "USD"}, {"xx", "en_US", "USD"}, {"%s%n/../\x80", "en_US", "USD"}}) {
+    for (const auto& [name, locale, currency] :
+         Rows<const char*, const char*, const char*>{{"", "en_US", "USD"},
+                                                     {"C", "en_US", "USD"},
+                                                     {"POSIX", "en_US", "USD"},
+                                                     {"C.UTF-8", "en_US", "USD"},
+                                                     {".UTF-8", "en_US", "USD"},
+                                                     {"de_DE.UTF-8", "de_DE", "EUR"},
+                                                     {"de_CH.ISO-8859-1@euro", "de_CH", "EUR"},
+                                                     {"fr_CH@EURO", "fr_CH", "EUR"},
+                                                     {"de_CH@currency=usd", "de_CH", "USD"},
+                                                     {"C@currency=EUR;calendar=buddhist", "en_US", "EUR"},
+                                                     {"de_CH@currency=1.5", "de_CH", "CHF"},
+                                                     {"de_CH@=;;=%", "de_CH", "CHF"},
+                                                     {"sr_RS.UTF-8@latin", "sr_Latn_RS", "RSD"},
+                                                     {"sr_RS@cyrillic", "sr_Cyrl_RS", "RSD"},
+                                                     {"ks_IN@devanagari", "ks_Deva_IN", "INR"},
+                                                     {"ca_ES@valencia", "ca_ES", "EUR"},
+                                                     {"tt_RU@iqtelif", "tt_RU", "RUB"},
+                                                     {"af_Cyrl_ZA", "af_ZA", "ZAR"}, // no data in that script
+                                                     {"zh-Hant-TW", "zh_Hant_TW", "TWD"},
+                                                     {"de_AT_9XYZ2345=", "de_AT", "EUR"},
+                                                     {"iw_IL", "he_IL", "ILS"},
+                                                     {"sh_RS", "sr_Latn_RS", "RSD"}, // old names
+                                                     {"de", "de", "EUR"},
+                                                     {"pt", "pt", "BRL"}, // likely territory
+                                                     {"en_150", "en_150", "XXX"},
+                                                     {"eo", "eo", "XXX"},
+                                                     {"en_XY", "en_XY", "XXX"}, // no one currency
+                                                     {"nds_DE.UTF-8", "de_DE", "EUR"},
+                                                     {"xx_CH@euro", "de_CH", "EUR"}, // no data for the language
+                                                     {"english", "en_US", "USD"},
+                                                     {"xx", "en_US", "USD"},
+                                                     {"%s%n/../\x80", "en_US", "USD"}}) {
         const std::string id = icuLocaleId(name);
         EXPECT_EQ(id.substr(0, id.find('@')), locale) << name;
         EXPECT_EQ(currencyCode(id), currency) << name;
@@ -117,10 +147,16 @@ TEST(LocaleNames, NamesBecomeLocalesWithDataAndACurrency)
 TEST(NumberPattern, SeparatorsThatCannotBeReadBackGiveWay)
 {
     for (const auto& [decimal, group, readableDecimal, readableGroup] :
-         Rows<const char*, const char*, const char*, const char*>{
-             {",", ".", ",", "."}, {"·", "\u202F", "·", "\u202F"}, {".", "", ".", ""}, {"::", ",", ".", ","},
-             {"::", ".", ",", "."}, {"", "'", ".", "'"}, {"0", "'", ".", "'"}, {"::", ".'", ".", "\u00A0"},
-             {".", ".", ".", "\u00A0"}, {".", "1", ".", "\u00A0"}}) {
+         Rows<const char*, const char*, const char*, const char*>{{",", ".", ",", "."},
+                                                                  {"·", "\u202F", "·", "\u202F"},
+                                                                  {".", "", ".", ""},
+                                                                  {"::", ",", ".", ","},
+                                                                  {"::", ".", ",", "."},
+                                                                  {"", "'", ".", "'"},
+                                                                  {"0", "'", ".", "'"},
+                                                                  {"::", ".'", ".", "\u00A0"},
+                                                                  {".", ".", ".", "\u00A0"},
+                                                                  {".", "1", ".", "\u00A0"}}) {
         NumberPattern pattern{.decimalSeparator = decimal, .groupSeparator = group};
         makeReadable(pattern);
         EXPECT_EQ(pattern.decimalSeparator, readableDecimal) << decimal << ' ' << group;

@@ -1,9 +1,9 @@
 // ShownAmounts: shows an amount in each way the library does and reads it back.
 #pragma once
 
-#include "core/modConversion.h"
-#include "core/modLocale.h"
-#include "ui/LocaleService.h"
+#include "orvan/core/modConversion.h"
+#include "orvan/core/modLocale.h"
+#include "orvan/ui/LocaleService.h"
 
 #include <gtest/gtest.h>
 

@@ -3,16 +3,16 @@
 // Catalogue, product record and session write their calls into one list, in which any one can fail.
 #pragma once
 
-#include "base/Text.h"
-#include "editor/frmProductDesign.h"
-#include "hosting/ComponentRegistry.h"
-#include "lookup/LookUpBoxes.h"
+#include "orvan/base/Text.h"
+#include "orvan/editor/frmProductDesign.h"
+#include "orvan/hosting/ComponentRegistry.h"
+#include "orvan/lookup/LookUpBoxes.h"
+#include "orvan/ui/headless/HeadlessForm.h"
+#include "orvan/ui/headless/HeadlessPlatform.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
 #include "tests/support/Raised.h"
 #include "tests/support/RecordingTrace.h"
 #include "tests/support/Rows.h"
-#include "ui/headless/HeadlessForm.h"
-#include "ui/headless/HeadlessPlatform.h"
-#include "ui/icu/IcuLocaleService.h"
 
 namespace orvan::test {
 

@@ -1,4 +1,4 @@
-#include "core/ProductsString.h"
+#include "orvan/components/products/ProductsString.h"
 #include "tests/products/ProductMgrFixture.h"
 #include "tests/support/Rows.h"
 
@@ -19,10 +19,21 @@ TEST(InProcessProductMgr, SeekIndexFindsProductsOnly)
 {
     const auto manager = makeManager();
     load(*manager, kThree);
-    for (const auto& [index, offset, found, result] : Rows<std::int32_t, std::int32_t, bool, std::int32_t>{
-             {1, 0, true, 1}, {3, 0, true, 3}, {0, 0, false, 0}, {4, 0, false, 4}, {1, -1, false, 1},
-             {3, 1, false, 3}, {1, 1, true, 2}, {3, -1, true, 2}, {0, 1, true, 1}, {4, -1, true, 3},
-             {-1, 1, false, -1}, {kMost, 1, false, kMost}, {kLeast, -1, false, kLeast}, {kMost, 0, false, kMost}}) {
+    for (const auto& [index, offset, found, result] :
+         Rows<std::int32_t, std::int32_t, bool, std::int32_t>{{1, 0, true, 1},
+                                                              {3, 0, true, 3},
+                                                              {0, 0, false, 0},
+                                                              {4, 0, false, 4},
+                                                              {1, -1, false, 1},
+                                                              {3, 1, false, 3},
+                                                              {1, 1, true, 2},
+                                                              {3, -1, true, 2},
+                                                              {0, 1, true, 1},
+                                                              {4, -1, true, 3},
+                                                              {-1, 1, false, -1},
+                                                              {kMost, 1, false, kMost},
+                                                              {kLeast, -1, false, kLeast},
+                                                              {kMost, 0, false, kMost}}) {
         std::int32_t at = index;
         bool any = !found;
         manager->SeekIndex(at, offset, any);
@@ -157,9 +168,11 @@ TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
 TEST(InProcessProductMgr, RulesAreTheManagersAndAskedAtEachCall)
 {
     const auto usual = makeManager()->AddNewProduct(); // its manager is gone
-    for (const auto& [value, amount, discount] : Rows<const char*, bool, bool>{
-             {"-0.0001", false, false}, {"0", true, true}, {"100", true, true}, {"100.0001", true, false},
-             {"922337203685477", true, false}}) {
+    for (const auto& [value, amount, discount] : Rows<const char*, bool, bool>{{"-0.0001", false, false},
+                                                                               {"0", true, true},
+                                                                               {"100", true, true},
+                                                                               {"100.0001", true, false},
+                                                                               {"922337203685477", true, false}}) {
         const Currency it = Currency::fromText(value);
         EXPECT_EQ(usual->IsValidUnitPrice(it), amount) << value;
         EXPECT_EQ(usual->IsValidQty(it), amount) << value;

@@ -1,8 +1,8 @@
 // What the product tests share: a manager made as a host makes one.
 #pragma once
 
-#include "core/InProcessProductMgr.h"
-#include "core/ProductMgr.h"
+#include "orvan/components/products/InProcessProductMgr.h"
+#include "orvan/core/ProductMgr.h"
 #include "tests/support/Raised.h"
 
 #include <gtest/gtest.h>

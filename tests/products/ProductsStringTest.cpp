@@ -21,8 +21,8 @@ std::string richString()
     for (int byte = 0; byte < 256; ++byte) {
         every += static_cast<char>(byte);
     }
-    for (const std::string& text : std::initializer_list<std::string>{
-             "Bolt ~:\\", std::string("\0~\r\n", 4), "äß€𝄞\u0301", every, "\\\\::~~", ""}) {
+    for (const std::string& text : std::initializer_list<std::string>{"Bolt ~:\\", std::string("\0~\r\n", 4),
+                                                                      "äß€𝄞\u0301", every, "\\\\::~~", ""}) {
         const auto product = manager->AddNewProduct();
         product->SetName(text);
         product->SetKey(text + "\\");
@@ -150,9 +150,18 @@ TEST(ProductsString, UnusableSeparatorsAreRefused)
 {
     const auto manager = makeManager();
     load(*manager, kLoaded);
-    for (const auto& [record, field] : Rows<const char*, const char*>{
-             {"", ":"}, {"~", ""}, {"~~", ":"}, {"~", "~"}, {"a", ":"}, {"~", "Z"}, {"5", ":"}, {"~", "-"},
-             {"~", "."}, {"\\", ":"}, {"\xC3", ":"}, {"~", "ä"}}) {
+    for (const auto& [record, field] : Rows<const char*, const char*>{{"", ":"},
+                                                                      {"~", ""},
+                                                                      {"~~", ":"},
+                                                                      {"~", "~"},
+                                                                      {"a", ":"},
+                                                                      {"~", "Z"},
+                                                                      {"5", ":"},
+                                                                      {"~", "-"},
+                                                                      {"~", "."},
+                                                                      {"\\", ":"},
+                                                                      {"\xC3", ":"},
+                                                                      {"~", "ä"}}) {
         const std::string one = record;
         const std::string two = field;
         for (const Raised& error : {raisedBy([&] { manager->SetProductsString("", one, two, false); }),

@@ -1,9 +1,9 @@
 // EditorFixture: sessions of the product editor on the in-memory platform.
 #pragma once
 
-#include "editor/ProductDlg.h"
+#include "orvan/editor/ProductDlg.h"
+#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/LibraryFixture.h"
-#include "ui/headless/HeadlessForm.h"
 
 namespace orvan::test {
 

@@ -1,8 +1,8 @@
 // FaultyProductMgr: forwards to another manager and fails at its nth call, or moves the index.
 #pragma once
 
-#include "base/RuntimeError.h"
-#include "core/ProductMgr.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/core/ProductMgr.h"
 
 #include <optional>
 

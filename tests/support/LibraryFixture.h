@@ -1,13 +1,13 @@
 // LibraryFixture: the library on the in-memory platform, its components such that a test can make them fail.
 #pragma once
 
-#include "components/NoCatalogue.h"
-#include "core/InProcessProductMgr.h"
-#include "hosting/ComponentRegistry.h"
+#include "orvan/components/catalogue/NoCatalogue.h"
+#include "orvan/components/products/InProcessProductMgr.h"
+#include "orvan/hosting/ComponentRegistry.h"
+#include "orvan/ui/headless/HeadlessPlatform.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
 #include "tests/support/FaultyProductMgr.h"
 #include "tests/support/RecordingTrace.h"
-#include "ui/headless/HeadlessPlatform.h"
-#include "ui/icu/IcuLocaleService.h"
 
 namespace orvan::test {
 

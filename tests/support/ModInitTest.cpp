@@ -1,7 +1,7 @@
+#include "orvan/ui/headless/HeadlessPlatform.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
 #include "tests/support/Raised.h"
 #include "tests/support/RecordingTrace.h"
-#include "ui/headless/HeadlessPlatform.h"
-#include "ui/icu/IcuLocaleService.h"
 #include "tests/support/Rows.h"
 
 #include <atomic>
@@ -11,10 +11,10 @@
 namespace orvan {
 namespace {
 
-using test::Rows;
 using test::Raised;
 using test::raisedBy;
 using test::RecordingTrace;
+using test::Rows;
 using test::ScopedTrace;
 using test::TraceCall;
 

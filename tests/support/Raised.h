@@ -1,7 +1,7 @@
 // Errors as values that a test can compare.
 #pragma once
 
-#include "base/RuntimeError.h"
+#include "orvan/base/RuntimeError.h"
 
 #include <cstdint>
 #include <string>

@@ -6,7 +6,7 @@
 // so that a test checks its trace without saying so. Thread: one at a time.
 #pragma once
 
-#include "core/modInit.h"
+#include "orvan/core/modInit.h"
 
 #include <gtest/gtest.h>
 

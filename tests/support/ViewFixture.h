@@ -1,7 +1,7 @@
 // ViewFixture: a list view on the in-memory platform, with everything around it that tests look at.
 #pragma once
 
-#include "hosting/HeadlessProductView.h"
+#include "orvan/hosting/HeadlessProductView.h"
 #include "tests/support/LibraryFixture.h"
 
 #include <optional>

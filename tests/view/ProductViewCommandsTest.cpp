@@ -1,6 +1,6 @@
-#include "tests/support/ViewFixture.h"
+#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/Rows.h"
-#include "ui/headless/HeadlessForm.h"
+#include "tests/support/ViewFixture.h"
 
 namespace orvan::test {
 namespace {
@@ -75,12 +75,11 @@ TEST_F(ProductViewCommandsTest, AHostMayDestroyTheViewWhileItAsks)
 
 TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
 {
-    for (const auto& [name, failAtCall, recorded] : Rows<const char*, int, int>{
-             {"cmdMoveUp", 1, 2},     // the seek
-             {"cmdMoveUp", 2, 2},     // the move
-             {"cmdMoveDown", 3, 3},   // the refresh
-             {"cmdDelete", 1, 2},     // the deletion
-             {"cmdDelete", 2, 3}}) {  // the refresh
+    for (const auto& [name, failAtCall, recorded] : Rows<const char*, int, int>{{"cmdMoveUp", 1, 2},    // the seek
+                                                                                {"cmdMoveUp", 2, 2},    // the move
+                                                                                {"cmdMoveDown", 3, 3},  // the refresh
+                                                                                {"cmdDelete", 1, 2},    // the deletion
+                                                                                {"cmdDelete", 2, 3}}) { // the refresh
         makeView();
         view->site() = headless::HeadlessSite("TestForm", 77);
         view->Show(kThreeProducts);

@@ -1,7 +1,7 @@
+#include "orvan/ui/Form.h"
 #include "tests/support/ViewFixture.h"
-#include "ui/Form.h"
 
-#include "view/ProductViewPrefs.h"
+#include "orvan/view/ProductViewPrefs.h"
 #include "tests/support/Rows.h"
 
 namespace orvan::test {
@@ -24,16 +24,23 @@ TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
     const Rows<const char*, const char*, const char*, std::vector<std::int32_t>> rows = {
         {"", kDefaultColumns, kDefaults, {}},
         {"4~1~250^1800^700^700^700^700^700^700^700", kDefaultColumns, "250 1800 700 700 700 700 700 700 700", {}},
-        {"2~5", kDefaultColumns, kDefaults, {}}, {"4~1~250~9", kDefaultColumns, kDefaults, {}},
-        {"~", kDefaultColumns, kDefaults, {}}, {"~1~700", kDefaultColumns, kDefaults, {13}},
-        {"x~1~700", kDefaultColumns, kDefaults, {13}}, {"99999999999~1~300", kDefaultColumns, kDefaults, {6}},
-        {"3~0~300^2000", "Number Name UnitPrice PartNum [Qty] [ExtPrice] [Key] [DiscPrcnt] [Note]",
-         "300 2000 960 960 960 960 960 960 960", {}},
+        {"2~5", kDefaultColumns, kDefaults, {}},
+        {"4~1~250~9", kDefaultColumns, kDefaults, {}},
+        {"~", kDefaultColumns, kDefaults, {}},
+        {"~1~700", kDefaultColumns, kDefaults, {13}},
+        {"x~1~700", kDefaultColumns, kDefaults, {13}},
+        {"99999999999~1~300", kDefaultColumns, kDefaults, {6}},
+        {"3~0~300^2000",
+         "Number Name UnitPrice PartNum [Qty] [ExtPrice] [Key] [DiscPrcnt] [Note]",
+         "300 2000 960 960 960 960 960 960 960",
+         {}},
         {"6~1~300^2000", kDefaultColumns, kDefaults, {1000, 1000}},
         {"4~-1~300", kDefaultColumns, kDefaults, {1000, 1000}},
         // The second of two equal fields moves the first one's column on.
-        {"4~4~250", "Number Name [ExtPrice] Qty [Key] [PartNum] [DiscPrcnt] [UnitPrice] [Note]",
-         "250 960 960 960 960 960 960 960 960", {}},
+        {"4~4~250",
+         "Number Name [ExtPrice] Qty [Key] [PartNum] [DiscPrcnt] [UnitPrice] [Note]",
+         "250 960 960 960 960 960 960 960 960",
+         {}},
         {"4~1~", kDefaultColumns, "250 960 960 960 960 960 960 960 960", {}},
         {"4~1~^700", kDefaultColumns, kDefaults, {13}},
         {"4~1~300^-1^50", kDefaultColumns, "300 960 700 700 700 700 700 700 700", {380}},

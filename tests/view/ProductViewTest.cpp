@@ -1,6 +1,6 @@
 #include "tests/support/Raised.h"
-#include "tests/support/ViewFixture.h"
 #include "tests/support/Rows.h"
+#include "tests/support/ViewFixture.h"
 
 #include <gmock/gmock.h>
 
@@ -29,11 +29,10 @@ TEST_F(ProductViewTest, StartsEmptyAndShowsWhatItIsGiven)
     const std::size_t traced = trace->lines().size();
     view->Show(kThreeProducts);
     EXPECT_EQ(view->flexGrid().paintCount(), painted + 1);
-    EXPECT_THAT(std::vector(trace->lines().begin() + static_cast<std::ptrdiff_t>(traced), trace->lines().end()),
-                ElementsAre("enter KTVOrvanProduct.ProductView::Show",
-                            "enter KTVOrvanProduct.ProductView::PrvRefreshView",
-                            "exit KTVOrvanProduct.ProductView::PrvRefreshView",
-                            "exit KTVOrvanProduct.ProductView::Show"));
+    EXPECT_THAT(
+        std::vector(trace->lines().begin() + static_cast<std::ptrdiff_t>(traced), trace->lines().end()),
+        ElementsAre("enter KTVOrvanProduct.ProductView::Show", "enter KTVOrvanProduct.ProductView::PrvRefreshView",
+                    "exit KTVOrvanProduct.ProductView::PrvRefreshView", "exit KTVOrvanProduct.ProductView::Show"));
     EXPECT_EQ(row(1), "1 | Desk | 2 | $978.00");
     EXPECT_EQ(row(2), "2 | Lamp | 1.5 | $112.43");
     EXPECT_EQ(row(3), "3 | Chair | 1 | $875.00");
@@ -143,8 +142,7 @@ TEST_F(ProductViewTest, LayoutFollowsTheSize)
         view->surface().resize(width, height);
         EXPECT_THAT((std::vector{view->flexGrid().width(), view->flexGrid().height(), left.left(), left.top(),
                                  right.left(), right.top()}),
-                    ElementsAre(gridWidth, gridHeight, 0, bandTop, rightEdge - right.width(),
-                                bandTop))
+                    ElementsAre(gridWidth, gridHeight, 0, bandTop, rightEdge - right.width(), bandTop))
             << what;
     }
 }

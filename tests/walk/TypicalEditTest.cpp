@@ -1,6 +1,6 @@
-#include "components/CatalogueImport.h"
-#include "hosting/HeadlessProductView.h"
-#include "ui/headless/HeadlessForm.h"
+#include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/hosting/HeadlessProductView.h"
+#include "orvan/ui/headless/HeadlessForm.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,88 @@
+// DecimalReader: an amount from its digits while a text is walked, for whoever knows the text's form.
+//
+//     DecimalReader reader;   reader.digits(rest) for each run of digits, reader.point() between
+//     Currency amount = reader.result(negative);
+//
+// Digits beyond the fourth decimal only round, ties to even. Thread: a plain value.
+#pragma once
+
+#include "orvan/base/Currency.h"
+#include "orvan/base/RuntimeError.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+namespace orvan {
+
+class DecimalReader {
+public:
+    /// Takes the digits that the text begins with, and returns how many they are.
+    std::size_t digits(std::string_view text)
+    {
+        const std::size_t room = pointSeen_ ? kDecimals - decimals_ : text.size();
+        const std::size_t most = std::min(text.size(), room);
+        const auto digitAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at] - '0'); };
+        std::size_t taken = 0;
+        std::uint64_t value = value_;
+        for (; taken < most && digitAt(taken) <= 9 && value < kMostButOneDigit; ++taken) {
+            value = value * 10 + digitAt(taken);
+        }
+        value_ = value;
+        decimals_ += pointSeen_ ? static_cast<unsigned>(taken) : 0;
+        for (; taken < text.size() && digitAt(taken) <= 9; ++taken) {
+            drop(digitAt(taken));
+        }
+        anyDigit_ |= taken > 0;
+        return taken;
+    }
+
+    /// False for a second one.
+    bool point() { return !std::exchange(pointSeen_, true); }
+    bool anyDigit() const { return anyDigit_; }
+
+    /// Raises 6 beyond the range.
+    Currency result(bool negative)
+    {
+        static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
+        constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+        tooLarge_ |= __builtin_mul_overflow(value_, kMissing[decimals_], &value_);
+        const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
+        value_ += up ? 1 : 0; // does not wrap: where digits were dropped, none was missing
+        if (tooLarge_ || value_ > kMost + (negative ? 1 : 0)) {
+            throw RuntimeError(ErrorNumber::overflow);
+        }
+        return Currency::fromScaled(static_cast<std::int64_t>(negative ? 0 - value_ : value_));
+    }
+
+private:
+    static constexpr unsigned kDecimals = 4;
+    /// With one digit more, a value of as many is beyond the range, wherever its point is.
+    static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
+
+    void drop(unsigned digit)
+    {
+        if (decimals_ < kDecimals) {
+            tooLarge_ = true; // said at the end: the rest of the text is looked at first
+        } else if (!roundingSeen_) {
+            roundingSeen_ = true;
+            rounding_ = digit;
+        } else {
+            sticky_ = sticky_ || digit != 0;
+        }
+    }
+
+    std::uint64_t value_ = 0;
+    unsigned decimals_ = 0;
+    unsigned rounding_ = 0;
+    bool anyDigit_ = false;
+    bool pointSeen_ = false;
+    bool roundingSeen_ = false;
+    bool sticky_ = false;
+    bool tooLarge_ = false;
+};
+
+} // namespace orvan

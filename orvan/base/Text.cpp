@@ -1,0 +1,76 @@
+#include "orvan/base/Text.h"
+
+namespace orvan {
+
+namespace {
+
+std::size_t sizeByLeadByte(unsigned char lead)
+{
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return 2;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return 3;
+    }
+    if (lead >= 0xF0 && lead <= 0xF4) {
+        return 4;
+    }
+    return 1;
+}
+
+bool isContinuation(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+} // namespace
+
+std::size_t characterSize(std::string_view text, std::size_t at)
+{
+    const std::size_t size = sizeByLeadByte(static_cast<unsigned char>(text[at]));
+    for (std::size_t i = 1; i < size; ++i) {
+        if (at + i >= text.size() || !isContinuation(text[at + i])) {
+            return 1; // cut short: the lead byte stands alone
+        }
+    }
+    return size;
+}
+
+std::size_t characterCount(std::string_view text)
+{
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); at += characterSize(text, at)) {
+        ++count;
+    }
+    return count;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count)
+{
+    if (text.size() <= count) {
+        return text; // every character takes at least one byte
+    }
+    std::size_t at = 0;
+    for (; count > 0 && at < text.size(); --count) {
+        at += characterSize(text, at);
+    }
+    return text.substr(0, at);
+}
+
+std::string toUtf8(char32_t character)
+{
+    const auto byte = [](char32_t bits) { return static_cast<char>(bits); };
+    if (character < 0x80) {
+        return {byte(character)};
+    }
+    if (character < 0x800) {
+        return {byte(0xC0 | character >> 6), byte(0x80 | (character & 0x3F))};
+    }
+    if (character < 0x10000) {
+        return {byte(0xE0 | character >> 12), byte(0x80 | (character >> 6 & 0x3F)), byte(0x80 | (character & 0x3F))};
+    }
+    return {byte(0xF0 | character >> 18), byte(0x80 | (character >> 12 & 0x3F)), byte(0x80 | (character >> 6 & 0x3F)),
+            byte(0x80 | (character & 0x3F))};
+}
+
+} // namespace orvan

@@ -1,0 +1,171 @@
+#include "orvan/components/catalogue/Catalogue.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/components/catalogue/CaseFolding.h"
+#include "orvan/components/catalogue/CatalogueFile.h"
+
+#include <string>
+#include <utility>
+
+#include <sys/stat.h>
+
+namespace orvan {
+
+namespace {
+
+constexpr int kColumns = 8;
+constexpr int kUnitPriceColumn = static_cast<int>(LookUpColumn::unitPrice);
+
+/// Tells a file from another one of its name, and from itself before it was written. An open file keeps
+/// its inode, so a new one cannot have it.
+struct FileIdentity {
+    explicit FileIdentity(const std::filesystem::path& file) : exists(::stat(file.c_str(), &status) == 0) {}
+
+    bool operator==(const FileIdentity& other) const
+    {
+        return status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino &&
+               status.st_size == other.status.st_size && status.st_mtim.tv_sec == other.status.st_mtim.tv_sec &&
+               status.st_mtim.tv_nsec == other.status.st_mtim.tv_nsec;
+    }
+
+    struct stat status = {};
+    bool exists;
+};
+
+} // namespace
+
+/// The lists of one column. INDEXED BY: a file without the index is refused, not read from end to end.
+struct SqliteCatalogue::Column {
+    Column(SqliteFile& catalogue, const std::string& name)
+        : exact(catalogue, "SELECT item_id, " + name + " FROM product INDEXED BY product_" + name + " WHERE " + name +
+                               " >= ?1 ORDER BY " + name + ", item_id"),
+          folded(catalogue, "SELECT item_id, " + name + ", " + name + "_folded FROM product INDEXED BY product_" +
+                                name + "_folded WHERE " + name + "_folded >= ?1 ORDER BY " + name + "_folded, " + name +
+                                ", item_id")
+    {
+    }
+
+    std::vector<LookUpRow> matches(std::string_view typed, std::size_t most)
+    {
+        std::vector<LookUpRow> rows;
+        for (SqliteRows found = exact.query(typed); rows.size() < most && found.next();) {
+            if (!found.text(1).starts_with(typed)) {
+                break;
+            }
+            rows.push_back({found.integer(0), std::string(found.text(1))});
+        }
+        const bool anyExact = !rows.empty();
+        // All of the exact matches are in the list, or it is full; those met again are fewer than `most`.
+        const std::string typedFolded = foldCase(typed);
+        const std::string_view from = typedFolded;
+        for (SqliteRows found = folded.query(from); rows.size() < most && found.next();) {
+            if (!found.text(2).starts_with(typedFolded)) {
+                break;
+            }
+            if (!found.text(1).starts_with(typed)) {
+                rows.push_back({found.integer(0), std::string(found.text(1))});
+            }
+        }
+        if (!rows.empty() && !anyExact) {
+            rows.front().text = withTypedBeginning(rows.front().text, typed);
+        }
+        return rows;
+    }
+
+    std::vector<LookUpRow> all(std::size_t most)
+    {
+        // The least text that is not empty; Null is less than any.
+        constexpr std::string_view kFirst("\0", 1);
+        std::vector<LookUpRow> rows;
+        for (SqliteRows found = folded.query(kFirst); rows.size() < most && found.next();) {
+            rows.push_back({found.integer(0), std::string(found.text(1))});
+        }
+        return rows;
+    }
+
+    SqliteStatement exact;
+    SqliteStatement folded;
+};
+
+struct SqliteCatalogue::File {
+    explicit File(const std::filesystem::path& path)
+        : identity(path), catalogue(openCatalogue(path)), name(catalogue, "name"), partNum(catalogue, "part_num"),
+          entry(catalogue, "SELECT item_id, name_folded, part_num_folded, name, key, part_num, unit_price, note"
+                           " FROM product WHERE item_id = ?1")
+    {
+    }
+
+    FileIdentity identity; // taken first: a file that is replaced meanwhile is found to be another one
+    SqliteFile catalogue;
+    Column name;
+    Column partNum;
+    SqliteStatement entry;
+};
+
+SqliteCatalogue::SqliteCatalogue(CatalogueOptions options)
+    : options_(std::move(options)), file_(std::make_unique<File>(options_.file))
+{
+}
+
+SqliteCatalogue::~SqliteCatalogue() = default;
+
+SqliteCatalogue::File& SqliteCatalogue::file()
+{
+    const FileIdentity now(options_.file);
+    if (now.exists && !(now == file_->identity)) {
+        file_ = std::make_unique<File>(options_.file);
+    }
+    return *file_;
+}
+
+LookUpList SqliteCatalogue::list(Column File::*column, std::string_view sText, bool bAll)
+{
+    if (!bAll && sText.empty()) {
+        return {};
+    }
+    Column& texts = file().*column;
+    std::vector<LookUpRow> rows = bAll ? texts.all(options_.mostListed) : texts.matches(sText, options_.mostMatches);
+    return rows.empty() ? LookUpList() : std::move(rows);
+}
+
+LookUpList SqliteCatalogue::GetPartNumList(std::string_view sText, bool bAll)
+{
+    return list(&File::partNum, sText, bAll);
+}
+
+LookUpList SqliteCatalogue::GetProductNameList(std::string_view sText, bool bAll)
+{
+    return list(&File::name, sText, bAll);
+}
+
+void SqliteCatalogue::SeekItem(std::int32_t lItemId)
+{
+    entry_.clear();
+    SqliteRows found = file().entry.query(std::int64_t{lItemId});
+    if (!found.next()) {
+        return;
+    }
+    std::vector<LookUpValue> values;
+    values.reserve(kColumns);
+    for (int column = 0; column < kColumns; ++column) {
+        values.push_back(found.value(column));
+    }
+    LookUpValue& unitPrice = values[kUnitPriceColumn];
+    if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {
+        unitPrice = Currency::fromScaled(*tenThousandths);
+    }
+    entry_ = std::move(values);
+}
+
+LookUpValue SqliteCatalogue::GetFieldValue(std::int32_t iColumn)
+{
+    if (entry_.empty()) {
+        throw RuntimeError(ErrorNumber::objectNotSet, {}, "The catalogue has no current entry");
+    }
+    if (iColumn < 0 || iColumn >= kColumns) {
+        throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+    }
+    return entry_[static_cast<std::size_t>(iColumn)];
+}
+
+} // namespace orvan

@@ -1,0 +1,97 @@
+#include "orvan/base/RuntimeError.h"
+#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/NoCatalogue.h"
+
+#include <iostream>
+#include <mutex>
+#include <string>
+#include <utility>
+
+namespace orvan {
+
+namespace {
+
+/// What all objects of one factory know about their file.
+class Reports {
+public:
+    explicit Reports(const std::function<void(std::string_view)>& report) : report_(report) {}
+
+    void tell(std::string_view reason)
+    {
+        {
+            const std::lock_guard lock(mutex_);
+            if (last_ == reason) {
+                return;
+            }
+            last_ = reason;
+        }
+        if (report_) { // without the lock: it may show a message box for minutes
+            report_(reason);
+        } else {
+            std::cerr << reason << std::endl;
+        }
+    }
+
+private:
+    const std::function<void(std::string_view)> report_;
+    std::mutex mutex_;
+    std::string last_;
+};
+
+/// A catalogue until it fails, then none.
+class CatalogueOrNone final : public ProductLkpMgr {
+public:
+    CatalogueOrNone(const CatalogueOptions& options, std::shared_ptr<Reports> reports) : reports_(std::move(reports))
+    {
+        orNone([&] { inner_ = std::make_unique<SqliteCatalogue>(options); });
+    }
+
+    LookUpList GetPartNumList(std::string_view sText, bool bAll) override
+    {
+        LookUpList rows;
+        orNone([&] { rows = inner_->GetPartNumList(sText, bAll); });
+        return rows;
+    }
+    LookUpList GetProductNameList(std::string_view sText, bool bAll) override
+    {
+        LookUpList rows;
+        orNone([&] { rows = inner_->GetProductNameList(sText, bAll); });
+        return rows;
+    }
+    void SeekItem(std::int32_t lItemId) override
+    {
+        orNone([&] { inner_->SeekItem(lItemId); });
+    }
+    bool IsEOF() override { return inner_->IsEOF(); }
+    LookUpValue GetFieldValue(std::int32_t iColumn) override { return inner_->GetFieldValue(iColumn); }
+
+private:
+    template <class Action>
+    void orNone(Action&& action)
+    {
+        try {
+            action();
+        } catch (...) {
+            inner_ = std::make_unique<NoCatalogue>();
+            reports_->tell(currentError().text());
+        }
+    }
+
+    std::shared_ptr<Reports> reports_;
+    std::unique_ptr<ProductLkpMgr> inner_;
+};
+
+} // namespace
+
+std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options)
+{
+    if (options.file.empty()) {
+        return [] { return std::make_shared<NoCatalogue>(); };
+    }
+    auto reports = std::make_shared<Reports>(options.report);
+    return [options = std::move(options), reports = std::move(reports)] {
+        return std::make_shared<CatalogueOrNone>(options, reports);
+    };
+}
+
+} // namespace orvan

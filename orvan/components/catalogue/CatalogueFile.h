@@ -1,0 +1,71 @@
+// CatalogueFile: the file format of a product catalogue.
+//
+// An SQLite database with one table, `product`, whose columns are those of an entry in the order of
+// GetFieldValue: item id, folded name, folded part number, name, key, part number, unit price (a whole
+// number of ten-thousandths; what another program put there stays as it is), note. Two indexes over the
+// names and two over the part numbers, by exact and by folded text, hold all that a list shows, so that
+// a list is read from consecutive pages. The version stands in the header's user version.
+//
+// A file that desks may have open is never written: a new one takes its place (CatalogueImport.h).
+// Thread: one at a time.
+// Errors: those of orvan/components/catalogue/SqliteFile.h; 321 also for a file that is no catalogue or a newer one.
+#pragma once
+
+#include "orvan/base/Currency.h"
+#include "orvan/components/catalogue/SqliteFile.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orvan {
+
+struct CatalogueEntry {
+    std::int32_t itemId = 0;
+    std::string_view name = {};
+    std::string_view key = {};
+    std::string_view partNum = {};
+    std::optional<Currency> unitPrice = {}; ///< None: Null, which the editor takes for 0.
+    std::string_view note = {};
+};
+
+/// Whether the file's header is that of a catalogue, damaged or not.
+bool isCatalogue(const std::filesystem::path& file);
+
+/// Opens a finished catalogue.
+SqliteFile openCatalogue(const std::filesystem::path& file);
+
+struct CatalogueStatistics {
+    std::int64_t entries = 0;
+    std::int64_t withoutPrice = 0;
+    Currency lowestPrice, highestPrice; ///< 0 without prices.
+    std::int64_t bytes = 0;             ///< Size of the file.
+};
+/// Visits every entry.
+CatalogueStatistics catalogueStatistics(SqliteFile& catalogue);
+
+/// Fills an empty file that nobody else uses: without a journal, because a file that is not finished is
+/// thrown away.
+class CatalogueWriter {
+public:
+    explicit CatalogueWriter(const std::filesystem::path& file);
+    CatalogueWriter(const CatalogueWriter&) = delete;
+    CatalogueWriter& operator=(const CatalogueWriter&) = delete;
+
+    /// False, and nothing is added, when there is an entry with this id.
+    bool add(const CatalogueEntry& entry);
+    /// Builds the indexes and marks the file as a catalogue. `goOn` is asked now and then, with the
+    /// indexes built and all of them; false ends it, returns false, and leaves a file without use.
+    bool finish(const std::function<bool(int built, int all)>& goOn);
+
+private:
+    SqliteFile file_;
+    SqliteStatement insert_;
+    std::string nameFolded_; // kept for their memory
+    std::string partNumFolded_;
+};
+
+} // namespace orvan

@@ -1,0 +1,198 @@
+#include "orvan/components/catalogue/CsvReader.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace orvan {
+
+namespace {
+
+constexpr std::size_t kReadSize = std::size_t{256} * 1024;
+constexpr std::size_t kLongestRecord = std::size_t{1024} * 1024;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kDelimiters = ",;\t|";
+constexpr char kQuote = '"';
+
+bool isLineBreak(char c)
+{
+    return c == '\n' || c == '\r';
+}
+
+/// CRLF counts once.
+std::uint64_t lineBreaks(std::string_view text)
+{
+    std::uint64_t count = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        count += text[at] == '\n' || (text[at] == '\r' && (at + 1 == text.size() || text[at + 1] != '\n')) ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+std::string_view withoutBlanks(std::string_view field)
+{
+    constexpr std::string_view kBlanks = " \t";
+    const auto first = field.find_first_not_of(kBlanks);
+    return first == field.npos ? std::string_view() : field.substr(first, field.find_last_not_of(kBlanks) + 1 - first);
+}
+
+CsvReader::CsvReader(std::istream& input, std::string name, char delimiter)
+    : input_(input), name_(std::move(name)), delimiter_(delimiter)
+{
+}
+
+void CsvReader::raise(std::int32_t number, const std::string& reason) const
+{
+    throw RuntimeError(number, {}, std::string(name_).append(": ").append(reason));
+}
+
+bool CsvReader::fill()
+{
+    std::memmove(buffer_.data(), buffer_.data() + at_, end_ - at_);
+    end_ -= at_;
+    at_ = 0;
+    if (end_ > kLongestRecord) {
+        raise(ErrorNumber::invalidFileFormat, "a quote in line " + std::to_string(nextLine_) + " is never closed");
+    }
+    buffer_.resize(std::max(buffer_.size(), end_ + kReadSize));
+    input_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
+    if (input_.bad()) {
+        raise(ErrorNumber::pathFileAccess, "it cannot be read");
+    }
+    end_ += static_cast<std::size_t>(input_.gcount());
+    atEnd_ = input_.gcount() == 0;
+    return !atEnd_;
+}
+
+void CsvReader::begin()
+{
+    begun_ = true;
+    fill();
+    const std::string_view start(buffer_.data(), end_);
+    if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF")) {
+        raise(ErrorNumber::invalidFileFormat, "it is in UTF-16; save it as UTF-8");
+    }
+    if (start.starts_with(kByteOrderMark)) {
+        at_ = kByteOrderMark.size();
+        bytesRead_ = at_;
+    }
+    if (delimiter_ == 0) {
+        delimiter_ = foundDelimiter();
+    }
+}
+
+char CsvReader::foundDelimiter() const
+{
+    std::size_t counts[kDelimiters.size()] = {};
+    bool quoted = false;
+    for (std::size_t at = at_; at < end_ && (quoted || !isLineBreak(buffer_[at])); ++at) {
+        quoted = quoted != (buffer_[at] == kQuote);
+        if (const auto which = kDelimiters.find(buffer_[at]); !quoted && which != kDelimiters.npos) {
+            ++counts[which];
+        }
+    }
+    return kDelimiters[static_cast<std::size_t>(std::max_element(std::begin(counts), std::end(counts)) - counts)];
+}
+
+/// Where the line break stands that ends the record; end_ when it has not been read.
+std::size_t CsvReader::recordEnd() const
+{
+    bool fieldStart = true, quotedField = false, open = false;
+    for (std::size_t at = at_; at < end_; ++at) {
+        const char c = buffer_[at];
+        if (c == kQuote) {
+            quotedField = quotedField || fieldStart;
+            open = quotedField && !open; // a doubled quote closes and opens again
+        } else if (!open) {
+            if (isLineBreak(c)) {
+                return at;
+            }
+            if (c == delimiter_) {
+                fieldStart = true;
+                quotedField = false;
+                continue;
+            }
+        }
+        fieldStart = false;
+    }
+    return end_;
+}
+
+/// Cuts [at_, end) into fields; quoted ones lose their quotes in place.
+void CsvReader::split(std::size_t end)
+{
+    char* from = buffer_.data() + at_;
+    char* const last = buffer_.data() + end;
+    for (;;) {
+        char* to = from; // the field is written from here
+        const char* const start = from;
+        if (from < last && *from == kQuote) {
+            ++from;
+            for (;; ++from) {
+                if (from == last) {
+                    problem_ = "a quote that is never closed";
+                    break;
+                }
+                if (*from == kQuote && (from + 1 == last || from[1] != kQuote)) {
+                    ++from;
+                    break;
+                }
+                from += *from == kQuote ? 1 : 0;
+                *to++ = *from;
+            }
+            if (from < last && *from != delimiter_) {
+                problem_ = "text behind a closing quote";
+                from = std::find(from, last, delimiter_);
+            }
+        } else {
+            to = from = std::find(from, last, delimiter_);
+        }
+        fields_.emplace_back(start, static_cast<std::size_t>(to - start));
+        if (from == last) {
+            return;
+        }
+        ++from;
+    }
+}
+
+bool CsvReader::next()
+{
+    if (!begun_) {
+        begin();
+    }
+    for (;;) {
+        std::size_t end = recordEnd();
+        // A CR at the end of what has been read may be half of a CRLF.
+        while (end + 1 >= end_ && !atEnd_) {
+            fill();
+            end = recordEnd();
+        }
+        if (at_ == end_) {
+            return false;
+        }
+        fields_.clear();
+        problem_ = {};
+        line_ = nextLine_;
+        std::size_t after = end;
+        if (end < end_) {
+            after += buffer_[end] == '\r' && end + 1 < end_ && buffer_[end + 1] == '\n' ? 2 : 1;
+        }
+        const std::string_view record(buffer_.data() + at_, after - at_);
+        nextLine_ += lineBreaks(record);
+        bytesRead_ += record.size();
+        const bool blank = end == at_;
+        if (!blank) {
+            split(end);
+        }
+        at_ = after;
+        if (!blank) {
+            return true;
+        }
+    }
+}
+
+} // namespace orvan

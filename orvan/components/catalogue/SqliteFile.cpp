@@ -1,0 +1,209 @@
+#include "orvan/components/catalogue/SqliteFile.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <exception>
+#include <system_error>
+
+#include <unistd.h>
+
+namespace orvan {
+
+namespace {
+
+constexpr int kWaitForLocks = 250;              // milliseconds; the user interface waits as long
+constexpr int kStepsBetweenQuestions = 100'000; // of SQLite's machine: some milliseconds
+
+/// The question that runWhile asks, and what it threw: nothing may be thrown through SQLite.
+struct Question {
+    const std::function<bool()>& goOn;
+    std::exception_ptr thrown;
+};
+
+int isToEnd(void* context) noexcept
+{
+    auto& question = *static_cast<Question*>(context);
+    try {
+        return question.goOn() ? 0 : 1;
+    } catch (...) {
+        question.thrown = std::current_exception();
+        return 1;
+    }
+}
+
+/// SQLite says "unable to open" for much that the system has a better word for.
+std::string whyUnreachable(const std::filesystem::path& file, int code)
+{
+    std::error_code error;
+    if (std::filesystem::is_directory(file, error)) {
+        return "it is a directory";
+    }
+    const int needed = std::filesystem::exists(file, error) ? R_OK : F_OK;
+    return ::access(file.c_str(), needed) == 0 ? sqlite3_errstr(code) : std::system_category().message(errno);
+}
+
+} // namespace
+
+void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, std::string_view reason)
+{
+    std::string text = "The catalogue \"";
+    text.append(file.string()).append("\" cannot be used: ").append(reason).append(".");
+    throw RuntimeError(number, {}, std::move(text));
+}
+
+// --- SqliteFile -------------------------------------------------------------------------------------
+
+void SqliteFile::Close::operator()(sqlite3* connection) const noexcept
+{
+    sqlite3_close_v2(connection); // tolerates statements that outlive it
+}
+
+SqliteFile::SqliteFile(const std::filesystem::path& file, Access access)
+    : path_(std::filesystem::absolute(file)) // a relative name may mean something else to SQLite (":memory:")
+{
+    const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    sqlite3* connection = nullptr;
+    const int code = sqlite3_open_v2(path_.c_str(), &connection, flags, nullptr);
+    connection_.reset(connection);
+    if (code != SQLITE_OK) {
+        raise(code);
+    }
+    sqlite3_extended_result_codes(connection, 1);
+    sqlite3_busy_timeout(connection, kWaitForLocks);
+}
+
+void SqliteFile::raise(int code) const
+{
+    switch (code & 0xFF) {
+    case SQLITE_NOMEM: throw RuntimeError(ErrorNumber::outOfMemory);
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, "another program has locked it");
+    case SQLITE_FULL: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, "the disk is full");
+    case SQLITE_CANTOPEN:
+    case SQLITE_IOERR:
+    case SQLITE_PERM:
+    case SQLITE_READONLY: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, whyUnreachable(path_, code));
+    case SQLITE_NOTADB: raiseCatalogueError(ErrorNumber::invalidFileFormat, path_, "it is no catalogue file");
+    default:
+        std::string reason = "it is damaged (";
+        raiseCatalogueError(
+            ErrorNumber::invalidFileFormat, path_,
+            reason.append(connection_ ? sqlite3_errmsg(connection_.get()) : sqlite3_errstr(code)).append(")"));
+    }
+}
+
+void SqliteFile::run(const char* sql)
+{
+    const int code = sqlite3_exec(connection_.get(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) {
+        raise(code);
+    }
+}
+
+bool SqliteFile::runWhile(const char* sql, const std::function<bool()>& goOn)
+{
+    Question question{goOn, {}};
+    sqlite3_progress_handler(connection_.get(), kStepsBetweenQuestions, isToEnd, &question);
+    const int code = sqlite3_exec(connection_.get(), sql, nullptr, nullptr, nullptr);
+    sqlite3_progress_handler(connection_.get(), 0, nullptr, nullptr);
+    if (question.thrown) {
+        std::rethrow_exception(question.thrown);
+    }
+    if (code != SQLITE_OK && code != SQLITE_INTERRUPT) {
+        raise(code);
+    }
+    return code == SQLITE_OK;
+}
+
+std::int64_t SqliteFile::number(const char* sql)
+{
+    SqliteStatement statement(*this, sql);
+    SqliteRows rows = statement.query();
+    return rows.next() ? rows.integer(0) : 0;
+}
+
+// --- SqliteStatement --------------------------------------------------------------------------------
+
+void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const noexcept
+{
+    sqlite3_finalize(statement);
+}
+
+SqliteStatement::SqliteStatement(SqliteFile& file, std::string_view sql) : file_(file)
+{
+    sqlite3_stmt* statement = nullptr;
+    check(sqlite3_prepare_v3(file.connection_.get(), sql.data(), static_cast<int>(sql.size()),
+                             SQLITE_PREPARE_PERSISTENT, &statement, nullptr));
+    statement_.reset(statement);
+}
+
+void SqliteStatement::check(int code) const
+{
+    if (code != SQLITE_OK) {
+        file_.raise(code);
+    }
+}
+
+void SqliteStatement::bind(int index, std::string_view text)
+{
+    const char* const start = text.data() ? text.data() : ""; // a null pointer would be Null
+    check(sqlite3_bind_text64(statement_.get(), index, start, text.size(), SQLITE_STATIC, SQLITE_UTF8));
+}
+
+void SqliteStatement::bind(int index, std::int64_t value)
+{
+    check(sqlite3_bind_int64(statement_.get(), index, value));
+}
+
+void SqliteStatement::bind(int index, std::nullptr_t /*null*/)
+{
+    check(sqlite3_bind_null(statement_.get(), index));
+}
+
+std::int32_t SqliteStatement::changes() const
+{
+    return sqlite3_changes(file_.connection_.get());
+}
+
+// --- SqliteRows -------------------------------------------------------------------------------------
+
+SqliteRows::~SqliteRows()
+{
+    sqlite3_reset(statement_.statement_.get()); // a failure has been raised by next()
+}
+
+bool SqliteRows::next()
+{
+    const int code = sqlite3_step(statement_.statement_.get());
+    statement_.check(code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code);
+    return code == SQLITE_ROW;
+}
+
+std::string_view SqliteRows::text(int column) const
+{
+    sqlite3_stmt* const statement = statement_.statement_.get();
+    const unsigned char* const start = sqlite3_column_text(statement, column); // before its size, which it may change
+    const int size = sqlite3_column_bytes(statement, column);
+    return start ? std::string_view(reinterpret_cast<const char*>(start), static_cast<std::size_t>(size))
+                 : std::string_view();
+}
+
+std::int64_t SqliteRows::integer(int column) const
+{
+    return sqlite3_column_int64(statement_.statement_.get(), column);
+}
+
+LookUpValue SqliteRows::value(int column) const
+{
+    switch (sqlite3_column_type(statement_.statement_.get(), column)) {
+    case SQLITE_NULL: return {};
+    case SQLITE_INTEGER: return integer(column);
+    case SQLITE_FLOAT: return sqlite3_column_double(statement_.statement_.get(), column);
+    default: return std::string(text(column));
+    }
+}
+
+} // namespace orvan

@@ -1,0 +1,256 @@
+#include "orvan/components/products/InProcessProductMgr.h"
+
+#include "orvan/base/Int128.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/components/products/ProductsString.h"
+#include "orvan/core/ProductMgr.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace orvan {
+
+namespace {
+
+/// Sums over the records of one list, kept by the records themselves. Shared by all records that
+/// were ever in the list, so that a record may outlive list and manager: its writes then go to a
+/// ledger that nobody reads.
+struct Ledger {
+    explicit Ledger(std::shared_ptr<const ProductRules> validation) : rules(std::move(validation)) {}
+
+    std::shared_ptr<const ProductRules> rules;
+    Int128 total = 0; // of the extended prices; 128 bits hold any sum, so that it recovers from overflow
+};
+
+class ListedProduct final : public ProductRecord {
+public:
+    ListedProduct(std::shared_ptr<Ledger> ledger, ProductFields fields)
+        : ledger_(std::move(ledger)), fields_(std::move(fields))
+    {
+        ledger_->total += fields_.extPrice.scaled();
+    }
+    ListedProduct(std::shared_ptr<Ledger> ledger, ProductsReader& reader) : ledger_(std::move(ledger))
+    {
+        reader.next(fields_);
+        ledger_->total += fields_.extPrice.scaled();
+    }
+
+    std::string Name() const override { return fields_.name; }
+    void SetName(std::string_view sName) override { set(fields_.name, sName); }
+    std::string Key() const override { return fields_.key; }
+    void SetKey(std::string_view sKey) override { set(fields_.key, sKey); }
+    std::string PartNum() const override { return fields_.partNum; }
+    void SetPartNum(std::string_view sPartNum) override { set(fields_.partNum, sPartNum); }
+    Currency UnitPrice() const override { return fields_.unitPrice; }
+    void SetUnitPrice(Currency cyUnitPrice) override { set(fields_.unitPrice, cyUnitPrice); }
+    Currency Qty() const override { return fields_.qty; }
+    void SetQty(Currency cyQty) override { set(fields_.qty, cyQty); }
+    Currency DiscPrcnt() const override { return fields_.discPrcnt; }
+    void SetDiscPrcnt(Currency cyDiscPrcnt) override { set(fields_.discPrcnt, cyDiscPrcnt); }
+    Currency ExtPrice() const override { return fields_.extPrice; }
+    std::string Note() const override { return fields_.note; }
+    void SetNote(std::string_view sNote) override { set(fields_.note, sNote); }
+
+    void SetExtPrice(Currency cyExtPrice) override
+    {
+        if (listed_) {
+            ledger_->total += Int128{cyExtPrice.scaled()} - fields_.extPrice.scaled();
+        }
+        set(fields_.extPrice, cyExtPrice);
+    }
+
+    bool IsValidUnitPrice(Currency cyValue) const override
+    {
+        return accepts(ledger_->rules->isValidUnitPrice, cyValue);
+    }
+    bool IsValidQty(Currency cyValue) const override { return accepts(ledger_->rules->isValidQty, cyValue); }
+    bool IsValidDiscPrcnt(Currency cyValue) const override
+    {
+        return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
+    }
+
+    /// Appends the record as it stands in the products string.
+    void appendLine(std::string& text, ProductsSeparators separators)
+    {
+        if (lineKept_) {
+            text += line_;
+            return;
+        }
+        const std::size_t begin = text.size();
+        appendProduct(text, fields_, separators);
+        line_.assign(text, begin);
+        lineKept_ = true;
+    }
+
+    void dropLine() noexcept { lineKept_ = false; }
+
+    /// The record is no longer in the list.
+    void leaveList() noexcept
+    {
+        ledger_->total -= fields_.extPrice.scaled();
+        listed_ = false;
+    }
+
+private:
+    static bool accepts(const std::function<bool(Currency)>& rule, Currency value) { return !rule || rule(value); }
+
+    // Writing an equal value changes nothing: leaving a box saves its field whether or not it was edited.
+    void set(std::string& field, std::string_view value)
+    {
+        if (field != value) {
+            field = std::string(value);
+            dropLine();
+        }
+    }
+
+    void set(Currency& field, Currency value) noexcept
+    {
+        if (field != value) {
+            field = value;
+            dropLine();
+        }
+    }
+
+    std::shared_ptr<Ledger> ledger_;
+    ProductFields fields_;
+    std::string line_;
+    bool lineKept_ = false;
+    bool listed_ = true;
+};
+
+class InProcessProductMgr final : public ProductMgr {
+public:
+    InProcessProductMgr(std::int32_t maxDataSize, std::shared_ptr<const ProductRules> rules)
+        : maxDataSize_(maxDataSize), ledger_(std::make_shared<Ledger>(std::move(rules)))
+    {
+    }
+
+    std::int32_t GetProductCount() override { return static_cast<std::int32_t>(products_.size()); }
+    Currency GetTotalValue() override;
+    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound) override;
+    std::shared_ptr<ProductRecord> AddNewProduct() override;
+    std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return *at(lIndex); }
+    void DeleteProduct(std::int32_t lIndex) override;
+    void MoveProduct(std::int32_t lFrom, std::int32_t lTo) override;
+    void SetProductsString(std::string_view sProducts, const std::string& sRecordSep, const std::string& sFieldSep,
+                           bool bFlag) override;
+    std::string GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep) override;
+    std::int32_t GetMaxDataSize() override { return maxDataSize_; }
+
+private:
+    using Products = std::vector<std::shared_ptr<ListedProduct>>;
+
+    Products::iterator at(std::int32_t lIndex);
+
+    std::int32_t maxDataSize_;
+    std::shared_ptr<Ledger> ledger_; // of products_
+    Products products_;
+    ProductsSeparators lineSeparators_; // of the texts that the records keep
+    std::size_t expectedSize_ = 0;      // of the next products string: that of the last one, in or out
+};
+
+InProcessProductMgr::Products::iterator InProcessProductMgr::at(std::int32_t lIndex)
+{
+    if (lIndex < 1 || lIndex > GetProductCount()) {
+        throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
+                           "There is no product at position " + std::to_string(lIndex) + " of " +
+                               std::to_string(GetProductCount()));
+    }
+    return products_.begin() + (lIndex - 1);
+}
+
+Currency InProcessProductMgr::GetTotalValue()
+{
+    const Int128 total = ledger_->total;
+    if (total > std::numeric_limits<std::int64_t>::max() || total < std::numeric_limits<std::int64_t>::min()) {
+        throw RuntimeError(ErrorNumber::overflow, {}, "The total of the products is beyond the range of an amount");
+    }
+    return Currency::fromScaled(static_cast<std::int64_t>(total));
+}
+
+void InProcessProductMgr::SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound)
+{
+    const std::int64_t sought = std::int64_t{lIndex} + lOffset;
+    bFound = sought >= 1 && sought <= GetProductCount();
+    if (bFound) {
+        lIndex = static_cast<std::int32_t>(sought);
+    }
+}
+
+std::shared_ptr<ProductRecord> InProcessProductMgr::AddNewProduct()
+{
+    ProductFields fields;
+    fields.qty = Currency::fromScaled(Currency::kScale);
+    products_.push_back(std::make_shared<ListedProduct>(ledger_, std::move(fields)));
+    return products_.back();
+}
+
+void InProcessProductMgr::DeleteProduct(std::int32_t lIndex)
+{
+    const auto product = at(lIndex);
+    (*product)->leaveList();
+    products_.erase(product);
+}
+
+void InProcessProductMgr::MoveProduct(std::int32_t lFrom, std::int32_t lTo)
+{
+    const auto from = at(lFrom);
+    const auto to = at(lTo);
+    if (from < to) {
+        std::rotate(from, from + 1, to + 1);
+    } else {
+        std::rotate(to, from, from + 1);
+    }
+}
+
+void InProcessProductMgr::SetProductsString(std::string_view sProducts, const std::string& sRecordSep,
+                                            const std::string& sFieldSep, bool /*bFlag*/)
+{
+    ProductsReader reader(sProducts, productsSeparators(sRecordSep, sFieldSep));
+    // A ledger of its own: what is still held of the old list goes on with the old one.
+    auto ledger = std::make_shared<Ledger>(ledger_->rules);
+    Products products;
+    products.reserve(reader.expected());
+    while (reader.more()) {
+        products.push_back(std::make_shared<ListedProduct>(ledger, reader));
+    }
+    ledger_.swap(ledger);
+    products_.swap(products);
+    expectedSize_ = sProducts.size();
+}
+
+std::string InProcessProductMgr::GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep)
+{
+    const ProductsSeparators separators = productsSeparators(sRecordSep, sFieldSep);
+    if (separators != lineSeparators_) {
+        for (const auto& product : products_) {
+            product->dropLine();
+        }
+        lineSeparators_ = separators;
+    }
+    std::string text = productsStringHead(products_.size(), separators);
+    text.reserve(expectedSize_ + expectedSize_ / 16);
+    for (const auto& product : products_) {
+        product->appendLine(text, separators);
+    }
+    expectedSize_ = text.size();
+    if (std::cmp_greater(text.size(), maxDataSize_)) {
+        throw RuntimeError(ErrorNumber::outOfStringSpace, {},
+                           "The products take " + std::to_string(text.size()) + " bytes; at most " +
+                               std::to_string(maxDataSize_) + " bytes can be kept");
+    }
+    return text;
+}
+
+} // namespace
+
+std::function<std::shared_ptr<ui::Component>()> productMgrFactory(ProductMgrOptions options)
+{
+    return [maxDataSize = options.maxDataSize, rules = std::make_shared<const ProductRules>(std::move(options.rules))]()
+               -> std::shared_ptr<ui::Component> { return std::make_shared<InProcessProductMgr>(maxDataSize, rules); };
+}
+
+} // namespace orvan

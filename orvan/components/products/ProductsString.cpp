@@ -1,0 +1,263 @@
+#include "orvan/components/products/ProductsString.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <algorithm>
+#include <bit>
+#include <charconv>
+#include <cstring>
+#include <iterator>
+#include <optional>
+
+namespace orvan {
+
+namespace {
+
+constexpr char kEscape = '\\';
+/// Bytes that are copied at once while escapes are taken out.
+constexpr std::size_t kRunStep = 16;
+/// Four amounts of one digit, seven field separators, one record separator.
+constexpr std::size_t kSmallestRecord = 12;
+
+/// A field of a record: either a text or an amount.
+struct Field {
+    std::string_view name;
+    std::string ProductFields::*text;
+    Currency ProductFields::*amount;
+};
+
+// clang-format off
+constexpr Field kFields[] = {
+    {"Name",      &ProductFields::name,    nullptr},
+    {"Key",       &ProductFields::key,     nullptr},
+    {"PartNum",   &ProductFields::partNum, nullptr},
+    {"UnitPrice", nullptr,                 &ProductFields::unitPrice},
+    {"Qty",       nullptr,                 &ProductFields::qty},
+    {"DiscPrcnt", nullptr,                 &ProductFields::discPrcnt},
+    {"ExtPrice",  nullptr,                 &ProductFields::extPrice},
+    {"Note",      &ProductFields::note,    nullptr},
+};
+// clang-format on
+constexpr std::size_t kFieldCount = std::size(kFields);
+
+bool isSeparator(std::string_view text)
+{
+    if (text.size() != 1) {
+        return false;
+    }
+    const char c = text[0];
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    const bool digit = c >= '0' && c <= '9';
+    const bool ascii = static_cast<unsigned char>(c) < 0x80;
+    return ascii && !letter && !digit && c != '-' && c != '.' && c != kEscape;
+}
+
+void appendEscaped(std::string& out, std::string_view text, ProductsSeparators separators)
+{
+    std::size_t begin = 0; // of the run that is not yet written
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (c == separators.record || c == separators.field || c == kEscape) {
+            out.append(text, begin, at - begin);
+            out += kEscape;
+            begin = at; // the character itself begins the next run
+        }
+    }
+    out.append(text, begin);
+}
+
+/// A decimal number that is too large for an amount, rather than no number at all.
+bool isBeyondRange(std::string_view text)
+try {
+    static_cast<void>(Currency::fromText(text));
+    return false;
+} catch (const RuntimeError& error) {
+    const std::size_t begin = text.starts_with('-') ? 1 : 0;
+    return error.number() == ErrorNumber::overflow && text[begin] >= '0' && text[begin] <= '9';
+}
+
+} // namespace
+
+ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep)
+{
+    if (!isSeparator(recordSep) || !isSeparator(fieldSep)) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, {},
+                           std::string(isSeparator(recordSep) ? "The field" : "The record") +
+                               " separator of a products string must be one ASCII character, and no letter, digit, "
+                               "'-', '.' or backslash");
+    }
+    if (recordSep == fieldSep) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, {},
+                           "The record separator and the field separator of a products string must differ");
+    }
+    return {.record = recordSep[0], .field = fieldSep[0]};
+}
+
+void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators)
+{
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
+        if (kFields[i].text != nullptr) {
+            appendEscaped(out, fields.*kFields[i].text, separators);
+        } else {
+            Currency::TextBuffer buffer;
+            out += (fields.*kFields[i].amount).toText(buffer);
+        }
+        out += i + 1 < kFieldCount ? separators.field : separators.record;
+    }
+}
+
+std::string productsStringHead(std::size_t count, ProductsSeparators separators)
+{
+    return count == 0 ? std::string() : std::to_string(count) + separators.record;
+}
+
+ProductsReader::ProductsReader(std::string_view text, ProductsSeparators separators)
+    : text_(text), separators_(separators), count_(text.empty() ? 0 : readCount()),
+      marks_(text, separators.record, separators.field, kEscape)
+{
+    marks_.startAt(at_);
+}
+
+std::size_t ProductsReader::expected() const noexcept
+{
+    const auto announced = static_cast<std::size_t>(count_ - position_ + 1);
+    return std::min(announced, (text_.size() - at_) / kSmallestRecord);
+}
+
+bool ProductsReader::more() const
+{
+    if (position_ <= count_) {
+        return true;
+    }
+    if (at_ != text_.size()) {
+        refuse(ErrorNumber::invalidFileFormat, {}, "there is more than the count of products announces");
+    }
+    return false;
+}
+
+std::int32_t ProductsReader::readCount()
+{
+    const std::size_t end = text_.find(separators_.record);
+    if (end == text_.npos) {
+        refuse(ErrorNumber::invalidFileFormat, {}, "the string ends within the count of products");
+    }
+    std::int32_t count = 0;
+    const auto [stop, error] = std::from_chars(text_.data(), text_.data() + end, count);
+    // The first character tells "007", "0" and "-1", which from_chars reads as well.
+    if (error == std::errc::invalid_argument || stop != text_.data() + end || text_[0] < '1' || text_[0] > '9') {
+        refuse(ErrorNumber::invalidFileFormat, {}, "the string does not begin with the count of products");
+    }
+    if (error == std::errc::result_out_of_range) {
+        refuse(ErrorNumber::overflow, {}, "the count of products is beyond the range");
+    }
+    at_ = end + 1;
+    return count;
+}
+
+inline void ProductsReader::readText(std::size_t begin, std::size_t end, std::string& value)
+{
+    const std::size_t size = end - begin;
+    if (size <= kByteBlock && marks_.escapes(begin, size) == 0) {
+        value.assign(text_, begin, size);
+    } else {
+        readEscapes(begin, end, value);
+    }
+}
+
+/// A text from its runs between escapes.
+void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string& value)
+{
+    if (unescaped_.size() < end - begin + kRunStep) {
+        unescaped_.resize(end - begin + kRunStep);
+    }
+    const char* from = text_.data() + begin;
+    char* to = unescaped_.data();
+    const auto takeRun = [&](const char* runEnd) {
+        const auto size = static_cast<std::size_t>(runEnd - from);
+        // Most runs are words: sixteen bytes are copied without asking how many they are, and
+        // what is too much is overwritten by what follows.
+        if (size <= kRunStep && text_.data() + text_.size() - from >= std::ptrdiff_t{kRunStep}) {
+            std::memcpy(to, from, kRunStep);
+        } else {
+            std::memcpy(to, from, size);
+        }
+        from += size;
+        to += size;
+    };
+    for (std::size_t at = begin; at < end; at += kByteBlock) {
+        for (std::uint64_t escapes = marks_.escapes(at, end - at); escapes != 0; escapes &= escapes - 1) {
+            takeRun(text_.data() + at + std::countr_zero(escapes));
+            ++from; // the escape itself
+        }
+    }
+    takeRun(text_.data() + end);
+    value.assign(unescaped_, 0, static_cast<std::size_t>(to - unescaped_.data()));
+}
+
+inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin, std::size_t end)
+{
+    std::string_view digits = text_.substr(begin, end - begin);
+    if (const std::optional<Currency> amount = Currency::fromShortestText(digits)) {
+        return *amount;
+    }
+    digits = digits.substr(0, digits.find(kEscape)); // no amount has one
+    if (begin + digits.size() == text_.size()) {
+        return {}; // cut within the amount: checkEnd says so, rather than that half a number is none
+    }
+    if (isBeyondRange(digits)) {
+        refuse(ErrorNumber::overflow, kFields[field].name, "the amount is beyond the range");
+    }
+    refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "this is not an amount in its shortest form");
+}
+
+/// A field that was read ends at its own separator.
+inline void ProductsReader::checkEnd(std::size_t field, std::size_t end) const
+{
+    const bool last = field + 1 == kFieldCount;
+    if (end == text_.size() || text_[end] != (last ? separators_.record : separators_.field)) {
+        refuseEnd(field, end);
+    }
+}
+
+void ProductsReader::next(ProductFields& fields)
+{
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
+        const std::size_t end = marks_.nextEnd();
+        if (kFields[i].text != nullptr) {
+            readText(at_, end, fields.*kFields[i].text);
+        } else {
+            fields.*kFields[i].amount = readAmount(i, at_, end);
+        }
+        checkEnd(i, end);
+        at_ = end + 1;
+    }
+    ++position_;
+}
+
+void ProductsReader::refuseEnd(std::size_t field, std::size_t end) const
+{
+    if (end == text_.size()) {
+        refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "the string is cut short");
+    }
+    if (text_[end] != separators_.record && text_[end] != separators_.field) {
+        refuse(ErrorNumber::invalidFileFormat, kFields[field].name,
+               "a backslash stands before a character that needs none");
+    }
+    refuse(ErrorNumber::invalidFileFormat, {},
+           field + 1 == kFieldCount ? "the record has more than 8 fields"
+                                    : "the record has only " + std::to_string(field + 1) + " of 8 fields");
+}
+
+void ProductsReader::refuse(std::int32_t error, std::string_view fieldName, std::string_view reason) const
+{
+    std::string description = "Products string, product " + std::to_string(position_);
+    if (!fieldName.empty()) {
+        description += ", field ";
+        description += fieldName;
+    }
+    description += ": ";
+    description += reason;
+    throw RuntimeError(error, {}, std::move(description));
+}
+
+} // namespace orvan

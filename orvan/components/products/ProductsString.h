@@ -1,0 +1,95 @@
+// The products string: a product list as one text.
+//
+//   "" is the empty list; otherwise the count, then one record after the other, each of these
+//   elements closed by the record separator ('~' here, with ':' between fields):
+//
+//       2~Bolt:B-1:100:0.25:12:0:3:~Nut::101:0.1:1:10:0.09:4\:1 pack~
+//
+//   A record has eight fields: Name, Key, PartNum, UnitPrice, Qty, DiscPrcnt, ExtPrice, Note.
+//   Amounts are as Currency::toText writes them. In texts a backslash stands before each separator
+//   and each backslash; every other byte stands for itself, so that any text is carried, line
+//   breaks, NUL and bytes that are not UTF-8 included.
+//
+// Count and closers make every string that was cut short noticeable, wherever the cut is. Each list
+// has exactly one string and no other is read ("007", "1.50", "-0", a needless backslash are
+// refused): what loads saves as the same bytes, so that a host may compare strings to see whether a
+// list has changed. Thread: any.
+#pragma once
+
+#include "orvan/base/Currency.h"
+#include "orvan/components/products/FieldMarks.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvan {
+
+/// The values of one record.
+struct ProductFields {
+    std::string name;
+    std::string key;
+    std::string partNum;
+    Currency unitPrice;
+    Currency qty;
+    Currency discPrcnt;
+    Currency extPrice;
+    std::string note;
+};
+
+struct ProductsSeparators {
+    char record = '~';
+    char field = ':';
+
+    friend bool operator==(const ProductsSeparators&, const ProductsSeparators&) = default;
+};
+
+/// Each separator is one ASCII character that cannot stand in an amount, a count or an escape: no
+/// letter, digit, '-', '.' or backslash; and the two differ. Raises 5 for anything else.
+ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep);
+
+/// Appends one record with its closing record separator.
+void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators);
+
+/// The element in front of `count` records; "" for none.
+std::string productsStringHead(std::size_t count, ProductsSeparators separators);
+
+/// Reads a products string record by record:
+///
+///     ProductsReader reader(text, separators);
+///     while (reader.more()) { reader.next(fields); }
+///
+/// Both operations raise 321 for a string that is not of the form above and 6 for a number beyond
+/// its range. The description says at which record (1-based), in which field where it is about one,
+/// and why. The text must outlive the reader.
+class ProductsReader {
+public:
+    ProductsReader(std::string_view text, ProductsSeparators separators);
+
+    /// Upper limit of the records to come: the count, but never more than the text has room for.
+    std::size_t expected() const noexcept;
+    /// False after the last record, once it is sure that nothing follows it.
+    bool more() const;
+    /// Reads a record in place of what stands in `fields`.
+    void next(ProductFields& fields);
+
+private:
+    std::int32_t readCount();
+    void readText(std::size_t begin, std::size_t end, std::string& value);
+    void readEscapes(std::size_t begin, std::size_t end, std::string& value);
+    Currency readAmount(std::size_t field, std::size_t begin, std::size_t end);
+    void checkEnd(std::size_t field, std::size_t end) const;
+    [[noreturn]] void refuseEnd(std::size_t field, std::size_t end) const;
+    [[noreturn]] void refuse(std::int32_t error, std::string_view fieldName, std::string_view reason) const;
+
+    std::string_view text_;
+    ProductsSeparators separators_;
+    std::size_t at_ = 0;
+    std::int32_t position_ = 1; // of the record being read
+    std::int32_t count_ = 0;
+    FieldMarks marks_;
+    std::string unescaped_; // room for a text that had escapes, used again
+};
+
+} // namespace orvan

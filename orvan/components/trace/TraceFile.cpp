@@ -1,0 +1,170 @@
+#include "orvan/components/trace/TraceFile.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <spdlog/sinks/rotating_file_sink.h>
+
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <utility>
+
+#include <signal.h>
+#include <unistd.h>
+
+namespace orvan {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr auto kFlushInterval = std::chrono::seconds(1);
+constexpr auto kKeepOldFiles = std::chrono::hours(7 * 24);
+constexpr std::string_view kDefaultNameStart = "trace-";
+
+/// The process that a file "trace-<pid>.log" or "trace-<pid>.<n>.log" belongs to; 0 for other names.
+pid_t processOf(const fs::path& file)
+{
+    const std::string name = file.filename().string();
+    pid_t pid = 0;
+    const char* const end = name.data() + name.size();
+    if (!name.starts_with(kDefaultNameStart)) {
+        return 0;
+    }
+    const auto [rest, error] = std::from_chars(name.data() + kDefaultNameStart.size(), end, pid);
+    std::string_view ending(rest, static_cast<std::size_t>(end - rest));
+    if (ending.starts_with('.') && ending != ".log") {
+        const auto digits = ending.find_first_not_of("0123456789", 1);
+        ending.remove_prefix(digits > 1 && digits != ending.npos ? digits : 0);
+    }
+    return error == std::errc() && pid > 0 && ending == ".log" ? pid : 0;
+}
+
+bool isGone(pid_t pid)
+{
+    return ::kill(pid, 0) != 0 && errno == ESRCH;
+}
+
+/// Whatever cannot be read or removed stays: another process may be tidying here as well.
+void removeOldFiles(const fs::path& directory)
+{
+    std::error_code error;
+    const auto oldest = fs::file_time_type::clock::now() - kKeepOldFiles;
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+        const pid_t pid = processOf(entry->path());
+        std::error_code unreadable;
+        const bool regular = fs::is_regular_file(entry->symlink_status(unreadable));
+        const auto written = entry->last_write_time(unreadable);
+        if (pid != 0 && regular && !unreadable && written < oldest && isGone(pid)) {
+            fs::remove(entry->path(), unreadable);
+        }
+    }
+}
+
+std::string environment(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string() : std::string(value);
+}
+
+void reportOnStandardError(std::string_view message)
+{
+    std::cerr << std::string(message) + '\n' << std::flush;
+}
+
+} // namespace
+
+struct TraceFile::Sink {
+    explicit Sink(const TraceLogOptions& options) : file(options.file.string(), options.maxFileSize, options.maxFiles)
+    {
+        file.set_pattern("%Y-%m-%d %H:%M:%S.%e %t %v");
+    }
+
+    spdlog::sinks::rotating_file_sink_st file; // TraceFile locks
+};
+
+TraceFile::TraceFile(TraceLogOptions options) : options_(std::move(options)) {}
+
+TraceFile::~TraceFile() = default; // closes, and so flushes
+
+std::shared_ptr<TraceFile> TraceFile::forFile(TraceLogOptions options)
+{
+    static std::mutex mutex;
+    static std::map<fs::path, std::weak_ptr<TraceFile>> files;
+    std::error_code error; // a name that cannot be made absolute is used as it is
+    const fs::path absolute = fs::absolute(options.file, error);
+    if (!error && !options.file.empty()) {
+        options.file = absolute.lexically_normal(); // the working directory may change before it is opened
+    }
+    const std::lock_guard lock(mutex);
+    auto& known = files[options.file];
+    auto file = known.lock();
+    if (!file) {
+        file = std::make_shared<TraceFile>(std::move(options));
+        known = file;
+    }
+    return file;
+}
+
+void TraceFile::write(std::string_view line, bool flushNow) noexcept
+{
+    try {
+        std::string failure;
+        {
+            const std::lock_guard lock(mutex_);
+            if (failed_) {
+                return;
+            }
+            try {
+                writeLocked(line, flushNow);
+                return;
+            } catch (...) {
+                failed_ = true;
+                sink_.reset(); // after a failed rotation it has no stream and must not be written to again
+                failure = currentError().text();
+            }
+        }
+        // Without the lock: the host's function may trace.
+        const std::string message = "Orvan writes no trace to \"" + options_.file.string() + "\": " + failure;
+        options_.report ? options_.report(message) : reportOnStandardError(message);
+    } catch (...) {
+        // The trace must not fail the host, even when its report does.
+    }
+}
+
+void TraceFile::writeLocked(std::string_view line, bool flushNow)
+{
+    if (!sink_) {
+        if (options_.file.empty()) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "no file is named");
+        }
+        sink_ = std::make_unique<Sink>(options_);
+        if (processOf(options_.file) == ::getpid()) {
+            removeOldFiles(options_.file.parent_path());
+        }
+    }
+    const auto now = spdlog::log_clock::now();
+    sink_->file.log(spdlog::details::log_msg(now, {}, {}, spdlog::level::info, {line.data(), line.size()}));
+    if (flushNow || now - flushed_ >= kFlushInterval || now < flushed_) {
+        sink_->file.flush();
+        flushed_ = now;
+    }
+}
+
+fs::path defaultTraceFile()
+{
+    fs::path directory = environment("XDG_STATE_HOME");
+    if (!directory.is_absolute()) { // the XDG base directory rules: a relative path is to be ignored
+        directory = environment("HOME");
+        if (!directory.is_absolute()) {
+            return {};
+        }
+        directory /= ".local/state";
+    }
+    return directory / "orvan" / (std::string(kDefaultNameStart) + std::to_string(::getpid()) + ".log");
+}
+
+} // namespace orvan

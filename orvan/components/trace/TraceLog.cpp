@@ -1,0 +1,206 @@
+#include "orvan/components/trace/TraceLog.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/trace/TraceFile.h"
+#include "orvan/core/modInit.h"
+
+#include <array>
+#include <exception>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace orvan {
+
+namespace {
+
+constexpr std::size_t kMostCharacters = 2000; // of one text in a line
+
+/// The procedures of a thread that have been entered and not left. See the head of TraceLog.h.
+class OpenProcedures {
+public:
+    std::size_t depth() const noexcept { return depth_; }
+
+    /// Returns the depth that the procedure stands at.
+    std::size_t enter(std::string_view label)
+    {
+        const std::size_t at = depth_ == labels_.size() ? 0 : depth_;
+        labels_[at] = label; // into the slot's own memory: no allocation after the first time
+        depth_ = at + 1;
+        known_ = depth_;
+        return at;
+    }
+
+    void exit(std::string_view label)
+    {
+        // The open ones first: had an error closed the inner of two equal labels, looking among the
+        // closed ones first would leave the outer open for good.
+        for (std::size_t at = depth_; at > 0; --at) {
+            if (labels_[at - 1] == label) {
+                depth_ = at - 1;
+                known_ = depth_;
+                return;
+            }
+        }
+        for (std::size_t at = depth_; at < known_; ++at) {
+            if (labels_[at] == label) { // it went on after its error: what is around it never ended
+                depth_ = at;
+                known_ = at;
+                return;
+            }
+        }
+    }
+
+    void fail() noexcept
+    {
+        if (depth_ > 0) {
+            --depth_;
+        }
+    }
+
+private:
+    std::array<std::string, 64> labels_;
+    std::size_t depth_ = 0;
+    std::size_t known_ = 0; // labels from depth_ up to here were closed by errors, nothing came since
+};
+
+void appendOnOneLine(std::string& line, std::string_view text)
+{
+    constexpr std::string_view kHex = "0123456789ABCDEF";
+    const std::string_view shown =
+        text.size() <= kMostCharacters ? text : firstCharacters(text, kMostCharacters); // bytes >= characters
+    for (const char c : shown) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 || byte == 0x7F) {
+            line += {'\\', 'x', kHex[byte >> 4], kHex[byte & 0xF]};
+        } else {
+            line += c;
+        }
+    }
+    if (shown.size() < text.size()) {
+        line += "...";
+    }
+}
+
+class TraceLog final : public Trace {
+public:
+    TraceLog(std::shared_ptr<TraceFile> file, ui::MessageBox& messageBox)
+        : file_(std::move(file)), messageBox_(messageBox)
+    {
+    }
+
+    std::int32_t LastErrorNumber() override { return lastError_ ? lastError_->number() : 0; }
+    std::int32_t AppErrorNumber() override { return kAppErrorNumber; }
+    void TraceError(std::string_view sText) override;
+    void TraceEnter(std::string_view sLabel) override;
+    void TraceExit(std::string_view sLabel) override;
+    void ShowLastError(std::int32_t hWnd) override;
+
+private:
+    void beginLine(std::string_view kind, std::size_t depth);
+    void appendLastError();
+
+    std::shared_ptr<TraceFile> file_;
+    ui::MessageBox& messageBox_;
+    OpenProcedures open_;
+    std::optional<RuntimeError> lastError_;
+    bool passingUp_ = false; // the last call was TraceError: the next one may record the same error
+    std::string line_;       // reused, so that a call allocates nothing
+};
+
+void TraceLog::TraceEnter(std::string_view sLabel)
+{
+    passingUp_ = false;
+    beginLine("enter ", open_.enter(sLabel));
+    appendOnOneLine(line_, sLabel);
+    file_->write(line_, false);
+}
+
+void TraceLog::TraceExit(std::string_view sLabel)
+{
+    passingUp_ = false;
+    open_.exit(sLabel);
+    beginLine("exit  ", open_.depth());
+    appendOnOneLine(line_, sLabel);
+    file_->write(line_, open_.depth() == 0);
+}
+
+void TraceLog::TraceError(std::string_view sText)
+{
+    if (std::current_exception()) {
+        RuntimeError error = currentError();
+        // Passed from procedure to procedure an error keeps its number only. The user is better
+        // served by the text it began with.
+        const bool sameError = passingUp_ && lastError_ && error.number() == lastError_->number() &&
+                               error.source().empty() && error.description().empty();
+        if (!sameError) {
+            lastError_ = std::move(error);
+        }
+    } else {
+        lastError_.reset(); // no error is being handled: there is none to record
+    }
+    passingUp_ = true;
+    open_.fail();
+    beginLine("error ", open_.depth());
+    appendLastError();
+    if (!sText.empty()) {
+        line_ += ' ';
+        appendOnOneLine(line_, sText);
+    }
+    file_->write(line_, true);
+}
+
+void TraceLog::ShowLastError(std::int32_t hWnd)
+{
+    passingUp_ = false;
+    beginLine("show  ", open_.depth());
+    appendLastError();
+    file_->write(line_, true);
+    if (lastError_) {
+        messageBox_.show(
+            {.text = "Error " + std::to_string(lastError_->number()) + ": " + std::string(lastError_->text()),
+             .title = "Orvan",
+             .buttons = ui::MessageButtons::ok,
+             .icon = ui::MessageIcon::exclamation,
+             .ownerWindow = hWnd});
+    }
+}
+
+void TraceLog::beginLine(std::string_view kind, std::size_t depth)
+{
+    line_.clear();
+    if (depth < 10) {
+        line_ += ' ';
+    }
+    line_ += std::to_string(depth);
+    line_.append(1 + 2 * depth, ' ');
+    line_ += kind;
+}
+
+void TraceLog::appendLastError()
+{
+    if (!lastError_) {
+        line_ += "none";
+        return;
+    }
+    line_ += std::to_string(lastError_->number());
+    line_ += ' ';
+    appendOnOneLine(line_, lastError_->text());
+    if (!lastError_->source().empty()) {
+        line_ += " [";
+        appendOnOneLine(line_, lastError_->source());
+        line_ += ']';
+    }
+}
+
+} // namespace
+
+std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options, ui::MessageBox& messageBox)
+{
+    return [file = TraceFile::forFile(std::move(options)), &messageBox]() -> std::shared_ptr<ui::Component> {
+        return std::make_shared<TraceLog>(file, messageBox);
+    };
+}
+
+} // namespace orvan

@@ -1,0 +1,126 @@
+#include "orvan/core/modConversion.h"
+
+#include "orvan/base/Text.h"
+#include "orvan/ui/LocaleService.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace orvan {
+
+namespace {
+
+int decimalsShown(Currency value, std::int16_t iDigits)
+{
+    return value.scaled() % Currency::kScale != 0 ? iDigits : 0;
+}
+
+void removeAll(std::string& text, std::string_view part)
+{
+    if (part.empty()) {
+        return;
+    }
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
+        text.erase(at, part.size());
+    }
+}
+
+bool isAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// The digits and decimal separators of a text, in place of what stands in `kept`; the text's length is room enough.
+/// Empty where there is no digit.
+std::string_view keepAmount(char* kept, std::string_view sText, std::string_view sDecimalSep)
+{
+    // A digit is kept anyway, so that "0" stands for no separator of one byte.
+    const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
+    char* end = kept;
+    bool anyDigit = false;
+    for (std::size_t at = 0; at < sText.size();) {
+        const char c = sText[at];
+        if (isAscii(c)) {
+            // Without a branch: nobody foretells where in a text the separators stand.
+            *end = c;
+            end += isDigit(c) || c == decimal ? 1 : 0;
+            anyDigit |= isDigit(c);
+            ++at;
+        } else {
+            const std::size_t size = characterSize(sText, at);
+            if (sText.substr(at, size) == sDecimalSep) {
+                end = std::copy(sDecimalSep.begin(), sDecimalSep.end(), end);
+            }
+            at += size;
+        }
+    }
+    return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
+}
+
+Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+try {
+    char typed[64]; // room for what is typed, as a rule
+    std::unique_ptr<char[]> longer;
+    char* room = typed;
+    if (sText.size() > sizeof typed) {
+        longer = std::make_unique_for_overwrite<char[]>(sText.size());
+        room = longer.get();
+    }
+    const std::string_view kept = keepAmount(room, sText, sDecimalSep);
+    return kept.empty() ? Currency() : locale.textToCurrency(kept); // a box just emptied is no exception
+} catch (...) {
+    return Currency(); // a user may type anything: what is not an amount is none
+}
+
+} // namespace
+
+std::string FormatCurrencyValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
+                                std::string_view sCurrencySymbol, bool bShowSymbol)
+{
+    std::string text;
+    FormatCurrencyValue(text, locale, cyValue, iDigits, sCurrencySymbol, bShowSymbol);
+    return text;
+}
+
+void FormatCurrencyValue(std::string& text, ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
+                         std::string_view sCurrencySymbol, bool bShowSymbol)
+{
+    text.clear();
+    locale.appendCurrency(text, cyValue, decimalsShown(cyValue, iDigits));
+    if (!bShowSymbol) {
+        removeAll(text, sCurrencySymbol);
+    }
+}
+
+std::string FormatNumberValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits)
+{
+    return locale.formatNumber(cyValue, decimalsShown(cyValue, iDigits));
+}
+
+std::string FormatPercentValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits, bool bShowPercent)
+{
+    std::string text = FormatNumberValue(locale, cyValue, iDigits);
+    return bShowPercent ? text + "%" : text;
+}
+
+Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+{
+    return textToValue(locale, sText, sDecimalSep);
+}
+
+Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+{
+    return textToValue(locale, sText, sDecimalSep);
+}
+
+Currency PercentTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
+{
+    return NumberTextToValue(locale, sText, sDecimalSep);
+}
+
+} // namespace orvan

@@ -1,0 +1,177 @@
+#include "orvan/hosting/ComponentRegistry.h"
+
+#include "orvan/hosting/ComponentLibrary.h"
+
+#include <dlfcn.h>
+
+#include <utility>
+
+namespace orvan {
+
+namespace {
+
+std::string lowerCase(std::string_view name)
+{
+    std::string lower(name);
+    for (char& c : lower) {
+        if (c >= 'A' && c <= 'Z') {
+            c = static_cast<char>(c - 'A' + 'a');
+        }
+    }
+    return lower;
+}
+
+[[noreturn]] void raiseCannotCreate(std::string reason)
+{
+    throw RuntimeError(ErrorNumber::cannotCreateComponent, {}, std::move(reason));
+}
+
+std::string loaderError()
+{
+    const char* text = dlerror(); // of this thread
+    return text ? text : "unknown loader error";
+}
+
+} // namespace
+
+/// A loaded shared library; closed with its last holder.
+class ComponentRegistry::Library {
+public:
+    explicit Library(const std::filesystem::path& path) : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL))
+    {
+        if (!handle_) {
+            raiseCannotCreate(loaderError());
+        }
+        const std::int32_t version =
+            entryPoint<decltype(&OrvanComponentInterfaceVersion)>(kInterfaceVersionEntryPoint)();
+        if (version != kComponentInterfaceVersion) {
+            raiseCannotCreate("interface version " + std::to_string(version) + " instead of " +
+                              std::to_string(kComponentInterfaceVersion));
+        }
+        create_ = entryPoint<decltype(&OrvanCreateComponent)>(kCreateComponentEntryPoint);
+    }
+
+    std::shared_ptr<ui::Component> create(const std::string& className) const
+    {
+        std::shared_ptr<ui::Component> object;
+        create_(className.c_str(), &object);
+        return object;
+    }
+
+private:
+    struct Close {
+        void operator()(void* handle) const noexcept { dlclose(handle); }
+    };
+
+    template <class EntryPoint>
+    EntryPoint entryPoint(const char* name) const
+    {
+        void* address = dlsym(handle_.get(), name);
+        if (!address) {
+            raiseCannotCreate(loaderError());
+        }
+        return reinterpret_cast<EntryPoint>(address);
+    }
+
+    std::unique_ptr<void, Close> handle_;
+    decltype(&OrvanCreateComponent) create_ = nullptr;
+};
+
+ComponentRegistry::ComponentRegistry() = default;
+ComponentRegistry::~ComponentRegistry() = default;
+
+void ComponentRegistry::registerClass(std::string className, Factory factory)
+{
+    setEntry(std::make_shared<Entry>(Entry{std::move(className), {}, std::move(factory)}));
+}
+
+void ComponentRegistry::registerLibrary(std::string className, const std::filesystem::path& library)
+{
+    const std::filesystem::path path = library.has_parent_path() ? std::filesystem::absolute(library) : library;
+    Factory factory = [this, className, path] { return createFromLibrary(className, path); };
+    setEntry(std::make_shared<Entry>(Entry{std::move(className), path, std::move(factory)}));
+}
+
+void ComponentRegistry::setEntry(EntryPtr entry)
+{
+    std::string key = lowerCase(entry->className);
+    const std::lock_guard lock(mutex_);
+    // What is replaced leaves with the parameter, after the lock: its factory may own objects that
+    // use the registry as they go.
+    entries_[std::move(key)].swap(entry);
+}
+
+void ComponentRegistry::unregisterClass(std::string_view className)
+{
+    EntryPtr removed; // as in setEntry
+    const std::lock_guard lock(mutex_);
+    if (const auto found = entries_.find(lowerCase(className)); found != entries_.end()) {
+        removed = std::move(found->second);
+        entries_.erase(found);
+    }
+}
+
+std::string ComponentRegistry::describe(const Entry& entry, std::string_view reason)
+{
+    std::string text = "Class \"" + entry.className + "\"";
+    if (!entry.library.empty()) {
+        text += " of library \"" + entry.library.string() + "\"";
+    }
+    return text.append(" cannot be created: ").append(reason);
+}
+
+std::shared_ptr<ui::Component> ComponentRegistry::create(std::string_view className)
+{
+    EntryPtr entry;
+    {
+        const std::lock_guard lock(mutex_);
+        const auto found = entries_.find(lowerCase(className));
+        if (found == entries_.end()) {
+            raiseCannotCreate("Class \"" + std::string(className) + "\" is not registered");
+        }
+        entry = found->second;
+    }
+    std::shared_ptr<ui::Component> object;
+    try {
+        object = entry->factory();
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.number(), error.source(), describe(*entry, error.text()));
+    } catch (...) {
+        raiseCannotCreate(describe(*entry, currentError().text()));
+    }
+    if (!object) {
+        raiseCannotCreate(describe(*entry, "no object was made"));
+    }
+    return object;
+}
+
+std::shared_ptr<ComponentRegistry::Library> ComponentRegistry::loadLibrary(const std::filesystem::path& path)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (const auto found = libraries_.find(path); found != libraries_.end()) {
+            return found->second;
+        }
+    }
+    // Loading runs the library's own start-up code, hence no lock. Two threads may come here with
+    // the same path: the loader counts, the first one's stays, the other is closed again.
+    auto library = std::make_shared<Library>(path);
+    const std::lock_guard lock(mutex_);
+    return libraries_.try_emplace(path, library).first->second;
+}
+
+std::shared_ptr<ui::Component> ComponentRegistry::createFromLibrary(const std::string& className,
+                                                                    const std::filesystem::path& path)
+{
+    struct Held { // destroyed from the last member up: the object's code goes after the object
+        std::shared_ptr<Library> library;
+        std::shared_ptr<ui::Component> object;
+    };
+    auto held = std::make_shared<Held>();
+    held->library = loadLibrary(path);
+    held->object = held->library->create(className);
+    ui::Component* object = held->object.get();
+    return object ? std::shared_ptr<ui::Component>(std::move(held), object) : nullptr;
+}
+
+} // namespace orvan

@@ -1,0 +1,48 @@
+// Host: everything a program needs around a list view, made in the right order.
+//
+// Owns the component classes, the user's locale and the platform; the library's own components
+// (product manager, trace log) are registered. A program replaces any of them through components()
+// before it makes its first view. Thread: one host a thread; it outlives the views made on it.
+// Making one raises 51 when the locale library's data is missing.
+#pragma once
+
+#include "orvan/hosting/ComponentRegistry.h"
+#include "orvan/hosting/DefaultComponents.h"
+#include "orvan/ui/icu/IcuLocaleService.h"
+
+#include <utility>
+
+namespace orvan {
+
+struct HostOptions {
+    DefaultComponentOptions components = {};
+    icu::LocaleNames locale = icu::localeNamesFromEnvironment();
+};
+
+template <class PlatformType>
+class Host {
+public:
+    Host() : Host(HostOptions()) {}
+    /// What follows the options goes to the platform's constructor.
+    template <class... PlatformArguments>
+    explicit Host(const HostOptions& options, PlatformArguments&&... platformArguments)
+        : locale_(options.locale),
+          platform_(locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
+          messages_(platform_.messageBox())
+    {
+        registerDefaultComponents(components_, options.components);
+    }
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    ComponentRegistry& components() { return components_; }
+    PlatformType& platform() { return platform_; }
+
+private:
+    ComponentRegistry components_;
+    icu::IcuLocaleService locale_;
+    PlatformType platform_;
+    ThreadMessages messages_;
+};
+
+} // namespace orvan

@@ -1,0 +1,350 @@
+#include "orvan/lookup/LookUpBoxes.h"
+
+#include "orvan/base/Text.h"
+#include "orvan/lookup/BusyPointer.h"
+#include "orvan/ui/ComboBox.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/Surface.h"
+#include "orvan/ui/Timer.h"
+
+namespace orvan {
+
+namespace {
+
+constexpr std::int32_t kPause = 500; ///< Milliseconds without a keystroke before the catalogue is asked.
+constexpr std::int16_t kEnter = 13;
+
+std::int32_t length(const std::string& text)
+{
+    return static_cast<std::int32_t>(characterCount(text));
+}
+
+} // namespace
+
+/// Where the two boxes differ. None of it is an oversight.
+struct LookUpBoxes::Kind {
+    std::string_view combo;
+    std::string_view timer;
+    std::string_view changeLabel;
+    std::string_view clickLabel;
+    std::string_view keyPressLabel;
+    std::string_view timerLabel;
+    LookUpList (ProductLkpMgr::*getList)(std::string_view, bool);
+
+    bool State::*left;      ///< Cleared by a change, set by leaving the box.
+    bool State::*wanted;    ///< Set by a chosen row; a save finishes the look-up only where it is set.
+    bool leftClearedFirst;  ///< A change clears `left` before it marks the session dirty, not after.
+    bool typingWants;       ///< Typing sets `wanted` as a chosen row does.
+    bool leavingAsksWanted; ///< A pending entry is applied only where `wanted` is set ...
+    bool applyingEndsIt;    ///< ... and ends it. Else `wanted` is a latch.
+    bool nameFromCatalogue; ///< The product is named by the entry, not by what the box shows.
+    bool busyPointer;       ///< The search shows the busy pointer.
+    bool paintsRefilled;    ///< The search paints the refilled list at once.
+};
+
+const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
+    .combo = "cboPartNum",
+    .timer = "tmrPartNum",
+    .changeLabel = "KTVOrvanProduct.frmProduct::cboPartNum_Change",
+    .clickLabel = "KTVOrvanProduct.frmProduct::cboPartNum_Click",
+    .keyPressLabel = "KTVOrvanProduct.frmProduct::cboPartNum_KeyPress",
+    .timerLabel = "KTVOrvanProduct.frmProduct::tmrPartNum_Timer",
+    .getList = &ProductLkpMgr::GetPartNumList,
+    .left = &State::bPartNumBoxLeft,
+    .wanted = &State::bPartNumPicked,
+    .leftClearedFirst = false,
+    .typingWants = false, // a number typed and saved at once is kept as typed, until one was picked
+    .leavingAsksWanted = false,
+    .applyingEndsIt = false,
+    .nameFromCatalogue = true,
+    .busyPointer = true,
+    .paintsRefilled = true,
+};
+
+const LookUpBoxes::Kind LookUpBoxes::kProductName = {
+    .combo = "cboProductName",
+    .timer = "tmrProdLkp",
+    .changeLabel = "KTVOrvanProduct.frmProduct::cboProductName_Change",
+    .clickLabel = "KTVOrvanProduct.frmProduct::cboProductName_Click",
+    .keyPressLabel = "KTVOrvanProduct.frmProduct::cboProductName_KeyPress",
+    .timerLabel = "KTVOrvanProduct.frmProduct::tmrProdLkp_Timer",
+    .getList = &ProductLkpMgr::GetProductNameList,
+    .left = &State::bNameBoxLeft,
+    .wanted = &State::bNameLkpPending,
+    .leftClearedFirst = true,
+    .typingWants = true,
+    .leavingAsksWanted = true,
+    .applyingEndsIt = true,
+    .nameFromCatalogue = false, // the user may have worded the name differently
+    .busyPointer = false,
+    .paintsRefilled = false,
+};
+
+LookUpBoxes::LookUpBoxes(EditorSession& session, ui::Surface& surface)
+    : session_(session), surface_(surface), partNum_(takeBox(kPartNum)), productName_(takeBox(kProductName))
+{
+    connect(partNum_);
+    connect(productName_);
+}
+
+LookUpBoxes::Box LookUpBoxes::takeBox(const Kind& kind) const
+{
+    return {kind, surface_.control<ui::ComboBox>(kind.combo), surface_.control<ui::Timer>(kind.timer)};
+}
+
+void LookUpBoxes::connect(const Box& box)
+{
+    box.combo.onChange = [this, &box] { changed(box); };
+    box.combo.onClick = [this, &box] { clicked(box); };
+    box.combo.onKeyPress = [this, &box](std::int16_t& iKeyAscii) { keyPressed(box, iKeyAscii); };
+    box.combo.onLostFocus = [this, &box] { lostFocus(box); };
+    box.timer.onTimer = [this, &box] { timerFired(box); };
+}
+
+// --- the boxes' events ------------------------------------------------------------------------------
+
+void LookUpBoxes::changed(const Box& box)
+{
+    session_.handleEvent(box.kind.changeLabel, [&] {
+        if (session_.bInitializing) {
+            return Leaving::withoutExit; // in the trace, a product being loaded is a run of entries alone
+        }
+        if (box.kind.leftClearedFirst) {
+            state_.*box.kind.left = false;
+            session_.PrvSetDirty(true);
+        } else {
+            session_.PrvSetDirty(true);
+            state_.*box.kind.left = false;
+        }
+        if (!state_.bLkpBusy) {
+            if (box.kind.typingWants) {
+                state_.*box.kind.wanted = true;
+            }
+            if (box.timer.enabled()) {
+                box.timer.setEnabled(false);
+                state_.bLkpTimerRestarted = true;
+            }
+            box.timer.setInterval(kPause);
+            box.timer.setEnabled(true);
+        }
+        return Leaving::withExit;
+    });
+}
+
+void LookUpBoxes::clicked(const Box& box)
+{
+    session_.handleEvent(box.kind.clickLabel, [&] {
+        if (box.combo.listIndex() >= 0) {
+            state_.lLkpListIdx = box.combo.listIndex();
+            state_.*box.kind.wanted = true;
+            session_.PrvSetDirty(true);
+        }
+    });
+}
+
+void LookUpBoxes::keyPressed(const Box& box, std::int16_t iKeyAscii)
+{
+    traceResume(box.kind.keyPressLabel, [&](const auto& step) {
+        step([&] {
+            if (iKeyAscii == kEnter) { // not swallowed: the box gets it too
+                lostFocus(box);
+            }
+        });
+    });
+}
+
+// --- leaving a box: the pending entry is applied ----------------------------------------------------
+
+// Also called by Enter and before a save, not by the focus alone. Untraced, and each failing step is
+// skipped: a user can always leave a box. A test that fails counts as passed.
+void LookUpBoxes::lostFocus(const Box& box)
+{
+    state_.*box.kind.left = true;
+    if (state_.lLkpListIdx < 0 || (box.kind.leavingAsksWanted && !(state_.*box.kind.wanted))) {
+        return;
+    }
+    const ResumeNext<false> step;
+    state_.bLkpBusy = true;
+    step([&] { catalogue()->SeekItem(box.combo.itemData(state_.lLkpListIdx)); });
+    bool bNoEntry = false;
+    step([&] { bNoEntry = catalogue()->IsEOF(); });
+    if (!bNoEntry) { // else the row stays pending and is tried again
+        applyEntry(box);
+    }
+    state_.bLkpBusy = false;
+}
+
+// While the note question waits, the form may be unloaded and the session end; the steps that need
+// them are then among those that fail.
+void LookUpBoxes::applyEntry(const Box& box)
+{
+    const ResumeNext<false> step;
+    // What cannot be read is applied empty.
+    Currency cyUnitPrice;
+    std::string sPartNum, sKey, sNote, sName;
+    step([&] { cyUnitPrice = toCurrency(field(LookUpColumn::unitPrice), session_.platform().locale()); });
+    step([&] { sPartNum = toText(field(LookUpColumn::partNum)); });
+    step([&] { sKey = toText(field(LookUpColumn::key)); });
+    step([&] { sNote = toText(field(LookUpColumn::note)); });
+    if (box.kind.nameFromCatalogue) {
+        step([&] { sName = toText(field(LookUpColumn::name)); });
+    } else {
+        sName = box.combo.text();
+    }
+    step([&] { session_.currentProduct().SetName(sName); });
+    step([&] { session_.currentProduct().SetKey(sKey); });
+    step([&] { session_.currentProduct().SetPartNum(sPartNum); });
+    step([&] { session_.currentProduct().SetUnitPrice(cyUnitPrice); });
+    bool bAsk = true; // a note that cannot be read may be there
+    step([&] { bAsk = !session_.currentProduct().Note().empty(); });
+    bool bTakeNote = true; // by the same rule, where the question itself fails
+    if (bAsk) {
+        step([&] { bTakeNote = wantsNote(); });
+    }
+    if (bTakeNote) {
+        step([&] { session_.currentProduct().SetNote(sNote); });
+    }
+    step([&] { box.combo.setSelectionStart(0); });
+    step([&] { box.combo.setSelectionLength(0); });
+    state_.lLkpListIdx = -1;
+    if (box.kind.applyingEndsIt) {
+        state_.*box.kind.wanted = false;
+    }
+    step([&] { session_.PrvLoadProductInfo(); });
+}
+
+bool LookUpBoxes::wantsNote()
+{
+    return session_.platform().messageBox().show({.text = "Would you like to overwrite the current contents of the "
+                                                          "product note field with the contents from the product "
+                                                          "look-up?",
+                                                  .title = "Orvan",
+                                                  .buttons = ui::MessageButtons::yesNo,
+                                                  .icon = ui::MessageIcon::question,
+                                                  .ownerWindow = session_.window()}) == ui::MessageResult::yes;
+}
+
+void LookUpBoxes::finishPendingLookUps()
+{
+    for (const Box* box : {&productName_, &partNum_}) {
+        if (state_.*box->kind.wanted && !(state_.*box->kind.left)) {
+            timerFired(*box);
+            lostFocus(*box);
+        }
+    }
+}
+
+// --- the search -------------------------------------------------------------------------------------
+
+// The texts written here raise changes; bLkpBusy keeps them from starting the timer again. An error
+// leaves it set: the dialog closes.
+void LookUpBoxes::timerFired(const Box& box)
+{
+    session_.handleEvent(box.kind.timerLabel, [&] {
+        state_.bLkpBusy = true;
+        box.timer.setEnabled(false);
+        BusyPointer pointer(session_.platform().pointer());
+        if (box.kind.busyPointer) {
+            pointer.PrvSetBusyPointer();
+        }
+        if (const LookUpList matches = list(box, box.combo.text(), false)) {
+            showMatches(box, *matches);
+        } else {
+            showWholeList(box);
+        }
+        state_.bLkpBusy = false;
+        pointer.PrvRestorePointer();
+    });
+}
+
+void LookUpBoxes::showMatches(const Box& box, const std::vector<LookUpRow>& rows)
+{
+    ui::ComboBox& combo = box.combo;
+    const std::int32_t lTyped = length(combo.text());
+    combo.clear();
+    // There and back: a move has an emptied list that is dropped down drawn again, where clearing it
+    // alone does not.
+    combo.move(combo.left() - 1, combo.top());
+    combo.move(combo.left() + 1, combo.top());
+    combo.refresh();
+    // Before the rows are added; without a match, the text comes after them.
+    const std::string& sBest = rows.front().text;
+    combo.setText(sBest);
+    combo.setSelectionStart(lTyped);
+    combo.setSelectionLength(length(sBest) - lTyped);
+    state_.lLkpListIdx = 0;
+    addRows(box, rows);
+    if (box.kind.paintsRefilled) {
+        combo.refresh();
+        surface_.repaint();
+    }
+}
+
+void LookUpBoxes::showWholeList(const Box& box)
+{
+    ui::ComboBox& combo = box.combo;
+    state_.lLkpListIdx = -1;
+    const LookUpList all = list(box, {}, true);
+    if (!all) {
+        return;
+    }
+    const std::string sTyped = combo.text();
+    combo.clear();
+    if (box.kind.paintsRefilled) {
+        combo.refresh();
+    }
+    addRows(box, *all);
+    combo.setText(sTyped);
+    combo.setSelectionStart(length(sTyped));
+    combo.setSelectionLength(0);
+    if (box.kind.paintsRefilled) {
+        combo.refresh();
+    }
+}
+
+void LookUpBoxes::fillList(const Box& box)
+{
+    if (const LookUpList all = list(box, {}, true)) {
+        addRows(box, *all);
+    } else {
+        state_.bLkpBusy = true;
+        box.combo.clear();
+        state_.bLkpBusy = false;
+    }
+}
+
+void LookUpBoxes::addRows(const Box& box, const std::vector<LookUpRow>& rows)
+{
+    for (const LookUpRow& row : rows) {
+        if (!row.text.empty()) {
+            box.combo.addItem(row.text);
+            box.combo.setItemData(box.combo.newIndex(), toItemData(row.itemId));
+        }
+    }
+}
+
+// --- the catalogue ----------------------------------------------------------------------------------
+
+std::shared_ptr<ProductLkpMgr> LookUpBoxes::catalogue() const
+{
+    if (!objLkpMgr) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return objLkpMgr;
+}
+
+LookUpList LookUpBoxes::list(const Box& box, const std::string& sText, bool bAll) const
+{
+    LookUpList rows = (*catalogue().*box.kind.getList)(sText, bAll);
+    if (rows && rows->empty()) {
+        rows.reset();
+    }
+    return rows;
+}
+
+LookUpValue LookUpBoxes::field(LookUpColumn column) const
+{
+    return catalogue()->GetFieldValue(static_cast<std::int32_t>(column));
+}
+
+} // namespace orvan

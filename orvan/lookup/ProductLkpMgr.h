@@ -1,0 +1,53 @@
+// The catalogue look-up contract: lists of catalogue entries, and one current entry to read.
+//
+// The editor creates the component by class name for each session. Texts are UTF-8. Any operation
+// may throw. Thread: the thread that created it.
+#pragma once
+
+#include "orvan/base/Currency.h"
+#include "orvan/ui/ComponentFactory.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace orvan {
+
+/// Class name of the catalogue look-up component.
+inline constexpr std::string_view kProductLkpMgrClassName = "KTBOrvanProductEditor.ProductLkpMgr";
+
+/// One row of a list. The editor takes ids of 32 bits; what a catalogue delivers may be wider.
+struct LookUpRow {
+    std::int64_t itemId = 0;
+    std::string text;
+};
+
+/// Rows in the order in which they are shown; no list at all (Null) means no entries, and the editor
+/// takes an empty one for the same.
+using LookUpList = std::optional<std::vector<LookUpRow>>;
+
+/// A column's value as the catalogue holds it; monostate is Null.
+using LookUpValue = std::variant<std::monostate, std::int64_t, double, Currency, std::string>;
+
+/// Columns of the current entry that the editor reads.
+enum class LookUpColumn : std::int32_t { name = 3, key = 4, partNum = 5, unitPrice = 6, note = 7 };
+
+class ProductLkpMgr : public ui::Component {
+public:
+    /// Entries whose part number begins with sText, the best completion first: row 0's text begins
+    /// with sText. None for an empty sText: a new product's box is empty, and what matches is applied.
+    /// bAll: the whole list, sText ignored; the editor passes "" then.
+    virtual LookUpList GetPartNumList(std::string_view sText, bool bAll) = 0;
+    virtual LookUpList GetProductNameList(std::string_view sText, bool bAll) = 0;
+    /// Makes the entry with this id the current one, where there is such an entry.
+    virtual void SeekItem(std::int32_t lItemId) = 0;
+    /// True when there is no current entry.
+    virtual bool IsEOF() = 0;
+    /// The column's value of the current entry.
+    virtual LookUpValue GetFieldValue(std::int32_t iColumn) = 0;
+};
+
+} // namespace orvan

@@ -1,0 +1,25 @@
+// Button: a push button with a caption or a picture; both come from the design.
+#pragma once
+
+#include "orvan/ui/EnabledControl.h"
+
+#include <functional>
+
+namespace orvan::ui {
+
+class Button : public EnabledControl {
+public:
+    using EnabledControl::EnabledControl;
+
+    /// The user pressed it, by mouse, space bar, mnemonic, or Escape where it cancels.
+    std::function<void()> onClick;
+
+protected:
+    /// The platform's report. Raises onClick; nothing on a button that is not enabled.
+    void userClicked();
+
+private:
+    friend class Form; ///< Escape presses the button that cancels.
+};
+
+} // namespace orvan::ui

@@ -1,0 +1,57 @@
+// ComboBox: a line of text with a list that drops down, each row with a number of its own.
+//
+// Rows count from 0. The box neither completes what is typed nor puts it into the list, and filling
+// or clearing the list changes neither the text nor the selection. Raises 9 for a row that is not
+// there. A platform reads the rows when it shows them, so that filling a long list costs nothing.
+#pragma once
+
+#include "orvan/ui/TextEntry.h"
+
+#include <vector>
+
+namespace orvan::ui {
+
+class ComboBox : public TextEntry {
+public:
+    using TextEntry::TextEntry;
+
+    std::int32_t count() const { return static_cast<std::int32_t>(rows_.size()); }
+    const std::string& itemText(std::int32_t row) const { return rows_[indexOf(row)].text; }
+    std::int32_t itemData(std::int32_t row) const { return rows_[indexOf(row)].data; }
+    void setItemData(std::int32_t row, std::int32_t data);
+    /// At the end of the list, with data 0.
+    void addItem(std::string text);
+    /// The row that addItem made last; -1 for an empty list.
+    std::int32_t newIndex() const { return count() - 1; }
+    /// Empties the list.
+    void clear();
+
+    /// The row that the user chose; -1 once text has been typed or set, and after clear.
+    std::int32_t listIndex() const { return listIndex_; }
+    /// Shows the list as it stands now, where it is open.
+    void refresh() { doListChanged(); }
+
+    /// The user chose a row of the list; the text is the row's already (and onChange is not raised).
+    std::function<void()> onClick;
+
+protected:
+    /// The list is another one: show it now where it is open, else when it is opened next.
+    virtual void doListChanged() = 0;
+    /// The platform's report. Raises onClick.
+    void userChoseRow(std::int32_t row);
+    void textChanged() override { listIndex_ = -1; }
+
+private:
+    struct Row {
+        std::string text;
+        std::int32_t data = 0;
+    };
+
+    /// `row` as an index, where there is such a row.
+    std::size_t indexOf(std::int32_t row) const;
+
+    std::vector<Row> rows_;
+    std::int32_t listIndex_ = -1;
+};
+
+} // namespace orvan::ui

@@ -1,0 +1,42 @@
+// ComponentFactory: component objects created by class name at run time.
+//
+// Objects are reference-counted (std::shared_ptr) and released when the last holder lets go.
+#pragma once
+
+#include "orvan/base/RuntimeError.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace orvan::ui {
+
+/// Root of everything that can be created by name; the caller asks the object for its interface.
+class Component {
+public:
+    virtual ~Component() = default;
+};
+
+class ComponentFactory {
+public:
+    virtual ~ComponentFactory() = default;
+
+    /// Never null. Raises 429 with the class name in the description when the class is unknown or
+    /// its object cannot be created.
+    virtual std::shared_ptr<Component> create(std::string_view className) = 0;
+};
+
+/// Creates and asks for the interface T; an object that does not implement it raises 430 with the
+/// class name in the description.
+template <class T>
+std::shared_ptr<T> createComponent(ComponentFactory& factory, std::string_view className)
+{
+    auto object = std::dynamic_pointer_cast<T>(factory.create(className));
+    if (!object) {
+        throw RuntimeError(ErrorNumber::interfaceNotSupported, {},
+                           "Class \"" + std::string(className) + "\" does not support the expected interface");
+    }
+    return object;
+}
+
+} // namespace orvan::ui

@@ -1,0 +1,90 @@
+#include "orvan/ui/Control.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/Surface.h"
+
+#include <cmath>
+
+namespace orvan::ui {
+
+std::string_view controlKindName(ControlKind kind)
+{
+    switch (kind) {
+    case ControlKind::button: return "button";
+    case ControlKind::comboBox: return "combo box";
+    case ControlKind::frame: return "frame";
+    case ControlKind::grid: return "grid";
+    case ControlKind::label: return "label";
+    case ControlKind::line: return "line";
+    case ControlKind::popupMenu: return "pop-up menu";
+    case ControlKind::textBox: return "text box";
+    case ControlKind::timer: return "timer";
+    case ControlKind::toolBar: return "tool bar";
+    }
+    return "control";
+}
+
+Control::Control(const ControlDesign& design)
+    : name_(design.name), kind_(design.kind), left_(design.left), top_(design.top), width_(design.width),
+      height_(design.height)
+{
+}
+
+void Control::move(float left, float top)
+{
+    move(left, top, width_, height_);
+}
+
+void Control::move(float left, float top, float width, float height)
+{
+    if (!std::isfinite(left) || !std::isfinite(top) || !std::isfinite(width) || !std::isfinite(height)) {
+        throw RuntimeError(ErrorNumber::overflow, {}, name_ + ": a length is not finite");
+    }
+    if (width < 0 || height < 0) {
+        throw RuntimeError(ErrorNumber::invalidPropertyValue, {}, name_ + ": a size cannot be negative");
+    }
+    left_ = left;
+    top_ = top;
+    width_ = width;
+    height_ = height;
+    doMove();
+}
+
+bool Control::canTakeFocus() const
+{
+    const bool ofSuchKind = kind_ == ControlKind::button || kind_ == ControlKind::comboBox ||
+                            kind_ == ControlKind::grid || kind_ == ControlKind::textBox;
+    return ofSuchKind && takesInput();
+}
+
+void Control::setFocus()
+{
+    if (!surface_ || !canTakeFocus()) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, name_ + ": cannot take the focus");
+    }
+    surface_->moveFocus(*this);
+}
+
+bool Control::hasFocus() const
+{
+    return surface_ && surface_->focused() == this;
+}
+
+void Control::raise(const std::function<void()>& handler) const
+{
+    if (surface_) {
+        surface_->raise(handler);
+    } else if (const auto copy = handler) {
+        copy();
+    }
+}
+
+void Control::giveFocusAway()
+{
+    if (const Control* focused = surface_ ? surface_->focused() : nullptr; focused && !focused->canTakeFocus()) {
+        surface_->leaveDisabled(*focused);
+    }
+}
+
+} // namespace orvan::ui

@@ -1,0 +1,69 @@
+#include "orvan/ui/Form.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/ui/Button.h"
+#include "orvan/ui/Platform.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvan::ui {
+
+Form::Form(const FormDesign& design, Platform& platform) : Surface(design, platform), caption_(design.caption) {}
+
+void Form::setCaption(std::string caption)
+{
+    caption_ = std::move(caption);
+    doSetCaption();
+}
+
+void Form::showModal()
+{
+    if (!loaded_) {
+        throw RuntimeError(ErrorNumber::objectUnloaded);
+    }
+    if (shown_) {
+        throw RuntimeError(ErrorNumber::formAlreadyShown);
+    }
+    shown_ = true;
+    doShowModal();
+}
+
+void Form::unload(UnloadMode mode)
+{
+    if (!loaded_) {
+        return;
+    }
+    bool stays = false;
+    platform().dispatch([&] { stays = onQueryUnload && onQueryUnload(mode); });
+    if (stays || !loaded_) { // while the question waited, something else may have closed the form
+        return;
+    }
+    loaded_ = false;
+    platform().dispatch([&] {
+        if (onUnload) {
+            onUnload();
+        }
+    });
+    doUnload();
+}
+
+void Form::userPressedEscape()
+{
+    const auto cancels = std::find_if(design().controls.begin(), design().controls.end(),
+                                      [](const ControlDesign& row) { return row.cancels; });
+    if (cancels == design().controls.end()) {
+        unload(UnloadMode::closeBox);
+    } else {
+        control<Button>(cancels->name).userClicked();
+    }
+}
+
+void Form::focusFirst()
+{
+    if (Control* first = focused() ? focused() : firstTabStop()) {
+        first->setFocus();
+    }
+}
+
+} // namespace orvan::ui

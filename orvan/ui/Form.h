@@ -1,0 +1,70 @@
+// Form: a dialog window of its own: loaded, shown modally, asked to close, unloaded.
+//
+// Its controls exist and can be set from the moment it is loaded (Platform::loadForm). unload asks
+// onQueryUnload, which may keep the form; else onUnload runs and the window goes. The object stays
+// for its owner to release, its controls with it: they keep their state, show nothing and raise no
+// event any more, so that a handler in the middle of a chain may unload the form it runs on.
+//
+// Ownership: the caller of loadForm; it is not released while showModal runs. Thread: the
+// user-interface thread.
+#pragma once
+
+#include "orvan/ui/Surface.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace orvan::ui {
+
+/// Why a form is asked to close. The values are those that hosts of this kind know.
+enum class UnloadMode : std::int16_t {
+    closeBox = 0, ///< The user closed the window: its close box or its system menu.
+    code = 1,     ///< The program.
+    session = 2,  ///< The user's session ends, or the program's event loop did.
+    taskManager = 3,
+};
+
+class Form : public Surface {
+public:
+    Form(const FormDesign& design, Platform& platform);
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+
+    /// Shows the form, gives the first tab stop the focus and returns when the form has been
+    /// unloaded. No other window of the program takes input meanwhile. Raises 364 for a form that
+    /// has been unloaded and 400 for one that is shown already.
+    void showModal();
+    /// The closing request. Nothing for a form that has been unloaded.
+    void unload(UnloadMode mode = UnloadMode::code);
+    /// False once the form has been unloaded.
+    bool loaded() const { return loaded_; }
+
+    /// Owner for message boxes about the form (see orvan/ui/MessageBox.h); 0 where there is no window.
+    virtual std::int32_t window() = 0;
+
+    /// Returns whether the form shall stay. One handler, like the others.
+    std::function<bool(UnloadMode mode)> onQueryUnload;
+    std::function<void()> onUnload;
+
+protected:
+    bool live() const override { return loaded_; }
+    virtual void doSetCaption() = 0;
+    /// Show the window, run the program's events until loaded() is false, hide the window. An event
+    /// loop that ends early is reported with unload(UnloadMode::session).
+    virtual void doShowModal() = 0;
+    /// loaded() is false now: stop what runs, let doShowModal return.
+    virtual void doUnload() = 0;
+    /// The user pressed Escape: presses the button that cancels, else asks as the close box does.
+    void userPressedEscape();
+    /// For doShowModal, once the window takes keys.
+    void focusFirst();
+
+private:
+    std::string caption_;
+    bool loaded_ = true;
+    bool shown_ = false;
+};
+
+} // namespace orvan::ui

@@ -1,0 +1,13 @@
+// Frame: a box that holds other controls; positions of those are measured inside it.
+#pragma once
+
+#include "orvan/ui/EnabledControl.h"
+
+namespace orvan::ui {
+
+class Frame : public EnabledControl {
+public:
+    using EnabledControl::EnabledControl;
+};
+
+} // namespace orvan::ui

@@ -1,0 +1,227 @@
+#include "orvan/ui/Grid.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvan::ui {
+
+namespace {
+
+/// What a column is wide before anyone says so.
+constexpr std::int32_t kDefaultColumnWidth = 960;
+
+std::size_t requireCount(std::int32_t count, const char* what)
+{
+    if (count < 0) {
+        throw RuntimeError(ErrorNumber::invalidPropertyValue, {}, std::string(what) + " cannot be negative");
+    }
+    return static_cast<std::size_t>(count);
+}
+
+/// Apart from the tests for it, which each cell that is set passes.
+[[noreturn]] void raiseOutside(const std::string& grid, const char* what, std::int32_t index, std::int32_t count)
+{
+    throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
+                       std::string(grid).append(": no ").append(what) + ' ' + std::to_string(index) + " of " +
+                           std::to_string(count));
+}
+
+} // namespace
+
+Grid::Grid(const ControlDesign& design, NumberSeparators separators)
+    : Control(design), separators_(std::move(separators))
+{
+    appendColumns(design.gridColumns);
+}
+
+void Grid::appendColumns(std::int32_t count)
+{
+    while (columnCount() < count) {
+        auto column = std::make_unique<Column>();
+        column->width = kDefaultColumnWidth;
+        column->cells.resize(static_cast<std::size_t>(rowCount_));
+        columns_.push_back(std::move(column));
+    }
+}
+
+const Grid::Column& Grid::at(std::int32_t column) const
+{
+    if (column < 0 || column >= columnCount()) {
+        raiseOutside(name(), "column", column, columnCount());
+    }
+    return *columns_[static_cast<std::size_t>(column)];
+}
+
+Grid::Column& Grid::at(std::int32_t column)
+{
+    return const_cast<Column&>(std::as_const(*this).at(column));
+}
+
+void Grid::requireRow(std::int32_t row) const
+{
+    if (row < 0 || row >= rowCount_) {
+        raiseOutside(name(), "row", row, rowCount_);
+    }
+}
+
+void Grid::changed(bool GridChanges::*what)
+{
+    pending_.*what = true;
+    if (redraw_) {
+        doUpdate(std::exchange(pending_, {}));
+    }
+}
+
+void Grid::setRedraw(bool redraw)
+{
+    if (redraw == redraw_) {
+        return;
+    }
+    redraw_ = redraw;
+    if (redraw) {
+        doUpdate(std::exchange(pending_, {}));
+    } else {
+        doSuspend();
+    }
+}
+
+void Grid::setRowCount(std::int32_t count)
+{
+    const std::size_t rows = requireCount(count, "a row count");
+    for (const auto& column : columns_) {
+        column->cells.resize(rows);
+    }
+    rowCount_ = count;
+    currentRow_ = std::clamp(currentRow_, 0, std::max(count - 1, 0));
+    changed(&GridChanges::layout);
+}
+
+void Grid::setColumnCount(std::int32_t count)
+{
+    const std::size_t kept = std::min(requireCount(count, "a column count"), columns_.size());
+    columns_.resize(kept);
+    appendColumns(count);
+    changed(&GridChanges::layout);
+}
+
+void Grid::setFixedRows(std::int32_t count)
+{
+    requireCount(count, "a header row count");
+    fixedRows_ = count;
+    changed(&GridChanges::layout);
+}
+
+void Grid::setUserResizing(bool allowed)
+{
+    userResizing_ = allowed;
+    changed(&GridChanges::layout);
+}
+
+void Grid::setColumnKey(std::int32_t column, std::string_view key)
+{
+    at(column).key = key; // never painted: nothing to update
+}
+
+std::int32_t Grid::columnIndex(std::string_view key) const
+{
+    for (std::int32_t column = 0; column < columnCount() && !key.empty(); ++column) {
+        if (at(column).key == key) {
+            return column;
+        }
+    }
+    return -1;
+}
+
+void Grid::moveColumn(std::int32_t column, std::int32_t to)
+{
+    at(column);
+    at(to);
+    const auto from = columns_.begin() + column;
+    const auto target = columns_.begin() + to;
+    if (from < target) {
+        std::rotate(from, from + 1, target + 1);
+    } else {
+        std::rotate(target, from, from + 1);
+    }
+    changed(&GridChanges::layout);
+}
+
+void Grid::setColumnType(std::int32_t column, GridType type)
+{
+    at(column).type = type;
+    changed(&GridChanges::cells);
+}
+
+void Grid::setColumnFormat(std::int32_t column, std::string_view picture)
+{
+    at(column).format = picture.empty() ? GridFormat() : GridFormat(picture);
+    changed(&GridChanges::cells);
+}
+
+void Grid::setColumnHidden(std::int32_t column, bool hidden)
+{
+    at(column).hidden = hidden;
+    changed(&GridChanges::layout);
+}
+
+void Grid::setColumnWidth(std::int32_t column, std::int32_t twips)
+{
+    Column& changedColumn = at(column);
+    requireCount(twips, "a column width");
+    changedColumn.width = twips;
+    changed(&GridChanges::layout);
+}
+
+const GridValue& Grid::value(std::int32_t row, std::int32_t column) const
+{
+    requireRow(row);
+    return at(column).cells[static_cast<std::size_t>(row)];
+}
+
+void Grid::setValue(std::int32_t row, std::int32_t column, GridValue value)
+{
+    requireRow(row);
+    at(column).cells[static_cast<std::size_t>(row)] = std::move(value);
+    changed(&GridChanges::cells);
+}
+
+std::string Grid::displayText(std::int32_t row, std::int32_t column) const
+{
+    return at(column).format.display(value(row, column), separators_);
+}
+
+void Grid::setCurrentRow(std::int32_t row)
+{
+    requireRow(row);
+    currentRow_ = row;
+    changed(&GridChanges::currentRow);
+}
+
+void Grid::userResizedColumn(std::int32_t column, std::int32_t twips)
+{
+    at(column).width = std::max(twips, 0);
+    raise(onAfterUserResize);
+}
+
+void Grid::userDoubleClicked(std::int32_t row)
+{
+    mouseRow_ = row;
+    raise(onDblClick);
+}
+
+void Grid::userRightClicked(std::int32_t row, std::int32_t column)
+{
+    mouseRow_ = row;
+    mouseColumn_ = column;
+    raise(onRightClick);
+}
+
+void Grid::userChoseRow(std::int32_t row)
+{
+    requireRow(row);
+    currentRow_ = row;
+}
+
+} // namespace orvan::ui

@@ -1,0 +1,13 @@
+// Label: a caption that names the control after it; its text comes from the design.
+#pragma once
+
+#include "orvan/ui/Control.h"
+
+namespace orvan::ui {
+
+class Label : public Control {
+public:
+    using Control::Control;
+};
+
+} // namespace orvan::ui

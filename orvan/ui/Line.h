@@ -1,0 +1,13 @@
+// Line: a separator line, horizontal where it is wider than high.
+#pragma once
+
+#include "orvan/ui/Control.h"
+
+namespace orvan::ui {
+
+class Line : public Control {
+public:
+    using Control::Control;
+};
+
+} // namespace orvan::ui

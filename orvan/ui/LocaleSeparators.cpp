@@ -1,0 +1,43 @@
+#include "orvan/ui/LocaleSeparators.h"
+
+#include "orvan/ui/LocaleService.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orvan::ui {
+
+std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText)
+try {
+    std::array<char, 255> buffer{};
+    // Only 127 of the 255 are offered, so an item that needs more has its default.
+    const auto offered = std::span<char>(buffer).first(127);
+    const std::int32_t count = locale.getLocaleInfo(kLocaleUserDefault, item, offered);
+    if (count <= 0) {
+        return std::string(defaultText);
+    }
+    // The count includes the terminating null. No service is trusted beyond what it was offered.
+    return std::string(buffer.data(), std::min(static_cast<std::size_t>(count), offered.size()) - 1);
+} catch (...) {
+    return std::string(defaultText); // a service that raises has failed to answer, no more
+}
+
+NumberSeparators gridSeparators(LocaleService& locale)
+{
+    const NumberSeparators standard;
+    return {readLocaleItem(locale, LocaleItem::thousandsSeparator, standard.thousands),
+            readLocaleItem(locale, LocaleItem::decimalSeparator, standard.decimal)};
+}
+
+std::string keypadDecimal(LocaleService& locale, TextUse use)
+{
+    const NumberSeparators standard;
+    switch (use) {
+    case TextUse::number: return readLocaleItem(locale, LocaleItem::decimalSeparator, standard.decimal);
+    case TextUse::money: return readLocaleItem(locale, LocaleItem::monetaryDecimalSeparator, standard.decimal);
+    case TextUse::plain: break;
+    }
+    return standard.decimal;
+}
+
+} // namespace orvan::ui

@@ -1,0 +1,53 @@
+// Platform: the services of the place the library runs in, handed to the logic as one object.
+//
+// Ownership: the host owns the platform; it outlives every view made on it. Thread: the
+// user-interface thread (a host with several such threads makes one platform for each).
+#pragma once
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/ui/ComponentFactory.h"
+#include "orvan/ui/LocaleService.h"
+#include "orvan/ui/MessageBox.h"
+#include "orvan/ui/SettingsStore.h"
+
+#include <functional>
+
+namespace orvan::ui {
+
+class Form;
+class ScreenPointer;
+struct FormDesign;
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual MessageBox& messageBox() = 0;
+    virtual SettingsStore& settings() = 0;
+    virtual LocaleService& locale() = 0;
+    virtual ComponentFactory& components() = 0;
+    virtual ScreenPointer& pointer() = 0;
+    /// Makes a form and all its controls; nothing is shown yet (see orvan/ui/Form.h). Never null. The
+    /// platform outlives the form. Raises what a Surface of the design raises.
+    virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
+
+    /// Takes an error that left an event handler. No exception crosses a toolkit's event loop: the
+    /// platform calls this instead and goes on. A host may set its own; it must not throw.
+    std::function<void(const RuntimeError&)> onUnhandledError;
+
+    /// Runs an event handler and hands what it throws to onUnhandledError.
+    template <class Handler>
+    void dispatch(Handler&& handler) noexcept
+    {
+        try {
+            handler();
+        } catch (...) {
+            const RuntimeError error = currentError();
+            if (onUnhandledError) {
+                onUnhandledError(error);
+            }
+        }
+    }
+};
+
+} // namespace orvan::ui

@@ -1,0 +1,31 @@
+#include "orvan/ui/Timer.h"
+
+#include "orvan/base/RuntimeError.h"
+
+namespace orvan::ui {
+
+void Timer::setInterval(std::int32_t milliseconds)
+{
+    if (milliseconds < 0) {
+        throw RuntimeError(ErrorNumber::invalidPropertyValue, {}, name() + ": an interval cannot be negative");
+    }
+    interval_ = milliseconds;
+    doSchedule();
+}
+
+void Timer::setEnabled(bool enabled)
+{
+    if (enabled != enabled_) {
+        enabled_ = enabled;
+        doSchedule();
+    }
+}
+
+void Timer::elapsed()
+{
+    if (enabled_) {
+        raise(onTimer);
+    }
+}
+
+} // namespace orvan::ui

@@ -1,0 +1,47 @@
+#include "orvan/ui/ToolSet.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <algorithm>
+
+namespace orvan::ui {
+
+ToolSet::ToolSet(const ControlDesign& design)
+    : Control(design), tools_(design.tools), enabled_(design.tools.size(), true)
+{
+}
+
+std::size_t ToolSet::indexOf(std::string_view id) const
+{
+    const auto found =
+        std::find_if(tools_.begin(), tools_.end(), [&](const ToolDesign& tool) { return tool.id == id; });
+    if (id.empty() || found == tools_.end()) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, name() + ": no tool \"" + std::string(id) + "\"");
+    }
+    return static_cast<std::size_t>(found - tools_.begin());
+}
+
+void ToolSet::setToolEnabled(std::string_view id, bool enabled)
+{
+    const std::size_t index = indexOf(id);
+    enabled_[index] = enabled;
+    doSetToolEnabled(index, enabled);
+}
+
+bool ToolSet::opensMenu(std::string_view id) const
+{
+    return std::any_of(tools_.begin(), tools_.end(), [&](const ToolDesign& tool) { return tool.menu == id; });
+}
+
+void ToolSet::userChoseTool(std::string_view id)
+{
+    if (toolEnabled(id)) {
+        raise([handler = onToolClick, id = std::string(id)] {
+            if (handler) {
+                handler(id);
+            }
+        });
+    }
+}
+
+} // namespace orvan::ui

@@ -1,0 +1,136 @@
+// The in-memory controls: what a user does to them is a method here, and only here.
+//
+// Every driving method behaves as the user's action does in a window: it reports through the same
+// events, and an error that leaves a handler reaches the platform's onUnhandledError. What a user
+// could not do (press a greyed button, type into a box of a form that is gone) raises 5.
+#pragma once
+
+#include "orvan/ui/Button.h"
+#include "orvan/ui/Frame.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/ui/Label.h"
+#include "orvan/ui/Line.h"
+#include "orvan/ui/PopupMenu.h"
+#include "orvan/ui/ToolBar.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvan::ui {
+class Platform;
+}
+
+namespace orvan::headless {
+
+class HeadlessClock;
+
+/// Makes the control of a design row's kind. Raises 51 for a timer where there is no clock.
+std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
+                                                 HeadlessClock* clock);
+
+class HeadlessButton final : public ui::Button {
+public:
+    using Button::Button;
+
+    /// With the mouse: the button has the focus before it reports the click.
+    void click();
+    /// With its mnemonic or, as platforms differ in this, with a mouse click that moves no focus.
+    void press();
+
+private:
+    void doMove() override {}
+    void doSetEnabled() override {}
+};
+
+class HeadlessFrame final : public ui::Frame {
+public:
+    using Frame::Frame;
+
+private:
+    void doMove() override {}
+    void doSetEnabled() override {}
+};
+
+class HeadlessLabel final : public ui::Label {
+public:
+    using Label::Label;
+
+private:
+    void doMove() override {}
+};
+
+class HeadlessLine final : public ui::Line {
+public:
+    using Line::Line;
+
+private:
+    void doMove() override {}
+};
+
+class HeadlessToolBar final : public ui::ToolBar {
+public:
+    using ToolBar::ToolBar;
+
+    /// The user opens the menus and chooses the tool.
+    void choose(std::string_view id);
+
+private:
+    void doMove() override {}
+    void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+};
+
+class HeadlessPopupMenu final : public ui::PopupMenu {
+public:
+    HeadlessPopupMenu(const ui::ControlDesign& design, ui::Platform& platform);
+    /// A menu that is up still is one that nobody drove: error 51 reaches the platform's onUnhandledError.
+    ~HeadlessPopupMenu() override;
+
+    /// Raises 51 while it is up: nobody drove it.
+    void popUp() override;
+    bool isUp() const { return up_; }
+    /// The IDs of the tools that a user can choose, with blanks between.
+    std::string offered() const;
+    /// The user chooses the tool, and the menu goes. Raises 5 while it is not up.
+    void choose(std::string_view id);
+    /// The user presses Escape or clicks elsewhere. Raises 5 while it is not up.
+    void dismiss();
+
+private:
+    void doMove() override {}
+    void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+    [[noreturn]] void raiseUndriven() const;
+
+    ui::Platform& platform_;
+    bool up_ = false;
+};
+
+class HeadlessGrid final : public ui::Grid {
+public:
+    HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform);
+
+    /// The user drags the column's right edge until it is `twips` wide. Raises 5 where the grid
+    /// does not let columns be resized or the column is hidden.
+    void dragColumn(std::int32_t column, std::int32_t twips);
+    /// The user clicks a row below the header. Raises 5 for a header row, 9 outside the grid.
+    void chooseRow(std::int32_t row);
+    /// On a row, which a click chooses first where it is below the header; -1: beside all rows.
+    void doubleClick(std::int32_t row);
+    /// On a cell or header; -1: beside all rows or columns. Raises 5 for a column that is hidden.
+    void rightClick(std::int32_t row, std::int32_t column);
+
+    /// How often the grid has been painted since it was made.
+    int paintCount() const { return paintCount_; }
+    /// The texts a user sees in a row, hidden columns left out.
+    std::vector<std::string> visibleTexts(std::int32_t row) const;
+
+private:
+    void doMove() override {}
+    void doUpdate(const ui::GridChanges& changes) override;
+    void doSuspend() override {}
+
+    int paintCount_ = 0;
+};
+
+} // namespace orvan::headless

@@ -1,0 +1,168 @@
+#include "orvan/ui/headless/HeadlessEntries.h"
+
+#include "orvan/base/Text.h"
+#include "orvan/ui/LocaleSeparators.h"
+#include "orvan/ui/headless/Impossible.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace orvan::headless {
+
+namespace {
+
+constexpr char32_t kBackspace = 8;
+constexpr char32_t kEnter = 13;
+
+char32_t fromUtf8(std::string_view character)
+{
+    if (character.size() == 1) {
+        return static_cast<unsigned char>(character[0]);
+    }
+    char32_t code = static_cast<unsigned char>(character[0]) & (0x7FU >> character.size());
+    for (const char byte : character.substr(1)) {
+        code = code << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
+    }
+    return code;
+}
+
+std::size_t bytesBefore(std::string_view text, std::int32_t characters)
+{
+    return firstCharacters(text, static_cast<std::size_t>(characters)).size();
+}
+
+} // namespace
+
+EntryDriver::EntryDriver(const ui::ControlDesign& design, ui::LocaleService& locale)
+    : readOnly_(design.readOnly), multiLine_(design.multiLine), keypadDecimal_(ui::keypadDecimal(locale, design.use))
+{
+}
+
+bool EntryDriver::pressKey(char32_t key)
+{
+    if (!entry().hasFocus()) {
+        entry().setFocus();
+    }
+    const std::weak_ptr<const bool> alive = alive_;
+    const char32_t typed = reportKey(key);
+    if (alive.expired()) {
+        return false;
+    }
+    if (typed != 0 && typed != key) { // the handler put another character in its place
+        replaceSelection(toUtf8(typed));
+    }
+    return typed == key;
+}
+
+void EntryDriver::type(std::string_view text)
+{
+    const std::weak_ptr<const bool> alive = alive_;
+    for (std::size_t at = 0; at < text.size() && !alive.expired();) {
+        const std::string_view character = text.substr(at, characterSize(text, at));
+        at += character.size();
+        const bool isEnter = character == "\n";
+        if (pressKey(isEnter ? kEnter : fromUtf8(character)) && (!isEnter || multiLine_)) {
+            replaceSelection(character);
+        }
+    }
+}
+
+void EntryDriver::pressKeypadDecimal()
+{
+    type(keypadDecimal_);
+}
+
+void EntryDriver::backspace()
+{
+    if (!pressKey(kBackspace)) {
+        return;
+    }
+    if (entry().selectionLength() > 0) {
+        replaceSelection({});
+    } else if (entry().selectionStart() > 0) {
+        replace(entry().selectionStart() - 1, 1, {});
+    }
+}
+
+void EntryDriver::deleteForward()
+{
+    entry().setFocus();
+    replace(entry().selectionStart(), std::max(entry().selectionLength(), 1), {});
+}
+
+void EntryDriver::pressControl(char letter, std::string& clipboard)
+{
+    if (letter < 'A' || letter > 'Z') {
+        raiseImpossible("Ctrl goes with a letter from A to Z");
+    }
+    if (!pressKey(static_cast<char32_t>(letter - 'A' + 1))) {
+        return;
+    }
+    switch (letter) {
+    case 'A': select(0, static_cast<std::int32_t>(characterCount(entry().text()))); break;
+    case 'C': clipboard = selectedText(); break;
+    case 'X':
+        clipboard = selectedText();
+        replaceSelection({});
+        break;
+    case 'V': replaceSelection(clipboard); break;
+    default: break;
+    }
+}
+
+void EntryDriver::paste(std::string_view text)
+{
+    if (!entry().hasFocus()) {
+        entry().setFocus();
+    }
+    replaceSelection(text);
+}
+
+void EntryDriver::select(std::int32_t start, std::int32_t length)
+{
+    const auto characters = static_cast<std::int32_t>(characterCount(entry().text()));
+    if (start < 0 || length < 0 || start + length > characters) {
+        raiseImpossible(entry().name() + ": a user cannot select what is not there");
+    }
+    reportSelection(start, length);
+}
+
+std::string EntryDriver::selectedText()
+{
+    const std::string& text = entry().text();
+    const std::size_t from = bytesBefore(text, entry().selectionStart());
+    return text.substr(from, bytesBefore(std::string_view(text).substr(from), entry().selectionLength()));
+}
+
+void EntryDriver::replaceSelection(std::string_view text)
+{
+    replace(entry().selectionStart(), entry().selectionLength(), text);
+}
+
+void EntryDriver::replace(std::int32_t start, std::int32_t length, std::string_view text)
+{
+    if (readOnly_) {
+        return;
+    }
+    std::string whole = entry().text();
+    const std::size_t from = bytesBefore(whole, start);
+    whole.erase(from, bytesBefore(std::string_view(whole).substr(from), length));
+    std::optional<std::int64_t> room;
+    if (entry().maxLength() > 0) {
+        room = entry().maxLength() - static_cast<std::int64_t>(characterCount(whole));
+    }
+    const std::string fitted = ui::fitForEntry(text, multiLine_ ? ui::lineEndOf(entry().text()) : " ", room);
+    whole.insert(from, fitted);
+    reportSelection(start + static_cast<std::int32_t>(characterCount(fitted)), 0);
+    reportText(std::move(whole));
+}
+
+void HeadlessComboBox::chooseRow(std::int32_t row)
+{
+    if (!hasFocus()) {
+        setFocus();
+    }
+    userChoseRow(row);
+}
+
+} // namespace orvan::headless

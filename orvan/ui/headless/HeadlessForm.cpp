@@ -1,0 +1,38 @@
+#include "orvan/ui/headless/HeadlessForm.h"
+
+#include "orvan/ui/headless/HeadlessPlatform.h"
+
+namespace orvan::headless {
+
+HeadlessForm::HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform)
+    : Form(design, platform), platform_(platform)
+{
+    buildControls();
+}
+
+std::unique_ptr<ui::Control> HeadlessForm::make(const ui::ControlDesign& design, ui::Control* /*parent*/)
+{
+    return makeHeadlessControl(design, platform_, &platform_.clock());
+}
+
+void HeadlessForm::focus(std::string_view name)
+{
+    userMovedFocus(control<ui::Control>(name));
+}
+
+void HeadlessForm::doShowModal()
+{
+    const auto drive = platform_.nextDriver();
+    if (!drive) {
+        unload(ui::UnloadMode::session);
+        throw RuntimeError(ErrorNumber::internalError, {}, "Nobody drives the form \"" + caption() + "\"");
+    }
+    focusFirst();
+    drive(*this);
+    if (loaded()) {
+        unload(ui::UnloadMode::session);
+        throw RuntimeError(ErrorNumber::internalError, {}, "Nobody closed the form \"" + caption() + "\"");
+    }
+}
+
+} // namespace orvan::headless

@@ -1,0 +1,107 @@
+// HeadlessPlatform: the library's platform without a toolkit.
+//
+// For hosts without a window (servers, converters, tests): the same logic runs on controls in
+// memory, a person's answers to message boxes and doings in dialogs are given in advance, time passes
+// when it is told to, and settings live as long as the platform. Thread: the thread that made it.
+#pragma once
+
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/ScreenPointer.h"
+#include "orvan/ui/headless/HeadlessClock.h"
+
+#include <deque>
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace orvan::headless {
+
+class HeadlessForm;
+
+/// A message box answered from a queue.
+class HeadlessMessageBox final : public ui::MessageBox {
+public:
+    /// Answers the next message box that nobody has answered yet.
+    void answer(ui::MessageResult result) { answers_.push_back(result); }
+
+    /// Runs while a message box waits for its answer: what else happens in the program meanwhile.
+    std::function<void(const ui::Message& message)> onWaiting;
+
+    /// Raises 51 for a message box without an answer in the queue, or with one that its buttons do
+    /// not offer; either way it counts as shown.
+    ui::MessageResult show(const ui::Message& message) override;
+
+    /// Every message box so far, oldest first.
+    const std::vector<ui::Message>& shown() const { return shown_; }
+    /// Answers that no message box has asked for yet.
+    std::size_t unusedAnswers() const { return answers_.size(); }
+    /// Message boxes that found no fitting answer.
+    int unanswered() const { return unanswered_; }
+
+private:
+    std::deque<ui::MessageResult> answers_;
+    std::vector<ui::Message> shown_;
+    int unanswered_ = 0;
+};
+
+class HeadlessSettingsStore final : public ui::SettingsStore {
+public:
+    std::string get(std::string_view application, std::string_view section, std::string_view key) override;
+    void set(std::string_view application, std::string_view section, std::string_view key,
+             std::string_view value) override;
+
+private:
+    std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
+};
+
+class HeadlessPointer final : public ui::ScreenPointer {
+public:
+    ui::PointerCode code() const override { return history_.back(); }
+    void setCode(ui::PointerCode code) override { history_.push_back(code); }
+
+    /// Every code so far, oldest first; the standard one to begin with.
+    const std::vector<ui::PointerCode>& history() const { return history_; }
+
+private:
+    std::vector<ui::PointerCode> history_{ui::PointerCode::standard};
+};
+
+class HeadlessPlatform final : public ui::Platform {
+public:
+    /// Both must outlive the platform. An error that no handler took is written to std::cerr until
+    /// the host sets onUnhandledError.
+    HeadlessPlatform(ui::LocaleService& locale, ui::ComponentFactory& components);
+
+    HeadlessMessageBox& messageBox() override { return messageBox_; }
+    HeadlessSettingsStore& settings() override { return settings_; }
+    ui::LocaleService& locale() override { return locale_; }
+    ui::ComponentFactory& components() override { return components_; }
+    HeadlessPointer& pointer() override { return pointer_; }
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
+
+    using Driver = std::function<void(HeadlessForm& form)>;
+    /// What a person does in the next form that nobody drives yet. A form shown modally without a
+    /// driver, or still open when its driver has returned, is unloaded and raises 51.
+    void drive(Driver driver) { drivers_.push_back(std::move(driver)); }
+    /// Takes back the one that was to drive the next form.
+    void dropDriver() { static_cast<void>(nextDriver()); }
+    /// Drivers that no form has asked for yet.
+    std::size_t unusedDrivers() const { return drivers_.size(); }
+    HeadlessClock& clock() { return clock_; }
+
+private:
+    friend class HeadlessForm;
+
+    /// Takes the next one from the queue; empty when there is none.
+    Driver nextDriver();
+
+    ui::LocaleService& locale_;
+    ui::ComponentFactory& components_;
+    HeadlessMessageBox messageBox_;
+    HeadlessSettingsStore settings_;
+    HeadlessPointer pointer_;
+    HeadlessClock clock_;
+    std::deque<Driver> drivers_;
+};
+
+} // namespace orvan::headless

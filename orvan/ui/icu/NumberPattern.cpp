@@ -1,0 +1,131 @@
+#include "orvan/ui/icu/NumberPattern.h"
+
+#include "orvan/base/DecimalReader.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/base/Text.h"
+
+#include <charconv>
+
+namespace orvan::icu {
+
+namespace {
+
+constexpr int kScaleDigits = 4;
+constexpr std::uint64_t kPowersOfTen[kScaleDigits + 1] = {1, 10, 100, 1'000, 10'000};
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+void appendGrouped(std::string& text, const NumberPattern& pattern, std::string_view digits)
+{
+    const auto primary = static_cast<std::size_t>(pattern.primaryGroup);
+    const auto secondary = static_cast<std::size_t>(pattern.secondaryGroup);
+    if (primary == 0 || digits.size() < primary + static_cast<std::size_t>(pattern.minimumGroupingDigits)) {
+        text += digits;
+        return;
+    }
+    std::size_t left = digits.size() - primary; // digits before the last separator
+    std::size_t first = secondary == 0 ? left : left % secondary;
+    if (first == 0) {
+        first = secondary;
+    }
+    text += digits.substr(0, first);
+    for (std::size_t at = first; at < left; at += secondary) {
+        text += pattern.groupSeparator;
+        text += digits.substr(at, secondary);
+    }
+    text += pattern.groupSeparator;
+    text += digits.substr(left);
+}
+
+} // namespace
+
+void appendAmount(std::string& text, const NumberPattern& pattern, Currency value, int digits)
+{
+    if (digits < 0 || digits > kMostDigits) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall);
+    }
+    const bool negative = value.scaled() < 0;
+    // The least amount has no positive counterpart: its magnitude fits the unsigned type only.
+    auto magnitude = static_cast<std::uint64_t>(value.scaled());
+    magnitude = negative ? 0 - magnitude : magnitude;
+
+    const int kept = digits < kScaleDigits ? digits : kScaleDigits;
+    const std::uint64_t cut = kPowersOfTen[kScaleDigits - kept];
+    const std::uint64_t rounded = (magnitude + cut / 2) / cut;
+    const std::uint64_t fraction = rounded % kPowersOfTen[kept];
+
+    char buffer[24];
+    const char* const end = std::to_chars(buffer, buffer + sizeof buffer, rounded / kPowersOfTen[kept]).ptr;
+    const std::string_view integer(buffer, static_cast<std::size_t>(end - buffer));
+    const std::string& prefix = negative ? pattern.negativePrefix : pattern.positivePrefix;
+    const std::string& suffix = negative ? pattern.negativeSuffix : pattern.positiveSuffix;
+
+    text += prefix;
+    appendGrouped(text, pattern, integer);
+    if (digits > 0) {
+        text += pattern.decimalSeparator;
+        for (int place = kept - 1; place >= 0; --place) {
+            text += static_cast<char>('0' + fraction / kPowersOfTen[place] % 10);
+        }
+        text.append(static_cast<std::size_t>(digits - kept), '0');
+    }
+    text += suffix;
+}
+
+bool looksLikeDigits(std::string_view text, std::string_view decimalSeparator)
+{
+    if (!decimalSeparator.empty() && text.find(decimalSeparator) != std::string_view::npos) {
+        return true;
+    }
+    return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+void makeReadable(NumberPattern& pattern)
+{
+    if (characterCount(pattern.decimalSeparator) != 1 || isDigit(pattern.decimalSeparator.front())) {
+        pattern.decimalSeparator.assign(1, pattern.groupSeparator == "." ? ',' : '.');
+    }
+    if (looksLikeDigits(pattern.groupSeparator, pattern.decimalSeparator)) {
+        pattern.groupSeparator = "\u00A0";
+    }
+}
+
+Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
+{
+    const auto startsWith = [](std::string_view rest, std::string_view separator) {
+        // No call for a byte, which most separators are.
+        return !separator.empty() && rest.front() == separator.front() &&
+               (separator.size() == 1 || rest.starts_with(separator));
+    };
+    DecimalReader reader;
+    const auto point = [&](const std::string& separator) {
+        if (!reader.point()) {
+            throw RuntimeError(ErrorNumber::typeMismatch);
+        }
+        return separator.size();
+    };
+    while (text.remove_prefix(reader.digits(text)), !text.empty()) {
+        std::size_t taken = 0;
+        if (startsWith(text, number.decimalSeparator)) {
+            taken = point(number.decimalSeparator);
+        } else if (startsWith(text, money.decimalSeparator)) {
+            taken = point(money.decimalSeparator);
+        } else if (startsWith(text, number.groupSeparator)) {
+            taken = number.groupSeparator.size();
+        } else if (startsWith(text, money.groupSeparator)) {
+            taken = money.groupSeparator.size();
+        } else {
+            throw RuntimeError(ErrorNumber::typeMismatch);
+        }
+        text.remove_prefix(taken);
+    }
+    if (!reader.anyDigit()) {
+        throw RuntimeError(ErrorNumber::typeMismatch);
+    }
+    return reader.result(false);
+}
+
+} // namespace orvan::icu

@@ -1,0 +1,216 @@
+#include "orvan/ui/qt/EntryLine.h"
+
+#include "orvan/ui/qt/QtText.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QToolTip>
+
+#include <limits>
+#include <memory>
+#include <utility>
+
+namespace orvan::qt {
+
+namespace {
+
+/// QLineEdit's own, at each side of its text.
+constexpr int kMargin = 2;
+
+} // namespace
+
+EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+    : QLineEdit(parent), EntryWidget(design, platform, false)
+{
+    // Qt counts UTF-16 units and would cut a character in two; the limit is kept in fit() instead.
+    setMaxLength(std::numeric_limits<int>::max());
+    setReadOnly(design.readOnly);
+    setAlignment((design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (design.alignment == ui::Alignment::right) {
+        // Amounts: digits stand one below the other, and a keystroke lays out three of them; scripts that need
+        // shaping get it all the same.
+        QFont amounts;
+        amounts.setStyleStrategy(QFont::PreferNoShaping);
+        setFont(amounts);
+    }
+    connect(this, &QLineEdit::textEdited, this, [this] { setQuiet(false); }); // the user's beyond doubt; comes first
+    connect(this, &QLineEdit::textChanged, this, [this] { reportChange(); });
+    connect(this, &QLineEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
+}
+
+WidgetRange EntryLine::heldSelection() const
+{
+    return hasSelectedText() ? WidgetRange{selectionStart(), selectionLength()} : WidgetRange{cursorPosition(), 0};
+}
+
+void EntryLine::holdSelection(WidgetRange range)
+{
+    setSelection(static_cast<int>(range.start), static_cast<int>(range.length));
+}
+
+void EntryLine::holdCaretAtStart()
+{
+    caretDue_ = isAtRest();
+    if (!caretDue_) {
+        holdSelection({0, 0});
+    }
+}
+
+bool EntryLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && claims(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    if (event->type() == QEvent::ToolTip && isAtRest() && isCut()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipText(text()), this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void EntryLine::nativeKeyPress(QKeyEvent& key)
+{
+    // A key that types by itself pastes nothing, and asking Qt about a key is a twentieth of its way.
+    const bool typing = key.modifiers() == Qt::NoModifier && !key.text().isEmpty();
+    if (!typing && key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
+        key.accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(&key);
+}
+
+bool EntryLine::pasteFitting(QClipboard::Mode mode)
+{
+    const QString offered = QApplication::clipboard()->text(mode);
+    const QString fits = fit(offered, heldSelection());
+    if (isReadOnly() || fits == offered) {
+        return false;
+    }
+    insert(fits);
+    return true;
+}
+
+void EntryLine::focusInEvent(QFocusEvent* event)
+{
+    left_ = false;
+    if (std::exchange(caretDue_, false)) {
+        showSelection();
+    }
+    QLineEdit::focusInEvent(event);
+}
+
+void EntryLine::focusOutEvent(QFocusEvent* event)
+{
+    // A combo box moves the focus into its list without calling that a pop-up's, and the line would drop
+    // its selection: the completed tail that the next key is to replace.
+    const Qt::FocusReason reason = QApplication::activePopupWidget() ? Qt::PopupFocusReason : event->reason();
+    left_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::MenuBarFocusReason &&
+            reason != Qt::PopupFocusReason; // from those it comes back
+    QFocusEvent left(event->type(), reason);
+    QLineEdit::focusOutEvent(&left);
+}
+
+void EntryLine::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool pastes = event->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection();
+    if (pastes && !isReadOnly()) {
+        deselect(); // this paste goes beside the selection, which is often its source
+        if (pasteFitting(QClipboard::Selection)) {
+            return;
+        }
+    }
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void EntryLine::dropEvent(QDropEvent* event)
+{
+    const QString offered = event->mimeData()->text();
+    const QString fits = fit(offered, {});
+    if (isReadOnly() || fits == offered) {
+        QLineEdit::dropEvent(event);
+        return;
+    }
+    QMimeData cutData;
+    cutData.setText(fits);
+    QDropEvent cut(event->position(), event->possibleActions(), &cutData, event->buttons(), event->modifiers());
+    cut.setDropAction(event->dropAction());
+    QLineEdit::dropEvent(&cut);
+    event->setDropAction(Qt::CopyAction); // lest the source delete what has not come over
+    event->accept();
+}
+
+void EntryLine::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* menu = createStandardContextMenu();
+    if (!menu) {
+        return;
+    }
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* action : menu->actions()) {
+        if (action->text().startsWith(QLineEdit::tr("&Paste"))) { // Qt gives it no other name
+            action->disconnect(this);
+            connect(action, &QAction::triggered, this, [this] {
+                if (!pasteFitting(QClipboard::Clipboard)) {
+                    paste();
+                }
+            });
+        }
+    }
+    menu->popup(event->globalPos());
+}
+
+void EntryLine::initStyleOption(QStyleOptionFrame* option) const
+{
+    QLineEdit::initStyleOption(option);
+    if (isReadOnly()) {
+        option->palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+    }
+}
+
+void EntryLine::paintEvent(QPaintEvent* event)
+{
+    if (!isAtRest() || !isCut()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    const QRect area = textArea();
+    painter.setPen(palette().color(QPalette::Text));
+    painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(area, static_cast<int>(alignment().toInt()) | Qt::AlignAbsolute,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
+}
+
+QRect EntryLine::textArea() const
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(kMargin, 0, -kMargin, 0);
+}
+
+bool EntryLine::isAtRest() const
+{
+    return left_ || (isReadOnly() && !hasFocus());
+}
+
+bool EntryLine::isCut() const
+{
+    return fontMetrics().horizontalAdvance(text()) > textArea().width();
+}
+
+} // namespace orvan::qt

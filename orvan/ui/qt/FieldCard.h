@@ -1,0 +1,40 @@
+// FieldCard: a frame whose controls stand in rows and columns: labels, boxes, separators.
+//
+// Follows the size of the font and the length of the labels. A frame too small for its rows scrolls,
+// and the control with the focus comes into view. Looks as a card on the window with a thin
+// border. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/FormDesign.h"
+
+#include <QFrame>
+
+class QGridLayout;
+class QScrollArea;
+
+namespace orvan::qt {
+
+class FieldCard final : public QFrame {
+public:
+    explicit FieldCard(QWidget* parent);
+
+    /// Parent of the widgets that are added.
+    QWidget* content() const { return content_; }
+    /// Puts the widget into its row's cell. A label before its control, as in the design.
+    void add(QWidget& widget, const ui::ControlDesign& design);
+    /// The smallest size that shows all without scrolling.
+    QSize neededSize() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void addBox(QWidget& box, const ui::ControlDesign& design);
+    void alignLabels(int row);
+
+    QScrollArea* area_;
+    QWidget* content_;
+    QGridLayout* cells_;
+};
+
+} // namespace orvan::qt

@@ -1,0 +1,105 @@
+#include "orvan/ui/qt/FormFit.h"
+
+#include "orvan/ui/Surface.h"
+#include "orvan/ui/qt/ButtonPicture.h"
+#include "orvan/ui/qt/FieldCard.h"
+#include "orvan/ui/qt/SurfaceWidgets.h"
+#include "orvan/ui/qt/Twips.h"
+
+#include <QPushButton>
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace orvan::qt {
+
+namespace {
+
+constexpr int kPictureSpace = 9;  ///< Around a picture alone, both sides together.
+constexpr int kCaptionSpace = 10; ///< Beside a caption, over what the style leaves.
+
+/// A button's picture grows with the text beside it.
+QSize fitButton(QPushButton& button, bool captioned)
+{
+    const int picture = std::max(kButtonPictureSize, button.fontMetrics().height());
+    button.setIconSize({picture, picture});
+    return captioned ? button.sizeHint() + QSize(kCaptionSpace, 0)
+                     : QSize(picture + kPictureSpace, picture + kPictureSpace);
+}
+
+QSize neededSize(const ui::ControlDesign& design, QWidget& widget)
+{
+    if (auto* button = dynamic_cast<QPushButton*>(&widget)) {
+        return fitButton(*button, !design.caption.empty());
+    }
+    if (auto* card = dynamic_cast<FieldCard*>(&widget)) {
+        return card->neededSize();
+    }
+    return design.kind == ui::ControlKind::toolBar ? QSize(0, widget.sizeHint().height()) : QSize();
+}
+
+using Extent = std::pair<float, float>; ///< Right and bottom edge.
+
+Extent extentOf(const ui::Control& control)
+{
+    return {control.left() + control.width(), control.top() + control.height()};
+}
+
+/// Of all that stands in a frame, or on the surface itself.
+Extent extentInside(const ui::Surface& surface, std::string_view frame)
+{
+    Extent all;
+    for (const ui::ControlDesign& row : surface.design().controls) {
+        if (row.parent == frame) {
+            const Extent one = extentOf(surface.control<ui::Control>(row.name));
+            all = {std::max(all.first, one.first), std::max(all.second, one.second)};
+        }
+    }
+    return all;
+}
+
+void makeRoom(const ui::Surface& surface, std::string_view name, float width, float height)
+{
+    auto& control = surface.control<ui::Control>(name);
+    const float wider = std::max(width - control.width(), 0.0F);
+    const float higher = std::max(height - control.height(), 0.0F);
+    if (wider == 0 && higher == 0) {
+        return;
+    }
+    const auto [right, bottom] = extentOf(control);
+    const auto& rows = surface.design().controls;
+    const auto own = std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.name == name; });
+    for (const ui::ControlDesign& row : rows) {
+        auto& other = surface.control<ui::Control>(row.name);
+        if (row.parent == own->parent && &other != &control) {
+            const bool beside = other.left() >= right && other.top() < bottom && extentOf(other).second > control.top();
+            const bool below = other.top() >= bottom;
+            other.move(other.left() + (beside ? wider : 0), other.top() + (below ? higher : 0));
+        }
+    }
+    control.move(control.left(), control.top(), control.width() + wider, control.height() + higher);
+    if (!own->parent.empty()) {
+        const Extent inside = extentInside(surface, own->parent);
+        makeRoom(surface, own->parent, inside.first, inside.second);
+    }
+}
+
+} // namespace
+
+QSize fitToContents(const ui::Surface& surface)
+{
+    const ui::FormDesign& form = surface.design();
+    const Extent designed = extentInside(surface, {});
+    for (const ui::ControlDesign& row : form.controls) {
+        if (QWidget* widget = widgetOf(surface.control<ui::Control>(row.name))) {
+            const QSize needed = neededSize(row, *widget);
+            makeRoom(surface, row.name, toTwips(needed.width()), toTwips(needed.height()));
+        }
+    }
+    const Extent fitted = extentInside(surface, {});
+    return {toPixels(form.width - designed.first + fitted.first),
+            toPixels(form.height - designed.second + fitted.second)};
+}
+
+} // namespace orvan::qt

@@ -1,0 +1,197 @@
+#include "orvan/ui/qt/GridView.h"
+
+#include "orvan/ui/qt/GridHeader.h"
+#include "orvan/ui/qt/GridPaint.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+namespace orvan::qt {
+
+GridView::GridView(QWidget* parent) : QTableView(parent), header_(new GridHeader(this))
+{
+    setHorizontalHeader(header_);
+    setItemDelegate(new GridDelegate(this));
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    updateRowHeight();
+}
+
+void GridView::updateRowHeight()
+{
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(gridRowHeight(fontMetrics()));
+}
+
+void GridView::applyLayout(const std::function<void()>& change)
+{
+    const QScopedValueRollback program(programActs_, true);
+    const QScopedValueRollback still(mayScroll_, false);
+    change();
+    executeDelayedItemsLayout();
+    updateGeometries();
+    viewport()->update();
+}
+
+int GridView::firstShownColumn() const
+{
+    for (int column = 0; column < header_->count(); ++column) {
+        if (!header_->isSectionHidden(column)) {
+            return column;
+        }
+    }
+    return 0;
+}
+
+void GridView::setCurrentRow(int row, bool reveal)
+{
+    const QScopedValueRollback program(programActs_, true);
+    const QScopedValueRollback still(mayScroll_, reveal);
+    const QModelIndex now = currentIndex();
+    const bool keepsColumn = now.isValid() && !header_->isSectionHidden(now.column());
+    const QModelIndex index = model()->index(row, keepsColumn ? now.column() : firstShownColumn());
+    if (!index.isValid()) {
+        selectionModel()->clear();
+        return;
+    }
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (reveal) {
+        scrollTo(index);
+    }
+}
+
+void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    if (!mayScroll_) {
+        return;
+    }
+    const int across = horizontalScrollBar()->value(); // rows are chosen, not cells: only up and down
+    QTableView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(across);
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    viewport()->update(); // the whole row, to the right of its cells too
+    if (!programActs_ && current.isValid() && current.row() != previous.row() && onUserRow) {
+        onUserRow(current.row());
+    }
+}
+
+QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* /*event*/) const
+{
+    // Always the current row, whatever key is held: no row is current without being selected.
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                           : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
+}
+
+void GridView::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        updateRowHeight();
+    }
+}
+
+void GridView::focusInEvent(QFocusEvent* event)
+{
+    // The base makes the first row current when there is none; coming in by Tab chooses nothing.
+    const int row = currentIndex().isValid() ? currentIndex().row() : -1;
+    {
+        const QScopedValueRollback program(programActs_, true);
+        const QScopedValueRollback still(mayScroll_, false);
+        QTableView::focusInEvent(event);
+    }
+    setCurrentRow(row, false);
+    viewport()->update();
+}
+
+void GridView::focusOutEvent(QFocusEvent* event)
+{
+    QTableView::focusOutEvent(event);
+    viewport()->update();
+}
+
+void GridView::keyPressEvent(QKeyEvent* event)
+{
+    QScrollBar* across = horizontalScrollBar();
+    if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+        const bool right = (event->key() == Qt::Key_Right) != isRightToLeft();
+        across->triggerAction(right ? QScrollBar::SliderSingleStepAdd : QScrollBar::SliderSingleStepSub);
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void GridView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        QTableView::mousePressEvent(event);
+    }
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const int row = rowAt(qRound(event->position().y()));
+    const QPointer<GridView> alive(this); // choosing the row may end the grid
+    QTableView::mouseDoubleClickEvent(event);
+    if (alive && row >= 0 && row != currentIndex().row()) { // right of the cells the base chooses nothing
+        selectionModel()->setCurrentIndex(model()->index(row, firstShownColumn()),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    if (alive && onUserDoubleClick) {
+        const auto report = onUserDoubleClick; // a copy: the report may end the grid
+        report(row);
+    }
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        event->ignore(); // no column is current, and a row has no menu: the window's own, if it has one
+    } else if (const auto report = onUserRightClick) { // a copy: the report may end the grid
+        report(rowAt(event->y()), columnAt(event->x()));
+    }
+}
+
+void GridView::paintEvent(QPaintEvent* event)
+{
+    // Rows reach the edge, beyond their last cell.
+    const QRect rest = event->rect() & header_->restBeyondColumns(viewport()->rect());
+    if (!rest.isEmpty() && model()) {
+        QPainter painter(viewport());
+        for (int row = rowAt(rest.top()); row >= 0 && row < model()->rowCount(); ++row) {
+            const int top = rowViewportPosition(row);
+            if (top > rest.bottom()) {
+                break;
+            }
+            painter.fillRect(rest.left(), top, rest.width(), rowHeight(row),
+                             rowColours(*this, row, row == currentIndex().row()).ground);
+        }
+    }
+    QTableView::paintEvent(event);
+    if (hasFocus() && !currentIndex().isValid()) { // no current row to show where the focus is
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+} // namespace orvan::qt

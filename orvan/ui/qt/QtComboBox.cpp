@@ -1,0 +1,226 @@
+#include "orvan/ui/qt/QtComboBox.h"
+
+#include "orvan/ui/qt/EntryLine.h"
+#include "orvan/ui/qt/KeyFilter.h"
+#include "orvan/ui/qt/QtText.h"
+
+#include <QAbstractListModel>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QListView>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace orvan::qt {
+
+namespace {
+
+/// Rows whose texts the list's width goes by, and its bound in widths of the box.
+constexpr int kMeasuredRows = 200;
+constexpr int kWidestInBoxes = 3;
+/// Characters that the box itself asks room for; without a number Qt would measure every row.
+constexpr int kLeastCharacters = 8;
+/// Rows laid out before the list is painted; the rest follow while the program is idle.
+constexpr int kRowsAtOnce = 1000;
+
+} // namespace
+
+/// The rows as they stood when the list was opened, as many as there are still.
+class ComboRows final : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    QPointer<ComboPort> port;
+
+    void readAgain()
+    {
+        beginResetModel();
+        count_ = port ? port->combo().count() : 0;
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (!port || (role != Qt::DisplayRole && role != Qt::EditRole) || index.row() >= port->combo().count()) {
+            return {};
+        }
+        return toQt(port->combo().itemText(index.row()));
+    }
+
+private:
+    int count_ = 0;
+};
+
+/// The list that drops down. What is typed while it is open goes into the line; Qt would search all
+/// the rows for it.
+class DropDownList final : public QListView {
+public:
+    DropDownList(QWidget* parent, EntryLine& line) : QListView(parent), line_(line) {}
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (charactersOf(*event).empty()) {
+            QListView::keyPressEvent(event);
+        } else {
+            line_.QLineEdit::event(event);
+        }
+    }
+
+private:
+    EntryLine& line_;
+};
+
+class ComboWidget final : public QComboBox {
+public:
+    ComboWidget(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+        : QComboBox(parent), line_(new EntryLine(design, this, platform)), rows_(new ComboRows(this)),
+          list_(new DropDownList(this, *line_))
+    {
+        setEditable(true);
+        setLineEdit(line_);
+        setCompleter(nullptr);
+        setInsertPolicy(NoInsert);
+        // On Enter and on leaving, Qt would look the text up in the list and choose what it finds.
+        QObject::disconnect(line_, &QLineEdit::editingFinished, this, nullptr);
+        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+        setMinimumContentsLength(kLeastCharacters);
+        list_->setUniformItemSizes(true);
+        list_->setLayoutMode(QListView::Batched);
+        list_->setBatchSize(kRowsAtOnce);
+        list_->setTextElideMode(Qt::ElideRight);
+        setModel(rows_);
+        setView(list_);
+        // Told of a reset, Qt would empty the text. The list itself still hears of it.
+        QObject::disconnect(rows_, nullptr, this, nullptr);
+        connect(this, &QComboBox::activated, this, [this](int row) { choose(row); });
+    }
+
+    EntryLine& line() { return *line_; }
+
+    void attach(ComboPort* port) { rows_->port = port; }
+
+    void listChanged()
+    {
+        stale_ = true;
+        if (list_->isVisible() && !reading_) {
+            // Once for all the rows that are being added.
+            reading_ = true;
+            QMetaObject::invokeMethod(
+                this, [this] { readWhileOpen(); }, Qt::QueuedConnection);
+        }
+    }
+
+    void showPopup() override
+    {
+        readAgain();
+        if (rows_->rowCount({}) == 0) {
+            return;
+        }
+        fitWidth();
+        QComboBox::showPopup();
+        const int chosen = rows_->port ? rows_->port->combo().listIndex() : -1;
+        list_->setCurrentIndex(rows_->index(chosen));
+    }
+
+    void hidePopup() override
+    {
+        // What is chosen in the list Qt writes into the line before it says so; that is no typing.
+        line_->setQuiet(true);
+        QComboBox::hidePopup();
+        QMetaObject::invokeMethod(
+            this, [this] { line_->setQuiet(false); }, Qt::QueuedConnection);
+    }
+
+protected:
+    /// Qt's own way with keys would search the list; arrows choose, all else belongs to the line.
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+        const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+        if ((event->key() == Qt::Key_F4 && modifiers == Qt::NoModifier) || (arrow && modifiers == Qt::AltModifier)) {
+            showPopup();
+        } else if (arrow && modifiers == Qt::NoModifier && rows_->port) {
+            const ui::ComboBox& combo = rows_->port->combo();
+            const std::int32_t row = combo.listIndex() + (event->key() == Qt::Key_Down ? 1 : -1);
+            if (row >= 0 && row < combo.count()) {
+                rows_->port->reportChoice(row);
+            }
+        } else {
+            line_->QLineEdit::event(event);
+        }
+    }
+
+    /// Scrolling over a form must not change what stands in it.
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+private:
+    void choose(int row)
+    {
+        line_->setQuiet(false);
+        if (rows_->port && row >= 0 && row < rows_->port->combo().count()) {
+            rows_->port->reportChoice(row); // may end the control
+        }
+    }
+
+    void readAgain()
+    {
+        if (stale_) {
+            stale_ = false;
+            rows_->readAgain();
+        }
+    }
+
+    void readWhileOpen()
+    {
+        reading_ = false;
+        if (!list_->isVisible()) {
+            return;
+        }
+        if (rows_->port && rows_->port->combo().count() == 0) {
+            hidePopup();
+        } else {
+            showPopup(); // at the height that the rows take now
+        }
+    }
+
+    /// As wide as its first rows, which are the likeliest.
+    void fitWidth()
+    {
+        int widest = 0;
+        for (int row = 0; row < std::min(rows_->rowCount({}), kMeasuredRows); ++row) {
+            widest = std::max(widest, list_->sizeHintForIndex(rows_->index(row)).width());
+        }
+        widest += 2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width();
+        list_->setMinimumWidth(std::min(widest, kWidestInBoxes * width()));
+    }
+
+    EntryLine* line_;
+    ComboRows* rows_;
+    DropDownList* list_;
+    bool stale_ = true;
+    bool reading_ = false;
+};
+
+QtComboBox::QtComboBox(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+    : QtComboBox(design, new ComboWidget(design, parent, platform))
+{
+}
+
+QtComboBox::QtComboBox(const ui::ControlDesign& design, ComboWidget* widget)
+    : QtEntry(design, widget, widget->line()), comboWidget_(*widget)
+{
+    comboWidget_.attach(this);
+}
+
+void QtComboBox::doListChanged()
+{
+    if (widget()) {
+        comboWidget_.listChanged();
+    }
+}
+
+} // namespace orvan::qt

@@ -1,0 +1,97 @@
+#include "orvan/ui/qt/QtControls.h"
+
+#include "orvan/ui/qt/ButtonPicture.h"
+#include "orvan/ui/qt/Colours.h"
+#include "orvan/ui/qt/FieldCard.h"
+#include "orvan/ui/qt/QtText.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+
+namespace orvan::qt {
+
+namespace {
+
+constexpr float kLineShade = 0.15F;
+
+Qt::Alignment alignmentOf(const ui::ControlDesign& design)
+{
+    return (design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(plainCaption(design.caption)); // QLabel shows every '&' until it has a buddy
+    label->setAlignment(alignmentOf(design));
+    return label;
+}
+
+/// In the colour of its neighbours' borders; QFrame's own lines stand out on a dark ground.
+class Separator final : public QFrame {
+public:
+    Separator(const ui::ControlDesign& design, QWidget* parent) : QFrame(parent)
+    {
+        const bool across = design.width >= design.height;
+        setSizePolicy(across ? QSizePolicy::Expanding : QSizePolicy::Fixed,
+                      across ? QSizePolicy::Fixed : QSizePolicy::Expanding);
+    }
+
+    QSize sizeHint() const override { return {1, 1}; }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), between(palette().color(QPalette::Base), palette().color(QPalette::Text), kLineShade));
+    }
+};
+
+QPushButton* newButton(const ui::ControlDesign& design, QWidget* parent)
+{
+    auto* button = new QPushButton(markedCaption(design.caption, design.mnemonic), parent);
+    button->setAutoDefault(false); // Enter belongs to the host's own default button
+    return button;
+}
+
+} // namespace
+
+QtFrame::QtFrame(const ui::ControlDesign& design, QWidget* parent, bool hasCells)
+    : Frame(design), QtWidgetHolder(hasCells ? new FieldCard(parent) : new QFrame(parent), design)
+{
+}
+
+QtLabel::QtLabel(const ui::ControlDesign& design, QWidget* parent)
+    : Label(design), QtWidgetHolder(newLabel(design, parent), design),
+      marked_(markedCaption(design.caption, design.mnemonic))
+{
+}
+
+void QtLabel::nameFor(QWidget* named)
+{
+    if (auto* label = static_cast<QLabel*>(widget())) {
+        label->setBuddy(named);
+        label->setText(marked_);
+    }
+}
+
+QtLine::QtLine(const ui::ControlDesign& design, QWidget* parent)
+    : Line(design), QtWidgetHolder(new Separator(design, parent), design)
+{
+}
+
+QtButton::QtButton(const ui::ControlDesign& design, QWidget* parent)
+    : Button(design), QtWidgetHolder(newButton(design, parent), design)
+{
+    auto* button = static_cast<QPushButton*>(widget());
+    if (!design.picture.empty()) {
+        button->setIcon(buttonPicture(design.picture, *button));
+        button->setIconSize({kButtonPictureSize, kButtonPictureSize});
+    }
+    QObject::connect(button, &QPushButton::clicked, context(), [this] { userClicked(); });
+}
+
+} // namespace orvan::qt

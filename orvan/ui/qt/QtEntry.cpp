@@ -1,0 +1,194 @@
+#include "orvan/ui/qt/QtEntry.h"
+
+#include "orvan/base/Text.h"
+#include "orvan/ui/LocaleSeparators.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/qt/KeyFilter.h"
+#include "orvan/ui/qt/QtText.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <optional>
+
+namespace orvan::qt {
+
+namespace {
+
+std::u32string decimalOf(ui::Platform& platform, ui::TextUse use)
+{
+    if (use == ui::TextUse::plain) {
+        return {};
+    }
+    return toQt(ui::keypadDecimal(platform.locale(), use)).toStdU32String();
+}
+
+QString toText(const std::u32string& characters)
+{
+    return QString::fromStdU32String(characters);
+}
+
+} // namespace
+
+EntryWidget::EntryWidget(const ui::ControlDesign& design, ui::Platform& platform, bool lines)
+    : text_(lines), lines_(lines), keypadDecimal_(decimalOf(platform, design.use))
+{
+}
+
+void EntryWidget::showText()
+{
+    if (!port_) {
+        return;
+    }
+    const QScopedValueRollback quiet(quiet_, true);
+    holdText(toQt(port_->entry().text()));
+    text_.set(port_->entry().text(), heldText());
+    holdCaretAtStart();
+}
+
+void EntryWidget::showSelection()
+{
+    if (!port_) {
+        return;
+    }
+    const QScopedValueRollback quiet(quiet_, true);
+    const ui::TextEntry& entry = port_->entry();
+    const qsizetype start = text_.positionAt(entry.text(), entry.selectionStart());
+    const qsizetype end = text_.positionAt(entry.text(), entry.selectionStart() + entry.selectionLength());
+    holdSelection({start, end - start});
+}
+
+void EntryWidget::reportChange()
+{
+    const QString held = heldText();
+    if (quiet_ || !port_ || held == text_.shown()) {
+        return;
+    }
+    std::string edited = text_.edited(port_->entry().text(), held);
+    text_.keep(held);
+    // The caret first, so that a handler of the change finds it where it stands.
+    const WidgetRange range = heldSelection();
+    const std::int32_t start = text_.characterAt(edited, range.start);
+    port_->reportSelection(start, text_.characterAt(edited, range.start + range.length) - start);
+    const std::int32_t limit = port_->entry().maxLength();
+    if (limit > 0 && characterCount(edited) > static_cast<std::size_t>(limit) &&
+        characterCount(edited) > characterCount(port_->entry().text())) {
+        // Something that asks nobody has put it there, such as a help for those who see no screen.
+        edited.resize(firstCharacters(edited, static_cast<std::size_t>(limit)).size());
+        const QScopedValueRollback quiet(quiet_, true);
+        holdText(toQt(edited));
+        text_.keep(heldText());
+    }
+    port_->reportText(std::move(edited));
+}
+
+void EntryWidget::reportSelection()
+{
+    if (quiet_ || !port_ || heldText() != text_.shown()) {
+        return; // a change of the text is about to be reported, and the selection with it
+    }
+    const WidgetRange range = heldSelection();
+    const std::string& text = port_->entry().text();
+    const std::int32_t start = text_.characterAt(text, range.start);
+    port_->reportSelection(start, text_.characterAt(text, range.start + range.length) - start);
+}
+
+std::u32string EntryWidget::filtered(const std::u32string& characters)
+{
+    std::u32string typed;
+    for (const char32_t character : characters) {
+        const char32_t put = port_ ? port_->reportKey(character) : 0;
+        if (put != 0) {
+            typed += put;
+        }
+    }
+    return typed;
+}
+
+void EntryWidget::pressKey(QKeyEvent& key)
+{
+    const bool decimal = !keypadDecimal_.empty() && isKeypadDecimal(key);
+    const std::u32string offered = decimal ? keypadDecimal_ : charactersOf(key);
+    if (offered.empty()) {
+        nativeKeyPress(key);
+        return;
+    }
+    const std::u32string typed = hearsKeys() ? filtered(offered) : offered;
+    if (!port_) {
+        key.accept(); // the box has gone with its form
+    } else if (typed == offered && isControl(offered)) {
+        nativeKeyPress(key);
+    } else {
+        const QString text = toText(typed);
+        const QString fits = fit(text, heldSelection());
+        if (fits == text && fits == key.text()) {
+            nativeKeyPress(key);
+        } else {
+            type(fits);
+            key.accept(); // also where nothing is typed: the key has been dealt with
+        }
+    }
+}
+
+void EntryWidget::type(const QString& text)
+{
+    if (!text.isEmpty()) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
+        nativeKeyPress(key);
+    }
+}
+
+bool EntryWidget::claims(const QKeyEvent& key) const
+{
+    return hearsKeys() && goesBeforeShortcuts(key);
+}
+
+void EntryWidget::input(QInputMethodEvent& input)
+{
+    const QString written = input.commitString();
+    if (written.isEmpty()) {
+        nativeInput(input);
+        return;
+    }
+    const std::u32string offered = written.toStdU32String();
+    const QString typed = hearsKeys() ? toText(filtered(offered)) : written;
+    if (!port_) {
+        input.accept();
+        return;
+    }
+    WidgetRange replaced = heldSelection();
+    if (replaced.length == 0 && input.replacementLength() > 0) {
+        replaced = {replaced.start + input.replacementStart(), input.replacementLength()};
+    }
+    const QString fits = fit(typed, replaced);
+    if (fits == written) {
+        nativeInput(input);
+        return;
+    }
+    QInputMethodEvent changed(input.preeditString(), input.attributes());
+    changed.setCommitString(fits, input.replacementStart(), input.replacementLength());
+    nativeInput(changed);
+    input.accept();
+}
+
+QString EntryWidget::fit(const QString& piece, WidgetRange replaced) const
+{
+    if (!port_) {
+        return piece;
+    }
+    const ui::TextEntry& entry = port_->entry();
+    std::optional<std::int64_t> room;
+    if (entry.maxLength() > 0) {
+        const QString held = heldText();
+        const std::string now = text_.edited(entry.text(), held); // in a move by drag, ahead of the report
+        EntryText map(lines_);
+        map.set(now, held);
+        const std::int64_t going =
+            map.characterAt(now, replaced.start + replaced.length) - map.characterAt(now, replaced.start);
+        room = entry.maxLength() - static_cast<std::int64_t>(characterCount(now)) + going;
+    }
+    return toQt(ui::fitForEntry(fromQt(piece), lines_ ? text_.lineEnd() : std::string_view(" "), room));
+}
+
+} // namespace orvan::qt

@@ -1,0 +1,216 @@
+#include "orvan/ui/qt/QtForm.h"
+
+#include "orvan/ui/qt/FormFit.h"
+#include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/QtTimer.h"
+#include "orvan/ui/qt/Twips.h"
+#include "orvan/ui/qt/WindowHandles.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QWindow>
+
+namespace orvan::qt {
+
+namespace {
+
+/// What a window's border and caption may take of the screen; unknown before it is shown.
+constexpr QSize kDecoration(16, 48);
+
+/// Not to be minimized, as the program's other windows wait for it.
+constexpr Qt::WindowFlags kFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                   Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
+
+/// The window that a new one is to stand above; null when the program has none in front.
+QWidget* windowInFront()
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+/// As Tab does; its reason for the focus would be lost where the window becomes active only later.
+void selectFirst(const QWidget* window)
+{
+    QWidget* focus = window ? window->focusWidget() : nullptr;
+    auto* combo = dynamic_cast<QComboBox*>(focus);
+    auto* line = combo ? combo->lineEdit() : dynamic_cast<QLineEdit*>(focus);
+    if (line) {
+        line->selectAll();
+    }
+}
+
+} // namespace
+
+class QtForm::Window final : public QWidget {
+public:
+    explicit Window(QtForm& form) : QWidget(nullptr, kFlags), form_(&form)
+    {
+        setWindowModality(Qt::ApplicationModal);
+        setAttribute(Qt::WA_QuitOnClose, false); // whoever shows the form goes on when it is closed
+    }
+
+    /// The form is going: the window stays for the rest of the event that is running.
+    void detach() { form_ = nullptr; }
+
+    void standAbove(QWidget* other)
+    {
+        const QScreen* screen = other ? other->screen() : QApplication::primaryScreen();
+        const QRect available = screen->availableGeometry();
+        QRect place(QPoint(), size() + kDecoration);
+        place.moveCenter(other ? other->window()->frameGeometry().center() : available.center());
+        place.moveRight(std::min(place.right(), available.right()));
+        place.moveBottom(std::min(place.bottom(), available.bottom()));
+        place.moveLeft(std::max(place.left(), available.left()));
+        place.moveTop(std::max(place.top(), available.top()));
+        move(place.topLeft());
+        winId(); // the window system's window must be there to be told
+        windowHandle()->setTransientParent(other ? other->window()->windowHandle() : nullptr);
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        if (form_) {
+            form_->unload(ui::UnloadMode::closeBox);
+        }
+        event->setAccepted(!form_ || !form_->loaded());
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        // What no control took. A key held down since another window was open repeats here.
+        auto* button = dynamic_cast<QPushButton*>(focusWidget());
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (event->isAutoRepeat() || !form_) {
+            event->accept();
+        } else if (event->key() == Qt::Key_Escape) {
+            form_->userPressedEscape();
+        } else if (enter && button) {
+            button->click();
+        } else {
+            QWidget::keyPressEvent(event);
+        }
+    }
+
+    /// The program's, while the form is shown.
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() != QEvent::Quit || !form_ || !form_->loaded()) {
+            return false;
+        }
+        form_->unload(ui::UnloadMode::session);
+        const bool stays = form_->loaded();
+        event->setAccepted(!stays);
+        return stays;
+    }
+
+private:
+    QtForm* form_;
+};
+
+QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform)
+    : Form(design, platform), window_(new Window(*this)), widgets_(*this, platform, window_)
+{
+    widgets_.onUserFocus = [this](ui::Control& to) { userMovedFocus(to); };
+    widgets_.onHostSize = [this](int width, int height) { setInnerSize(toTwips(width), toTwips(height)); };
+    try {
+        buildControls();
+    } catch (...) {
+        delete window_;
+        throw;
+    }
+    widgets_.complete();
+    doSetCaption();
+    QWidget* front = windowInFront();
+    const QScreen* screen = front ? front->screen() : QApplication::primaryScreen();
+    window_->resize(fitToContents(*this).boundedTo(screen->availableSize() - kDecoration));
+    setInnerSize(toTwips(window_->width()), toTwips(window_->height()));
+}
+
+QtForm::~QtForm()
+{
+    if (window_) {
+        window_->detach();
+        window_->hide();
+        window_->deleteLater();
+    }
+}
+
+std::unique_ptr<ui::Control> QtForm::make(const ui::ControlDesign& design, ui::Control* parent)
+{
+    return widgets_.make(design, parent);
+}
+
+std::int32_t QtForm::window()
+{
+    return window_ && window_->isVisible() ? windowHandle(window_) : 0;
+}
+
+void QtForm::doSetCaption()
+{
+    if (window_) {
+        window_->setWindowTitle(toQt(caption()));
+    }
+}
+
+void QtForm::doShowModal()
+{
+    QEventLoop loop;
+    const QScopedValueRollback shown(loop_, &loop);
+    const QPointer<QWidget> front = windowInFront();
+    if (window_) {
+        window_->standAbove(front);
+        qApp->installEventFilter(window_);
+        QObject::connect(window_, &QObject::destroyed, &loop, &QEventLoop::quit);
+        window_->show();
+        window_->activateWindow();
+        if (loaded()) { // the first resize may have failed, and a host may close on an error
+            focusFirst();
+        }
+        selectFirst(window_);
+    }
+    if (loaded()) {
+        loop.exec(QEventLoop::DialogExec);
+    }
+    unload(ui::UnloadMode::session); // nothing, but for a program that ended under the form
+    if (window_) {
+        qApp->removeEventFilter(window_);
+        window_->hide();
+    }
+    if (front) {
+        // A window manager does so by itself, but not where a message box of the form's has gone just
+        // before the form: it then still means to focus the form.
+        front->window()->activateWindow();
+    }
+}
+
+void QtForm::repaint()
+{
+    if (window_) {
+        window_->update();
+    }
+}
+
+void QtForm::doUnload()
+{
+    for (const ui::ControlDesign& row : design().controls) {
+        if (row.kind == ui::ControlKind::timer) {
+            control<QtTimer>(row.name).end();
+        }
+    }
+    if (window_) {
+        window_->hide();
+    }
+    if (loop_) {
+        loop_->quit();
+    }
+}
+
+} // namespace orvan::qt

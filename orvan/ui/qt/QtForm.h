@@ -1,0 +1,41 @@
+// QtForm: a form as a window that blocks the program's other windows while it is shown.
+//
+// The window has no owner: nothing that a host destroys takes it along. It stands above the program's
+// active window, in its middle, as large as the design says, or larger where fonts and texts need it,
+// and within the screen; no size or place is kept for the next time. Escape and the close box ask to
+// close, and Enter is the control's that has the focus. Quitting the program asks the form to close
+// (UnloadMode::session), and the program stays where the form does. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/Form.h"
+#include "orvan/ui/qt/SurfaceWidgets.h"
+
+class QEventLoop;
+
+namespace orvan::qt {
+
+class QtForm final : public ui::Form {
+public:
+    /// Raises what ui::Surface does, and 380 for a button picture that does not exist.
+    QtForm(const ui::FormDesign& design, ui::Platform& platform);
+    ~QtForm() override;
+
+    /// A number of windowHandle() while the window is shown.
+    std::int32_t window() override;
+    void repaint() override;
+
+private:
+    class Window;
+
+    std::unique_ptr<ui::Control> make(const ui::ControlDesign& design, ui::Control* parent) override;
+    void doSetFocus(ui::Control& to) override { widgets_.setFocus(to); }
+    void doSetCaption() override;
+    void doShowModal() override;
+    void doUnload() override;
+
+    QPointer<Window> window_;
+    SurfaceWidgets widgets_;
+    QEventLoop* loop_ = nullptr; ///< While it is shown.
+};
+
+} // namespace orvan::qt

@@ -1,0 +1,129 @@
+#include "orvan/ui/qt/QtGrid.h"
+
+#include "orvan/ui/LocaleSeparators.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/qt/GridHeader.h"
+#include "orvan/ui/qt/GridModel.h"
+#include "orvan/ui/qt/GridPaint.h"
+#include "orvan/ui/qt/GridView.h"
+#include "orvan/ui/qt/Twips.h"
+
+namespace orvan::qt {
+
+namespace {
+
+/// QHeaderView keeps a section's size in twenty bits.
+constexpr int kWidestColumn = (1 << 20) - 1;
+
+} // namespace
+
+QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+    : Grid(design, ui::gridSeparators(platform.locale())), QtWidgetHolder(new GridView(parent), design),
+      model_(new GridModel(*this, widget()))
+{
+    model_->isCut = [this](const QString& text, int column) {
+        return fitText(view()->fontMetrics(), text, view()->columnWidth(column)).cut;
+    };
+    view()->setModel(model_);
+    view()->onUserRow = [this](int row) { takeUserRow(row); };
+    view()->header().onUserResize = [this](int column, int pixels) { takeUserWidth(column, pixels); };
+    view()->onUserDoubleClick = [this](int row) { userDoubleClicked(clickedRow(row)); };
+    view()->header().onUserDoubleClick = [this] { userDoubleClicked(0); };
+    view()->onUserRightClick = [this](int row, int column) { takeRightClick(clickedRow(row), column); };
+    view()->header().onUserRightClick = [this](int column) { takeRightClick(0, column); };
+    doUpdate({.cells = true, .layout = true, .currentRow = false});
+}
+
+QtGrid::~QtGrid()
+{
+    if (view()) { // which outlives this for the rest of the event that is running
+        model_->isCut = nullptr;
+        model_->detach();
+        view()->onUserRow = nullptr;
+        view()->header().onUserResize = nullptr;
+        view()->onUserDoubleClick = nullptr;
+        view()->header().onUserDoubleClick = nullptr;
+        view()->onUserRightClick = nullptr;
+        view()->header().onUserRightClick = nullptr;
+    }
+}
+
+GridView* QtGrid::view() const
+{
+    return static_cast<GridView*>(widget());
+}
+
+void QtGrid::doSuspend()
+{
+    if (view()) {
+        view()->setUpdatesEnabled(false);
+    }
+}
+
+void QtGrid::doUpdate(const ui::GridChanges& changes)
+{
+    if (!view()) {
+        return;
+    }
+    if (changes.layout) {
+        view()->applyLayout([this] {
+            model_->publish();
+            applyColumns();
+        });
+    } else if (changes.cells) {
+        model_->publish();
+    }
+    if (changes.layout || changes.currentRow) {
+        applyCurrentRow(changes.currentRow);
+    }
+    view()->header().viewport()->update();
+    view()->setUpdatesEnabled(true);
+}
+
+void QtGrid::applyColumns()
+{
+    GridHeader& header = view()->header();
+    // The view would lay out once more, later, for each section that it hears of; applyLayout does.
+    const QSignalBlocker quiet(header);
+    header.setUserResizing(userResizing());
+    header.setVisible(fixedRows() > 0);
+    for (std::int32_t column = 0; column < columnCount(); ++column) {
+        header.setSectionHidden(column, columnHidden(column));
+        if (!columnHidden(column)) {
+            header.resizeSection(column, std::min(toPixels(static_cast<float>(columnWidth(column))), kWidestColumn));
+        }
+    }
+}
+
+void QtGrid::applyCurrentRow(bool reveal)
+{
+    view()->setCurrentRow(model_->modelRow(currentRow()), reveal);
+}
+
+void QtGrid::takeUserRow(int row)
+{
+    const std::int32_t chosen = model_->gridRow(row);
+    if (chosen < rowCount()) { // else it is a row whose removal the view has yet to hear of
+        userChoseRow(chosen);
+    }
+}
+
+std::int32_t QtGrid::clickedRow(int row) const
+{
+    const std::int32_t clicked = row < 0 ? -1 : model_->gridRow(row);
+    return clicked < rowCount() ? clicked : -1;
+}
+
+void QtGrid::takeRightClick(std::int32_t row, int column)
+{
+    userRightClicked(row, column < columnCount() ? column : -1);
+}
+
+void QtGrid::takeUserWidth(int column, int pixels)
+{
+    if (column < columnCount()) {
+        userResizedColumn(column, pixels * kTwipsPerPixel);
+    }
+}
+
+} // namespace orvan::qt

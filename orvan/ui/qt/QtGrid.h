@@ -1,0 +1,43 @@
+// QtGrid: the grid as a QTableView that asks for the cells it paints.
+//
+// A long list costs its values and nothing for each cell: no item objects, no texts made in advance.
+// Column widths are shown in the nearest pixel and stay in twips as set; only the user's resizing
+// writes a new one. Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/Grid.h"
+#include "orvan/ui/qt/QtWidgetHolder.h"
+
+namespace orvan::ui {
+class Platform;
+}
+
+namespace orvan::qt {
+
+class GridModel;
+class GridView;
+
+class QtGrid final : public ui::Grid, public QtWidgetHolder {
+public:
+    QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform);
+    ~QtGrid() override;
+
+private:
+    void doMove() override { place(*this); }
+    void doUpdate(const ui::GridChanges& changes) override;
+    void doSuspend() override;
+
+    /// Null once the widget has been destroyed.
+    GridView* view() const;
+    void applyColumns();
+    void applyCurrentRow(bool reveal);
+    void takeUserRow(int row);
+    void takeRightClick(std::int32_t row, int column);
+    /// The grid's row of one that the view told; -1 for none, also for one whose removal it has yet to hear of.
+    std::int32_t clickedRow(int row) const;
+    void takeUserWidth(int column, int pixels);
+
+    GridModel* model_; ///< Child of the view: gone when view() is null.
+};
+
+} // namespace orvan::qt

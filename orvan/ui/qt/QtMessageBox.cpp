@@ -1,0 +1,76 @@
+#include "orvan/ui/qt/QtMessageBox.h"
+
+#include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/WindowHandles.h"
+
+#include <QMessageBox>
+#include <QPointer>
+
+namespace orvan::qt {
+
+namespace {
+
+struct Buttons {
+    QMessageBox::StandardButtons shown;
+    QMessageBox::StandardButton preset;  ///< Taken by Enter.
+    QMessageBox::StandardButton closing; ///< Taken by Escape and by closing the box.
+};
+
+Buttons buttonsOf(ui::MessageButtons buttons)
+{
+    switch (buttons) {
+    case ui::MessageButtons::ok: break;
+    case ui::MessageButtons::yesNo: return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case ui::MessageButtons::yesNoCancel:
+        return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes, QMessageBox::Cancel};
+    }
+    return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+}
+
+QMessageBox::Icon iconOf(ui::MessageIcon icon)
+{
+    switch (icon) {
+    case ui::MessageIcon::critical: return QMessageBox::Critical;
+    case ui::MessageIcon::question: return QMessageBox::Question;
+    case ui::MessageIcon::exclamation: return QMessageBox::Warning;
+    case ui::MessageIcon::information: return QMessageBox::Information;
+    }
+    return QMessageBox::NoIcon;
+}
+
+ui::MessageResult resultOf(QMessageBox::StandardButton button)
+{
+    switch (button) {
+    case QMessageBox::Yes: return ui::MessageResult::yes;
+    case QMessageBox::No: return ui::MessageResult::no;
+    case QMessageBox::Cancel: return ui::MessageResult::cancel;
+    default: return ui::MessageResult::ok;
+    }
+}
+
+} // namespace
+
+ui::MessageResult QtMessageBox::show(const ui::Message& message)
+{
+    const Buttons buttons = buttonsOf(message.buttons);
+    QWidget* owner = windowOf(message.ownerWindow);
+    // Not on the stack: the owner may be destroyed, and the box with it, while the user reads.
+    QPointer<QMessageBox> box = new QMessageBox(owner ? owner->window() : nullptr);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(toQt(message.text));
+    box->setWindowTitle(toQt(message.title));
+    box->setIcon(iconOf(message.icon));
+    box->setStandardButtons(buttons.shown);
+    box->setDefaultButton(buttons.preset);
+    box->setEscapeButton(buttons.closing);
+    box->exec();
+    if (!box) {
+        return resultOf(buttons.closing);
+    }
+    QAbstractButton* clicked = box->clickedButton();
+    const auto answer = clicked ? box->standardButton(clicked) : buttons.closing;
+    box->deleteLater();
+    return resultOf(answer);
+}
+
+} // namespace orvan::qt

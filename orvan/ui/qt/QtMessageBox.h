@@ -1,0 +1,16 @@
+// QtMessageBox: message boxes as QMessageBox shows them.
+//
+// The text is shown as it stands, whatever it contains. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/MessageBox.h"
+
+namespace orvan::qt {
+
+class QtMessageBox : public ui::MessageBox {
+public:
+    /// `message.ownerWindow` is a number of windowHandle() (orvan/ui/qt/WindowHandles.h).
+    ui::MessageResult show(const ui::Message& message) override;
+};
+
+} // namespace orvan::qt

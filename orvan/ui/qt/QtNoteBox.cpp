@@ -1,0 +1,119 @@
+#include "orvan/ui/qt/QtNoteBox.h"
+
+#include "orvan/ui/qt/QtText.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QTextBlock>
+#include <QTextDocument>
+
+namespace orvan::qt {
+
+namespace {
+
+// Together as far as a text box's text stands from its edge.
+constexpr int kFrame = 2; ///< With the inner half of the focus ring.
+constexpr int kMargin = 2;
+constexpr int kLowestLines = 3;
+
+} // namespace
+
+class NoteEdit final : public QPlainTextEdit, public EntryWidget {
+public:
+    NoteEdit(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+        : QPlainTextEdit(parent), EntryWidget(design, platform, true)
+    {
+        setReadOnly(design.readOnly);
+        setTabChangesFocus(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // lines are wrapped
+        setFrameStyle(QFrame::Box | QFrame::Plain);           // for its width alone; see paintFrame
+        setLineWidth(kFrame);
+        // Outside the text, or a part of another line would be seen in it; below, the feet of the last
+        // line's letters have it.
+        document()->setDocumentMargin(0);
+        setViewportMargins(kMargin, kMargin, kMargin, 0);
+        connect(this, &QPlainTextEdit::textChanged, this, [this] { reportChange(); });
+        connect(this, &QPlainTextEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
+        connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
+    }
+
+    /// Whole lines, or the caret's would leave a part of another to be seen.
+    QSize minimumSizeHint() const override
+    {
+        const int text = kLowestLines * fontMetrics().lineSpacing() + 2 * (kMargin + kFrame);
+        return {QPlainTextEdit::minimumSizeHint().width(), text};
+    }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ShortcutOverride && claims(*static_cast<QKeyEvent*>(event))) {
+            event->accept();
+            return true;
+        }
+        if (event->type() == QEvent::Paint) {
+            paintFrame();
+            return true;
+        }
+        return QPlainTextEdit::event(event);
+    }
+    void keyPressEvent(QKeyEvent* event) override { pressKey(*event); }
+    void inputMethodEvent(QInputMethodEvent* event) override { input(*event); }
+    /// Every paste and every drop.
+    void insertFromMimeData(const QMimeData* source) override
+    {
+        QMimeData fitting;
+        fitting.setText(fit(source->text(), heldSelection()));
+        QPlainTextEdit::insertFromMimeData(&fitting);
+    }
+
+private:
+    /// As a box of one line has it; a frame of Qt's own would not show that it has the focus.
+    void paintFrame()
+    {
+        QStyleOptionFrame option;
+        option.initFrom(this);
+        option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, this);
+        option.state |= QStyle::State_Sunken;
+        QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    }
+    /// Not toPlainText, which makes blanks of no-break spaces and line ends of what is none.
+    QString heldText() const override { return document()->toRawText(); }
+    void holdText(const QString& text) override { setPlainText(text); }
+    WidgetRange heldSelection() const override
+    {
+        const QTextCursor cursor = textCursor();
+        return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+    }
+    void holdSelection(WidgetRange range) override
+    {
+        QTextCursor cursor = textCursor();
+        cursor.setPosition(static_cast<int>(range.start));
+        cursor.setPosition(static_cast<int>(range.start + range.length), QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+    }
+    void nativeKeyPress(QKeyEvent& key) override
+    {
+        if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+            QPlainTextEdit::keyPressEvent(&key);
+        } else if (!fit(QStringLiteral("\n"), heldSelection()).isEmpty()) {
+            // Shift or Ctrl held down makes no other kind of line end.
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+            QPlainTextEdit::keyPressEvent(&enter);
+        }
+    }
+    void nativeInput(QInputMethodEvent& input) override { QPlainTextEdit::inputMethodEvent(&input); }
+};
+
+QtNoteBox::QtNoteBox(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
+    : QtNoteBox(design, new NoteEdit(design, parent, platform))
+{
+}
+
+QtNoteBox::QtNoteBox(const ui::ControlDesign& design, NoteEdit* edit) : QtEntry(design, edit, *edit) {}
+
+} // namespace orvan::qt

@@ -1,0 +1,40 @@
+#include "orvan/ui/qt/QtPopupMenu.h"
+
+#include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/QtTools.h"
+
+#include <QCursor>
+
+namespace orvan::qt {
+
+QtPopupMenu::QtPopupMenu(const ui::ControlDesign& design, QWidget* parent)
+    : PopupMenu(design), menu_(new QMenu(parent)),
+      actions_(addTools(*menu_, *this, &context_, [this](std::string_view id) { userChoseTool(id); }))
+{
+    menu_->setObjectName(toQt(design.name));
+    menu_->setAccessibleName(plainCaption(design.caption));
+}
+
+QtPopupMenu::~QtPopupMenu()
+{
+    if (menu_) {
+        menu_->hide();
+        menu_->deleteLater(); // the choice that ends this is still the menu's event
+    }
+}
+
+void QtPopupMenu::popUp()
+{
+    if (menu_) {
+        menu_->popup(QCursor::pos());
+    }
+}
+
+void QtPopupMenu::doSetToolEnabled(std::size_t index, bool enabled)
+{
+    if (menu_) {
+        actions_[index]->setEnabled(enabled);
+    }
+}
+
+} // namespace orvan::qt

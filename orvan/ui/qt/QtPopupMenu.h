@@ -1,0 +1,30 @@
+// QtPopupMenu: the pop-up menu as a QMenu.
+//
+// The menu belongs to the widget it pops up over, so either may go first (see orvan/ui/qt/QtWidgetHolder.h). Thread:
+// the user-interface thread.
+#pragma once
+
+#include "orvan/ui/PopupMenu.h"
+
+#include <QMenu>
+#include <QPointer>
+
+namespace orvan::qt {
+
+class QtPopupMenu final : public ui::PopupMenu {
+public:
+    QtPopupMenu(const ui::ControlDesign& design, QWidget* parent);
+    ~QtPopupMenu() override;
+
+    void popUp() override;
+
+private:
+    void doMove() override {}
+    void doSetToolEnabled(std::size_t index, bool enabled) override;
+
+    QPointer<QMenu> menu_;
+    QObject context_;               ///< Receiver for the tools: none reports once this is gone.
+    std::vector<QAction*> actions_; ///< By tool. They go with the menu.
+};
+
+} // namespace orvan::qt

@@ -1,0 +1,170 @@
+#include "orvan/ui/qt/QtSettingsStore.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/ui/qt/QtText.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <optional>
+
+// Not QSettings: it shares what it has read, and what it failed to write, between all its objects of
+// one file in the process, so that neither a damaged file nor a failed change is told reliably.
+
+namespace orvan::qt {
+
+namespace {
+
+/// Far longer than any change takes; a lock left by a program that died is taken over by itself.
+constexpr int kLockMilliseconds = 5000;
+
+/// All but these and letters, digits and "-._~" is encoded; none of them means anything in a name
+/// or a value. '%' itself is always encoded.
+QByteArray encoded(std::string_view text, const QByteArray& plain)
+{
+    return QByteArray(text.data(), static_cast<qsizetype>(text.size())).toPercentEncoding(plain);
+}
+
+QByteArray headerLine(std::string_view application, std::string_view section)
+{
+    return '[' + encoded(application, {}) + '/' + encoded(section, {}) + ']';
+}
+
+QByteArray linePrefix(std::string_view key)
+{
+    return encoded(key, {}) + '=';
+}
+
+/// ASCII that a person can read stays, a space only where it cannot be lost at an end.
+QByteArray valueText(std::string_view value)
+{
+    return encoded(value, "!\"#$&'()*+,/:;<=>?@[\\]^`{|}");
+}
+
+bool isDamaged(const QByteArray& line)
+{
+    const bool blank = line.isEmpty() || line.startsWith(';') || line.startsWith('#');
+    const bool header = line.startsWith('[') && line.endsWith(']');
+    return line.contains('\0') || (!blank && !header && !line.contains('='));
+}
+
+struct Place {
+    std::optional<qsizetype> header; ///< The last line with the section's header.
+    std::optional<qsizetype> line;   ///< The last line with the key, as the last one counts.
+};
+
+Place findPlace(const QList<QByteArray>& lines, const QByteArray& header, const QByteArray& prefix)
+{
+    Place place;
+    bool inside = false;
+    for (qsizetype at = 0; at < lines.size(); ++at) {
+        if (lines[at].startsWith('[')) {
+            inside = lines[at] == header;
+            place.header = inside ? at : place.header;
+        } else if (inside && lines[at].startsWith(prefix)) {
+            place.line = at;
+        }
+    }
+    return place;
+}
+
+} // namespace
+
+QtSettingsStore::QtSettingsStore(const std::string& path) : path_(toQt(path)) {}
+
+std::string QtSettingsStore::defaultPath()
+{
+    return fromQt(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                  QStringLiteral("/Orvan/settings.ini"));
+}
+
+std::string QtSettingsStore::get(std::string_view application, std::string_view section, std::string_view key)
+{
+    const QList<QByteArray> lines = readLines();
+    const QByteArray prefix = linePrefix(key);
+    const Place place = findPlace(lines, headerLine(application, section), prefix);
+    if (!place.line) {
+        return {};
+    }
+    return QByteArray::fromPercentEncoding(lines[*place.line].mid(prefix.size())).toStdString();
+}
+
+void QtSettingsStore::set(std::string_view application, std::string_view section, std::string_view key,
+                          std::string_view value)
+{
+    if (!QDir().mkpath(QFileInfo(path_).path())) {
+        raise("written", QStringLiteral("its folder cannot be made"));
+    }
+    QLockFile lock(path_ + QStringLiteral(".lock"));
+    if (!lock.tryLock(kLockMilliseconds)) {
+        raise("written", QStringLiteral("it cannot be locked"));
+    }
+    QList<QByteArray> lines = readLines();
+    const QByteArray header = headerLine(application, section);
+    const QByteArray prefix = linePrefix(key);
+    const Place place = findPlace(lines, header, prefix);
+    const QByteArray line = prefix + valueText(value);
+    if (place.line) {
+        lines[*place.line] = line;
+    } else if (place.header) {
+        lines.insert(*place.header + 1, line);
+    } else {
+        lines << header << line;
+    }
+    writeLines(lines);
+}
+
+QList<QByteArray> QtSettingsStore::readLines() const
+{
+    QFile file(path_);
+    if (!file.exists()) {
+        return {};
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        raise("read", file.errorString());
+    }
+    QByteArray text = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        raise("read", file.errorString());
+    }
+    if (text.startsWith("\xEF\xBB\xBF")) {
+        text.remove(0, 3); // an editor's byte order mark
+    }
+    QList<QByteArray> lines = text.split('\n');
+    for (QByteArray& line : lines) {
+        line = line.trimmed(); // a person's editor may have left spaces and carriage returns
+        if (isDamaged(line)) {
+            raise("read", QStringLiteral("it is damaged"));
+        }
+    }
+    if (lines.last().isEmpty()) {
+        lines.removeLast(); // behind the last line's end
+    }
+    return lines;
+}
+
+void QtSettingsStore::writeLines(const QList<QByteArray>& lines) const
+{
+    QSaveFile file(path_);
+    if (!file.open(QIODevice::WriteOnly)) {
+        raise("written", file.errorString());
+    }
+    for (const QByteArray& line : lines) {
+        file.write(line + '\n');
+    }
+    if (!file.commit()) {
+        raise("written", file.errorString());
+    }
+}
+
+void QtSettingsStore::raise(const char* what, const QString& reason) const
+{
+    throw RuntimeError(ErrorNumber::pathFileAccess, {},
+                       "the settings \"" + fromQt(path_) + "\" cannot be " + what + ": " + fromQt(reason));
+}
+
+} // namespace orvan::qt

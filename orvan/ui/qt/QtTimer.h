@@ -1,0 +1,27 @@
+// QtTimer: the timer on Qt's event loop.
+//
+// Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/Timer.h"
+
+#include <QTimer>
+
+namespace orvan::qt {
+
+class QtTimer final : public ui::Timer {
+public:
+    explicit QtTimer(const ui::ControlDesign& design);
+
+    /// The form is gone: no more events, whatever is set.
+    void end();
+
+private:
+    void doMove() override {}
+    void doSchedule() override;
+
+    QTimer timer_;
+    bool ended_ = false;
+};
+
+} // namespace orvan::qt

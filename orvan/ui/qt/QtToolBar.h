@@ -1,0 +1,25 @@
+// QtToolBar: the tool bar's menu bar as a QMenuBar.
+//
+// Stands at the design's place and reaches the window's right edge, as wide as the window is made.
+// Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/ToolBar.h"
+#include "orvan/ui/qt/QtWidgetHolder.h"
+
+class QAction;
+
+namespace orvan::qt {
+
+class QtToolBar final : public ui::ToolBar, public QtWidgetHolder {
+public:
+    QtToolBar(const ui::ControlDesign& design, QWidget* parent);
+
+private:
+    void doMove() override { place(*this); }
+    void doSetToolEnabled(std::size_t index, bool enabled) override;
+
+    std::vector<QAction*> actions_; ///< By tool. They go with the widget.
+};
+
+} // namespace orvan::qt

@@ -1,0 +1,45 @@
+// QtWidgetHolder: what each Qt control has beside the abstract one: its widget.
+//
+// The control and its widget may go in any order. The parent widget owns the widget, so it may be
+// destroyed with its window first; the control then keeps its state and shows nothing. A control
+// that goes first takes its widget along once control returns to the event loop, because its going
+// may be the doing of an event that the widget is still handling. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/Control.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+namespace orvan::qt {
+
+class QtWidgetHolder {
+public:
+    QtWidgetHolder(const QtWidgetHolder&) = delete;
+    QtWidgetHolder& operator=(const QtWidgetHolder&) = delete;
+
+    /// Null once the widget has been destroyed.
+    QWidget* widget() const { return widget_; }
+    /// A layout places the widget from here on; the control's lengths stay what they were set to.
+    void leaveToLayout() { inLayout_ = true; }
+
+protected:
+    /// Takes a new child widget; names, places and shows it.
+    QtWidgetHolder(QWidget* widget, const ui::ControlDesign& design);
+    ~QtWidgetHolder();
+
+    void place(const ui::Control& control);
+    void showEnabled(bool enabled);
+    /// Receiver for connections to the control: they end with it, not with the widget.
+    QObject* context() { return &context_; }
+
+private:
+    void place(float left, float top, float width, float height);
+
+    QPointer<QWidget> widget_;
+    QObject context_;
+    bool inLayout_ = false;
+};
+
+} // namespace orvan::qt

@@ -1,0 +1,157 @@
+#include "orvan/ui/qt/SurfaceWidgets.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/ui/qt/FieldCard.h"
+#include "orvan/ui/qt/QtComboBox.h"
+#include "orvan/ui/qt/QtControls.h"
+#include "orvan/ui/qt/QtGrid.h"
+#include "orvan/ui/qt/QtNoteBox.h"
+#include "orvan/ui/qt/QtPopupMenu.h"
+#include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/QtTextBox.h"
+#include "orvan/ui/qt/QtTimer.h"
+#include "orvan/ui/qt/QtToolBar.h"
+
+#include <QApplication>
+#include <QResizeEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace orvan::qt {
+
+QWidget* widgetOf(ui::Control& control)
+{
+    auto* holder = dynamic_cast<QtWidgetHolder*>(&control);
+    return holder ? holder->widget() : nullptr;
+}
+
+SurfaceWidgets::SurfaceWidgets(const ui::Surface& surface, ui::Platform& platform, QWidget* host)
+    : surface_(surface), platform_(platform), host_(host)
+{
+    // Not from the focus event itself: when this comes, both widgets have dealt with
+    // theirs, so that a handler that selects text or moves the focus on has the last word.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) { takeFocus(now); });
+}
+
+std::unique_ptr<ui::Control> SurfaceWidgets::make(const ui::ControlDesign& design, ui::Control* parent)
+{
+    QWidget* frame = parent ? widgetOf(*parent) : host_.data();
+    auto* card = design.cell.row >= 0 ? dynamic_cast<FieldCard*>(frame) : nullptr;
+    auto control = makeControl(design, card ? card->content() : frame);
+    if (auto* holder = dynamic_cast<QtWidgetHolder*>(control.get())) {
+        if (card) {
+            holder->leaveToLayout();
+            card->add(*holder->widget(), design);
+        }
+        if (control->canTakeFocus()) {
+            addStop(design, *control, *holder->widget());
+        }
+    }
+    labelBefore_ = dynamic_cast<QtLabel*>(control.get());
+    captionBefore_ = design.caption;
+    return control;
+}
+
+std::unique_ptr<ui::Control> SurfaceWidgets::makeControl(const ui::ControlDesign& design, QWidget* parent)
+{
+    switch (design.kind) {
+    case ui::ControlKind::button: return std::make_unique<QtButton>(design, parent);
+    case ui::ControlKind::frame: return std::make_unique<QtFrame>(design, parent, hasCells(design.name));
+    case ui::ControlKind::grid: return std::make_unique<QtGrid>(design, parent, platform_);
+    case ui::ControlKind::label: return std::make_unique<QtLabel>(design, parent);
+    case ui::ControlKind::line: return std::make_unique<QtLine>(design, parent);
+    case ui::ControlKind::popupMenu: return std::make_unique<QtPopupMenu>(design, parent);
+    case ui::ControlKind::timer: return std::make_unique<QtTimer>(design);
+    case ui::ControlKind::toolBar: return std::make_unique<QtToolBar>(design, parent);
+    case ui::ControlKind::comboBox: return std::make_unique<QtComboBox>(design, parent, platform_);
+    case ui::ControlKind::textBox:
+        if (design.multiLine) {
+            return std::make_unique<QtNoteBox>(design, parent, platform_);
+        }
+        return std::make_unique<QtTextBox>(design, parent, platform_);
+    }
+    throw RuntimeError(ErrorNumber::internalError, {}, "a control of no known kind");
+}
+
+bool SurfaceWidgets::hasCells(std::string_view frame) const
+{
+    const auto& rows = surface_.design().controls;
+    return std::any_of(rows.begin(), rows.end(),
+                       [&](const ui::ControlDesign& row) { return row.parent == frame && row.cell.row >= 0; });
+}
+
+void SurfaceWidgets::addStop(const ui::ControlDesign& design, ui::Control& control, QWidget& widget)
+{
+    widget.setFocusPolicy(design.tabIndex >= 0 ? Qt::StrongFocus : Qt::ClickFocus);
+    nameForAssistance(design, widget);
+    stops_.push_back({&control, &widget, design.tabIndex});
+}
+
+/// What a screen reader calls it: its own caption, else its label's, else its tool tip.
+void SurfaceWidgets::nameForAssistance(const ui::ControlDesign& design, QWidget& widget)
+{
+    if (!design.caption.empty()) {
+        widget.setAccessibleName(plainCaption(design.caption));
+    } else if (labelBefore_) {
+        labelBefore_->nameFor(&widget);
+        widget.setAccessibleName(plainCaption(captionBefore_));
+    } else {
+        widget.setAccessibleName(toQt(design.toolTip));
+    }
+    if (!design.toolTip.empty()) {
+        widget.setAccessibleDescription(toQt(design.toolTip));
+    }
+}
+
+void SurfaceWidgets::complete()
+{
+    std::vector<const Stop*> order;
+    for (const Stop& stop : stops_) {
+        if (stop.tabIndex >= 0) {
+            order.push_back(&stop);
+        }
+    }
+    std::stable_sort(order.begin(), order.end(), [](auto* a, auto* b) { return a->tabIndex < b->tabIndex; });
+    for (std::size_t next = 1; next < order.size(); ++next) {
+        QWidget::setTabOrder(order[next - 1]->widget, order[next]->widget);
+    }
+    host_->installEventFilter(this);
+}
+
+void SurfaceWidgets::setFocus(ui::Control& to)
+{
+    if (QWidget* widget = widgetOf(to)) {
+        const QScopedValueRollback program(programMoves_, true);
+        widget->setFocus();
+    }
+}
+
+bool SurfaceWidgets::eventFilter(QObject* /*watched*/, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && onHostSize) {
+        const QSize size = static_cast<QResizeEvent*>(event)->size();
+        onHostSize(size.width(), size.height()); // may end the surface, and this
+    }
+    return false;
+}
+
+void SurfaceWidgets::takeFocus(QWidget* now)
+{
+    // Another window, a menu or a list that drops down is no control of the surface, and what gets
+    // the focus back from it has it already.
+    if (programMoves_ || !onUserFocus) {
+        return;
+    }
+    for (QWidget* widget = now; widget && widget != host_; widget = widget->parentWidget()) {
+        for (const Stop& stop : stops_) {
+            if (stop.widget == widget) {
+                onUserFocus(*stop.control); // may end the surface, and this
+                return;
+            }
+        }
+    }
+}
+
+} // namespace orvan::qt

@@ -1,0 +1,92 @@
+#!/usr/bin/env python3
+"""Holds what the compiler does not: the direction of includes, file sizes, and that the documents
+name only what exists. Prints every finding; exits with 1 when there is one."""
+
+import re
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[1]
+
+# Ground floor first: a folder includes itself and folders above it in this list.
+LAYERS = ["orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view",
+          "orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt",
+          "orvan/components/products", "orvan/components/catalogue", "orvan/components/trace",
+          "orvan/hosting", "apps", "benchmarks"]
+# Folders that do not include each other.
+SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
+                {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"},
+                {"orvan/components/products", "orvan/components/catalogue", "orvan/components/trace"}]
+# A platform is an exception: it knows the abstract controls and its own toolkit, not the logic.
+PLATFORMS = {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"}
+BELOW_PLATFORMS = {"orvan/base", "orvan/ui"}
+MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|ProductViewWidget))")
+# The logic uses the standard library alone.
+LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
+MOST_LINES = 400
+DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/performance.md"]
+
+
+def layer_of(path: str) -> str | None:
+    return max((f for f in LAYERS if path.startswith(f + "/")), key=len, default=None)
+
+
+def check_includes(path: str, text: str) -> list[str]:
+    own = layer_of(path)
+    if own is None:
+        return []
+    findings = []
+    for line, quote, target in re.findall(r'^(#include ([<"])([^>"]+)[>"])', text, re.M):
+        if quote == '"':
+            other = layer_of(target)
+            if other is None:
+                if not (ROOT / path).parent.joinpath(target).exists():
+                    findings.append(f"{path}: {line} is not a path from the root")
+            elif other != own and own in PLATFORMS and other not in BELOW_PLATFORMS:
+                findings.append(f"{path}: {line}: a platform includes only base and ui")
+            elif own != other and (LAYERS.index(other) > LAYERS.index(own) or any({own, other} <= group for group in SIDE_BY_SIDE)):
+                findings.append(f"{path}: {line}: {own} does not include {other}")
+        elif re.match(r"Q[A-Z]|Qt", target) and not MAY_USE_QT.match(path):
+            findings.append(f"{path}: {line}: no Qt here")
+        elif own in LOGIC and ("/" in target or target.endswith(".h")):
+            findings.append(f"{path}: {line}: the standard library alone")
+    return findings
+
+
+def check_size(path: str, text: str) -> list[str]:
+    lines = text.count("\n")
+    return [f"{path}: {lines} lines, more than {MOST_LINES}"] if lines > MOST_LINES else []
+
+
+def check_document(name: str, sources: list[str]) -> list[str]:
+    text = (ROOT / name).read_text()
+    findings = [f"{name}: its code that begins with {block.splitlines()[0]!r} is in no source file"
+                for block in re.findall(r"^```cpp\n(#include.*?)^```", text, re.M | re.S)
+                if not any(block in source for source in sources)]
+    for span in re.findall(r"`([^`\n]+)`", re.sub(r"^```.*?^```", "", text, flags=re.M | re.S)):
+        looks_like_a_path = "/" in span or re.search(r"\.(md|json|h|cpp|py|sh)$", span)
+        if looks_like_a_path and re.fullmatch(r"(\./)?[\w.-]+(/[\w.-]*)*", span):
+            if not span.startswith("build/") and not list(ROOT.glob(span.removeprefix("./").rstrip("/"))):
+                findings.append(f"{name}: `{span}` does not exist")
+        elif re.fullmatch(r"(Prv\w+|[a-z]+\w+_[A-Z]\w+|[A-Z]\w+::\w+)(\(\))?", span):
+            word = re.compile(rf"\b{span.removesuffix('()').split('::')[-1]}\b")
+            if not any(word.search(source) for source in sources):
+                findings.append(f"{name}: `{span}` is not in the code")
+    return findings
+
+
+def main() -> int:
+    paths = [path for pattern in ("*.h", "*.cpp") for path in sorted(ROOT.rglob(pattern))]
+    sources = {str(path.relative_to(ROOT)): path.read_text() for path in paths
+               if path.relative_to(ROOT).parts[0] != "build"}
+    findings = []
+    for path, text in sources.items():
+        findings += check_includes(path, text) + check_size(path, text)
+    for name in DOCUMENTS:
+        findings += check_document(name, list(sources.values()))
+    print("\n".join(findings) or f"{len(sources)} source files in order")
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
