@@ -33,7 +33,6 @@ namespace {
 
 const QString kFilter = QStringLiteral("Quotes (*.quote.json);;All files (*)");
 const QString kFormName = QStringLiteral("OrvanDeskQuote");
-constexpr std::string_view kApplication = "Orvan";
 constexpr std::string_view kSection = "Desk";
 constexpr std::string_view kThemeKey = "Theme";
 
@@ -106,7 +105,7 @@ MainWindow::MainWindow()
     resize(780, 560);
     Theme theme = Theme::system;
     withSettings([&theme](ui::SettingsStore& settings) {
-        theme = themeNamed(QString::fromStdString(settings.get(kApplication, kSection, kThemeKey)));
+        theme = themeNamed(QString::fromStdString(settings.get(ui::kSettingsApplication, kSection, kThemeKey)));
     });
     useTheme(theme);
     showQuote(emptyQuote(), {});
@@ -205,7 +204,7 @@ void MainWindow::makeMenus()
         QAction* action = colours->addAction(caption, this, [this, theme = theme] {
             useTheme(theme);
             withSettings([theme](ui::SettingsStore& settings) {
-                settings.set(kApplication, kSection, kThemeKey, themeName(theme).toStdString());
+                settings.set(ui::kSettingsApplication, kSection, kThemeKey, themeName(theme).toStdString());
             });
         });
         action->setCheckable(true);

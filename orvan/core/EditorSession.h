@@ -7,6 +7,7 @@
 
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/modInit.h"
+#include "orvan/core/modLocale.h"
 
 #include <cstdint>
 #include <memory>
@@ -15,15 +16,6 @@
 #include <utility>
 
 namespace orvan {
-
-/// The user's number and money formats, read once a session (orvan/core/modLocale.h).
-struct LocaleStrings {
-    std::string sMonThousandSep;
-    std::string sMonDecimalSep;
-    std::string sThousandSep;
-    std::string sDecimalSep;
-    std::string sCurrencySymbol;
-};
 
 /// Sets a flag and clears it at the end of the scope, whatever it was before and however the scope
 /// ends: a user who keeps a form open after an error shall find it working.
@@ -69,7 +61,7 @@ public:
 
     std::shared_ptr<ProductMgr> objProductMgr;        ///< From the end of the set-up until the form unloads.
     std::shared_ptr<ProductRecord> objCurrentProduct; ///< The record in the controls; may be none.
-    LocaleStrings locale;
+    LocaleStrings locale; ///< Read once a session.
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
     bool bInitializing = false;
 

@@ -30,4 +30,13 @@ std::string GetCurrencySymbol(ui::LocaleService& locale)
     return ui::readLocaleItem(locale, ui::LocaleItem::currencySymbol, kDefaultCurrencySymbol);
 }
 
+LocaleStrings PrvInitLocale(ui::LocaleService& locale)
+{
+    LocaleStrings strings;
+    GetNumberSeparators(locale, strings.sMonThousandSep, strings.sMonDecimalSep, strings.sThousandSep,
+                        strings.sDecimalSep);
+    strings.sCurrencySymbol = GetCurrencySymbol(locale);
+    return strings;
+}
+
 } // namespace orvan

@@ -20,4 +20,16 @@ void GetNumberSeparators(ui::LocaleService& locale, std::string& sMonThousand, s
 /// Default: ",".
 std::string GetCurrencySymbol(ui::LocaleService& locale);
 
+/// What a view or an editor keeps of them for its life.
+struct LocaleStrings {
+    std::string sMonThousandSep;
+    std::string sMonDecimalSep;
+    std::string sThousandSep;
+    std::string sDecimalSep;
+    std::string sCurrencySymbol;
+};
+
+/// All five, by the two procedures above, the separators first.
+LocaleStrings PrvInitLocale(ui::LocaleService& locale);
+
 } // namespace orvan

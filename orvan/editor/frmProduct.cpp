@@ -88,17 +88,10 @@ void frmProduct::PrvInitForm()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvInitForm", [&] {
         lookUp_.forgetPendingRow();
-        PrvInitLocale();
+        locale = PrvInitLocale(platform_.locale());
         lookUp_.PrvFillProductNameList();
         lookUp_.PrvFillPartNumList();
     });
-}
-
-void frmProduct::PrvInitLocale()
-{
-    GetNumberSeparators(platform_.locale(), locale.sMonThousandSep, locale.sMonDecimalSep, locale.sThousandSep,
-                        locale.sDecimalSep);
-    locale.sCurrencySymbol = GetCurrencySymbol(platform_.locale());
 }
 
 void frmProduct::PrvSetFormCaption()
@@ -125,7 +118,6 @@ std::int32_t frmProduct::window()
 
 ui::MessageResult frmProduct::show(ui::Message message)
 {
-    message.title = "Orvan";
     message.ownerWindow = window();
     return platform_.messageBox().show(message);
 }

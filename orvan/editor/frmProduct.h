@@ -59,7 +59,6 @@ private:
     void PrvCloseOnError() override;
 
     void PrvInitForm();
-    void PrvInitLocale();
     void PrvSetFormCaption();
 
     void PrvSaveCurrentProduct(bool& bOk);

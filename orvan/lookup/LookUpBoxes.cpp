@@ -218,7 +218,6 @@ bool LookUpBoxes::wantsNote()
     return session_.platform().messageBox().show({.text = "Would you like to overwrite the current contents of the "
                                                           "product note field with the contents from the product "
                                                           "look-up?",
-                                                  .title = "Orvan",
                                                   .buttons = ui::MessageButtons::yesNo,
                                                   .icon = ui::MessageIcon::question,
                                                   .ownerWindow = session_.window()}) == ui::MessageResult::yes;

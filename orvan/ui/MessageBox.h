@@ -12,9 +12,12 @@ enum class MessageIcon { critical, question, exclamation, information };
 /// The values are those that hosts of this kind know.
 enum class MessageResult : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
 
+/// Of every message box of the library.
+inline constexpr const char* kMessageTitle = "Orvan";
+
 struct Message {
     std::string text = {}; ///< UTF-8, plain: nothing in it is markup.
-    std::string title = {};
+    std::string title = kMessageTitle;
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::information;
     std::int32_t ownerWindow = 0; ///< As ContainerSite::parentWindow gives it; 0: no owner.

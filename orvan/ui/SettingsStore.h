@@ -6,6 +6,9 @@
 
 namespace orvan::ui {
 
+/// The application name under which the library and its desk keep their settings.
+inline constexpr std::string_view kSettingsApplication = "Orvan";
+
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;

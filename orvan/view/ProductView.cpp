@@ -57,7 +57,7 @@ ProductView::~ProductView()
 void ProductView::UserControl_Initialize()
 {
     productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
-    PrvInitLocale();
+    locale_ = PrvInitLocale(platform_.locale());
     PrvInitColumnIndices();
     PrvSetDefaultProps();
     PrvInitGrid();
@@ -136,12 +136,6 @@ void ProductView::chooseDefaultFields()
     fieldTwo_ = ViewFieldEnum::ExtPrice;
     columnOne_ = PrvGetColIndexByEnum(fieldOne_);
     columnTwo_ = PrvGetColIndexByEnum(fieldTwo_);
-}
-
-void ProductView::PrvInitLocale()
-{
-    GetNumberSeparators(platform_.locale(), sMonThousandSep_, sMonDecimalSep_, sThousandSep_, sDecimalSep_);
-    sCurrencySymbol_ = GetCurrencySymbol(platform_.locale());
 }
 
 } // namespace orvan

@@ -16,6 +16,7 @@
 
 #include "orvan/base/Currency.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/core/modLocale.h"
 #include "orvan/ui/GridFormat.h"
 
 #include <array>
@@ -96,7 +97,6 @@ private:
 
     void PrvSetDirty(bool bDirty);
     void PrvSetDefaultProps();
-    void PrvInitLocale();
 
     static std::string_view PrvGetColKeyByEnum(ViewFieldEnum eField);
     std::int32_t PrvGetColIndexByEnum(ViewFieldEnum eField) const;
@@ -162,12 +162,7 @@ private:
     /// the preferences.
     std::array<std::int32_t, 4> defaultWidths_{};
 
-    /// Read once, all five; of them only the symbol is used here, for the total.
-    std::string sMonThousandSep_;
-    std::string sMonDecimalSep_;
-    std::string sThousandSep_;
-    std::string sDecimalSep_;
-    std::string sCurrencySymbol_;
+    LocaleStrings locale_; ///< Read once; of the five only the symbol is used here, for the total.
 };
 
 } // namespace orvan

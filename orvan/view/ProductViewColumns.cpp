@@ -260,7 +260,7 @@ void ProductView::PrvRefreshView(bool bUpdateTotal)
         }
         if (bUpdateTotal) {
             txtTotal_.setText(
-                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, sCurrencySymbol_, true));
+                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, locale_.sCurrencySymbol, true));
         }
         flexGrid_.setRedraw(true);
     });

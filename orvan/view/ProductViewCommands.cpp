@@ -13,12 +13,6 @@
 
 namespace orvan {
 
-namespace {
-
-constexpr const char* kMessageTitle = "Orvan";
-
-} // namespace
-
 std::int32_t ProductView::messageOwner() const
 {
     try {
@@ -95,7 +89,6 @@ void ProductView::PrvDeleteProduct()
         const std::int32_t lRow = flexGrid_.currentRow();
         if (lRow < 1) {
             platform_.messageBox().show({.text = "Please select a product first",
-                                         .title = kMessageTitle,
                                          .buttons = ui::MessageButtons::ok,
                                          .icon = ui::MessageIcon::information,
                                          .ownerWindow = messageOwner()});
@@ -104,7 +97,6 @@ void ProductView::PrvDeleteProduct()
         const std::weak_ptr<const bool> alive = alive_;
         const auto answer =
             platform_.messageBox().show({.text = "Are you sure you want to delete the selected product?",
-                                         .title = kMessageTitle,
                                          .buttons = ui::MessageButtons::yesNo,
                                          .icon = ui::MessageIcon::question,
                                          .ownerWindow = messageOwner()});

@@ -12,7 +12,6 @@ namespace orvan {
 
 namespace {
 
-constexpr std::string_view kApplication = "Orvan";
 constexpr std::string_view kSection = "KTVOrvanProduct_ProductView_Prefs";
 constexpr std::int32_t kDefaultWidth = 700; // twips, of every column after the name
 
@@ -43,8 +42,8 @@ std::vector<std::string_view> split(std::string_view text, char separator)
 
 void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& sHostType, std::string_view sValue)
 {
-    if (settings.get(kApplication, kSection, prefsKey(sHostType)).empty()) {
-        settings.set(kApplication, kSection, prefsKey(sHostType), sValue);
+    if (settings.get(ui::kSettingsApplication, kSection, prefsKey(sHostType)).empty()) {
+        settings.set(ui::kSettingsApplication, kSection, prefsKey(sHostType), sValue);
     }
 }
 
@@ -65,7 +64,7 @@ void ProductView::PrvReadPrefs(const std::string& sHostType)
 /// False when nothing usable is stored; raises when it cannot be read as numbers.
 bool ProductView::applyStoredPrefs(const std::string& sHostType)
 {
-    const std::string sValue = platform_.settings().get(kApplication, kSection, prefsKey(sHostType));
+    const std::string sValue = platform_.settings().get(ui::kSettingsApplication, kSection, prefsKey(sHostType));
     const auto parts = split(sValue, '~');
     if (parts.size() != 3) {
         return false;
@@ -103,7 +102,7 @@ void ProductView::PrvSaveViewPrefs(const std::string& sHostType)
                 sWidths += std::to_string(flexGrid_.columnWidth(lCol));
             }
             const auto field = [](ViewFieldEnum eField) { return std::to_string(static_cast<std::int32_t>(eField)); };
-            platform_.settings().set(kApplication, kSection, prefsKey(sHostType),
+            platform_.settings().set(ui::kSettingsApplication, kSection, prefsKey(sHostType),
                                      field(fieldOne_) + "~" + field(fieldTwo_) + "~" + sWidths);
         },
         [] {}); // the stored value stays as it was, and the user's work goes on

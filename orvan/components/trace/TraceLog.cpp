@@ -160,7 +160,6 @@ void TraceLog::ShowLastError(std::int32_t hWnd)
     if (lastError_) {
         messageBox_.show(
             {.text = "Error " + std::to_string(lastError_->number()) + ": " + std::string(lastError_->text()),
-             .title = "Orvan",
              .buttons = ui::MessageButtons::ok,
              .icon = ui::MessageIcon::exclamation,
              .ownerWindow = hWnd});
