@@ -33,9 +33,9 @@ std::string GetCurrencySymbol(ui::LocaleService& locale)
 LocaleStrings PrvInitLocale(ui::LocaleService& locale)
 {
     LocaleStrings strings;
-    GetNumberSeparators(locale, strings.sMonThousandSep, strings.sMonDecimalSep, strings.sThousandSep,
-                        strings.sDecimalSep);
-    strings.sCurrencySymbol = GetCurrencySymbol(locale);
+    GetNumberSeparators(locale, strings.monThousandSep, strings.monDecimalSep, strings.thousandSep,
+                        strings.decimalSep);
+    strings.currencySymbol = GetCurrencySymbol(locale);
     return strings;
 }
 

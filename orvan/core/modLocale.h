@@ -22,11 +22,11 @@ std::string GetCurrencySymbol(ui::LocaleService& locale);
 
 /// What a view or an editor keeps of them for its life.
 struct LocaleStrings {
-    std::string sMonThousandSep;
-    std::string sMonDecimalSep;
-    std::string sThousandSep;
-    std::string sDecimalSep;
-    std::string sCurrencySymbol;
+    std::string monThousandSep;
+    std::string monDecimalSep;
+    std::string thousandSep;
+    std::string decimalSep;
+    std::string currencySymbol;
 };
 
 /// All five, by the two procedures above, the separators first.

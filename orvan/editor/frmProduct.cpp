@@ -124,7 +124,7 @@ ui::MessageResult frmProduct::show(ui::Message message)
 
 std::string frmProduct::money(Currency cyValue) const
 {
-    return FormatCurrencyValue(platform_.locale(), cyValue, 2, locale.sCurrencySymbol, true);
+    return FormatCurrencyValue(platform_.locale(), cyValue, 2, locale.currencySymbol, true);
 }
 
 } // namespace orvan

@@ -76,7 +76,7 @@ const FieldEntry::AmountField FieldEntry::kQty = {
     .sSaveLabel = "KTVOrvanProduct.frmProduct::PrvSaveQtyFld",
     .isValidKey = &FieldEntry::PrvIsValidNumberKey,
     .fromText = NumberTextToValue,
-    .decimalSep = &LocaleStrings::sDecimalSep,
+    .decimalSep = &LocaleStrings::decimalSep,
     .cyMost = kMostCurrency,
     .value = &ProductRecord::Qty,
     .setValue = &ProductRecord::SetQty,
@@ -93,13 +93,13 @@ const FieldEntry::AmountField FieldEntry::kUnitPrice = {
     .sSaveLabel = "KTVOrvanProduct.frmProduct::PrvSaveUnitPriceFld",
     .isValidKey = &FieldEntry::PrvIsValidCurrencyKey,
     .fromText = CurrencyTextToValue,
-    .decimalSep = &LocaleStrings::sMonDecimalSep,
+    .decimalSep = &LocaleStrings::monDecimalSep,
     .cyMost = kMostCurrency,
     .value = &ProductRecord::UnitPrice,
     .setValue = &ProductRecord::SetUnitPrice,
     .isValid = &ProductRecord::IsValidUnitPrice,
     .toText = [](ui::LocaleService& locale, const LocaleStrings& texts, Currency cyValue, bool bDisplayForm) {
-        return FormatCurrencyValue(locale, cyValue, kMoneyDigits, texts.sCurrencySymbol, bDisplayForm);
+        return FormatCurrencyValue(locale, cyValue, kMoneyDigits, texts.currencySymbol, bDisplayForm);
     }};
 
 const FieldEntry::AmountField FieldEntry::kDiscount = {
@@ -110,7 +110,7 @@ const FieldEntry::AmountField FieldEntry::kDiscount = {
     .sSaveLabel = "KTVOrvanProduct.frmProduct::PrvSaveDiscountPrcntFld",
     .isValidKey = &FieldEntry::PrvIsValidNumberKey,
     .fromText = PercentTextToValue,
-    .decimalSep = &LocaleStrings::sDecimalSep,
+    .decimalSep = &LocaleStrings::decimalSep,
     .cyMost = kHundred,
     .value = &ProductRecord::DiscPrcnt,
     .setValue = &ProductRecord::SetDiscPrcnt,
@@ -143,12 +143,12 @@ void FieldEntry::takeEvents(const AmountBox& amount)
 
 bool FieldEntry::PrvIsValidNumberKey(std::int16_t iKeyAscii) const
 {
-    return isValidKey(iKeyAscii, session_.locale.sDecimalSep, session_.locale.sThousandSep);
+    return isValidKey(iKeyAscii, session_.locale.decimalSep, session_.locale.thousandSep);
 }
 
 bool FieldEntry::PrvIsValidCurrencyKey(std::int16_t iKeyAscii) const
 {
-    return isValidKey(iKeyAscii, session_.locale.sMonDecimalSep, session_.locale.sMonThousandSep);
+    return isValidKey(iKeyAscii, session_.locale.monDecimalSep, session_.locale.monThousandSep);
 }
 
 void FieldEntry::amount_KeyPress(const AmountBox& amount, std::int16_t& iKeyAscii)
@@ -309,7 +309,7 @@ void FieldEntry::PrvShowExtPriceAndTotal()
 {
     const auto show = [this](ui::TextBox& box, Currency cyValue) {
         FormatCurrencyValue(sShownMoney_, session_.platform().locale(), cyValue, kMoneyDigits,
-                            session_.locale.sCurrencySymbol, true);
+                            session_.locale.currencySymbol, true);
         box.setText(sShownMoney_);
     };
     show(txtExtPrice_, session_.currentProduct().ExtPrice());

@@ -260,7 +260,7 @@ void ProductView::PrvRefreshView(bool bUpdateTotal)
         }
         if (bUpdateTotal) {
             txtTotal_.setText(
-                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, locale_.sCurrencySymbol, true));
+                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, locale_.currencySymbol, true));
         }
         flexGrid_.setRedraw(true);
     });

@@ -75,7 +75,7 @@ TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
         EXPECT_FALSE(fixture.bInitializing);
     }
     FieldsFixture german("de_DE");
-    german.locale.sCurrencySymbol = ","; // the default of one that could not be read: takes the decimal comma away
+    german.locale.currencySymbol = ","; // the default of one that could not be read: takes the decimal comma away
     german.setProduct("1", "1.5", "0");
     german.box("txtUnitPrice").setFocus();
     EXPECT_EQ(german.box("txtUnitPrice").text(), "150\u00A0€");

@@ -20,9 +20,7 @@ public:
         : locales({.monetary = localeName, .numeric = localeName})
     {
         platform_.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << error.number(); };
-        GetNumberSeparators(locales, locale.sMonThousandSep, locale.sMonDecimalSep, locale.sThousandSep,
-                            locale.sDecimalSep);
-        locale.sCurrencySymbol = GetCurrencySymbol(locales);
+        locale = PrvInitLocale(locales);
         objProductMgr = makeManager({.rules = std::move(rules)});
         objCurrentProduct = objProductMgr->AddNewProduct();
     }
