@@ -9,7 +9,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[1]
 
 # Ground floor first: a folder includes itself and folders above it in this list.
-LAYERS = ["orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view",
+LAYERS = ["orvan/base", "orvan/files", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view",
           "orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt",
           "orvan/components/products", "orvan/components/catalogue", "orvan/components/trace",
           "orvan/hosting", "apps", "benchmarks"]
@@ -19,7 +19,7 @@ SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
                 {"orvan/components/products", "orvan/components/catalogue", "orvan/components/trace"}]
 # A platform is an exception: it knows the abstract controls and its own toolkit, not the logic.
 PLATFORMS = {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"}
-BELOW_PLATFORMS = {"orvan/base", "orvan/ui"}
+BELOW_PLATFORMS = {"orvan/base", "orvan/files", "orvan/ui"}
 MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|ProductViewWidget))")
 # The logic uses the standard library alone.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}

@@ -1,0 +1,143 @@
+#include "orvan/files/Descriptor.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace orvan::files {
+
+namespace {
+
+/// Makes a system call again for as long as signals interrupt it.
+template <class Call>
+auto uninterrupted(Call&& call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+/// At most so much is handed to the system at once; it takes 2 GiB at most.
+constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
+
+const char* kindOf(mode_t mode)
+{
+    return S_ISDIR(mode) ? "it is a folder" : S_ISFIFO(mode) ? "it is a pipe" : "it is a device";
+}
+
+} // namespace
+
+void raiseSystemError(int code)
+{
+    throw RuntimeError(ErrorNumber::pathFileAccess, {}, std::system_category().message(code));
+}
+
+Descriptor::~Descriptor()
+{
+    if (descriptor_ >= 0) {
+        ::close(descriptor_); // who wants to know what became of the content has called close()
+    }
+}
+
+Descriptor Descriptor::tryOpen(const std::filesystem::path& path, int flags, mode_t mode)
+{
+    return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+}
+
+Descriptor Descriptor::open(const std::filesystem::path& path, int flags, mode_t mode)
+{
+    Descriptor file = tryOpen(path, flags, mode);
+    if (!file) {
+        raiseSystemError(errno);
+    }
+    return file;
+}
+
+Descriptor Descriptor::openRegular(const std::filesystem::path& path)
+{
+    // Looked at after it has been opened, so that nobody can put something else in its place in between.
+    // O_NONBLOCK: opening a pipe would otherwise wait for a writer.
+    Descriptor file = open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+    const mode_t mode = file.status().st_mode;
+    if (!S_ISREG(mode)) {
+        throw RuntimeError(ErrorNumber::pathFileAccess, {}, kindOf(mode));
+    }
+    return file;
+}
+
+struct stat Descriptor::status() const
+{
+    struct stat status = {};
+    if (::fstat(descriptor_, &status) != 0) {
+        raiseSystemError(errno);
+    }
+    return status;
+}
+
+std::string Descriptor::readAll() const
+{
+    std::string bytes;
+    std::size_t read = 0;
+    // One more than the size, so that the end is seen by the call that follows the last byte.
+    bytes.resize(static_cast<std::size_t>(std::max<off_t>(status().st_size, 0)) + 1);
+    for (;;) {
+        const std::size_t most = std::min(bytes.size() - read, kMostAtOnce);
+        const ssize_t got = uninterrupted([&] { return ::read(descriptor_, bytes.data() + read, most); });
+        if (got < 0) {
+            raiseSystemError(errno);
+        }
+        if (got == 0) {
+            bytes.resize(read);
+            return bytes;
+        }
+        read += static_cast<std::size_t>(got);
+        if (read == bytes.size()) {
+            bytes.resize(bytes.size() * 2); // it has grown meanwhile
+        }
+    }
+}
+
+void Descriptor::write(std::string_view bytes) const
+{
+    while (!bytes.empty()) {
+        const std::size_t most = std::min(bytes.size(), kMostAtOnce);
+        const ssize_t written = uninterrupted([&] { return ::write(descriptor_, bytes.data(), most); });
+        if (written < 0) {
+            raiseSystemError(errno);
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void Descriptor::sync() const
+{
+    if (uninterrupted([&] { return ::fsync(descriptor_); }) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+void Descriptor::setPermissions(mode_t mode) const
+{
+    if (uninterrupted([&] { return ::fchmod(descriptor_, mode); }) != 0) {
+        raiseSystemError(errno);
+    }
+}
+
+void Descriptor::close()
+{
+    // Not made again when a signal interrupts it: on Linux the descriptor is gone then, and its number may
+    // be another thread's already.
+    const int descriptor = std::exchange(descriptor_, -1);
+    if (descriptor >= 0 && ::close(descriptor) != 0 && errno != EINTR) {
+        raiseSystemError(errno);
+    }
+}
+
+} // namespace orvan::files

@@ -1,0 +1,143 @@
+#include "orvan/files/NewFile.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace orvan::files {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t kAnyone = 0666; // less what the user's mask takes away
+constexpr mode_t kPermissions = 07777;
+constexpr int kAttempts = 100;
+
+std::string hexadecimal(std::uint64_t value)
+{
+    char text[17] = {};
+    std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(value));
+    return text;
+}
+
+/// The file that a name means, with links resolved, be there such a file or not.
+fs::path resolved(const fs::path& target)
+{
+    std::error_code error;
+    const fs::path absolute = fs::absolute(target);
+    if (fs::is_symlink(fs::symlink_status(absolute, error))) {
+        fs::path real = fs::canonical(absolute, error);
+        if (error) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "it is a link that leads nowhere");
+        }
+        return real;
+    }
+    return fs::weakly_canonical(absolute.parent_path()) / absolute.filename();
+}
+
+/// How the names of new files for a target begin. Its length does not depend on the target's: a name of
+/// 255 bytes, the most a file system takes, can be replaced, too.
+std::string namePrefix(const fs::path& target)
+{
+    return ".orvan-new-" + hexadecimal(std::hash<std::string>()(target.filename().string())) + "-";
+}
+
+bool lock(const Descriptor& file)
+{
+    return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+} // namespace
+
+NewFile::NewFile(const fs::path& target, Others others) : target_(resolved(target))
+{
+    const std::string prefix = namePrefix(target_);
+    std::random_device random;
+    for (int attempt = 0; !file_; ++attempt) {
+        const std::uint64_t number = std::uint64_t{random()} << 32 | random();
+        path_ = target_.parent_path() / (prefix + hexadecimal(number));
+        // O_EXCL follows no link and takes no file that is there.
+        file_ = Descriptor::tryOpen(path_, O_RDWR | O_CREAT | O_EXCL, kAnyone);
+        if (!file_ && (errno != EEXIST || attempt == kAttempts)) {
+            raiseSystemError(errno);
+        }
+    }
+    // Tells other programs that it is in use. A file system without locks serves a single program all the same.
+    if (lock(file_)) {
+        try {
+            removeLeftovers(prefix, others);
+        } catch (...) {
+            ::unlink(path_.c_str());
+            throw;
+        }
+    }
+}
+
+NewFile::~NewFile()
+{
+    if (!committed_) {
+        ::unlink(path_.c_str()); // while it is locked
+    }
+}
+
+void NewFile::removeLeftovers(const std::string& prefix, Others others)
+{
+    std::error_code error;
+    for (fs::directory_iterator entry(target_.parent_path(), error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (entry->path() == path_ || !entry->path().filename().string().starts_with(prefix)) {
+            continue;
+        }
+        const Descriptor other = Descriptor::tryOpen(entry->path(), O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+        if (!other) {
+            continue; // gone meanwhile, or somebody else's
+        }
+        if (lock(other)) {
+            ::unlink(entry->path().c_str()); // its program has ended without finishing it
+        } else if (errno == EWOULDBLOCK && others == Others::refused) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "another program is replacing it");
+        }
+    }
+}
+
+void NewFile::write(std::string_view bytes)
+{
+    file_.write(bytes);
+}
+
+std::string NewFile::commit()
+{
+    struct stat old = {};
+    if (::stat(target_.c_str(), &old) == 0) {
+        if (!S_ISREG(old.st_mode)) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "there is something else of this name");
+        }
+        file_.setPermissions(old.st_mode & kPermissions);
+    } else if (errno != ENOENT) {
+        raiseSystemError(errno);
+    }
+    file_.sync();
+    if (::rename(path_.c_str(), target_.c_str()) != 0) {
+        raiseSystemError(errno);
+    }
+    committed_ = true;
+    try {
+        Descriptor::open(target_.parent_path(), O_RDONLY | O_DIRECTORY).sync();
+    } catch (const RuntimeError& error) {
+        return "It has been written, but a power failure now could bring the former one back: " +
+               std::string(error.text()) + ".";
+    }
+    return {};
+}
+
+} // namespace orvan::files

@@ -1,0 +1,47 @@
+// WholeFile: a file read or replaced as a whole.
+//
+// Thread: any. Errors: 75 with the reason in the description (see NewFile.h and Descriptor.h).
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orvan::files {
+
+/// Tells whether a file is still the one that was read or written.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;     ///< Bytes.
+    std::int64_t modified = 0; ///< Nanoseconds since 1970 (UTC), by the clock of the file system.
+    std::uint64_t content = 0; ///< A hash of the bytes, good within this process.
+
+    /// The same bytes, be it in another file of the same name.
+    bool sameContent(const FileStamp& other) const { return size == other.size && content == other.content; }
+};
+
+struct WholeFile {
+    std::string bytes;
+    FileStamp stamp;
+};
+
+/// Reads a file. Raises for what is no regular file (a folder, a pipe, a device), without waiting, and for
+/// one larger than `most` bytes.
+[[nodiscard]] WholeFile readFile(const std::filesystem::path& path, std::int64_t most);
+
+/// The stamp of what stands under that name now; none where there is no file. Raises where there is one
+/// that cannot be read.
+[[nodiscard]] std::optional<FileStamp> currentStamp(const std::filesystem::path& path, std::int64_t most);
+
+struct ReplacedFile {
+    FileStamp stamp;
+    std::string warning; ///< As NewFile::commit gives it.
+};
+
+/// Replaces a file, or makes it. The old content stays until the new one is on the disk.
+[[nodiscard]] ReplacedFile replaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace orvan::files
