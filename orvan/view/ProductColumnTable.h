@@ -1,0 +1,78 @@
+// The columns of the list view's grid as data: all that is said about a column stands here, once.
+//
+// For the sources of this folder; hosts have no use for it.
+#pragma once
+
+#include "orvan/core/ProductMgr.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/view/ProductColumns.h"
+
+#include <iterator>
+#include <optional>
+#include <span>
+
+namespace orvan {
+
+struct ColumnRow {
+    std::string_view key;
+    std::string_view caption; ///< Of the header and of the items of the View menus.
+    /// Until the user chooses the column; none: the column keeps what the grid gives a new one.
+    ui::GridType initialType;
+    /// What the cells show: a text or an amount of the record, or the product's position where both are null.
+    std::string (ProductRecord::*text)() const = nullptr;
+    Currency (ProductRecord::*amount)() const = nullptr;
+
+    // Only where the user can choose the column.
+    std::optional<ViewFieldEnum> field = std::nullopt;
+    ui::GridType chosenType = ui::GridType::none; ///< From then on.
+    std::string_view chosenFormat = {};
+    std::array<std::string_view, 2> menuItems = {}; ///< In mnuViewCboOne and in mnuViewCboTwo.
+};
+
+/// The dollar sign is literal, whatever the user's currency.
+inline constexpr std::string_view kMoneyFormat = "$###,##0.00";
+
+// clang-format off
+/// In initial order, which is the order of ViewFieldEnum for those that can be chosen.
+inline constexpr ColumnRow kColumns[] = {
+    {.key = "Number", .caption = "#", .initialType = ui::GridType::int32},
+    {.key = "Name", .caption = "Product", .initialType = ui::GridType::string, .text = &ProductRecord::Name},
+    {.key = "Key", .caption = "Key", .initialType = ui::GridType::string, .text = &ProductRecord::Key},
+    {.key = "PartNum", .caption = "Part#", .initialType = ui::GridType::string, .text = &ProductRecord::PartNum,
+     .field = ViewFieldEnum::PartNum, .chosenType = ui::GridType::string,
+     .menuItems = {"mnuViewCboOnePartNum", "mnuViewCboTwoPartNum"}},
+    {.key = "ExtPrice", .caption = "Ext Price", .initialType = ui::GridType::currency, .amount = &ProductRecord::ExtPrice,
+     .field = ViewFieldEnum::ExtPrice, .chosenType = ui::GridType::currency, .chosenFormat = kMoneyFormat,
+     .menuItems = {"mnuViewCboOneExtPrice", "mnuViewCboTwoExtPrice"}},
+    {.key = "DiscPrcnt", .caption = "Disc%", .initialType = ui::GridType::none, .amount = &ProductRecord::DiscPrcnt,
+     .field = ViewFieldEnum::DiscPrcnt, .chosenType = ui::GridType::float64,
+     .menuItems = {"mnuViewCboOneDiscPrcnt", "mnuViewCboTwoDiscPrcnt"}},
+    {.key = "UnitPrice", .caption = "Unit Price", .initialType = ui::GridType::currency, .amount = &ProductRecord::UnitPrice,
+     .field = ViewFieldEnum::UnitPrice, .chosenType = ui::GridType::currency, .chosenFormat = kMoneyFormat,
+     .menuItems = {"mnuViewCboOneUnitPrice", "mnuViewCboTwoUnitPrice"}},
+    {.key = "Qty", .caption = "Qty", .initialType = ui::GridType::decimal, .amount = &ProductRecord::Qty,
+     .field = ViewFieldEnum::Qty, .chosenType = ui::GridType::float64,
+     .menuItems = {"mnuViewCboOneQty", "mnuViewCboTwoQty"}},
+    {.key = "Note", .caption = "Note", .initialType = ui::GridType::string, .text = &ProductRecord::Note,
+     .field = ViewFieldEnum::Note, .chosenType = ui::GridType::string,
+     .menuItems = {"mnuViewCboOneNote", "mnuViewCboTwoNote"}},
+};
+// clang-format on
+static_assert(std::size(kColumns) == ProductColumns::kColumnCount);
+
+inline constexpr std::size_t kNumberColumn = 0;
+inline constexpr std::size_t kNameColumn = 1;
+static_assert(kColumns[kNumberColumn].key == "Number" && kColumns[kNameColumn].key == "Name");
+
+/// The columns that can be chosen, by ViewFieldEnum value.
+inline constexpr auto kFieldColumns = std::span(kColumns).subspan<3>();
+static_assert([] {
+    for (std::size_t i = 0; i < kFieldColumns.size(); ++i) {
+        if (kFieldColumns[i].field != static_cast<ViewFieldEnum>(i)) {
+            return false;
+        }
+    }
+    return true;
+}());
+
+} // namespace orvan
