@@ -9,6 +9,7 @@
 #include "orvan/view/ProductColumnTable.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace orvan {
 
@@ -84,9 +85,7 @@ std::int32_t ProductColumns::PrvGetColIndexByEnum(ViewFieldEnum field) const
 
 void ProductColumns::PrvInitColumnIndices()
 {
-    for (std::int32_t i = 0; i < kColumnCount; ++i) {
-        columnIndices_[static_cast<std::size_t>(i)] = i;
-    }
+    std::iota(columnIndices_.begin(), columnIndices_.end(), 0);
     PrvSetColumnKeys();
 }
 
@@ -113,8 +112,8 @@ void ProductColumns::PrvSetColumnHeaders()
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
         flexGrid_.setValue(0, columnIndices_[i], std::string(kColumns[i].caption));
-        if (kColumns[i].initialType != ui::GridType::none) {
-            flexGrid_.setColumnType(columnIndices_[i], kColumns[i].initialType);
+        if (kColumns[i].type != ui::GridType::none) {
+            flexGrid_.setColumnType(columnIndices_[i], kColumns[i].type);
         }
     }
 }
@@ -122,11 +121,11 @@ void ProductColumns::PrvSetColumnHeaders()
 void ProductColumns::PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field)
 {
     if (column < 0) {
-        return; // the column has lost its key: PrvRefreshColumnIndices raises that, after both columns
+        return; // a column that lost its key: PrvRefreshColumnIndices reports it
     }
     const ColumnRow* row = rowOf(field);
-    flexGrid_.setColumnType(column, row ? row->chosenType : ui::GridType::none);
-    flexGrid_.setColumnFormat(column, row ? row->chosenFormat : "");
+    flexGrid_.setColumnType(column, row ? row->shownType : ui::GridType::none);
+    flexGrid_.setColumnFormat(column, row ? row->shownFormat : "");
 }
 
 void ProductColumns::PrvApplyColumnLayout()

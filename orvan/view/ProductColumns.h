@@ -1,12 +1,12 @@
 // ProductColumns: the columns of the list view's grid, and the user's choice among them.
 //
-// Nine columns, each described by one row of orvan/view/ProductColumnTable.h. The position and the name
-// are always shown. Two of the others, One and Two, stand beside the name; the user chooses their fields
-// with a right click on the header (View menus). The choice and the column widths are kept as
-// preferences (orvan/view/ProductViewPrefs.h).
+// There are nine, each described by one row of orvan/view/ProductColumnTable.h. The position and the name
+// are always shown, and beside them columns One and Two. Their fields are the user's choice, made in the
+// View menus that a right click on the header brings up. The choice and the widths of the columns are kept
+// as preferences (orvan/view/ProductViewPrefs.h).
 //
-// Showing the chosen columns moves them: an index is good only until the next move, and columns are
-// found again by their keys.
+// Showing the chosen columns moves them. An index is therefore good only until the next move, and columns
+// are found again by their keys.
 //
 // The trace labels say ProductView, because those who read traces know the view as one object.
 //
@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace orvan {
 

@@ -35,7 +35,7 @@ ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::Conta
 
 ProductView::~ProductView()
 {
-    handlers_.clear(); // the trace, which ending calls, may let events in
+    handlers_.clear(); // before the trace is called, which may let events in
     UserControl_Terminate();
 }
 

@@ -83,6 +83,7 @@ private:
     [[nodiscard]] std::int32_t PrvMoveProduct(std::int32_t index, std::int32_t offset);
     /// Owner of the view's message boxes; none when the container cannot tell.
     [[nodiscard]] std::int32_t messageOwner() const;
+    /// Runs an event handler of the view: an error is recorded, and shown to the user.
     template <class Body>
     void handleEvent(std::string_view label, Body&& body);
 

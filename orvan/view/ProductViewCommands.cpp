@@ -21,11 +21,10 @@ std::int32_t ProductView::messageOwner() const
     }
 }
 
-/// Runs an event handler of the view: an error is shown to the user. The handler may wait for the user, and the
-/// host may destroy the view meanwhile; the message then has no owner.
 template <class Body>
 void ProductView::handleEvent(std::string_view label, Body&& body)
 {
+    // The host may destroy the view while the body waits for the user; the message then has no owner.
     traceShowToUser(label, std::forward<Body>(body),
                     [watch = lifetime_.watch(), &site = site_] { return watch.ended() ? 0 : site.parentWindow(); });
 }
