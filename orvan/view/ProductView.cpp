@@ -1,17 +1,22 @@
 #include "orvan/view/ProductView.h"
 
+#include "orvan/core/modConversion.h"
 #include "orvan/core/modInit.h"
-#include "orvan/core/modLocale.h"
 #include "orvan/ui/Button.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/Frame.h"
 #include "orvan/ui/Grid.h"
 #include "orvan/ui/Platform.h"
-#include "orvan/ui/PopupMenu.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/TextBox.h"
 
 namespace orvan {
+
+namespace {
+
+constexpr float kGap = 60; // twips between the grid and the band below it
+
+} // namespace
 
 ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::ContainerSite& site)
     : platform_((enterLibrary(platform), platform)), surface_(surface), site_(site),
@@ -19,58 +24,50 @@ ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::Conta
       fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")),
       txtTotal_(surface.control<ui::TextBox>("txtTotal")), cmdNew_(surface.control<ui::Button>("cmdNew")),
       cmdDelete_(surface.control<ui::Button>("cmdDelete")), cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")),
-      cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")),
-      mnuViewCboOne_(surface.control<ui::PopupMenu>("mnuViewCboOne")),
-      mnuViewCboTwo_(surface.control<ui::PopupMenu>("mnuViewCboTwo"))
+      cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")), columns_(platform, surface)
 {
-    UserControl_Initialize();
-    surface_.onResize = [this] { UserControl_Resize(); };
-    flexGrid_.onAfterUserResize = [this] { flexGrid_AfterUserResize(); };
-    flexGrid_.onDblClick = [this] { flexGrid_DblClick(); };
-    flexGrid_.onRightClick = [this] { flexGrid_RightClick(); };
-    for (const OptionalColumn& own : optionalColumns()) {
-        own.menu.onToolClick = [this, own](std::string_view sItem) { mnuViewCbo_Click(own, sItem); };
-    }
-    cmdNew_.onClick = [this] { cmdNew_Click(); };
-    cmdDelete_.onClick = [this] { cmdDelete_Click(); };
-    cmdMoveUp_.onClick = [this] { cmdMoveUp_Click(); };
-    cmdMoveDown_.onClick = [this] { cmdMoveDown_Click(); };
+    productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+    locale_ = PrvInitLocale(platform_.locale());
+    columns_.setUp();
+    takeEvents();
     UserControl_Resize(); // the surface may have had its size before
 }
 
 ProductView::~ProductView()
 {
-    surface_.onResize = nullptr;
-    flexGrid_.onAfterUserResize = nullptr;
-    flexGrid_.onDblClick = nullptr;
-    flexGrid_.onRightClick = nullptr;
-    for (const OptionalColumn& own : optionalColumns()) {
-        own.menu.onToolClick = nullptr;
-    }
-    cmdNew_.onClick = nullptr;
-    cmdDelete_.onClick = nullptr;
-    cmdMoveUp_.onClick = nullptr;
-    cmdMoveDown_.onClick = nullptr;
+    handlers_.clear(); // before the trace is called, which may let events in
     UserControl_Terminate();
 }
 
-void ProductView::UserControl_Initialize()
+void ProductView::takeEvents()
 {
-    productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
-    locale_ = PrvInitLocale(platform_.locale());
-    PrvInitColumnIndices();
-    PrvSetDefaultProps();
-    PrvInitGrid();
-    PrvApplyColumnLayout();
+    handlers_.set(surface_.onResize, [this] { UserControl_Resize(); });
+    handlers_.set(flexGrid_.onDblClick, [this] { flexGrid_DblClick(); });
+    handlers_.set(cmdNew_.onClick, [this] { cmdNew_Click(); });
+    handlers_.set(cmdDelete_.onClick, [this] { cmdDelete_Click(); });
+    handlers_.set(cmdMoveUp_.onClick, [this] { cmdMoveUp_Click(); });
+    handlers_.set(cmdMoveDown_.onClick, [this] { cmdMoveDown_Click(); });
+    columns_.takeEvents(handlers_);
+}
+
+void ProductView::UserControl_Resize()
+{
+    // The grid takes all the space above a band as high as the buttons: the total at its left edge, the buttons at
+    // the grid's right edge. No length is clamped, and a step that fails is skipped: in a view lower than its band
+    // the grid keeps its last height, and the later steps go by that.
+    const ResumeNext<false> step;
+    step([&] { flexGrid_.move(0, 0, surface_.innerWidth(), surface_.innerHeight() - kGap - cmdNew_.height()); });
+    step([&] { fraBottomLeft_.move(0, flexGrid_.height() + kGap); });
+    step([&] { fraBottomRight_.move(flexGrid_.width() - fraBottomRight_.width(), fraBottomLeft_.top()); });
 }
 
 void ProductView::UserControl_ReadProperties()
 {
     traceIgnore("KTVOrvanProduct.ProductView::UserControl_ReadProperties", [&](auto step) {
-        step([&] { hostTypeName_ = site_.parentTypeName(); });
-        step([&] { PrvReadPrefs(hostTypeName_); });
-        step([&] { PrvApplyColumnLayout(); });
-        // Nothing is kept under this name: it makes the container save the control at all.
+        step([&] { columns_.setHostTypeName(site_.parentTypeName()); });
+        step([&] { columns_.PrvReadPrefs(); });
+        step([&] { columns_.PrvApplyColumnLayout(); });
+        // Nothing is kept under this name. Reporting it makes the container save the control at all.
         step([&] { site_.propertyChanged("Dummy"); });
     });
 }
@@ -84,8 +81,8 @@ void ProductView::UserControl_Terminate()
 void ProductView::Show(std::string_view sProducts)
 {
     tracePropagate("KTVOrvanProduct.ProductView::Show", [&] {
-        // Replaces a manager that is held. Where none is held none is made, and the next statement
-        // reports that, rather than hiding that the view never was initialised.
+        // Only a manager that is held is replaced. Where there is none, none is made, so that the next statement
+        // raises 91 instead of hiding that the view was never initialised.
         if (productMgr_) {
             productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
         }
@@ -122,20 +119,31 @@ void ProductView::PrvSetDirty(bool bDirty)
     }
 }
 
-void ProductView::PrvSetDefaultProps()
+void ProductView::PrvRefreshView(bool updateTotal)
 {
-    tracePropagate("KTVOrvanProduct.ProductView::PrvSetDefaultProps", [&] {
-        chooseDefaultFields();
-        defaultWidths_ = {250, 2500, 700, 700};
+    tracePropagate("KTVOrvanProduct.ProductView::PrvRefreshView", [&] {
+        // An error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
+        flexGrid_.setRedraw(false);
+        const std::int32_t count = productMgr().GetProductCount();
+        flexGrid_.setRowCount(count + 1);
+        // The row has a counter of its own, because the manager may move the index.
+        std::int32_t row = 1;
+        for (std::int32_t index = 1; index <= count; ++index, ++row) {
+            bool found = false;
+            productMgr().SeekIndex(index, 0, found);
+            // Fetched before `found` is looked at, so that a manager's error is seen as an error.
+            const auto record = productMgr().GetProduct(index);
+            if (!found) {
+                break;
+            }
+            columns_.fillRow(row, index, *record);
+        }
+        if (updateTotal) {
+            txtTotal_.setText(
+                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, locale_.currencySymbol, true));
+        }
+        flexGrid_.setRedraw(true);
     });
-}
-
-void ProductView::chooseDefaultFields()
-{
-    fieldOne_ = ViewFieldEnum::Qty;
-    fieldTwo_ = ViewFieldEnum::ExtPrice;
-    columnOne_ = PrvGetColIndexByEnum(fieldOne_);
-    columnTwo_ = PrvGetColIndexByEnum(fieldTwo_);
 }
 
 } // namespace orvan

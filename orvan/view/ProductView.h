@@ -3,23 +3,21 @@
 // A grid with the position, the name and two columns of the user's choice, a total, and four
 // buttons. The host hands it the products as one string (Show) and reads the string, the total and
 // the dirty flag back; nothing is reported in between. The list itself lives in a product manager
-// (orvan/core/ProductMgr.h) that the view creates by class name.
+// (orvan/core/ProductMgr.h) that the view creates by class name. The grid's columns, the user's choice among
+// them and the preferences are ProductColumns' (orvan/view/ProductColumns.h).
 //
 // Ownership: the host owns the view and everything it is given, which must outlive it. Thread: the
 // user-interface thread. Errors: Show, Products and TotalValue raise RuntimeError with a number and
 // nothing else; texts are in the trace. Lengths in twips; positions 1-based.
-//
-// The procedures stand in files by subject: ProductView.cpp (life, Show), ProductViewColumns.cpp
-// (columns, refresh, View menus), ProductViewPrefs.cpp (preferences), ProductViewCommands.cpp (add, edit,
-// delete, move), ProductViewLayout.cpp (resize).
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/base/Lifetime.h"
+#include "orvan/base/ScopedHandlers.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/modLocale.h"
-#include "orvan/ui/GridFormat.h"
+#include "orvan/view/ProductColumns.h"
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -34,16 +32,8 @@ namespace ui {
 class Button;
 class ContainerSite;
 class Frame;
-class Grid;
-class Platform;
-class PopupMenu;
-class Surface;
 class TextBox;
 } // namespace ui
-
-/// The fields a user can choose for the two optional columns. Saved preferences hold these numbers;
-/// values outside them can be read back from damaged ones.
-enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt = 2, UnitPrice = 3, Qty = 4, Note = 5 };
 
 class ProductView {
 public:
@@ -59,77 +49,43 @@ public:
     /// far as it got, with the earlier list gone.
     void Show(std::string_view sProducts);
     /// The current list, as one string.
-    std::string Products();
+    [[nodiscard]] std::string Products();
     /// Sum of all extended prices.
-    Currency TotalValue();
+    [[nodiscard]] Currency TotalValue();
     /// True once the user changed the list here, for the rest of the view's life.
-    bool Dirty() const { return dirty_; }
+    [[nodiscard]] bool Dirty() const { return dirty_; }
 
     /// The container has placed the control on its form: reads the preferences kept under the
     /// form's type name. Never raises.
     void UserControl_ReadProperties();
 
 private:
-    /// The grid's columns, in their initial order.
-    enum ColumnKey { Number, Name, Key, PartNum, ExtPrice, DiscPrcnt, UnitPrice, Qty, Note, columnKeyCount };
-
-    void UserControl_Initialize();
-    void UserControl_Terminate();
+    // ProductView.cpp
+    void takeEvents();
     void UserControl_Resize();
-    void flexGrid_AfterUserResize();
-
-    /// One of the two optional columns, One and Two: what the procedures that serve both differ in.
-    struct OptionalColumn {
-        ui::PopupMenu& menu;
-        ViewFieldEnum& field;
-        std::int32_t& column;
-        const ViewFieldEnum& otherField;
-    };
-    std::array<OptionalColumn, 2> optionalColumns();
-    void flexGrid_RightClick();
-    void mnuViewCbo_Click(const OptionalColumn& own, std::string_view sItem);
-    void PrvSetViewMenu(const OptionalColumn& own, ViewFieldEnum eField);
-    void PrvChooseColumn(const OptionalColumn& own, std::int32_t lCol, ViewFieldEnum eField);
-
+    void UserControl_Terminate();
     /// Error 91 when none is held.
-    ProductMgr& productMgr() const;
-    void chooseDefaultFields();
-
+    [[nodiscard]] ProductMgr& productMgr() const;
     void PrvSetDirty(bool bDirty);
-    void PrvSetDefaultProps();
+    void PrvRefreshView(bool updateTotal);
 
-    static std::string_view PrvGetColKeyByEnum(ViewFieldEnum eField);
-    std::int32_t PrvGetColIndexByEnum(ViewFieldEnum eField) const;
-    void PrvInitColumnIndices();
-    void PrvSetColumnKeys();
-    void PrvInitGrid();
-    void PrvSetColumnHeaders();
-    void PrvSetColumnFormat(std::int32_t lCol, ViewFieldEnum eField);
-    void PrvRefreshColumnIndices();
-    void PrvShowChosenColumns(std::int32_t lColOne, std::int32_t lColTwo);
-    void PrvApplyColumnLayout();
-    void PrvRefreshView(bool bUpdateTotal);
-    void fillRow(std::int32_t lRow, std::int32_t lIndex, const ProductRecord& record);
-
-    /// Owner of the view's message boxes; none when the container cannot tell.
-    std::int32_t messageOwner() const;
-    /// Gives the owner of an error's message: 0 once the view is gone, which its own question may outlive.
-    std::function<std::int32_t()> hostWindow() const;
+    // ProductViewCommands.cpp
     void cmdNew_Click();
     void flexGrid_DblClick();
-    using EditorOpening = std::function<void(ProductDlg& dialog, const std::shared_ptr<ProductMgr>& manager)>;
-    void openEditor(const EditorOpening& open);
     void cmdDelete_Click();
     void cmdMoveUp_Click();
     void cmdMoveDown_Click();
-    void moveCurrentRow(std::int32_t lOffset);
+    using EditorOpening = std::function<void(ProductDlg& dialog, const std::shared_ptr<ProductMgr>& manager)>;
+    void openEditor(const EditorOpening& open);
     void PrvDeleteProduct();
-    std::int32_t PrvMoveProduct(std::int32_t lIndex, std::int32_t lOffset);
-
-    void PrvReadPrefs(const std::string& sHostType);
-    bool applyStoredPrefs(const std::string& sHostType);
-    void applyDefaultPrefs();
-    void PrvSaveViewPrefs(const std::string& sHostType);
+    void moveCurrentRow(std::int32_t offset);
+    /// The product's new position; -1 when it cannot be moved.
+    [[nodiscard]] std::int32_t PrvMoveProduct(std::int32_t index, std::int32_t offset);
+    /// Owner of the view's message boxes; none when the container cannot tell.
+    [[nodiscard]] std::int32_t messageOwner() const;
+    /// Runs an event handler of the view: an error is recorded, and shown to the user.
+    template <class Body>
+    void handleEvent(std::string_view label, Body&& body);
 
     ui::Platform& platform_; ///< First, because setting it enters the library.
     ui::Surface& surface_;
@@ -142,27 +98,14 @@ private:
     ui::Button& cmdDelete_;
     ui::Button& cmdMoveUp_;
     ui::Button& cmdMoveDown_;
-    ui::PopupMenu& mnuViewCboOne_;
-    ui::PopupMenu& mnuViewCboTwo_;
+    ProductColumns columns_;
 
-    /// Gone with the view: a host may destroy it while one of its message boxes waits for the user.
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
-    std::shared_ptr<ProductMgr> productMgr_; ///< Never null once initialised.
+    Lifetime lifetime_; ///< A host may destroy the view while one of its message boxes waits for the user.
+    std::shared_ptr<ProductMgr> productMgr_; ///< Never null once the view is made.
+    LocaleStrings locale_;                   ///< Read once; of the five only the symbol is used here, for the total.
     bool dirty_ = false;
-    bool dirtyLock_ = false; ///< While true the flag cannot be set. Nothing freezes it: never true so far.
-    std::string hostTypeName_;
-
-    std::array<std::int32_t, columnKeyCount> columnIndices_{};
-    std::int32_t lastColumn_ = 0;
-    ViewFieldEnum fieldOne_{};
-    ViewFieldEnum fieldTwo_{};
-    std::int32_t columnOne_ = 0;
-    std::int32_t columnTwo_ = 0;
-    /// For the grid's first four positions. Filled, cleared, and read by nobody: widths come from
-    /// the preferences.
-    std::array<std::int32_t, 4> defaultWidths_{};
-
-    LocaleStrings locale_; ///< Read once; of the five only the symbol is used here, for the total.
+    bool dirtyLock_ = false; ///< While true, the flag cannot be set. No procedure sets the lock so far.
+    ScopedHandlers handlers_;
 };
 
 } // namespace orvan

@@ -1,8 +1,7 @@
 // What the user does to the list: add, edit, delete and move.
 //
-// Grid rows and product positions coincide: row r shows the product at position r.
+// Row r of the grid shows the product at position r, so a row serves as a position.
 
-#include "orvan/base/Integer.h"
 #include "orvan/core/modInit.h"
 #include "orvan/editor/ProductDlg.h"
 #include "orvan/ui/Button.h"
@@ -22,24 +21,27 @@ std::int32_t ProductView::messageOwner() const
     }
 }
 
-std::function<std::int32_t()> ProductView::hostWindow() const
+template <class Body>
+void ProductView::handleEvent(std::string_view label, Body&& body)
 {
-    return [alive = std::weak_ptr(alive_), &site = site_] { return alive.expired() ? 0 : site.parentWindow(); };
+    // The host may destroy the view while the body waits for the user; the message then has no owner.
+    traceShowToUser(label, std::forward<Body>(body),
+                    [watch = lifetime_.watch(), &site = site_] { return watch.ended() ? 0 : site.parentWindow(); });
 }
 
 void ProductView::openEditor(const EditorOpening& open)
 {
-    const std::weak_ptr<const bool> alive = alive_;
-    bool bChanged = false;
+    const LifetimeWatch watch = lifetime_.watch();
+    bool changed = false;
     {
         ProductDlg dialog(platform_);
-        open(dialog, std::shared_ptr(productMgr_)); // a share of the dialog's own, which may outlive the view's
-        bChanged = dialog.Dirty();
+        open(dialog, std::shared_ptr(productMgr_)); // a copy: the view's own may be gone before the dialog
+        changed = dialog.Dirty();
     }
-    if (alive.expired()) {
-        return; // the host has destroyed the view while the user was in the dialog
+    if (watch.ended()) {
+        return; // the host has destroyed the view meanwhile
     }
-    if (bChanged) {
+    if (changed) {
         PrvSetDirty(true);
     }
     PrvRefreshView(true); // also after a cancelled dialog
@@ -47,61 +49,53 @@ void ProductView::openEditor(const EditorOpening& open)
 
 void ProductView::cmdNew_Click()
 {
-    traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdNew_Click",
-        [&] { openEditor([](ProductDlg& dialog, const auto& manager) { dialog.ShowAddNew(manager); }); }, hostWindow());
+    handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click",
+                [&] { openEditor([](ProductDlg& dialog, const auto& manager) { dialog.ShowAddNew(manager); }); });
 }
 
 void ProductView::flexGrid_DblClick()
 {
-    // Reports the add button's label: both open the editor, and readers of traces look for one name.
-    traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdNew_Click",
-        [&] {
-            const std::int32_t lRow = flexGrid_.mouseRow();
-            if (lRow < 1) {
+    // The label is deliberately the add button's: both open the editor, and readers of traces look for one name.
+    handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click", [&] {
+        const std::int32_t row = flexGrid_.mouseRow();
+        if (row < 1) {
+            return;
+        }
+        std::int32_t index = columns_.indexInRow(row);
+        bool found = false;
+        productMgr().SeekIndex(index, 0, found);
+        if (!found) {
+            PrvRefreshView(true);
+            if (productMgr().GetProductCount() < 1) {
                 return;
             }
-            std::int32_t lIndex = textToInteger32(flexGrid_.displayText(lRow, columnIndices_[Number]));
-            bool bFound = false;
-            productMgr().SeekIndex(lIndex, 0, bFound);
-            if (!bFound) {
-                PrvRefreshView(true);
-                if (productMgr().GetProductCount() < 1) {
-                    return;
-                }
-                lIndex = 1;
-            }
-            openEditor([&](ProductDlg& dialog, const auto& manager) { dialog.Show(manager, lIndex); });
-        },
-        hostWindow());
+            index = 1;
+        }
+        openEditor([&](ProductDlg& dialog, const auto& manager) { dialog.Show(manager, index); });
+    });
 }
 
 void ProductView::cmdDelete_Click()
 {
-    traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); }, hostWindow());
+    handleEvent("KTVOrvanProduct.ProductView::cmdDelete_Click", [&] { PrvDeleteProduct(); });
 }
 
 void ProductView::PrvDeleteProduct()
 {
     tracePropagate("KTVOrvanProduct.ProductView::PrvDeleteProduct", [&] {
-        const std::int32_t lRow = flexGrid_.currentRow();
-        if (lRow < 1) {
-            platform_.messageBox().show({.text = "Please select a product first",
-                                         .buttons = ui::MessageButtons::ok,
-                                         .icon = ui::MessageIcon::information,
-                                         .ownerWindow = messageOwner()});
+        const std::int32_t row = flexGrid_.currentRow();
+        if (row < 1) {
+            platform_.messageBox().show({.text = "Please select a product first", .ownerWindow = messageOwner()});
             return;
         }
-        const std::weak_ptr<const bool> alive = alive_;
+        const LifetimeWatch watch = lifetime_.watch();
         const auto answer =
             platform_.messageBox().show({.text = "Are you sure you want to delete the selected product?",
                                          .buttons = ui::MessageButtons::yesNo,
                                          .icon = ui::MessageIcon::question,
                                          .ownerWindow = messageOwner()});
-        if (answer == ui::MessageResult::yes && !alive.expired()) {
-            productMgr().DeleteProduct(lRow);
+        if (answer == ui::MessageResult::yes && !watch.ended()) {
+            productMgr().DeleteProduct(row);
             PrvSetDirty(true);
             PrvRefreshView(true);
         }
@@ -110,41 +104,39 @@ void ProductView::PrvDeleteProduct()
 
 void ProductView::cmdMoveUp_Click()
 {
-    traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); }, hostWindow());
+    handleEvent("KTVOrvanProduct.ProductView::cmdMoveUp_Click", [&] { moveCurrentRow(-1); });
 }
 
 void ProductView::cmdMoveDown_Click()
 {
-    traceShowToUser(
-        "KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); }, hostWindow());
+    handleEvent("KTVOrvanProduct.ProductView::cmdMoveDown_Click", [&] { moveCurrentRow(+1); });
 }
 
-void ProductView::moveCurrentRow(std::int32_t lOffset)
+void ProductView::moveCurrentRow(std::int32_t offset)
 {
-    const std::int32_t lRow = flexGrid_.currentRow();
-    if (lRow <= 0) {
+    const std::int32_t row = flexGrid_.currentRow();
+    if (row <= 0) {
         return;
     }
-    const std::int32_t lNew = PrvMoveProduct(lRow, lOffset);
-    if (lNew > 0) {
+    const std::int32_t moved = PrvMoveProduct(row, offset);
+    if (moved > 0) {
         PrvSetDirty(true);
-        flexGrid_.setCurrentRow(lNew); // the user sees it stay with the product, scrolled into view
+        flexGrid_.setCurrentRow(moved); // stays with the product and is scrolled into view
     }
 }
 
-std::int32_t ProductView::PrvMoveProduct(std::int32_t lIndex, std::int32_t lOffset)
+std::int32_t ProductView::PrvMoveProduct(std::int32_t index, std::int32_t offset)
 {
     return tracePropagate("KTVOrvanProduct.ProductView::PrvMoveProduct", [&]() -> std::int32_t {
-        std::int32_t lNew = lIndex;
-        bool bFound = false;
-        productMgr().SeekIndex(lNew, lOffset, bFound);
-        if (!bFound) {
+        std::int32_t moved = index;
+        bool found = false;
+        productMgr().SeekIndex(moved, offset, found);
+        if (!found) {
             return -1; // nothing moves at the ends of the list
         }
-        productMgr().MoveProduct(lIndex, lNew);
+        productMgr().MoveProduct(index, moved);
         PrvRefreshView(false); // a move cannot change the total
-        return lNew;
+        return moved;
     });
 }
 

@@ -1,6 +1,6 @@
 #include "orvan/view/ProductViewDesign.h"
 
-#include <array>
+#include "orvan/view/ProductColumnTable.h"
 
 namespace orvan {
 
@@ -14,39 +14,23 @@ constexpr float kButtonStep = 420;
 constexpr std::string_view kRight = "fraBottomRight";
 constexpr std::string_view kLeft = "fraBottomLeft";
 
-/// An item of the View menus, by its name in either: the menu's name and the key of the column that it chooses.
-struct MenuItem {
-    std::string_view one;
-    std::string_view two;
-    std::string_view caption;
-};
-
-constexpr std::size_t kMenuItemCount = 6;
-constexpr MenuItem kMenuItems[kMenuItemCount] = {
-    {"mnuViewCboOnePartNum", "mnuViewCboTwoPartNum", "Part#"},
-    {"mnuViewCboOneExtPrice", "mnuViewCboTwoExtPrice", "Ext Price"},
-    {"mnuViewCboOneDiscPrcnt", "mnuViewCboTwoDiscPrcnt", "Disc%"},
-    {"mnuViewCboOneUnitPrice", "mnuViewCboTwoUnitPrice", "Unit Price"},
-    {"mnuViewCboOneQty", "mnuViewCboTwoQty", "Qty"},
-    {"mnuViewCboOneNote", "mnuViewCboTwoNote", "Note"},
-};
-
-constexpr std::array<ui::ToolDesign, kMenuItemCount> menuTools(std::string_view MenuItem::*name)
+constexpr auto menuTools(ProductColumns::Place menu)
 {
-    std::array<ui::ToolDesign, kMenuItemCount> tools;
-    for (std::size_t i = 0; i < kMenuItemCount; ++i) {
-        tools[i].id = kMenuItems[i].*name;
-        tools[i].caption = kMenuItems[i].caption;
+    std::array<ui::ToolDesign, kFieldColumns.size()> tools;
+    for (std::size_t i = 0; i < tools.size(); ++i) {
+        tools[i].id = kFieldColumns[i].menuItems[menu];
+        tools[i].caption = kFieldColumns[i].caption;
     }
     return tools;
 }
 
-constexpr auto kMenuOne = menuTools(&MenuItem::one);
-constexpr auto kMenuTwo = menuTools(&MenuItem::two);
+constexpr auto kMenuOne = menuTools(ProductColumns::One);
+constexpr auto kMenuTwo = menuTools(ProductColumns::Two);
 
 // clang-format off
 constexpr ui::ControlDesign kControls[] = {
-    {.name = "flexGrid", .kind = ControlKind::grid, .width = 6000, .height = 2565, .tabIndex = 0, .gridColumns = 9},
+    {.name = "flexGrid", .kind = ControlKind::grid, .width = 6000, .height = 2565, .tabIndex = 0,
+     .gridColumns = ProductColumns::kColumnCount},
     {.name = kLeft, .kind = ControlKind::frame, .top = 2625, .width = 2850, .height = kButton},
     {.name = "lblTotal", .kind = ControlKind::label, .parent = kLeft, .left = 60, .width = 600, .height = kButton,
      .caption = "Total"},

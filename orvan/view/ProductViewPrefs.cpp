@@ -1,10 +1,12 @@
+// Which fields columns One and Two show, and how wide the columns are: the defaults, and what the user
+// has chosen before.
+
 #include "orvan/view/ProductViewPrefs.h"
 
 #include "orvan/base/Integer.h"
 #include "orvan/core/modInit.h"
-#include "orvan/ui/Grid.h"
 #include "orvan/ui/Platform.h"
-#include "orvan/view/ProductView.h"
+#include "orvan/view/ProductColumnTable.h"
 
 #include <vector>
 
@@ -13,104 +15,113 @@ namespace orvan {
 namespace {
 
 constexpr std::string_view kSection = "KTVOrvanProduct_ProductView_Prefs";
+constexpr ViewFieldEnum kDefaultFieldOne = ViewFieldEnum::Qty;
+constexpr ViewFieldEnum kDefaultFieldTwo = ViewFieldEnum::ExtPrice;
 constexpr std::int32_t kDefaultWidth = 700; // twips, of every column after the name
 
-std::string prefsKey(const std::string& sHostType)
+std::string prefsKey(const std::string& hostTypeName)
 {
-    return "ViewSettings_" + sHostType;
+    return "ViewSettings_" + hostTypeName;
 }
 
 /// An empty text has no pieces at all.
 std::vector<std::string_view> split(std::string_view text, char separator)
 {
     std::vector<std::string_view> pieces;
-    while (!text.empty()) {
-        const auto end = text.find(separator);
-        pieces.push_back(text.substr(0, end));
-        if (end == text.npos) {
-            break;
-        }
-        text.remove_prefix(end + 1);
-        if (text.empty()) {
-            pieces.push_back(text); // what follows a separator is a piece, be it empty
-        }
+    if (text.empty()) {
+        return pieces;
     }
+    for (std::size_t end = text.find(separator); end != text.npos; end = text.find(separator)) {
+        pieces.push_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    pieces.push_back(text);
     return pieces;
 }
 
 } // namespace
 
-void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& sHostType, std::string_view sValue)
+void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& hostTypeName, std::string_view value)
 {
-    if (settings.get(ui::kSettingsApplication, kSection, prefsKey(sHostType)).empty()) {
-        settings.set(ui::kSettingsApplication, kSection, prefsKey(sHostType), sValue);
+    if (settings.get(ui::kSettingsApplication, kSection, prefsKey(hostTypeName)).empty()) {
+        settings.set(ui::kSettingsApplication, kSection, prefsKey(hostTypeName), value);
     }
 }
 
-void ProductView::PrvReadPrefs(const std::string& sHostType)
+void ProductColumns::PrvSetDefaultProps()
+{
+    tracePropagate("KTVOrvanProduct.ProductView::PrvSetDefaultProps", [&] {
+        chooseFields(kDefaultFieldOne, kDefaultFieldTwo);
+        defaultWidths_ = {250, 2500, 700, 700};
+    });
+}
+
+void ProductColumns::chooseFields(ViewFieldEnum one, ViewFieldEnum two)
+{
+    chosen_[One].field = one;
+    chosen_[Two].field = two;
+    chosen_[One].column = PrvGetColIndexByEnum(one);
+    chosen_[Two].column = PrvGetColIndexByEnum(two);
+}
+
+void ProductColumns::PrvReadPrefs()
 {
     traceRecover(
         "KTVOrvanProduct.ProductView::PrvReadPrefs",
         [&] {
-            if (!applyStoredPrefs(sHostType)) {
+            if (!applyStoredPrefs()) {
                 applyDefaultPrefs();
             }
         },
-        // What the stored value had already set stays where the defaults do not reach: the widths
-        // of the first two columns.
+        // The widths of the first two columns have no default: they stay as far as the stored value set them.
         [&] { applyDefaultPrefs(); });
 }
 
 /// False when nothing usable is stored; raises when it cannot be read as numbers.
-bool ProductView::applyStoredPrefs(const std::string& sHostType)
+bool ProductColumns::applyStoredPrefs()
 {
-    const std::string sValue = platform_.settings().get(ui::kSettingsApplication, kSection, prefsKey(sHostType));
-    const auto parts = split(sValue, '~');
+    const std::string value = platform_.settings().get(ui::kSettingsApplication, kSection, prefsKey(hostTypeName_));
+    const auto parts = split(value, '~');
     if (parts.size() != 3) {
         return false;
     }
-    fieldOne_ = ViewFieldEnum{textToInteger32(parts[0])};
-    fieldTwo_ = ViewFieldEnum{textToInteger32(parts[1])};
-    columnOne_ = PrvGetColIndexByEnum(fieldOne_);
-    columnTwo_ = PrvGetColIndexByEnum(fieldTwo_);
-    // Widths go to the columns as they stand now. The caller moves the chosen two afterwards, and
-    // they take along the widths of the places they come from.
-    std::int32_t lCol = 0;
-    for (const std::string_view piece : split(parts[2], '^')) {
-        flexGrid_.setColumnWidth(lCol++, textToInteger32(piece));
+    const ViewFieldEnum one{textToInteger32(parts[0])};
+    const ViewFieldEnum two{textToInteger32(parts[1])};
+    chooseFields(one, two);
+    // Widths go to the columns as they stand now. When the chosen two are moved afterwards, they keep the
+    // widths of the places they come from.
+    std::int32_t column = 0;
+    for (const std::string_view width : split(parts[2], '^')) {
+        flexGrid_.setColumnWidth(column++, textToInteger32(width));
     }
     return true;
 }
 
-void ProductView::applyDefaultPrefs()
+void ProductColumns::applyDefaultPrefs()
 {
-    chooseDefaultFields();
+    chooseFields(kDefaultFieldOne, kDefaultFieldTwo);
     defaultWidths_.fill(0);
-    for (std::int32_t lCol = columnIndices_[Name] + 1; lCol <= lastColumn_; ++lCol) {
-        flexGrid_.setColumnWidth(lCol, kDefaultWidth);
+    for (std::int32_t column = columnIndices_[kNameColumn] + 1; column < kColumnCount; ++column) {
+        flexGrid_.setColumnWidth(column, kDefaultWidth);
     }
 }
 
-void ProductView::PrvSaveViewPrefs(const std::string& sHostType)
+void ProductColumns::PrvSaveViewPrefs()
 {
     traceRecover(
         "KTVOrvanProduct.ProductView::PrvSaveViewPrefs",
         [&] {
-            std::string sWidths;
-            for (std::int32_t lCol = 0; lCol < flexGrid_.columnCount(); ++lCol) {
-                sWidths += lCol == 0 ? "" : "^";
-                sWidths += std::to_string(flexGrid_.columnWidth(lCol));
+            std::string value;
+            for (const ChosenColumn& chosen : chosen_) {
+                value += std::to_string(static_cast<std::int32_t>(chosen.field)) + "~";
             }
-            const auto field = [](ViewFieldEnum eField) { return std::to_string(static_cast<std::int32_t>(eField)); };
-            platform_.settings().set(ui::kSettingsApplication, kSection, prefsKey(sHostType),
-                                     field(fieldOne_) + "~" + field(fieldTwo_) + "~" + sWidths);
+            for (std::int32_t column = 0; column < flexGrid_.columnCount(); ++column) {
+                value += column == 0 ? "" : "^";
+                value += std::to_string(flexGrid_.columnWidth(column));
+            }
+            platform_.settings().set(ui::kSettingsApplication, kSection, prefsKey(hostTypeName_), value);
         },
         [] {}); // the stored value stays as it was, and the user's work goes on
-}
-
-void ProductView::flexGrid_AfterUserResize()
-{
-    PrvSaveViewPrefs(hostTypeName_);
 }
 
 } // namespace orvan

@@ -13,9 +13,9 @@
 
 namespace orvan {
 
-/// Stores sValue for a host form whose user has no preferences yet: a host's way to give its list
-/// view widths that suit the place it stands in. To be called before the view is shown. Raises 75
-/// when the store cannot be read or written.
-void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& sHostType, std::string_view sValue);
+/// Stores `value` for a host form whose user has no preferences yet: with it a host gives its list view
+/// widths that suit the place it stands in. To be called before the view is shown. Raises 75 when the
+/// store cannot be read or written.
+void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& hostTypeName, std::string_view value);
 
 } // namespace orvan

@@ -1,0 +1,81 @@
+// The columns of the list view's grid as data: everything that sets one column apart stands in its row here.
+//
+// For the sources of this folder; hosts have no use for it.
+#pragma once
+
+#include "orvan/core/ProductMgr.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/view/ProductColumns.h"
+
+#include <iterator>
+#include <optional>
+#include <span>
+
+namespace orvan {
+
+struct ColumnRow {
+    std::string_view key;
+    std::string_view caption; ///< Of the header and of the items of the View menus.
+    /// Until the column is first shown as One or Two; none: the column keeps what the grid gives a new one.
+    ui::GridType type;
+    /// What the cells show: a text or an amount of the record, or the product's position where both are null.
+    std::string (ProductRecord::*text)() const = nullptr;
+    Currency (ProductRecord::*amount)() const = nullptr;
+
+    // Only for columns that can be shown as One or Two.
+    std::optional<ViewFieldEnum> field = std::nullopt;
+    ui::GridType shownType = ui::GridType::none; ///< From the first such showing on.
+    std::string_view shownFormat = {};
+    std::array<std::string_view, 2> menuItems = {}; ///< In mnuViewCboOne and in mnuViewCboTwo, by Place.
+};
+
+/// The dollar sign is literal, whatever the user's currency.
+inline constexpr std::string_view kMoneyFormat = "$###,##0.00";
+
+// clang-format off
+/// In initial order, which is the order of ViewFieldEnum for those that can be chosen.
+inline constexpr ColumnRow kColumns[] = {
+    {.key = "Number", .caption = "#", .type = ui::GridType::int32},
+    {.key = "Name", .caption = "Product", .type = ui::GridType::string, .text = &ProductRecord::Name},
+    {.key = "Key", .caption = "Key", .type = ui::GridType::string, .text = &ProductRecord::Key},
+    {.key = "PartNum", .caption = "Part#", .type = ui::GridType::string, .text = &ProductRecord::PartNum,
+     .field = ViewFieldEnum::PartNum, .shownType = ui::GridType::string,
+     .menuItems = {"mnuViewCboOnePartNum", "mnuViewCboTwoPartNum"}},
+    {.key = "ExtPrice", .caption = "Ext Price", .type = ui::GridType::currency, .amount = &ProductRecord::ExtPrice,
+     .field = ViewFieldEnum::ExtPrice, .shownType = ui::GridType::currency, .shownFormat = kMoneyFormat,
+     .menuItems = {"mnuViewCboOneExtPrice", "mnuViewCboTwoExtPrice"}},
+    {.key = "DiscPrcnt", .caption = "Disc%", .type = ui::GridType::none, .amount = &ProductRecord::DiscPrcnt,
+     .field = ViewFieldEnum::DiscPrcnt, .shownType = ui::GridType::float64,
+     .menuItems = {"mnuViewCboOneDiscPrcnt", "mnuViewCboTwoDiscPrcnt"}},
+    {.key = "UnitPrice", .caption = "Unit Price", .type = ui::GridType::currency, .amount = &ProductRecord::UnitPrice,
+     .field = ViewFieldEnum::UnitPrice, .shownType = ui::GridType::currency, .shownFormat = kMoneyFormat,
+     .menuItems = {"mnuViewCboOneUnitPrice", "mnuViewCboTwoUnitPrice"}},
+    {.key = "Qty", .caption = "Qty", .type = ui::GridType::decimal, .amount = &ProductRecord::Qty,
+     .field = ViewFieldEnum::Qty, .shownType = ui::GridType::float64,
+     .menuItems = {"mnuViewCboOneQty", "mnuViewCboTwoQty"}},
+    {.key = "Note", .caption = "Note", .type = ui::GridType::string, .text = &ProductRecord::Note,
+     .field = ViewFieldEnum::Note, .shownType = ui::GridType::string,
+     .menuItems = {"mnuViewCboOneNote", "mnuViewCboTwoNote"}},
+};
+// clang-format on
+static_assert(std::size(kColumns) == ProductColumns::kColumnCount);
+
+inline constexpr std::size_t kNumberColumn = 0;
+inline constexpr std::size_t kNameColumn = 1;
+static_assert(kColumns[kNumberColumn].key == "Number" && kColumns[kNameColumn].key == "Name");
+
+/// The columns that can be chosen, by ViewFieldEnum value.
+inline constexpr auto kFieldColumns = std::span(kColumns).subspan<3>();
+static_assert([] {
+    for (std::size_t i = 0; i < kFieldColumns.size(); ++i) {
+        const ColumnRow& row = kFieldColumns[i];
+        if (row.field != static_cast<ViewFieldEnum>(i) ||
+            !row.menuItems[ProductColumns::One].starts_with("mnuViewCboOne") ||
+            !row.menuItems[ProductColumns::Two].starts_with("mnuViewCboTwo")) {
+            return false;
+        }
+    }
+    return true;
+}());
+
+} // namespace orvan

@@ -1,0 +1,235 @@
+#include "orvan/view/ProductColumns.h"
+
+#include "orvan/base/Integer.h"
+#include "orvan/base/ScopedHandlers.h"
+#include "orvan/base/Text.h"
+#include "orvan/core/modInit.h"
+#include "orvan/ui/PopupMenu.h"
+#include "orvan/ui/Surface.h"
+#include "orvan/view/ProductColumnTable.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace orvan {
+
+namespace {
+
+constexpr std::int32_t kPositionOne = 2;         ///< Of column One in the grid; column Two follows it.
+constexpr std::int32_t kNumberColumnWidth = 250; // twips
+constexpr std::size_t kMostCellCharacters = 255;
+
+/// The row of a field that can be chosen; null for a value outside the enumeration.
+const ColumnRow* rowOf(ViewFieldEnum field)
+{
+    const auto value = static_cast<std::size_t>(field);
+    return value < kFieldColumns.size() ? &kFieldColumns[value] : nullptr;
+}
+
+ui::GridValue cellValue(const ColumnRow& column, std::int32_t index, const ProductRecord& record)
+{
+    if (column.text) {
+        std::string text = (record.*column.text)();
+        text.resize(firstCharacters(text, kMostCellCharacters).size());
+        return text;
+    }
+    if (column.amount) {
+        return (record.*column.amount)();
+    }
+    return index;
+}
+
+} // namespace
+
+ProductColumns::ProductColumns(ui::Platform& platform, const ui::Surface& surface)
+    : platform_(platform),
+      flexGrid_(surface.control<ui::Grid>("flexGrid")), chosen_{{{surface.control<ui::PopupMenu>("mnuViewCboOne")},
+                                                                 {surface.control<ui::PopupMenu>("mnuViewCboTwo")}}}
+{
+}
+
+void ProductColumns::setUp()
+{
+    PrvInitColumnIndices();
+    PrvSetDefaultProps();
+    PrvInitGrid();
+    PrvApplyColumnLayout();
+}
+
+void ProductColumns::takeEvents(ScopedHandlers& handlers)
+{
+    handlers.set(flexGrid_.onAfterUserResize, [this] { PrvSaveViewPrefs(); });
+    handlers.set(flexGrid_.onRightClick, [this] { flexGrid_RightClick(); });
+    for (const Place own : {One, Two}) {
+        handlers.set(chosen_[own].menu.onToolClick,
+                     [this, own](std::string_view item) { mnuViewCbo_Click(own, item); });
+    }
+}
+
+std::string_view ProductColumns::PrvGetColKeyByEnum(ViewFieldEnum field)
+{
+    constexpr std::string_view kLabel = "KTVOrvanProduct.ProductView::PrvGetColKeyByEnum";
+    return tracePropagate(kLabel, [&] {
+        const ColumnRow* column = rowOf(field);
+        if (!column) {
+            raiseApplicationError(kLabel, "Invalid field enum");
+        }
+        return column->key;
+    });
+}
+
+std::int32_t ProductColumns::PrvGetColIndexByEnum(ViewFieldEnum field) const
+{
+    return flexGrid_.columnIndex(PrvGetColKeyByEnum(field));
+}
+
+void ProductColumns::PrvInitColumnIndices()
+{
+    std::iota(columnIndices_.begin(), columnIndices_.end(), 0);
+    PrvSetColumnKeys();
+}
+
+void ProductColumns::PrvSetColumnKeys()
+{
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        flexGrid_.setColumnKey(columnIndices_[i], kColumns[i].key);
+    }
+}
+
+void ProductColumns::PrvInitGrid()
+{
+    flexGrid_.setRedraw(false);
+    flexGrid_.setRowCount(1);
+    flexGrid_.setColumnCount(kColumnCount);
+    flexGrid_.setFixedRows(1);
+    flexGrid_.setUserResizing(true);
+    flexGrid_.setColumnWidth(0, kNumberColumnWidth);
+    PrvSetColumnHeaders();
+    flexGrid_.setRedraw(true);
+}
+
+void ProductColumns::PrvSetColumnHeaders()
+{
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        flexGrid_.setValue(0, columnIndices_[i], std::string(kColumns[i].caption));
+        if (kColumns[i].type != ui::GridType::none) {
+            flexGrid_.setColumnType(columnIndices_[i], kColumns[i].type);
+        }
+    }
+}
+
+void ProductColumns::PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field)
+{
+    if (column < 0) {
+        return; // a column that lost its key: PrvRefreshColumnIndices reports it
+    }
+    const ColumnRow* row = rowOf(field);
+    flexGrid_.setColumnType(column, row ? row->shownType : ui::GridType::none);
+    flexGrid_.setColumnFormat(column, row ? row->shownFormat : "");
+}
+
+void ProductColumns::PrvApplyColumnLayout()
+{
+    flexGrid_.setRedraw(false);
+    flexGrid_.setColumnHidden(columnIndices_[kNumberColumn], false);
+    flexGrid_.setColumnHidden(columnIndices_[kNameColumn], false);
+    PrvShowChosenColumns();
+    flexGrid_.setRedraw(true);
+}
+
+void ProductColumns::PrvShowChosenColumns()
+{
+    const std::int32_t columnOne = chosen_[One].column;
+    const std::int32_t columnTwo = chosen_[Two].column;
+    for (std::int32_t i = kPositionOne; i < kColumnCount; ++i) {
+        flexGrid_.setColumnHidden(i, i != columnOne && i != columnTwo);
+    }
+    const std::string keyTwo = flexGrid_.columnKey(columnTwo);
+    flexGrid_.moveColumn(columnOne, kPositionOne);
+    // Looked up again, because moving column One may have shifted column Two.
+    flexGrid_.moveColumn(flexGrid_.columnIndex(keyTwo), kPositionOne + 1);
+    PrvRefreshColumnIndices();
+}
+
+void ProductColumns::PrvRefreshColumnIndices()
+{
+    constexpr std::string_view kLabel = "KTVOrvanProduct.ProductView::PrvRefreshColumnIndices";
+    tracePropagate(kLabel, [&] {
+        for (std::size_t i = 0; i < kColumnCount; ++i) {
+            columnIndices_[i] = flexGrid_.columnIndex(kColumns[i].key);
+        }
+        for (ChosenColumn& chosen : chosen_) {
+            chosen.column = PrvGetColIndexByEnum(chosen.field);
+            PrvSetColumnFormat(chosen.column, chosen.field);
+        }
+        if (std::ranges::min(columnIndices_) < 0) {
+            raiseApplicationError(kLabel, "Invalid column index");
+        }
+    });
+}
+
+void ProductColumns::flexGrid_RightClick()
+{
+    if (flexGrid_.mouseRow() != 0) {
+        return;
+    }
+    for (const Place own : {One, Two}) {
+        if (flexGrid_.mouseColumn() == chosen_[own].column) {
+            setViewMenu(own, chosen_[1 - own].field);
+            chosen_[own].menu.popUp();
+            return;
+        }
+    }
+}
+
+/// PrvSetViewMenuOne and PrvSetViewMenuTwo. A menu does not offer the field that the other column shows.
+void ProductColumns::setViewMenu(Place own, ViewFieldEnum taken)
+{
+    ui::PopupMenu& menu = chosen_[own].menu;
+    for (const ColumnRow& column : kFieldColumns) {
+        menu.setToolEnabled(column.menuItems[own], true);
+    }
+    if (const ColumnRow* column = rowOf(taken)) {
+        menu.setToolEnabled(column->menuItems[own], false);
+    }
+}
+
+/// The items of mnuViewCboOne and of mnuViewCboTwo.
+void ProductColumns::mnuViewCbo_Click(Place own, std::string_view item)
+{
+    for (const ColumnRow& column : kFieldColumns) {
+        if (column.menuItems[own] == item) {
+            chooseColumn(own, flexGrid_.columnIndex(column.key), *column.field);
+            return;
+        }
+    }
+}
+
+/// PrvChooseColumnOne and PrvChooseColumnTwo.
+void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum field)
+{
+    ChosenColumn& chosen = chosen_[own];
+    const std::int32_t width = flexGrid_.columnWidth(chosen.column);
+    chosen.field = field;
+    chosen.column = column;
+    flexGrid_.setRedraw(false);
+    flexGrid_.setColumnWidth(chosen.column, width); // the place keeps its width, whatever is shown there
+    PrvSetColumnFormat(chosen.column, chosen.field);
+    PrvShowChosenColumns();
+    flexGrid_.setRedraw(true);
+    PrvSaveViewPrefs();
+}
+
+void ProductColumns::fillRow(std::int32_t row, std::int32_t index, const ProductRecord& record)
+{
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        flexGrid_.setValue(row, columnIndices_[i], cellValue(kColumns[i], index, record));
+    }
+}
+
+std::int32_t ProductColumns::indexInRow(std::int32_t row) const
+{
+    return textToInteger32(flexGrid_.displayText(row, columnIndices_[kNumberColumn]));
+}
+
+} // namespace orvan

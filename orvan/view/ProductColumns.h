@@ -1,0 +1,107 @@
+// ProductColumns: the columns of the list view's grid, and the user's choice among them.
+//
+// There are nine, each described by one row of orvan/view/ProductColumnTable.h. The position and the name
+// are always shown, and beside them columns One and Two. Their fields are the user's choice, made in the
+// View menus that a right click on the header brings up. The choice and the widths of the columns are kept
+// as preferences (orvan/view/ProductViewPrefs.h).
+//
+// Showing the chosen columns moves them. An index is therefore good only until the next move, and columns
+// are found again by their keys.
+//
+// The trace labels say ProductView, because those who read traces know the view as one object.
+//
+// Ownership: ProductView; the platform and the surface outlive it. Thread: the user-interface thread.
+// Errors: the preferences recover from theirs; everything else raises, and the right click and the menu
+// items, which are not traced, raise to the platform.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace orvan {
+
+class ProductRecord;
+class ScopedHandlers;
+
+namespace ui {
+class Grid;
+class Platform;
+class PopupMenu;
+class Surface;
+} // namespace ui
+
+/// The fields a user can choose for columns One and Two. Saved preferences hold these numbers; damaged
+/// preferences can hold others.
+enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt = 2, UnitPrice = 3, Qty = 4, Note = 5 };
+
+class ProductColumns {
+public:
+    static constexpr std::int32_t kColumnCount = 9;
+    /// The two columns of the user's choice.
+    enum Place : std::size_t { One, Two };
+
+    /// Finds the grid and the menus of kProductViewDesign (orvan/view/ProductViewDesign.h).
+    ProductColumns(ui::Platform& platform, const ui::Surface& surface);
+    ProductColumns(const ProductColumns&) = delete;
+    ProductColumns& operator=(const ProductColumns&) = delete;
+
+    /// Gives the grid its columns and shows the default fields. Called first, and once.
+    void setUp();
+    /// Column resizing, right clicks and the View menus.
+    void takeEvents(ScopedHandlers& handlers);
+    /// Whose preferences are read and saved from now on.
+    void setHostTypeName(std::string name) { hostTypeName_ = std::move(name); }
+    /// Takes the stored fields and widths, or the defaults. PrvApplyColumnLayout then shows the fields.
+    void PrvReadPrefs();
+    void PrvApplyColumnLayout();
+
+    /// Writes the product at position `index` of the list into a row of the grid.
+    void fillRow(std::int32_t row, std::int32_t index, const ProductRecord& record);
+    /// The position in the list that a row shows.
+    [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
+
+private:
+    struct ChosenColumn {
+        ui::PopupMenu& menu;
+        ViewFieldEnum field{};   ///< What the column shows.
+        std::int32_t column = 0; ///< Where that field stands in the grid.
+    };
+
+    // ProductColumns.cpp
+    [[nodiscard]] static std::string_view PrvGetColKeyByEnum(ViewFieldEnum field);
+    [[nodiscard]] std::int32_t PrvGetColIndexByEnum(ViewFieldEnum field) const;
+    void PrvInitColumnIndices();
+    void PrvSetColumnKeys();
+    void PrvInitGrid();
+    void PrvSetColumnHeaders();
+    void PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field);
+    void PrvShowChosenColumns();
+    void PrvRefreshColumnIndices();
+    void flexGrid_RightClick();
+    void setViewMenu(Place own, ViewFieldEnum taken);
+    void mnuViewCbo_Click(Place own, std::string_view item);
+    void chooseColumn(Place own, std::int32_t column, ViewFieldEnum field);
+
+    // ProductViewPrefs.cpp
+    void PrvSetDefaultProps();
+    void chooseFields(ViewFieldEnum one, ViewFieldEnum two);
+    [[nodiscard]] bool applyStoredPrefs();
+    void applyDefaultPrefs();
+    void PrvSaveViewPrefs();
+
+    ui::Platform& platform_;
+    ui::Grid& flexGrid_;
+    std::array<ChosenColumn, 2> chosen_; ///< By Place.
+    /// Where each column of the table stands in the grid now.
+    std::array<std::int32_t, kColumnCount> columnIndices_{};
+    /// For the grid's first four positions. Filled and cleared, but never read: widths come from the
+    /// preferences.
+    std::array<std::int32_t, 4> defaultWidths_{};
+    std::string hostTypeName_;
+};
+
+} // namespace orvan
