@@ -17,6 +17,7 @@ namespace orvan {
 struct HostOptions {
     DefaultComponentOptions components = {};
     icu::LocaleNames locale = icu::localeNamesFromEnvironment();
+    ui::EditingWay editing = ui::EditingWay::classic; ///< What differs: orvan/core/Deviations.h.
 };
 
 template <class PlatformType>
@@ -30,6 +31,7 @@ public:
           platform_(locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
           messages_(platform_.messageBox())
     {
+        platform_.editing = options.editing;
         registerDefaultComponents(components_, options.components);
     }
     Host(const Host&) = delete;

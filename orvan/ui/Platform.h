@@ -6,6 +6,7 @@
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/ComponentFactory.h"
+#include "orvan/ui/EditingWay.h"
 #include "orvan/ui/LocaleService.h"
 #include "orvan/ui/MessageBox.h"
 #include "orvan/ui/SettingsStore.h"
@@ -30,6 +31,9 @@ public:
     /// Makes a form and all its controls; nothing is shown yet (see orvan/ui/Form.h). Never null. The
     /// platform outlives the form. Raises what a Surface of the design raises.
     virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
+
+    /// The way of editing of the forms and views that are made from now on.
+    EditingWay editing = EditingWay::classic;
 
     /// Takes an error that left an event handler. No exception crosses a toolkit's event loop: the
     /// platform calls this instead and goes on. A host may set its own; it must not throw.
