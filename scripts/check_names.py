@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Holds what clang-tidy has no rule for: a name does not begin with a letter or two that tell its type (sLabel, lRow,
 bFound, cyMost, objList). Names that hosts, support staff or the trace know keep that form; they are listed here.
-Prints every finding; exits with 1 when there is one."""
+Prints the first place of each name in a file; exits with 1 when there is one."""
 
 import re
 import sys
@@ -25,11 +25,12 @@ def blank(match: re.Match) -> str:
 
 
 def check(path: Path) -> list[str]:
-    findings = []
+    first_line = {}
     for number, line in enumerate(NOT_CODE.sub(blank, path.read_text()).splitlines(), 1):
-        findings += [f"{path.relative_to(ROOT)}:{number}: {name} tells its type; name it after what it is"
-                     for name in TYPE_PREFIX.findall(line) if name.rstrip("_") not in KNOWN]
-    return findings
+        for name in TYPE_PREFIX.findall(line):
+            first_line.setdefault(name, number)
+    return [f"{path.relative_to(ROOT)}:{number}: {name} tells its type; name it after what it is"
+            for name, number in first_line.items() if name.rstrip("_") not in KNOWN]
 
 
 def main() -> int:
