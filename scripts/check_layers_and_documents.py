@@ -24,6 +24,7 @@ MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|Pro
 # The logic uses the standard library alone.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
 MOST_LINES = 400
+FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
 DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/performance.md"]
 
 
@@ -31,54 +32,62 @@ def layer_of(path: str) -> str | None:
     return max((f for f in LAYERS if path.startswith(f + "/")), key=len, default=None)
 
 
+def line_of(match: re.Match, text: str) -> int:
+    return text.count("\n", 0, match.start()) + 1
+
+
 def check_includes(path: str, text: str) -> list[str]:
     own = layer_of(path)
     if own is None:
         return []
     findings = []
-    for line, quote, target in re.findall(r'^(#include ([<"])([^>"]+)[>"])', text, re.M):
+    for match in re.finditer(r'^(#include ([<"])([^>"]+)[>"])', text, re.M):
+        line, quote, target = match.groups()
+        place = f"{path}:{line_of(match, text)}"
         if quote == '"':
             other = layer_of(target)
             if other is None:
                 if not (ROOT / path).parent.joinpath(target).exists():
-                    findings.append(f"{path}: {line} is not a path from the root")
+                    findings.append(f"{place}: {line} is not a path from the root")
             elif other != own and own in PLATFORMS and other not in BELOW_PLATFORMS:
-                findings.append(f"{path}: {line}: a platform includes only base and ui")
+                findings.append(f"{place}: {line}: a platform includes only base and ui")
             elif own != other and (LAYERS.index(other) > LAYERS.index(own) or any({own, other} <= group for group in SIDE_BY_SIDE)):
-                findings.append(f"{path}: {line}: {own} does not include {other}")
+                findings.append(f"{place}: {line}: {own} does not include {other}")
         elif re.match(r"Q[A-Z]|Qt", target) and not MAY_USE_QT.match(path):
-            findings.append(f"{path}: {line}: no Qt here")
+            findings.append(f"{place}: {line}: no Qt here")
         elif own in LOGIC and ("/" in target or target.endswith(".h")):
-            findings.append(f"{path}: {line}: the standard library alone")
+            findings.append(f"{place}: {line}: the standard library alone")
     return findings
 
 
 def check_size(path: str, text: str) -> list[str]:
     lines = text.count("\n")
-    return [f"{path}: {lines} lines, more than {MOST_LINES}"] if lines > MOST_LINES else []
+    return [f"{path}:{MOST_LINES + 1}: {lines} lines, more than {MOST_LINES}"] if lines > MOST_LINES else []
 
 
 def check_document(name: str, sources: list[str]) -> list[str]:
     text = (ROOT / name).read_text()
-    findings = [f"{name}: its code that begins with {block.splitlines()[0]!r} is in no source file"
-                for block in re.findall(r"^```cpp\n(#include.*?)^```", text, re.M | re.S)
-                if not any(block in source for source in sources)]
-    for span in re.findall(r"`([^`\n]+)`", re.sub(r"^```.*?^```", "", text, flags=re.M | re.S)):
+    findings = [f"{name}:{line_of(block, text)}: this code is in no source file"
+                for block in re.finditer(r"^```cpp\n(#include.*?)^```", text, re.M | re.S)
+                if not any(block[1] in source for source in sources)]
+    prose = re.sub(r"^```.*?^```", lambda block: re.sub(r"[^\n]", "", block[0]), text, flags=re.M | re.S)
+    for match in re.finditer(r"`([^`\n]+)`", prose):
+        span = match[1]
+        place = f"{name}:{line_of(match, prose)}"
         looks_like_a_path = "/" in span or re.search(r"\.(md|json|h|cpp|py|sh)$", span)
         if looks_like_a_path and re.fullmatch(r"(\./)?[\w.-]+(/[\w.-]*)*", span):
             if not span.startswith("build/") and not list(ROOT.glob(span.removeprefix("./").rstrip("/"))):
-                findings.append(f"{name}: `{span}` does not exist")
+                findings.append(f"{place}: `{span}` does not exist")
         elif re.fullmatch(r"(Prv\w+|[a-z]+\w+_[A-Z]\w+|[A-Z]\w+::\w+)(\(\))?", span):
             word = re.compile(rf"\b{span.removesuffix('()').split('::')[-1]}\b")
             if not any(word.search(source) for source in sources):
-                findings.append(f"{name}: `{span}` is not in the code")
+                findings.append(f"{place}: `{span}` is not in the code")
     return findings
 
 
 def main() -> int:
-    paths = [path for pattern in ("*.h", "*.cpp") for path in sorted(ROOT.rglob(pattern))]
-    sources = {str(path.relative_to(ROOT)): path.read_text() for path in paths
-               if path.relative_to(ROOT).parts[0] != "build"}
+    sources = {str(path.relative_to(ROOT)): path.read_text() for folder in FOLDERS
+               for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
     findings = []
     for path, text in sources.items():
         findings += check_includes(path, text) + check_size(path, text)

@@ -1,9 +1,15 @@
-# Installs the Debian packages that a build needs and are missing. Sourced by ./run, ./test, ./bench and
+# shellcheck shell=bash disable=SC2034
+# Installs the Debian packages that a build needs and are missing. Sourced by ./run, ./test, ./lint, ./bench and
 # scripts/pictures.
 
 run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsqlite3-dev fonts-dejavu-core)
-test_packages=("${run_packages[@]}" clang libclang-rt-dev libgtest-dev libgmock-dev python3
+test_packages=("${run_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox)
+lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev shellcheck)
+# For ./test portable. GoogleTest's sources: the installed one is built for this processor and with libstdc++.
+libcxx_packages=(libc++-dev libc++abi-dev googletest)
+aarch64_packages=(g++-aarch64-linux-gnu qemu-user googletest)
+s390x_packages=(g++-s390x-linux-gnu qemu-user googletest)
 bench_packages=("${run_packages[@]}" libbenchmark-dev xvfb)
 picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick)
 
@@ -38,4 +44,10 @@ build_preset() {
     else
         cmake --build "build/$preset"
     fi
+}
+
+# use_ccache: presets that build a source in the same way (release, headless) compile it once.
+use_ccache() {
+    command -v ccache >/dev/null 2>&1 || return 0
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
 }

@@ -1,0 +1,3 @@
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(ORVAN_DEBIAN_NAME arm64)
+include(${CMAKE_CURRENT_LIST_DIR}/foreign.cmake)

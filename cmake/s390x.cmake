@@ -1,0 +1,3 @@
+set(CMAKE_SYSTEM_PROCESSOR s390x)
+set(ORVAN_DEBIAN_NAME s390x)
+include(${CMAKE_CURRENT_LIST_DIR}/foreign.cmake)
