@@ -1,12 +1,42 @@
-// Rows: the table of a test, its columns named where the loop over it binds them.
+// Rows: the tables of the tests. A row is a struct with a name, or with a text that says as much. A row that fails
+// prints it, and the rows after it still run.
 #pragma once
+
+#include "orvan/base/RuntimeError.h"
+
+#include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <tuple>
 
 namespace orvan::test {
 
+/// A row that needs no other name: a text, and what comes of it.
+struct Example {
+    const char *text, *result;
+};
+
 template <class... Columns>
 using Rows = std::initializer_list<std::tuple<Columns...>>;
+
+/// Runs `test` for each row. ASSERT_... and exceptions end the row and not the table.
+template <class Rows, class Test>
+void forEachRow(const Rows& rows, const Test& test)
+{
+    for (const auto& row : rows) {
+        testing::Message name;
+        if constexpr (requires { row.name; }) {
+            name << "row: " << row.name;
+        } else {
+            name << "row: " << row.text;
+        }
+        SCOPED_TRACE(name);
+        try {
+            test(row);
+        } catch (...) {
+            ADD_FAILURE() << "error " << currentError().number() << ": " << currentError().text();
+        }
+    }
+}
 
 } // namespace orvan::test
