@@ -8,7 +8,7 @@ namespace orvan {
 namespace {
 
 using test::FieldsFixture;
-using test::Rows;
+using test::forEachRow;
 
 UInt128 shiftedToEven(UInt128 value, int bits, bool sticky = false)
 {
@@ -74,11 +74,11 @@ TEST(Prices, AreComputedInDoubleDividedFirst)
         record.SetQty(Currency::fromScaled(qty));
         record.SetUnitPrice(Currency::fromScaled(unitPrice));
         record.SetDiscPrcnt(Currency::fromScaled(discount));
-        const Currency before = record.ExtPrice();
+        const Currency priceBefore = record.ExtPrice();
         fixture.PrvSetDirty(false);
         fixture.fields.PrvCalcExtPrice();
         ASSERT_EQ(record.ExtPrice().scaled(), expectedPrice(amount, discount)) << fixture.product();
-        ASSERT_EQ(fixture.dirty, record.ExtPrice() != before);
+        ASSERT_EQ(fixture.dirty, record.ExtPrice() != priceBefore);
         priced += record.ExtPrice() != Currency();
     }
     EXPECT_GT(priced, 40'000);
@@ -86,34 +86,38 @@ TEST(Prices, AreComputedInDoubleDividedFirst)
 
 TEST(Prices, FollowQuantityUnitPriceAndDiscount)
 {
-    for (const auto& [qty, unitPrice, discount, extPrice] : Rows<const char*, const char*, const char*, const char*>{
-             {"3", "19.99", "10", "53.973"},
-             {"2.5", "1.2345", "0", "3.0862"}, // the product is a tie: to even
-             {"1", "0.0625", "50", "0.0312"},
-             {"1", "0.1875", "50", "0.0938"}, // ties in double, too
-             {"1", "0.0001", "50", "0.0001"}, // a tie on paper; the double is a little more
-             {"1", "10", "100", "0"},
-             {"1", "10", "100.0001", "10"},
-             {"1", "10", "-20", "12"},
-             {"-2", "10", "50", "-10"},
-             {"922337203685477.5807", "2", "0", "0"},
-             {"922337203685477", "1", "-100", "0"},
-             {"1", "1", "-922337203685477.5807", "0"}, // the rest to 100 is beyond the range
-             {"922337203685477.5807", "1", "0", "0"},  // the nearest double is beyond the range
-         }) {
+    struct Row {
+        const char *name, *qty, *unitPrice, *discount, *extPrice;
+    };
+    const Row rows[] = {
+        {"exact", "3", "19.99", "10", "53.973"},
+        {"quantity times price is a tie: to even", "2.5", "1.2345", "0", "3.0862"},
+        {"a tie in double, too: to even", "1", "0.0625", "50", "0.0312"},
+        {"a tie in double, too: up to even", "1", "0.1875", "50", "0.0938"},
+        {"a tie on paper; the double is a little more", "1", "0.0001", "50", "0.0001"},
+        {"the whole price off", "1", "10", "100", "0"},
+        {"more than the whole price off counts as none", "1", "10", "100.0001", "10"},
+        {"a surcharge", "1", "10", "-20", "12"},
+        {"a negative quantity", "-2", "10", "50", "-10"},
+        {"quantity times price is beyond the range", "922337203685477.5807", "2", "0", "0"},
+        {"the surcharge goes beyond the range", "922337203685477", "1", "-100", "0"},
+        {"the rest to 100 is beyond the range", "1", "1", "-922337203685477.5807", "0"},
+        {"the nearest double is beyond the range", "922337203685477.5807", "1", "0", "0"},
+    };
+    forEachRow(rows, [](const Row& row) {
         FieldsFixture fixture;
-        fixture.setProduct(qty, unitPrice, discount);
+        fixture.setProduct(row.qty, row.unitPrice, row.discount);
         fixture.currentProduct().SetExtPrice(Currency::fromScaled(-1));
         fixture.fields.PrvCalcExtPrice();
-        EXPECT_EQ(fixture.product(), std::string(qty) + ' ' + unitPrice + ' ' + discount + ' ' + extPrice);
+        EXPECT_EQ(fixture.currentProduct().ExtPrice().toText(), row.extPrice);
         EXPECT_TRUE(fixture.dirty);
         fixture.PrvSetDirty(false);
         fixture.fields.PrvCalcExtPrice();
-        EXPECT_FALSE(fixture.dirty) << "computed again: " << extPrice;
+        EXPECT_FALSE(fixture.dirty) << "nothing has changed since";
         fixture.objCurrentProduct.reset();
-        fixture.fields.PrvCalcExtPrice(); // nothing to price, and no error
+        fixture.fields.PrvCalcExtPrice(); // without a product: nothing to price, and no error
         EXPECT_TRUE(fixture.trace->lines().empty());
-    }
+    });
 }
 
 TEST(Prices, TheTotalOfALongListFollowsEachKeystroke)
@@ -124,16 +128,20 @@ TEST(Prices, TheTotalOfALongListFollowsEachKeystroke)
     }
     fixture.objCurrentProduct = fixture.objProductMgr->GetProduct(500);
     fixture.setProduct("4", "19.99", "10");
-    for (const auto& [key, extPrice, total] : Rows<char, const char*, const char*>{{'1', "$17.99", "$1,016.09"},
-                                                                                   {'2', "$215.89", "$1,213.99"},
-                                                                                   {'.', "$215.89", "$1,213.99"},
-                                                                                   {'5', "$224.89", "$1,222.99"},
-                                                                                   {'x', "$224.89", "$1,222.99"},
-                                                                                   {'\b', "$215.89", "$1,213.99"}}) {
-        key == '\b' ? fixture.box("txtQty").backspace() : fixture.box("txtQty").type(std::string(1, key));
-        EXPECT_EQ(fixture.box("txtExtPrice").text(), extPrice) << key;
-        EXPECT_EQ(fixture.box("txtTotal").text(), total) << key;
-    }
+    struct Row {
+        char name; // the key
+        const char *extPrice, *total;
+    };
+    const Row rows[] = {
+        {'1', "$17.99", "$1,016.09"},  {'2', "$215.89", "$1,213.99"}, {'.', "$215.89", "$1,213.99"},
+        {'5', "$224.89", "$1,222.99"}, {'x', "$224.89", "$1,222.99"}, {'\b', "$215.89", "$1,213.99"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        auto& qty = fixture.box("txtQty");
+        row.name == '\b' ? qty.backspace() : qty.type(std::string(1, row.name));
+        EXPECT_EQ(fixture.box("txtExtPrice").text(), row.extPrice);
+        EXPECT_EQ(fixture.box("txtTotal").text(), row.total);
+    });
 }
 
 } // namespace
