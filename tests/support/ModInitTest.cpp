@@ -11,10 +11,10 @@
 namespace orvan {
 namespace {
 
+using test::forEachRow;
 using test::Raised;
 using test::raisedBy;
 using test::RecordingTrace;
-using test::Rows;
 using test::ScopedTrace;
 using test::TraceCall;
 
@@ -35,6 +35,7 @@ void inFreshThread(Body&& body)
 }
 
 enum Shape { propagate, recover, closeDialog, showToUser, resume, ignore };
+constexpr const char* kShapeNames[] = {"propagate", "recover", "closeDialog", "showToUser", "resume", "ignore"};
 enum Failing { nothing, body, enter, exitCall, record, lastNumber, show, handler, trace };
 
 /// A traced procedure of two statements, of which the first may fail.
@@ -67,35 +68,64 @@ void runShape(Shape shape, RecordingTrace& notes, Failing failing)
 
 TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
 {
-    const Rows<std::vector<Shape>, Failing, const char*, std::int32_t> rows = {
-        {{propagate, recover, closeDialog, showToUser, resume, ignore}, nothing, "enter L, work, more, exit L", 0},
-        {{propagate}, body, "enter L, work, error 13", 13},
-        {{recover, closeDialog}, body, "enter L, work, error 13, handled", 0},
-        {{showToUser}, body, "enter L, work, error 13, handled, show 7", 0},
-        {{resume}, body, "enter L, work, error 13, more, exit L", 0},
-        {{ignore}, body, "enter L, work, more, exit L", 0},
-        {{propagate}, enter, "enter L (fails), error 70", 70},
-        {{recover, closeDialog}, enter, "enter L (fails), error 70, handled", 0},
-        {{showToUser}, enter, "enter L (fails), error 70, handled, show 7", 0},
-        {{resume}, enter, "enter L (fails), error 70, work, more, exit L", 0},
-        {{ignore}, enter, "enter L (fails), work, more, exit L", 0},
-        {{propagate}, exitCall, "enter L, work, more, exit L (fails), error 71", 71},
-        {{recover, closeDialog}, exitCall, "enter L, work, more, exit L (fails), error 71, handled", 0},
-        {{showToUser}, exitCall, "enter L, work, more, exit L (fails), error 71, handled, show 7", 0},
-        {{resume}, exitCall, "enter L, work, more, exit L (fails), error 71", 0},
-        {{ignore}, exitCall, "enter L, work, more, exit L (fails)", 0},
-        {{propagate, recover, closeDialog, showToUser, resume}, record, "enter L, work, error 13 (fails)", 72},
-        {{propagate}, lastNumber, "enter L, work, error 13", 73},
-        {{showToUser}, show, "enter L, work, error 13, handled, show 7 (fails)", 74},
-        {{recover, closeDialog, showToUser}, handler, "enter L, work, error 13, handled", 75},
-        {{propagate, recover, closeDialog, showToUser, resume}, trace, "", 91},
-        {{ignore}, trace, "work, more", 0},
+    struct Row {
+        const char* name;
+        std::vector<Shape> shapes;
+        Failing failing;
+        const char* lines;
+        std::int32_t raised = 0;
     };
-    for (const auto& [shapes, failing, lines, raised] : rows) {
-        for (const Shape shape : shapes) {
-            SCOPED_TRACE("shape " + std::to_string(shape) + ", failing " + std::to_string(failing));
+    // clang-format off
+    const Row rows[] = {
+        {.name = "nothing fails", .shapes = {propagate, recover, closeDialog, showToUser, resume, ignore},
+         .failing = nothing, .lines = "enter L, work, more, exit L"},
+        {.name = "the body fails", .shapes = {propagate}, .failing = body,
+         .lines = "enter L, work, error 13", .raised = 13},
+        {.name = "the body fails", .shapes = {recover, closeDialog}, .failing = body,
+         .lines = "enter L, work, error 13, handled"},
+        {.name = "the body fails", .shapes = {showToUser}, .failing = body,
+         .lines = "enter L, work, error 13, handled, show 7"},
+        {.name = "the body fails", .shapes = {resume}, .failing = body,
+         .lines = "enter L, work, error 13, more, exit L"},
+        {.name = "the body fails", .shapes = {ignore}, .failing = body, .lines = "enter L, work, more, exit L"},
+        {.name = "entering fails", .shapes = {propagate}, .failing = enter,
+         .lines = "enter L (fails), error 70", .raised = 70},
+        {.name = "entering fails", .shapes = {recover, closeDialog}, .failing = enter,
+         .lines = "enter L (fails), error 70, handled"},
+        {.name = "entering fails", .shapes = {showToUser}, .failing = enter,
+         .lines = "enter L (fails), error 70, handled, show 7"},
+        {.name = "entering fails", .shapes = {resume}, .failing = enter,
+         .lines = "enter L (fails), error 70, work, more, exit L"},
+        {.name = "entering fails", .shapes = {ignore}, .failing = enter,
+         .lines = "enter L (fails), work, more, exit L"},
+        {.name = "leaving fails", .shapes = {propagate}, .failing = exitCall,
+         .lines = "enter L, work, more, exit L (fails), error 71", .raised = 71},
+        {.name = "leaving fails", .shapes = {recover, closeDialog}, .failing = exitCall,
+         .lines = "enter L, work, more, exit L (fails), error 71, handled"},
+        {.name = "leaving fails", .shapes = {showToUser}, .failing = exitCall,
+         .lines = "enter L, work, more, exit L (fails), error 71, handled, show 7"},
+        {.name = "leaving fails", .shapes = {resume}, .failing = exitCall,
+         .lines = "enter L, work, more, exit L (fails), error 71"},
+        {.name = "leaving fails", .shapes = {ignore}, .failing = exitCall,
+         .lines = "enter L, work, more, exit L (fails)"},
+        {.name = "recording fails", .shapes = {propagate, recover, closeDialog, showToUser, resume},
+         .failing = record, .lines = "enter L, work, error 13 (fails)", .raised = 72},
+        {.name = "reading the number fails", .shapes = {propagate}, .failing = lastNumber,
+         .lines = "enter L, work, error 13", .raised = 73},
+        {.name = "showing fails", .shapes = {showToUser}, .failing = show,
+         .lines = "enter L, work, error 13, handled, show 7 (fails)", .raised = 74},
+        {.name = "the handler fails", .shapes = {recover, closeDialog, showToUser}, .failing = handler,
+         .lines = "enter L, work, error 13, handled", .raised = 75},
+        {.name = "there is no trace", .shapes = {propagate, recover, closeDialog, showToUser, resume},
+         .failing = trace, .lines = "", .raised = 91},
+        {.name = "there is no trace", .shapes = {ignore}, .failing = trace, .lines = "work, more"},
+    };
+    // clang-format on
+    forEachRow(rows, [](const Row& row) {
+        for (const Shape shape : row.shapes) {
+            SCOPED_TRACE(kShapeNames[shape]);
             ScopedTrace object;
-            switch (failing) {
+            switch (row.failing) {
             case enter: object->failNext(TraceCall::enter, 70); break;
             case exitCall: object->failNext(TraceCall::exit, 71); break;
             case record: object->failNext(TraceCall::error, 72); break;
@@ -104,13 +134,13 @@ TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
             case trace: gobjTrace = nullptr; break;
             default: break;
             }
-            EXPECT_EQ(raisedBy([&, &failing = failing] { runShape(shape, *object.trace(), failing); }).number, raised);
-            EXPECT_EQ(joined(object->lines()), lines);
+            EXPECT_EQ(raisedBy([&] { runShape(shape, *object.trace(), row.failing); }).number, row.raised);
+            EXPECT_EQ(joined(object->lines()), row.lines);
             for (const std::int32_t number : object->numbersSince(0)) {
                 object->declareError(number);
             }
         }
-    }
+    });
 }
 
 struct OneClass final : ui::ComponentFactory {
@@ -129,19 +159,26 @@ struct OneClass final : ui::ComponentFactory {
 TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
 {
     icu::IcuLocaleService locale{icu::LocaleNames{}};
-    for (const auto& [name, make, number] : Rows<const char*, OneClass::Make, std::int32_t>{
-             {"missing", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(429, "src", "no class"); }, 429},
-             {"own number", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(-5, "src", "x"); }, -5},
-             {"foreign type", []() -> std::shared_ptr<ui::Component> { throw std::runtime_error("x"); }, 440},
-             {"wrong kind", [] { return std::make_shared<ui::Component>(); }, 430}}) {
+    struct Row {
+        const char* name;
+        OneClass::Make make;
+        std::int32_t number;
+    };
+    const Row rows[] = {
+        {"missing", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(429, "src", "no class"); }, 429},
+        {"own number", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(-5, "src", "x"); }, -5},
+        {"foreign type", []() -> std::shared_ptr<ui::Component> { throw std::runtime_error("x"); }, 440},
+        {"wrong kind", [] { return std::make_shared<ui::Component>(); }, 430},
+    };
+    forEachRow(rows, [&](const Row& row) {
         for (int thread = 0; thread < 2; ++thread) { // each thread is told
-            SCOPED_TRACE(name);
-            inFreshThread([&, &make = make, &number = number] {
-                OneClass factory(make);
+            inFreshThread([&] {
+                SCOPED_TRACE(row.name); // which belongs to its thread
+                OneClass factory(row.make);
                 headless::HeadlessPlatform platform(locale, factory);
                 platform.messageBox().answer(ui::MessageResult::ok);
                 const Raised error = raisedBy([&] { enterLibrary(platform); });
-                EXPECT_EQ(error.number, number);
+                EXPECT_EQ(error.number, row.number);
                 EXPECT_EQ(error.source + error.description, "");
                 EXPECT_NO_THROW(enterLibrary(platform)) << "tried again in the same thread";
                 EXPECT_EQ(factory.asked, 1);
@@ -155,10 +192,10 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
                 EXPECT_EQ(raisedBy([] { tracePropagate("L", [] {}); }).number, 91);
             });
         }
-    }
+    });
 }
 
-/// What a static does that outlives its thread's trace object.
+/// A static that asks for the trace object when the thread has let that go.
 struct LateUser {
     std::int32_t* raised = nullptr;
     ~LateUser()
@@ -171,7 +208,7 @@ struct LateUser {
     }
 };
 
-TEST(Main, WhoOutlivesTheThreadFindsNoTrace)
+TEST(Main, AStaticThatOutlivesTheTraceObjectFindsNone)
 {
     std::int32_t raised = 0;
     inFreshThread([&] {
