@@ -35,7 +35,7 @@ struct Script {
 
 /// Entry 11 is the only one that can be sought.
 struct ScriptedCatalogue final : ProductLkpMgr {
-    explicit ScriptedCatalogue(Script& scriptOfAll) : script(scriptOfAll) {}
+    explicit ScriptedCatalogue(Script& shared) : script(shared) {}
     LookUpList list(std::string sCall, std::string_view sText, bool bAll)
     {
         script.call(sCall.append(bAll ? "All " : " ").append(sText));
@@ -58,7 +58,7 @@ struct ScriptedCatalogue final : ProductLkpMgr {
 };
 
 struct ScriptedRecord final : ProductRecord {
-    explicit ScriptedRecord(Script& scriptOfAll) : script(scriptOfAll) {}
+    explicit ScriptedRecord(Script& shared) : script(shared) {}
     std::string Name() const override { return name; }
     std::string Key() const override { return key; }
     std::string PartNum() const override { return partNum; }
@@ -69,7 +69,7 @@ struct ScriptedRecord final : ProductRecord {
     void SetPartNum(std::string_view sPartNum) override { script.call("SetPartNum"), partNum = sPartNum; }
     void SetUnitPrice(Currency cyUnitPrice) override { script.call("SetUnitPrice"), price = cyUnitPrice; }
     void SetNote(std::string_view sNote) override { script.call("SetNote"), note = sNote; }
-    // The look-up has no business with these.
+    // The look-up neither reads nor writes these.
     Currency Qty() const override { return {}; }
     Currency DiscPrcnt() const override { return {}; }
     Currency ExtPrice() const override { return {}; }
@@ -96,11 +96,11 @@ public:
     {
         objCurrentProduct = record;
         boxes.objLkpMgr = catalogue;
-        net.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << "unhandled " << error.number(); };
+        platform_.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << "unhandled " << error.number(); };
     }
-    ~LookUpBench() override { EXPECT_EQ(net.messageBox().unusedAnswers(), 0U); }
+    ~LookUpBench() override { EXPECT_EQ(platform_.messageBox().unusedAnswers(), 0U); }
 
-    ui::Platform& platform() override { return net; }
+    headless::HeadlessPlatform& platform() override { return platform_; }
     std::int32_t window() override { return 7; }
     void PrvSetDirty(bool bDirty) override { script.call("Dirty"), dirty = bDirty; }
     void PrvLoadProductInfo() override
@@ -149,8 +149,12 @@ public:
     Script script;
     ComponentRegistry components;
     icu::IcuLocaleService userLocale{{.monetary = "en_US", .numeric = "en_US"}};
-    headless::HeadlessPlatform net{userLocale, components};
-    headless::HeadlessForm form{kProductFormDesign, net};
+
+private:
+    headless::HeadlessPlatform platform_{userLocale, components};
+
+public:
+    headless::HeadlessForm form{kProductFormDesign, platform_};
     std::shared_ptr<ScriptedCatalogue> catalogue = std::make_shared<ScriptedCatalogue>(script);
     std::shared_ptr<ScriptedRecord> record = std::make_shared<ScriptedRecord>(script);
     LookUpBoxes boxes{*this, form};
