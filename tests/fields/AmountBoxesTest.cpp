@@ -23,9 +23,9 @@ TEST(AmountBoxes, DigitsSeparatorsAndEditingKeysPassAndNothingElse)
         for (const std::string name : {"txtQty", "txtUnitPrice", "txtDiscount"}) {
             std::string passed;
             for (std::int16_t key = -300; key < 0x2500; ++key) {
-                std::int16_t iKeyAscii = key;
-                fixture.box(name).onKeyPress(iKeyAscii);
-                passed += iKeyAscii == 0 ? "" : toUtf8(static_cast<char32_t>(iKeyAscii));
+                std::int16_t keyAscii = key;
+                fixture.box(name).onKeyPress(keyAscii);
+                passed += keyAscii == 0 ? "" : toUtf8(static_cast<char32_t>(keyAscii));
             }
             const char* const separatorsAndDigits = name == "txtUnitPrice" ? row.money : row.numbers;
             EXPECT_EQ(passed, std::string("\x03\x08\x16\x18").append(separatorsAndDigits)) << name;
@@ -84,13 +84,13 @@ TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
         EXPECT_FALSE(fixture.bInitializing);
     });
     FieldsFixture german("de_DE");
-    german.locale.currencySymbol = ","; // the default of one that could not be read: takes the decimal comma away
+    german.locale.currencySymbol = ","; // as when the symbol could not be read: it removes the decimal comma
     german.setProduct("1", "1.5", "0");
     german.box("txtUnitPrice").setFocus();
     EXPECT_EQ(german.box("txtUnitPrice").text(), "150\u00A0€");
 }
 
-TEST(AmountBoxes, NothingDriftsAfterTheFirstVisit)
+TEST(AmountBoxes, VisitingABoxAgainChangesNothing)
 {
     struct Row {
         const char *name, *product;
@@ -133,32 +133,26 @@ TEST(FieldSaves, MarkDirtyWhatDiffersAndStoreNothingForWhatIsRejected)
         return value <= Currency::fromInteger(100);
     };
     struct Row {
-        const char *name, *box, *stored, *text, *asked, *product;
-        bool dirty;
+        const char *name, *box = "txtQty", *stored = "2", *text, *asked, *product;
+        bool dirty = true;
     };
     // clang-format off
     const Row rows[] = {
-        {.name = "quantity, equal", .box = "txtQty", .stored = "2", .text = "2", .asked = "2",
-         .product = "2 2 2 0", .dirty = false},
-        {.name = "quantity, another", .box = "txtQty", .stored = "2", .text = "2.5", .asked = "2.5!",
-         .product = "2.5 2 2 0", .dirty = true},
-        {.name = "quantity, rejected", .box = "txtQty", .stored = "2", .text = "101", .asked = "101!",
-         .product = "0 2 2 0", .dirty = true},
-        {.name = "quantity, equal and rejected", .box = "txtQty", .stored = "101", .text = "101", .asked = "101",
+        {.name = "quantity, equal", .text = "2", .asked = "2", .product = "2 2 2 0", .dirty = false},
+        {.name = "quantity, another", .text = "2.5", .asked = "2.5!", .product = "2.5 2 2 0"},
+        {.name = "quantity, rejected", .text = "101", .asked = "101!", .product = "0 2 2 0"},
+        {.name = "quantity, equal but rejected", .stored = "101", .text = "101", .asked = "101",
          .product = "0 101 101 0", .dirty = false},
-        {.name = "quantity, no number", .box = "txtQty", .stored = "2", .text = "abc", .asked = "0!",
-         .product = "0 2 2 0", .dirty = true},
-        {.name = "price, equal", .box = "txtUnitPrice", .stored = "2", .text = "$2.00", .asked = "2",
-         .product = "2 2 2 0", .dirty = false},
-        {.name = "price, rejected", .box = "txtUnitPrice", .stored = "2", .text = "101", .asked = "101!",
-         .product = "2 0 2 0", .dirty = true},
-        {.name = "discount, equal", .box = "txtDiscount", .stored = "2", .text = "2%", .asked = "2",
-         .product = "2 2 2 0", .dirty = false},
-        {.name = "discount, another", .box = "txtDiscount", .stored = "2", .text = "100", .asked = "100!",
-         .product = "2 2 100 0", .dirty = true},
-        {.name = "discount, 0 before the record is asked", .box = "txtDiscount", .stored = "2", .text = "100.0001",
-         .asked = "0!", .product = "2 2 0 0", .dirty = true},
-        {.name = "discount, 0 and equal", .box = "txtDiscount", .stored = "0", .text = "150", .asked = "0",
+        {.name = "quantity, no number", .text = "abc", .asked = "0!", .product = "0 2 2 0"},
+        {.name = "price, equal", .box = "txtUnitPrice", .text = "$2.00", .asked = "2", .product = "2 2 2 0",
+         .dirty = false},
+        {.name = "price, rejected", .box = "txtUnitPrice", .text = "101", .asked = "101!", .product = "2 0 2 0"},
+        {.name = "discount, equal", .box = "txtDiscount", .text = "2%", .asked = "2", .product = "2 2 2 0",
+         .dirty = false},
+        {.name = "discount, another", .box = "txtDiscount", .text = "100", .asked = "100!", .product = "2 2 100 0"},
+        // More than 100 becomes 0 before the record is asked.
+        {.name = "discount, too much", .box = "txtDiscount", .text = "100.0001", .asked = "0!", .product = "2 2 0 0"},
+        {.name = "discount, too much for a stored 0", .box = "txtDiscount", .stored = "0", .text = "150", .asked = "0",
          .product = "0 0 0 0", .dirty = false},
     };
     // clang-format on

@@ -7,42 +7,6 @@ using ui::PointerCode;
 
 constexpr std::int64_t kTooWide = std::int64_t{1} << 31;
 
-TEST(LookUpTimers, SearchOnceTheUserHasPaused)
-{
-    struct Row {
-        const char* name;
-        std::vector<std::int64_t> keysAt;
-        const char* searches; // the time and the text of each
-    };
-    const Row rows[] = {
-        {"one key", {0}, "500:A "},
-        {"two keys", {0, 200}, "700:AA "},
-        {"three keys, in more than the wait", {0, 200, 400}, "900:AAA "},
-        {"a key just before the search", {0, 499}, "999:AA "},
-        {"a key as the search starts", {0, 500}, "500:A 1000:AA "},
-        {"a key just after the search", {0, 501}, "500:A 1001:AA "},
-    };
-    for (const bool part : {true, false}) {
-        forEachRow(rows, [&](const Row& row) {
-            LookUpBench bench(part);
-            auto& clock = bench.platform().clock();
-            std::string searches;
-            bench.script.actAt = part ? "PartAll " : "NameAll ";
-            bench.script.act = [&] {
-                searches.append(std::to_string(clock.now())).append(":").append(bench.box.text()) += ' ';
-            };
-            for (const std::int64_t key : row.keysAt) {
-                clock.advance(key - clock.now());
-                bench.box.type("A");
-            }
-            clock.advance(5000);
-            EXPECT_EQ(searches, row.searches) << bench.box.name();
-            EXPECT_TRUE(bench.dirty);
-            EXPECT_TRUE(bench.boxes.state().bLkpTimerRestarted);
-        });
-    }
-}
-
 TEST(LookUpTimers, CompleteTheTextAndRefillTheList)
 {
     struct Row {

@@ -166,7 +166,7 @@ TEST(LookUpBeforeASave, FinishesWhatWasChosenOrTypedInABoxThatWasNotLeft)
     });
 }
 
-TEST(LookUpValues, ConvertOrFailAsAHostsDo)
+TEST(LookUpValues, ConvertOrFailAsThoseOfAHost)
 {
     icu::IcuLocaleService german{{.monetary = "de_DE", .numeric = "de_DE"}};
     struct Row {

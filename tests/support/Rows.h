@@ -1,5 +1,5 @@
-// Rows: the tables of the tests. A row is a struct with a name, or with a text that says as much. A row that fails
-// prints it, and the rows after it still run.
+// Rows: the tables of the tests. A row is a struct with a name, or with a text that says as much, or a plain text. A
+// row that fails prints it, and the rows after it still run.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
@@ -25,10 +25,13 @@ void forEachRow(const Rows& rows, const Test& test)
 {
     for (const auto& row : rows) {
         testing::Message name;
+        name << "row: ";
         if constexpr (requires { row.name; }) {
-            name << "row: " << row.name;
+            name << row.name;
+        } else if constexpr (requires { row.text; }) {
+            name << row.text;
         } else {
-            name << "row: " << row.text;
+            name << row;
         }
         SCOPED_TRACE(name);
         try {
