@@ -39,29 +39,15 @@ TEST(Text, IsCountedAndCutInCodePoints)
 
 TEST(Integer, TextConvertsAsHostsDo)
 {
+    // clang-format off
     const Example rows[] = {
-        {"4", "4"},
-        {" 700 ", "700"},
-        {"+5", "5"},
-        {"-2.5", "-2"},
-        {"2.5", "2"},
-        {"3.5", "4"},
-        {".5", "0"},
-        {"700.51", "701"},
-        {"7e2", "700"},
-        {"2147483647.4", "2147483647"},
-        {"-2147483648", "-2147483648"},
-        {"2147483648", "error 6"},
-        {"99999999999", "error 6"},
-        {"1e999", "error 6"},
-        {"", "error 13"},
-        {"x", "error 13"},
-        {"4x", "error 13"},
-        {"inf", "error 13"},
-        {"nan", "error 13"},
-        {"-", "error 13"},
+        {"4", "4"}, {" 700 ", "700"}, {"+5", "5"}, {"-2.5", "-2"}, {"2.5", "2"}, {"3.5", "4"}, {".5", "0"},
+        {"700.51", "701"}, {"7e2", "700"}, {"2147483647.4", "2147483647"}, {"-2147483648", "-2147483648"},
+        {"2147483648", "error 6"}, {"99999999999", "error 6"}, {"1e999", "error 6"}, {"", "error 13"},
+        {"x", "error 13"}, {"4x", "error 13"}, {"inf", "error 13"}, {"nan", "error 13"}, {"-", "error 13"},
         {"4 2", "error 13"},
     };
+    // clang-format on
     forEachRow(rows, [](const Example& row) {
         EXPECT_EQ(test::textOrError([&] { return std::to_string(textToInteger32(row.text)); }), row.result);
     });

@@ -13,56 +13,37 @@ namespace {
 
 using test::forEachRow;
 
-TEST(IcuLocaleService, MoneyIsWrittenAsItsUsersWrite)
+TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
 {
     struct Row {
-        const char* name;
-        const char* value = "1234.5";
-        const char* money;
-        const char* symbol;
+        const char *name, *value = "1234.5", *money, *number, *symbol;
     };
     // clang-format off
     const Row rows[] = {
-        {.name = "C", .value = "-1234.5", .money = "-$1,234.50", .symbol = "$"},
-        {.name = "de_DE", .money = "1.234,50\u00A0€", .symbol = "€"},
-        {.name = "de_CH@euro", .money = "EUR\u00A01’234.50", .symbol = "EUR"},
-        {.name = "fr_FR", .value = "1234567.5", .money = "1\u202F234\u202F567,50\u00A0€", .symbol = "€"},
-        {.name = "en_IN", .value = "922337203685477.5807", .money = "₹92,23,37,20,36,85,477.58", .symbol = "₹"},
-        {.name = "es_ES", .value = "12345.5", .money = "12.345,50\u00A0€", .symbol = "€"},
-        {.name = "ja_JP", .money = "￥1,234.50", .symbol = "￥"}, // the digits asked for, not none
-        {.name = "ar_BH", .money = "\u200F1,234.50\u00A0BHD", .symbol = "BHD"}, // its own sign has points
-        {.name = "ar_DZ", .money = "\u200F1.234,50\u00A0د.ج.\u200F", .symbol = "د.ج.\u200F"}, // with its mark
-        {.name = "sv_SE", .value = "-1234.5", .money = "−1\u00A0234,50\u00A0kr", .symbol = "kr"},
-        {.name = "en_US_POSIX", .money = "$\u00A01234.50", .symbol = "$"}, // no groups at all
+        {.name = "C", .value = "-1234.5", .money = "-$1,234.50", .number = "-1,234.50", .symbol = "$"},
+        {.name = "de_DE", .money = "1.234,50\u00A0€", .number = "1.234,50", .symbol = "€"},
+        {.name = "de_CH@euro", .money = "EUR\u00A01’234.50", .number = "1’234.50", .symbol = "EUR"},
+        {.name = "fr_FR", .money = "1\u202F234,50\u00A0€", .number = "1\u202F234,50", .symbol = "€"},
+        {.name = "en_IN", .value = "922337203685477.5807", .money = "₹92,23,37,20,36,85,477.58",
+         .number = "92,23,37,20,36,85,477.58", .symbol = "₹"},
+        {.name = "es_ES", .money = "1234,50\u00A0€", .number = "1234,50", .symbol = "€"}, // no group of one digit
+        {.name = "ja_JP", .money = "￥1,234.50", .number = "1,234.50", .symbol = "￥"}, // the digits asked for
+        {.name = "ar_BH", .money = "\u200F1,234.50\u00A0BHD", .number = "1,234.50", .symbol = "BHD"}, // not a sign
+        {.name = "ar_DZ", .money = "\u200F1.234,50\u00A0د.ج.\u200F", .number = "1.234,50", .symbol = "د.ج.\u200F"},
+        {.name = "sv_SE", .value = "-1234.5", .money = "−1\u00A0234,50\u00A0kr", .number = "−1\u00A0234,50",
+         .symbol = "kr"},
+        {.name = "en_US_POSIX", .money = "$\u00A01234.50", .number = "1234.50", .symbol = "$"}, // no groups at all
     };
     // clang-format on
     forEachRow(rows, [](const Row& row) {
-        IcuLocaleService service({.monetary = row.name, .numeric = "en_US"});
+        IcuLocaleService service({.monetary = row.name, .numeric = row.name});
         EXPECT_EQ(service.formatCurrency(Currency::fromText(row.value), 2), row.money);
+        EXPECT_EQ(service.formatNumber(Currency::fromText(row.value), 2), row.number);
         EXPECT_EQ(GetCurrencySymbol(service), row.symbol);
     });
-}
-
-TEST(IcuLocaleService, NumbersAreWrittenAsTheirUsersWrite)
-{
-    struct Row {
-        const char *name, *value, *number;
-    };
-    const Row rows[] = {
-        {"en_US", "-1234.5", "-1,234.50"},
-        {"de_CH", "1234.5", "1’234.50"},
-        {"nb_NO", "1234567.5", "1\u00A0234\u00A0567,50"},
-        {"en_IN", "922337203685477.5807", "92,23,37,20,36,85,477.58"},
-        {"pl_PL", "12345.5", "12\u00A0345,50"},
-        {"ar_EG", "1234.5", "1,234.50"},
-        {"ar_DZ", "1234.5", "1.234,50"},
-        {"sv_SE", "-1234.5", "−1\u00A0234,50"},
-        {"en_US_POSIX", "1234.5", "1234.50"},
-    };
-    forEachRow(rows, [](const Row& row) {
-        IcuLocaleService service({.monetary = "de_DE", .numeric = row.name});
-        EXPECT_EQ(service.formatNumber(Currency::fromText(row.value), 2), row.number);
-    });
+    IcuLocaleService mixed({.monetary = "de_DE", .numeric = "en_US"});
+    EXPECT_EQ(mixed.formatCurrency(Currency::fromInteger(1234), 2), "1.234,00\u00A0€");
+    EXPECT_EQ(mixed.formatNumber(Currency::fromInteger(1234), 2), "1,234.00");
 }
 
 TEST(IcuLocaleService, AnItemThatIsUnknownOrDoesNotFitIsNoAnswer)
@@ -126,8 +107,8 @@ TEST(LocaleNames, TheEnvironmentIsReadAsTheCLibraryDoes)
         {"a category goes before LANG", {{"LANG", "de_DE"}, {"LC_MONETARY", "fr_CH"}}, "fr_CH", "de_DE"},
         {"each category on its own", {{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
         {"LC_ALL goes before LANG", {{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"},
-        {"LC_ALL goes before all", {{"LC_ALL", "sv_SE"}, {"LC_MONETARY", "fr_CH"}, {"LC_NUMERIC", "C"}, {"LANG", "de_DE"}},
-         "sv_SE", "sv_SE"},
+        {"LC_ALL goes before all",
+         {{"LC_ALL", "sv_SE"}, {"LC_MONETARY", "fr_CH"}, {"LC_NUMERIC", "C"}, {"LANG", "de_DE"}}, "sv_SE", "sv_SE"},
         {"empty is not set", {{"LC_ALL", ""}, {"LC_NUMERIC", ""}, {"LC_MONETARY", "fr_CH"}, {"LANG", "de_DE"}},
          "fr_CH", "de_DE"},
         {"other categories", {{"LC_MESSAGES", "de_DE"}, {"LC_CTYPE", "de_DE"}, {"LANGUAGE", "de"}}, "", ""},

@@ -63,7 +63,7 @@ TEST(InProcessProductMgr, PositionWithoutProductIsErrorNine)
     EXPECT_EQ(saved(*manager), kThree);
 }
 
-/// Everything worked out anew.
+/// The string as it is without anything kept.
 std::string written(const std::vector<ProductFields>& list, ProductsSeparators separators)
 {
     std::string text = productsStringHead(list.size(), separators);
@@ -177,7 +177,7 @@ TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
     EXPECT_EQ(saved(*manager), "1~C:::1:1:0:300:~") << "the list was kept and fits again";
 }
 
-TEST(InProcessProductMgr, RulesAreTheManagersAndAskedAtEachCall)
+TEST(InProcessProductMgr, RulesBelongToTheManagerAndAreAskedAtEachCall)
 {
     const auto usual = makeManager()->AddNewProduct(); // outlives its manager
     struct Row {
