@@ -6,9 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-#include <tuple>
-
 namespace orvan::test {
 
 /// A row that needs no other name: a text, and what comes of it.
@@ -16,14 +13,11 @@ struct Example {
     const char *text, *result;
 };
 
-template <class... Columns>
-using Rows = std::initializer_list<std::tuple<Columns...>>;
-
 /// Runs `test` for each row. ASSERT_... and exceptions end the row and not the table.
-template <class Rows, class Test>
-void forEachRow(const Rows& rows, const Test& test)
+template <class Table, class Test>
+void forEachRow(const Table& table, const Test& test)
 {
-    for (const auto& row : rows) {
+    for (const auto& row : table) {
         testing::Message name;
         name << "row: ";
         if constexpr (requires { row.name; }) {
