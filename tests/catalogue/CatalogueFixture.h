@@ -1,4 +1,4 @@
-// A directory of its own, files in it, and lists as text.
+// CatalogueFixture: a catalogue in a folder of the test's own, imports into it, and its lists as text.
 #pragma once
 
 #include "orvan/components/catalogue/Catalogue.h"
@@ -6,36 +6,27 @@
 #include "orvan/components/catalogue/SqliteFile.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
 #include <string>
-
-#include <unistd.h>
 
 namespace orvan::test {
 
 class CatalogueFixture : public testing::Test {
 protected:
-    CatalogueFixture()
-    {
-        std::string name = testing::TempDir() + "orvan-catalogue-XXXXXX";
-        directory = ::mkdtemp(name.data());
-    }
-    ~CatalogueFixture() override { std::filesystem::remove_all(directory); }
-
     std::filesystem::path write(const std::string& content, const char* name = "list.csv") const
     {
-        std::ofstream(directory / name, std::ios::binary) << content;
-        return directory / name;
+        std::ofstream(folder / name, std::ios::binary) << content;
+        return folder / name;
     }
     CatalogueImportResult import(const std::string& content, const CatalogueImportOptions& options = {}) const
     {
         return importCatalogue(write(content), file(), options);
     }
-    std::filesystem::path file() const { return directory / "goods.catalogue"; }
+    std::filesystem::path file() const { return folder / "goods.catalogue"; }
 
     /// "1:Bolt 2:Nut", or "none".
     static std::string shown(const LookUpList& rows)
@@ -47,7 +38,7 @@ protected:
         return rows ? text : "none";
     }
 
-    std::filesystem::path directory;
+    TemporaryFolder folder;
 };
 
 } // namespace orvan::test

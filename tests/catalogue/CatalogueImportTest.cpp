@@ -3,8 +3,8 @@
 namespace orvan {
 namespace {
 
+using test::forEachRow;
 using test::raisedBy;
-using test::Rows;
 using ::testing::HasSubstr;
 using Outcome = CatalogueImportResult::Outcome;
 
@@ -27,37 +27,48 @@ protected:
 TEST_F(CatalogueImportTest, ReadsWhatProgramsWrite)
 {
     const std::string head = "name,part number,price\n";
-    const CatalogueImportOptions plain;
-    const Rows<std::string, CatalogueImportOptions, const char*> rows = {
-        {head + "Bolt,B-1,1.5\n", plain, "Bolt|B-1|15000||"},
-        {"\xEF\xBB\xBF" + head + "Bolt,B-1,1.5", plain, "Bolt|B-1|15000||"}, // mark, no last line break
-        {"name,part number,price\r\nBolt,B-1,2\r\n\r\n", plain, "Bolt|B-1|20000||"},
-        {"name,part number,price\rBolt,B-1,2\r", plain, "Bolt|B-1|20000||"},
-        {head + "\"Bolt, \"\"M8\"\"\r\nlong\",B-1,2\n", plain, "Bolt, \"M8\"\r\nlong|B-1|20000||"},
-        {head + "5\" pipe,\"\",2\n", plain, "5\" pipe||20000||"},
-        {"SKU\tProduct Name\tlist-price\nB-1\tBolt, long\t\n", plain, "Bolt, long|B-1|-||"},
-        {"Part No.;Description;KEY;x;Title;Unit Price\nB;n;k;;Bolt;1.234,56\n", plain, "Bolt|B|12345600|k|n"},
-        {head + "a,b,3\nc,d,\"1,234\"\ne,f,\"1,5\"\n", plain, "a|b|30000||; c|d|12340||; e|f|15000||"},
-        {head + "a,b,-0.12345\nc,d,\"1,234\"\n", plain, "a|b|-1234||; c|d|12340000||"},
-        {head + "a,b,1'234'567.8\nc,d,1 234.5\ne,f,+1\u00A0234\n", plain,
-         "a|b|12345678000||; c|d|12345000||; e|f|12340000||"},
-        {head + "a,b,\"0,125\"\nc,d,\"1,234\"\n", plain, "a|b|1250||; c|d|12340||"},
-        {head + "a,b,\"1,234\"\n", {.decimalSeparator = ','}, "a|b|12340||"},
-        {"Artikel|Nr|Preis\na,|b|1\n",
-         {.delimiter = '|', .columns = {.name = "artikel", .partNum = "Nr", .unitPrice = "Preis"}},
-         "a,|b|10000||"},
-        {"id,name,part number,price\n 5 ,later,b,1\n-3,first,a,1\n", plain, "first|a|10000||; later|b|10000||"},
+    struct Row {
+        const char* name;
+        std::string content;
+        const char* imported;
+        CatalogueImportOptions options = {};
     };
-    for (const auto& [content, options, expected] : rows) {
-        EXPECT_EQ(import(content, options).outcome, Outcome::imported) << content;
-        EXPECT_EQ(imported(), expected) << content;
-    }
+    // clang-format off
+    const Row rows[] = {
+        {"plain", head + "Bolt,B-1,1.5\n", "Bolt|B-1|15000||"},
+        {"mark in front, no last line break", "\xEF\xBB\xBF" + head + "Bolt,B-1,1.5", "Bolt|B-1|15000||"},
+        {"two line breaks each, an empty line", "name,part number,price\r\nBolt,B-1,2\r\n\r\n", "Bolt|B-1|20000||"},
+        {"old line breaks", "name,part number,price\rBolt,B-1,2\r", "Bolt|B-1|20000||"},
+        {"quotes", head + "\"Bolt, \"\"M8\"\"\r\nlong\",B-1,2\n", "Bolt, \"M8\"\r\nlong|B-1|20000||"},
+        {"a quote within a field", head + "5\" pipe,\"\",2\n", "5\" pipe||20000||"},
+        {"tabs", "SKU\tProduct Name\tlist-price\nB-1\tBolt, long\t\n", "Bolt, long|B-1|-||"},
+        {"all columns, semicolons", "Part No.;Description;KEY;x;Title;Unit Price\nB;n;k;;Bolt;1.234,56\n",
+         "Bolt|B|12345600|k|n"},
+        {"a price that tells the decimal comma", head + "a,b,3\nc,d,\"1,234\"\ne,f,\"1,5\"\n",
+         "a|b|30000||; c|d|12340||; e|f|15000||"},
+        {"a price that tells the decimal point", head + "a,b,-0.12345\nc,d,\"1,234\"\n", "a|b|-1234||; c|d|12340000||"},
+        {"other group separators", head + "a,b,1'234'567.8\nc,d,1 234.5\ne,f,+1\u00A0234\n",
+         "a|b|12345678000||; c|d|12345000||; e|f|12340000||"},
+        {"no group begins with 0", head + "a,b,\"0,125\"\nc,d,\"1,234\"\n", "a|b|1250||; c|d|12340||"},
+        {"decimal comma given", head + "a,b,\"1,234\"\n", "a|b|12340||", {.decimalSeparator = ','}},
+        {"columns given", "Artikel|Nr|Preis\na,|b|1\n", "a,|b|10000||",
+         {.delimiter = '|', .columns = {.name = "artikel", .partNum = "Nr", .unitPrice = "Preis"}}},
+        {"item ids", "id,name,part number,price\n 5 ,later,b,1\n-3,first,a,1\n", "first|a|10000||; later|b|10000||"},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
+        EXPECT_EQ(import(row.content, row.options).outcome, Outcome::imported);
+        EXPECT_EQ(imported(), row.imported);
+    });
 }
 
 TEST_F(CatalogueImportTest, RefusedRowsAreNamedByTheirLineAndNothingIsImported)
 {
     import("name,part number,price\nkept,K,1\n");
-    const Rows<std::string, std::string> rows = {
+    struct Line {
+        std::string text, refused;
+    };
+    const Line lines[] = {
         {"0,x,A,1.2.3\n", "2 the unit price \"1.2.3\" is no amount with a decimal point"}, // tells no separator
         {"1,\"two\nlines\",A,1.5\n", ""},
         {"2,x,B,1,5\n", "5 5 fields where the first line has 4"},
@@ -74,19 +85,19 @@ TEST_F(CatalogueImportTest, RefusedRowsAreNamedByTheirLineAndNothingIsImported)
     };
     std::string content = "id,name,part number,price\n";
     std::vector<std::string> expected, refused;
-    for (const auto& [text, reason] : rows) {
-        content.append(text);
-        if (!reason.empty()) {
-            expected.push_back(reason);
+    for (const Line& line : lines) {
+        content.append(line.text);
+        if (!line.refused.empty()) {
+            expected.push_back(line.refused);
         }
     }
-    const CatalogueImportResult result = import(content, {.mostRefused = rows.size()});
+    const CatalogueImportResult result = import(content, {.mostRefused = std::size(lines)});
     for (const RefusedRow& row : result.refused) {
         refused.push_back(std::to_string(row.line).append(" ").append(row.reason));
     }
     EXPECT_EQ(refused, expected);
     EXPECT_EQ(result.outcome, Outcome::refused);
-    EXPECT_EQ(result.refusedCount, rows.size() - 1);
+    EXPECT_EQ(result.refusedCount, std::size(lines) - 1);
     EXPECT_EQ(result.rows, 1u);
     EXPECT_EQ(imported(), "kept|K|10000||");
     EXPECT_EQ(import("name,part number,price\n,,\n,,\n", {.mostRefused = 1}).refused.size(), 1u);
@@ -95,28 +106,40 @@ TEST_F(CatalogueImportTest, RefusedRowsAreNamedByTheirLineAndNothingIsImported)
 TEST_F(CatalogueImportTest, FilesThatCannotBeUnderstoodChangeNothing)
 {
     import("name,part number,price\nkept,K,1\n");
-    const Rows<std::string, CatalogueImportOptions, std::int32_t, const char*> rows = {
-        {"", {}, 321, "does not begin"},
-        {"name,part number,price\n", {}, 321, "no rows"},
-        {"name,price\na,1\n", {}, 321, "no column for the part number"},
-        {"name,part number,price\na,b,1\n", {.columns = {.note = "Text"}}, 321, "\"Text\""},
-        {std::string("\xFF\xFEn\0", 4), {}, 321, "UTF-16"},
-        {"name,part number,price\na,b,\"1" + std::string(2'000'000, ' '), {}, 321, "never closed"},
-        {"name,part number,price\na,b,1\n", {.delimiter = '"'}, 5, ""},
+    struct Row {
+        const char* name;
+        std::string content;
+        CatalogueImportOptions options = {};
+        std::int32_t number = 321;
+        const char* reason;
     };
-    for (const auto& [content, options, number, reason] : rows) {
-        const test::Raised raised = raisedBy([&, &text = content, &how = options] { import(text, how); });
-        EXPECT_EQ(raised.number, number) << reason;
-        EXPECT_THAT(raised.description, HasSubstr(reason));
-    }
+    // clang-format off
+    const Row rows[] = {
+        {.name = "empty", .content = "", .reason = "does not begin"},
+        {.name = "head alone", .content = "name,part number,price\n", .reason = "no rows"},
+        {.name = "a column is missing", .content = "name,price\na,1\n", .reason = "no column for the part number"},
+        {.name = "a given column is missing", .content = "name,part number,price\na,b,1\n",
+         .options = {.columns = {.note = "Text"}}, .reason = "\"Text\""},
+        {.name = "UTF-16", .content = std::string("\xFF\xFEn\0", 4), .reason = "UTF-16"},
+        {.name = "an open quote and much behind it",
+         .content = "name,part number,price\na,b,\"1" + std::string(2'000'000, ' '), .reason = "never closed"},
+        {.name = "a quote as the delimiter", .content = "name,part number,price\na,b,1\n",
+         .options = {.delimiter = '"'}, .number = 5, .reason = ""},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
+        const test::Raised raised = raisedBy([&] { import(row.content, row.options); });
+        EXPECT_EQ(raised.number, row.number);
+        EXPECT_THAT(raised.description, HasSubstr(row.reason));
+    });
     const CatalogueImportResult ambiguous = import("name,part number,price\na,b,2\na,b,\"1,234\"\n");
     EXPECT_EQ(ambiguous.outcome, Outcome::ambiguous);
     EXPECT_EQ(ambiguous.ambiguousPrice, "1,234");
-    const auto list = directory / "list.csv";
+    const auto list = folder / "list.csv";
     write("name,part number,price\na,b,1\n");
-    EXPECT_EQ(raisedBy([&] { importCatalogue(directory / "no.csv", file()); }).number, 75);
-    EXPECT_EQ(raisedBy([&] { importCatalogue(directory, file()); }).number, 75);
-    EXPECT_EQ(raisedBy([&] { importCatalogue(list, directory / "no" / "goods"); }).number, 75);
+    EXPECT_EQ(raisedBy([&] { importCatalogue(folder / "no.csv", file()); }).number, 75);
+    EXPECT_EQ(raisedBy([&] { importCatalogue(folder.path(), file()); }).number, 75);
+    EXPECT_EQ(raisedBy([&] { importCatalogue(list, folder / "no" / "goods"); }).number, 75);
     EXPECT_EQ(raisedBy([&] { importCatalogue(list, list); }).number, 321) << "a price list is never overwritten";
     EXPECT_EQ(imported(), "kept|K|10000||");
 }
@@ -138,7 +161,7 @@ TEST_F(CatalogueImportTest, DesksReadOnWhileItRunsAndCancellingLeavesNothing)
         EXPECT_LE(progress.bytesRead, progress.bytesTotal);
         EXPECT_EQ(progress.bytesTotal, content.size());
         if (reading == 1) {
-            EXPECT_THAT(raisedBy([&] { importCatalogue(directory / "list.csv", file()); }).description,
+            EXPECT_THAT(raisedBy([&] { importCatalogue(folder / "list.csv", file()); }).description,
                         HasSubstr("another import"));
         }
         ++(progress.indexesTotal > 0 ? indexing : reading);
@@ -154,7 +177,7 @@ TEST_F(CatalogueImportTest, DesksReadOnWhileItRunsAndCancellingLeavesNothing)
     EXPECT_EQ(std::filesystem::status(file()).permissions(), std::filesystem::perms(0440));
     options.progress = [&](const CatalogueImportProgress& progress) { return progress.indexesTotal == 0; };
     EXPECT_EQ(import(content, options).outcome, Outcome::cancelled);
-    const std::filesystem::directory_iterator files(directory), none;
+    const std::filesystem::directory_iterator files(folder.path()), none;
     EXPECT_EQ(std::distance(files, none), 2) << "nothing but the list and the catalogue";
 }
 

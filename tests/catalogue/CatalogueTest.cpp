@@ -5,8 +5,8 @@
 namespace orvan {
 namespace {
 
+using test::forEachRow;
 using test::raisedBy;
-using test::Rows;
 using ::testing::HasSubstr;
 
 class CatalogueTest : public test::CatalogueFixture {
@@ -30,10 +30,9 @@ TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesWhatWasTyp
 {
     struct Row {
         std::vector<std::string> names;
-        const char* typed;
-        const char* expected;
+        const char *text, *expected;
     };
-    const std::vector<Row> rows = {
+    const Row rows[] = {
         {{"bolt", "Bolt", "BOLT M8", "Nut"}, "", "none"},
         {{"bolt", "Bolt", "BOLT M8", "Nut"}, "x", "none"},
         {{"bolt", "Bolt", "BOLT M8", "Nut"}, "bolt m9", "none"},
@@ -57,15 +56,15 @@ TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesWhatWasTyp
         {{"\U00010400x", "\U0010FFFFy"}, "\U00010428", "1:\U00010428x"}, // beyond the first 65,536 characters
         {{"\U00010400x", "\U0010FFFFy"}, "\U0010FFFF", "2:\U0010FFFFy"},
     };
-    for (const Row& row : rows) {
+    forEachRow(rows, [&](const Row& row) {
         makeCatalogue(row.names);
         SqliteCatalogue catalogue({.file = file()});
-        EXPECT_EQ(shown(catalogue.GetProductNameList(row.typed, false)), row.expected) << row.typed;
-        EXPECT_EQ(shown(catalogue.GetPartNumList(row.typed, false)), row.expected) << row.typed;
-    }
+        EXPECT_EQ(shown(catalogue.GetProductNameList(row.text, false)), row.expected);
+        EXPECT_EQ(shown(catalogue.GetPartNumList(row.text, false)), row.expected);
+    });
 }
 
-// So a selection length is never negative.
+// Therefore the length of a completion is never negative.
 TEST_F(CatalogueTest, FirstRowBeginsWithWhateverOfItWasTyped)
 {
     const std::vector<std::string> names = {"Großmaß", "ﬃ ﬀ ﬁ",    "ŉ'n ǰ ΐ ẖ", "ΑΣΣς", "İIıi",
@@ -78,9 +77,9 @@ TEST_F(CatalogueTest, FirstRowBeginsWithWhateverOfItWasTyped)
             for (std::size_t count = 1; count <= characterCount(text); ++count) {
                 const std::string typed(firstCharacters(text, count));
                 const LookUpList rows = catalogue.GetProductNameList(typed, false);
-                ASSERT_TRUE(rows) << typed;
-                EXPECT_EQ(rows->front().text.substr(0, typed.size()), typed);
-                EXPECT_EQ(foldCase(rows->front().text).substr(0, foldCase(typed).size()), foldCase(typed));
+                const std::string first = rows ? rows->front().text : "no row";
+                EXPECT_EQ(first.substr(0, typed.size()), typed);
+                EXPECT_EQ(foldCase(first).substr(0, foldCase(typed).size()), foldCase(typed));
             }
         }
     }
@@ -89,16 +88,21 @@ TEST_F(CatalogueTest, FirstRowBeginsWithWhateverOfItWasTyped)
 TEST_F(CatalogueTest, ListsAreLimitedAndTheWholeOneLeavesEmptyTextsOut)
 {
     import("name,part number,price\nnut,,1\nBolt,P,2\n,Q,3\nbolt,R,4\nanchor,S,5\n");
-    const Rows<std::size_t, std::size_t, const char*, const char*> rows = {
-        {10, 10, "2:Bolt 4:bolt", "5:anchor 2:Bolt 4:bolt 1:nut"},
-        {1, 2, "2:Bolt", "5:anchor 2:Bolt"},
-        {0, 0, "none", "none"},
+    struct Row {
+        const char* name;
+        std::size_t mostMatches, mostListed;
+        const char *matches, *listed;
     };
-    for (const auto& [mostMatches, mostListed, matches, listed] : rows) {
-        SqliteCatalogue catalogue({.file = file(), .mostMatches = mostMatches, .mostListed = mostListed});
-        EXPECT_EQ(shown(catalogue.GetProductNameList("B", false)), matches);
-        EXPECT_EQ(shown(catalogue.GetProductNameList("B", true)), listed);
-    }
+    const Row rows[] = {
+        {"all", 10, 10, "2:Bolt 4:bolt", "5:anchor 2:Bolt 4:bolt 1:nut"},
+        {"some", 1, 2, "2:Bolt", "5:anchor 2:Bolt"},
+        {"none", 0, 0, "none", "none"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        SqliteCatalogue catalogue({.file = file(), .mostMatches = row.mostMatches, .mostListed = row.mostListed});
+        EXPECT_EQ(shown(catalogue.GetProductNameList("B", false)), row.matches);
+        EXPECT_EQ(shown(catalogue.GetProductNameList("B", true)), row.listed);
+    });
 }
 
 TEST_F(CatalogueTest, CurrentEntryHandsOverWhatTheFileHolds)
@@ -109,58 +113,65 @@ TEST_F(CatalogueTest, CurrentEntryHandsOverWhatTheFileHolds)
     EXPECT_TRUE(catalogue.IsEOF());
     EXPECT_EQ(test::errorOf([&] { catalogue.GetFieldValue(3); }), ErrorNumber::objectNotSet);
     const std::string none;
-    const std::pair<std::int32_t, std::vector<LookUpValue>> rows[] = {
+    struct Row {
+        std::int32_t name; // the item id
+        std::vector<LookUpValue> values;
+    };
+    const Row rows[] = {
         {7, {std::int64_t{7}, "bolt", "b-1", "Bolt", "K", "B-1", Currency::fromScaled(123456), "n"}},
         {-8, {std::int64_t{-8}, "nut", "n-1", "Nut", none, "N-1", std::monostate(), none}},
         {9, {std::int64_t{9}, "old", "o", "Old", none, "O", "3,50", none}},
     };
-    for (const auto& [id, values] : rows) {
-        catalogue.SeekItem(id);
-        ASSERT_FALSE(catalogue.IsEOF());
-        for (std::size_t column = 0; column < values.size(); ++column) {
-            EXPECT_TRUE(catalogue.GetFieldValue(static_cast<std::int32_t>(column)) == values[column])
-                << id << ", column " << column;
+    forEachRow(rows, [&](const Row& row) {
+        catalogue.SeekItem(row.name);
+        EXPECT_FALSE(catalogue.IsEOF());
+        for (std::size_t column = 0; column < row.values.size(); ++column) {
+            EXPECT_TRUE(catalogue.GetFieldValue(static_cast<std::int32_t>(column)) == row.values[column]) << column;
         }
-    }
+    });
     EXPECT_EQ(test::errorOf([&] { catalogue.GetFieldValue(8); }), ErrorNumber::subscriptOutOfRange);
     catalogue.SeekItem(10);
     EXPECT_TRUE(catalogue.IsEOF());
 }
 
-TEST_F(CatalogueTest, FileThatCannotBeUsedIsToldOnceAndTheEditorGoesOn)
+TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
 {
-    using Spoil = std::function<void(const std::filesystem::path&)>;
-    const auto runs = [](const char* sql) -> Spoil {
+    struct Row {
+        const char* name;
+        std::function<void(const std::filesystem::path&)> spoil;
+        std::int32_t number;
+        const char* reason;
+    };
+    const auto runs = [](const char* sql) {
         return [sql](const auto& path) { SqliteFile(path, SqliteFile::Access::create).run(sql); };
     };
-    const Rows<Spoil, std::int32_t, const char*> rows = {
-        {[](const auto& path) { std::filesystem::remove(path); }, 75, "No such file"},
-        {[](const auto& path) {
-             std::filesystem::remove(path);
-             std::filesystem::create_directory(path);
-         },
+    // clang-format off
+    const Row rows[] = {
+        {"removed", [](const auto& path) { std::filesystem::remove(path); }, 75, "No such file"},
+        {"a folder in its place",
+         [](const auto& path) { std::filesystem::remove(path), std::filesystem::create_directory(path); },
          75, "it is a directory"},
-        {[](const auto& path) { std::filesystem::resize_file(path, 9000); }, 321, "it is damaged"},
-        {[](const auto& path) { std::ofstream(path) << "name,price\n"
-                                                    << std::string(2000, 'x'); }, 321,
-         "no catalogue"},
-        {runs("PRAGMA application_id = 1"), 321, "no catalogue"},
-        {runs("PRAGMA user_version = 99"), 321, "newer version"},
-        {runs("DROP INDEX product_name"), 321, "no such index: product_name"},
+        {"cut off", [](const auto& path) { std::filesystem::resize_file(path, 9000); }, 321, "it is damaged"},
+        {"a price list", [](const auto& path) { std::ofstream(path) << "name,price\n" << std::string(2000, 'x'); },
+         321, "no catalogue"},
+        {"another program's", runs("PRAGMA application_id = 1"), 321, "no catalogue"},
+        {"of a later version", runs("PRAGMA user_version = 99"), 321, "newer version"},
+        {"without its index", runs("DROP INDEX product_name"), 321, "no such index: product_name"},
     };
-    for (const auto& [spoil, number, reason] : rows) {
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
         std::filesystem::remove_all(file());
         makeCatalogue({"Bolt"});
         std::vector<std::string> told;
         const auto create =
             catalogueFactory({.file = file(), .report = [&](std::string_view text) { told.emplace_back(text); }});
-        const auto before = std::dynamic_pointer_cast<ProductLkpMgr>(create());
-        before->SeekItem(1);
-        EXPECT_FALSE(before->IsEOF());
-        spoil(file());
+        const auto openBefore = std::dynamic_pointer_cast<ProductLkpMgr>(create());
+        openBefore->SeekItem(1);
+        EXPECT_FALSE(openBefore->IsEOF());
+        row.spoil(file());
         const test::Raised raised = raisedBy([&] { SqliteCatalogue({.file = file()}); });
-        EXPECT_EQ(raised.number, number);
-        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(file().string()), HasSubstr(reason)));
+        EXPECT_EQ(raised.number, row.number);
+        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(file().string()), HasSubstr(row.reason)));
         for (int session = 0; session < 2; ++session) {
             const auto catalogue = std::dynamic_pointer_cast<ProductLkpMgr>(create());
             EXPECT_EQ(shown(catalogue->GetProductNameList("", true)), "none");
@@ -169,12 +180,12 @@ TEST_F(CatalogueTest, FileThatCannotBeUsedIsToldOnceAndTheEditorGoesOn)
         }
         // A session that has the file open keeps a removed one; any other state of it is found.
         const bool gone = !std::filesystem::exists(file());
-        EXPECT_EQ(shown(before->GetPartNumList("b", false)), gone ? "1:bolt" : "none") << reason;
+        EXPECT_EQ(shown(openBefore->GetPartNumList("b", false)), gone ? "1:bolt" : "none");
         EXPECT_EQ(told, std::vector<std::string>{raised.description});
-    }
+    });
 }
 
-TEST_F(CatalogueTest, DamageThatASearchMeetsIsToldAndEndsInNoEntries)
+TEST_F(CatalogueTest, DamageThatASearchMeetsIsReportedAndGivesNoEntries)
 {
     makeCatalogue({"Bolt"});
     {
@@ -193,7 +204,7 @@ TEST_F(CatalogueTest, DamageThatASearchMeetsIsToldAndEndsInNoEntries)
     EXPECT_THAT(told, testing::ElementsAre(HasSubstr("it is damaged")));
 }
 
-TEST_F(CatalogueTest, LockedFileIsAMessageAndNotAWait)
+TEST_F(CatalogueTest, ALockedFileIsReportedWithoutWaiting)
 {
     makeCatalogue({"Bolt"});
     SqliteFile other(file(), SqliteFile::Access::create);

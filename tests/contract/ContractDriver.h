@@ -20,7 +20,7 @@
 namespace orvan::contract {
 
 using test::errorOf;
-using test::Rows;
+using test::forEachRow;
 
 /// A grid of five columns, a frame with a button in it, a label and the text box it names, a pop-up menu.
 extern const ui::FormDesign kDesign;
@@ -29,7 +29,7 @@ extern const ui::FormDesign kEntryDesign;
 /// A tool bar, two boxes, a frame with three buttons, one button that cancels, a timer.
 extern const ui::FormDesign kFormDesign;
 
-/// "," and "." unless a test sets others; nothing asks it for more than those two.
+/// The separators are "," and "." unless a test sets others. Nothing asks for other items.
 class TestLocale final : public ui::LocaleService {
 public:
     std::string thousands = ",";
@@ -59,7 +59,7 @@ public:
     NoComponents components;
 
     virtual ui::Platform& platform() = 0;
-    /// A surface of its own place, shown to the user.
+    /// A surface in a window of its own, which is shown.
     virtual std::unique_ptr<ui::Surface> load(const ui::FormDesign& design) = 0;
     /// Gives the surface loaded last another size.
     virtual void resize(ui::Surface& surface, int widthTwips, int heightTwips) = 0;
@@ -87,14 +87,14 @@ public:
     virtual void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) = 0;
     virtual void chooseRow(ui::ComboBox& box, std::int32_t row) = 0;
 
-    /// Shows the form and does what its user does, who has it unloaded in the end.
+    /// Shows the form and runs `user`, which has to unload it in the end.
     virtual void showModal(ui::Form& form, std::function<void()> user) = 0;
-    /// The user goes to a box with the mouse.
+    /// The user clicks into a box.
     virtual void goTo(ui::Form& form, std::string_view box) = 0;
     virtual void choose(ui::ToolBar& bar, std::string_view tool) = 0;
     virtual void pressEscape(ui::Form& form) = 0;
     virtual void clickCloseBox(ui::Form& form) = 0;
-    /// Lets time pass, and tells it.
+    /// Lets time pass.
     virtual void wait(std::int64_t milliseconds) = 0;
     virtual std::int64_t now() = 0;
 };
@@ -126,7 +126,7 @@ protected:
     ui::ComboBox& combo() { return surface->control<ui::ComboBox>("combo"); }
 };
 
-/// Notes what the form raises.
+/// The events that the form raises go to the log.
 class FormContract : public PlatformContract {
 protected:
     void SetUp() override;

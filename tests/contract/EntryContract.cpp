@@ -31,47 +31,65 @@ const std::string kFace = "\U0001F600";
 
 TEST_P(EntryContract, WhatIsTypedStandsWhereTheCaretIsAsFarAsItFits)
 {
-    // What is put in is typed, or pasted when it begins with "+".
-    const Rows<const char*, std::string, std::int32_t, std::int32_t, std::int32_t, std::string, std::string,
-               std::int32_t>
-        rows{{"line combo note", "ab", 1, 0, 0, "xy", "axyb", 3},
-             {"line combo note", "abc", 1, 1, 3, "xy", "axc", 2},
-             {"line combo note", "abc", 0, 0, 3, "+x", "abc", 0},
-             {"line combo note", "a" + kFace, 2, 0, 4, "+" + kFace + "\U0001F601\U0001F602",
-              "a\U0001F600\U0001F600\U0001F601", 4},
-             {"line combo note", kFace + "bc", 1, 2, 2, "\U0001F601z", "\U0001F600\U0001F601", 2},
-             {"line combo note", kFace + "b", 1, 0, 0, "\b", "b", 0},
-             {"line combo note", "a" + kFace, 1, 0, 0, "\x7F", "a", 1},
-             {"line combo", "", 0, 0, 0, "+a\r\nb\nc", "a b c", 5},
-             {"line combo", "a", 1, 0, 0, "\nb", "ab", 2},
-             {"note", "a", 1, 0, 0, "\nb", "a\nb", 3},
-             {"note", "a\r\nb", 1, 0, 0, "\n", "a\r\n\r\nb", 3},
-             {"note", "a\r\nb", 1, 0, 5, "+\n", "a\r\nb", 1},
-             {"note", "a\r\n\xFF\xC2\xA0\xE2\x80\xA9\0b"s, 1, 0, 0, "x", "ax\r\n\xFF\xC2\xA0\xE2\x80\xA9\0b"s, 2},
-             {"line combo", "a\r\n\xFF\xC2\xA0\xEF\xBB\xBF", 1, 0, 0, "x", "ax\r\n\xFF\xC2\xA0\xEF\xBB\xBF", 2}};
-    for (const auto& [boxes, text, start, length, limit, input, after, caret] : rows) {
+    struct Row {
+        const char *name, *boxes = "line combo note";
+        std::string text;
+        std::int32_t start = 0, length = 0, limit = 0;
+        std::string typed = {}, pasted = {}, after;
+        std::int32_t caret;
+    };
+    const std::string kOdd = "\r\n\xFF\xC2\xA0"; // a break of two bytes, a stray byte, a blank that does not break
+    // clang-format off
+    const Row rows[] = {
+        {.name = "in the middle", .text = "ab", .start = 1, .typed = "xy", .after = "axyb", .caret = 3},
+        {.name = "in place of the selection, to the limit", .text = "abc", .start = 1, .length = 1, .limit = 3,
+         .typed = "xy", .after = "axc", .caret = 2},
+        {.name = "at the limit", .text = "abc", .limit = 3, .pasted = "x", .after = "abc", .caret = 0},
+        {.name = "the limit counts characters", .text = "a" + kFace, .start = 2, .limit = 4,
+         .pasted = kFace + "\U0001F601\U0001F602", .after = "a" + kFace + kFace + "\U0001F601", .caret = 4},
+        {.name = "in place of two characters", .text = kFace + "bc", .start = 1, .length = 2, .limit = 2,
+         .typed = "\U0001F601z", .after = kFace + "\U0001F601", .caret = 2},
+        {.name = "Backspace", .text = kFace + "b", .start = 1, .typed = "\b", .after = "b", .caret = 0},
+        {.name = "Delete", .text = "a" + kFace, .start = 1, .typed = "\x7F", .after = "a", .caret = 1},
+        {.name = "pasted lines become one", .boxes = "line combo", .text = "", .pasted = "a\r\nb\nc",
+         .after = "a b c", .caret = 5},
+        {.name = "Enter makes no line", .boxes = "line combo", .text = "a", .start = 1, .typed = "\nb",
+         .after = "ab", .caret = 2},
+        {.name = "Enter makes a line", .boxes = "note", .text = "a", .start = 1, .typed = "\nb",
+         .after = "a\nb", .caret = 3},
+        {.name = "Enter breaks lines as the text does", .boxes = "note", .text = "a\r\nb", .start = 1,
+         .typed = "\n", .after = "a\r\n\r\nb", .caret = 3},
+        {.name = "a break does not fit", .boxes = "note", .text = "a\r\nb", .start = 1, .limit = 5,
+         .pasted = "\n", .after = "a\r\nb", .caret = 1},
+        {.name = "odd bytes stay in a note", .boxes = "note", .text = "a" + kOdd + "\xE2\x80\xA9\0b"s, .start = 1,
+         .typed = "x", .after = "ax" + kOdd + "\xE2\x80\xA9\0b"s, .caret = 2},
+        {.name = "odd bytes stay in a line", .boxes = "line combo", .text = "a" + kOdd + "\xEF\xBB\xBF", .start = 1,
+         .typed = "x", .after = "ax" + kOdd + "\xEF\xBB\xBF", .caret = 2},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
         for (const char* name : {"line", "combo", "note"}) {
-            if (std::string_view(boxes).find(name) == std::string_view::npos) {
+            if (std::string_view(row.boxes).find(name) == std::string_view::npos) {
                 continue;
             }
             ui::TextEntry& box = entry(name);
             int changes = 0;
             box.setMaxLength(0);
-            box.setText(text);
-            box.setMaxLength(limit);
+            box.setText(row.text);
+            box.setMaxLength(row.limit);
             box.onChange = [&] { ++changes; };
-            driver->select(box, start, length);
+            driver->select(box, row.start, row.length);
             EXPECT_EQ(changes, 0) << name << ": showing and selecting change nothing";
-            input[0] == '+' ? driver->paste(box, input.substr(1)) : driver->type(box, input);
-            EXPECT_EQ(box.text(), after) << name << ", from " << text;
-            EXPECT_EQ(box.selectionStart(), caret) << name << ", from " << text;
-            EXPECT_EQ(changes > 0, text != after) << name << ", from " << text;
+            row.typed.empty() ? driver->paste(box, row.pasted) : driver->type(box, row.typed);
+            EXPECT_EQ(box.text(), row.after) << name;
+            EXPECT_EQ(box.selectionStart(), row.caret) << name;
+            EXPECT_EQ(changes > 0, row.text != row.after) << name;
             box.onChange = nullptr;
         }
-    }
+    });
 }
 
-TEST_P(EntryContract, TheFilterSeesEachCharacterAndHasItsWay)
+TEST_P(EntryContract, TheFilterSeesEachCharacterAndDecides)
 {
     for (const char* name : {"line", "combo", "note"}) {
         ui::TextEntry& box = entry(name);
@@ -84,9 +102,9 @@ TEST_P(EntryContract, TheFilterSeesEachCharacterAndHasItsWay)
         EXPECT_EQ(box.text(), "abcabc") << name;
         box.setText("1");
         box.setSelectionStart(1);
-        box.onKeyPress = [&](std::int16_t& iKeyAscii) {
-            seen.push_back(iKeyAscii);
-            iKeyAscii = iKeyAscii == 'o' ? '0' : iKeyAscii >= 'a' || iKeyAscii == 13 || iKeyAscii == 24 ? 0 : iKeyAscii;
+        box.onKeyPress = [&](std::int16_t& keyAscii) {
+            seen.push_back(keyAscii);
+            keyAscii = keyAscii == 'o' ? '0' : keyAscii >= 'a' || keyAscii == 13 || keyAscii == 24 ? 0 : keyAscii;
         };
         driver->type(box, "2ox\n\U0001F600");
         for (const char letter : {'A', 'X', 'Z'}) {
@@ -100,13 +118,13 @@ TEST_P(EntryContract, TheFilterSeesEachCharacterAndHasItsWay)
         EXPECT_EQ(seen, (std::vector<std::int16_t>{'2', 'o', 'x', 13, '?', 1, 24, 26, 8, '.'})) << name;
         box.onKeyPress = nullptr;
     }
-    for (const auto& [decimal, typed] : Rows<const char*, const char*>{{",", "1,"}, {"::", "1::"}}) {
+    for (const std::string decimal : {",", "::"}) {
         driver->locale.decimal = decimal;
         surface = driver->load(kEntryDesign);
         ui::TextEntry& box = entry("amount");
         driver->type(box, "1");
         driver->pressKeypadDecimal(box);
-        EXPECT_EQ(box.text(), typed) << "no filter needed";
+        EXPECT_EQ(box.text(), "1" + decimal) << "no filter needed";
     }
 }
 
@@ -129,13 +147,12 @@ TEST_P(EntryContract, ListAndTextOfAComboBoxLeaveEachOtherAlone)
         entry("line").setFocus();
         EXPECT_EQ(combo().listIndex(), -1) << "a text that is in the list is no choice";
     }
-    for (const auto& [row, text] :
-         Rows<std::int32_t, std::string>{{2, kFace + "c"}, {2, kFace + "c"}, {0, "a"}, {3, ""}}) {
+    const std::pair<std::int32_t, std::string> choices[] = {{2, kFace + "c"}, {2, kFace + "c"}, {0, "a"}, {3, ""}};
+    for (const auto& [row, text] : choices) {
         driver->chooseRow(combo(), row);
         EXPECT_EQ(combo().text(), text);
         EXPECT_EQ(combo().selectionStart(), 0);
-        EXPECT_EQ(clicks, std::vector<std::int32_t>{row}) << "once each";
-        clicks.clear();
+        EXPECT_EQ(std::exchange(clicks, {}), std::vector<std::int32_t>{row}) << "once each";
     }
     EXPECT_EQ(changes, 0);
     driver->type(combo(), "z");

@@ -46,8 +46,8 @@ void FormContract::SetUp()
 {
     PlatformContract::SetUp();
     form = driver->platform().loadForm(kFormDesign);
-    for (const ui::ControlDesign& row : kFormDesign.controls) {
-        auto& control = form->control<ui::Control>(row.name);
+    for (const ui::ControlDesign& design : kFormDesign.controls) {
+        auto& control = form->control<ui::Control>(design.name);
         control.onGotFocus = [this, &control] { log += control.name() + "+ "; };
         control.onLostFocus = [this, &control] { log += control.name() + "- "; };
         if (auto* button = dynamic_cast<ui::Button*>(&control)) {
@@ -102,7 +102,7 @@ TEST_P(FormContract, TheFocusMovesBetweenControlsAlone)
 TEST_P(FormContract, ADisabledButtonHandsTheFocusOn)
 {
     driver->showModal(*form, [&] {
-        for (const auto& [from, to] : Rows<const char*, const char*>{{"c", "b"}, {"a", "b"}, {"b", "one"}}) {
+        for (const auto& [from, to] : {std::pair("c", "b"), std::pair("a", "b"), std::pair("b", "one")}) {
             driver->click(button(from));
             taken();
             button(from).setEnabled(false);

@@ -11,37 +11,19 @@ constexpr ui::ToolDesign kMenuTools[] = {{.id = "one", .caption = "First"},
                                          {.id = "two", .caption = "Second", .mnemonic = 'S'},
                                          {},
                                          {.id = "three", .caption = "Third"}};
+// clang-format off
 constexpr ui::ControlDesign kControls[] = {
     {.name = "grid", .kind = ControlKind::grid, .width = 6000, .height = 3000, .tabIndex = 2, .gridColumns = 5},
     {.name = "frame", .kind = ControlKind::frame, .left = 7, .top = 3015, .width = 3000, .height = 450},
-    {.name = "button",
-     .kind = ControlKind::button,
-     .parent = "frame",
-     .left = 37,
-     .width = 375,
-     .height = 375,
-     .toolTip = "Add <one>",
-     .picture = "add",
-     .tabIndex = 1},
-    {.name = "label",
-     .kind = ControlKind::label,
-     .left = 3300,
-     .top = 3015,
-     .width = 900,
-     .height = 375,
-     .caption = "Total && tax",
-     .mnemonic = 'T'},
-    {.name = "box",
-     .kind = ControlKind::textBox,
-     .left = 4200,
-     .top = 3015,
-     .width = 1500,
-     .height = 375,
-     .tabIndex = 0,
-     .readOnly = true,
-     .alignment = ui::Alignment::right},
+    {.name = "button", .kind = ControlKind::button, .parent = "frame", .left = 37, .width = 375, .height = 375,
+     .toolTip = "Add <one>", .picture = "add", .tabIndex = 1},
+    {.name = "label", .kind = ControlKind::label, .left = 3300, .top = 3015, .width = 900, .height = 375,
+     .caption = "Total && tax", .mnemonic = 'T'},
+    {.name = "box", .kind = ControlKind::textBox, .left = 4200, .top = 3015, .width = 1500, .height = 375,
+     .tabIndex = 0, .readOnly = true, .alignment = ui::Alignment::right},
     {.name = "menu", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuTools},
 };
+// clang-format on
 const ui::FormDesign kDesign{.name = "Contract", .width = 6000, .height = 3600, .controls = kControls};
 
 void PlatformContract::SetUp()
@@ -60,20 +42,27 @@ TEST_P(PlatformContract, LengthsReadBackAsSet)
     auto& box = surface->control<ui::TextBox>("box");
     EXPECT_EQ(surface->control<ui::Control>("frame").left(), 7) << "as designed";
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-    for (const auto& [left, top, width, height, error] :
-         Rows<float, float, float, float, std::int32_t>{{7, 1, 22, 250, 0},
-                                                        {-7.5F, -30, 0, 0.3F, 0},
-                                                        {1e9F, -1e9F, 3e9F, 1e30F, 0},
-                                                        {0, 0, -1, 5, 380},
-                                                        {0, 0, 5, -0.1F, 380},
-                                                        {kNan, 0, 5, 5, 6},
-                                                        {0, 0, 5, HUGE_VALF, 6}}) {
-        const std::vector before{box.left(), box.top(), box.width(), box.height()};
-        const std::vector after = error == 0 ? std::vector{left, top, width, height} : before;
-        const auto move = [&, &x = left, &y = top, &w = width, &h = height] { box.move(x, y, w, h); };
-        EXPECT_EQ(errorOf(move), error) << width;
-        EXPECT_EQ((std::vector{box.left(), box.top(), box.width(), box.height()}), after);
-    }
+    struct Row {
+        const char* name;
+        float left, top, width, height;
+        std::int32_t error = 0;
+    };
+    const Row rows[] = {
+        {.name = "no whole pixels", .left = 7, .top = 1, .width = 22, .height = 250},
+        {.name = "fractions, negative places", .left = -7.5F, .top = -30, .width = 0, .height = 0.3F},
+        {.name = "beyond any screen", .left = 1e9F, .top = -1e9F, .width = 3e9F, .height = 1e30F},
+        {.name = "negative width", .left = 0, .top = 0, .width = -1, .height = 5, .error = 380},
+        {.name = "negative height", .left = 0, .top = 0, .width = 5, .height = -0.1F, .error = 380},
+        {.name = "no number", .left = kNan, .top = 0, .width = 5, .height = 5, .error = 6},
+        {.name = "infinite", .left = 0, .top = 0, .width = 5, .height = HUGE_VALF, .error = 6},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        const auto place = [&] { return std::vector{box.left(), box.top(), box.width(), box.height()}; };
+        const std::vector placeBefore = place();
+        EXPECT_EQ(errorOf([&] { box.move(row.left, row.top, row.width, row.height); }), row.error);
+        const std::vector asked{row.left, row.top, row.width, row.height};
+        EXPECT_EQ(place(), row.error == 0 ? asked : placeBefore);
+    });
 }
 
 TEST_P(PlatformContract, AWrongDesignFailsWhenItIsLoaded)
@@ -142,14 +131,21 @@ TEST_P(PlatformContract, EverythingOfAColumnMovesWithIt)
     }
     grid().setColumnHidden(2, true);
     grid().setColumnFormat(4, "0.0");
-    for (const auto& [column, to, shownAfter] :
-         Rows<std::int32_t, std::int32_t, Texts>{{4, 1, {"0", "4.0", "1", "3"}},
-                                                 {0, 4, {"4.0", "1", "3", "0"}},
-                                                 {2, 0, {"4.0", "1", "3", "0"}},
-                                                 {3, 3, {"4.0", "1", "3", "0"}}}) {
-        grid().moveColumn(column, to);
-        EXPECT_EQ(driver->shown(grid(), 1), shownAfter) << column << " to " << to;
-    }
+    struct Row {
+        const char* name;
+        std::int32_t from, to;
+        Texts shown;
+    };
+    const Row rows[] = {
+        {"to the left", 4, 1, {"0", "4.0", "1", "3"}},
+        {"from one end to the other", 0, 4, {"4.0", "1", "3", "0"}},
+        {"a hidden one", 2, 0, {"4.0", "1", "3", "0"}},
+        {"to its own place", 3, 3, {"4.0", "1", "3", "0"}},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        grid().moveColumn(row.from, row.to);
+        EXPECT_EQ(driver->shown(grid(), 1), row.shown);
+    });
     EXPECT_EQ(driver->shown(grid(), 0), (Texts{"h4", "h1", "h3", "h0"}));
     EXPECT_TRUE(grid().columnHidden(grid().columnIndex("k2")));
     EXPECT_EQ(grid().columnWidth(grid().columnIndex("k4")), 1004);
@@ -162,22 +158,28 @@ TEST_P(PlatformContract, AmountsAreShownByTheirFormat)
     constexpr const char* kMoney = "$###,##0.00";
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
     grid().setRowCount(2);
-    for (const auto& [scaled, format, shown] :
-         Rows<std::int64_t, const char*, const char*>{{0, kMoney, "$0.00"},
-                                                      {12'345'000, kMoney, "$1,234.50"},
-                                                      {-50'000, kMoney, "-$5.00"},
-                                                      {50, kMoney, "$0.01"},
-                                                      {-49, kMoney, "$0.00"},
-                                                      {9'999'999'950, kMoney, "$1,000,000.00"},
-                                                      {kMost, kMoney, "$922,337,203,685,477.58"},
-                                                      {-kMost - 1, kMoney, "-$922,337,203,685,477.58"},
-                                                      {25'000, "", "2.5"},
-                                                      {12'340'000, "", "1234"},
-                                                      {-1, "", "-0.0001"}}) {
-        grid().setColumnFormat(0, format);
-        grid().setValue(1, 0, Currency::fromScaled(scaled));
-        EXPECT_EQ(driver->shown(grid(), 1)[0], shown) << scaled << ' ' << format;
-    }
+    struct Row {
+        std::int64_t name; // the amount in ten-thousandths
+        const char *format, *shown;
+    };
+    const Row rows[] = {
+        {0, kMoney, "$0.00"},
+        {12'345'000, kMoney, "$1,234.50"},
+        {-50'000, kMoney, "-$5.00"},
+        {50, kMoney, "$0.01"},
+        {-49, kMoney, "$0.00"},
+        {9'999'999'950, kMoney, "$1,000,000.00"},
+        {kMost, kMoney, "$922,337,203,685,477.58"},
+        {-kMost - 1, kMoney, "-$922,337,203,685,477.58"},
+        {25'000, "", "2.5"},
+        {12'340'000, "", "1234"},
+        {-1, "", "-0.0001"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        grid().setColumnFormat(0, row.format);
+        grid().setValue(1, 0, Currency::fromScaled(row.name));
+        EXPECT_EQ(driver->shown(grid(), 1)[0], row.shown);
+    });
     driver->locale.thousands = "\xE2\x80\xAF";
     driver->locale.decimal = ",";
     surface = driver->load(kDesign);
@@ -252,8 +254,9 @@ TEST_P(PlatformContract, ARightClickTellsRowAndColumnAlsoAfterColumnsHaveMoved)
     grid().setCurrentRow(1);
     int clicks = 0;
     grid().onRightClick = [&] { ++clicks; };
-    for (const auto& [row, column] : Rows<std::int32_t, std::int32_t>{
-             {0, 0}, {0, 1}, {0, 4}, {0, -1}, {1, 3}, {3, 0}, {3, -1}, {-1, 4}, {-1, -1}}) {
+    const std::pair<std::int32_t, std::int32_t> places[] = {{0, 0}, {0, 1},  {0, 4},  {0, -1}, {1, 3},
+                                                            {3, 0}, {3, -1}, {-1, 4}, {-1, -1}};
+    for (const auto& [row, column] : places) {
         driver->rightClick(grid(), row, column);
         EXPECT_EQ((std::pair{grid().mouseRow(), grid().mouseColumn()}), (std::pair{row, column}));
     }

@@ -82,7 +82,7 @@ public:
     void rightClick(ui::Grid& grid, std::int32_t row, std::int32_t column) override
     {
         const auto [place, at] = placeOf(grid, row, column);
-        // To the window, as a window system does it: of a press Qt makes the event that asks for a menu.
+        // The press goes to the window, as from a window system: Qt then makes the event that asks for a menu.
         QWidget* window = place->window();
         QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, place->mapTo(window, at));
     }
@@ -154,7 +154,7 @@ public:
     }
     void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) override
     {
-        QTest::keyClick(&focus(box), Qt::Key_Home, Qt::ControlModifier); // which a line does not know
+        QTest::keyClick(&focus(box), Qt::Key_Home, Qt::ControlModifier); // which only a note knows
         QTest::keyClick(&focus(box), Qt::Key_Home);
         for (std::int32_t step = 0; step < start + length; ++step) {
             QTest::keyClick(&focus(box), Qt::Key_Right, step < start ? Qt::NoModifier : Qt::ShiftModifier);
@@ -201,7 +201,7 @@ public:
         return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
     }
 
-    /// Where the surface loaded last stands.
+    /// The window of the surface that was loaded last.
     QWidget& host() { return *hosts_.back(); }
     template <class T = QWidget>
     T& widget(const char* name)
@@ -212,8 +212,7 @@ public:
     QTableView& table() { return widget<QTableView>("grid"); }
     void destroyHost() { hosts_.pop_back(); }
     std::string settingsPath() const { return folder_.filePath(QStringLiteral("new/settings.ini")).toStdString(); }
-    const QTemporaryDir& folder() const { return folder_; }
-    /// The box's widget, which has the focus then.
+    /// Gives the focus to the box and returns its widget.
     static QWidget& focus(ui::TextEntry& box)
     {
         if (!box.hasFocus()) {
@@ -234,7 +233,7 @@ private:
         const int y = header ? 3 : row < 0 ? below : view.rowViewportPosition(row - grid.fixedRows());
         return {header ? view.horizontalHeader()->viewport() : view.viewport(), QPoint(x + 20, y + 2)};
     }
-    /// No user is quicker than the window system, and off screen there is none that brings a window back.
+    /// A user acts only once the window is active. Off screen no window manager activates it, so it is asked for here.
     static void awaitActive(ui::Form& form)
     {
         QWidget* window = qt::windowOf(form.window());

@@ -82,7 +82,7 @@ TEST_F(QtEntryTest, EveryWayIntoABoxKeepsItsFilterAndItsLimit)
         QWidget& widget = QtDriver::focus(box);
         int changes = 0;
         box.onChange = [&] { ++changes; };
-        box.onKeyPress = [](std::int16_t& iKeyAscii) { iKeyAscii = iKeyAscii == 'x' ? 0 : iKeyAscii; };
+        box.onKeyPress = [](std::int16_t& keyAscii) { keyAscii = keyAscii == 'x' ? 0 : keyAscii; };
         compose(widget, "^x", "");
         EXPECT_EQ(changes, 0) << "a proposal is no text yet";
         box.setMaxLength(4);
@@ -111,6 +111,27 @@ TEST_F(QtEntryTest, EveryWayIntoABoxKeepsItsFilterAndItsLimit)
 TEST_F(QtEntryTest, AFilteredKeyGoesNowhereElse)
 {
     using K = Qt::KeyboardModifier;
+    struct Row {
+        const char* name;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char* text;
+        int offered; // the code that the filter sees; 0: it is not asked
+    };
+    const Row rows[] = {
+        {"Ctrl+S", Qt::Key_S, K::ControlModifier, "\x13", 19},
+        {"keypad Enter", Qt::Key_Enter, K::KeypadModifier, "\r", 13},
+        {"Shift+Return", Qt::Key_Return, K::ShiftModifier, "\r", 13},
+        {"Ctrl+Backspace", Qt::Key_Backspace, K::ControlModifier, "\x7F", 8},
+        {"Ctrl+H", Qt::Key_H, K::ControlModifier, "\b", 8},
+        {"keypad 5", Qt::Key_5, K::KeypadModifier, "5", '5'},
+        {"AltGr+Q", Qt::Key_Q, K::ControlModifier | K::AltModifier, "@", '@'},
+        {"Tab", Qt::Key_Tab, {}, "\t", 0},
+        {"Escape", Qt::Key_Escape, {}, "\x1B", 0},
+        {"Delete", Qt::Key_Delete, {}, "\x7F", 0},
+        {"Home", Qt::Key_Home, {}, "", 0},
+        {"Ctrl+Space", Qt::Key_Space, K::ControlModifier, " ", 0},
+    };
     int pressed = 0;
     QShortcut shortcut(QKeySequence(QStringLiteral("Ctrl+S")), &driver.host(), [&] { ++pressed; });
     for (const char* name : {"line", "combo", "note"}) {
@@ -119,24 +140,15 @@ TEST_F(QtEntryTest, AFilteredKeyGoesNowhereElse)
         QTest::keyClick(&widget, Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(std::exchange(pressed, 0), 1) << name << " has no filter";
         int seen = 0;
-        box.onKeyPress = [&](std::int16_t& iKeyAscii) { seen = std::exchange(iKeyAscii, std::int16_t{0}); };
-        for (const auto& [key, modifiers, text, offered] :
-             // clang-format off
-             Rows<Qt::Key, Qt::KeyboardModifiers, const char*, int>{
-                 {Qt::Key_S, K::ControlModifier, "\x13", 19}, {Qt::Key_Enter, K::KeypadModifier, "\r", 13},
-                 {Qt::Key_Return, K::ShiftModifier, "\r", 13}, {Qt::Key_Backspace, K::ControlModifier, "\x7F", 8},
-                 {Qt::Key_H, K::ControlModifier, "\b", 8}, {Qt::Key_5, K::KeypadModifier, "5", '5'},
-                 {Qt::Key_Q, K::ControlModifier | K::AltModifier, "@", '@'}, {Qt::Key_Tab, {}, "\t", 0},
-                 {Qt::Key_Escape, {}, "\x1B", 0}, {Qt::Key_Delete, {}, "\x7F", 0},
-                 {Qt::Key_Home, {}, "", 0}, {Qt::Key_Space, K::ControlModifier, " ", 0}}) {
-            // clang-format on
+        box.onKeyPress = [&](std::int16_t& keyAscii) { seen = std::exchange(keyAscii, std::int16_t{0}); };
+        forEachRow(rows, [&](const Row& row) {
             seen = 0;
-            QKeyEvent press(QEvent::KeyPress, key, modifiers, QString::fromLatin1(text));
+            QKeyEvent press(QEvent::KeyPress, row.key, row.modifiers, QString::fromLatin1(row.text));
             QApplication::sendEvent(&widget, &press);
-            EXPECT_EQ(seen, offered) << name << ' ' << key;
-            EXPECT_TRUE(press.isAccepted() || offered == 0) << name << ' ' << key;
+            EXPECT_EQ(seen, row.offered) << name;
+            EXPECT_TRUE(press.isAccepted() || row.offered == 0) << name;
             widget.setFocus();
-        }
+        });
         QTest::keyClick(&widget, Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(pressed, 0) << name;
         box.onKeyPress = nullptr;

@@ -54,21 +54,29 @@ protected:
     bool stays = false;
 };
 
-TEST_F(QtFormTest, EnterIsTheFocussedControlsAndEscapeAsks)
+TEST_F(QtFormTest, EnterGoesToTheFocusedControlAndEscapeToTheCancelButton)
 {
     show([&] {
-        for (const auto& [at, key, held, events] :
-             Rows<const char*, Qt::Key, bool, const char*>{{"one", Qt::Key_Return, false, ""},
-                                                           {"one", Qt::Key_Escape, false, "cancel "},
-                                                           {"a", Qt::Key_Return, false, "a "},
-                                                           {"a", Qt::Key_Enter, false, "a "},
-                                                           {"a", Qt::Key_Return, true, ""},
-                                                           {"a", Qt::Key_Escape, false, "cancel "},
-                                                           {"two", Qt::Key_Escape, true, ""}}) {
-            form->control<ui::Control>(at).setFocus();
-            press(key, {}, held);
-            EXPECT_EQ(taken(), events) << at << ' ' << key;
-        }
+        struct Row {
+            const char *name, *at;
+            Qt::Key key;
+            bool held;
+            const char* events;
+        };
+        const Row rows[] = {
+            {"Return in a box", "one", Qt::Key_Return, false, ""},
+            {"Escape in a box", "one", Qt::Key_Escape, false, "cancel "},
+            {"Return on a button", "a", Qt::Key_Return, false, "a "},
+            {"Enter on a button", "a", Qt::Key_Enter, false, "a "},
+            {"Return held on a button", "a", Qt::Key_Return, true, ""},
+            {"Escape on a button", "a", Qt::Key_Escape, false, "cancel "},
+            {"Escape held in a box", "two", Qt::Key_Escape, true, ""},
+        };
+        forEachRow(rows, [&](const Row& row) {
+            form->control<ui::Control>(row.at).setFocus();
+            press(row.key, {}, row.held);
+            EXPECT_EQ(taken(), row.events);
+        });
         form->control<ui::Control>("c").setFocus();
         QTest::keyClick(&widget("c"), Qt::Key_Space);
         EXPECT_EQ(taken(), "c ");
@@ -80,14 +88,20 @@ TEST_F(QtFormTest, EnterIsTheFocussedControlsAndEscapeAsks)
 
 TEST_F(QtFormTest, MnemonicsReachBoxesButtonsAndMenus)
 {
-    for (const auto& [caption, mnemonic, marked] :
-         Rows<const char*, char, const char*>{{"Save && Close", 'C', "Save && &Close"},
-                                              {"Part#", 'a', "P&art#"},
-                                              {"Nnn", 'n', "N&nn"},
-                                              {"Part#", 'x', "Part#"},
-                                              {"A && B", '\0', "A && B"}}) {
-        EXPECT_EQ(markedCaption(caption, mnemonic).toStdString(), marked);
-    }
+    struct Row {
+        const char* text;
+        char mnemonic;
+        const char* marked;
+    };
+    const Row rows[] = {
+        {"Save && Close", 'C', "Save && &Close"},
+        {"Part#", 'a', "P&art#"},
+        {"Nnn", 'n', "N&nn"},
+        {"Part#", 'x', "Part#"},
+        {"A && B", '\0', "A && B"},
+    };
+    forEachRow(rows,
+               [](const Row& row) { EXPECT_EQ(markedCaption(row.text, row.mnemonic).toStdString(), row.marked); });
     EXPECT_EQ(dynamic_cast<QLabel&>(widget("heading")).text(), QStringLiteral("All of it"));
     EXPECT_EQ(widget("one").accessibleName(), QStringLiteral("Bone & one"));
     show([&] {
@@ -101,7 +115,7 @@ TEST_F(QtFormTest, MnemonicsReachBoxesButtonsAndMenus)
     });
 }
 
-TEST_F(QtFormTest, MenusBorrowTheFocus)
+TEST_F(QtFormTest, AMenuGivesTheFocusBack)
 {
     auto& one = form->control<ui::Control>("one");
     one.onLostFocus = [&] { log += "left "; };

@@ -1,15 +1,12 @@
-// What only the Qt platform can get wrong: painting, the toolkit's own habits, files, lifetimes.
+// What only the Qt platform can get wrong: painting, the toolkit's own habits, lifetimes.
 #include "QtDriver.h"
 
 #include "orvan/ui/qt/GridPaint.h"
 
 #include <QContextMenuEvent>
-#include <QDir>
-#include <QFile>
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
-#include <thread>
 
 namespace orvan::contract {
 namespace {
@@ -59,47 +56,38 @@ TEST_F(QtPlatformTest, ARedrawCycleIsPaintedOnceWhateverChanged)
 {
     fill(100);
     QTest::qWait(50); // the window has become active
-    for (const auto& [what, change] :
-         Rows<const char*, void (*)(ui::Grid&)>{{"nothing", [](ui::Grid&) {}},
-                                                {"cells",
-                                                 [](ui::Grid& g) {
-                                                     g.setValue(1, 0, 5);
-                                                     g.setValue(2, 0, 6);
-                                                 }},
-                                                {"more rows", [](ui::Grid& g) { g.setRowCount(150); }},
-                                                {"fewer rows",
-                                                 [](ui::Grid& g) {
-                                                     g.setRowCount(3);
-                                                     g.setRowCount(120);
-                                                 }},
-                                                {"columns",
-                                                 [](ui::Grid& g) {
-                                                     g.moveColumn(4, 0);
-                                                     g.setColumnHidden(2, true);
-                                                     g.setColumnCount(6);
-                                                 }},
-                                                {"all", [](ui::Grid& g) {
-                                                     g.setRowCount(40);
-                                                     g.setColumnWidth(0, 30);
-                                                     g.setCurrentRow(39);
-                                                 }}}) {
-        PaintCounter counter(table().viewport());
+    struct Row {
+        const char* name;
+        std::function<void(ui::Grid&)> change;
+    };
+    const Row rows[] = {
+        {"nothing", [](ui::Grid&) {}},
+        {"cells", [](ui::Grid& grid) { grid.setValue(1, 0, 5), grid.setValue(2, 0, 6); }},
+        {"more rows", [](ui::Grid& grid) { grid.setRowCount(150); }},
+        {"fewer rows", [](ui::Grid& grid) { grid.setRowCount(3), grid.setRowCount(120); }},
+        {"columns",
+         [](ui::Grid& grid) { grid.moveColumn(4, 0), grid.setColumnHidden(2, true), grid.setColumnCount(6); }},
+        {"all", [](ui::Grid& grid) { grid.setRowCount(40), grid.setColumnWidth(0, 30), grid.setCurrentRow(39); }},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        PaintCounter cells(table().viewport());
         PaintCounter header(table().horizontalHeader()->viewport());
         grid().setRedraw(false);
-        change(grid());
+        row.change(grid());
         QTest::qWait(5);
-        EXPECT_EQ(counter.paints, 0) << what << ", redraw off";
+        EXPECT_EQ(cells.paints, 0) << "redraw off";
         grid().setRedraw(true);
         QTest::qWait(20);
-        EXPECT_EQ(counter.paints, 1) << what;
-        EXPECT_EQ(header.paints, 1) << what << ", header";
-    }
+        EXPECT_EQ(cells.paints, 1);
+        EXPECT_EQ(header.paints, 1);
+    });
 }
 
 TEST_F(QtPlatformTest, WidgetsStandOnTheNearestPixel)
 {
     auto& box = surface->control<ui::TextBox>("box");
-    for (const auto& [twips, pixel] : Rows<float, int>{{0, 0}, {7, 0}, {8, 1}, {22, 1}, {250, 17}, {2500, 167}}) {
+    const std::pair<float, int> lengths[] = {{0, 0}, {7, 0}, {8, 1}, {22, 1}, {250, 17}, {2500, 167}};
+    for (const auto& [twips, pixel] : lengths) {
         box.move(twips, twips, twips, twips);
         EXPECT_EQ(driver.widget("box").geometry(), QRect(pixel, pixel, pixel, pixel)) << twips;
         grid().setColumnWidth(3, static_cast<std::int32_t>(twips));
@@ -110,21 +98,29 @@ TEST_F(QtPlatformTest, WidgetsStandOnTheNearestPixel)
 TEST_F(QtPlatformTest, NumbersStandAtTheRightAndTheirHeaderWithThem)
 {
     grid().setRowCount(2);
-    for (const auto& [type, value, side] :
-         Rows<ui::GridType, ui::GridValue, Qt::AlignmentFlag>{{ui::GridType::string, 5, Qt::AlignLeft},
-                                                              {ui::GridType::int32, std::string("x"), Qt::AlignRight},
-                                                              {ui::GridType::currency, {}, Qt::AlignRight},
-                                                              {ui::GridType::decimal, {}, Qt::AlignRight},
-                                                              {ui::GridType::float64, {}, Qt::AlignRight},
-                                                              {ui::GridType::none, Currency(), Qt::AlignRight},
-                                                              {ui::GridType::none, std::string("1"), Qt::AlignLeft}}) {
-        grid().setColumnType(0, type);
-        grid().setValue(1, 0, value);
+    struct Row {
+        const char* name;
+        ui::GridType type;
+        ui::GridValue value;
+        Qt::AlignmentFlag side;
+    };
+    const Row rows[] = {
+        {"string", ui::GridType::string, 5, Qt::AlignLeft},
+        {"int32", ui::GridType::int32, std::string("x"), Qt::AlignRight},
+        {"currency", ui::GridType::currency, {}, Qt::AlignRight},
+        {"decimal", ui::GridType::decimal, {}, Qt::AlignRight},
+        {"float64", ui::GridType::float64, {}, Qt::AlignRight},
+        {"no type, an amount", ui::GridType::none, Currency(), Qt::AlignRight},
+        {"no type, a text", ui::GridType::none, std::string("1"), Qt::AlignLeft},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        grid().setColumnType(0, row.type);
+        grid().setValue(1, 0, row.value);
         const auto cell = table().model()->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>();
         const QVariant header = table().model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole);
-        EXPECT_TRUE(cell.testFlag(side)) << int(type);
-        EXPECT_EQ(header.value<Qt::Alignment>(), cell) << int(type);
-    }
+        EXPECT_TRUE(cell.testFlag(row.side));
+        EXPECT_EQ(header.value<Qt::Alignment>(), cell);
+    });
 }
 
 TEST_F(QtPlatformTest, ACutAmountShowsThatItIsCutAndItsToolTipTheWhole)
@@ -243,21 +239,28 @@ TEST_F(QtPlatformTest, AMenuIsOperatedByKeysAndAKeyOpensNone)
     menu.onToolClick = [&](std::string_view id) { log.append(id).append(" "); };
     menu.setToolEnabled("three", false);
     QMenu& shown = driver.menuOf(menu);
-    for (const auto& [keys, chosen] :
-         Rows<std::vector<Qt::Key>, const char*>{{{Qt::Key_Down, Qt::Key_Return}, "one "},
-                                                 {{Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "two "},
-                                                 {{Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, "one "},
-                                                 {{Qt::Key_S}, "two "},
-                                                 {{Qt::Key_Down, Qt::Key_Escape}, ""}}) {
+    struct Row {
+        const char* name;
+        std::vector<Qt::Key> keys;
+        const char* chosen;
+    };
+    const Row rows[] = {
+        {"Down", {Qt::Key_Down, Qt::Key_Return}, "one "},
+        {"Down twice", {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "two "},
+        {"Up twice, past the disabled one", {Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, "one "},
+        {"mnemonic", {Qt::Key_S}, "two "},
+        {"Escape", {Qt::Key_Down, Qt::Key_Escape}, ""},
+    };
+    forEachRow(rows, [&](const Row& row) {
         log.clear();
         menu.popUp();
         EXPECT_EQ(shown.pos(), QCursor::pos());
-        for (const Qt::Key key : keys) {
+        for (const Qt::Key key : row.keys) {
             QTest::keyClick(&shown, key);
         }
-        EXPECT_EQ(log, chosen) << keys.size();
+        EXPECT_EQ(log, row.chosen);
         EXPECT_FALSE(driver.isUp(menu));
-    }
+    });
     grid().onRightClick = [] { ADD_FAILURE() << "a key, and no column is current"; };
     QContextMenuEvent asked(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
     QApplication::sendEvent(table().viewport(), &asked);
@@ -294,24 +297,31 @@ TEST_F(QtPlatformTest, SurfaceAndHostGoInEitherOrder)
     EXPECT_TRUE(driver.host().children().isEmpty()) << "the widgets went with their surface";
 }
 
-TEST_F(QtPlatformTest, BoxesCloseAsTheirButtonsAllow)
+TEST_F(QtPlatformTest, AMessageBoxClosesAsItsButtonsAllow)
 {
-    for (const auto& [buttons, closed] :
-         Rows<ui::MessageButtons, ui::MessageResult>{{ui::MessageButtons::ok, ui::MessageResult::ok},
-                                                     {ui::MessageButtons::yesNo, ui::MessageResult::no},
-                                                     {ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel}}) {
-        const auto owner = std::make_unique<QWidget>();
+    struct Row {
+        const char* name;
+        ui::MessageButtons buttons;
+        ui::MessageResult closed;
+    };
+    const Row rows[] = {
+        {"OK", ui::MessageButtons::ok, ui::MessageResult::ok},
+        {"Yes, No", ui::MessageButtons::yesNo, ui::MessageResult::no},
+        {"Yes, No, Cancel", ui::MessageButtons::yesNoCancel, ui::MessageResult::cancel},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        QWidget parent;
         const ui::Message message{
-            .text = "<b>x</b>", .title = "Orvan", .buttons = buttons, .ownerWindow = windowHandle(owner.get())};
+            .text = "<b>x</b>", .title = "Orvan", .buttons = row.buttons, .ownerWindow = windowHandle(&parent)};
         whenModal([&](QWidget& window) {
-            EXPECT_EQ(window.parentWidget(), owner.get());
+            EXPECT_EQ(window.parentWidget(), &parent);
             EXPECT_EQ(dynamic_cast<QMessageBox&>(window).textFormat(), Qt::PlainText);
             QTest::keyClick(&window, Qt::Key_Escape);
         });
-        EXPECT_EQ(driver.platform().messageBox().show(message), closed);
+        EXPECT_EQ(driver.platform().messageBox().show(message), row.closed);
         whenModal([](QWidget& window) { window.close(); });
-        EXPECT_EQ(driver.platform().messageBox().show(message), closed);
-    }
+        EXPECT_EQ(driver.platform().messageBox().show(message), row.closed);
+    });
     auto owner = std::make_unique<QWidget>();
     whenModal([&](QWidget&) { owner.reset(); });
     const std::int32_t handle = windowHandle(owner.get());
@@ -338,59 +348,6 @@ TEST_F(QtPlatformTest, AnErrorThatNobodyTookIsShownOnce)
     });
     driver.click(button);
     EXPECT_EQ(boxes, 1);
-}
-
-TEST_F(QtPlatformTest, SettingsOfTwoProgramsLiveInOneFile)
-{
-    constexpr int kKeys = 60; // enough that the two meet: without the lock some are lost
-    const auto program = [path = driver.settingsPath()](const char* section) {
-        QtSettingsStore store(path);
-        for (int key = 0; key < kKeys; ++key) {
-            store.set("Orvan", section, std::to_string(key), section);
-        }
-    };
-    std::thread other([&] { program("two"); });
-    program("one");
-    other.join();
-    QtSettingsStore store(driver.settingsPath());
-    for (int key = 0; key < kKeys; ++key) {
-        EXPECT_EQ(store.get("Orvan", "one", std::to_string(key)), "one") << key;
-        EXPECT_EQ(store.get("Orvan", "two", std::to_string(key)), "two") << key;
-    }
-}
-
-TEST_F(QtPlatformTest, AStoreThatCannotBeUsedRaises75AndStaysAsItWas)
-{
-    for (const auto& [name, content, readError, writeError] :
-         Rows<const char*, const char*, std::int32_t, std::int32_t>{
-             {"folder", nullptr, 75, 75},
-             {"garbage",
-              "\x7F"
-              "ELF\1\2\nx",
-              75, 75},
-             {"cut", "[Orvan/s]\nk=1\n[Orv", 75, 75},
-             {"file/below", "", 0, 75},
-             {"edited", "; mine\r\n[Orvan/s]\r\n k=old\r\n\r\n[Other]\r\nk=x\r\n", 0, 0}}) {
-        QDir folder(driver.folder().path());
-        const QString path = folder.filePath(QString::fromLatin1(name));
-        const bool below = path.endsWith(QStringLiteral("below"));
-        QFile file(below ? folder.filePath(QStringLiteral("file")) : path);
-        if (!content) {
-            folder.mkdir(path);
-        } else if (file.open(QIODevice::WriteOnly)) {
-            file.write(content);
-            file.close();
-        }
-        QtSettingsStore store(path.toStdString());
-        EXPECT_EQ(errorOf([&] { store.get("Orvan", "s", "k"); }), readError) << name;
-        EXPECT_EQ(errorOf([&] { store.set("Orvan", "s", "k", "new"); }), writeError) << name;
-        EXPECT_EQ(errorOf([&] { store.get("Orvan", "s", "k"); }), readError) << name << ", again";
-        if (content && file.open(QIODevice::ReadOnly)) {
-            const QByteArray after = writeError == 0 ? "; mine\n[Orvan/s]\nk=new\n\n[Other]\nk=x\n" : content;
-            EXPECT_EQ(file.readAll().toStdString(), after.toStdString()) << name;
-        }
-        EXPECT_FALSE(QFile::exists(path + QStringLiteral(".lock"))) << name;
-    }
 }
 
 } // namespace

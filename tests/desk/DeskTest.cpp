@@ -24,7 +24,7 @@
 namespace orvan::desk {
 namespace {
 
-using test::Rows;
+using test::forEachRow;
 using testing::HasSubstr;
 
 class DeskTest : public testing::Test {
@@ -82,21 +82,28 @@ std::string problemOf(const QString& path)
 
 TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
 {
-    for (const auto& [what, bytes, problem] : Rows<const char*, QByteArray, const char*>{
-             {"good", kGood, ""},
-             {"cut", kGood.left(kGood.size() - 4), "line 2, column"},
-             {"empty", "", "line 1, column 1"},
-             {"not ours", "[1, 2]", "not a quote file"},
-             {"another format", with("orvan-desk-quote", "recipe"), "not a quote file"},
-             {"a later version", with("1,", "7,"), "another version of the desk (7)"},
-             {"no customer", with("customer", "costumer"), "\"customer\" is missing"},
-             {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
-             {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
-             {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"}}) {
-        const std::string found = problemOf(write(bytes, QStringLiteral("a.json")));
-        EXPECT_THAT(found, HasSubstr(problem)) << what;
-        EXPECT_EQ(found.empty(), std::string(problem).empty()) << what << ": " << found;
-    }
+    struct Row {
+        const char* name;
+        QByteArray bytes;
+        const char* problem;
+    };
+    const Row rows[] = {
+        {"good", kGood, ""},
+        {"cut", kGood.left(kGood.size() - 4), "line 2, column"},
+        {"empty", "", "line 1, column 1"},
+        {"not ours", "[1, 2]", "not a quote file"},
+        {"another format", with("orvan-desk-quote", "recipe"), "not a quote file"},
+        {"a later version", with("1,", "7,"), "another version of the desk (7)"},
+        {"no customer", with("customer", "costumer"), "\"customer\" is missing"},
+        {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
+        {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
+        {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        const std::string found = problemOf(write(row.bytes, QStringLiteral("a.json")));
+        EXPECT_THAT(found, HasSubstr(row.problem));
+        EXPECT_EQ(found.empty(), std::string_view(row.problem).empty()) << found;
+    });
     EXPECT_THAT(problemOf(folder.filePath("nowhere")), HasSubstr("No such file"));
 }
 
@@ -136,8 +143,8 @@ TEST_F(DeskTest, EverySampleOpensAndSellsWhatIsInTheCatalogue)
         for (ProductsReader reader(products, {}); reader.more();) {
             reader.next(product);
             const LookUpList found = catalogue.GetPartNumList(product.partNum, false);
-            ASSERT_TRUE(found) << product.partNum;
-            catalogue.SeekItem(static_cast<std::int32_t>(found->front().itemId));
+            EXPECT_TRUE(found) << product.partNum;
+            catalogue.SeekItem(found ? static_cast<std::int32_t>(found->front().itemId) : 0);
             EXPECT_EQ(toText(catalogue.GetFieldValue(3)), product.name);
             EXPECT_EQ(toText(catalogue.GetFieldValue(4)), product.key) << product.name;
             EXPECT_EQ(catalogue.GetFieldValue(6), LookUpValue(product.unitPrice)) << product.name;
@@ -156,38 +163,50 @@ TEST_F(DeskTest, APriceListIsImportedAsAWholeOrNotAtAll)
     });
     menu.importSampleIfNone();
     EXPECT_GT(entriesIn(catalogue), 290) << problem;
-    for (const auto& [list, answer, entries, told] : Rows<QByteArray, const char*, std::int64_t, const char*>{
-             {head + "A,Alpha,1\nB,Beta,2.50\n", "OK", 2, ""},
-             {head + "A,Alpha,1\nB,Beta,free\n", nullptr, 2, "Line 3: the unit price \"free\""},
-             {"nothing", nullptr, 2, "no column for the name"},
-             {head + "A,Alpha,\"1,234\"\n", "Cancel", 2, ""},
-             {head + "A,Alpha,\"1,234\"\n", "1.234", 1, ""},
-             {head + QByteArray("A,Alpha,1.5\n").repeated(400'000), "Cancel", 1, ""}}) {
+    struct Row {
+        const char* name;
+        QByteArray list;
+        const char* press = ""; // a button, in each window that comes up; OK where there is no such one
+        std::int64_t entries;
+        const char* problem = "";
+    };
+    // clang-format off
+    const Row rows[] = {
+        {.name = "good", .list = head + "A,Alpha,1\nB,Beta,2.50\n", .entries = 2},
+        {.name = "a bad price", .list = head + "A,Alpha,1\nB,Beta,free\n", .entries = 2,
+         .problem = "Line 3: the unit price \"free\""},
+        {.name = "no price list", .list = "nothing", .entries = 2, .problem = "no column for the name"},
+        {.name = "ambiguous, Cancel", .list = head + "A,Alpha,\"1,234\"\n", .press = "Cancel", .entries = 2},
+        {.name = "ambiguous, answered", .list = head + "A,Alpha,\"1,234\"\n", .press = "1.234", .entries = 1},
+        {.name = "long, cancelled", .list = head + QByteArray("A,Alpha,1.5\n").repeated(400'000), .press = "Cancel",
+         .entries = 1},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
         problem.clear();
-        const std::string press = answer ? answer : "";
-        QTimer user; // presses a button in each window that comes up; OK where there is no such one
+        QTimer user;
         QObject::connect(&user, &QTimer::timeout, [&] {
             if (QWidget* const window = QApplication::activeModalWidget()) {
                 QAbstractButton* button = nullptr;
                 for (auto* each : window->findChildren<QAbstractButton*>()) {
                     const std::string text = each->text().remove(u'&').toStdString();
-                    button = text == press || (!button && text == "OK") ? each : button;
+                    button = text == row.press || (!button && text == "OK") ? each : button;
                 }
                 QTest::mouseClick(button, Qt::LeftButton);
             }
         });
         user.start(10);
-        menu.importFrom(write(list, QStringLiteral("list.csv")));
-        EXPECT_EQ(entriesIn(catalogue), entries) << list.left(60).toStdString();
-        EXPECT_THAT(problem, HasSubstr(told));
-        EXPECT_EQ(problem.empty(), std::string(told).empty()) << problem;
-    }
+        menu.importFrom(write(row.list, QStringLiteral("list.csv")));
+        EXPECT_EQ(entriesIn(catalogue), row.entries);
+        EXPECT_THAT(problem, HasSubstr(row.problem));
+        EXPECT_EQ(problem.empty(), std::string_view(row.problem).empty()) << problem;
+    });
     EXPECT_EQ(QDir(folder.filePath(QStringLiteral("new"))).entryList(QDir::Files).size(), 1);
     menu.importSampleIfNone();
     EXPECT_EQ(entriesIn(catalogue), 1) << "the user's own catalogue stays";
 }
 
-TEST_F(DeskTest, DamagedSettingsDoNotKeepTheDeskShut)
+TEST_F(DeskTest, TheDeskOpensWithDamagedSettings)
 {
     const QString path = QString::fromStdString(qt::QtSettingsStore::defaultPath());
     QDir().mkpath(QFileInfo(path).path());
@@ -248,12 +267,12 @@ TEST_F(DeskTest, ADeletedLineIsUnsavedUntilItIsSaved)
     window.show();
     ASSERT_TRUE(window.open(path));
     auto* products = window.findChild<ProductViewWidget*>();
-    const Currency before = products->TotalValue();
+    const Currency totalBefore = products->TotalValue();
     QTest::keyClick(products->findChild<QWidget*>(QStringLiteral("flexGrid")), Qt::Key_Down);
     answerNext(QMessageBox::Yes);
     QTest::mouseClick(products->findChild<QWidget*>(QStringLiteral("cmdDelete")), Qt::LeftButton);
     EXPECT_THAT(asked, HasSubstr("delete the selected product"));
-    EXPECT_LT(products->TotalValue(), before);
+    EXPECT_LT(products->TotalValue(), totalBefore);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.isWindowModified(); }, 2000));
 
     answerNext(QMessageBox::Save);

@@ -12,20 +12,39 @@ constexpr auto kNo = ui::MessageResult::no;
 constexpr auto kStay = ui::MessageResult::cancel;
 constexpr auto kOk = ui::MessageResult::ok;
 
-enum class Path { save, cancel, closeBox, escape, error, deleteOnly };
 enum class Edit { none, fits, tooLong };
+
+/// A way to close, and what is answered, asked and entered on it.
+struct Way {
+    std::string_view name;
+    Answers answers = {};
+    const char* prompts = "";
+    const char* entered;
+};
+/// What the ways lead to.
+struct Outcome {
+    const char* name;
+    Edit edit = Edit::none;
+    bool stays = false, dirty = false;
+    std::string list = {}, listOfOne = {}; ///< The latter where the only product is deleted.
+    std::vector<Way> ways;
+};
 
 class ClosingTest : public EditorFixture {
 public:
-    void act(Path path, HeadlessForm& form)
+    void act(std::string_view way, HeadlessForm& form)
     {
-        switch (path) {
-        case Path::save: return form.button("cmdSaveClose").click();
-        case Path::cancel: return form.button("cmdCancel").click();
-        case Path::closeBox: return form.clickCloseBox();
-        case Path::escape: return form.pressEscape();
-        case Path::deleteOnly: return form.button("cmdDelete").click();
-        case Path::error:
+        if (way == "save") {
+            form.button("cmdSaveClose").click();
+        } else if (way == "cancel") {
+            form.button("cmdCancel").click();
+        } else if (way == "close box") {
+            form.clickCloseBox();
+        } else if (way == "Escape") {
+            form.pressEscape();
+        } else if (way == "delete") {
+            form.button("cmdDelete").click();
+        } else {
             trace->failEntering("KTVOrvanProduct.frmProduct::PrvSeekProduct", 1000);
             trace->declareError(1000, 2); // the seek's and the button's
             form.button("cmdGotoFirst").press();
@@ -37,85 +56,91 @@ public:
 const std::string kOne = "1~Desk::D-1:489:2:0:978:old~";
 const std::string kTwo = "2~Desk::D-1:489:2:0:978:old~Lamp::L-7:74.95:1.5:0:112.425:~";
 
-// What a person sees and the host gets, for each way to close and each answer. The list has two products
-// and the second is open; deleting the only one has a list of its own.
+// What a person sees and the host gets, for each way to close and each answer. The list has two products and the
+// second is open; "delete" has a list of one.
 TEST_F(ClosingTest, EachWayToCloseAsksAndLeavesTheListAsAnswered)
 {
     const std::string kSaved = "2~Desk::D-1:489:2:0:978:old~Lamp::L-7:74.95:1.5:0:112.425:new~";
     const std::string kLong = "2~Desk::D-1:489:2:0:978:old~Lamp::L-7:74.95:1.5:0:112.425:" + std::string(90, 'x') + "~";
     // clang-format off
-    for (const auto& [path, edit, answers, prompted, stays, traced, list, dirty] :
-         Rows<Path, Edit, Answers, const char*, bool, const char*, std::string, bool>{
-        {Path::save, Edit::none, {}, "", false, "cmdSaveClose_Click SAVE cmdCancel_Click", kTwo, false},
-        {Path::cancel, Edit::none, {}, "", false, "cmdCancel_Click cmdCancel_Click", kTwo, false},
-        {Path::closeBox, Edit::none, {}, "", false, "cmdCancel_Click", kTwo, false},
-        {Path::escape, Edit::none, {}, "", false, "cmdCancel_Click cmdCancel_Click", kTwo, false},
-        {Path::error, Edit::none, {kOk}, "e", false, "FAIL cmdCancel_Click", kTwo, false},
-        {Path::deleteOnly, Edit::none, {kYes}, "d", false, "DELETE cmdCancel_Click", "", false},
-        {Path::deleteOnly, Edit::none, {kNo}, "d", true, "cmdDelete_Click", kOne, false},
-        {Path::deleteOnly, Edit::none, {kStay}, "d", true, "cmdDelete_Click", kOne, false},
-
-        {Path::save, Edit::fits, {kYes}, "m", false, "cmdSaveClose_Click SAVE cmdCancel_Click ASK SAVE", kSaved, true},
-        {Path::cancel, Edit::fits, {kYes}, "m", false, "cmdCancel_Click ASK SAVE cmdCancel_Click ASK", kSaved, true},
-        {Path::closeBox, Edit::fits, {kYes}, "m", false, "cmdCancel_Click ASK SAVE", kSaved, true},
-        {Path::escape, Edit::fits, {kYes}, "m", false, "cmdCancel_Click ASK SAVE cmdCancel_Click ASK", kSaved, true},
-        {Path::error, Edit::fits, {kOk, kYes}, "em", false, "FAIL cmdCancel_Click ASK SAVE", kSaved, true},
-        {Path::deleteOnly, Edit::fits, {kYes, kYes}, "dm", false, "DELETE cmdCancel_Click ASK EMPTY", "", true},
-
-        {Path::save, Edit::tooLong, {kOk}, "s", true, "cmdSaveClose_Click SAVE!", kLong, true},
-        {Path::cancel, Edit::tooLong, {kYes, kOk}, "ms", true, "cmdCancel_Click ASK SAVE!", kLong, true},
-        {Path::closeBox, Edit::tooLong, {kYes, kOk}, "ms", true, "cmdCancel_Click ASK SAVE!", kLong, true},
-        {Path::escape, Edit::tooLong, {kYes, kOk}, "ms", true, "cmdCancel_Click ASK SAVE!", kLong, true},
-        {Path::error, Edit::tooLong, {kOk, kYes, kOk}, "ems", true, "FAIL cmdCancel_Click ASK SAVE!", kLong, true},
-        {Path::deleteOnly, Edit::tooLong, {kYes, kYes, kOk}, "dms", true, "DELETE cmdCancel_Click ASK EMPTY!", "", true},
-
-        {Path::save, Edit::fits, {kNo}, "m", false, "cmdSaveClose_Click SAVE cmdCancel_Click ASK", kTwo, false},
-        {Path::cancel, Edit::fits, {kNo}, "m", false, "cmdCancel_Click ASK cmdCancel_Click", kTwo, false},
-        {Path::closeBox, Edit::fits, {kNo}, "m", false, "cmdCancel_Click ASK", kTwo, false},
-        {Path::escape, Edit::fits, {kNo}, "m", false, "cmdCancel_Click ASK cmdCancel_Click", kTwo, false},
-        {Path::error, Edit::fits, {kOk, kNo}, "em", false, "FAIL cmdCancel_Click ASK", kTwo, false},
-        {Path::deleteOnly, Edit::fits, {kYes, kNo}, "dm", false, "DELETE cmdCancel_Click ASK", kOne, false},
-
-        {Path::save, Edit::fits, {kStay}, "m", true, "cmdSaveClose_Click SAVE cmdCancel_Click ASK", kSaved, true},
-        {Path::cancel, Edit::fits, {kStay}, "m", true, "cmdCancel_Click ASK", kSaved, true},
-        {Path::closeBox, Edit::fits, {kStay}, "m", true, "cmdCancel_Click ASK", kSaved, true},
-        {Path::escape, Edit::fits, {kStay}, "m", true, "cmdCancel_Click ASK", kSaved, true},
-        {Path::error, Edit::fits, {kOk, kStay}, "em", true, "FAIL cmdCancel_Click ASK", kSaved, true},
-        {Path::deleteOnly, Edit::fits, {kYes, kStay}, "dm", true, "DELETE cmdCancel_Click ASK", "", true}}) {
-        // clang-format on
-        SCOPED_TRACE(testing::Message() << "path " << int(path) << ", edit " << int(edit) << ", prompts " << prompted);
-        const bool alone = path == Path::deleteOnly;
-        load(alone ? kOne : kTwo);
-        answer(answers);
-        faults.maxDataSize.reset();
-        platform.drive(
-            [&, path = path, edit = edit, prompted = prompted, stays = stays, traced = traced](HeadlessForm& form) {
-                if (edit != Edit::none) {
-                    form.textBox("txtNote").type(edit == Edit::fits ? "new" : std::string(90, 'x'));
+    const Outcome outcomes[] = {
+        {.name = "nothing is edited", .list = kTwo, .ways = {
+            {.name = "save", .entered = "cmdSaveClose_Click SAVE CANCEL"},
+            {.name = "cancel", .entered = "CANCEL CANCEL"},
+            {.name = "close box", .entered = "CANCEL"},
+            {.name = "Escape", .entered = "CANCEL CANCEL"},
+            {.name = "error", .answers = {kOk}, .prompts = "e", .entered = "FAIL CANCEL"},
+            {.name = "delete", .answers = {kYes}, .prompts = "d", .entered = "DELETE CANCEL"}}},
+        {.name = "the product is not to be deleted", .stays = true, .listOfOne = kOne, .ways = {
+            {.name = "delete", .answers = {kNo}, .prompts = "d", .entered = "cmdDelete_Click"},
+            {.name = "delete", .answers = {kStay}, .prompts = "d", .entered = "cmdDelete_Click"}}},
+        {.name = "Yes saves", .edit = Edit::fits, .dirty = true, .list = kSaved, .ways = {
+            {.name = "save", .answers = {kYes}, .prompts = "m", .entered = "cmdSaveClose_Click SAVE CANCEL ASK SAVE"},
+            {.name = "cancel", .answers = {kYes}, .prompts = "m", .entered = "CANCEL ASK SAVE CANCEL ASK"},
+            {.name = "close box", .answers = {kYes}, .prompts = "m", .entered = "CANCEL ASK SAVE"},
+            {.name = "Escape", .answers = {kYes}, .prompts = "m", .entered = "CANCEL ASK SAVE CANCEL ASK"},
+            {.name = "error", .answers = {kOk, kYes}, .prompts = "em", .entered = "FAIL CANCEL ASK SAVE"},
+            {.name = "delete", .answers = {kYes, kYes}, .prompts = "dm", .entered = "DELETE CANCEL ASK EMPTY"}}},
+        {.name = "the list is too long to be saved", .edit = Edit::tooLong, .stays = true, .dirty = true, .list = kLong,
+         .ways = {
+            {.name = "save", .answers = {kOk}, .prompts = "s", .entered = "cmdSaveClose_Click SAVE!"},
+            {.name = "cancel", .answers = {kYes, kOk}, .prompts = "ms", .entered = "CANCEL ASK SAVE!"},
+            {.name = "close box", .answers = {kYes, kOk}, .prompts = "ms", .entered = "CANCEL ASK SAVE!"},
+            {.name = "Escape", .answers = {kYes, kOk}, .prompts = "ms", .entered = "CANCEL ASK SAVE!"},
+            {.name = "error", .answers = {kOk, kYes, kOk}, .prompts = "ems", .entered = "FAIL CANCEL ASK SAVE!"},
+            {.name = "delete", .answers = {kYes, kYes, kOk}, .prompts = "dms", .entered = "DELETE CANCEL ASK EMPTY!"}}},
+        {.name = "No gives up what was edited", .edit = Edit::fits, .list = kTwo, .listOfOne = kOne, .ways = {
+            {.name = "save", .answers = {kNo}, .prompts = "m", .entered = "cmdSaveClose_Click SAVE CANCEL ASK"},
+            {.name = "cancel", .answers = {kNo}, .prompts = "m", .entered = "CANCEL ASK CANCEL"},
+            {.name = "close box", .answers = {kNo}, .prompts = "m", .entered = "CANCEL ASK"},
+            {.name = "Escape", .answers = {kNo}, .prompts = "m", .entered = "CANCEL ASK CANCEL"},
+            {.name = "error", .answers = {kOk, kNo}, .prompts = "em", .entered = "FAIL CANCEL ASK"},
+            {.name = "delete", .answers = {kYes, kNo}, .prompts = "dm", .entered = "DELETE CANCEL ASK"}}},
+        {.name = "Cancel keeps it open; then Yes saves", .edit = Edit::fits, .stays = true, .dirty = true,
+         .list = kSaved, .ways = {
+            {.name = "save", .answers = {kStay}, .prompts = "m", .entered = "cmdSaveClose_Click SAVE CANCEL ASK"},
+            {.name = "cancel", .answers = {kStay}, .prompts = "m", .entered = "CANCEL ASK"},
+            {.name = "close box", .answers = {kStay}, .prompts = "m", .entered = "CANCEL ASK"},
+            {.name = "Escape", .answers = {kStay}, .prompts = "m", .entered = "CANCEL ASK"},
+            {.name = "error", .answers = {kOk, kStay}, .prompts = "em", .entered = "FAIL CANCEL ASK"},
+            {.name = "delete", .answers = {kYes, kStay}, .prompts = "dm", .entered = "DELETE CANCEL ASK"}}},
+    };
+    // clang-format on
+    forEachRow(outcomes, [&](const Outcome& outcome) {
+        forEachRow(outcome.ways, [&](const Way& way) {
+            const bool alone = way.name == "delete";
+            load(alone ? kOne : kTwo);
+            answer(way.answers);
+            faults.maxDataSize.reset();
+            platform.drive([&](HeadlessForm& form) {
+                if (outcome.edit != Edit::none) {
+                    form.textBox("txtNote").type(outcome.edit == Edit::fits ? "new" : std::string(90, 'x'));
                 }
-                if (edit == Edit::tooLong) {
+                if (outcome.edit == Edit::tooLong) {
                     faults.maxDataSize = alone ? -1 : static_cast<std::int32_t>(kTwo.size()) + 20;
                     trace->declareError(ErrorNumber::outOfStringSpace);
                 }
                 const std::size_t prompt = platform.messageBox().shown().size();
                 const std::size_t line = trace->lines().size();
-                act(path, form);
-                EXPECT_EQ(form.loaded(), stays);
-                EXPECT_EQ(prompts(prompt), prompted);
-                EXPECT_EQ(entered(line), spelledOut(traced));
-                if (edit == Edit::fits || path == Path::save) { // else Yes was answered once, or nothing is to be asked
+                act(way.name, form);
+                EXPECT_EQ(form.loaded(), outcome.stays);
+                EXPECT_EQ(prompts(prompt), way.prompts);
+                EXPECT_EQ(entered(line), spelledOut(way.entered));
+                // Otherwise Yes was answered before, or there is nothing to ask.
+                if (outcome.edit == Edit::fits || way.name == "save") {
                     faults.maxDataSize.reset();
-                    answer(stays ? Answers{kYes} : Answers{});
+                    answer(outcome.stays ? Answers{kYes} : Answers{});
                 }
                 form.clickCloseBox();
             });
-        frmProduct form(platform);
-        form.Init(manager, alone ? 1 : 2, false);
-        form.showModal();
-        EXPECT_EQ(form.DialogError(), path == Path::error);
-        EXPECT_EQ(form.Dirty(), dirty);
-        EXPECT_EQ(products(), list);
-    }
+            frmProduct form(platform);
+            form.Init(manager, alone ? 1 : 2, false);
+            form.showModal();
+            EXPECT_EQ(form.DialogError(), way.name == "error");
+            EXPECT_EQ(form.Dirty(), outcome.dirty);
+            EXPECT_EQ(products(), alone ? outcome.listOfOne : outcome.list);
+        });
+    });
 }
 
 TEST_F(ClosingTest, TheSizeMessageShowsTheLimitOfTheMoment)

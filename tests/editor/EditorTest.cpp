@@ -36,15 +36,20 @@ TEST_F(EditorTest, AProductIsShownInEveryBox)
     load("2~" + longName + "::P:1234.5:2.5:12.5:2700.4688:" + longNote + "~:::0:3:10:0:~");
     edit(1, [&](HeadlessForm& form) {
         EXPECT_EQ(form.caption(), std::string(25, 'n') + " (1/2)");
-        for (const auto& [box, text] : Rows<const char*, std::string>{{"cboProductName", longName.substr(0, 255)},
-                                                                      {"txtNote", longNote.substr(0, 4095)},
-                                                                      {"txtUnitPrice", "$1,234.50"},
-                                                                      {"txtDiscount", "12.5000%"},
-                                                                      {"txtQty", "2.5000"},
-                                                                      {"txtExtPrice", "$2,700.47"},
-                                                                      {"txtTotal", "$2,700.47"}}) {
-            EXPECT_EQ(form.control<ui::TextEntry>(box).text(), text) << box;
-        }
+        struct Row {
+            const char* name;
+            std::string text;
+        };
+        const Row rows[] = {
+            {"cboProductName", longName.substr(0, 255)},
+            {"txtNote", longNote.substr(0, 4095)},
+            {"txtUnitPrice", "$1,234.50"},
+            {"txtDiscount", "12.5000%"},
+            {"txtQty", "2.5000"},
+            {"txtExtPrice", "$2,700.47"},
+            {"txtTotal", "$2,700.47"},
+        };
+        forEachRow(rows, [&](const Row& row) { EXPECT_EQ(form.control<ui::TextEntry>(row.name).text(), row.text); });
         EXPECT_TRUE(form.comboBox("cboPartNum").hasFocus());
         form.button("cmdNext").click();
         EXPECT_EQ(form.caption(), " (2/2)");
@@ -61,24 +66,28 @@ TEST_F(EditorTest, ButtonsAndMenuMoveThroughTheList)
     load(kThreeProducts);
     edit(2, [&](HeadlessForm& form) {
         EXPECT_EQ(ways(form), "fpnl");
-        for (const auto& [button, tool, caption, can, focus] :
-             Rows<const char*, const char*, const char*, const char*, const char*>{
-                 {"cmdNext", "ID_GotoNext", "Chair (3/3)", "fp--", "cmdPrevious"},
-                 {"cmdGotoFirst", "ID_GotoFirst", "Desk (1/3)", "--nl", "cmdNext"},
-                 {"cmdGotoLast", "ID_GotoLast", "Chair (3/3)", "fp--", "cmdPrevious"},
-                 {"cmdPrevious", "ID_GotoPrevious", "Desk (1/3)", "--nl", "cmdNext"}}) {
-            form.button(button).click();
-            EXPECT_EQ(form.focused()->name(), focus) << "a button that went grey hands the focus on";
+        struct Row {
+            const char *name, *tool, *caption, *ways, *focus;
+        };
+        const Row rows[] = {
+            {"cmdNext", "ID_GotoNext", "Chair (3/3)", "fp--", "cmdPrevious"},
+            {"cmdGotoFirst", "ID_GotoFirst", "Desk (1/3)", "--nl", "cmdNext"},
+            {"cmdGotoLast", "ID_GotoLast", "Chair (3/3)", "fp--", "cmdPrevious"},
+            {"cmdPrevious", "ID_GotoPrevious", "Desk (1/3)", "--nl", "cmdNext"},
+        };
+        forEachRow(rows, [&](const Row& row) {
+            form.button(row.name).click();
+            EXPECT_EQ(form.focused()->name(), row.focus) << "a button that went grey hands the focus on";
             for (const bool byMenu : {false, true}) {
                 if (byMenu) {
-                    choose(form, tool);
+                    choose(form, row.tool);
                 }
-                EXPECT_EQ(form.caption(), caption) << button;
-                EXPECT_EQ(ways(form), can) << button;
+                EXPECT_EQ(form.caption(), row.caption);
+                EXPECT_EQ(ways(form), row.ways);
                 choose(form, ways(form) == "fp--" ? "ID_GotoPrevious" : "ID_GotoNext");
                 EXPECT_EQ(form.caption(), "Lamp (2/3)");
             }
-        }
+        });
         choose(form, "ID_Product");
         choose(form, "ID_Goto");
         EXPECT_EQ(form.caption(), "Lamp (2/3)") << "opening a menu moves nothing";
@@ -90,24 +99,33 @@ TEST_F(EditorTest, ButtonsAndMenuMoveThroughTheList)
 
 TEST_F(EditorTest, AProductIsAddedAtTheEndAndMarksTheSession)
 {
-    const auto yes = ui::MessageResult::yes;
-    for (const auto& [list, open, caption] : Rows<std::string, bool, const char*>{
-             {"", true, " (1/1)"}, {kThreeProducts, true, " (4/4)"}, {kThreeProducts, false, " (4/4)"}}) {
-        load(list);
-        answer({yes});
-        edit(open ? 0 : 1, [&, open = open, caption = caption](HeadlessForm& form) {
-            if (!open) {
+    struct Row {
+        const char* name;
+        std::string list;
+        bool byButton = false;
+        const char* caption;
+    };
+    const Row rows[] = {
+        {.name = "an empty list", .list = "", .caption = " (1/1)"},
+        {.name = "opened on a new product", .list = kThreeProducts, .caption = " (4/4)"},
+        {.name = "the new button", .list = kThreeProducts, .byButton = true, .caption = " (4/4)"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        load(row.list);
+        answer({ui::MessageResult::yes});
+        edit(row.byButton ? 1 : 0, [&](HeadlessForm& form) {
+            if (row.byButton) {
                 form.button("cmdNew").click();
                 EXPECT_TRUE(form.comboBox("cboProductName").hasFocus());
             }
-            EXPECT_EQ(form.caption(), caption);
+            EXPECT_EQ(form.caption(), row.caption);
             EXPECT_EQ(form.textBox("txtQty").text(), "1");
             EXPECT_EQ(form.textBox("txtDiscount").text(), "0%");
             form.clickCloseBox();
         });
         EXPECT_TRUE(dialog.Dirty());
         EXPECT_EQ(manager->GetProduct(manager->GetProductCount())->Qty(), Currency::fromInteger(1));
-    }
+    });
 }
 
 TEST_F(EditorTest, AFormKeptOpenOnAnEmptyListHasOnlyANewProductToOffer)
@@ -214,14 +232,26 @@ TEST_F(EditorTest, TheFieldsFillTheWindowAndTheButtonsFollow)
             }
             return all;
         };
-        const Places before = places();
-        for (const auto& [x, y] : Rows<float, float>{{1500, 0}, {0, 900}, {-600, -300}, {0, 0}, {-9e5F, -9e5F}}) {
-            form.resize(kProductFormDesign.width + x, kProductFormDesign.height + y);
-            const Places moved = {0, 0, x, y, 0, y, 0, 0, x, y, 0, 0, x, y, 0, 0};
-            for (std::size_t i = 0; i < moved.size(); ++i) { // nothing moves where there is no room for any frame
-                EXPECT_EQ(places()[i], before[i] + (x < -1e5F ? 0 : moved[i])) << i << ' ' << x << ' ' << y;
+        const Places designed = places();
+        struct Row {
+            const char* name;
+            float x, y;
+            bool moves = true;
+        };
+        const Row rows[] = {
+            {.name = "wider", .x = 1500, .y = 0},
+            {.name = "higher", .x = 0, .y = 900},
+            {.name = "smaller", .x = -600, .y = -300},
+            {.name = "as designed", .x = 0, .y = 0},
+            {.name = "no space for any frame", .x = -9e5F, .y = -9e5F, .moves = false},
+        };
+        forEachRow(rows, [&](const Row& row) {
+            form.resize(kProductFormDesign.width + row.x, kProductFormDesign.height + row.y);
+            const Places moved = {0, 0, row.x, row.y, 0, row.y, 0, 0, row.x, row.y, 0, 0, row.x, row.y, 0, 0};
+            for (std::size_t i = 0; i < moved.size(); ++i) {
+                EXPECT_EQ(places()[i], designed[i] + (row.moves ? moved[i] : 0)) << i;
             }
-        }
+        });
         form.clickCloseBox();
     });
 }

@@ -1,5 +1,6 @@
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Raised.h"
+#include "tests/support/Rows.h"
 
 #include <sstream>
 
@@ -10,14 +11,14 @@ using headless::HeadlessForm;
 
 class OneEntry final : public ProductLkpMgr {
 public:
-    LookUpList GetPartNumList(std::string_view sText, bool /*bAll*/) override
+    LookUpList GetPartNumList(std::string_view text, bool /*all*/) override
     {
-        return {{{1, std::string(sText).append("-1")}}};
+        return {{{1, std::string(text).append("-1")}}};
     }
-    LookUpList GetProductNameList(std::string_view sText, bool bAll) override { return GetPartNumList(sText, bAll); }
-    void SeekItem(std::int32_t /*lItemId*/) override {}
+    LookUpList GetProductNameList(std::string_view text, bool all) override { return GetPartNumList(text, all); }
+    void SeekItem(std::int32_t /*itemId*/) override {}
     bool IsEOF() override { return true; }
-    LookUpValue GetFieldValue(std::int32_t /*iColumn*/) override { return {}; }
+    LookUpValue GetFieldValue(std::int32_t /*column*/) override { return {}; }
 };
 
 class LabelsTest : public EditorFixture {
@@ -62,9 +63,9 @@ public:
         }
     }
 
-    /// A session on the second of three products, of which `doings` are recorded: with "open", the whole of it.
-    /// Returns what was entered.
-    std::string session(const std::string& before, const std::string& doings, std::string_view failing = {})
+    /// A session on the second of three products, of which `doings` are recorded: with "open", the whole of it. What
+    /// stands before a bar is done first and not recorded. Returns what was entered.
+    std::string session(const std::string& doings, std::string_view failing = {})
     {
         load(kThreeProducts);
         const ScopedTrace own;
@@ -74,12 +75,15 @@ public:
         const std::string label = "KTVOrvanProduct." + std::string(failing);
         const auto arm = [&] { own.trace()->failEntering(failing.empty() ? "" : label, kFailure); };
         const bool whole = doings.starts_with("open");
+        const std::size_t bar = doings.find('|');
         platform.drive([&](HeadlessForm& form) {
-            perform(form, before);
+            if (bar != std::string::npos) {
+                perform(form, doings.substr(0, bar));
+            }
             if (!whole) {
                 from = own.trace()->lines().size();
                 arm();
-                perform(form, doings);
+                perform(form, bar == std::string::npos ? doings : doings.substr(bar + 1));
             }
             names = entered(*own.trace(), from);
             own.trace()->failEntering({}, 0);
@@ -122,100 +126,57 @@ private:
 
 TEST_F(LabelsTest, EveryProcedureReportsItsLabelAndFailsUnderIt)
 {
-    struct Row {
-        const char* before;
-        const char* doings;
-        const char* entered;
-    };
-    const Row rows[] = {
-        {"", "open",
-         "Show Init PrvInitForm PrvLoadProductInfo cboProductName_Change cboPartNum_Change txtUnitPrice_Change "
-         "txtDiscount_Change txtQty_LostFocus PrvSetFormCaption PrvSeekProduct SAVE PrvLoadProductInfo "
-         "PrvSetFormCaption"},
-        {"", "openNew",
-         "ShowAddNew Init PrvInitForm PrvAddNewProduct PrvSaveCurrentProduct PrvLoadProductInfo txtUnitPrice_Change "
-         "txtDiscount_Change txtQty_LostFocus PrvSetFormCaption PrvSeekProduct SAVE PrvLoadProductInfo "
-         "PrvSetFormCaption"},
-        {"", "focus txtQty", "txtQty_GotFocus"},
-        {"focus txtQty", "type txtQty 4", "txtQty_KeyPress txtQty_LostFocus PrvSaveQtyFld"},
-        {"focus txtQty", "focus cmdNew", "txtQty_LostFocus PrvSaveQtyFld"},
-        {"", "focus txtUnitPrice", "txtUnitPrice_GotFocus txtUnitPrice_Change"},
-        {"focus txtUnitPrice", "type txtUnitPrice 4", "txtUnitPrice_KeyPress txtUnitPrice_Change PrvSaveUnitPriceFld"},
-        {"focus txtUnitPrice", "focus cmdNew", "txtUnitPrice_GotFocus PrvSaveUnitPriceFld txtUnitPrice_Change"},
-        {"", "focus txtDiscount", "txtUnitPrice_GotFocus txtDiscount_Change"},
-        {"focus txtDiscount", "type txtDiscount 4", "txtDiscount_KeyPress txtDiscount_Change PrvSaveDiscountPrcntFld"},
-        {"focus txtDiscount", "focus cmdNew", "txtDiscount_LostFocus PrvSaveDiscountPrcntFld txtDiscount_Change"},
-        {"", "type txtNote n", "txtNote_Change PrvSaveNoteFld"},
-        {"", "type cboPartNum P", "cboPartNum_KeyPress cboPartNum_Change"},
-        {"", "type cboPartNum Enter", "cboPartNum_KeyPress"},
-        {"", "pick cboPartNum 0", "cboPartNum_Click"},
-        {"type cboPartNum P", "wait 500", "tmrPartNum_Timer cboPartNum_Change"},
-        {"", "type cboProductName P", "cboProductName_KeyPress cboProductName_Change"},
-        {"", "type cboProductName Enter", "cboProductName_KeyPress"},
-        {"", "pick cboProductName 0", "cboProductName_Click"},
-        {"type cboProductName P", "wait 500", "tmrProdLkp_Timer cboProductName_Change"},
-        {"", "click cmdNext",
-         "cmdNext_Click PrvSeekProduct SAVE PrvLoadProductInfo cboProductName_Change cboPartNum_Change "
-         "txtUnitPrice_Change txtDiscount_Change txtQty_LostFocus txtNote_Change PrvSaveNoteFld PrvSetFormCaption"},
-        {"", "click cmdPrevious",
-         "cmdNext_Click PrvSeekProduct SAVE PrvLoadProductInfo cboProductName_Change cboPartNum_Change "
-         "txtUnitPrice_Change txtQty_LostFocus PrvSetFormCaption"},
-        {"", "click cmdGotoFirst",
-         "cmdGotoFirst_Click PrvSeekProduct SAVE PrvSeekProduct SAVE PrvLoadProductInfo cboProductName_Change "
-         "cboPartNum_Change txtUnitPrice_Change txtQty_LostFocus PrvSetFormCaption"},
-        {"", "click cmdGotoLast",
-         "cmdGotoLast_Click PrvSeekProduct SAVE PrvSeekProduct SAVE PrvLoadProductInfo cboProductName_Change "
-         "cboPartNum_Change txtUnitPrice_Change txtDiscount_Change txtQty_LostFocus txtNote_Change PrvSaveNoteFld "
-         "PrvSetFormCaption"},
-        {"", "click cmdNew",
-         "cmdNew_Click PrvAddNewProduct SAVE PrvLoadProductInfo cboProductName_Change cboPartNum_Change "
-         "txtUnitPrice_Change PrvSaveUnitPriceFld txtQty_LostFocus PrvSaveQtyFld PrvSetFormCaption PrvSeekProduct "
-         "PrvSaveCurrentProduct tmrProdLkp_Timer cboProductName_Change PrvSaveNameFld PrvSavePartNumFld "
-         "PrvSaveUnitPriceFld PrvSaveDiscountPrcntFld PrvSaveQtyFld PrvSaveNoteFld PrvLoadProductInfo "
-         "PrvSetFormCaption"},
-        {"", "click cmdDelete",
-         "cmdDelete_Click PrvDeleteCurrentProduct PrvLoadProductInfo cboProductName_Change cboPartNum_Change "
-         "txtUnitPrice_Change PrvSaveUnitPriceFld txtDiscount_Change PrvSaveDiscountPrcntFld txtQty_LostFocus "
-         "PrvSaveQtyFld txtNote_Change PrvSaveNoteFld PrvSetFormCaption PrvSeekProduct PrvSaveCurrentProduct "
-         "tmrProdLkp_Timer cboProductName_Change PrvSaveNameFld PrvSavePartNumFld PrvSaveUnitPriceFld "
-         "PrvSaveDiscountPrcntFld PrvSaveQtyFld PrvSaveNoteFld PrvLoadProductInfo PrvSetFormCaption"},
-        {"", "choose ID_GotoNext",
-         "atbMain_ToolClick PrvSeekProduct SAVE PrvLoadProductInfo cboProductName_Change cboPartNum_Change "
-         "txtUnitPrice_Change txtDiscount_Change txtQty_LostFocus txtNote_Change PrvSaveNoteFld PrvSetFormCaption"},
-        {"", "choose ID_GotoFirst",
-         "atbMain_ToolClick PrvSeekProduct SAVE PrvSeekProduct SAVE PrvLoadProductInfo cboProductName_Change "
-         "cboPartNum_Change txtUnitPrice_Change txtQty_LostFocus PrvSetFormCaption"},
-        {"", "choose ID_NewProduct",
-         "atbMain_ToolClick PrvAddNewProduct SAVE PrvLoadProductInfo cboProductName_Change cboPartNum_Change "
-         "txtUnitPrice_Change PrvSaveUnitPriceFld txtQty_LostFocus PrvSaveQtyFld PrvSetFormCaption PrvSeekProduct "
-         "PrvSaveCurrentProduct tmrProdLkp_Timer cboProductName_Change PrvSaveNameFld PrvSavePartNumFld "
-         "PrvSaveUnitPriceFld PrvSaveDiscountPrcntFld PrvSaveQtyFld PrvSaveNoteFld PrvLoadProductInfo "
-         "PrvSetFormCaption"},
-        {"", "choose ID_DeleteProduct",
-         "atbMain_ToolClick PrvDeleteProduct PrvDeleteCurrentProduct PrvLoadProductInfo cboProductName_Change "
-         "cboPartNum_Change txtUnitPrice_Change PrvSaveUnitPriceFld txtDiscount_Change PrvSaveDiscountPrcntFld "
-         "txtQty_LostFocus PrvSaveQtyFld txtNote_Change PrvSaveNoteFld PrvSetFormCaption PrvSeekProduct "
-         "PrvSaveCurrentProduct tmrProdLkp_Timer cboProductName_Change PrvSaveNameFld PrvSavePartNumFld "
-         "PrvSaveUnitPriceFld PrvSaveDiscountPrcntFld PrvSaveQtyFld PrvSaveNoteFld PrvLoadProductInfo "
-         "PrvSetFormCaption"},
-        {"", "click cmdSaveClose", "cmdSaveClose_Click SAVE cmdCancel_Click"},
-        {"", "click cmdCancel", "cmdCancel_Click cmdCancel_Click"},
-        {"", "closeBox", "cmdCancel_Click"},
-        {"type txtNote n", "closeBox", "cmdCancel_Click ASK SAVE"},
+    const Example rows[] = {
+        {"open", "Show Init PrvInitForm SHOW txtDiscount_Change txtQty_LostFocus PrvSetFormCaption PrvSeekProduct SAVE "
+                 "PrvLoadProductInfo PrvSetFormCaption"},
+        {"openNew", "ShowAddNew Init PrvInitForm PrvAddNewProduct PrvSaveCurrentProduct PrvLoadProductInfo "
+                    "txtUnitPrice_Change txtDiscount_Change txtQty_LostFocus PrvSetFormCaption PrvSeekProduct SAVE "
+                    "PrvLoadProductInfo PrvSetFormCaption"},
+        {"focus txtQty", "txtQty_GotFocus"},
+        {"focus txtQty | type txtQty 4", "txtQty_KeyPress txtQty_LostFocus PrvSaveQtyFld"},
+        {"focus txtQty | focus cmdNew", "txtQty_LostFocus PrvSaveQtyFld"},
+        {"focus txtUnitPrice", "txtUnitPrice_GotFocus txtUnitPrice_Change"},
+        {"focus txtUnitPrice | type txtUnitPrice 4", "txtUnitPrice_KeyPress txtUnitPrice_Change PrvSaveUnitPriceFld"},
+        {"focus txtUnitPrice | focus cmdNew", "txtUnitPrice_GotFocus PrvSaveUnitPriceFld txtUnitPrice_Change"},
+        {"focus txtDiscount", "txtUnitPrice_GotFocus txtDiscount_Change"},
+        {"focus txtDiscount | type txtDiscount 4", "txtDiscount_KeyPress txtDiscount_Change PrvSaveDiscountPrcntFld"},
+        {"focus txtDiscount | focus cmdNew", "txtDiscount_LostFocus PrvSaveDiscountPrcntFld txtDiscount_Change"},
+        {"type txtNote n", "txtNote_Change PrvSaveNoteFld"},
+        {"type cboPartNum P", "cboPartNum_KeyPress cboPartNum_Change"},
+        {"type cboPartNum Enter", "cboPartNum_KeyPress"},
+        {"pick cboPartNum 0", "cboPartNum_Click"},
+        {"type cboPartNum P | wait 500", "tmrPartNum_Timer cboPartNum_Change"},
+        {"type cboProductName P", "cboProductName_KeyPress cboProductName_Change"},
+        {"type cboProductName Enter", "cboProductName_KeyPress"},
+        {"pick cboProductName 0", "cboProductName_Click"},
+        {"type cboProductName P | wait 500", "tmrProdLkp_Timer cboProductName_Change"},
+        {"click cmdNext", "cmdNext_Click NEXT"},
+        {"click cmdPrevious", "cmdNext_Click PrvSeekProduct SAVE SHOW txtQty_LostFocus PrvSetFormCaption"},
+        {"click cmdGotoFirst", "cmdGotoFirst_Click FIRST"},
+        {"click cmdGotoLast", "cmdGotoLast_Click PrvSeekProduct SAVE NEXT"},
+        {"click cmdNew", "cmdNew_Click NEW"},
+        {"click cmdDelete", "cmdDelete_Click PrvDeleteCurrentProduct DELETED"},
+        {"choose ID_GotoNext", "atbMain_ToolClick NEXT"},
+        {"choose ID_GotoFirst", "atbMain_ToolClick FIRST"},
+        {"choose ID_NewProduct", "atbMain_ToolClick NEW"},
+        {"choose ID_DeleteProduct", "atbMain_ToolClick PrvDeleteProduct PrvDeleteCurrentProduct DELETED"},
+        {"click cmdSaveClose", "cmdSaveClose_Click SAVE cmdCancel_Click"},
+        {"click cmdCancel", "cmdCancel_Click cmdCancel_Click"},
+        {"closeBox", "cmdCancel_Click"},
+        {"type txtNote n | closeBox", "cmdCancel_Click ASK SAVE"},
     };
     std::set<std::string> labels;
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.before << " / " << row.doings);
-        const std::string names = spelledOut(row.entered);
-        EXPECT_EQ(session(row.before, row.doings), names);
+    forEachRow(rows, [&](const Example& row) {
+        const std::string names = spelledOut(row.result);
+        EXPECT_EQ(session(row.text), names);
         std::istringstream all(names);
         for (std::string name; all >> name;) {
             if (labels.insert(name).second) { // each fails where it is met first
                 const char* const object = name.starts_with("Show") ? "ProductDlg::" : "frmProduct::";
-                session(row.before, row.doings, object + name);
+                session(row.text, object + name);
             }
         }
-    }
+    });
 }
 
 } // namespace

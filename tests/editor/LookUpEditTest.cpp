@@ -3,12 +3,10 @@
 #include "orvan/editor/frmProduct.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
 
-#include <filesystem>
 #include <fstream>
 #include <sstream>
-
-#include <unistd.h>
 
 namespace orvan::test {
 namespace {
@@ -21,18 +19,15 @@ class LookUpEditTest : public EditorFixture {
 public:
     LookUpEditTest()
     {
-        std::string name = testing::TempDir() + "orvan-look-up-XXXXXX";
-        directory = ::mkdtemp(name.data());
-        std::ofstream(directory / "list.csv")
+        std::ofstream(folder / "list.csv")
             << "id,part number,name,price,key,note\n"
                "11,AB,ab,5,K1,\n12,ABC-1,abc desk,10,K2,new\n13,4001234567890,4001234567890,20,K3,\n";
-        importCatalogue(directory / "list.csv", directory / "goods.catalogue");
+        importCatalogue(folder / "list.csv", folder / "goods.catalogue");
         registry.registerClass(std::string(kProductLkpMgrClassName), [this] {
-            return std::make_shared<SqliteCatalogue>(CatalogueOptions{.file = directory / "goods.catalogue"});
+            return std::make_shared<SqliteCatalogue>(CatalogueOptions{.file = folder / "goods.catalogue"});
         });
         load("2~Old:k:OLD:1:2:0:2:~Two:k2:TWO:3:1:0:3:own~");
     }
-    ~LookUpEditTest() override { std::filesystem::remove_all(directory); }
 
     /// What the user does: "+500" lets time pass, "row1" chooses a row, other words but those below are typed.
     void act(HeadlessForm& form, HeadlessComboBox& box, const std::string& word)
@@ -71,13 +66,10 @@ public:
     static std::string flags(const LookUpBoxes::State& state, bool dirty)
     {
         std::string letters;
-        for (const auto& [letter, set] : Rows<char, bool>{{'B', state.bLkpBusy},
-                                                          {'R', state.bLkpTimerRestarted},
-                                                          {'P', state.bNameLkpPending},
-                                                          {'K', state.bPartNumPicked},
-                                                          {'N', state.bNameBoxLeft},
-                                                          {'U', state.bPartNumBoxLeft},
-                                                          {'D', dirty}}) {
+        for (const auto& [letter, set] :
+             {std::pair('B', state.bLkpBusy), std::pair('R', state.bLkpTimerRestarted),
+              std::pair('P', state.bNameLkpPending), std::pair('K', state.bPartNumPicked),
+              std::pair('N', state.bNameBoxLeft), std::pair('U', state.bPartNumBoxLeft), std::pair('D', dirty)}) {
             letters += set ? letter : '-';
         }
         return letters;
@@ -88,12 +80,10 @@ public:
         std::string letters;
         std::istringstream names(entered(first));
         for (std::string name; names >> name;) {
-            for (const auto& [ending, letter] : Rows<const char*, char>{{"_KeyPress", 'K'},
-                                                                        {"_Change", 'C'},
-                                                                        {"_Click", 'L'},
-                                                                        {"_Timer", 'T'},
-                                                                        {"PrvLoadProductInfo", 'A'},
-                                                                        {"PrvSaveCurrentProduct", 'S'}}) {
+            for (const auto& [ending, letter] :
+                 {std::pair("_KeyPress", 'K'), std::pair("_Change", 'C'), std::pair("_Click", 'L'),
+                  std::pair("_Timer", 'T'), std::pair("PrvLoadProductInfo", 'A'),
+                  std::pair("PrvSaveCurrentProduct", 'S')}) {
                 if (name.ends_with(ending) && !name.starts_with("txt") && !name.starts_with("cmd")) {
                     letters += letter;
                 }
@@ -134,18 +124,21 @@ public:
         platform.messageBox().onWaiting = [this, result](const ui::Message&) { platform.messageBox().answer(result); };
     }
 
-    std::filesystem::path directory;
+    TemporaryFolder folder;
 };
 
-/// A scanner writes its thirteen characters and Enter at once.
-TEST_F(LookUpEditTest, WhatIsDoneBeforeAndAfterTheTimer)
+// The last rows are a scanner, which writes thirteen characters and Enter at once.
+TEST_F(LookUpEditTest, EachActionBeforeAndAfterTheTimerLeavesItsState)
 {
+    struct Row {
+        const char *text, *partNum, *productName;
+    };
     // clang-format off
-    for (const auto& [doings, partNum, name] : Rows<std::string, const char*, const char*>{
+    const Row rows[] = {
         {"A +499", "A|| 3 -1 -R----D KC Old:k:OLD:1:2:0:2:", "A|| 3 -1 -RP--UD KC Old:k:OLD:1:2:0:2:"},
         {"A +500", "A|B| 2 0 -R----D KCTC Old:k:OLD:1:2:0:2:", "A|b| 2 0 -RP--UD KCTC Old:k:OLD:1:2:0:2:"},
-        {"A +501", "A|B| 2 0 -R----D KCTC Old:k:OLD:1:2:0:2:", "A|b| 2 0 -RP--UD KCTC Old:k:OLD:1:2:0:2:"},
         {"A +200 B +499", "AB|| 3 -1 -R----D KCKC Old:k:OLD:1:2:0:2:", "AB|| 3 -1 -RP--UD KCKC Old:k:OLD:1:2:0:2:"},
+        {"A +200 B +500", "AB|| 2 0 -R----D KCKCT Old:k:OLD:1:2:0:2:", "AB|| 2 0 -RP--UD KCKCT Old:k:OLD:1:2:0:2:"},
         {"A +500 B", "AB|| 2 0 -R----D KCTCK Old:k:OLD:1:2:0:2:", "AB|| 2 0 -RP--UD KCTCKC Old:k:OLD:1:2:0:2:"},
         {"A +500 B +500", "AB|| 2 0 -R----D KCTCK Old:k:OLD:1:2:0:2:", "AB|| 2 0 -RP--UD KCTCKCT Old:k:OLD:1:2:0:2:"},
         {"A tab +500", "A|B| 2 0 -R----D KCTC Old:k:OLD:1:2:0:2:", "A|b| 2 0 -RP--UD KCTC Old:k:OLD:1:2:0:2:"},
@@ -172,12 +165,12 @@ TEST_F(LookUpEditTest, WhatIsDoneBeforeAndAfterTheTimer)
         {"4001234567890 enter +500 tab",
          "||4001234567890 1 -1 -R---UD KCKCKCKCKCKCKCKCKCKCKCKCKCKTAC 4001234567890:K3:4001234567890:20:2:0:40:",
          "||4001234567890 1 -1 -R--N-D KCKCKCKCKCKCKCKCKCKCKCKCKCKTAC 4001234567890:K3:4001234567890:20:2:0:40:"},
-         }) {
-        // clang-format on
-        for (const bool part : {true, false}) {
-            EXPECT_EQ(stateAfter(doings, part ? "cboPartNum" : "cboProductName"), part ? partNum : name) << doings;
-        }
-    }
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
+        EXPECT_EQ(stateAfter(row.text, "cboPartNum"), row.partNum);
+        EXPECT_EQ(stateAfter(row.text, "cboProductName"), row.productName);
+    });
 }
 
 } // namespace

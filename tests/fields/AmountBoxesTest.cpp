@@ -6,28 +6,31 @@ namespace orvan {
 namespace {
 
 using test::FieldsFixture;
-using test::Rows;
+using test::forEachRow;
 
 TEST(AmountBoxes, DigitsSeparatorsAndEditingKeysPassAndNothingElse)
 {
-    for (const auto& [locale, numbers, money] :
-         Rows<const char*, const char*, const char*>{{"en_US", ",.0123456789", ",.0123456789"},
-                                                     {"de_DE", ",.0123456789", ",.0123456789"},
-                                                     {"fr_CH", ",0123456789\u202F", ".0123456789\u202F"},
-                                                     {"pt_CV", ",0123456789\u00A0", "$0123456789\u00A0"},
-                                                     {"de_CH", ".0123456789’", ".0123456789’"}}) {
-        FieldsFixture fixture(locale);
-        for (const auto& [name, others] :
-             Rows<const char*, const char*>{{"txtQty", numbers}, {"txtUnitPrice", money}, {"txtDiscount", numbers}}) {
+    struct Row {
+        const char *name, *numbers, *money;
+    };
+    const Row rows[] = {
+        {"en_US", ",.0123456789", ",.0123456789"},           {"de_DE", ",.0123456789", ",.0123456789"},
+        {"fr_CH", ",0123456789\u202F", ".0123456789\u202F"}, {"pt_CV", ",0123456789\u00A0", "$0123456789\u00A0"},
+        {"de_CH", ".0123456789’", ".0123456789’"},
+    };
+    forEachRow(rows, [](const Row& row) {
+        FieldsFixture fixture(row.name);
+        for (const std::string name : {"txtQty", "txtUnitPrice", "txtDiscount"}) {
             std::string passed;
             for (std::int16_t key = -300; key < 0x2500; ++key) {
-                std::int16_t iKeyAscii = key;
-                fixture.box(name).onKeyPress(iKeyAscii);
-                passed += iKeyAscii == 0 ? "" : toUtf8(static_cast<char32_t>(iKeyAscii));
+                std::int16_t keyAscii = key;
+                fixture.box(name).onKeyPress(keyAscii);
+                passed += keyAscii == 0 ? "" : toUtf8(static_cast<char32_t>(keyAscii));
             }
-            EXPECT_EQ(passed, std::string("\x03\x08\x16\x18").append(others)) << locale << ' ' << name;
+            const char* const separatorsAndDigits = name == "txtUnitPrice" ? row.money : row.numbers;
+            EXPECT_EQ(passed, std::string("\x03\x08\x16\x18").append(separatorsAndDigits)) << name;
         }
-    }
+    });
 }
 
 TEST(AmountBoxes, WhatIsTypedIsSavedAtOnceAndStandsAsTyped)
@@ -56,55 +59,68 @@ TEST(AmountBoxes, WhatIsTypedIsSavedAtOnceAndStandsAsTyped)
 
 TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
 {
-    for (const auto& [name, value, edited, displayed] :
-         Rows<const char*, const char*, const char*, const char*>{{"txtQty", "3", "3", "3"},
-                                                                  {"txtQty", "1002.5", "1,002.5000", "1,002.5000"},
-                                                                  {"txtUnitPrice", "1234.5", "1,234.50", "$1,234.50"},
-                                                                  {"txtUnitPrice", "7", "7", "$7"},
-                                                                  {"txtDiscount", "10", "10", "10%"},
-                                                                  {"txtDiscount", "12.5", "12.5000", "12.5000%"}}) {
+    struct Row {
+        const char *name, *box, *value, *edited, *displayed;
+    };
+    const Row rows[] = {
+        {"whole quantity", "txtQty", "3", "3", "3"},
+        {"quantity", "txtQty", "1002.5", "1,002.5000", "1,002.5000"},
+        {"price", "txtUnitPrice", "1234.5", "1,234.50", "$1,234.50"},
+        {"whole price", "txtUnitPrice", "7", "7", "$7"},
+        {"whole discount", "txtDiscount", "10", "10", "10%"},
+        {"discount", "txtDiscount", "12.5", "12.5000", "12.5000%"},
+    };
+    forEachRow(rows, [](const Row& row) {
         FieldsFixture fixture;
-        fixture.setProduct(value, value, value);
+        fixture.setProduct(row.value, row.value, row.value);
         fixture.bInitializing = true;
-        fixture.box(name).setFocus();
-        EXPECT_EQ(fixture.box(name).text(), edited);
-        EXPECT_EQ(fixture.box(name).selectionLength(), static_cast<std::int32_t>(std::string(edited).size()));
+        auto& box = fixture.box(row.box);
+        box.setFocus();
+        EXPECT_EQ(box.text(), row.edited);
+        EXPECT_EQ(box.selectionLength(), static_cast<std::int32_t>(box.text().size()));
         EXPECT_FALSE(std::exchange(fixture.bInitializing, true)) << "cleared, not restored";
         fixture.box("txtNote").setFocus();
-        EXPECT_EQ(fixture.box(name).text(), displayed);
+        EXPECT_EQ(box.text(), row.displayed);
         EXPECT_FALSE(fixture.bInitializing);
-    }
+    });
     FieldsFixture german("de_DE");
-    german.locale.currencySymbol = ","; // the default of one that could not be read: takes the decimal comma away
+    german.locale.currencySymbol = ","; // as when the symbol could not be read: it removes the decimal comma
     german.setProduct("1", "1.5", "0");
     german.box("txtUnitPrice").setFocus();
     EXPECT_EQ(german.box("txtUnitPrice").text(), "150\u00A0€");
 }
 
-TEST(AmountBoxes, NothingDriftsAfterTheFirstVisit)
+TEST(AmountBoxes, VisitingABoxAgainChangesNothing)
 {
+    struct Row {
+        const char *name, *product;
+        bool rounded;
+    };
+    const Row rows[] = {
+        {"txtQty", "1234.5678 98765.4321 12.0625 107224499.668", false},
+        {"txtDiscount", "1234.5678 98765.4321 12.0625 107224499.668", false},
+        {"txtUnitPrice", "1234.5678 98765.43 12.0625 107224497.3882", true}, // shown in hundredths
+    };
     for (const char* locale :
          {"en_US", "en_IN", "en_AT", "de_DE", "de_CH", "fr_FR", "fr_CH", "es_CL", "es_ES", "pt_CV", "da_DK",
           "nb_NO", "sv_SE", "pl_PL", "cs_CZ", "tr_TR", "hi_IN", "ar_EG", "ar_BH", "fa_IR", "ja_JP", "en_US_POSIX"}) {
+        SCOPED_TRACE(locale);
         FieldsFixture fixture(locale);
         fixture.setProduct("1234.5678", "98765.4321", "12.0625");
         fixture.fields.PrvCalcExtPrice();
-        for (const auto& [name, product, rounded] : Rows<const char*, const char*, bool>{
-                 {"txtQty", "1234.5678 98765.4321 12.0625 107224499.668", false},
-                 {"txtDiscount", "1234.5678 98765.4321 12.0625 107224499.668", false},
-                 {"txtUnitPrice", "1234.5678 98765.43 12.0625 107224497.3882", true}}) { // shown in hundredths
-            SCOPED_TRACE(std::string(locale) + ' ' + name);
+        forEachRow(rows, [&](const Row& row) {
+            auto& box = fixture.box(row.name);
             std::string shown;
             for (int visit = 0; visit < 100; ++visit) {
                 fixture.PrvSetDirty(false);
-                fixture.box(name).setFocus();
+                box.setFocus();
                 fixture.box("txtNote").setFocus();
-                EXPECT_EQ(fixture.dirty, rounded && visit == 0) << visit;
-                ASSERT_EQ(fixture.product(), product) << visit;
-                shown = visit == 0 ? fixture.box(name).text() : shown;
-                EXPECT_EQ(fixture.box(name).text(), shown) << visit;
+                ASSERT_EQ(fixture.dirty, row.rounded && visit == 0) << visit;
+                ASSERT_EQ(fixture.product(), row.product) << visit;
+                shown = visit == 0 ? box.text() : shown;
+                ASSERT_EQ(box.text(), shown) << visit;
             }
-        }
+        });
     }
 }
 
@@ -116,53 +132,75 @@ TEST(FieldSaves, MarkDirtyWhatDiffersAndStoreNothingForWhatIsRejected)
         asked = value.toText() + (current->dirty ? "!" : "");
         return value <= Currency::fromInteger(100);
     };
-    for (const auto& [name, stored, text, question, result, dirty] :
-         Rows<const char*, const char*, const char*, const char*, const char*, bool>{
-             {"txtQty", "2", "2", "2", "2 2 2 0", false},
-             {"txtQty", "2", "2.5", "2.5!", "2.5 2 2 0", true},
-             {"txtQty", "2", "101", "101!", "0 2 2 0", true},
-             {"txtQty", "101", "101", "101", "0 101 101 0", false},
-             {"txtQty", "2", "abc", "0!", "0 2 2 0", true},
-             {"txtUnitPrice", "2", "$2.00", "2", "2 2 2 0", false},
-             {"txtUnitPrice", "2", "101", "101!", "2 0 2 0", true},
-             {"txtDiscount", "2", "2%", "2", "2 2 2 0", false},
-             {"txtDiscount", "2", "100", "100!", "2 2 100 0", true},
-             {"txtDiscount", "2", "100.0001", "0!", "2 2 0 0", true}, // 0 before the record is asked
-             {"txtDiscount", "0", "150", "0", "0 0 0 0", false}}) {
+    struct Row {
+        const char *name, *box = "txtQty", *stored = "2", *text, *asked, *product;
+        bool dirty = true;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {.name = "quantity, equal", .text = "2", .asked = "2", .product = "2 2 2 0", .dirty = false},
+        {.name = "quantity, another", .text = "2.5", .asked = "2.5!", .product = "2.5 2 2 0"},
+        {.name = "quantity, rejected", .text = "101", .asked = "101!", .product = "0 2 2 0"},
+        {.name = "quantity, equal but rejected", .stored = "101", .text = "101", .asked = "101",
+         .product = "0 101 101 0", .dirty = false},
+        {.name = "quantity, no number", .text = "abc", .asked = "0!", .product = "0 2 2 0"},
+        {.name = "price, equal", .box = "txtUnitPrice", .text = "$2.00", .asked = "2", .product = "2 2 2 0",
+         .dirty = false},
+        {.name = "price, rejected", .box = "txtUnitPrice", .text = "101", .asked = "101!", .product = "2 0 2 0"},
+        {.name = "discount, equal", .box = "txtDiscount", .text = "2%", .asked = "2", .product = "2 2 2 0",
+         .dirty = false},
+        {.name = "discount, another", .box = "txtDiscount", .text = "100", .asked = "100!", .product = "2 2 100 0"},
+        // More than 100 becomes 0 before the record is asked.
+        {.name = "discount, too much", .box = "txtDiscount", .text = "100.0001", .asked = "0!", .product = "2 2 0 0"},
+        {.name = "discount, too much for a stored 0", .box = "txtDiscount", .stored = "0", .text = "150", .asked = "0",
+         .product = "0 0 0 0", .dirty = false},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
         FieldsFixture fixture("en_US", {.isValidUnitPrice = rule, .isValidQty = rule, .isValidDiscPrcnt = rule});
         current = &fixture;
-        fixture.setProduct(stored, stored, stored);
+        fixture.setProduct(row.stored, row.stored, row.stored);
         fixture.bInitializing = true;
-        fixture.box(name).setText(text);
+        fixture.box(row.box).setText(row.text);
         fixture.bInitializing = false;
-        name == std::string("txtQty")         ? fixture.fields.PrvSaveQtyFld()
-        : name == std::string("txtUnitPrice") ? fixture.fields.PrvSaveUnitPriceFld()
-                                              : fixture.fields.PrvSaveDiscountPrcntFld();
-        EXPECT_EQ(asked, question) << name << ' ' << text;
-        EXPECT_EQ(fixture.product(), result) << name << ' ' << text;
-        EXPECT_EQ(fixture.dirty, dirty) << name << ' ' << text;
-    }
+        const std::string_view box = row.box;
+        box == "txtQty"         ? fixture.fields.PrvSaveQtyFld()
+        : box == "txtUnitPrice" ? fixture.fields.PrvSaveUnitPriceFld()
+                                : fixture.fields.PrvSaveDiscountPrcntFld();
+        EXPECT_EQ(asked, row.asked);
+        EXPECT_EQ(fixture.product(), row.product);
+        EXPECT_EQ(fixture.dirty, row.dirty);
+    });
 }
 
 TEST(FieldSaves, EqualTextsWriteNothingAndTheNoteIsSavedWhileInitializingToo)
 {
     FieldsFixture fixture;
     ProductRecord& record = fixture.currentProduct();
+    std::string saved;
     fixture.bInitializing = true;
     fixture.box("txtNote").setText("Note");
     EXPECT_EQ(record.Note(), "Note");
     EXPECT_FALSE(std::exchange(fixture.bInitializing, false) && fixture.dirty);
-    for (const auto& [name, save] :
-         Rows<const char*, void (FieldEntry::*)()>{{"cboProductName", &FieldEntry::PrvSaveNameFld},
-                                                   {"cboPartNum", &FieldEntry::PrvSavePartNumFld},
-                                                   {"txtNote", &FieldEntry::PrvSaveNoteFld}}) {
-        for (const auto& [text, dirty] : Rows<const char*, bool>{{"new", true}, {"new", false}, {"New", true}}) {
-            fixture.form.control<ui::TextEntry>(name).setText(text + std::string(name));
-            (fixture.fields.*save)();
-            EXPECT_EQ(fixture.dirty, dirty) << name;
+    struct Row {
+        const char* name;
+        void (FieldEntry::*save)();
+    };
+    const Row rows[] = {
+        {"cboProductName", &FieldEntry::PrvSaveNameFld},
+        {"cboPartNum", &FieldEntry::PrvSavePartNumFld},
+        {"txtNote", &FieldEntry::PrvSaveNoteFld},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        for (const char* text : {"new", "new", "New"}) {
+            auto& box = fixture.form.control<ui::TextEntry>(row.name);
+            const std::string before = std::exchange(saved, text + std::string(row.name));
+            box.setText(saved);
+            (fixture.fields.*row.save)();
+            EXPECT_EQ(fixture.dirty, saved != before) << text;
             fixture.PrvSetDirty(false);
         }
-    }
+    });
     EXPECT_EQ(record.Name() + record.PartNum() + record.Note(), "NewcboProductNameNewcboPartNumNewtxtNote");
 }
 

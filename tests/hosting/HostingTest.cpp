@@ -6,6 +6,7 @@
 #include "orvan/ui/headless/HeadlessPlatform.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -17,8 +18,8 @@
 namespace orvan {
 namespace {
 
+using test::forEachRow;
 using test::raisedBy;
-using test::Rows;
 using ::testing::HasSubstr;
 
 struct Plain : ui::Component {
@@ -53,39 +54,46 @@ ComponentRegistry::Factory throws(Error error)
 
 TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
 {
-    const std::string noLibrary = testing::TempDir() + "orvan_not_a_library.so";
+    const test::TemporaryFolder folder;
+    const std::string noLibrary = folder / "not_a_library.so";
     std::ofstream(noLibrary) << "text";
-    const Rows<const char*, ComponentRegistry::Factory, std::string, std::int32_t, const char*> rows = {
-        {"X.Null", [] { return nullptr; }, "", 429, "no object"},
-        {"X.Empty", {}, "", 429, "bad_function_call"},
-        {"X.Raises", throws(RuntimeError(75, "Log", "disk full")), "", 75, "disk full"},
-        {"X.Throws", throws(std::runtime_error("no licence")), "", 429, "no licence"},
-        {"X.Memory", throws(std::bad_alloc()), "", 429, "Out of memory"},
-        {"X.Int", throws(42), "", 429, "Automation"},
-        {"X.Missing", {}, "/nowhere/libmissing.so", 429, "No such file"},
-        {"X.Text", {}, noLibrary, 429, "too short"},
-        {"X.NoEntry", {}, "libm.so.6", 429, "OrvanComponentInterfaceVersion"},
-        {"Test.Trace", {}, LIBRARY_OtherVersion, 429, "version 2 instead of 1"},
-        {"Test.Trace", {}, LIBRARY_NoClasses, 429, "OrvanCreateComponent"},
-        {"Test.Unknown", {}, LIBRARY_Good, 429, "no object"},
-        {"Test.Throws", {}, LIBRARY_Good, 429, "no licence"},
-        {"Test.Raises", {}, LIBRARY_Good, 75, "log is read-only"},
+    struct Row {
+        const char* name;
+        ComponentRegistry::Factory factory = {};
+        std::string library = {};
+        std::int32_t number = 429;
+        const char* reason;
     };
-    for (const auto& [name, factory, library, number, reason] : rows) {
-        SCOPED_TRACE(std::string(name) + " " + library);
+    const Row rows[] = {
+        {.name = "X.Null", .factory = [] { return nullptr; }, .reason = "no object"},
+        {.name = "X.Empty", .reason = "bad_function_call"},
+        {.name = "X.Raises", .factory = throws(RuntimeError(75, "Log", "full")), .number = 75, .reason = "full"},
+        {.name = "X.Throws", .factory = throws(std::runtime_error("no licence")), .reason = "no licence"},
+        {.name = "X.Memory", .factory = throws(std::bad_alloc()), .reason = "Out of memory"},
+        {.name = "X.Int", .factory = throws(42), .reason = "Automation"},
+        {.name = "X.Missing", .library = "/nowhere/libmissing.so", .reason = "No such file"},
+        {.name = "X.Text", .library = noLibrary, .reason = "too short"},
+        {.name = "X.NoEntry", .library = "libm.so.6", .reason = "OrvanComponentInterfaceVersion"},
+        {.name = "Test.Trace", .library = LIBRARY_OtherVersion, .reason = "version 2 instead of 1"},
+        {.name = "Test.Trace", .library = LIBRARY_NoClasses, .reason = "OrvanCreateComponent"},
+        {.name = "Test.Unknown", .library = LIBRARY_Good, .reason = "no object"},
+        {.name = "Test.Throws", .library = LIBRARY_Good, .reason = "no licence"},
+        {.name = "Test.Raises", .library = LIBRARY_Good, .number = 75, .reason = "log is read-only"},
+    };
+    forEachRow(rows, [](const Row& row) {
         ComponentRegistry registry;
-        if (library.empty()) {
-            registry.registerClass(name, factory);
+        if (row.library.empty()) {
+            registry.registerClass(row.name, row.factory);
         } else {
-            registry.registerLibrary(name, library);
+            registry.registerLibrary(row.name, row.library);
         }
         for (int attempt = 1; attempt <= 2; ++attempt) { // a failure leaves nothing behind
-            const test::Raised error = raisedBy([&, &name = name] { registry.create(name); });
-            EXPECT_EQ(error.number, number);
-            EXPECT_THAT(error.description,
-                        AllOf(HasSubstr(std::string(1, '"') + name + '"'), HasSubstr(reason), HasSubstr(library)));
+            const test::Raised error = raisedBy([&] { registry.create(row.name); });
+            EXPECT_EQ(error.number, row.number);
+            EXPECT_THAT(error.description, AllOf(HasSubstr(std::string(1, '"') + row.name + '"'), HasSubstr(row.reason),
+                                                 HasSubstr(row.library)));
         }
-    }
+    });
     EXPECT_FALSE(isLoaded(LIBRARY_OtherVersion)) << "a refused library stays loaded";
 }
 
@@ -150,11 +158,11 @@ TEST(ComponentRegistry, LibraryLivesAsLongAsItsObjectsAndTheRegistry)
 TEST(ComponentRegistry, RelativeLibraryCountsFromTheDirectoryOfRegistration)
 {
     ComponentRegistry registry;
-    const auto before = std::filesystem::current_path();
+    const auto directoryBefore = std::filesystem::current_path();
     const std::filesystem::path good(LIBRARY_Good);
     std::filesystem::current_path(good.parent_path());
     registry.registerLibrary("Test.Trace", "./" + good.filename().string());
-    std::filesystem::current_path(before);
+    std::filesystem::current_path(directoryBefore);
     EXPECT_EQ(ui::createComponent<Trace>(registry, "Test.Trace")->AppErrorNumber(), 4711);
 }
 
@@ -198,15 +206,14 @@ TEST(ThreadMessages, GoToTheNewestHostThatLives)
 
 TEST(DefaultComponents, CatalogueIsTheFileOfTheOptionsOrEmpty)
 {
-    const std::filesystem::path directory = testing::TempDir();
-    std::ofstream(directory / "orvan-list.csv") << "name,part number,price\nBolt,B-1,1.5\n";
-    importCatalogue(directory / "orvan-list.csv", directory / "orvan-list.catalogue");
-    const Rows<std::filesystem::path, bool> rows = {{directory / "orvan-list.catalogue", true}, {"", false}};
-    for (const auto& [file, any] : rows) {
+    const test::TemporaryFolder folder;
+    std::ofstream(folder / "list.csv") << "name,part number,price\nBolt,B-1,1.5\n";
+    importCatalogue(folder / "list.csv", folder / "list.catalogue");
+    for (const auto& file : {folder / "list.catalogue", std::filesystem::path()}) {
         ComponentRegistry registry;
         registerDefaultComponents(registry, {.catalogue = {.file = file}});
         const auto catalogue = ui::createComponent<ProductLkpMgr>(registry, kProductLkpMgrClassName);
-        EXPECT_EQ(catalogue->GetProductNameList("", true).has_value(), any) << file;
+        EXPECT_EQ(catalogue->GetProductNameList("", true).has_value(), !file.empty()) << file;
     }
 }
 

@@ -1,6 +1,7 @@
 // What must hold for every locale that ICU knows, whatever its data holds today.
 #include "ShownAmounts.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
+#include "tests/support/Rows.h"
 
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
@@ -15,27 +16,12 @@ using ::icu::number::LocalizedNumberFormatter;
 using ::icu::number::NumberFormatter;
 using ::icu::number::Precision;
 
-constexpr std::int64_t kScaled[] = {0,
-                                    1,
-                                    -1,
-                                    49,
-                                    50,
-                                    -50,
-                                    5'000,
-                                    -15'000,
-                                    99'949,
-                                    9'999'950,
-                                    9'995'000,
-                                    -9'999'999,
-                                    10'000'000,
-                                    12'345'000,
-                                    -12'345'678,
-                                    99'999'999,
-                                    123'456'789,
-                                    12'345'678'901,
-                                    -98'765'432'109'876,
-                                    std::numeric_limits<std::int64_t>::max(),
-                                    std::numeric_limits<std::int64_t>::min()};
+// clang-format off
+constexpr std::int64_t kScaled[] = {
+    0, 1, -1, 49, 50, -50, 5'000, -15'000, 99'949, 9'999'950, 9'995'000, -9'999'999, 10'000'000, 12'345'000,
+    -12'345'678, 99'999'999, 123'456'789, 12'345'678'901, -98'765'432'109'876, std::numeric_limits<std::int64_t>::max(),
+    std::numeric_limits<std::int64_t>::min()};
+// clang-format on
 
 std::vector<std::string> allLocales()
 {
@@ -84,27 +70,27 @@ struct IcuFormatter {
 TEST(AllLocales, TextIsIdenticalToIcusAndIsReadBackExactly)
 {
     int replacedSymbols = 0;
-    for (const std::string& name : allLocales()) {
+    test::forEachRow(allLocales(), [&](const std::string& name) {
         icu::IcuLocaleService service({.monetary = name, .numeric = name});
         const LocaleTexts texts(service);
         const std::string icuText = IcuFormatter(name, true, false).text(Currency(), 0);
         const bool replaced = icuText.find(texts.symbol) == std::string::npos;
         replacedSymbols += replaced;
         // The one reason to show another symbol than ICU's.
-        EXPECT_EQ(replaced, icuText.find(texts.monDecimal) != std::string::npos) << name << ' ' << icuText;
+        EXPECT_EQ(replaced, icuText.find(texts.monDecimal) != std::string::npos) << icuText;
         const IcuFormatter number(name, false, false);
         const IcuFormatter money(name, true, replaced);
         for (const std::int64_t scaled : kScaled) {
             const Currency value = Currency::fromScaled(scaled);
             for (const int digits : {0, 2, 4}) {
-                ASSERT_EQ(service.formatNumber(value, digits), number.text(value, digits)) << name << ' ' << digits;
-                ASSERT_EQ(service.formatCurrency(value, digits), money.text(value, digits)) << name << ' ' << digits;
+                ASSERT_EQ(service.formatNumber(value, digits), number.text(value, digits)) << digits;
+                ASSERT_EQ(service.formatCurrency(value, digits), money.text(value, digits)) << digits;
             }
             if (scaled >= 0) {
-                expectReadBack(service, texts, value, name);
+                expectReadBack(service, texts, value);
             }
         }
-    }
+    });
     EXPECT_GT(replacedSymbols, 0);
 }
 

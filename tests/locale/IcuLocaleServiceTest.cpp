@@ -11,157 +11,191 @@
 namespace orvan::icu {
 namespace {
 
-using test::Rows;
+using test::forEachRow;
 
 TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
 {
-    for (const auto& [monetary, numeric, value, money, number, symbol] :
-         Rows<const char*, const char*, const char*, const char*, const char*, const char*>{
-             {"C", "en_US", "-1234.5", "-$1,234.50", "-1,234.50", "$"},
-             {"de_DE", "en_US", "1234.5", "1.234,50\u00A0€", "1,234.50", "€"},
-             {"de_CH@euro", "de_CH", "1234.5", "EUR\u00A01’234.50", "1’234.50", "EUR"}, // apostrophes
-             {"fr_FR", "nb_NO", "1234567.5", "1\u202F234\u202F567,50\u00A0€", "1\u00A0234\u00A0567,50", "€"},
-             {"en_IN", "en_IN", "922337203685477.5807", "₹92,23,37,20,36,85,477.58", "92,23,37,20,36,85,477.58", "₹"},
-             {"es_ES", "pl_PL", "12345.5", "12.345,50\u00A0€", "12\u00A0345,50", "€"},
-             {"ja_JP", "ja_JP", "1234.5", "￥1,234.50", "1,234.50", "￥"},               // digits asked for, not 0
-             {"ar_BH", "ar_EG", "1234.5", "\u200F1,234.50\u00A0BHD", "1,234.50", "BHD"}, // its sign has points
-             {"ar_DZ", "ar_DZ", "1234.5", "\u200F1.234,50\u00A0د.ج.\u200F", "1.234,50", "د.ج.\u200F"}, // with its mark
-             {"sv_SE", "sv_SE", "-1234.5", "−1\u00A0234,50\u00A0kr", "−1\u00A0234,50", "kr"},
-             {"en_US_POSIX", "en_US_POSIX", "1234.5", "$\u00A01234.50", "1234.50", "$"}, // no groups at all
-         }) {
-        IcuLocaleService service({.monetary = monetary, .numeric = numeric});
-        const Currency amount = Currency::fromText(value);
-        EXPECT_EQ(service.formatCurrency(amount, 2), money) << monetary;
-        EXPECT_EQ(service.formatNumber(amount, 2), number) << numeric;
-        EXPECT_EQ(GetCurrencySymbol(service), symbol) << monetary;
-    }
+    struct Row {
+        const char *name, *value = "1234.5", *money, *number, *symbol;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {.name = "C", .value = "-1234.5", .money = "-$1,234.50", .number = "-1,234.50", .symbol = "$"},
+        {.name = "de_DE", .money = "1.234,50\u00A0€", .number = "1.234,50", .symbol = "€"},
+        {.name = "de_CH@euro", .money = "EUR\u00A01’234.50", .number = "1’234.50", .symbol = "EUR"},
+        {.name = "fr_FR", .money = "1\u202F234,50\u00A0€", .number = "1\u202F234,50", .symbol = "€"},
+        {.name = "en_IN", .value = "922337203685477.5807", .money = "₹92,23,37,20,36,85,477.58",
+         .number = "92,23,37,20,36,85,477.58", .symbol = "₹"},
+        {.name = "es_ES", .money = "1234,50\u00A0€", .number = "1234,50", .symbol = "€"}, // no group of one digit
+        {.name = "ja_JP", .money = "￥1,234.50", .number = "1,234.50", .symbol = "￥"}, // the digits asked for
+        {.name = "ar_BH", .money = "\u200F1,234.50\u00A0BHD", .number = "1,234.50", .symbol = "BHD"}, // not a sign
+        {.name = "ar_DZ", .money = "\u200F1.234,50\u00A0د.ج.\u200F", .number = "1.234,50", .symbol = "د.ج.\u200F"},
+        {.name = "sv_SE", .value = "-1234.5", .money = "−1\u00A0234,50\u00A0kr", .number = "−1\u00A0234,50",
+         .symbol = "kr"},
+        {.name = "en_US_POSIX", .money = "$\u00A01234.50", .number = "1234.50", .symbol = "$"}, // no groups at all
+    };
+    // clang-format on
+    forEachRow(rows, [](const Row& row) {
+        IcuLocaleService service({.monetary = row.name, .numeric = row.name});
+        EXPECT_EQ(service.formatCurrency(Currency::fromText(row.value), 2), row.money);
+        EXPECT_EQ(service.formatNumber(Currency::fromText(row.value), 2), row.number);
+        EXPECT_EQ(GetCurrencySymbol(service), row.symbol);
+    });
+    IcuLocaleService mixed({.monetary = "de_DE", .numeric = "en_US"});
+    EXPECT_EQ(mixed.formatCurrency(Currency::fromInteger(1234), 2), "1.234,00\u00A0€");
+    EXPECT_EQ(mixed.formatNumber(Currency::fromInteger(1234), 2), "1,234.00");
 }
 
 TEST(IcuLocaleService, AnItemThatIsUnknownOrDoesNotFitIsNoAnswer)
 {
     IcuLocaleService service({.monetary = "da_DK", .numeric = "da_DK"}); // symbol "kr."
-    for (const auto& [lcid, item, room, count] :
-         Rows<std::int32_t, std::int32_t, std::size_t, std::int32_t>{{0x400, 0x14, 127, 4},
-                                                                     {0x400, 0x14, 4, 4},
-                                                                     {0x400, 0x14, 3, 0},
-                                                                     {0x400, 0x14, 0, 0},
-                                                                     {0x400, 0x10, 127, 0},
-                                                                     {0x409, 0x14, 127, 0}}) {
-        std::string buffer(room, 'x');
-        EXPECT_EQ(service.getLocaleInfo(lcid, static_cast<ui::LocaleItem>(item), buffer), count)
-            << lcid << ' ' << item << ' ' << room;
-        EXPECT_EQ(buffer.substr(0, 4) == std::string("kr.\0", 4), count != 0) << buffer;
-    }
+    struct Row {
+        const char* name;
+        std::int32_t lcid = 0x400, item = 0x14;
+        std::size_t size = 127;
+        std::int32_t count = 0;
+    };
+    const Row rows[] = {
+        {.name = "fits", .count = 4},           {.name = "just fits", .size = 4, .count = 4},
+        {.name = "one byte short", .size = 3},  {.name = "no buffer", .size = 0},
+        {.name = "unknown item", .item = 0x10}, {.name = "another locale", .lcid = 0x409},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        std::string buffer(row.size, 'x');
+        EXPECT_EQ(service.getLocaleInfo(row.lcid, static_cast<ui::LocaleItem>(row.item), buffer), row.count);
+        EXPECT_EQ(buffer.substr(0, 4) == std::string("kr.\0", 4), row.count != 0) << buffer;
+    });
 }
 
 TEST(IcuLocaleService, TextIsReadWithEitherDecimalSeparator)
 {
-    for (const auto& [monetary, numeric, text, value] : Rows<const char*, const char*, const char*, const char*>{
-             {"en_US", "en_US", "1,234.50", "1234.5"},
-             {"en_US", "en_US", "1234.", "1234"},
-             {"de_DE", "en_US", "1.5", "1.5"}, // a group of the money, the point of the number
-             {"de_DE", "en_US", "1,5", "1.5"},
-             {"de_DE", "en_US", "1,2.5", "error 13"},
-             {"en_US", "de_CH", "1,234’567.5", "1234567.5"}, // groups of both
-             {"pt_CV", "pt_CV", "1\u00A0234$5", "1234.5"},
-             {"de_CH", "de_CH", "1’234.5", "1234.5"},
-             {"en_US", "en_US", "0.00015", "0.0002"},
-             {"en_US", "en_US", "922337203685477.5808", "error 6"},
-             {"en_US", "en_US", ",.", "error 13"},
-             {"en_US", "en_US", "-5", "error 13"},
-             {"de_CH", "de_CH", "1\xE2\x80", "error 13"}, // half an apostrophe
-         }) {
-        IcuLocaleService service({.monetary = monetary, .numeric = numeric});
-        const std::string read = test::textOrError([&, &it = text] { return service.textToCurrency(it).toText(); });
-        EXPECT_EQ(read, value) << text;
-    }
+    struct Row {
+        const char *monetary, *numeric, *text, *value;
+    };
+    const Row rows[] = {
+        {"en_US", "en_US", "1,234.50", "1234.5"},
+        {"en_US", "en_US", "1234.", "1234"},
+        {"de_DE", "en_US", "1.5", "1.5"}, // a group of the money, the point of the number
+        {"de_DE", "en_US", "1,5", "1.5"},
+        {"de_DE", "en_US", "1,2.5", "error 13"},
+        {"en_US", "de_CH", "1,234’567.5", "1234567.5"}, // groups of both
+        {"pt_CV", "pt_CV", "1\u00A0234$5", "1234.5"},
+        {"de_CH", "de_CH", "1’234.5", "1234.5"},
+        {"en_US", "en_US", "0.00015", "0.0002"},
+        {"en_US", "en_US", "922337203685477.5808", "error 6"},
+        {"en_US", "en_US", ",.", "error 13"},
+        {"en_US", "en_US", "-5", "error 13"},
+        {"de_CH", "de_CH", "1\xE2\x80", "error 13"}, // half an apostrophe
+    };
+    forEachRow(rows, [](const Row& row) {
+        IcuLocaleService service({.monetary = row.monetary, .numeric = row.numeric});
+        EXPECT_EQ(test::textOrError([&] { return service.textToCurrency(row.text).toText(); }), row.value);
+    });
 }
 
 TEST(LocaleNames, TheEnvironmentIsReadAsTheCLibraryDoes)
 {
-    for (const auto& [environment, monetary, numeric] :
-         Rows<std::map<std::string, const char*>, const char*, const char*>{
-             {{}, "", ""},
-             {{{"LANG", "de_DE.UTF-8"}}, "de_DE.UTF-8", "de_DE.UTF-8"},
-             {{{"LANG", "de_DE"}, {"LC_MONETARY", "fr_CH"}}, "fr_CH", "de_DE"},
-             {{{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"},
-             {{{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
-             {{{"LC_ALL", "sv_SE"}, {"LC_MONETARY", "fr_CH"}, {"LC_NUMERIC", "C"}, {"LANG", "de_DE"}},
-              "sv_SE",
-              "sv_SE"},
-             {{{"LC_ALL", ""}, {"LC_NUMERIC", ""}, {"LC_MONETARY", "fr_CH"}, {"LANG", "de_DE"}}, "fr_CH", "de_DE"},
-             {{{"LC_MESSAGES", "de_DE"}, {"LC_CTYPE", "de_DE"}, {"LANGUAGE", "de"}}, "", ""}}) {
-        const LocaleNames names = localeNamesFromEnvironment([&all = environment](const char* variable) -> const char* {
-            const auto found = all.find(variable);
-            return found == all.end() ? nullptr : found->second;
+    struct Row {
+        const char* name;
+        std::map<std::string, const char*> environment;
+        const char *monetary, *numeric;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {"nothing", {}, "", ""},
+        {"LANG serves both", {{"LANG", "de_DE.UTF-8"}}, "de_DE.UTF-8", "de_DE.UTF-8"},
+        {"a category goes before LANG", {{"LANG", "de_DE"}, {"LC_MONETARY", "fr_CH"}}, "fr_CH", "de_DE"},
+        {"each category on its own", {{"LANG", "de_DE"}, {"LC_NUMERIC", "C"}}, "de_DE", "C"},
+        {"LC_ALL goes before LANG", {{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "C", "C"},
+        {"LC_ALL goes before all",
+         {{"LC_ALL", "sv_SE"}, {"LC_MONETARY", "fr_CH"}, {"LC_NUMERIC", "C"}, {"LANG", "de_DE"}}, "sv_SE", "sv_SE"},
+        {"empty is not set", {{"LC_ALL", ""}, {"LC_NUMERIC", ""}, {"LC_MONETARY", "fr_CH"}, {"LANG", "de_DE"}},
+         "fr_CH", "de_DE"},
+        {"other categories", {{"LC_MESSAGES", "de_DE"}, {"LC_CTYPE", "de_DE"}, {"LANGUAGE", "de"}}, "", ""},
+    };
+    // clang-format on
+    forEachRow(rows, [](const Row& row) {
+        const LocaleNames names = localeNamesFromEnvironment([&](const char* variable) -> const char* {
+            const auto found = row.environment.find(variable);
+            return found == row.environment.end() ? nullptr : found->second;
         });
-        EXPECT_EQ(names.monetary, monetary);
-        EXPECT_EQ(names.numeric, numeric);
-    }
+        EXPECT_EQ(names.monetary, row.monetary);
+        EXPECT_EQ(names.numeric, row.numeric);
+    });
 }
 
 TEST(LocaleNames, NamesBecomeLocalesWithDataAndACurrency)
 {
-    for (const auto& [name, locale, currency] :
-         Rows<const char*, const char*, const char*>{{"", "en_US", "USD"},
-                                                     {"C", "en_US", "USD"},
-                                                     {"POSIX", "en_US", "USD"},
-                                                     {"C.UTF-8", "en_US", "USD"},
-                                                     {".UTF-8", "en_US", "USD"},
-                                                     {"de_DE.UTF-8", "de_DE", "EUR"},
-                                                     {"de_CH.ISO-8859-1@euro", "de_CH", "EUR"},
-                                                     {"fr_CH@EURO", "fr_CH", "EUR"},
-                                                     {"de_CH@currency=usd", "de_CH", "USD"},
-                                                     {"C@currency=EUR;calendar=buddhist", "en_US", "EUR"},
-                                                     {"de_CH@currency=1.5", "de_CH", "CHF"},
-                                                     {"de_CH@=;;=%", "de_CH", "CHF"},
-                                                     {"sr_RS.UTF-8@latin", "sr_Latn_RS", "RSD"},
-                                                     {"sr_RS@cyrillic", "sr_Cyrl_RS", "RSD"},
-                                                     {"ks_IN@devanagari", "ks_Deva_IN", "INR"},
-                                                     {"ca_ES@valencia", "ca_ES", "EUR"},
-                                                     {"tt_RU@iqtelif", "tt_RU", "RUB"},
-                                                     {"af_Cyrl_ZA", "af_ZA", "ZAR"}, // no data in that script
-                                                     {"zh-Hant-TW", "zh_Hant_TW", "TWD"},
-                                                     {"de_AT_9XYZ2345=", "de_AT", "EUR"},
-                                                     {"iw_IL", "he_IL", "ILS"},
-                                                     {"sh_RS", "sr_Latn_RS", "RSD"}, // old names
-                                                     {"de", "de", "EUR"},
-                                                     {"pt", "pt", "BRL"}, // likely territory
-                                                     {"en_150", "en_150", "XXX"},
-                                                     {"eo", "eo", "XXX"},
-                                                     {"en_XY", "en_XY", "XXX"}, // no one currency
-                                                     {"nds_DE.UTF-8", "de_DE", "EUR"},
-                                                     {"xx_CH@euro", "de_CH", "EUR"}, // no data for the language
-                                                     {"english", "en_US", "USD"},
-                                                     {"xx", "en_US", "USD"},
-                                                     {"%s%n/../\x80", "en_US", "USD"}}) {
-        const std::string id = icuLocaleId(name);
-        EXPECT_EQ(id.substr(0, id.find('@')), locale) << name;
-        EXPECT_EQ(currencyCode(id), currency) << name;
+    struct Row {
+        const char *name, *locale, *currency;
+    };
+    const Row rows[] = {
+        {"", "en_US", "USD"},
+        {"C", "en_US", "USD"},
+        {"POSIX", "en_US", "USD"},
+        {"C.UTF-8", "en_US", "USD"},
+        {".UTF-8", "en_US", "USD"},
+        {"de_DE.UTF-8", "de_DE", "EUR"},
+        {"de_CH.ISO-8859-1@euro", "de_CH", "EUR"},
+        {"fr_CH@EURO", "fr_CH", "EUR"},
+        {"de_CH@currency=usd", "de_CH", "USD"},
+        {"C@currency=EUR;calendar=buddhist", "en_US", "EUR"},
+        {"de_CH@currency=1.5", "de_CH", "CHF"},
+        {"de_CH@=;;=%", "de_CH", "CHF"},
+        {"sr_RS.UTF-8@latin", "sr_Latn_RS", "RSD"},
+        {"sr_RS@cyrillic", "sr_Cyrl_RS", "RSD"},
+        {"ks_IN@devanagari", "ks_Deva_IN", "INR"},
+        {"ca_ES@valencia", "ca_ES", "EUR"},
+        {"tt_RU@iqtelif", "tt_RU", "RUB"},
+        {"af_Cyrl_ZA", "af_ZA", "ZAR"}, // no data in that script
+        {"zh-Hant-TW", "zh_Hant_TW", "TWD"},
+        {"de_AT_9XYZ2345=", "de_AT", "EUR"},
+        {"iw_IL", "he_IL", "ILS"},
+        {"sh_RS", "sr_Latn_RS", "RSD"}, // old names
+        {"de", "de", "EUR"},
+        {"pt", "pt", "BRL"}, // likely territory
+        {"en_150", "en_150", "XXX"},
+        {"eo", "eo", "XXX"},
+        {"en_XY", "en_XY", "XXX"}, // no one currency
+        {"nds_DE.UTF-8", "de_DE", "EUR"},
+        {"xx_CH@euro", "de_CH", "EUR"}, // no data for the language
+        {"english", "en_US", "USD"},
+        {"xx", "en_US", "USD"},
+        {"%s%n/../\x80", "en_US", "USD"},
+    };
+    forEachRow(rows, [](const Row& row) {
+        const std::string id = icuLocaleId(row.name);
+        EXPECT_EQ(id.substr(0, id.find('@')), row.locale);
+        EXPECT_EQ(currencyCode(id), row.currency);
         EXPECT_NE(id.find("numbers=latn"), std::string::npos) << id;
-    }
+    });
     EXPECT_EQ(icuLocaleId(std::string(5000, 'x')), icuLocaleId("C"));
     EXPECT_EQ(icuLocaleId("ar_EG@numbers=arab"), icuLocaleId("ar_EG")) << "digits are always 0 to 9";
 }
 
 TEST(NumberPattern, SeparatorsThatCannotBeReadBackGiveWay)
 {
-    for (const auto& [decimal, group, readableDecimal, readableGroup] :
-         Rows<const char*, const char*, const char*, const char*>{{",", ".", ",", "."},
-                                                                  {"·", "\u202F", "·", "\u202F"},
-                                                                  {".", "", ".", ""},
-                                                                  {"::", ",", ".", ","},
-                                                                  {"::", ".", ",", "."},
-                                                                  {"", "'", ".", "'"},
-                                                                  {"0", "'", ".", "'"},
-                                                                  {"::", ".'", ".", "\u00A0"},
-                                                                  {".", ".", ".", "\u00A0"},
-                                                                  {".", "1", ".", "\u00A0"}}) {
-        NumberPattern pattern{.decimalSeparator = decimal, .groupSeparator = group};
+    struct Row {
+        const char *name, *decimal, *group, *readableDecimal, *readableGroup;
+    };
+    const Row rows[] = {
+        {"usual", ",", ".", ",", "."},
+        {"other characters", "·", "\u202F", "·", "\u202F"},
+        {"no groups", ".", "", ".", ""},
+        {"long decimal separator", "::", ",", ".", ","},
+        {"long decimal separator, the point taken", "::", ".", ",", "."},
+        {"no decimal separator", "", "'", ".", "'"},
+        {"a digit as the decimal separator", "0", "'", ".", "'"},
+        {"both too long", "::", ".'", ".", "\u00A0"},
+        {"both the same", ".", ".", ".", "\u00A0"},
+        {"a digit as the group separator", ".", "1", ".", "\u00A0"},
+    };
+    forEachRow(rows, [](const Row& row) {
+        NumberPattern pattern{.decimalSeparator = row.decimal, .groupSeparator = row.group};
         makeReadable(pattern);
-        EXPECT_EQ(pattern.decimalSeparator, readableDecimal) << decimal << ' ' << group;
-        EXPECT_EQ(pattern.groupSeparator, readableGroup) << decimal << ' ' << group;
-    }
+        EXPECT_EQ(pattern.decimalSeparator, row.readableDecimal);
+        EXPECT_EQ(pattern.groupSeparator, row.readableGroup);
+    });
 }
 
 } // namespace

@@ -21,20 +21,17 @@ struct LocaleTexts {
     std::string symbol;
 };
 
-inline void expectReadBack(ui::LocaleService& locale, const LocaleTexts& texts, Currency value, const std::string& name)
+inline void expectReadBack(ui::LocaleService& locale, const LocaleTexts& texts, Currency value)
 {
     for (const bool shown : {true, false}) {
         const std::string money = FormatCurrencyValue(locale, value, 4, texts.symbol, shown);
-        EXPECT_EQ(CurrencyTextToValue(locale, money, texts.monDecimal).toText(), value.toText())
-            << name << " money " << money;
-        EXPECT_EQ(money.find(texts.symbol) != std::string::npos, shown) << name << " symbol in " << money;
+        EXPECT_EQ(CurrencyTextToValue(locale, money, texts.monDecimal).toText(), value.toText()) << money;
+        EXPECT_EQ(money.find(texts.symbol) != std::string::npos, shown) << money;
         const std::string percent = FormatPercentValue(locale, value, 4, shown);
-        EXPECT_EQ(PercentTextToValue(locale, percent, texts.decimal).toText(), value.toText())
-            << name << " percent " << percent;
+        EXPECT_EQ(PercentTextToValue(locale, percent, texts.decimal).toText(), value.toText()) << percent;
     }
     const std::string number = FormatNumberValue(locale, value, 4);
-    EXPECT_EQ(NumberTextToValue(locale, number, texts.decimal).toText(), value.toText())
-        << name << " number " << number;
+    EXPECT_EQ(NumberTextToValue(locale, number, texts.decimal).toText(), value.toText()) << number;
 }
 
 } // namespace orvan

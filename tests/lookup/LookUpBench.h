@@ -35,20 +35,20 @@ struct Script {
 
 /// Entry 11 is the only one that can be sought.
 struct ScriptedCatalogue final : ProductLkpMgr {
-    explicit ScriptedCatalogue(Script& scriptOfAll) : script(scriptOfAll) {}
-    LookUpList list(std::string sCall, std::string_view sText, bool bAll)
+    explicit ScriptedCatalogue(Script& shared) : script(shared) {}
+    LookUpList list(std::string call, std::string_view text, bool whole)
     {
-        script.call(sCall.append(bAll ? "All " : " ").append(sText));
-        return bAll ? all : matches;
+        script.call(call.append(whole ? "All " : " ").append(text));
+        return whole ? all : matches;
     }
-    LookUpList GetPartNumList(std::string_view sText, bool bAll) override { return list("Part", sText, bAll); }
-    LookUpList GetProductNameList(std::string_view sText, bool bAll) override { return list("Name", sText, bAll); }
-    void SeekItem(std::int32_t lItemId) override { script.call("SeekItem"), sought = lItemId; }
+    LookUpList GetPartNumList(std::string_view text, bool whole) override { return list("Part", text, whole); }
+    LookUpList GetProductNameList(std::string_view text, bool whole) override { return list("Name", text, whole); }
+    void SeekItem(std::int32_t itemId) override { script.call("SeekItem"), sought = itemId; }
     bool IsEOF() override { return script.call("IsEOF"), sought != 11; }
-    LookUpValue GetFieldValue(std::int32_t iColumn) override
+    LookUpValue GetFieldValue(std::int32_t column) override
     {
-        script.call("field " + std::to_string(iColumn));
-        return columns.at(static_cast<std::size_t>(iColumn - 3));
+        script.call("field " + std::to_string(column));
+        return columns.at(static_cast<std::size_t>(column - 3));
     }
 
     Script& script;
@@ -58,18 +58,18 @@ struct ScriptedCatalogue final : ProductLkpMgr {
 };
 
 struct ScriptedRecord final : ProductRecord {
-    explicit ScriptedRecord(Script& scriptOfAll) : script(scriptOfAll) {}
+    explicit ScriptedRecord(Script& shared) : script(shared) {}
     std::string Name() const override { return name; }
     std::string Key() const override { return key; }
     std::string PartNum() const override { return partNum; }
     std::string Note() const override { return script.call("Note"), note; }
     Currency UnitPrice() const override { return price; }
-    void SetName(std::string_view sName) override { script.call("SetName"), name = sName; }
-    void SetKey(std::string_view sKey) override { script.call("SetKey"), key = sKey; }
-    void SetPartNum(std::string_view sPartNum) override { script.call("SetPartNum"), partNum = sPartNum; }
-    void SetUnitPrice(Currency cyUnitPrice) override { script.call("SetUnitPrice"), price = cyUnitPrice; }
-    void SetNote(std::string_view sNote) override { script.call("SetNote"), note = sNote; }
-    // The look-up has no business with these.
+    void SetName(std::string_view value) override { script.call("SetName"), name = value; }
+    void SetKey(std::string_view value) override { script.call("SetKey"), key = value; }
+    void SetPartNum(std::string_view value) override { script.call("SetPartNum"), partNum = value; }
+    void SetUnitPrice(Currency value) override { script.call("SetUnitPrice"), price = value; }
+    void SetNote(std::string_view value) override { script.call("SetNote"), note = value; }
+    // The look-up neither reads nor writes these.
     Currency Qty() const override { return {}; }
     Currency DiscPrcnt() const override { return {}; }
     Currency ExtPrice() const override { return {}; }
@@ -96,11 +96,11 @@ public:
     {
         objCurrentProduct = record;
         boxes.objLkpMgr = catalogue;
-        net.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << "unhandled " << error.number(); };
+        platform_.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << "unhandled " << error.number(); };
     }
-    ~LookUpBench() override { EXPECT_EQ(net.messageBox().unusedAnswers(), 0U); }
+    ~LookUpBench() override { EXPECT_EQ(platform_.messageBox().unusedAnswers(), 0U); }
 
-    ui::Platform& platform() override { return net; }
+    headless::HeadlessPlatform& platform() override { return platform_; }
     std::int32_t window() override { return 7; }
     void PrvSetDirty(bool bDirty) override { script.call("Dirty"), dirty = bDirty; }
     void PrvLoadProductInfo() override
@@ -149,8 +149,12 @@ public:
     Script script;
     ComponentRegistry components;
     icu::IcuLocaleService userLocale{{.monetary = "en_US", .numeric = "en_US"}};
-    headless::HeadlessPlatform net{userLocale, components};
-    headless::HeadlessForm form{kProductFormDesign, net};
+
+private:
+    headless::HeadlessPlatform platform_{userLocale, components};
+
+public:
+    headless::HeadlessForm form{kProductFormDesign, platform_};
     std::shared_ptr<ScriptedCatalogue> catalogue = std::make_shared<ScriptedCatalogue>(script);
     std::shared_ptr<ScriptedRecord> record = std::make_shared<ScriptedRecord>(script);
     LookUpBoxes boxes{*this, form};

@@ -7,106 +7,102 @@ using ui::PointerCode;
 
 constexpr std::int64_t kTooWide = std::int64_t{1} << 31;
 
-/// Keystrokes at these times; the searches and their times.
-TEST(LookUpTimers, SearchOnceTheUserHasPaused)
-{
-    for (const bool part : {true, false}) {
-        for (const auto& [keys, searches] :
-             Rows<std::vector<std::int64_t>, const char*>{{{0}, "500:A "},
-                                                          {{0, 200}, "700:AA "},
-                                                          {{0, 200, 400}, "900:AAA "},
-                                                          {{0, 499}, "999:AA "},
-                                                          {{0, 500}, "500:A 1000:AA "},
-                                                          {{0, 501}, "500:A 1001:AA "}}) {
-            LookUpBench bench(part);
-            std::string found;
-            bench.script.actAt = part ? "PartAll " : "NameAll ";
-            bench.script.act = [&] {
-                found.append(std::to_string(bench.net.clock().now())).append(":").append(bench.box.text()) += ' ';
-            };
-            for (const std::int64_t key : keys) {
-                bench.net.clock().advance(key - bench.net.clock().now());
-                bench.box.type("A");
-            }
-            bench.net.clock().advance(5000);
-            EXPECT_EQ(found, searches);
-            EXPECT_TRUE(bench.dirty);
-            EXPECT_TRUE(bench.boxes.state().bLkpTimerRestarted);
-        }
-    }
-}
-
 TEST(LookUpTimers, CompleteTheTextAndRefillTheList)
 {
-    const LookUpList none;
+    struct Row {
+        const char *name, *typed;
+        LookUpList matches = {}, all = {};
+        const char *shown, *list;
+        std::int32_t pending = -1;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {.name = "matches", .typed = "AB", .matches = {{{11, "ABC-1"}, {-2, "ABD-7"}}},
+         .shown = "AB|C-1|", .list = "ABC-1=11 ABD-7=-2 ", .pending = 0},
+        {.name = "an equal text comes before a longer one", .typed = "AB", .matches = {{{1, "AB"}, {2, "ABC"}}},
+         .shown = "AB||", .list = "AB=1 ABC=2 ", .pending = 0},
+        {.name = "the catalogue's case is shown", .typed = "ab", .matches = {{{1, "ABC"}}},
+         .shown = "AB|C|", .list = "ABC=1 ", .pending = 0},
+        {.name = "characters of two bytes", .typed = "\u00c4", .matches = {{{1, "\u00c4\u00dfe"}}},
+         .shown = "\u00c4|\u00dfe|", .list = "\u00c4\u00dfe=1 ", .pending = 0},
+        {.name = "empty texts are left out", .typed = "", .matches = {{{1, ""}, {2, "ABC"}, {kTooWide, ""}}},
+         .shown = "||", .list = "ABC=2 ", .pending = 0},
+        {.name = "no match: the whole list", .typed = "zz", .all = {{{1, "ABC"}, {kTooWide, ""}, {3, "D"}}},
+         .shown = "zz||", .list = "ABC=1 D=3 "},
+        {.name = "no list at all", .typed = "zz", .shown = "zz||", .list = "old=9 "},
+        {.name = "a list without entries", .typed = "zz", .matches = LookUpList(std::in_place),
+         .shown = "zz||", .list = "old=9 "},
+    };
+    // clang-format on
     for (const bool part : {true, false}) {
-        for (const auto& [typed, matches, all, shown, list, row] :
-             Rows<const char*, LookUpList, LookUpList, const char*, const char*, std::int32_t>{
-                 {"AB", {{{11, "ABC-1"}, {-2, "ABD-7"}}}, none, "AB|C-1|", "ABC-1=11 ABD-7=-2 ", 0},
-                 {"AB", {{{1, "AB"}, {2, "ABC"}}}, none, "AB||", "AB=1 ABC=2 ", 0}, // the shorter one is kept
-                 {"ab", {{{1, "ABC"}}}, none, "AB|C|", "ABC=1 ", 0},
-                 {"\u00c4", {{{1, "\u00c4\u00dfe"}}}, none, "\u00c4|\u00dfe|", "\u00c4\u00dfe=1 ", 0},
-                 {"", {{{1, ""}, {2, "ABC"}, {kTooWide, ""}}}, none, "||", "ABC=2 ", 0},
-                 {"zz", none, {{{1, "ABC"}, {kTooWide, ""}, {3, "D"}}}, "zz||", "ABC=1 D=3 ", -1},
-                 {"zz", none, none, "zz||", "old=9 ", -1},
-                 {"zz", LookUpList(std::in_place), none, "zz||", "old=9 ", -1}}) {
+        forEachRow(rows, [&](const Row& row) {
             LookUpBench bench(part);
-            SCOPED_TRACE(std::string(bench.box.name()).append(": ").append(typed));
+            SCOPED_TRACE(bench.box.name());
             bench.catalogue->all = LookUpList{{{9, "old"}}};
             part ? bench.boxes.PrvFillPartNumList() : bench.boxes.PrvFillProductNameList();
             EXPECT_EQ(bench.list(), "old=9 ");
-            bench.catalogue->matches = matches;
-            bench.catalogue->all = all;
+            bench.catalogue->matches = row.matches;
+            bench.catalogue->all = row.all;
             bench.box.chooseRow(0);
             bench.box.select(0, 3);
             bench.box.backspace();
-            bench.box.type(typed);
-            bench.net.clock().advance(500);
-            EXPECT_EQ(bench.shown(), shown);
-            EXPECT_EQ(bench.list(), list);
-            EXPECT_EQ(bench.boxes.state().lLkpListIdx, row);
+            bench.box.type(row.typed);
+            bench.platform().clock().advance(500);
+            EXPECT_EQ(bench.shown(), row.shown);
+            EXPECT_EQ(bench.list(), row.list);
+            EXPECT_EQ(bench.boxes.state().lLkpListIdx, row.pending);
             EXPECT_FALSE(bench.boxes.state().bLkpBusy);
             EXPECT_EQ(bench.box.left(), 1215);
-            EXPECT_EQ(bench.net.pointer().history().size(), part ? 3U : 1U);
+            EXPECT_EQ(bench.platform().pointer().history().size(), part ? 3U : 1U);
             bench.script.calls.clear();
-            bench.net.clock().advance(5000);
+            bench.platform().clock().advance(5000);
             EXPECT_EQ(bench.script.calls, "") << "its own changes start no search";
-        }
+        });
     }
 }
 
 TEST(LookUpTimers, AnErrorClosesTheDialogUnderTheUsersPointer)
 {
+    struct Row {
+        const char* name;
+        LookUpList matches = {};
+        const char* failAt = ""; // the call, without the name of its box
+        std::optional<TraceCall> failingTrace = {};
+        std::int32_t number;
+        bool busy = true;
+    };
     const LookUpList match{{{11, "ABC"}}};
+    // clang-format off
+    const Row rows[] = {
+        {.name = "entering", .matches = match, .failingTrace = TraceCall::enter, .number = 75, .busy = false},
+        {.name = "the search", .matches = match, .failAt = " AB", .number = kScripted},
+        {.name = "the whole list", .failAt = "All ", .number = kScripted},
+        {.name = "a match shorter than what is typed", .matches = {{{1, "A"}}}, .number = 380},
+        {.name = "an empty first match", .matches = {{{1, ""}, {2, "AB"}}}, .number = 380},
+        {.name = "an id above 32 bits", .matches = {{{1, "ABC"}, {kTooWide, "ABD"}}}, .number = 6},
+        {.name = "an id below 32 bits", .matches = {{{1, "ABC"}, {-kTooWide - 1, "ABD"}}}, .number = 6},
+        {.name = "leaving", .failingTrace = TraceCall::exit, .number = 75, .busy = false},
+    };
+    // clang-format on
     for (const bool part : {true, false}) {
-        const std::string which = part ? "Part" : "Name";
-        for (const auto& [matches, failAt, traceCall, number, busy] :
-             Rows<LookUpList, std::string, std::optional<TraceCall>, std::int32_t, bool>{
-                 {match, "", TraceCall::enter, 75, false},
-                 {match, which + " AB", {}, kScripted, true},
-                 {{}, which + "All ", {}, kScripted, true},
-                 {{{{1, "A"}}}, "", {}, 380, true},
-                 {{{{1, ""}, {2, "AB"}}}, "", {}, 380, true},
-                 {{{{1, "ABC"}, {kTooWide, "ABD"}}}, "", {}, 6, true},
-                 {{{{1, "ABC"}, {-kTooWide - 1, "ABD"}}}, "", {}, 6, true},
-                 {{}, "", TraceCall::exit, 75, false}}) {
+        forEachRow(rows, [&](const Row& row) {
             LookUpBench bench(part);
-            SCOPED_TRACE(std::string(bench.box.name()).append(", error ").append(std::to_string(number)) + failAt);
+            SCOPED_TRACE(bench.box.name());
             bench.box.type("AB");
-            bench.catalogue->matches = matches;
-            bench.script.actAt = failAt;
-            bench.trace->declareError(number);
-            if (traceCall) {
-                bench.trace->failNext(*traceCall, number);
+            bench.catalogue->matches = row.matches;
+            bench.script.actAt = *row.failAt ? std::string(part ? "Part" : "Name") + row.failAt : "";
+            bench.trace->declareError(row.number);
+            if (row.failingTrace) {
+                bench.trace->failNext(*row.failingTrace, row.number);
             }
             bench.trace->onError = [&] {
-                EXPECT_EQ(bench.net.pointer().code(), PointerCode::standard) << "restored before the record";
+                EXPECT_EQ(bench.platform().pointer().code(), PointerCode::standard) << "restored before the record";
                 EXPECT_EQ(bench.closings, 0);
             };
-            bench.net.clock().advance(500);
+            bench.platform().clock().advance(500);
             EXPECT_EQ(bench.closings, 1);
-            EXPECT_EQ(bench.boxes.state().bLkpBusy, busy);
-        }
+            EXPECT_EQ(bench.boxes.state().bLkpBusy, row.busy);
+        });
     }
 }
 
@@ -116,7 +112,7 @@ TEST(LookUpTrace, TellsTheBoxesApart)
         LookUpBench bench(part);
         const std::string label = "KTVOrvanProduct.frmProduct::" + bench.box.name();
         bench.box.type("A");
-        bench.net.clock().advance(500);
+        bench.platform().clock().advance(500);
         bench.box.onClick();
         EXPECT_FALSE(bench.boxes.state().bPartNumPicked) << "no row was chosen";
 

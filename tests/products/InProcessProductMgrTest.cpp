@@ -9,7 +9,7 @@
 namespace orvan {
 namespace {
 
-using test::Rows;
+using test::forEachRow;
 
 constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
 constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
@@ -19,27 +19,35 @@ TEST(InProcessProductMgr, SeekIndexFindsProductsOnly)
 {
     const auto manager = makeManager();
     load(*manager, kThree);
-    for (const auto& [index, offset, found, result] :
-         Rows<std::int32_t, std::int32_t, bool, std::int32_t>{{1, 0, true, 1},
-                                                              {3, 0, true, 3},
-                                                              {0, 0, false, 0},
-                                                              {4, 0, false, 4},
-                                                              {1, -1, false, 1},
-                                                              {3, 1, false, 3},
-                                                              {1, 1, true, 2},
-                                                              {3, -1, true, 2},
-                                                              {0, 1, true, 1},
-                                                              {4, -1, true, 3},
-                                                              {-1, 1, false, -1},
-                                                              {kMost, 1, false, kMost},
-                                                              {kLeast, -1, false, kLeast},
-                                                              {kMost, 0, false, kMost}}) {
-        std::int32_t at = index;
-        bool any = !found;
-        manager->SeekIndex(at, offset, any);
-        EXPECT_EQ(any, found) << index << " by " << offset;
-        EXPECT_EQ(at, result) << index << " by " << offset;
-    }
+    struct Row {
+        const char* name;
+        std::int32_t index, offset;
+        bool found;
+        std::int32_t result;
+    };
+    const Row rows[] = {
+        {.name = "first", .index = 1, .offset = 0, .found = true, .result = 1},
+        {.name = "last", .index = 3, .offset = 0, .found = true, .result = 3},
+        {.name = "before the first", .index = 0, .offset = 0, .found = false, .result = 0},
+        {.name = "behind the last", .index = 4, .offset = 0, .found = false, .result = 4},
+        {.name = "back from the first", .index = 1, .offset = -1, .found = false, .result = 1},
+        {.name = "on from the last", .index = 3, .offset = 1, .found = false, .result = 3},
+        {.name = "on", .index = 1, .offset = 1, .found = true, .result = 2},
+        {.name = "back", .index = 3, .offset = -1, .found = true, .result = 2},
+        {.name = "on from before the first", .index = 0, .offset = 1, .found = true, .result = 1},
+        {.name = "back from behind the last", .index = 4, .offset = -1, .found = true, .result = 3},
+        {.name = "on from outside", .index = -1, .offset = 1, .found = false, .result = -1},
+        {.name = "beyond 32 bits", .index = kMost, .offset = 1, .found = false, .result = kMost},
+        {.name = "below 32 bits", .index = kLeast, .offset = -1, .found = false, .result = kLeast},
+        {.name = "far away", .index = kMost, .offset = 0, .found = false, .result = kMost},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        std::int32_t index = row.index;
+        bool found = !row.found;
+        manager->SeekIndex(index, row.offset, found);
+        EXPECT_EQ(found, row.found);
+        EXPECT_EQ(index, row.result);
+    });
 }
 
 TEST(InProcessProductMgr, PositionWithoutProductIsErrorNine)
@@ -55,7 +63,7 @@ TEST(InProcessProductMgr, PositionWithoutProductIsErrorNine)
     EXPECT_EQ(saved(*manager), kThree);
 }
 
-/// Everything worked out anew.
+/// The string as it is without anything kept.
 std::string written(const std::vector<ProductFields>& list, ProductsSeparators separators)
 {
     std::string text = productsStringHead(list.size(), separators);
@@ -116,23 +124,27 @@ TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
 TEST(InProcessProductMgr, EveryFieldIsReadAndReachesTheNextString)
 {
     const Currency two = Currency::fromInteger(2);
-    const std::pair<const char*, std::function<bool(ProductRecord&)>> rows[] = {
-        {"1~n:::0:1:0:0:~", [&](ProductRecord& it) { return it.SetName("n"), it.Name() == "n"; }},
-        {"1~:k::0:1:0:0:~", [&](ProductRecord& it) { return it.SetKey("k"), it.Key() == "k"; }},
-        {"1~::p:0:1:0:0:~", [&](ProductRecord& it) { return it.SetPartNum("p"), it.PartNum() == "p"; }},
-        {"1~:::2:1:0:0:~", [&](ProductRecord& it) { return it.SetUnitPrice(two), it.UnitPrice() == two; }},
-        {"1~:::0:2:0:0:~", [&](ProductRecord& it) { return it.SetQty(two), it.Qty() == two; }},
-        {"1~:::0:1:2:0:~", [&](ProductRecord& it) { return it.SetDiscPrcnt(two), it.DiscPrcnt() == two; }},
-        {"1~:::0:1:0:2:~", [&](ProductRecord& it) { return it.SetExtPrice(two), it.ExtPrice() == two; }},
-        {"1~:::0:1:0:0:t~", [&](ProductRecord& it) { return it.SetNote("t"), it.Note() == "t"; }},
+    struct Row {
+        const char *name, *saved;
+        std::function<bool(ProductRecord&)> writesAndReads;
     };
-    for (const auto& [expected, write] : rows) {
+    const Row rows[] = {
+        {"Name", "1~n:::0:1:0:0:~", [&](auto& it) { return it.SetName("n"), it.Name() == "n"; }},
+        {"Key", "1~:k::0:1:0:0:~", [&](auto& it) { return it.SetKey("k"), it.Key() == "k"; }},
+        {"PartNum", "1~::p:0:1:0:0:~", [&](auto& it) { return it.SetPartNum("p"), it.PartNum() == "p"; }},
+        {"UnitPrice", "1~:::2:1:0:0:~", [&](auto& it) { return it.SetUnitPrice(two), it.UnitPrice() == two; }},
+        {"Qty", "1~:::0:2:0:0:~", [&](auto& it) { return it.SetQty(two), it.Qty() == two; }},
+        {"DiscPrcnt", "1~:::0:1:2:0:~", [&](auto& it) { return it.SetDiscPrcnt(two), it.DiscPrcnt() == two; }},
+        {"ExtPrice", "1~:::0:1:0:2:~", [&](auto& it) { return it.SetExtPrice(two), it.ExtPrice() == two; }},
+        {"Note", "1~:::0:1:0:0:t~", [&](auto& it) { return it.SetNote("t"), it.Note() == "t"; }},
+    };
+    forEachRow(rows, [](const Row& row) {
         const auto manager = makeManager();
         const auto product = manager->AddNewProduct();
-        EXPECT_EQ(saved(*manager), "1~:::0:1:0:0:~"); // now a text is kept, which the write must make invalid
-        EXPECT_TRUE(write(*product)) << expected;
-        EXPECT_EQ(saved(*manager), expected);
-    }
+        EXPECT_EQ(saved(*manager), "1~:::0:1:0:0:~"); // the manager keeps this text until the next write
+        EXPECT_TRUE(row.writesAndReads(*product));
+        EXPECT_EQ(saved(*manager), row.saved);
+    });
 }
 
 TEST(InProcessProductMgr, TotalBeyondTheRangeIsErrorSixUntilItShrinks)
@@ -165,19 +177,23 @@ TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
     EXPECT_EQ(saved(*manager), "1~C:::1:1:0:300:~") << "the list was kept and fits again";
 }
 
-TEST(InProcessProductMgr, RulesAreTheManagersAndAskedAtEachCall)
+TEST(InProcessProductMgr, RulesBelongToTheManagerAndAreAskedAtEachCall)
 {
-    const auto usual = makeManager()->AddNewProduct(); // its manager is gone
-    for (const auto& [value, amount, discount] : Rows<const char*, bool, bool>{{"-0.0001", false, false},
-                                                                               {"0", true, true},
-                                                                               {"100", true, true},
-                                                                               {"100.0001", true, false},
-                                                                               {"922337203685477", true, false}}) {
-        const Currency it = Currency::fromText(value);
-        EXPECT_EQ(usual->IsValidUnitPrice(it), amount) << value;
-        EXPECT_EQ(usual->IsValidQty(it), amount) << value;
-        EXPECT_EQ(usual->IsValidDiscPrcnt(it), discount) << value;
-    }
+    const auto usual = makeManager()->AddNewProduct(); // outlives its manager
+    struct Row {
+        const char* text;
+        bool validAmount, validDiscount;
+    };
+    const Row rows[] = {
+        {"-0.0001", false, false},        {"0", true, true}, {"100", true, true}, {"100.0001", true, false},
+        {"922337203685477", true, false},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        const Currency value = Currency::fromText(row.text);
+        EXPECT_EQ(usual->IsValidUnitPrice(value), row.validAmount);
+        EXPECT_EQ(usual->IsValidQty(value), row.validAmount);
+        EXPECT_EQ(usual->IsValidDiscPrcnt(value), row.validDiscount);
+    });
     Currency least = Currency::fromInteger(5);
     const auto manager = makeManager({.rules = {.isValidQty = [&](Currency value) { return value >= least; }}});
     load(*manager, kThree);

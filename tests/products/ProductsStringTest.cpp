@@ -8,12 +8,12 @@
 namespace orvan {
 namespace {
 
-using test::Rows;
+using test::forEachRow;
 using testing::HasSubstr;
 
 const std::string kLoaded = "1~Kept:::1:1:0:7:~";
 
-/// Records with everything that can be troublesome in a text.
+/// Records whose texts hold everything that can be troublesome.
 std::string richString()
 {
     const auto manager = makeManager();
@@ -78,31 +78,38 @@ TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
 {
     const auto manager = makeManager();
     load(*manager, kLoaded);
-    for (const auto& [text, error, place, reason] : Rows<const char*, std::int32_t, const char*, const char*>{
-             {"x", 321, "product 1:", "ends within the count"},
-             {"~", 321, "product 1:", "begin with the count"},
-             {"-1~", 321, "product 1:", "begin with the count"},
-             {"01~a:::1:1:0:7:~", 321, "product 1:", "begin with the count"},
-             {"2147483648~a:::1:1:0:7:~", 6, "product 1:", "count of products is beyond"},
-             {"2147483647~a:::1:1:0:7:~", 321, "product 2, field Name:", "cut short"},
-             {"1~a:::1:1:0:7:~b:::1:1:0:7:~", 321, "product 2:", "more than the count"},
-             {"2~a:::1:1:0:7:~b:::1:1:0:7~", 321, "product 2:", "only 7 of 8"},
-             {"1~a:::1:1:0:7::~", 321, "product 1:", "more than 8 fields"},
-             {"1~a:\\b::1:1:0:7:~", 321, "product 1, field Key:", "backslash"},
-             {"1~a:::1:1:0:7:\\", 321, "product 1, field Note:", "cut short"},
-             {"1~a:::1,5:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
-             {"1~a:::1\\", 321, "product 1, field UnitPrice:", "not an amount"},
-             {"1~a:::99999999999999999999\\:1:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"},
-             {"1~a:::1::0:7:~", 321, "product 1, field Qty:", "not an amount"},
-             {"1~a:::1:1:007:7:~", 321, "product 1, field DiscPrcnt:", "not an amount"},
-             {"1~a:::1:1:0:1.50:~", 321, "product 1, field ExtPrice:", "not an amount"},
-             {"1~a:::1:1:0:922337203685477.5808:~", 6, "product 1, field ExtPrice:", "beyond the range"},
-             {"1~a:::-99999999999999999999.5:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"}}) {
-        const Raised raised = raisedBy([&, &text = text] { load(*manager, text); });
-        EXPECT_EQ(raised.number, error) << text;
-        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(place), HasSubstr(reason))) << text;
-        EXPECT_EQ(saved(*manager), kLoaded) << text;
-    }
+    struct Row {
+        const char* text;
+        std::int32_t error;
+        const char *place, *reason;
+    };
+    const Row rows[] = {
+        {"x", 321, "product 1:", "ends within the count"},
+        {"~", 321, "product 1:", "begin with the count"},
+        {"-1~", 321, "product 1:", "begin with the count"},
+        {"01~a:::1:1:0:7:~", 321, "product 1:", "begin with the count"},
+        {"2147483648~a:::1:1:0:7:~", 6, "product 1:", "count of products is beyond"},
+        {"2147483647~a:::1:1:0:7:~", 321, "product 2, field Name:", "cut short"},
+        {"1~a:::1:1:0:7:~b:::1:1:0:7:~", 321, "product 2:", "more than the count"},
+        {"2~a:::1:1:0:7:~b:::1:1:0:7~", 321, "product 2:", "only 7 of 8"},
+        {"1~a:::1:1:0:7::~", 321, "product 1:", "more than 8 fields"},
+        {"1~a:\\b::1:1:0:7:~", 321, "product 1, field Key:", "backslash"},
+        {"1~a:::1:1:0:7:\\", 321, "product 1, field Note:", "cut short"},
+        {"1~a:::1,5:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::1\\", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::99999999999999999999\\:1:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"},
+        {"1~a:::1::0:7:~", 321, "product 1, field Qty:", "not an amount"},
+        {"1~a:::1:1:007:7:~", 321, "product 1, field DiscPrcnt:", "not an amount"},
+        {"1~a:::1:1:0:1.50:~", 321, "product 1, field ExtPrice:", "not an amount"},
+        {"1~a:::1:1:0:922337203685477.5808:~", 6, "product 1, field ExtPrice:", "beyond the range"},
+        {"1~a:::-99999999999999999999.5:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        const Raised raised = raisedBy([&] { load(*manager, row.text); });
+        EXPECT_EQ(raised.number, row.error);
+        EXPECT_THAT(raised.description, testing::AllOf(HasSubstr(row.place), HasSubstr(row.reason)));
+        EXPECT_EQ(saved(*manager), kLoaded);
+    });
 }
 
 /// One to three random edits: bytes written, removed or put in, parts repeated, the end cut off.
@@ -150,26 +157,30 @@ TEST(ProductsString, UnusableSeparatorsAreRefused)
 {
     const auto manager = makeManager();
     load(*manager, kLoaded);
-    for (const auto& [record, field] : Rows<const char*, const char*>{{"", ":"},
-                                                                      {"~", ""},
-                                                                      {"~~", ":"},
-                                                                      {"~", "~"},
-                                                                      {"a", ":"},
-                                                                      {"~", "Z"},
-                                                                      {"5", ":"},
-                                                                      {"~", "-"},
-                                                                      {"~", "."},
-                                                                      {"\\", ":"},
-                                                                      {"\xC3", ":"},
-                                                                      {"~", "ä"}}) {
-        const std::string one = record;
-        const std::string two = field;
-        for (const Raised& error : {raisedBy([&] { manager->SetProductsString("", one, two, false); }),
-                                    raisedBy([&] { manager->GetProductsString(one, two); })}) {
-            EXPECT_EQ(error.number, ErrorNumber::invalidProcedureCall) << record << field;
-            EXPECT_THAT(error.description, HasSubstr("separator")) << record << field;
+    struct Row {
+        const char *name, *record, *field;
+    };
+    const Row rows[] = {
+        {"no record separator", "", ":"},
+        {"no field separator", "~", ""},
+        {"two characters", "~~", ":"},
+        {"both the same", "~", "~"},
+        {"a small letter", "a", ":"},
+        {"a capital letter", "~", "Z"},
+        {"a digit", "5", ":"},
+        {"a sign", "~", "-"},
+        {"a point", "~", "."},
+        {"a backslash", "\\", ":"},
+        {"half a character", "\xC3", ":"},
+        {"a character of two bytes", "~", "ä"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        for (const Raised& error : {raisedBy([&] { manager->SetProductsString("", row.record, row.field, false); }),
+                                    raisedBy([&] { manager->GetProductsString(row.record, row.field); })}) {
+            EXPECT_EQ(error.number, ErrorNumber::invalidProcedureCall);
+            EXPECT_THAT(error.description, HasSubstr("separator"));
         }
-    }
+    });
     EXPECT_EQ(saved(*manager), kLoaded);
 }
 

@@ -28,12 +28,12 @@ public:
         faults.maxDataSize = limit;
         return sProducts;
     }
-    /// Opens the editor on the product at lIndex (0: on a new one) and lets `drive` act in it.
-    void edit(std::int32_t lIndex, headless::HeadlessPlatform::Driver drive)
+    /// Opens the editor on the product at index (0: on a new one) and lets `drive` act in it.
+    void edit(std::int32_t index, headless::HeadlessPlatform::Driver drive)
     {
         platform.drive(std::move(drive));
-        if (lIndex > 0) {
-            dialog.Show(manager, lIndex);
+        if (index > 0) {
+            dialog.Show(manager, index);
         } else {
             dialog.ShowAddNew(manager);
         }
@@ -56,7 +56,7 @@ public:
         }
         return letters;
     }
-    /// The procedure names of the labels entered since line `first`, with '!' for each recorded error.
+    /// The procedures entered since line `first`, with '!' for each recorded error.
     std::string entered(std::size_t first) const { return entered(*trace.trace(), first); }
     static std::string entered(const RecordingTrace& trace, std::size_t first)
     {
@@ -72,17 +72,28 @@ public:
         return names;
     }
 
-    /// The table's short names for what is entered together.
+    /// The names with each short name, in capitals, replaced by what is entered together.
     static std::string spelledOut(std::string names)
     {
         for (const auto& [shortName, entered] :
              {std::pair("FAIL", "cmdGotoFirst_Click PrvSeekProduct (fails)!!"), std::pair("ASK", "PrvCancelEdit"),
+              std::pair("CANCEL", "cmdCancel_Click"),
+              std::pair("NEXT", "PrvSeekProduct SAVE SHOW txtDiscount_Change txtQty_LostFocus txtNote_Change "
+                                "PrvSaveNoteFld PrvSetFormCaption"),
+              std::pair("FIRST", "PrvSeekProduct SAVE PrvSeekProduct SAVE SHOW txtQty_LostFocus PrvSetFormCaption"),
+              std::pair("NEW", "PrvAddNewProduct SAVE SHOW PrvSaveUnitPriceFld txtQty_LostFocus PrvSaveQtyFld "
+                               "PrvSetFormCaption PrvSeekProduct FINISH PrvLoadProductInfo PrvSetFormCaption"),
+              std::pair("DELETED", "SHOW PrvSaveUnitPriceFld txtDiscount_Change PrvSaveDiscountPrcntFld "
+                                   "txtQty_LostFocus PrvSaveQtyFld txtNote_Change PrvSaveNoteFld PrvSetFormCaption "
+                                   "PrvSeekProduct FINISH PrvLoadProductInfo PrvSetFormCaption"),
               std::pair("DELETE", "cmdDelete_Click PrvDeleteCurrentProduct"),
               std::pair("EMPTY", "PrvSaveCurrentProduct"),
-              std::pair("SAVE", "PrvSaveCurrentProduct PrvSaveNameFld PrvSavePartNumFld PrvSaveUnitPriceFld "
-                                "PrvSaveDiscountPrcntFld PrvSaveQtyFld PrvSaveNoteFld")}) {
-            for (std::size_t at = 0; (at = names.find(shortName, at)) != std::string::npos;
-                 at += std::string_view(entered).size()) {
+              std::pair("SHOW", "PrvLoadProductInfo cboProductName_Change cboPartNum_Change txtUnitPrice_Change"),
+              std::pair("SAVE", "PrvSaveCurrentProduct FIELDS"),
+              std::pair("FINISH", "PrvSaveCurrentProduct tmrProdLkp_Timer cboProductName_Change FIELDS"),
+              std::pair("FIELDS", "PrvSaveNameFld PrvSavePartNumFld PrvSaveUnitPriceFld PrvSaveDiscountPrcntFld "
+                                  "PrvSaveQtyFld PrvSaveNoteFld")}) {
+            for (std::size_t at = 0; (at = names.find(shortName, at)) != std::string::npos;) {
                 names.replace(at, std::string_view(shortName).size(), entered);
             }
         }

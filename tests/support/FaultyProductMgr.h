@@ -27,24 +27,24 @@ public:
 
     std::int32_t GetProductCount() override { return call().GetProductCount(); }
     Currency GetTotalValue() override { return call().GetTotalValue(); }
-    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound) override
+    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) override
     {
-        call().SeekIndex(lIndex, lOffset, bFound);
-        bFound = bFound && (faults_.notFoundFrom == 0 || lIndex < faults_.notFoundFrom);
-        lIndex += bFound ? faults_.seekMovesBy : 0;
+        call().SeekIndex(lIndex, lOffset, found);
+        found = found && (faults_.notFoundFrom == 0 || lIndex < faults_.notFoundFrom);
+        lIndex += found ? faults_.seekMovesBy : 0;
     }
     std::shared_ptr<ProductRecord> AddNewProduct() override { return call().AddNewProduct(); }
     std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return call().GetProduct(lIndex); }
     void DeleteProduct(std::int32_t lIndex) override { call().DeleteProduct(lIndex); }
-    void MoveProduct(std::int32_t lFrom, std::int32_t lTo) override { call().MoveProduct(lFrom, lTo); }
-    void SetProductsString(std::string_view sProducts, const std::string& sRecordSep, const std::string& sFieldSep,
-                           bool bFlag) override
+    void MoveProduct(std::int32_t from, std::int32_t to) override { call().MoveProduct(from, to); }
+    void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
+                           const std::string& fieldSeparator, bool flag) override
     {
-        call().SetProductsString(sProducts, sRecordSep, sFieldSep, bFlag);
+        call().SetProductsString(sProducts, recordSeparator, fieldSeparator, flag);
     }
-    std::string GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep) override
+    std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) override
     {
-        std::string sProducts = call().GetProductsString(sRecordSep, sFieldSep);
+        std::string sProducts = call().GetProductsString(recordSeparator, fieldSeparator);
         if (faults_.maxDataSize && static_cast<std::int64_t>(sProducts.size()) > *faults_.maxDataSize) {
             throw RuntimeError(ErrorNumber::outOfStringSpace, "FaultyProductMgr", "too large");
         }

@@ -11,10 +11,10 @@
 namespace orvan {
 namespace {
 
+using test::forEachRow;
 using test::Raised;
 using test::raisedBy;
 using test::RecordingTrace;
-using test::Rows;
 using test::ScopedTrace;
 using test::TraceCall;
 
@@ -35,14 +35,14 @@ void inFreshThread(Body&& body)
 }
 
 enum Shape { propagate, recover, closeDialog, showToUser, resume, ignore };
-enum Failing { nothing, body, enter, exitCall, record, lastNumber, show, handler, trace };
+constexpr const char* kShapeNames[] = {"propagate", "recover", "closeDialog", "showToUser", "resume", "ignore"};
 
-/// A traced procedure of two statements, of which the first may fail.
-void runShape(Shape shape, RecordingTrace& notes, Failing failing)
+/// A traced procedure of two statements. The first one fails where the trace or the handler is to fail for its error.
+void runShape(Shape shape, RecordingTrace& notes, std::string_view failing)
 {
     const auto first = [&] {
         notes.note("work");
-        if (failing == body || failing == record || failing == lastNumber || failing == show || failing == handler) {
+        if (failing != "nothing" && failing != "entering" && failing != "leaving" && failing != "no trace") {
             throw RuntimeError(13, "deep", "text");
         }
     };
@@ -51,7 +51,7 @@ void runShape(Shape shape, RecordingTrace& notes, Failing failing)
     const auto guarded = [&](const auto& step) { step(first), step(second); };
     const auto handle = [&] {
         notes.note("handled");
-        if (failing == handler) {
+        if (failing == "the handler") {
             throw RuntimeError(75);
         }
     };
@@ -67,50 +67,64 @@ void runShape(Shape shape, RecordingTrace& notes, Failing failing)
 
 TEST(TracedProcedure, EachShapeCallsTheTraceInItsOrder)
 {
-    const Rows<std::vector<Shape>, Failing, const char*, std::int32_t> rows = {
-        {{propagate, recover, closeDialog, showToUser, resume, ignore}, nothing, "enter L, work, more, exit L", 0},
-        {{propagate}, body, "enter L, work, error 13", 13},
-        {{recover, closeDialog}, body, "enter L, work, error 13, handled", 0},
-        {{showToUser}, body, "enter L, work, error 13, handled, show 7", 0},
-        {{resume}, body, "enter L, work, error 13, more, exit L", 0},
-        {{ignore}, body, "enter L, work, more, exit L", 0},
-        {{propagate}, enter, "enter L (fails), error 70", 70},
-        {{recover, closeDialog}, enter, "enter L (fails), error 70, handled", 0},
-        {{showToUser}, enter, "enter L (fails), error 70, handled, show 7", 0},
-        {{resume}, enter, "enter L (fails), error 70, work, more, exit L", 0},
-        {{ignore}, enter, "enter L (fails), work, more, exit L", 0},
-        {{propagate}, exitCall, "enter L, work, more, exit L (fails), error 71", 71},
-        {{recover, closeDialog}, exitCall, "enter L, work, more, exit L (fails), error 71, handled", 0},
-        {{showToUser}, exitCall, "enter L, work, more, exit L (fails), error 71, handled, show 7", 0},
-        {{resume}, exitCall, "enter L, work, more, exit L (fails), error 71", 0},
-        {{ignore}, exitCall, "enter L, work, more, exit L (fails)", 0},
-        {{propagate, recover, closeDialog, showToUser, resume}, record, "enter L, work, error 13 (fails)", 72},
-        {{propagate}, lastNumber, "enter L, work, error 13", 73},
-        {{showToUser}, show, "enter L, work, error 13, handled, show 7 (fails)", 74},
-        {{recover, closeDialog, showToUser}, handler, "enter L, work, error 13, handled", 75},
-        {{propagate, recover, closeDialog, showToUser, resume}, trace, "", 91},
-        {{ignore}, trace, "work, more", 0},
+    struct Row {
+        std::string_view name; // what fails
+        std::vector<Shape> shapes;
+        const char* lines;
+        std::int32_t raised = 0;
     };
-    for (const auto& [shapes, failing, lines, raised] : rows) {
-        for (const Shape shape : shapes) {
-            SCOPED_TRACE("shape " + std::to_string(shape) + ", failing " + std::to_string(failing));
+    const std::vector<Shape> all = {propagate, recover, closeDialog, showToUser, resume, ignore};
+    const std::vector<Shape> allButIgnore(all.begin(), all.end() - 1);
+    // clang-format off
+    const Row rows[] = {
+        {"nothing", all, "enter L, work, more, exit L"},
+        {"the body", {propagate}, "enter L, work, error 13", 13},
+        {"the body", {recover, closeDialog}, "enter L, work, error 13, handled"},
+        {"the body", {showToUser}, "enter L, work, error 13, handled, show 7"},
+        {"the body", {resume}, "enter L, work, error 13, more, exit L"},
+        {"the body", {ignore}, "enter L, work, more, exit L"},
+        {"entering", {propagate}, "enter L (fails), error 70", 70},
+        {"entering", {recover, closeDialog}, "enter L (fails), error 70, handled"},
+        {"entering", {showToUser}, "enter L (fails), error 70, handled, show 7"},
+        {"entering", {resume}, "enter L (fails), error 70, work, more, exit L"},
+        {"entering", {ignore}, "enter L (fails), work, more, exit L"},
+        {"leaving", {propagate}, "enter L, work, more, exit L (fails), error 71", 71},
+        {"leaving", {recover, closeDialog}, "enter L, work, more, exit L (fails), error 71, handled"},
+        {"leaving", {showToUser}, "enter L, work, more, exit L (fails), error 71, handled, show 7"},
+        {"leaving", {resume}, "enter L, work, more, exit L (fails), error 71"},
+        {"leaving", {ignore}, "enter L, work, more, exit L (fails)"},
+        {"recording", allButIgnore, "enter L, work, error 13 (fails)", 72},
+        {"reading the number", {propagate}, "enter L, work, error 13", 73},
+        {"showing", {showToUser}, "enter L, work, error 13, handled, show 7 (fails)", 74},
+        {"the handler", {recover, closeDialog, showToUser}, "enter L, work, error 13, handled", 75},
+        {"no trace", allButIgnore, "", 91},
+        {"no trace", {ignore}, "work, more"},
+    };
+    // clang-format on
+    forEachRow(rows, [](const Row& row) {
+        for (const Shape shape : row.shapes) {
+            SCOPED_TRACE(kShapeNames[shape]);
             ScopedTrace object;
-            switch (failing) {
-            case enter: object->failNext(TraceCall::enter, 70); break;
-            case exitCall: object->failNext(TraceCall::exit, 71); break;
-            case record: object->failNext(TraceCall::error, 72); break;
-            case lastNumber: object->failNext(TraceCall::lastErrorNumber, 73); break;
-            case show: object->failNext(TraceCall::show, 74); break;
-            case trace: gobjTrace = nullptr; break;
-            default: break;
+            if (row.name == "entering") {
+                object->failNext(TraceCall::enter, 70);
+            } else if (row.name == "leaving") {
+                object->failNext(TraceCall::exit, 71);
+            } else if (row.name == "recording") {
+                object->failNext(TraceCall::error, 72);
+            } else if (row.name == "reading the number") {
+                object->failNext(TraceCall::lastErrorNumber, 73);
+            } else if (row.name == "showing") {
+                object->failNext(TraceCall::show, 74);
+            } else if (row.name == "no trace") {
+                gobjTrace = nullptr;
             }
-            EXPECT_EQ(raisedBy([&, &failing = failing] { runShape(shape, *object.trace(), failing); }).number, raised);
-            EXPECT_EQ(joined(object->lines()), lines);
+            EXPECT_EQ(raisedBy([&] { runShape(shape, *object.trace(), row.name); }).number, row.raised);
+            EXPECT_EQ(joined(object->lines()), row.lines);
             for (const std::int32_t number : object->numbersSince(0)) {
                 object->declareError(number);
             }
         }
-    }
+    });
 }
 
 struct OneClass final : ui::ComponentFactory {
@@ -129,19 +143,26 @@ struct OneClass final : ui::ComponentFactory {
 TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
 {
     icu::IcuLocaleService locale{icu::LocaleNames{}};
-    for (const auto& [name, make, number] : Rows<const char*, OneClass::Make, std::int32_t>{
-             {"missing", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(429, "src", "no class"); }, 429},
-             {"own number", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(-5, "src", "x"); }, -5},
-             {"foreign type", []() -> std::shared_ptr<ui::Component> { throw std::runtime_error("x"); }, 440},
-             {"wrong kind", [] { return std::make_shared<ui::Component>(); }, 430}}) {
+    struct Row {
+        const char* name;
+        OneClass::Make make;
+        std::int32_t number;
+    };
+    const Row rows[] = {
+        {"missing", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(429, "src", "no class"); }, 429},
+        {"own number", []() -> std::shared_ptr<ui::Component> { throw RuntimeError(-5, "src", "x"); }, -5},
+        {"foreign type", []() -> std::shared_ptr<ui::Component> { throw std::runtime_error("x"); }, 440},
+        {"wrong kind", [] { return std::make_shared<ui::Component>(); }, 430},
+    };
+    forEachRow(rows, [&](const Row& row) {
         for (int thread = 0; thread < 2; ++thread) { // each thread is told
-            SCOPED_TRACE(name);
-            inFreshThread([&, &make = make, &number = number] {
-                OneClass factory(make);
+            inFreshThread([&] {
+                SCOPED_TRACE(row.name); // which belongs to its thread
+                OneClass factory(row.make);
                 headless::HeadlessPlatform platform(locale, factory);
                 platform.messageBox().answer(ui::MessageResult::ok);
                 const Raised error = raisedBy([&] { enterLibrary(platform); });
-                EXPECT_EQ(error.number, number);
+                EXPECT_EQ(error.number, row.number);
                 EXPECT_EQ(error.source + error.description, "");
                 EXPECT_NO_THROW(enterLibrary(platform)) << "tried again in the same thread";
                 EXPECT_EQ(factory.asked, 1);
@@ -155,10 +176,10 @@ TEST(Main, TellsOnceThatThereIsNoTraceAndRaisesTheNumberAlone)
                 EXPECT_EQ(raisedBy([] { tracePropagate("L", [] {}); }).number, 91);
             });
         }
-    }
+    });
 }
 
-/// What a static does that outlives its thread's trace object.
+/// A static that asks for the trace object when the thread has let that go.
 struct LateUser {
     std::int32_t* raised = nullptr;
     ~LateUser()
@@ -171,7 +192,7 @@ struct LateUser {
     }
 };
 
-TEST(Main, WhoOutlivesTheThreadFindsNoTrace)
+TEST(Main, AStaticThatOutlivesTheTraceObjectFindsNone)
 {
     std::int32_t raised = 0;
     inFreshThread([&] {

@@ -36,7 +36,7 @@ public:
     }
 
     /// Any number of procedures of that label may leave without reporting their exit.
-    void allowNoExit(std::string sLabel) { allowedNoExits_.insert(std::move(sLabel)); }
+    void allowNoExit(std::string label) { allowedNoExits_.insert(std::move(label)); }
 
     /// Adds a line of the test's own, to see what happened between the calls.
     void note(std::string line) { lines_.push_back(std::move(line)); }
@@ -79,46 +79,46 @@ public:
         return errors_.empty() ? 0 : errors_.back().number();
     }
 
-    void TraceError(std::string_view sText) override
+    void TraceError(std::string_view text) override
     {
         const RuntimeError error = currentError();
         if (!open_.empty()) {
             ++open_.back().errors; // ended even when told to fail, as in TraceExit
         }
-        write(TraceCall::error, "error " + std::to_string(error.number()) + std::string(sText));
+        write(TraceCall::error, "error " + std::to_string(error.number()) + std::string(text));
         errors_.push_back(error);
         if (onError) {
             onError();
         }
     }
 
-    void TraceEnter(std::string_view sLabel) override
+    void TraceEnter(std::string_view label) override
     {
-        failedEnters_.emplace_back(sLabel);
-        if (sLabel == failingLabel_.first) {
-            lines_.push_back("enter " + std::string(sLabel) + " (fails)");
+        failedEnters_.emplace_back(label);
+        if (label == failingLabel_.first) {
+            lines_.push_back("enter " + std::string(label) + " (fails)");
             throw RuntimeError(failingLabel_.second, "RecordingTrace", "told to fail");
         }
-        write(TraceCall::enter, "enter " + std::string(sLabel));
+        write(TraceCall::enter, "enter " + std::string(label));
         failedEnters_.pop_back();
-        open_.push_back({std::string(sLabel), 0});
+        open_.push_back({std::string(label), 0});
     }
 
-    void TraceExit(std::string_view sLabel) override
+    void TraceExit(std::string_view label) override
     {
         // Ended even when told to fail: the procedure did report its exit.
-        const auto innermost = std::find_if(open_.rbegin(), open_.rend(),
-                                            [&](const Open& procedure) { return procedure.label == sLabel; });
+        const auto innermost =
+            std::find_if(open_.rbegin(), open_.rend(), [&](const Open& procedure) { return procedure.label == label; });
         if (innermost == open_.rend()) {
             // A procedure that resumes reports its exit also after its enter has failed.
-            if (std::erase(failedEnters_, sLabel) == 0) {
-                found_.push_back("exit without enter: " + std::string(sLabel));
+            if (std::erase(failedEnters_, label) == 0) {
+                found_.push_back("exit without enter: " + std::string(label));
             }
         } else {
             closeDownTo(static_cast<std::size_t>(open_.rend() - innermost));
             open_.pop_back();
         }
-        write(TraceCall::exit, "exit " + std::string(sLabel));
+        write(TraceCall::exit, "exit " + std::string(label));
     }
 
     std::int32_t AppErrorNumber() override { return 1000; }
@@ -174,12 +174,12 @@ private:
 /// there for each line of unpaired(). A component factory of the test hands out trace().
 class ScopedTrace {
 public:
-    ScopedTrace() : before_(std::exchange(gobjTrace, trace_)) {}
+    ScopedTrace() : previous_(std::exchange(gobjTrace, trace_)) {}
     ScopedTrace(const ScopedTrace&) = delete;
     ScopedTrace& operator=(const ScopedTrace&) = delete;
     ~ScopedTrace()
     {
-        gobjTrace = before_;
+        gobjTrace = previous_;
         for (const std::string& line : trace_->unpaired()) {
             ADD_FAILURE() << "trace: " << line;
         }
@@ -190,7 +190,7 @@ public:
 
 private:
     std::shared_ptr<RecordingTrace> trace_ = std::make_shared<RecordingTrace>();
-    std::shared_ptr<Trace> before_;
+    std::shared_ptr<Trace> previous_;
 };
 
 } // namespace orvan::test

@@ -3,6 +3,7 @@
 #include "orvan/ui/headless/HeadlessPlatform.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,8 @@
 namespace orvan {
 namespace {
 
-using test::Rows;
+using test::Example;
+using test::forEachRow;
 
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
@@ -44,20 +46,17 @@ class TraceLogTest : public testing::Test {
 protected:
     TraceLogTest()
     {
-        std::string name = testing::TempDir() + "orvan-trace-XXXXXX";
-        directory = ::mkdtemp(name.data());
-        options.file = directory / "trace.log";
+        options.file = folder / "trace.log";
         options.report = [this](std::string_view text) { reports.emplace_back(text); };
         messageBox.onWaiting = [&](const ui::Message&) { messageBox.answer(ui::MessageResult::ok); };
     }
-    ~TraceLogTest() override { fs::remove_all(directory); }
 
     std::shared_ptr<Trace> makeTrace()
     {
         return std::dynamic_pointer_cast<Trace>(traceLogFactory(options, messageBox)());
     }
 
-    fs::path directory;
+    test::TemporaryFolder folder;
     TraceLogOptions options;
     std::vector<std::string> reports;
     headless::HeadlessMessageBox messageBox;
@@ -70,31 +69,33 @@ void fail()
 
 TEST_F(TraceLogTest, EveryCallLeavesItsLineAtItsDepth)
 {
-    // "+A" enters, "-A" leaves, "!" records an error.
-    for (const auto& [calls, depths] : Rows<const char*, const char*>{
-             {"+A +B +C ! ! !", "0 1 2 2 1 0"},             // a failing chain is recorded on the way up
-             {"+A +B ! +R -R +C -C -A", "0 1 1 1 1 1 1 0"}, // a recovering procedure ends, its caller goes on
-             {"+A +B ! ! -B +C -C -A", "0 1 1 0 1 1 1 0"},  // one that resumes exits after its errors
-             {"+A +left +B -B -A", "0 1 2 2 0"},            // an exit closes what was left open within
-             {"+A -other +B -B -A", "0 1 1 1 0"},           // an exit under a label of nobody changes nothing
-             {"+A +A ! -A +B -B", "0 1 1 0 0 0"},           // of two equal labels the open one is closed
-             {"! ! +B -B", "0 0 0 0"}}) {                   // errors of nobody do not go below zero
-        options.file = directory / calls;
+    // "+A" enters, "-A" leaves, "!" records an error; the result is the depth of each line.
+    const Example rows[] = {
+        {"+A +B +C ! ! !", "0 1 2 2 1 0"},             // a failing chain is recorded on the way up
+        {"+A +B ! +R -R +C -C -A", "0 1 1 1 1 1 1 0"}, // a recovering procedure ends, its caller goes on
+        {"+A +B ! ! -B +C -C -A", "0 1 1 0 1 1 1 0"},  // one that resumes exits after its errors
+        {"+A +left +B -B -A", "0 1 2 2 0"},            // an exit closes what was left open within
+        {"+A -other +B -B -A", "0 1 1 1 0"},           // an exit under an unknown label changes nothing
+        {"+A +A ! -A +B -B", "0 1 1 0 0 0"},           // of two equal labels the open one is closed
+        {"! ! +B -B", "0 0 0 0"},                      // errors outside of procedures do not go below zero
+    };
+    forEachRow(rows, [&](const Example& row) {
+        options.file = folder / row.text;
         auto trace = makeTrace();
-        std::istringstream words(calls);
+        std::istringstream words(row.text);
         for (std::string word; words >> word;) {
             word == "!"      ? test::traceErrorOf(*trace, 13)
             : word[0] == '+' ? trace->TraceEnter(word.substr(1))
                              : trace->TraceExit(word.substr(1));
         }
         trace.reset(); // closes the file
-        std::string found;
+        std::string depths;
         for (const Lines lines = linesOf(options.file)[""]; const std::string& line : lines) {
-            found.append(found.empty() ? "" : " ").append(std::to_string(std::stoi(line)));
+            depths.append(depths.empty() ? "" : " ").append(std::to_string(std::stoi(line)));
         }
-        EXPECT_EQ(found, depths) << calls;
-    }
-    options.file = directory / "texts";
+        EXPECT_EQ(depths, row.result);
+    });
+    options.file = folder / "texts";
     gobjTrace = makeTrace();
     traceShowToUser(
         "A", [] { tracePropagate("two\nlines\t\x7F", fail); }, [] { return 77; });
@@ -170,15 +171,15 @@ TEST_F(TraceLogTest, RotationKeepsTheNewestLinesWithinTheSizes)
     options.maxFileSize = 3000;
     options.maxFiles = 2;
     const auto first = makeTrace();
-    options.file = directory / "." / "trace.log";
+    options.file = folder / "." / "trace.log";
     const auto second = makeTrace(); // shares it: two streams would rotate it from under each other
     for (int i = 0; i < 1000; ++i) {
         (i % 2 == 0 ? first : second)->TraceError(std::to_string(i));
     }
     int next = -1;
     for (const char* name : {"trace.2.log", "trace.1.log", "trace.log"}) {
-        EXPECT_LE(fs::file_size(directory / name), options.maxFileSize) << name;
-        const Lines lines = linesOf(directory / name)[""];
+        EXPECT_LE(fs::file_size(folder / name), options.maxFileSize) << name;
+        const Lines lines = linesOf(folder / name)[""];
         for (const std::string& line : lines) {
             const int number = std::stoi(line.substr(line.rfind(' ')));
             EXPECT_EQ(number, next < 0 ? number : next) << name;
@@ -186,25 +187,33 @@ TEST_F(TraceLogTest, RotationKeepsTheNewestLinesWithinTheSizes)
         }
     }
     EXPECT_EQ(next, 1000);
-    EXPECT_FALSE(fs::exists(directory / "trace.3.log"));
+    EXPECT_FALSE(fs::exists(folder / "trace.3.log"));
 }
 
 TEST_F(TraceLogTest, FileThatCannotBeWrittenIsReportedOnce)
 {
-    std::ofstream(directory / "file") << "no directory";
+    std::ofstream(folder / "file") << "no directory";
     options.report = [this](std::string_view text) {
         reports.emplace_back(text);
         makeTrace()->TraceError("from the report"); // must not wait for itself
         throw RuntimeError(5);
     };
-    for (const auto& [file, maxFileSize] : Rows<fs::path, std::size_t>{{directory / "file" / "trace.log", 1000},
-                                                                       {"", 1000},
-                                                                       {"/dev/full", 1000},
-                                                                       {directory, 1000},
-                                                                       {directory / "zero.log", 0}}) {
+    struct Row {
+        const char* name;
+        fs::path file;
+        std::size_t maxFileSize = 1000;
+    };
+    const Row rows[] = {
+        {.name = "below a file", .file = folder / "file" / "trace.log"},
+        {.name = "no name", .file = ""},
+        {.name = "full disk", .file = "/dev/full"},
+        {.name = "a folder", .file = folder.path()},
+        {.name = "no size", .file = folder / "zero.log", .maxFileSize = 0},
+    };
+    forEachRow(rows, [&](const Row& row) {
         reports.clear();
-        options.file = file;
-        options.maxFileSize = maxFileSize;
+        options.file = row.file;
+        options.maxFileSize = row.maxFileSize;
         const auto trace = makeTrace();
         const auto second = makeTrace();
         for (int i = 0; i < 100; ++i) {
@@ -212,48 +221,63 @@ TEST_F(TraceLogTest, FileThatCannotBeWrittenIsReportedOnce)
             test::traceErrorOf(*trace, 13);
             second->TraceError("");
         }
-        EXPECT_EQ(trace->LastErrorNumber(), 13) << file;
-        ASSERT_EQ(reports.size(), 1U) << file;
-        EXPECT_NE(reports[0].find('"' + file.string() + '"'), std::string::npos) << reports[0];
-    }
+        EXPECT_EQ(trace->LastErrorNumber(), 13);
+        ASSERT_EQ(reports.size(), 1U);
+        EXPECT_NE(reports[0].find('"' + row.file.string() + '"'), std::string::npos) << reports[0];
+    });
 }
 
 TEST_F(TraceLogTest, FilesOfProcessesLongGoneAreRemoved)
 {
     const std::string living = "trace-" + std::to_string(::getppid()) + ".log";
-    const Rows<std::string, int, bool> rows = {{"trace-99999999.log", 8, false},  {"trace-99999999.2.log", 8, false},
-                                               {"trace-99999998.log", 6, true},   {living, 8, true},
-                                               {"trace-.log", 8, true},           {"trace-99999999.txt", 8, true},
-                                               {"trace-99999999.x.log", 8, true}, {"notes.log", 8, true}};
-    for (const auto& [name, days, kept] : rows) {
-        std::ofstream(directory / name) << "old";
-        fs::last_write_time(directory / name, fs::file_time_type::clock::now() - std::chrono::hours(24 * days));
+    struct Row {
+        std::string name;
+        int days;
+        bool kept;
+    };
+    const Row rows[] = {
+        {.name = "trace-99999999.log", .days = 8, .kept = false},
+        {.name = "trace-99999999.2.log", .days = 8, .kept = false},
+        {.name = "trace-99999998.log", .days = 6, .kept = true},
+        {.name = living, .days = 8, .kept = true},
+        {.name = "trace-.log", .days = 8, .kept = true},
+        {.name = "trace-99999999.txt", .days = 8, .kept = true},
+        {.name = "trace-99999999.x.log", .days = 8, .kept = true},
+        {.name = "notes.log", .days = 8, .kept = true},
+    };
+    for (const Row& row : rows) {
+        std::ofstream(folder / row.name) << "old";
+        fs::last_write_time(folder / row.name, fs::file_time_type::clock::now() - std::chrono::hours(24 * row.days));
     }
     makeTrace()->TraceError("");
-    EXPECT_TRUE(fs::exists(directory / "trace-99999999.log")) << "a host's own file name tidies nothing";
-    options.file = directory / ("trace-" + std::to_string(::getpid()) + ".log");
+    EXPECT_TRUE(fs::exists(folder / "trace-99999999.log")) << "a host's own file name tidies nothing";
+    options.file = folder / ("trace-" + std::to_string(::getpid()) + ".log");
     makeTrace()->TraceError("");
-    for (const auto& [name, days, kept] : rows) {
-        EXPECT_EQ(fs::exists(directory / name), kept) << name;
-    }
+    forEachRow(rows, [&](const Row& row) { EXPECT_EQ(fs::exists(folder / row.name), row.kept); });
 }
 
 TEST_F(TraceLogTest, DefaultFileIsInTheUsersStateDirectory)
 {
     const char* const variable = std::getenv("HOME");
-    const std::string before = variable == nullptr ? "" : variable;
+    const std::string homeBefore = variable == nullptr ? "" : variable;
     const std::string own = "/orvan/trace-" + std::to_string(::getpid()) + ".log";
-    for (const auto& [state, home, file] :
-         Rows<const char*, const char*, std::string>{{"/s", "/h", "/s" + own},
-                                                     {"", "/h", "/h/.local/state" + own},
-                                                     {"relative", "/h", "/h/.local/state" + own},
-                                                     {"", "", ""}}) {
-        ::setenv("XDG_STATE_HOME", state, 1);
-        ::setenv("HOME", home, 1);
-        EXPECT_EQ(defaultTraceFile().string(), file) << state << " " << home;
-    }
-    ::setenv("HOME", before.c_str(), 1);
-    ::unsetenv("XDG_STATE_HOME"); // nothing else here looks at it
+    struct Row {
+        const char *name, *state, *home;
+        std::string file;
+    };
+    const Row rows[] = {
+        {"state folder set", "/s", "/h", "/s" + own},
+        {"state folder empty", "", "/h", "/h/.local/state" + own},
+        {"state folder relative", "relative", "/h", "/h/.local/state" + own},
+        {"nothing set", "", "", ""},
+    };
+    forEachRow(rows, [](const Row& row) {
+        ::setenv("XDG_STATE_HOME", row.state, 1);
+        ::setenv("HOME", row.home, 1);
+        EXPECT_EQ(defaultTraceFile().string(), row.file);
+    });
+    ::setenv("HOME", homeBefore.c_str(), 1);
+    ::unsetenv("XDG_STATE_HOME"); // nothing else in this program looks at it
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "tests/support/Raised.h"
-#include "tests/support/Rows.h"
 #include "tests/support/ViewFixture.h"
 
 #include <algorithm>
@@ -82,13 +81,13 @@ TEST_F(ProductViewMenusTest, EveryPairOfFieldsIsChosenInBothOrdersAndStaysAfterA
                 // The field that is chosen first must not be the other column's.
                 const bool blocked = first == 0 ? one == kExtPrice : two == kQty;
                 start((blocked ? "5~3" : "4~1") + kWidths);
-                const std::pair before{width(2), width(3)};
+                const std::pair widthsBefore{width(2), width(3)};
                 const int painted = view->flexGrid().paintCount();
                 choose(first, first == 0 ? one : two);
                 EXPECT_EQ(view->flexGrid().paintCount(), painted + 1);
                 choose(1 - first, first == 0 ? two : one);
                 expectShown(one, two);
-                EXPECT_EQ((std::pair{width(2), width(3)}), before) << "the places keep their widths";
+                EXPECT_EQ((std::pair{width(2), width(3)}), widthsBefore) << "the places keep their widths";
                 // Read by place before the chosen two are moved, which then take along what they got.
                 const std::pair afterwards{width(kFields[one].place), width(kFields[two].place)};
                 std::string stored = std::to_string(one) + '~' + std::to_string(two) + '~' + widths();
@@ -105,7 +104,7 @@ TEST_F(ProductViewMenusTest, EveryPairOfFieldsIsChosenInBothOrdersAndStaysAfterA
 
 TEST_F(ProductViewMenusTest, TheOtherColumnsFieldAndRightClicksElsewhereChooseNothing)
 {
-    trace->declareError(1000, 2); // a field that there is none of: the defaults
+    trace->declareError(1000, 2); // there is no field 9, so the defaults are taken
     start("6~9~300");
     expectShown(kQty, kExtPrice);
     EXPECT_EQ(errorOf([&] { choose(0, kExtPrice); }), 5);
@@ -113,8 +112,8 @@ TEST_F(ProductViewMenusTest, TheOtherColumnsFieldAndRightClicksElsewhereChooseNo
     choose(0, kQty); // its own field, which is offered
     EXPECT_EQ(storedPrefs(), "4~1~250^960^700^700^700^700^700^700^700");
     const std::size_t traced = trace->lines().size();
-    for (const auto& [row, column] :
-         Rows<std::int32_t, std::int32_t>{{0, 0}, {0, 1}, {0, -1}, {1, 2}, {1, 3}, {1, -1}, {-1, 2}, {-1, -1}}) {
+    for (const auto& [row, column] : {std::pair(0, 0), std::pair(0, 1), std::pair(0, -1), std::pair(1, 2),
+                                      std::pair(1, 3), std::pair(1, -1), std::pair(-1, 2), std::pair(-1, -1)}) {
         view->flexGrid().rightClick(row, column);
         EXPECT_FALSE(menu(0).isUp() || menu(1).isUp()) << row << ' ' << column;
     }

@@ -20,48 +20,51 @@ public:
 
 TEST_F(ProductViewPrefsTest, StoredValuesAreAppliedOrReplacedByTheDefaults)
 {
-    const char* const kDefaults = "250 960 700 700 700 700 700 700 700";
-    const Rows<const char*, const char*, const char*, std::vector<std::int32_t>> rows = {
-        {"", kDefaultColumns, kDefaults, {}},
-        {"4~1~250^1800^700^700^700^700^700^700^700", kDefaultColumns, "250 1800 700 700 700 700 700 700 700", {}},
-        {"2~5", kDefaultColumns, kDefaults, {}},
-        {"4~1~250~9", kDefaultColumns, kDefaults, {}},
-        {"~", kDefaultColumns, kDefaults, {}},
-        {"~1~700", kDefaultColumns, kDefaults, {13}},
-        {"x~1~700", kDefaultColumns, kDefaults, {13}},
-        {"99999999999~1~300", kDefaultColumns, kDefaults, {6}},
-        {"3~0~300^2000",
-         "Number Name UnitPrice PartNum [Qty] [ExtPrice] [Key] [DiscPrcnt] [Note]",
-         "300 2000 960 960 960 960 960 960 960",
-         {}},
-        {"6~1~300^2000", kDefaultColumns, kDefaults, {1000, 1000}},
-        {"4~-1~300", kDefaultColumns, kDefaults, {1000, 1000}},
-        // The second of two equal fields moves the first one's column on.
-        {"4~4~250",
-         "Number Name [ExtPrice] Qty [Key] [PartNum] [DiscPrcnt] [UnitPrice] [Note]",
-         "250 960 960 960 960 960 960 960 960",
-         {}},
-        {"4~1~", kDefaultColumns, "250 960 960 960 960 960 960 960 960", {}},
-        {"4~1~^700", kDefaultColumns, kDefaults, {13}},
-        {"4~1~300^-1^50", kDefaultColumns, "300 960 700 700 700 700 700 700 700", {380}},
-        {"4~1~300.5^700.51", kDefaultColumns, "300 701 960 960 960 960 960 960 960", {}},
-        {"4~1~300^4294967296", kDefaultColumns, "300 960 700 700 700 700 700 700 700", {6}},
-        {"4~1~300^400^1^2^3^4^5^6^7^8", kDefaultColumns, "300 400 700 700 700 700 700 700 700", {9}},
-        {" 4 ~1~300", kDefaultColumns, "300 960 960 960 960 960 960 960 960", {}},
+    using Errors = std::vector<std::int32_t>;
+    struct Row {
+        const char* text;
+        const char* columns = kDefaultColumns;
+        const char* widths = "250 960 700 700 700 700 700 700 700";
+        Errors errors = {};
     };
-    for (const auto& [stored, keys, itsWidths, errors] : rows) {
-        SCOPED_TRACE(stored);
-        const std::size_t before = trace->errors().size();
-        for (const std::int32_t error : errors) {
+    // clang-format off
+    const Row rows[] = {
+        {.text = ""},
+        {.text = "4~1~250^1800^700^700^700^700^700^700^700", .widths = "250 1800 700 700 700 700 700 700 700"},
+        {.text = "2~5"},
+        {.text = "4~1~250~9"},
+        {.text = "~"},
+        {.text = "~1~700", .errors = {13}},
+        {.text = "x~1~700", .errors = {13}},
+        {.text = "99999999999~1~300", .errors = {6}},
+        {.text = "3~0~300^2000", .columns = "Number Name UnitPrice PartNum [Qty] [ExtPrice] [Key] [DiscPrcnt] [Note]",
+         .widths = "300 2000 960 960 960 960 960 960 960"},
+        {.text = "6~1~300^2000", .errors = {1000, 1000}},
+        {.text = "4~-1~300", .errors = {1000, 1000}},
+        // The second of two equal fields moves the first one's column on.
+        {.text = "4~4~250", .columns = "Number Name [ExtPrice] Qty [Key] [PartNum] [DiscPrcnt] [UnitPrice] [Note]",
+         .widths = "250 960 960 960 960 960 960 960 960"},
+        {.text = "4~1~", .widths = "250 960 960 960 960 960 960 960 960"},
+        {.text = "4~1~^700", .errors = {13}},
+        {.text = "4~1~300^-1^50", .widths = "300 960 700 700 700 700 700 700 700", .errors = {380}},
+        {.text = "4~1~300.5^700.51", .widths = "300 701 960 960 960 960 960 960 960"},
+        {.text = "4~1~300^4294967296", .widths = "300 960 700 700 700 700 700 700 700", .errors = {6}},
+        {.text = "4~1~300^400^1^2^3^4^5^6^7^8", .widths = "300 400 700 700 700 700 700 700 700", .errors = {9}},
+        {.text = " 4 ~1~300", .widths = "300 960 960 960 960 960 960 960 960"},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
+        const std::size_t recordedBefore = trace->errors().size();
+        for (const std::int32_t error : row.errors) {
             trace->declareError(error);
         }
-        storePrefs(stored);
+        storePrefs(row.text);
         makeView();
-        EXPECT_EQ(columns(), keys);
-        EXPECT_EQ(widths(), itsWidths);
-        EXPECT_EQ(trace->numbersSince(before), errors);
-        EXPECT_EQ(storedPrefs(), stored) << "reading writes nothing";
-    }
+        EXPECT_EQ(columns(), row.columns);
+        EXPECT_EQ(widths(), row.widths);
+        EXPECT_EQ(trace->numbersSince(recordedBefore), row.errors);
+        EXPECT_EQ(storedPrefs(), row.text) << "reading writes nothing";
+    });
 }
 
 TEST_F(ProductViewPrefsTest, AResizeIsKeptForItsHostFormAndSeedsOnlyWhatIsNotStored)

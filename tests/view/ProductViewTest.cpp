@@ -99,14 +99,14 @@ TEST_F(ProductViewTest, EveryFailingManagerCallIsRaisedAndRecovered)
     faults.failAtCall = 0;
 }
 
-TEST_F(ProductViewTest, AManagerMayStopOrMoveTheWalk)
+TEST_F(ProductViewTest, AManagerMayEndTheListOrMoveTheIndex)
 {
     makeView();
     view->Show(kThreeProducts);
     faults.notFoundFrom = 3;
     view->Show("3~A:::0:1:0:0:~B:::0:1:0:0:~C:::0:1:0:0:~");
     EXPECT_EQ(row(2), "2 | B | 1 | $0.00");
-    EXPECT_EQ(row(3), "3 | Chair | 1 | $875.00") << "rows after the stop stay as they were";
+    EXPECT_EQ(row(3), "3 | Chair | 1 | $875.00") << "rows behind the end stay as they were";
 
     faults = {.seekMovesBy = 1, .managersAlive = faults.managersAlive};
     view->Show("4~A:::0:1:0:0:~B:::0:1:0:0:~C:::0:1:0:0:~D:::0:1:0:0:~");
@@ -131,20 +131,30 @@ TEST_F(ProductViewTest, LayoutFollowsTheSize)
     makeView();
     const auto& left = view->surface().control<ui::Frame>("fraBottomLeft");
     const auto& right = view->surface().control<ui::Frame>("fraBottomRight");
-    for (const auto& [what, width, height, gridWidth, gridHeight, bandTop, rightEdge] :
-         Rows<const char*, float, float, float, float, float, float>{
-             {"tall", 6000, 3000, 6000, 2565, 2625, 6000},
-             {"wider", 9000.5F, 3000, 9000.5F, 2565, 2625, 9000.5F},
-             {"just the band", 6000, 435, 6000, 0, 60, 6000},
-             {"lower than the band: the grid stays", 700, 400, 6000, 0, 60, 6000},
-             {"narrower than the buttons", 700, 1000, 700, 565, 625, 700},
-             {"beyond measure: nothing moves", HUGE_VALF, 1000, 700, 565, 625, 700}}) {
-        view->surface().resize(width, height);
+    struct Row {
+        const char* name;
+        float width, height, gridWidth, gridHeight, bandTop;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {.name = "tall", .width = 6000, .height = 3000, .gridWidth = 6000, .gridHeight = 2565, .bandTop = 2625},
+        {.name = "wider", .width = 9000.5F, .height = 3000, .gridWidth = 9000.5F, .gridHeight = 2565, .bandTop = 2625},
+        {.name = "just the band", .width = 6000, .height = 435, .gridWidth = 6000, .gridHeight = 0, .bandTop = 60},
+        {.name = "lower than the band: the grid stays", .width = 700, .height = 400, .gridWidth = 6000,
+         .gridHeight = 0, .bandTop = 60},
+        {.name = "narrower than the buttons", .width = 700, .height = 1000, .gridWidth = 700,
+         .gridHeight = 565, .bandTop = 625},
+        {.name = "beyond measure: nothing moves", .width = HUGE_VALF, .height = 1000, .gridWidth = 700,
+         .gridHeight = 565, .bandTop = 625},
+    };
+    // clang-format on
+    forEachRow(rows, [&](const Row& row) {
+        view->surface().resize(row.width, row.height);
+        const float rightEdge = std::isinf(row.width) ? 700 : row.width;
         EXPECT_THAT((std::vector{view->flexGrid().width(), view->flexGrid().height(), left.left(), left.top(),
                                  right.left(), right.top()}),
-                    ElementsAre(gridWidth, gridHeight, 0, bandTop, rightEdge - right.width(), bandTop))
-            << what;
-    }
+                    ElementsAre(row.gridWidth, row.gridHeight, 0, row.bandTop, rightEdge - right.width(), row.bandTop));
+    });
 }
 
 /// Every step of loading and ending ignores errors, those of the trace included.

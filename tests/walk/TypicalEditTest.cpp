@@ -1,15 +1,11 @@
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/hosting/HeadlessProductView.h"
 #include "orvan/ui/headless/HeadlessForm.h"
+#include "tests/support/TemporaryFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
-
-#include <unistd.h>
 
 namespace orvan {
 namespace {
@@ -104,28 +100,25 @@ std::vector<std::string> traced(const std::filesystem::path& path)
 
 TEST(TypicalEdit, GivesTheSameProductsAndTraceAsInARealWindow)
 {
-    std::string folder = testing::TempDir() + "orvan-edit-XXXXXX";
-    ASSERT_TRUE(::mkdtemp(folder.data()));
-    const std::filesystem::path directory(folder);
+    const test::TemporaryFolder folder;
     const std::filesystem::path source(ORVAN_SOURCE_ROOT);
     HostOptions options;
-    options.components.catalogue.file = directory / "products.catalogue";
-    options.components.trace.file = directory / "trace.log";
+    options.components.catalogue.file = folder / "products.catalogue";
+    options.components.trace.file = folder / "trace.log";
     importCatalogue(source / "apps/orvan-desk/samples/products.csv", options.components.catalogue.file);
     Sections sections = readSections(source / "tests/walk/typical_edit.txt");
     HeadlessHost host(options);
     HeadlessProductView view(host.platform());
     view.Show(sections["list"].front());
-    const std::size_t before = traced(options.components.trace.file).size();
+    const std::size_t tracedBefore = traced(options.components.trace.file).size();
     Player(view, host.platform(), sections["steps"]).play();
     const std::string products = view.Products();
 
     std::vector<std::string> lines = traced(options.components.trace.file);
-    lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(before));
-    lines.resize(lines.size() - 2); // reading the products
+    lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(tracedBefore));
+    lines.resize(lines.size() - 2); // without the two lines of reading the products
     EXPECT_EQ(products, sections["products"].front());
     EXPECT_EQ(lines, sections["trace"]);
-    std::filesystem::remove_all(directory);
 }
 
 } // namespace
