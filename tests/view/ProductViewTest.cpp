@@ -1,3 +1,4 @@
+#include "orvan/ui/Frame.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ViewFixture.h"

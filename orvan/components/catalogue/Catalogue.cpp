@@ -32,6 +32,17 @@ struct FileIdentity {
     bool exists;
 };
 
+LookUpValue valueOf(const SqliteRows& rows, int column)
+{
+    switch (rows.type(column)) {
+    case SqliteType::null: return {};
+    case SqliteType::integer: return rows.integer(column);
+    case SqliteType::real: return rows.real(column);
+    case SqliteType::text: break;
+    }
+    return std::string(rows.text(column));
+}
+
 } // namespace
 
 /// The lists of one column. INDEXED BY: a file without the index is refused, not read from end to end.
@@ -148,7 +159,7 @@ void SqliteCatalogue::SeekItem(std::int32_t lItemId)
     std::vector<LookUpValue> values;
     values.reserve(kColumns);
     for (int column = 0; column < kColumns; ++column) {
-        values.push_back(found.value(column));
+        values.push_back(valueOf(found, column));
     }
     LookUpValue& unitPrice = values[kUnitPriceColumn];
     if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {

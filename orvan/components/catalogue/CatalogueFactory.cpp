@@ -1,3 +1,5 @@
+#include "orvan/components/catalogue/CatalogueFactory.h"
+
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/Catalogue.h"
 #include "orvan/components/catalogue/NoCatalogue.h"
