@@ -9,6 +9,7 @@
 #include "benchmarks/Windows.h"
 #include "orvan/base/Text.h"
 #include "orvan/components/catalogue/CatalogueFactory.h"
+#include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Timer.h"
 

@@ -48,18 +48,18 @@ public:
     explicit SqliteCatalogue(CatalogueOptions options);
     ~SqliteCatalogue() override;
 
-    LookUpList GetPartNumList(std::string_view sText, bool bAll) override;
-    LookUpList GetProductNameList(std::string_view sText, bool bAll) override;
-    void SeekItem(std::int32_t lItemId) override;
+    LookUpList GetPartNumList(std::string_view sText, bool all) override;
+    LookUpList GetProductNameList(std::string_view sText, bool all) override;
+    void SeekItem(std::int32_t itemId) override;
     bool IsEOF() override { return entry_.empty(); }
-    LookUpValue GetFieldValue(std::int32_t iColumn) override;
+    LookUpValue GetFieldValue(std::int32_t column) override;
 
 private:
     struct Column;
     struct File;
 
     File& file();
-    LookUpList list(Column File::*column, std::string_view sText, bool bAll);
+    LookUpList list(Column File::*column, std::string_view sText, bool all);
 
     CatalogueOptions options_;
     std::unique_ptr<File> file_;

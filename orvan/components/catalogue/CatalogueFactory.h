@@ -30,6 +30,6 @@ struct CatalogueOptions {
 /// What a component factory calls to create a catalogue look-up; may be called from any thread. It never
 /// fails because of the file, and neither do the objects it makes: see CatalogueOptions::report. A session
 /// whose catalogue fails goes on without entries; the next one tries the file again.
-std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options);
+[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options);
 
 } // namespace orvan

@@ -15,7 +15,7 @@ namespace orvan {
 
 constexpr std::size_t kByteBlock = 64;
 
-/// For processors without the instructions below.
+/// equalBytes for processors that lack the instructions it uses.
 inline std::uint64_t equalBytesByWords(const char* block, char wanted)
 {
     constexpr std::uint64_t kOnes = 0x0101010101010101;

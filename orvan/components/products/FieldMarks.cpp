@@ -25,7 +25,8 @@ Escapes escapesAmong(std::uint64_t backslashes, std::uint64_t escapedFirst)
 
 FieldMarks::FieldMarks(std::string_view text, char recordSep, char fieldSep, char escape)
 {
-    const std::size_t last = text.size() / kByteBlock; // never a full block: it has the place of the text's end
+    const std::size_t last =
+        text.size() / kByteBlock; // index of the last block; never a full one, because it also marks the text's end
     const std::size_t rest = text.size() % kByteBlock;
     marks_.reset(new Marks[last + 2]); // left as it is: each block is written below (make_unique would fill it first)
     std::uint64_t escapedFirst = 0;

@@ -40,6 +40,7 @@ constexpr Field kFields[] = {
 };
 // clang-format on
 constexpr std::size_t kFieldCount = std::size(kFields);
+static_assert(kFieldCount == 8, "refuseEnd names the number of fields");
 
 bool isSeparator(std::string_view text)
 {

@@ -47,7 +47,7 @@ inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
 /// One file per process: "orvan/trace-<pid>.log" in $XDG_STATE_HOME, or in ~/.local/state where that is
 /// not set. Empty when the user has no home directory: no trace is written then.
-std::filesystem::path defaultTraceFile();
+[[nodiscard]] std::filesystem::path defaultTraceFile();
 
 struct TraceLogOptions {
     std::filesystem::path file = defaultTraceFile();
@@ -60,6 +60,7 @@ struct TraceLogOptions {
 
 /// What a component factory calls to create a trace object. The message box must outlive the last
 /// ShowLastError. Where several factories name one file, the first one's options count.
-std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options, ui::MessageBox& messageBox);
+[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options,
+                                                                              ui::MessageBox& messageBox);
 
 } // namespace orvan
