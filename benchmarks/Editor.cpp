@@ -86,7 +86,7 @@ Side keystrokeAllocations(const Manager& manager)
 {
     return inEditor(manager, [](HeadlessForm& form) {
         constexpr int kKeys = 1'000;
-        std::uint64_t before = 0;
+        std::uint64_t calls = 0;
         for (const char* const text : {"12", ""}) {
             KeyedBox box(form, "txtQty", text);
             for (int key = 0; key < kKeys; ++key) {
@@ -96,9 +96,9 @@ Side keystrokeAllocations(const Manager& manager)
             for (int key = 0; key < kKeys; ++key) {
                 box.press();
             }
-            before += allocationCount() - warm;
+            calls += allocationCount() - warm;
         }
-        return static_cast<double>(before);
+        return static_cast<double>(calls);
     });
 }
 

@@ -8,7 +8,8 @@
 #include "benchmarks/Table.h"
 #include "benchmarks/Windows.h"
 #include "orvan/base/Text.h"
-#include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/CatalogueFactory.h"
+#include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Timer.h"
 

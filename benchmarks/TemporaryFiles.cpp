@@ -11,7 +11,7 @@ const std::filesystem::path& temporaryFiles()
     static const QTemporaryDir directory(QStringLiteral("/var/tmp/orvan-bench-XXXXXX"));
     static const std::filesystem::path path = directory.path().toStdString();
     if (!directory.isValid()) {
-        throw std::runtime_error("there is no room for files: " + directory.errorString().toStdString());
+        throw std::runtime_error("no temporary folder can be made: " + directory.errorString().toStdString());
     }
     return path;
 }

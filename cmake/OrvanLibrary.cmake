@@ -1,4 +1,4 @@
-# One target a folder: the linker holds the direction of includes.
+# One target per folder, so that the linker holds the direction of includes.
 
 include(GNUInstallDirs)
 
@@ -12,10 +12,12 @@ elseif(ORVAN_THREAD_SANITIZE)
     add_link_options(-fsanitize=thread)
 endif()
 
-# orvan_library(<name> SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]): target orvan_<name>, alias orvan::<name>.
+# orvan_library(<name> [PUBLIC_HEADERS ...] SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]): target orvan_<name>, alias
+# orvan::<name>. PUBLIC_HEADERS are what hosts include, and are all that is installed; they include public headers alone
+# (scripts/check_layers_and_documents.py).
 function(orvan_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
-    add_library(orvan_${name} STATIC ${ARG_SOURCES})
+    cmake_parse_arguments(ARG "" "" "PUBLIC_HEADERS;SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    add_library(orvan_${name} STATIC ${ARG_PUBLIC_HEADERS} ${ARG_SOURCES})
     add_library(orvan::${name} ALIAS orvan_${name})
     set_target_properties(orvan_${name} PROPERTIES
         EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
@@ -26,12 +28,10 @@ function(orvan_library name)
     target_include_directories(orvan_${name} PUBLIC
         $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     target_link_libraries(orvan_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
-    file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
-    set(headers ${ARG_SOURCES})
-    list(FILTER headers INCLUDE REGEX "\\.h$")
     if(ORVAN_INSTALL)
+        file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
         install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
-        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+        install(FILES ${ARG_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
     endif()
 endfunction()
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Holds what the compiler does not: the direction of includes, file sizes, and that the documents
-name only what exists. Prints every finding; exits with 1 when there is one."""
+"""Holds what the compiler does not: the direction of includes, that public headers include public headers
+alone, file sizes, and that the documents name only what exists. Prints every finding; exits with 1 when there is one."""
 
 import re
 import sys
@@ -21,8 +21,11 @@ SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
 PLATFORMS = {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"}
 BELOW_PLATFORMS = {"orvan/base", "orvan/files", "orvan/ui"}
 MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|ProductViewWidget))")
+# The example hosts that README shows and the package test builds: they include what is installed, and nothing else.
+INSTALLED_HOSTS = ("apps/quick-host/", "apps/orvan-grid/")
 # The logic uses the standard library alone.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
+INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
 FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
 DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/performance.md"]
@@ -41,10 +44,10 @@ def check_includes(path: str, text: str) -> list[str]:
     if own is None:
         return []
     findings = []
-    for match in re.finditer(r'^(#include ([<"])([^>"]+)[>"])', text, re.M):
+    for match in INCLUDE.finditer(text):
         line, quote, target = match.groups()
         place = f"{path}:{line_of(match, text)}"
-        if quote == '"':
+        if quote == '"' or target.startswith("orvan/"):
             other = layer_of(target)
             if other is None:
                 if not (ROOT / path).parent.joinpath(target).exists():
@@ -58,6 +61,25 @@ def check_includes(path: str, text: str) -> list[str]:
         elif own in LOGIC and ("/" in target or target.endswith(".h")):
             findings.append(f"{place}: {line}: the standard library alone")
     return findings
+
+
+def public_headers() -> set[str]:
+    """What the CMake files name behind PUBLIC_HEADERS, up to the next keyword or the end of the call."""
+    return {str((path.parent / header).relative_to(ROOT))
+            for path in (ROOT / "orvan").rglob("CMakeLists.txt")
+            for names in re.findall(r"\bPUBLIC_HEADERS\b(.*?)(?=\b[A-Z_]+\b(?!\.)|\))", path.read_text(), re.S)
+            for header in re.sub(r"#.*", "", names).split()}
+
+
+def check_public(path: str, text: str, public: set[str]) -> list[str]:
+    if path in public:
+        return [f"{path}: {line}: a public header includes public headers alone"
+                for line, _, target in INCLUDE.findall(text) if target.startswith("orvan/") and target not in public]
+    if path.startswith(INSTALLED_HOSTS):
+        return [f"{path}: {line}: a host includes public headers, as <orvan/...>"
+                for line, quote, target in INCLUDE.findall(text)
+                if quote == '"' or target.startswith("orvan/") and target not in public]
+    return []
 
 
 def check_size(path: str, text: str) -> list[str]:
@@ -88,12 +110,13 @@ def check_document(name: str, sources: list[str]) -> list[str]:
 def main() -> int:
     sources = {str(path.relative_to(ROOT)): path.read_text() for folder in FOLDERS
                for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
-    findings = []
+    public = public_headers()
+    findings = [f"{header}: public, and does not exist" for header in sorted(public - sources.keys())]
     for path, text in sources.items():
-        findings += check_includes(path, text) + check_size(path, text)
+        findings += check_includes(path, text) + check_public(path, text, public) + check_size(path, text)
     for name in DOCUMENTS:
         findings += check_document(name, list(sources.values()))
-    print("\n".join(findings) or f"{len(sources)} source files in order")
+    print("\n".join(findings) or f"{len(sources)} source files in order, {len(public)} public headers")
     return 1 if findings else 0
 
 

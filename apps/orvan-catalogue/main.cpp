@@ -32,16 +32,16 @@ constexpr char kHelp[] = R"(usage: orvan-catalogue import FILE.csv CATALOGUE [op
 import      Makes CATALOGUE from a CSV or TSV file in UTF-8, or replaces it. All or nothing: rows that
             cannot be taken are listed with their line, and CATALOGUE stays as it was.
             Programs that have CATALOGUE open go on, and find the new one with their next look-up.
-  --delimiter C       , ; | or tab; found in the first line where it is not given
-  --decimal C         . or , as the prices have it; found in the prices where it is not given
+  --delimiter C       , ; | or tab; by default found in the first line
+  --decimal C         . or , as the prices have it; by default found in the prices
   --item-id NAME, --name NAME, --key NAME, --part-number NAME, --unit-price NAME, --note NAME
                       what the first line calls a column, where it is not one of the usual names
   --quiet             no progress bar
 search      Lists the entries whose name or part number begins with TEXT, as the editor finds them.
-  --most N            as many of each at most; 20 where it is not given
+  --most N            as many of each at most (default 20)
 statistics  Counts entries and prices.
 
-Ends with 0: done; 1: nothing was found, or the file was refused; 2: it failed; 130: cancelled.
+Exit status 0: done; 1: nothing was found, or the file was refused; 2: it failed; 130: cancelled.
 )";
 
 struct WrongUse {

@@ -1,16 +1,25 @@
 // orvan-grid: a host without a window. Reads a products string and prints the list view's grid.
 
-#include "orvan/base/Text.h"
-#include "orvan/hosting/HeadlessProductView.h"
+#include <orvan/core/ProductMgr.h>
+#include <orvan/hosting/HeadlessProductView.h>
 
 #include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
+
+/// Of UTF-8 text: every byte but those that continue a character begins one.
+std::size_t characterCount(std::string_view text)
+{
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
 
 Rows gridRows(const orvan::headless::HeadlessGrid& grid)
 {
@@ -27,12 +36,12 @@ void print(const Rows& rows)
     std::vector<std::size_t> widths(rows.front().size());
     for (const auto& row : rows) {
         for (std::size_t column = 0; column < row.size(); ++column) {
-            widths[column] = std::max(widths[column], orvan::characterCount(row[column]));
+            widths[column] = std::max(widths[column], characterCount(row[column]));
         }
     }
     for (const auto& row : rows) {
         for (std::size_t column = 0; column < row.size(); ++column) {
-            const std::string blanks(widths[column] - orvan::characterCount(row[column]), ' ');
+            const std::string blanks(widths[column] - characterCount(row[column]), ' ');
             std::cout << (column == 1 ? row[column] + blanks : blanks + row[column])
                       << (column + 1 < row.size() ? "  " : "\n");
         }

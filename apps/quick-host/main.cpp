@@ -1,6 +1,6 @@
-#include "orvan/core/ProductMgr.h"
-#include "orvan/hosting/ProductViewWidget.h"
-#include "orvan/hosting/QtHost.h"
+#include <orvan/core/ProductMgr.h>
+#include <orvan/hosting/ProductViewWidget.h>
+#include <orvan/hosting/QtHost.h>
 
 #include <QApplication>
 

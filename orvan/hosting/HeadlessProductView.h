@@ -1,7 +1,8 @@
 // HeadlessProductView: a list view without a window, for hosts without a toolkit.
 //
 // The headless twin of ProductViewWidget: the same four members, and the controls to drive.
-// Errors, threads and units as in orvan/view/ProductView.h.
+// Thread: the one that made the platform. Errors: the constructor, Show, Products and TotalValue raise
+// RuntimeError (orvan/base/RuntimeError.h). Lengths are in twips.
 #pragma once
 
 #include "orvan/hosting/Host.h"
@@ -9,29 +10,29 @@
 #include "orvan/ui/headless/HeadlessEntries.h"
 #include "orvan/ui/headless/HeadlessPlatform.h"
 #include "orvan/ui/headless/HeadlessSurface.h"
-#include "orvan/view/ProductView.h"
-#include "orvan/view/ProductViewDesign.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace orvan {
+
+class ProductView;
 
 using HeadlessHost = Host<headless::HeadlessPlatform>;
 
 class HeadlessProductView {
 public:
     /// The view's preferences are kept under `hostTypeName` in the platform's settings store.
-    explicit HeadlessProductView(ui::Platform& platform, std::string hostTypeName = "HeadlessHost")
-        : surface_(kProductViewDesign, platform), site_(std::move(hostTypeName)), view_(platform, surface_, site_)
-    {
-        view_.UserControl_ReadProperties();
-    }
+    explicit HeadlessProductView(ui::Platform& platform, std::string hostTypeName = "HeadlessHost");
+    HeadlessProductView(const HeadlessProductView&) = delete;
+    HeadlessProductView& operator=(const HeadlessProductView&) = delete;
+    ~HeadlessProductView();
 
-    void Show(std::string_view sProducts) { view_.Show(sProducts); }
-    std::string Products() { return view_.Products(); }
-    Currency TotalValue() { return view_.TotalValue(); }
-    bool Dirty() const { return view_.Dirty(); }
+    void Show(std::string_view sProducts);
+    [[nodiscard]] std::string Products();
+    [[nodiscard]] Currency TotalValue();
+    [[nodiscard]] bool Dirty() const;
 
     headless::HeadlessSurface& surface() { return surface_; }
     headless::HeadlessSite& site() { return site_; }
@@ -41,7 +42,7 @@ public:
 private:
     headless::HeadlessSurface surface_;
     headless::HeadlessSite site_;
-    ProductView view_;
+    std::unique_ptr<ProductView> view_; ///< Last: it goes before what it stands on.
 };
 
 } // namespace orvan

@@ -8,8 +8,11 @@
 
 #include "orvan/hosting/ComponentRegistry.h"
 #include "orvan/hosting/DefaultComponents.h"
-#include "orvan/ui/icu/IcuLocaleService.h"
+#include "orvan/hosting/ThreadMessages.h"
+#include "orvan/ui/LocaleService.h"
+#include "orvan/ui/icu/LocaleNames.h"
 
+#include <memory>
 #include <utility>
 
 namespace orvan {
@@ -20,6 +23,9 @@ struct HostOptions {
     ui::EditingWay editing = ui::EditingWay::classic; ///< What differs: orvan/core/Deviations.h.
 };
 
+/// The user's number and money formats, as ICU knows them. Raises 51 when ICU's data is missing.
+[[nodiscard]] std::unique_ptr<ui::LocaleService> makeLocaleService(const icu::LocaleNames& names);
+
 template <class PlatformType>
 class Host {
 public:
@@ -27,8 +33,8 @@ public:
     /// What follows the options goes to the platform's constructor.
     template <class... PlatformArguments>
     explicit Host(const HostOptions& options, PlatformArguments&&... platformArguments)
-        : locale_(options.locale),
-          platform_(locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
+        : locale_(makeLocaleService(options.locale)),
+          platform_(*locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
           messages_(platform_.messageBox())
     {
         platform_.editing = options.editing;
@@ -42,7 +48,7 @@ public:
 
 private:
     ComponentRegistry components_;
-    icu::IcuLocaleService locale_;
+    std::unique_ptr<ui::LocaleService> locale_;
     PlatformType platform_;
     ThreadMessages messages_;
 };

@@ -5,6 +5,7 @@
 #include "orvan/ui/qt/QtPlatform.h"
 #include "orvan/ui/qt/QtSurface.h"
 #include "orvan/ui/qt/Twips.h"
+#include "orvan/ui/qt/WindowHandles.h"
 #include "orvan/view/ProductView.h"
 #include "orvan/view/ProductViewDesign.h"
 

@@ -34,7 +34,7 @@ public:
     explicit ProductViewWidget(QWidget* parent = nullptr);
     /// On a platform of the host's, which must outlive the widget. Errors of the user's commands are
     /// shown by the trace component; the library's own shows them where a ThreadMessages or a Host
-    /// (orvan/hosting/DefaultComponents.h, orvan/hosting/Host.h) of the thread says.
+    /// (orvan/hosting/ThreadMessages.h, orvan/hosting/Host.h) of the thread says.
     explicit ProductViewWidget(qt::QtPlatform& platform, QWidget* parent = nullptr);
     ~ProductViewWidget() override;
 

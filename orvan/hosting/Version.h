@@ -8,11 +8,11 @@
 namespace orvan {
 
 /// Major, minor and revision, as the package manager counts them: "2.1.30".
-std::string_view libraryVersion();
+[[nodiscard]] std::string_view libraryVersion();
 
 /// The same in the fixed widths of a file's version field (minor 2 digits, revision 4): "2.01.0030".
-std::string_view fileVersion();
+[[nodiscard]] std::string_view fileVersion();
 
-std::string_view libraryDescription();
+[[nodiscard]] std::string_view libraryDescription();
 
 } // namespace orvan

@@ -4,6 +4,7 @@
 #include "ContractDriver.h"
 #include "orvan/base/Text.h"
 #include "orvan/ui/qt/QtPlatform.h"
+#include "orvan/ui/qt/QtSettingsStore.h"
 #include "orvan/ui/qt/QtSurface.h"
 #include "orvan/ui/qt/SurfaceWidgets.h"
 #include "orvan/ui/qt/WindowHandles.h"

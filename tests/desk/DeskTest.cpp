@@ -7,6 +7,7 @@
 #include "orvan/hosting/ProductViewWidget.h"
 #include "orvan/hosting/QtHost.h"
 #include "orvan/lookup/LookUpValue.h"
+#include "orvan/ui/qt/QtSettingsStore.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 

@@ -3,6 +3,8 @@
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/core/modInit.h"
 #include "orvan/hosting/DefaultComponents.h"
+#include "orvan/hosting/ThreadMessages.h"
+#include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/headless/HeadlessPlatform.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"

@@ -1,3 +1,4 @@
+#include "orvan/ui/Timer.h"
 #include "tests/lookup/LookUpBench.h"
 
 namespace orvan::test {

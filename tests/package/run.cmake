@@ -1,15 +1,26 @@
 file(REMOVE_RECURSE ${WORK})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/installed
     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+file(GLOB_RECURSE headers RELATIVE ${WORK}/installed/include ${WORK}/installed/include/*)
+list(LENGTH headers count)
+list(JOIN headers "\n  " lines)
+message(STATUS "${count} headers are installed:\n  ${lines}")
+
 execute_process(COMMAND ${CMAKE_COMMAND} -G ${GENERATOR} -S ${CMAKE_CURRENT_LIST_DIR}/host -B ${WORK}/host
         -DCMAKE_PREFIX_PATH=${WORK}/installed -DCMAKE_CXX_COMPILER=${CXX} -DAPPS=${SOURCE}/apps -DQT=${QT}
     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK}/host OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK}/host COMMAND_ERROR_IS_FATAL ANY)
+
+# Runs a host and compares what it prints.
+function(expect_output expected)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E env LC_ALL=en_US XDG_STATE_HOME=${WORK} ${ARGN}
+        OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT printed STREQUAL expected)
+        message(FATAL_ERROR "printed:\n${printed}expected:\n${expected}")
+    endif()
+endfunction()
+
 file(WRITE ${WORK}/products.txt "1~Desk lamp:::74.95:2:0:149.9:~\n")
-execute_process(COMMAND ${CMAKE_COMMAND} -E env LC_ALL=en_US XDG_STATE_HOME=${WORK}
-        ${WORK}/host/orvan-grid ${WORK}/products.txt
-    OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATAL ANY)
-set(expected "#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n")
-if(NOT printed STREQUAL expected)
-    message(FATAL_ERROR "printed:\n${printed}expected:\n${expected}")
-endif()
+expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n"
+    ${WORK}/host/orvan-grid ${WORK}/products.txt)
+expect_output("74.95 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)

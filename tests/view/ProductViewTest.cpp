@@ -1,3 +1,6 @@
+#include "orvan/ui/Frame.h"
+#include "orvan/view/ProductView.h"
+#include "orvan/view/ProductViewDesign.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ViewFixture.h"
@@ -164,8 +167,8 @@ TEST_F(ProductViewTest, LoadingAndEndingNeverFail)
     gobjTrace.reset();
     view->site() = headless::HeadlessSite("Other");
     EXPECT_THROW(view->Show(""), RuntimeError);
-    EXPECT_THROW(view->Products(), RuntimeError);
-    EXPECT_THROW(view->TotalValue(), RuntimeError);
+    EXPECT_THROW(static_cast<void>(view->Products()), RuntimeError);
+    EXPECT_THROW(static_cast<void>(view->TotalValue()), RuntimeError);
     view.reset();
     EXPECT_EQ(faults.managersAlive, 0);
 }

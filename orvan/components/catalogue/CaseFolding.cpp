@@ -1,5 +1,6 @@
 #include "orvan/components/catalogue/CaseFolding.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 
@@ -10,15 +11,6 @@
 #include <algorithm>
 
 namespace orvan {
-
-namespace {
-
-bool isAscii(std::string_view text)
-{
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-} // namespace
 
 void foldCase(std::string_view text, std::string& folded)
 {

@@ -14,16 +14,16 @@
 namespace orvan {
 
 /// Bytes that are not UTF-8 become U+FFFD.
-std::string foldCase(std::string_view text);
+[[nodiscard]] std::string foldCase(std::string_view text);
 /// As foldCase, into memory used before.
 void foldCase(std::string_view text, std::string& folded);
 
-bool isUtf8(std::string_view text);
+[[nodiscard]] bool isUtf8(std::string_view text);
 
 /// `text` with `typed` in place of the beginning that it shares with `typed` but for the case. Where the
 /// shared beginning ends within the folding of a character, the rest of that folding follows: "Straße"
 /// for the typed "STRAS" is "STRASse". So the result always begins with `typed` and is never shorter.
 /// Requires that foldCase(text) begins with foldCase(typed).
-std::string withTypedBeginning(std::string_view text, std::string_view typed);
+[[nodiscard]] std::string withTypedBeginning(std::string_view text, std::string_view typed);
 
 } // namespace orvan

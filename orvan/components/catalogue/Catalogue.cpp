@@ -32,6 +32,17 @@ struct FileIdentity {
     bool exists;
 };
 
+LookUpValue valueOf(const SqliteRows& rows, int column)
+{
+    switch (rows.type(column)) {
+    case SqliteType::null: return {};
+    case SqliteType::integer: return rows.integer(column);
+    case SqliteType::real: return rows.real(column);
+    case SqliteType::text: break;
+    }
+    return std::string(rows.text(column));
+}
+
 } // namespace
 
 /// The lists of one column. INDEXED BY: a file without the index is refused, not read from end to end.
@@ -118,37 +129,37 @@ SqliteCatalogue::File& SqliteCatalogue::file()
     return *file_;
 }
 
-LookUpList SqliteCatalogue::list(Column File::*column, std::string_view sText, bool bAll)
+LookUpList SqliteCatalogue::list(Column File::*column, std::string_view sText, bool all)
 {
-    if (!bAll && sText.empty()) {
+    if (!all && sText.empty()) {
         return {};
     }
     Column& texts = file().*column;
-    std::vector<LookUpRow> rows = bAll ? texts.all(options_.mostListed) : texts.matches(sText, options_.mostMatches);
+    std::vector<LookUpRow> rows = all ? texts.all(options_.mostListed) : texts.matches(sText, options_.mostMatches);
     return rows.empty() ? LookUpList() : std::move(rows);
 }
 
-LookUpList SqliteCatalogue::GetPartNumList(std::string_view sText, bool bAll)
+LookUpList SqliteCatalogue::GetPartNumList(std::string_view sText, bool all)
 {
-    return list(&File::partNum, sText, bAll);
+    return list(&File::partNum, sText, all);
 }
 
-LookUpList SqliteCatalogue::GetProductNameList(std::string_view sText, bool bAll)
+LookUpList SqliteCatalogue::GetProductNameList(std::string_view sText, bool all)
 {
-    return list(&File::name, sText, bAll);
+    return list(&File::name, sText, all);
 }
 
-void SqliteCatalogue::SeekItem(std::int32_t lItemId)
+void SqliteCatalogue::SeekItem(std::int32_t itemId)
 {
     entry_.clear();
-    SqliteRows found = file().entry.query(std::int64_t{lItemId});
+    SqliteRows found = file().entry.query(std::int64_t{itemId});
     if (!found.next()) {
         return;
     }
     std::vector<LookUpValue> values;
     values.reserve(kColumns);
     for (int column = 0; column < kColumns; ++column) {
-        values.push_back(found.value(column));
+        values.push_back(valueOf(found, column));
     }
     LookUpValue& unitPrice = values[kUnitPriceColumn];
     if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {
@@ -157,15 +168,15 @@ void SqliteCatalogue::SeekItem(std::int32_t lItemId)
     entry_ = std::move(values);
 }
 
-LookUpValue SqliteCatalogue::GetFieldValue(std::int32_t iColumn)
+LookUpValue SqliteCatalogue::GetFieldValue(std::int32_t column)
 {
     if (entry_.empty()) {
         throw RuntimeError(ErrorNumber::objectNotSet, {}, "The catalogue has no current entry");
     }
-    if (iColumn < 0 || iColumn >= kColumns) {
+    if (column < 0 || column >= kColumns) {
         throw RuntimeError(ErrorNumber::subscriptOutOfRange);
     }
-    return entry_[static_cast<std::size_t>(iColumn)];
+    return entry_[static_cast<std::size_t>(column)];
 }
 
 } // namespace orvan

@@ -33,27 +33,14 @@
 // (orvan/components/catalogue/SqliteFile.h); 9 for a column beyond 0 to 7, 91 for a column without a current entry.
 #pragma once
 
+#include "orvan/components/catalogue/CatalogueFactory.h"
 #include "orvan/lookup/ProductLkpMgr.h"
 
-#include <cstddef>
-#include <filesystem>
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <vector>
 
 namespace orvan {
-
-struct CatalogueOptions {
-    std::filesystem::path file = {}; ///< Empty: a catalogue without entries.
-    std::size_t mostMatches = 250;   ///< Rows of a filtered list; the best ones.
-    std::size_t mostListed = 1000;   ///< Rows of the whole list; the first ones.
-    /// Told why the file cannot be used; the editor then works as with a catalogue without entries. The
-    /// same reason is not told twice in a row, however many sessions meet it. Called in the thread that
-    /// asks the catalogue. Empty: one line on the standard error stream.
-    std::function<void(std::string_view)> report = {};
-};
 
 class SqliteCatalogue final : public ProductLkpMgr {
 public:
@@ -61,27 +48,22 @@ public:
     explicit SqliteCatalogue(CatalogueOptions options);
     ~SqliteCatalogue() override;
 
-    LookUpList GetPartNumList(std::string_view sText, bool bAll) override;
-    LookUpList GetProductNameList(std::string_view sText, bool bAll) override;
-    void SeekItem(std::int32_t lItemId) override;
+    LookUpList GetPartNumList(std::string_view sText, bool all) override;
+    LookUpList GetProductNameList(std::string_view sText, bool all) override;
+    void SeekItem(std::int32_t itemId) override;
     bool IsEOF() override { return entry_.empty(); }
-    LookUpValue GetFieldValue(std::int32_t iColumn) override;
+    LookUpValue GetFieldValue(std::int32_t column) override;
 
 private:
     struct Column;
     struct File;
 
     File& file();
-    LookUpList list(Column File::*column, std::string_view sText, bool bAll);
+    LookUpList list(Column File::*column, std::string_view sText, bool all);
 
     CatalogueOptions options_;
     std::unique_ptr<File> file_;
     std::vector<LookUpValue> entry_; ///< Empty: none.
 };
-
-/// What a component factory calls to create a catalogue look-up; may be called from any thread. It never
-/// fails because of the file, and neither do the objects it makes: see CatalogueOptions::report. A session
-/// whose catalogue fails goes on without entries; the next one tries the file again.
-std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options);
 
 } // namespace orvan

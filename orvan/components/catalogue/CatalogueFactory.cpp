@@ -1,3 +1,5 @@
+#include "orvan/components/catalogue/CatalogueFactory.h"
+
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/Catalogue.h"
 #include "orvan/components/catalogue/NoCatalogue.h"
@@ -46,24 +48,24 @@ public:
         orNone([&] { inner_ = std::make_unique<SqliteCatalogue>(options); });
     }
 
-    LookUpList GetPartNumList(std::string_view sText, bool bAll) override
+    LookUpList GetPartNumList(std::string_view sText, bool all) override
     {
         LookUpList rows;
-        orNone([&] { rows = inner_->GetPartNumList(sText, bAll); });
+        orNone([&] { rows = inner_->GetPartNumList(sText, all); });
         return rows;
     }
-    LookUpList GetProductNameList(std::string_view sText, bool bAll) override
+    LookUpList GetProductNameList(std::string_view sText, bool all) override
     {
         LookUpList rows;
-        orNone([&] { rows = inner_->GetProductNameList(sText, bAll); });
+        orNone([&] { rows = inner_->GetProductNameList(sText, all); });
         return rows;
     }
-    void SeekItem(std::int32_t lItemId) override
+    void SeekItem(std::int32_t itemId) override
     {
-        orNone([&] { inner_->SeekItem(lItemId); });
+        orNone([&] { inner_->SeekItem(itemId); });
     }
     bool IsEOF() override { return inner_->IsEOF(); }
-    LookUpValue GetFieldValue(std::int32_t iColumn) override { return inner_->GetFieldValue(iColumn); }
+    LookUpValue GetFieldValue(std::int32_t column) override { return inner_->GetFieldValue(column); }
 
 private:
     template <class Action>

@@ -33,10 +33,10 @@ struct CatalogueEntry {
 };
 
 /// Whether the file's header is that of a catalogue, damaged or not.
-bool isCatalogue(const std::filesystem::path& file);
+[[nodiscard]] bool isCatalogue(const std::filesystem::path& file);
 
 /// Opens a finished catalogue.
-SqliteFile openCatalogue(const std::filesystem::path& file);
+[[nodiscard]] SqliteFile openCatalogue(const std::filesystem::path& file);
 
 struct CatalogueStatistics {
     std::int64_t entries = 0;
@@ -64,7 +64,7 @@ public:
 private:
     SqliteFile file_;
     SqliteStatement insert_;
-    std::string nameFolded_; // kept for their memory
+    std::string nameFolded_; // Scratch buffers; members so that their capacity is reused.
     std::string partNumFolded_;
 };
 

@@ -1,5 +1,6 @@
 #include "orvan/components/catalogue/CatalogueImport.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 #include "orvan/components/catalogue/CaseFolding.h"
@@ -191,7 +192,7 @@ private:
         if (entry.name.empty() && entry.partNum.empty()) {
             return "neither a name nor a part number";
         }
-        const std::string_view price = withoutBlanks(source_.field(columns.unitPrice));
+        const std::string_view price = trimmed(source_.field(columns.unitPrice));
         entry.unitPrice = readPrice(price, result_.decimalSeparator);
         if (!price.empty() && !entry.unitPrice) {
             return refusal("the unit price", price, "is no amount with a decimal ")
@@ -208,7 +209,7 @@ private:
 
     static bool readId(std::string_view text, std::int32_t& id)
     {
-        const std::string_view digits = withoutBlanks(text);
+        const std::string_view digits = trimmed(text);
         const char* const end = digits.data() + digits.size();
         const auto [rest, error] = std::from_chars(digits.data(), end, id);
         return error == std::errc() && rest == end;

@@ -33,13 +33,6 @@ std::uint64_t lineBreaks(std::string_view text)
 
 } // namespace
 
-std::string_view withoutBlanks(std::string_view field)
-{
-    constexpr std::string_view kBlanks = " \t";
-    const auto first = field.find_first_not_of(kBlanks);
-    return first == field.npos ? std::string_view() : field.substr(first, field.find_last_not_of(kBlanks) + 1 - first);
-}
-
 CsvReader::CsvReader(std::istream& input, std::string name, char delimiter)
     : input_(input), name_(std::move(name)), delimiter_(delimiter)
 {

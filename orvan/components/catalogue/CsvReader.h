@@ -18,9 +18,6 @@
 
 namespace orvan {
 
-/// A field without the blanks around it, which belong to a text and not to a number.
-std::string_view withoutBlanks(std::string_view field);
-
 class CsvReader {
 public:
     /// Delimiter 0: the one of comma, semicolon, tab and vertical bar that the first line has most of.

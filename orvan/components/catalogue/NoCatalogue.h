@@ -9,11 +9,11 @@ namespace orvan {
 
 class NoCatalogue final : public ProductLkpMgr {
 public:
-    LookUpList GetPartNumList(std::string_view /*sText*/, bool /*bAll*/) override { return {}; }
-    LookUpList GetProductNameList(std::string_view /*sText*/, bool /*bAll*/) override { return {}; }
-    void SeekItem(std::int32_t /*lItemId*/) override {}
+    LookUpList GetPartNumList(std::string_view /*sText*/, bool /*all*/) override { return {}; }
+    LookUpList GetProductNameList(std::string_view /*sText*/, bool /*all*/) override { return {}; }
+    void SeekItem(std::int32_t /*itemId*/) override {}
     bool IsEOF() override { return true; }
-    LookUpValue GetFieldValue(std::int32_t /*iColumn*/) override { return {}; }
+    LookUpValue GetFieldValue(std::int32_t /*column*/) override { return {}; }
 };
 
 } // namespace orvan

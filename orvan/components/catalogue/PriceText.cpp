@@ -1,7 +1,7 @@
 #include "orvan/components/catalogue/PriceText.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
-#include "orvan/components/catalogue/CsvReader.h"
 
 #include <algorithm>
 #include <string>
@@ -12,11 +12,6 @@ namespace {
 
 constexpr std::size_t kLastGroup = 3;
 constexpr std::size_t kLeastGroup = 2; // lakhs and crores
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 /// The group separator that the text begins with, the decimal separator excluded; empty for none.
 std::string_view groupSeparator(std::string_view text, char decimalSeparator)
@@ -34,7 +29,7 @@ std::string_view groupSeparator(std::string_view text, char decimalSeparator)
 
 std::optional<Currency> readPrice(std::string_view price, char decimalSeparator)
 {
-    std::string_view rest = withoutBlanks(price);
+    std::string_view rest = trimmed(price);
     std::string plain; // as Currency reads it
     if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) {
         plain += rest.front();

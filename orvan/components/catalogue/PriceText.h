@@ -13,10 +13,10 @@
 namespace orvan {
 
 /// Rounds to four decimals, ties to even. None for anything else than a price, and beyond the range.
-std::optional<Currency> readPrice(std::string_view price, char decimalSeparator);
+[[nodiscard]] std::optional<Currency> readPrice(std::string_view price, char decimalSeparator);
 
 /// What one price tells of its file's decimal separator. "1,234" may be read either way; "12" has none.
 enum class DecimalEvidence { none, ambiguous, point, comma };
-DecimalEvidence decimalEvidence(std::string_view price);
+[[nodiscard]] DecimalEvidence decimalEvidence(std::string_view price);
 
 } // namespace orvan

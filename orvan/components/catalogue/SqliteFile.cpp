@@ -196,13 +196,18 @@ std::int64_t SqliteRows::integer(int column) const
     return sqlite3_column_int64(statement_.statement_.get(), column);
 }
 
-LookUpValue SqliteRows::value(int column) const
+double SqliteRows::real(int column) const
+{
+    return sqlite3_column_double(statement_.statement_.get(), column);
+}
+
+SqliteType SqliteRows::type(int column) const
 {
     switch (sqlite3_column_type(statement_.statement_.get(), column)) {
-    case SQLITE_NULL: return {};
-    case SQLITE_INTEGER: return integer(column);
-    case SQLITE_FLOAT: return sqlite3_column_double(statement_.statement_.get(), column);
-    default: return std::string(text(column));
+    case SQLITE_NULL: return SqliteType::null;
+    case SQLITE_INTEGER: return SqliteType::integer;
+    case SQLITE_FLOAT: return SqliteType::real;
+    default: return SqliteType::text;
     }
 }
 

@@ -6,8 +6,6 @@
 // Thread: one at a time.
 #pragma once
 
-#include "orvan/lookup/ProductLkpMgr.h"
-
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -52,6 +50,8 @@ private:
 
 class SqliteStatement;
 
+enum class SqliteType { null, integer, real, text };
+
 /// The rows of one execution. Ends it when it goes: an unfinished query keeps the file locked.
 class SqliteRows {
 public:
@@ -65,8 +65,9 @@ public:
     /// Columns count from 0. A view is good until the next row.
     std::string_view text(int column) const;
     std::int64_t integer(int column) const;
-    /// As the file holds it: Null, 64-bit integer, double, or text.
-    LookUpValue value(int column) const;
+    double real(int column) const;
+    /// The type that the file holds.
+    SqliteType type(int column) const;
 
 private:
     SqliteStatement& statement_;

@@ -4,10 +4,8 @@
 // sixty-four answers at once, then from bit to bit. Thread: any.
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -17,7 +15,7 @@ namespace orvan {
 
 constexpr std::size_t kByteBlock = 64;
 
-/// For processors without the instructions below.
+/// equalBytes for processors that lack the instructions it uses.
 inline std::uint64_t equalBytesByWords(const char* block, char wanted)
 {
     constexpr std::uint64_t kOnes = 0x0101010101010101;
@@ -25,10 +23,9 @@ inline std::uint64_t equalBytesByWords(const char* block, char wanted)
     constexpr std::uint64_t kGather = 0x0102040810204080; // brings the lowest bit of each byte into the highest byte
     std::uint64_t equal = 0;
     for (std::size_t i = 0; i < kByteBlock; i += 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, block + i, sizeof word);
-        if constexpr (std::endian::native == std::endian::big) {
-            word = __builtin_bswap64(word);
+        std::uint64_t word = 0; // the first byte lowest on every processor; compilers make one load of this
+        for (std::size_t byte = 0; byte < 8; ++byte) {
+            word |= std::uint64_t{static_cast<unsigned char>(block[i + byte])} << 8 * byte;
         }
         const std::uint64_t difference = word ^ (kOnes * static_cast<unsigned char>(wanted));
         const std::uint64_t zeros = ~(((difference & kLowBits) + kLowBits) | difference | kLowBits) >> 7;

@@ -25,16 +25,18 @@ Escapes escapesAmong(std::uint64_t backslashes, std::uint64_t escapedFirst)
 
 FieldMarks::FieldMarks(std::string_view text, char recordSep, char fieldSep, char escape)
 {
-    const std::size_t last = text.size() / kByteBlock; // never a full block: it has the place of the text's end
+    const std::size_t last =
+        text.size() / kByteBlock; // index of the last block; never a full one, because it also marks the text's end
     const std::size_t rest = text.size() % kByteBlock;
-    marks_ = std::make_unique_for_overwrite<Marks[]>(last + 2);
+    marks_.reset(new Marks[last + 2]); // left as it is: each block is written below (make_unique would fill it first)
     std::uint64_t escapedFirst = 0;
     const auto mark = [&](const char* block) {
         const std::uint64_t backslashes = equalBytes(block, escape);
         const std::uint64_t separators = equalBytes(block, recordSep) | equalBytes(block, fieldSep);
         const auto [escapes, escaped] = escapesAmong(backslashes, escapedFirst);
         escapedFirst = escapes >> (kByteBlock - 1);
-        // Of what may need an escape, that without one ends a field; of the rest, that with one.
+        // Marked: a separator or backslash that no escape precedes (the field ends here, or is refused), and any other
+        // character that one does precede (a needless escape).
         return Marks{((separators | backslashes) & ~escapes) ^ escaped, escapes};
     };
     for (std::size_t i = 0; i < last; ++i) {

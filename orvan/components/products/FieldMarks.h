@@ -51,15 +51,15 @@ public:
     }
 
 private:
-    /// Of 64 bytes.
+    /// What is marked among 64 bytes: one bit per byte, the first byte's lowest.
     struct Marks {
         std::uint64_t ends;
         std::uint64_t escapes;
     };
 
-    std::unique_ptr<Marks[]> marks_; // one more than there are blocks, which has none
+    std::unique_ptr<Marks[]> marks_; // one element per block, and one more without any mark
     std::size_t block_ = 0;
-    std::uint64_t ends_ = 0; // those of the block that are still to come
+    std::uint64_t ends_ = 0; // the ends of the current block that have not been asked for yet
 };
 
 } // namespace orvan

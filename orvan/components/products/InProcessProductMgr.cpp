@@ -39,27 +39,27 @@ public:
     }
 
     std::string Name() const override { return fields_.name; }
-    void SetName(std::string_view sName) override { set(fields_.name, sName); }
+    void SetName(std::string_view name) override { set(fields_.name, name); }
     std::string Key() const override { return fields_.key; }
-    void SetKey(std::string_view sKey) override { set(fields_.key, sKey); }
+    void SetKey(std::string_view key) override { set(fields_.key, key); }
     std::string PartNum() const override { return fields_.partNum; }
-    void SetPartNum(std::string_view sPartNum) override { set(fields_.partNum, sPartNum); }
+    void SetPartNum(std::string_view partNum) override { set(fields_.partNum, partNum); }
     Currency UnitPrice() const override { return fields_.unitPrice; }
-    void SetUnitPrice(Currency cyUnitPrice) override { set(fields_.unitPrice, cyUnitPrice); }
+    void SetUnitPrice(Currency unitPrice) override { set(fields_.unitPrice, unitPrice); }
     Currency Qty() const override { return fields_.qty; }
-    void SetQty(Currency cyQty) override { set(fields_.qty, cyQty); }
+    void SetQty(Currency qty) override { set(fields_.qty, qty); }
     Currency DiscPrcnt() const override { return fields_.discPrcnt; }
-    void SetDiscPrcnt(Currency cyDiscPrcnt) override { set(fields_.discPrcnt, cyDiscPrcnt); }
+    void SetDiscPrcnt(Currency discPrcnt) override { set(fields_.discPrcnt, discPrcnt); }
     Currency ExtPrice() const override { return fields_.extPrice; }
     std::string Note() const override { return fields_.note; }
-    void SetNote(std::string_view sNote) override { set(fields_.note, sNote); }
+    void SetNote(std::string_view note) override { set(fields_.note, note); }
 
-    void SetExtPrice(Currency cyExtPrice) override
+    void SetExtPrice(Currency extPrice) override
     {
         if (listed_) {
-            ledger_->total += Int128{cyExtPrice.scaled()} - fields_.extPrice.scaled();
+            ledger_->total += Int128{extPrice.scaled()} - fields_.extPrice.scaled();
         }
-        set(fields_.extPrice, cyExtPrice);
+        set(fields_.extPrice, extPrice);
     }
 
     bool IsValidUnitPrice(Currency cyValue) const override
@@ -130,14 +130,14 @@ public:
 
     std::int32_t GetProductCount() override { return static_cast<std::int32_t>(products_.size()); }
     Currency GetTotalValue() override;
-    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound) override;
+    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) override;
     std::shared_ptr<ProductRecord> AddNewProduct() override;
     std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return *at(lIndex); }
     void DeleteProduct(std::int32_t lIndex) override;
-    void MoveProduct(std::int32_t lFrom, std::int32_t lTo) override;
-    void SetProductsString(std::string_view sProducts, const std::string& sRecordSep, const std::string& sFieldSep,
-                           bool bFlag) override;
-    std::string GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep) override;
+    void MoveProduct(std::int32_t from, std::int32_t to) override;
+    void SetProductsString(std::string_view sProducts, const std::string& recordSep, const std::string& fieldSep,
+                           bool flag) override;
+    std::string GetProductsString(const std::string& recordSep, const std::string& fieldSep) override;
     std::int32_t GetMaxDataSize() override { return maxDataSize_; }
 
 private:
@@ -171,11 +171,11 @@ Currency InProcessProductMgr::GetTotalValue()
     return Currency::fromScaled(static_cast<std::int64_t>(total));
 }
 
-void InProcessProductMgr::SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound)
+void InProcessProductMgr::SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found)
 {
     const std::int64_t sought = std::int64_t{lIndex} + lOffset;
-    bFound = sought >= 1 && sought <= GetProductCount();
-    if (bFound) {
+    found = sought >= 1 && sought <= GetProductCount();
+    if (found) {
         lIndex = static_cast<std::int32_t>(sought);
     }
 }
@@ -195,21 +195,21 @@ void InProcessProductMgr::DeleteProduct(std::int32_t lIndex)
     products_.erase(product);
 }
 
-void InProcessProductMgr::MoveProduct(std::int32_t lFrom, std::int32_t lTo)
+void InProcessProductMgr::MoveProduct(std::int32_t from, std::int32_t to)
 {
-    const auto from = at(lFrom);
-    const auto to = at(lTo);
-    if (from < to) {
-        std::rotate(from, from + 1, to + 1);
+    const auto product = at(from);
+    const auto place = at(to);
+    if (product < place) {
+        std::rotate(product, product + 1, place + 1);
     } else {
-        std::rotate(to, from, from + 1);
+        std::rotate(place, product, product + 1);
     }
 }
 
-void InProcessProductMgr::SetProductsString(std::string_view sProducts, const std::string& sRecordSep,
-                                            const std::string& sFieldSep, bool /*bFlag*/)
+void InProcessProductMgr::SetProductsString(std::string_view sProducts, const std::string& recordSep,
+                                            const std::string& fieldSep, bool /*flag*/)
 {
-    ProductsReader reader(sProducts, productsSeparators(sRecordSep, sFieldSep));
+    ProductsReader reader(sProducts, productsSeparators(recordSep, fieldSep));
     // A ledger of its own: what is still held of the old list goes on with the old one.
     auto ledger = std::make_shared<Ledger>(ledger_->rules);
     Products products;
@@ -222,9 +222,9 @@ void InProcessProductMgr::SetProductsString(std::string_view sProducts, const st
     expectedSize_ = sProducts.size();
 }
 
-std::string InProcessProductMgr::GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep)
+std::string InProcessProductMgr::GetProductsString(const std::string& recordSep, const std::string& fieldSep)
 {
-    const ProductsSeparators separators = productsSeparators(sRecordSep, sFieldSep);
+    const ProductsSeparators separators = productsSeparators(recordSep, fieldSep);
     if (separators != lineSeparators_) {
         for (const auto& product : products_) {
             product->dropLine();

@@ -45,6 +45,6 @@ struct ProductMgrOptions {
 
 /// What a component factory calls to create a manager; each call makes a new one with an empty list.
 /// May be called from any thread; all managers it makes share one set of rules.
-std::function<std::shared_ptr<ui::Component>()> productMgrFactory(ProductMgrOptions options = {});
+[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> productMgrFactory(ProductMgrOptions options = {});
 
 } // namespace orvan

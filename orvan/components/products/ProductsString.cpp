@@ -1,5 +1,6 @@
 #include "orvan/components/products/ProductsString.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
 
 #include <algorithm>
@@ -39,6 +40,7 @@ constexpr Field kFields[] = {
 };
 // clang-format on
 constexpr std::size_t kFieldCount = std::size(kFields);
+static_assert(kFieldCount == 8, "refuseEnd names the number of fields");
 
 bool isSeparator(std::string_view text)
 {
@@ -47,9 +49,7 @@ bool isSeparator(std::string_view text)
     }
     const char c = text[0];
     const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    const bool digit = c >= '0' && c <= '9';
-    const bool ascii = static_cast<unsigned char>(c) < 0x80;
-    return ascii && !letter && !digit && c != '-' && c != '.' && c != kEscape;
+    return isAscii(c) && !letter && !isDigit(c) && c != '-' && c != '.' && c != kEscape;
 }
 
 void appendEscaped(std::string& out, std::string_view text, ProductsSeparators separators)
@@ -73,7 +73,7 @@ try {
     return false;
 } catch (const RuntimeError& error) {
     const std::size_t begin = text.starts_with('-') ? 1 : 0;
-    return error.number() == ErrorNumber::overflow && text[begin] >= '0' && text[begin] <= '9';
+    return error.number() == ErrorNumber::overflow && isDigit(text[begin]);
 }
 
 } // namespace
@@ -120,7 +120,7 @@ ProductsReader::ProductsReader(std::string_view text, ProductsSeparators separat
 
 std::size_t ProductsReader::expected() const noexcept
 {
-    const auto announced = static_cast<std::size_t>(count_ - position_ + 1);
+    const auto announced = static_cast<std::size_t>(std::int64_t{count_} - position_ + 1);
     return std::min(announced, (text_.size() - at_) / kSmallestRecord);
 }
 

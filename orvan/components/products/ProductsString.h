@@ -53,7 +53,7 @@ ProductsSeparators productsSeparators(std::string_view recordSep, std::string_vi
 void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators);
 
 /// The element in front of `count` records; "" for none.
-std::string productsStringHead(std::size_t count, ProductsSeparators separators);
+[[nodiscard]] std::string productsStringHead(std::size_t count, ProductsSeparators separators);
 
 /// Reads a products string record by record:
 ///
@@ -67,7 +67,7 @@ class ProductsReader {
 public:
     ProductsReader(std::string_view text, ProductsSeparators separators);
 
-    /// Upper limit of the records to come: the count, but never more than the text has room for.
+    /// Upper limit of the records to come: the count, but never more than fit into the rest of the text.
     std::size_t expected() const noexcept;
     /// False after the last record, once it is sure that nothing follows it.
     bool more() const;
@@ -86,10 +86,10 @@ private:
     std::string_view text_;
     ProductsSeparators separators_;
     std::size_t at_ = 0;
-    std::int32_t position_ = 1; // of the record being read
+    std::int32_t position_ = 1; // 1-based position of the record being read
     std::int32_t count_ = 0;
     FieldMarks marks_;
-    std::string unescaped_; // room for a text that had escapes, used again
+    std::string unescaped_; // Scratch buffer for a text with escapes; a member so that its capacity is reused.
 };
 
 } // namespace orvan

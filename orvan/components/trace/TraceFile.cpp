@@ -6,13 +6,13 @@
 
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <map>
 #include <utility>
 
-#include <signal.h>
 #include <unistd.h>
 
 namespace orvan {

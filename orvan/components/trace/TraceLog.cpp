@@ -93,8 +93,8 @@ public:
     std::int32_t LastErrorNumber() override { return lastError_ ? lastError_->number() : 0; }
     std::int32_t AppErrorNumber() override { return kAppErrorNumber; }
     void TraceError(std::string_view sText) override;
-    void TraceEnter(std::string_view sLabel) override;
-    void TraceExit(std::string_view sLabel) override;
+    void TraceEnter(std::string_view label) override;
+    void TraceExit(std::string_view label) override;
     void ShowLastError(std::int32_t hWnd) override;
 
 private:
@@ -109,20 +109,20 @@ private:
     std::string line_;       // reused, so that a call allocates nothing
 };
 
-void TraceLog::TraceEnter(std::string_view sLabel)
+void TraceLog::TraceEnter(std::string_view label)
 {
     passingUp_ = false;
-    beginLine("enter ", open_.enter(sLabel));
-    appendOnOneLine(line_, sLabel);
+    beginLine("enter ", open_.enter(label));
+    appendOnOneLine(line_, label);
     file_->write(line_, false);
 }
 
-void TraceLog::TraceExit(std::string_view sLabel)
+void TraceLog::TraceExit(std::string_view label)
 {
     passingUp_ = false;
-    open_.exit(sLabel);
+    open_.exit(label);
     beginLine("exit  ", open_.depth());
-    appendOnOneLine(line_, sLabel);
+    appendOnOneLine(line_, label);
     file_->write(line_, open_.depth() == 0);
 }
 

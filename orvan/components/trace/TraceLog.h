@@ -45,14 +45,14 @@ namespace orvan {
 /// which components number their own errors.
 inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
-/// One file a process: "orvan/trace-<pid>.log" in $XDG_STATE_HOME, or in ~/.local/state where that is
+/// One file per process: "orvan/trace-<pid>.log" in $XDG_STATE_HOME, or in ~/.local/state where that is
 /// not set. Empty when the user has no home directory: no trace is written then.
-std::filesystem::path defaultTraceFile();
+[[nodiscard]] std::filesystem::path defaultTraceFile();
 
 struct TraceLogOptions {
     std::filesystem::path file = defaultTraceFile();
-    std::size_t maxFileSize = 4 * 1024 * 1024; ///< Bytes; the file is rotated before it would be larger.
-    std::size_t maxFiles = 3;                  ///< Rotated files that are kept beside the current one.
+    std::size_t maxFileSize = std::size_t{4} * 1024 * 1024; ///< Bytes; the file is rotated before it would be larger.
+    std::size_t maxFiles = 3;                               ///< Rotated files that are kept beside the current one.
     /// Told once when the file cannot be written (any more); the trace goes on without it. Called in
     /// the tracing thread. Empty: one line on the standard error stream.
     std::function<void(std::string_view)> report = {};
@@ -60,6 +60,7 @@ struct TraceLogOptions {
 
 /// What a component factory calls to create a trace object. The message box must outlive the last
 /// ShowLastError. Where several factories name one file, the first one's options count.
-std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options, ui::MessageBox& messageBox);
+[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options,
+                                                                              ui::MessageBox& messageBox);
 
 } // namespace orvan

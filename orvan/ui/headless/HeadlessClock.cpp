@@ -1,5 +1,7 @@
 #include "orvan/ui/headless/HeadlessClock.h"
 
+#include "orvan/ui/headless/HeadlessTimer.h"
+
 #include <algorithm>
 
 namespace orvan::headless {
@@ -19,27 +21,6 @@ void HeadlessClock::advance(std::int64_t milliseconds)
         timer->fire();
     }
     now_ = std::max(now_, end);
-}
-
-HeadlessTimer::HeadlessTimer(const ui::ControlDesign& design, HeadlessClock& clock) : Timer(design), clock_(clock)
-{
-    clock_.timers_.push_back(this);
-}
-
-HeadlessTimer::~HeadlessTimer()
-{
-    std::erase(clock_.timers_, this);
-}
-
-void HeadlessTimer::doSchedule()
-{
-    due_ = enabled() && interval() > 0 ? clock_.now_ + interval() : kNever;
-}
-
-void HeadlessTimer::fire()
-{
-    due_ = clock_.now_ + interval();
-    elapsed(); // may end the timer
 }
 
 } // namespace orvan::headless

@@ -3,8 +3,6 @@
 // Milliseconds since the platform was made. Thread: the platform's.
 #pragma once
 
-#include "orvan/ui/Timer.h"
-
 #include <cstdint>
 #include <vector>
 
@@ -26,24 +24,6 @@ private:
 
     std::int64_t now_ = 0;
     std::vector<HeadlessTimer*> timers_;
-};
-
-class HeadlessTimer final : public ui::Timer {
-public:
-    HeadlessTimer(const ui::ControlDesign& design, HeadlessClock& clock);
-    ~HeadlessTimer() override;
-
-private:
-    friend class HeadlessClock;
-
-    static constexpr std::int64_t kNever = INT64_MAX;
-
-    void doMove() override {}
-    void doSchedule() override;
-    void fire();
-
-    HeadlessClock& clock_;
-    std::int64_t due_ = kNever;
 };
 
 } // namespace orvan::headless

@@ -1,12 +1,44 @@
 #include "orvan/ui/headless/HeadlessControls.h"
 
+#include "orvan/ui/Frame.h"
+#include "orvan/ui/Label.h"
+#include "orvan/ui/Line.h"
 #include "orvan/ui/LocaleSeparators.h"
 #include "orvan/ui/Platform.h"
-#include "orvan/ui/headless/HeadlessClock.h"
 #include "orvan/ui/headless/HeadlessEntries.h"
+#include "orvan/ui/headless/HeadlessTimer.h"
 #include "orvan/ui/headless/Impossible.h"
 
 namespace orvan::headless {
+
+namespace {
+
+class HeadlessFrame final : public ui::Frame {
+public:
+    using Frame::Frame;
+
+private:
+    void doMove() override {}
+    void doSetEnabled() override {}
+};
+
+class HeadlessLabel final : public ui::Label {
+public:
+    using Label::Label;
+
+private:
+    void doMove() override {}
+};
+
+class HeadlessLine final : public ui::Line {
+public:
+    using Line::Line;
+
+private:
+    void doMove() override {}
+};
+
+} // namespace
 
 std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
                                                  HeadlessClock* clock)

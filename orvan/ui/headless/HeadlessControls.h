@@ -6,10 +6,7 @@
 #pragma once
 
 #include "orvan/ui/Button.h"
-#include "orvan/ui/Frame.h"
 #include "orvan/ui/Grid.h"
-#include "orvan/ui/Label.h"
-#include "orvan/ui/Line.h"
 #include "orvan/ui/PopupMenu.h"
 #include "orvan/ui/ToolBar.h"
 
@@ -42,31 +39,6 @@ public:
 private:
     void doMove() override {}
     void doSetEnabled() override {}
-};
-
-class HeadlessFrame final : public ui::Frame {
-public:
-    using Frame::Frame;
-
-private:
-    void doMove() override {}
-    void doSetEnabled() override {}
-};
-
-class HeadlessLabel final : public ui::Label {
-public:
-    using Label::Label;
-
-private:
-    void doMove() override {}
-};
-
-class HeadlessLine final : public ui::Line {
-public:
-    using Line::Line;
-
-private:
-    void doMove() override {}
 };
 
 class HeadlessToolBar final : public ui::ToolBar {

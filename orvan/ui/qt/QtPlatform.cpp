@@ -1,7 +1,11 @@
 #include "orvan/ui/qt/QtPlatform.h"
 
 #include "orvan/ui/qt/QtForm.h"
+#include "orvan/ui/qt/QtMessageBox.h"
+#include "orvan/ui/qt/QtScreenPointer.h"
+#include "orvan/ui/qt/QtSettingsStore.h"
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/WindowHandles.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>
@@ -9,10 +13,39 @@
 
 namespace orvan::qt {
 
+/// What the platform is made of, kept out of its header, which hosts include.
+struct QtPlatform::Services {
+    QtSettingsStore settings;
+    QtMessageBox messageBox = {};
+    QtScreenPointer pointer = {};
+};
+
+QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components)
+    : QtPlatform(locale, components, QtSettingsStore::defaultPath())
+{
+}
+
 QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components, const std::string& settingsPath)
-    : locale_(locale), components_(components), settings_(settingsPath)
+    : locale_(locale), components_(components), services_(new Services{QtSettingsStore(settingsPath)})
 {
     onUnhandledError = [this](const RuntimeError& error) { showUnhandled(error); };
+}
+
+QtPlatform::~QtPlatform() = default;
+
+ui::MessageBox& QtPlatform::messageBox()
+{
+    return services_->messageBox;
+}
+
+ui::SettingsStore& QtPlatform::settings()
+{
+    return services_->settings;
+}
+
+ui::ScreenPointer& QtPlatform::pointer()
+{
+    return services_->pointer;
 }
 
 std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design)
@@ -30,11 +63,11 @@ void QtPlatform::showUnhandled(const RuntimeError& error) noexcept
             return; // an error while one is being shown: the log has it, boxes do not pile up
         }
         const QScopedValueRollback shown(showing_, true);
-        messageBox_.show({.text = text,
-                          .title = fromQt(QApplication::applicationDisplayName()),
-                          .buttons = ui::MessageButtons::ok,
-                          .icon = ui::MessageIcon::critical,
-                          .ownerWindow = windowHandle(QApplication::activeWindow())});
+        messageBox().show({.text = text,
+                           .title = fromQt(QApplication::applicationDisplayName()),
+                           .buttons = ui::MessageButtons::ok,
+                           .icon = ui::MessageIcon::critical,
+                           .ownerWindow = windowHandle(QApplication::activeWindow())});
     } catch (...) {
         qWarning("an error could not be shown");
     }

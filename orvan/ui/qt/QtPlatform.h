@@ -6,35 +6,35 @@
 #pragma once
 
 #include "orvan/ui/Platform.h"
-#include "orvan/ui/qt/QtMessageBox.h"
-#include "orvan/ui/qt/QtScreenPointer.h"
-#include "orvan/ui/qt/QtSettingsStore.h"
-#include "orvan/ui/qt/WindowHandles.h"
+
+#include <memory>
+#include <string>
 
 namespace orvan::qt {
 
 class QtPlatform final : public ui::Platform {
 public:
-    /// Locale and components must outlive the platform. `settingsPath`: the file of the user's
-    /// settings (UTF-8).
-    QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components,
-               const std::string& settingsPath = QtSettingsStore::defaultPath());
+    /// Locale and components must outlive the platform. The user's settings are kept in the file
+    /// "Orvan/settings.ini" of the user's configuration folder, or in `settingsPath` (UTF-8).
+    QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components);
+    QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components, const std::string& settingsPath);
+    ~QtPlatform() override;
 
-    QtMessageBox& messageBox() override { return messageBox_; }
-    QtSettingsStore& settings() override { return settings_; }
+    ui::MessageBox& messageBox() override;
+    ui::SettingsStore& settings() override;
     ui::LocaleService& locale() override { return locale_; }
     ui::ComponentFactory& components() override { return components_; }
-    QtScreenPointer& pointer() override { return pointer_; }
+    ui::ScreenPointer& pointer() override;
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
 private:
+    struct Services;
+
     void showUnhandled(const RuntimeError& error) noexcept;
 
     ui::LocaleService& locale_;
     ui::ComponentFactory& components_;
-    QtMessageBox messageBox_;
-    QtSettingsStore settings_;
-    QtScreenPointer pointer_;
+    std::unique_ptr<Services> services_;
     bool showing_ = false;
 };
 

@@ -1,0 +1,4 @@
+// See base/Currency.h.
+#pragma once
+
+enum class Text { plain, rich };
