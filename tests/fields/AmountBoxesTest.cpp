@@ -47,7 +47,7 @@ TEST(AmountBoxes, WhatIsTypedIsSavedAtOnceAndStandsAsTyped)
     EXPECT_EQ(fixture.product(), "12.75 0 0 0");
     box.paste(".");
     EXPECT_EQ(fixture.product(), "0 0 0 0") << "two points are no number: " << box.text();
-    fixture.bInitializing = true;
+    fixture.initializing = true;
     box.setText("5");
     EXPECT_EQ(fixture.product(), "0 0 0 0") << "not saved while initializing";
     fixture.box("txtUnitPrice").type("1,000.129");
@@ -65,14 +65,14 @@ TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
                                                                   {"txtDiscount", "12.5", "12.5000", "12.5000%"}}) {
         FieldsFixture fixture;
         fixture.setProduct(value, value, value);
-        fixture.bInitializing = true;
+        fixture.initializing = true;
         fixture.box(name).setFocus();
         EXPECT_EQ(fixture.box(name).text(), edited);
         EXPECT_EQ(fixture.box(name).selectionLength(), static_cast<std::int32_t>(std::string(edited).size()));
-        EXPECT_FALSE(std::exchange(fixture.bInitializing, true)) << "cleared, not restored";
+        EXPECT_FALSE(std::exchange(fixture.initializing, true)) << "cleared, not restored";
         fixture.box("txtNote").setFocus();
         EXPECT_EQ(fixture.box(name).text(), displayed);
-        EXPECT_FALSE(fixture.bInitializing);
+        EXPECT_FALSE(fixture.initializing);
     }
     FieldsFixture german("de_DE");
     german.locale.currencySymbol = ","; // the default of one that could not be read: takes the decimal comma away
@@ -132,9 +132,9 @@ TEST(FieldSaves, MarkDirtyWhatDiffersAndStoreNothingForWhatIsRejected)
         FieldsFixture fixture("en_US", {.isValidUnitPrice = rule, .isValidQty = rule, .isValidDiscPrcnt = rule});
         current = &fixture;
         fixture.setProduct(stored, stored, stored);
-        fixture.bInitializing = true;
+        fixture.initializing = true;
         fixture.box(name).setText(text);
-        fixture.bInitializing = false;
+        fixture.initializing = false;
         name == std::string("txtQty")         ? fixture.fields.PrvSaveQtyFld()
         : name == std::string("txtUnitPrice") ? fixture.fields.PrvSaveUnitPriceFld()
                                               : fixture.fields.PrvSaveDiscountPrcntFld();
@@ -148,10 +148,10 @@ TEST(FieldSaves, EqualTextsWriteNothingAndTheNoteIsSavedWhileInitializingToo)
 {
     FieldsFixture fixture;
     ProductRecord& record = fixture.currentProduct();
-    fixture.bInitializing = true;
+    fixture.initializing = true;
     fixture.box("txtNote").setText("Note");
     EXPECT_EQ(record.Note(), "Note");
-    EXPECT_FALSE(std::exchange(fixture.bInitializing, false) && fixture.dirty);
+    EXPECT_FALSE(std::exchange(fixture.initializing, false) && fixture.dirty);
     for (const auto& [name, save] :
          Rows<const char*, void (FieldEntry::*)()>{{"cboProductName", &FieldEntry::PrvSaveNameFld},
                                                    {"cboPartNum", &FieldEntry::PrvSavePartNumFld},

@@ -110,7 +110,7 @@ TEST(Prices, FollowQuantityUnitPriceAndDiscount)
         fixture.PrvSetDirty(false);
         fixture.fields.PrvCalcExtPrice();
         EXPECT_FALSE(fixture.dirty) << "computed again: " << extPrice;
-        fixture.objCurrentProduct.reset();
+        fixture.heldProduct.reset();
         fixture.fields.PrvCalcExtPrice(); // nothing to price, and no error
         EXPECT_TRUE(fixture.trace->lines().empty());
     }
@@ -122,7 +122,7 @@ TEST(Prices, TheTotalOfALongListFollowsEachKeystroke)
     for (int i = 1; i < 1000; ++i) {
         fixture.objProductMgr->AddNewProduct()->SetExtPrice(Currency::fromScaled(10'001));
     }
-    fixture.objCurrentProduct = fixture.objProductMgr->GetProduct(500);
+    fixture.heldProduct = fixture.objProductMgr->GetProduct(500);
     fixture.setProduct("4", "19.99", "10");
     for (const auto& [key, extPrice, total] : Rows<char, const char*, const char*>{{'1', "$17.99", "$1,016.09"},
                                                                                    {'2', "$215.89", "$1,213.99"},
