@@ -53,21 +53,6 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
     return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
 }
 
-Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
-try {
-    char typed[64]; // as much as a person types, as a rule
-    std::unique_ptr<char[]> pasted;
-    char* buffer = typed;
-    if (sText.size() > sizeof typed) {
-        pasted.reset(new char[sText.size()]); // not make_unique, which would fill it with zeros first
-        buffer = pasted.get();
-    }
-    const std::string_view kept = keepAmount(buffer, sText, sDecimalSep);
-    return kept.empty() ? Currency() : locale.textToCurrency(kept); // an emptied box costs no exception
-} catch (...) {
-    return Currency(); // a user may type anything: what is not an amount counts as 0
-}
-
 } // namespace
 
 std::string FormatCurrencyValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
@@ -101,12 +86,22 @@ std::string FormatPercentValue(ui::LocaleService& locale, Currency cyValue, std:
 
 Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 {
-    return textToValue(locale, sText, sDecimalSep);
+    return NumberTextToValue(locale, sText, sDecimalSep);
 }
 
 Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
-{
-    return textToValue(locale, sText, sDecimalSep);
+try {
+    char typed[64]; // as much as a person types, as a rule
+    std::unique_ptr<char[]> pasted;
+    char* buffer = typed;
+    if (sText.size() > sizeof typed) {
+        pasted.reset(new char[sText.size()]); // not make_unique, which would fill it with zeros first
+        buffer = pasted.get();
+    }
+    const std::string_view kept = keepAmount(buffer, sText, sDecimalSep);
+    return kept.empty() ? Currency() : locale.textToCurrency(kept); // an emptied box costs no exception
+} catch (...) {
+    return Currency(); // a user may type anything: what is not an amount counts as 0
 }
 
 Currency PercentTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)

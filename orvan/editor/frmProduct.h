@@ -98,6 +98,16 @@ private:
     [[nodiscard]] bool leaveBoxFor(ui::Control& control);
     /// Shows a message box that the form owns.
     ui::MessageResult show(ui::Message message);
+    /// Runs the handler of a button's click: the command, once the box being edited has been left.
+    template <class Command>
+    void handleClick(std::string_view label, ui::Control& button, Command&& command)
+    {
+        handleEvent(label, [&] {
+            if (leaveBoxFor(button)) {
+                command();
+            }
+        });
+    }
 
     ui::Platform& platform_;
     std::unique_ptr<ui::Form> form_;

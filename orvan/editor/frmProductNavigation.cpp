@@ -161,12 +161,10 @@ void frmProduct::atbMain_ToolClick(std::string_view toolId)
 
 void frmProduct::cmdNew_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdNew_Click", [&] {
-        if (leaveBoxFor(cmdNew_)) {
-            PrvAddNewProduct();
-            PrvSeekProduct(0);
-            cboProductName_.setFocus();
-        }
+    handleClick("KTVOrvanProduct.frmProduct::cmdNew_Click", cmdNew_, [&] {
+        PrvAddNewProduct();
+        PrvSeekProduct(0);
+        cboProductName_.setFocus();
     });
 }
 
@@ -177,39 +175,24 @@ void frmProduct::cmdDelete_Click()
 
 void frmProduct::cmdGotoFirst_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdGotoFirst_Click", [&] {
-        if (leaveBoxFor(cmdGotoFirst_)) {
-            PrvSeekProductIndex(1);
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdGotoFirst_Click", cmdGotoFirst_, [&] { PrvSeekProductIndex(1); });
 }
 
 void frmProduct::cmdGotoLast_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdGotoLast_Click", [&] {
-        if (leaveBoxFor(cmdGotoLast_)) {
-            PrvSeekProductIndex(productMgr().GetProductCount());
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdGotoLast_Click", cmdGotoLast_,
+                [&] { PrvSeekProductIndex(productMgr().GetProductCount()); });
 }
 
 void frmProduct::cmdNext_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdNext_Click", [&] {
-        if (leaveBoxFor(cmdNext_)) {
-            PrvSeekProduct(1);
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdNext_Click", cmdNext_, [&] { PrvSeekProduct(1); });
 }
 
 void frmProduct::cmdPrevious_Click()
 {
     // The label is cmdNext_Click's, on purpose: traces have always shown it so.
-    handleEvent("KTVOrvanProduct.frmProduct::cmdNext_Click", [&] {
-        if (leaveBoxFor(cmdPrevious_)) {
-            PrvSeekProduct(-1);
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdNext_Click", cmdPrevious_, [&] { PrvSeekProduct(-1); });
 }
 
 } // namespace orvan

@@ -138,10 +138,7 @@ void frmProduct::cmdSaveClose_Click()
 
 void frmProduct::cmdCancel_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdCancel_Click", [&] {
-        if (!leaveBoxFor(cmdCancel_)) {
-            return;
-        }
+    handleClick("KTVOrvanProduct.frmProduct::cmdCancel_Click", cmdCancel_, [&] {
         const bool wasDirty = dirty_;
         auto answer = ui::MessageResult::no;
         bool bSaveFailed = false;

@@ -2,6 +2,7 @@
 
 #include "orvan/base/Text.h"
 #include "orvan/core/modConversion.h"
+#include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/TextBox.h"
@@ -22,48 +23,43 @@ constexpr Currency kMostCurrency = Currency::fromScaled(std::numeric_limits<std:
 /// What passes beside digits and separators: backspace, Ctrl+C, Ctrl+X and Ctrl+V.
 constexpr std::int16_t kEditingKeys[] = {8, 3, 24, 22};
 
-bool isValidKey(std::int16_t keyAscii, const std::string& decimalSep, const std::string& thousandSep)
+bool isValidKey(std::int16_t KeyAscii, const std::string& decimalSep, const std::string& thousandSep)
 {
-    if (keyAscii >= '0' && keyAscii <= '9') {
+    if (KeyAscii >= '0' && KeyAscii <= '9') {
         return true;
     }
-    const std::string character = toUtf8(static_cast<char16_t>(keyAscii));
+    const std::string character = toUtf8(static_cast<char16_t>(KeyAscii));
     if (character == decimalSep || character == thousandSep) {
         return true;
     }
-    return std::find(std::begin(kEditingKeys), std::end(kEditingKeys), keyAscii) != std::end(kEditingKeys);
+    return std::find(std::begin(kEditingKeys), std::end(kEditingKeys), KeyAscii) != std::end(kEditingKeys);
 }
 
 } // namespace
 
 struct FieldEntry::TextField {
-    std::string_view box;
     std::string_view saveLabel;
     std::int32_t mostShown; ///< Characters; what is beyond them is cut when the field is saved.
     std::string (ProductRecord::*value)() const;
     void (ProductRecord::*setValue)(std::string_view);
 };
 
-const FieldEntry::TextField FieldEntry::kName = {.box = "cboProductName",
-                                                 .saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveNameFld",
+const FieldEntry::TextField FieldEntry::kName = {.saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveNameFld",
                                                  .mostShown = 255,
                                                  .value = &ProductRecord::Name,
                                                  .setValue = &ProductRecord::SetName};
 
-const FieldEntry::TextField FieldEntry::kPartNum = {.box = "cboPartNum",
-                                                    .saveLabel = "KTVOrvanProduct.frmProduct::PrvSavePartNumFld",
+const FieldEntry::TextField FieldEntry::kPartNum = {.saveLabel = "KTVOrvanProduct.frmProduct::PrvSavePartNumFld",
                                                     .mostShown = 255,
                                                     .value = &ProductRecord::PartNum,
                                                     .setValue = &ProductRecord::SetPartNum};
 
-const FieldEntry::TextField FieldEntry::kNote = {.box = "txtNote",
-                                                 .saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveNoteFld",
+const FieldEntry::TextField FieldEntry::kNote = {.saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveNoteFld",
                                                  .mostShown = 4095,
                                                  .value = &ProductRecord::Note,
                                                  .setValue = &ProductRecord::SetNote};
 
 struct FieldEntry::AmountField {
-    std::string_view box;
     std::string_view keyPressLabel;
     std::string_view gotFocusLabel;
     std::string_view lostFocusLabel;
@@ -81,7 +77,6 @@ struct FieldEntry::AmountField {
 
 // Three labels are another handler's. Support staff read traces by them: they stay as they are.
 const FieldEntry::AmountField FieldEntry::kQty = {
-    .box = "txtQty",
     .keyPressLabel = "KTVOrvanProduct.frmProduct::txtQty_KeyPress",
     .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_GotFocus",
     .lostFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_LostFocus",
@@ -99,7 +94,6 @@ const FieldEntry::AmountField FieldEntry::kQty = {
     }};
 
 const FieldEntry::AmountField FieldEntry::kUnitPrice = {
-    .box = "txtUnitPrice",
     .keyPressLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_KeyPress",
     .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus",
     .lostFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus", // not txtUnitPrice_LostFocus
@@ -117,7 +111,6 @@ const FieldEntry::AmountField FieldEntry::kUnitPrice = {
     }};
 
 const FieldEntry::AmountField FieldEntry::kDiscount = {
-    .box = "txtDiscount",
     .keyPressLabel = "KTVOrvanProduct.frmProduct::txtDiscount_KeyPress",
     .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus", // not txtDiscount_GotFocus
     .lostFocusLabel = "KTVOrvanProduct.frmProduct::txtDiscount_LostFocus",
@@ -135,10 +128,12 @@ const FieldEntry::AmountField FieldEntry::kDiscount = {
     }};
 
 FieldEntry::FieldEntry(EditorSession& session, ui::Surface& surface)
-    : session_(session), cboProductName_(takeBox(kName, surface)), cboPartNum_(takeBox(kPartNum, surface)),
-      txtNote_(takeBox(kNote, surface)), txtQty_(takeBox(kQty, surface)), txtUnitPrice_(takeBox(kUnitPrice, surface)),
-      txtDiscount_(takeBox(kDiscount, surface)), txtExtPrice_(surface.control<ui::TextBox>("txtExtPrice")),
-      txtTotal_(surface.control<ui::TextBox>("txtTotal"))
+    : session_(session), cboProductName_{kName, surface.control<ui::ComboBox>("cboProductName")},
+      cboPartNum_{kPartNum, surface.control<ui::ComboBox>("cboPartNum")},
+      txtNote_{kNote, surface.control<ui::TextBox>("txtNote")}, txtQty_{kQty, surface.control<ui::TextBox>("txtQty")},
+      txtUnitPrice_{kUnitPrice, surface.control<ui::TextBox>("txtUnitPrice")},
+      txtDiscount_{kDiscount, surface.control<ui::TextBox>("txtDiscount")},
+      txtExtPrice_(surface.control<ui::TextBox>("txtExtPrice")), txtTotal_(surface.control<ui::TextBox>("txtTotal"))
 {
     takeEvents(txtQty_);
     takeEvents(txtUnitPrice_);
@@ -146,41 +141,29 @@ FieldEntry::FieldEntry(EditorSession& session, ui::Surface& surface)
     handlers_.set(txtNote_.box.onChange, [this] { txtNote_Change(); });
 }
 
-FieldEntry::TextFieldBox FieldEntry::takeBox(const TextField& field, const ui::Surface& surface)
-{
-    return {field, surface.control<ui::TextEntry>(field.box)};
-}
-
-FieldEntry::AmountBox FieldEntry::takeBox(const AmountField& field, const ui::Surface& surface)
-{
-    return {field, surface.control<ui::TextBox>(field.box)};
-}
-
 void FieldEntry::takeEvents(const AmountBox& amount)
 {
-    handlers_.set(amount.box.onKeyPress, [this, &amount](std::int16_t& keyAscii) { keyPressed(amount, keyAscii); });
+    handlers_.set(amount.box.onKeyPress, [this, &amount](std::int16_t& KeyAscii) { keyPressed(amount, KeyAscii); });
     handlers_.set(amount.box.onGotFocus, [this, &amount] { gotFocus(amount); });
     handlers_.set(amount.box.onLostFocus, [this, &amount] { lostFocus(amount); });
     handlers_.set(amount.box.onChange, [this, &amount] { changed(amount); });
 }
 
-// --- the boxes' events ------------------------------------------------------------------------------
-
-bool FieldEntry::PrvIsValidNumberKey(std::int16_t keyAscii) const
+bool FieldEntry::PrvIsValidNumberKey(std::int16_t KeyAscii) const
 {
-    return isValidKey(keyAscii, session_.locale.decimalSep, session_.locale.thousandSep);
+    return isValidKey(KeyAscii, session_.locale.decimalSep, session_.locale.thousandSep);
 }
 
-bool FieldEntry::PrvIsValidCurrencyKey(std::int16_t keyAscii) const
+bool FieldEntry::PrvIsValidCurrencyKey(std::int16_t KeyAscii) const
 {
-    return isValidKey(keyAscii, session_.locale.monDecimalSep, session_.locale.monThousandSep);
+    return isValidKey(KeyAscii, session_.locale.monDecimalSep, session_.locale.monThousandSep);
 }
 
-void FieldEntry::keyPressed(const AmountBox& amount, std::int16_t& keyAscii)
+void FieldEntry::keyPressed(const AmountBox& amount, std::int16_t& KeyAscii)
 {
     session_.handleEvent(amount.field.keyPressLabel, [&] {
-        if (!(this->*amount.field.isValidKey)(keyAscii)) {
-            keyAscii = 0;
+        if (!(this->*amount.field.isValidKey)(KeyAscii)) {
+            KeyAscii = 0;
         }
     });
 }
@@ -231,8 +214,6 @@ void FieldEntry::txtNote_Change()
     });
 }
 
-// --- saving -----------------------------------------------------------------------------------------
-
 void FieldEntry::saveText(const TextFieldBox& text)
 {
     tracePropagate(text.field.saveLabel, [&] {
@@ -260,8 +241,6 @@ void FieldEntry::saveAmount(const AmountBox& amount)
         (session_.currentProduct().*field.setValue)(valid ? cyValue : Currency());
     });
 }
-
-// --- prices -----------------------------------------------------------------------------------------
 
 void FieldEntry::PrvCalcExtPrice()
 {
@@ -296,8 +275,6 @@ void FieldEntry::calcExtPrice()
     }
     product.SetExtPrice(extPrice);
 }
-
-// --- showing ----------------------------------------------------------------------------------------
 
 void FieldEntry::showProduct()
 {

@@ -66,17 +66,16 @@ private:
     /// How an amount box shows its amount: as it is edited, without currency symbol and "%", or as it is read.
     enum class AmountForm { edit, display };
 
-    static TextFieldBox takeBox(const TextField& field, const ui::Surface& surface);
-    static AmountBox takeBox(const AmountField& field, const ui::Surface& surface);
     void takeEvents(const AmountBox& amount);
 
-    bool PrvIsValidNumberKey(std::int16_t keyAscii) const;
-    bool PrvIsValidCurrencyKey(std::int16_t keyAscii) const;
+    bool PrvIsValidNumberKey(std::int16_t KeyAscii) const;
+    bool PrvIsValidCurrencyKey(std::int16_t KeyAscii) const;
 
-    void keyPressed(const AmountBox& amount, std::int16_t& keyAscii); ///< txtQty_KeyPress and its likes
-    void gotFocus(const AmountBox& amount);                           ///< txtQty_GotFocus and its likes
-    void lostFocus(const AmountBox& amount);                          ///< txtQty_LostFocus and its likes
-    void changed(const AmountBox& amount);                            ///< txtQty_Change and its likes
+    /// The events of txtQty, txtUnitPrice and txtDiscount; the table of amounts names each handler.
+    void keyPressed(const AmountBox& amount, std::int16_t& KeyAscii);
+    void gotFocus(const AmountBox& amount);
+    void lostFocus(const AmountBox& amount);
+    void changed(const AmountBox& amount);
     void txtNote_Change();
 
     void saveText(const TextFieldBox& text);

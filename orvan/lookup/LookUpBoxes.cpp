@@ -97,7 +97,7 @@ void LookUpBoxes::takeEvents(const Box& box)
 {
     handlers_.set(box.combo.onChange, [this, &box] { changed(box); });
     handlers_.set(box.combo.onClick, [this, &box] { clicked(box); });
-    handlers_.set(box.combo.onKeyPress, [this, &box](std::int16_t& keyAscii) { keyPressed(box, keyAscii); });
+    handlers_.set(box.combo.onKeyPress, [this, &box](std::int16_t& KeyAscii) { keyPressed(box, KeyAscii); });
     handlers_.set(box.combo.onLostFocus, [this, &box] { lostFocus(box); });
     handlers_.set(box.timer.onTimer, [this, &box] { timerFired(box); });
 }
@@ -143,11 +143,11 @@ void LookUpBoxes::clicked(const Box& box)
     });
 }
 
-void LookUpBoxes::keyPressed(const Box& box, std::int16_t keyAscii)
+void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 {
     traceResume(box.kind.keyPressLabel, [&](const auto& step) {
         step([&] {
-            if (keyAscii == kEnter) { // not swallowed: the box gets it too
+            if (KeyAscii == kEnter) { // not swallowed: the box gets it too
                 lostFocus(box);
             }
         });

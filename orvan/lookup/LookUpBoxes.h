@@ -71,7 +71,7 @@ private:
 
     void changed(const Box& box);                           ///< cboPartNum_Change, cboProductName_Change
     void clicked(const Box& box);                           ///< cboPartNum_Click, cboProductName_Click
-    void keyPressed(const Box& box, std::int16_t keyAscii); ///< cboPartNum_KeyPress, cboProductName_KeyPress
+    void keyPressed(const Box& box, std::int16_t KeyAscii); ///< cboPartNum_KeyPress, cboProductName_KeyPress
     void lostFocus(const Box& box);                         ///< cboPartNum_LostFocus, cboProductName_LostFocus
     void timerFired(const Box& box);                        ///< tmrPartNum_Timer, tmrProdLkp_Timer
 
