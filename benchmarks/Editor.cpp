@@ -139,7 +139,7 @@ public:
     FieldsAlone()
     {
         objProductMgr = sampleManager(1'000);
-        objCurrentProduct = objProductMgr->GetProduct(17);
+        heldProduct = objProductMgr->GetProduct(17);
     }
 
     ui::Platform& platform() override { return headlessHost().platform(); }

@@ -1,8 +1,9 @@
 // EditorSession: what the product editor shares with its fields and its look-up boxes.
 //
-// One object to its callers, the editor is built from several: the form holds this state and the
-// callbacks, its fields and boxes are given it. Positions are 1-based. Ownership: the form owns the
-// session and everything that is given it. Thread: the user-interface thread.
+// To its callers the editor is one object; it is built from several. The form derives from this class, which
+// holds the shared state and declares the callbacks; the fields and the look-up boxes are given a reference.
+// Ownership: the form owns them, so the session outlives them. Thread: the user-interface thread. Errors:
+// 91 where an object is asked for that is not held; the callbacks raise what their procedures raise.
 #pragma once
 
 #include "orvan/core/ProductMgr.h"
@@ -17,9 +18,9 @@
 
 namespace orvan {
 
-/// Sets a flag and clears it at the end of the scope, whatever it was before and however the scope
-/// ends: a user who keeps a form open after an error shall find it working.
-class ScopedFlag {
+/// Sets a flag, and clears it at the end of the scope: whatever it was before, and however the scope ends.
+/// After an error a user may keep the form open, and must then find it working.
+class [[nodiscard]] ScopedFlag {
 public:
     explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
     ScopedFlag(const ScopedFlag&) = delete;
@@ -37,9 +38,9 @@ public:
     EditorSession& operator=(const EditorSession&) = delete;
     virtual ~EditorSession() = default;
 
-    virtual ui::Platform& platform() = 0;
+    [[nodiscard]] virtual ui::Platform& platform() = 0;
     /// Owner of the session's message boxes.
-    virtual std::int32_t window() = 0;
+    [[nodiscard]] virtual std::int32_t window() = 0;
 
     /// Marks the session dirty, unless it is initializing; false clears the mark.
     virtual void PrvSetDirty(bool bDirty) = 0;
@@ -48,22 +49,24 @@ public:
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 
-    /// Error 91 when none is held.
-    ProductMgr& productMgr() const { return required(objProductMgr); }
-    ProductRecord& currentProduct() const { return required(objCurrentProduct); }
+    /// The manager and the record that are held. Raise 91 when there is none.
+    [[nodiscard]] ProductMgr& productMgr() const { return required(objProductMgr); }
+    [[nodiscard]] ProductRecord& currentProduct() const { return required(heldProduct); }
 
     /// Runs an event handler of the editor: an error is recorded, and closes the dialog.
     template <class Body>
-    void handleEvent(std::string_view sLabel, Body&& body)
+    void handleEvent(std::string_view label, Body&& body)
     {
-        traceCloseDialog(sLabel, std::forward<Body>(body), [this] { PrvCloseOnError(); });
+        traceCloseDialog(label, std::forward<Body>(body), [this] { PrvCloseOnError(); });
     }
 
-    std::shared_ptr<ProductMgr> objProductMgr;        ///< From the end of the set-up until the form unloads.
-    std::shared_ptr<ProductRecord> objCurrentProduct; ///< The record in the controls; may be none.
+    std::shared_ptr<ProductMgr> objProductMgr; ///< From the end of the set-up until the form unloads.
+    /// The current product: the record in the controls; may be none. A record's own code may ask the user, and
+    /// the dialog may close meanwhile and let go of the record: a procedure that goes on using it keeps a copy.
+    std::shared_ptr<ProductRecord> heldProduct;
     LocaleStrings locale; ///< Read once a session.
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
-    bool bInitializing = false;
+    bool initializing = false;
 
 private:
     template <class T>

@@ -5,8 +5,9 @@
 // (orvan/components/products/InProcessProductMgr.h is the one that comes with the library).
 //
 // Positions are 1-based: the first product is 1, the last is the count. Amounts are Currency
-// (ten-thousandths). Texts are UTF-8. Any operation may throw; what it throws reaches the caller as
-// currentError() gives it. Thread: the thread that created the manager.
+// (ten-thousandths). Texts are UTF-8. Ownership: shared; the list lives as long as somebody holds the manager.
+// Errors: any operation may throw; what it throws reaches the caller as currentError() gives it.
+// Thread: the thread that created the manager.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -32,30 +33,31 @@ class ProductRecord {
 public:
     virtual ~ProductRecord() = default;
 
-    virtual std::string Name() const = 0;
-    virtual void SetName(std::string_view sName) = 0;
+    [[nodiscard]] virtual std::string Name() const = 0;
+    virtual void SetName(std::string_view name) = 0;
     /// Catalogue key; "" for a product that did not come from the catalogue.
-    virtual std::string Key() const = 0;
-    virtual void SetKey(std::string_view sKey) = 0;
-    virtual std::string PartNum() const = 0;
-    virtual void SetPartNum(std::string_view sPartNum) = 0;
-    virtual Currency UnitPrice() const = 0;
-    virtual void SetUnitPrice(Currency cyUnitPrice) = 0;
+    [[nodiscard]] virtual std::string Key() const = 0;
+    virtual void SetKey(std::string_view key) = 0;
+    [[nodiscard]] virtual std::string PartNum() const = 0;
+    virtual void SetPartNum(std::string_view partNum) = 0;
+    [[nodiscard]] virtual Currency UnitPrice() const = 0;
+    virtual void SetUnitPrice(Currency unitPrice) = 0;
     /// May be fractional.
-    virtual Currency Qty() const = 0;
-    virtual void SetQty(Currency cyQty) = 0;
+    [[nodiscard]] virtual Currency Qty() const = 0;
+    virtual void SetQty(Currency qty) = 0;
     /// Percent: 10 means 10 %.
-    virtual Currency DiscPrcnt() const = 0;
-    virtual void SetDiscPrcnt(Currency cyDiscPrcnt) = 0;
-    /// Stored as given: who changes a price computes it.
-    virtual Currency ExtPrice() const = 0;
-    virtual void SetExtPrice(Currency cyExtPrice) = 0;
-    virtual std::string Note() const = 0;
-    virtual void SetNote(std::string_view sNote) = 0;
+    [[nodiscard]] virtual Currency DiscPrcnt() const = 0;
+    virtual void SetDiscPrcnt(Currency discPrcnt) = 0;
+    /// Stored as given: whoever changes a price, a quantity or a discount computes it anew.
+    [[nodiscard]] virtual Currency ExtPrice() const = 0;
+    virtual void SetExtPrice(Currency extPrice) = 0;
+    [[nodiscard]] virtual std::string Note() const = 0;
+    virtual void SetNote(std::string_view note) = 0;
 
-    virtual bool IsValidUnitPrice(Currency cyValue) const = 0;
-    virtual bool IsValidQty(Currency cyValue) const = 0;
-    virtual bool IsValidDiscPrcnt(Currency cyValue) const = 0;
+    /// Whether the record takes the amount; the rule is the record's own. The editor stores 0 for what it refuses.
+    [[nodiscard]] virtual bool IsValidUnitPrice(Currency cyValue) const = 0;
+    [[nodiscard]] virtual bool IsValidQty(Currency cyValue) const = 0;
+    [[nodiscard]] virtual bool IsValidDiscPrcnt(Currency cyValue) const = 0;
 };
 
 class ProductMgr : public ui::Component {
@@ -63,10 +65,10 @@ public:
     virtual std::int32_t GetProductCount() = 0;
     /// Sum of all extended prices. Raises 6 when it does not fit.
     virtual Currency GetTotalValue() = 0;
-    /// Moves lIndex by lOffset (-1, 0 or +1) to a position that holds a product; bFound is false
+    /// Moves lIndex by lOffset (-1, 0 or +1) to a position that holds a product; found is false
     /// when there is none, and lIndex is then not to be used. Offset 0 asks only whether lIndex
     /// still names a product.
-    virtual void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& bFound) = 0;
+    virtual void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) = 0;
     /// Appends an empty record; its position is the new count.
     virtual std::shared_ptr<ProductRecord> AddNewProduct() = 0;
     /// Raises 9 when no product is there.
@@ -74,13 +76,13 @@ public:
     /// Later products move up by one. Raises 9 when no product is there.
     virtual void DeleteProduct(std::int32_t lIndex) = 0;
     /// Raises 9 when either position holds no product.
-    virtual void MoveProduct(std::int32_t lFrom, std::int32_t lTo) = 0;
-    /// Replaces the whole list. bFlag is the manager's business: this library passes false to show
-    /// a list and true to go back to an earlier one.
-    virtual void SetProductsString(std::string_view sProducts, const std::string& sRecordSep,
-                                   const std::string& sFieldSep, bool bFlag) = 0;
+    virtual void MoveProduct(std::int32_t from, std::int32_t to) = 0;
+    /// Replaces the whole list. What the flag does is up to the manager: this library passes false to show a
+    /// list and true to go back to an earlier one.
+    virtual void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
+                                   const std::string& fieldSeparator, bool flag) = 0;
     /// Raises an error when the data exceeds GetMaxDataSize().
-    virtual std::string GetProductsString(const std::string& sRecordSep, const std::string& sFieldSep) = 0;
+    virtual std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) = 0;
     /// Largest size of the products string that the manager accepts, in bytes.
     virtual std::int32_t GetMaxDataSize() = 0;
 };

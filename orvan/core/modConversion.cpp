@@ -1,5 +1,6 @@
 #include "orvan/core/modConversion.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/Text.h"
 #include "orvan/ui/LocaleService.h"
 
@@ -25,28 +26,18 @@ void removeAll(std::string& text, std::string_view part)
     }
 }
 
-bool isAscii(char c)
-{
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-/// The digits and decimal separators of a text, in place of what stands in `kept`; the text's length is room enough.
+/// The digits and decimal separators of the text, written to `kept`, which holds at least sText.size() characters.
 /// Empty where there is no digit.
 std::string_view keepAmount(char* kept, std::string_view sText, std::string_view sDecimalSep)
 {
-    // A digit is kept anyway, so that "0" stands for no separator of one byte.
+    // '0' where the separator is not one ASCII character: digits are kept anyway, so it adds nothing.
     const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
     char* end = kept;
     bool anyDigit = false;
     for (std::size_t at = 0; at < sText.size();) {
         const char c = sText[at];
         if (isAscii(c)) {
-            // Without a branch: nobody foretells where in a text the separators stand.
+            // Without a branch: the processor cannot predict where in a text the separators stand.
             *end = c;
             end += isDigit(c) || c == decimal ? 1 : 0;
             anyDigit |= isDigit(c);
@@ -60,21 +51,6 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
         }
     }
     return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
-}
-
-Currency textToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
-try {
-    char typed[64]; // room for what is typed, as a rule
-    std::unique_ptr<char[]> longer;
-    char* room = typed;
-    if (sText.size() > sizeof typed) {
-        longer = std::make_unique_for_overwrite<char[]>(sText.size());
-        room = longer.get();
-    }
-    const std::string_view kept = keepAmount(room, sText, sDecimalSep);
-    return kept.empty() ? Currency() : locale.textToCurrency(kept); // a box just emptied is no exception
-} catch (...) {
-    return Currency(); // a user may type anything: what is not an amount is none
 }
 
 } // namespace
@@ -110,12 +86,22 @@ std::string FormatPercentValue(ui::LocaleService& locale, Currency cyValue, std:
 
 Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 {
-    return textToValue(locale, sText, sDecimalSep);
+    return NumberTextToValue(locale, sText, sDecimalSep);
 }
 
 Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
-{
-    return textToValue(locale, sText, sDecimalSep);
+try {
+    char typed[64]; // as much as a person types, as a rule
+    std::unique_ptr<char[]> pasted;
+    char* buffer = typed;
+    if (sText.size() > sizeof typed) {
+        pasted.reset(new char[sText.size()]); // not make_unique, which would fill it with zeros first
+        buffer = pasted.get();
+    }
+    const std::string_view kept = keepAmount(buffer, sText, sDecimalSep);
+    return kept.empty() ? Currency() : locale.textToCurrency(kept); // an emptied box costs no exception
+} catch (...) {
+    return Currency(); // a user may type anything: what is not an amount counts as 0
 }
 
 Currency PercentTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)

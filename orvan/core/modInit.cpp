@@ -2,16 +2,18 @@
 
 #include "orvan/ui/Platform.h"
 
+#include <utility>
+
 namespace orvan {
 
 thread_local std::shared_ptr<Trace> gobjTrace;
 
 namespace {
 
-/// Outlives every destructor of the thread, because it has none.
+/// Has no destructor, so that it can still be read while the thread's other objects are destroyed.
 thread_local bool threadEnded = false;
 
-/// Declared after gobjTrace, so that it goes first.
+/// Declared after gobjTrace, so that it is destroyed before it.
 struct EndMark {
     ~EndMark() { threadEnded = true; }
 };
@@ -40,7 +42,7 @@ void enterLibrary(ui::Platform& platform)
 {
     thread_local bool entered = false;
     if (!entered) {
-        static_cast<void>(endMark); // made here, it is there to go
+        static_cast<void>(endMark); // constructs the thread-local, so that its destructor runs at the thread's end
         entered = true;             // before Main: a failed start is not tried again in this thread
         Main(platform);
     }
@@ -54,9 +56,9 @@ Trace& traceObject()
     return *gobjTrace;
 }
 
-void raiseApplicationError(std::string_view sLabel, std::string sMessage)
+void raiseApplicationError(std::string_view label, std::string message)
 {
-    throw RuntimeError(traceObject().AppErrorNumber(), std::string(sLabel), std::move(sMessage));
+    throw RuntimeError(traceObject().AppErrorNumber(), std::string(label), std::move(message));
 }
 
 void raiseLastError()

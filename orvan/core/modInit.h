@@ -16,11 +16,12 @@
 // A failure inside a handler (TraceError, LastErrorNumber, ShowLastError, the closing) is never
 // caught by the same shape: it leaves the procedure as an error to its caller.
 //
-// Thread: every thread that uses the library has its own trace object; nothing is locked.
+// Ownership: a thread holds its trace object (orvan/core/Trace.h) to its end. Thread: every thread that uses
+// the library has its own one; nothing is locked.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/ui/ComponentFactory.h"
+#include "orvan/core/Trace.h"
 
 #include <cstdint>
 #include <memory>
@@ -35,24 +36,6 @@ namespace ui {
 class Platform;
 }
 
-/// Class name of the trace component.
-inline constexpr std::string_view kTraceClassName = "OrvnTWrp.Trace";
-
-/// The operations asked of a trace component, in the order of its interface. Any of them may throw.
-class Trace : public ui::Component {
-public:
-    /// Number of the error that the last TraceError recorded.
-    virtual std::int32_t LastErrorNumber() = 0;
-    /// Records the error that the calling thread is handling (currentError()), with an extra text.
-    virtual void TraceError(std::string_view sText) = 0;
-    virtual void TraceEnter(std::string_view sLabel) = 0;
-    virtual void TraceExit(std::string_view sLabel) = 0;
-    /// Number for errors that the library raises itself.
-    virtual std::int32_t AppErrorNumber() = 0;
-    /// Shows the recorded error to the user; hWnd owns the message box.
-    virtual void ShowLastError(std::int32_t hWnd) = 0;
-};
-
 /// The thread's trace object: empty until Main has run in the thread, never replaced by the library.
 extern thread_local std::shared_ptr<Trace> gobjTrace;
 
@@ -64,42 +47,41 @@ void Main(ui::Platform& platform);
 /// it. Every public object of the library calls it before anything else.
 void enterLibrary(ui::Platform& platform);
 
-/// gobjTrace, or error 91 when there is none (any more: objects that outlive their thread's end, such
-/// as a program's statics, find none).
+/// gobjTrace. Raises 91 when there is none: before Main has made one, and for an object that outlives its
+/// thread, such as a program's static.
 Trace& traceObject();
 
-/// Raises one of the library's own errors; sLabel is the raising procedure's.
-[[noreturn]] void raiseApplicationError(std::string_view sLabel, std::string sMessage);
+/// Raises one of the library's own errors; label is the raising procedure's.
+[[noreturn]] void raiseApplicationError(std::string_view label, std::string message);
 
-/// For a recovery that passes some errors on: raises LastErrorNumber, number alone, as the propagate
-/// kind does.
+/// Raises LastErrorNumber, number alone, as tracePropagate does: for a recovery that passes some errors on.
 [[noreturn]] void raiseLastError();
 
-/// What a body returns that does not always report its exit. A few event handlers report their entry
-/// alone when they have nothing to do, deliberately; their shape returns nothing.
+/// Returned by a body that decides whether its exit is reported. A few event handlers deliberately report
+/// their entry alone when they have nothing to do. The shape around such a body returns nothing.
 enum class Leaving { withExit, withoutExit };
 
 namespace detail {
 
-/// What a handler does first; called inside a catch block.
+/// The first step of every error handler: TraceError. Called inside a catch block only.
 void recordError();
-/// The whole handler of the propagate kind.
+/// The whole error handler of tracePropagate.
 [[noreturn]] void recordAndRaise();
 
 template <class Body>
-auto enterRunExit(std::string_view sLabel, Body&& body)
+auto enterRunExit(std::string_view label, Body&& body)
 {
-    traceObject().TraceEnter(sLabel);
+    traceObject().TraceEnter(label);
     if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
         std::forward<Body>(body)();
-        traceObject().TraceExit(sLabel);
+        traceObject().TraceExit(label);
     } else if constexpr (std::is_same_v<std::invoke_result_t<Body>, Leaving>) {
         if (std::forward<Body>(body)() == Leaving::withExit) {
-            traceObject().TraceExit(sLabel);
+            traceObject().TraceExit(label);
         }
     } else {
         auto result = std::forward<Body>(body)();
-        traceObject().TraceExit(sLabel);
+        traceObject().TraceExit(label);
         return result;
     }
 }
@@ -107,10 +89,10 @@ auto enterRunExit(std::string_view sLabel, Body&& body)
 } // namespace detail
 
 template <class Body>
-auto tracePropagate(std::string_view sLabel, Body&& body)
+auto tracePropagate(std::string_view label, Body&& body)
 {
     try {
-        return detail::enterRunExit(sLabel, std::forward<Body>(body));
+        return detail::enterRunExit(label, std::forward<Body>(body));
     } catch (...) {
         detail::recordAndRaise();
     }
@@ -118,10 +100,10 @@ auto tracePropagate(std::string_view sLabel, Body&& body)
 
 /// `recover` runs inside the handler; its own failure leaves the procedure.
 template <class Body, class Recover>
-auto traceRecover(std::string_view sLabel, Body&& body, Recover&& recover)
+auto traceRecover(std::string_view label, Body&& body, Recover&& recover)
 {
     try {
-        return detail::enterRunExit(sLabel, std::forward<Body>(body));
+        return detail::enterRunExit(label, std::forward<Body>(body));
     } catch (...) {
         detail::recordError();
         return std::forward<Recover>(recover)();
@@ -130,16 +112,16 @@ auto traceRecover(std::string_view sLabel, Body&& body, Recover&& recover)
 
 /// `closeOnError` tells the user and closes the dialog.
 template <class Body, class Close>
-void traceCloseDialog(std::string_view sLabel, Body&& body, Close&& closeOnError)
+void traceCloseDialog(std::string_view label, Body&& body, Close&& closeOnError)
 {
-    traceRecover(sLabel, std::forward<Body>(body), std::forward<Close>(closeOnError));
+    traceRecover(label, std::forward<Body>(body), std::forward<Close>(closeOnError));
 }
 
 /// `hostWindow` yields the handle of the host's window; it is asked only when there is an error.
 template <class Body, class HostWindow>
-void traceShowToUser(std::string_view sLabel, Body&& body, HostWindow&& hostWindow)
+void traceShowToUser(std::string_view label, Body&& body, HostWindow&& hostWindow)
 {
-    traceRecover(sLabel, std::forward<Body>(body), [&] { traceObject().ShowLastError(hostWindow()); });
+    traceRecover(label, std::forward<Body>(body), [&] { traceObject().ShowLastError(hostWindow()); });
 }
 
 /// A statement guard: runs one statement, and on an error goes on with the next one.
@@ -162,28 +144,28 @@ public:
 namespace detail {
 
 template <bool recordErrors, class Body>
-void enterResumeExit(std::string_view sLabel, Body&& body)
+void enterResumeExit(std::string_view label, Body&& body)
 {
     const ResumeNext<recordErrors> step;
-    step([&] { traceObject().TraceEnter(sLabel); });
+    step([&] { traceObject().TraceEnter(label); });
     std::forward<Body>(body)(step);
-    step([&] { traceObject().TraceExit(sLabel); });
+    step([&] { traceObject().TraceExit(label); });
 }
 
 } // namespace detail
 
 /// The body is given a guard and passes each of its statements through it: step([&] { ... }).
 template <class Body>
-void traceResume(std::string_view sLabel, Body&& body)
+void traceResume(std::string_view label, Body&& body)
 {
-    detail::enterResumeExit<true>(sLabel, std::forward<Body>(body));
+    detail::enterResumeExit<true>(label, std::forward<Body>(body));
 }
 
 /// As traceResume, but errors leave no record.
 template <class Body>
-void traceIgnore(std::string_view sLabel, Body&& body)
+void traceIgnore(std::string_view label, Body&& body)
 {
-    detail::enterResumeExit<false>(sLabel, std::forward<Body>(body));
+    detail::enterResumeExit<false>(label, std::forward<Body>(body));
 }
 
 } // namespace orvan

@@ -9,9 +9,8 @@ namespace {
 
 constexpr const char* kDefaultThousand = ",";
 constexpr const char* kDefaultDecimal = ".";
-// A comma, as for the thousands separators, and not a currency sign: without the user's symbol there
-// is nothing right to show, and hosts have come to expect that money then loses its commas where
-// the symbol is taken out of it. Not to be mended.
+// Deliberately a comma, as for the thousands separators, and not a currency sign: without the user's symbol
+// there is nothing right to show, and hosts rely on money losing its commas where the symbol is taken out.
 constexpr const char* kDefaultCurrencySymbol = kDefaultThousand;
 
 } // namespace
@@ -33,8 +32,7 @@ std::string GetCurrencySymbol(ui::LocaleService& locale)
 LocaleStrings PrvInitLocale(ui::LocaleService& locale)
 {
     LocaleStrings strings;
-    GetNumberSeparators(locale, strings.monThousandSep, strings.monDecimalSep, strings.thousandSep,
-                        strings.decimalSep);
+    GetNumberSeparators(locale, strings.monThousandSep, strings.monDecimalSep, strings.thousandSep, strings.decimalSep);
     strings.currencySymbol = GetCurrencySymbol(locale);
     return strings;
 }

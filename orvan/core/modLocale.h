@@ -1,7 +1,7 @@
 // modLocale: the five texts of the user's number and money formats.
 //
 // A view and an editor read them once, when they initialize, and pass them to modConversion from
-// then on. Neither procedure fails or is traced: an item that cannot be read has a default.
+// then on. No procedure fails or is traced: an item that cannot be read has a default. Texts are UTF-8.
 // Thread: the user-interface thread.
 #pragma once
 
@@ -18,9 +18,9 @@ void GetNumberSeparators(ui::LocaleService& locale, std::string& sMonThousand, s
                          std::string& sThousand, std::string& sDecimal);
 
 /// Default: ",".
-std::string GetCurrencySymbol(ui::LocaleService& locale);
+[[nodiscard]] std::string GetCurrencySymbol(ui::LocaleService& locale);
 
-/// What a view or an editor keeps of them for its life.
+/// The five texts, as a view or an editor keeps them for its life.
 struct LocaleStrings {
     std::string monThousandSep;
     std::string monDecimalSep;
@@ -29,7 +29,7 @@ struct LocaleStrings {
     std::string currencySymbol;
 };
 
-/// All five, by the two procedures above, the separators first.
-LocaleStrings PrvInitLocale(ui::LocaleService& locale);
+/// All five, read by the two procedures above, the separators first.
+[[nodiscard]] LocaleStrings PrvInitLocale(ui::LocaleService& locale);
 
 } // namespace orvan

@@ -22,7 +22,7 @@ void ProductDlg::runSession(const std::shared_ptr<ProductMgr>& objProductMgr, st
     frmProduct form(platform_);
     form.Init(objProductMgr, lProdIdx, bAddNew);
     form.showModal();
-    bDirty_ = form.Dirty();
+    dirty_ = form.Dirty();
 }
 
 } // namespace orvan

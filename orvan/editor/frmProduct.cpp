@@ -1,7 +1,6 @@
 #include "orvan/editor/frmProduct.h"
 
 #include "orvan/base/Text.h"
-#include "orvan/core/modConversion.h"
 #include "orvan/core/modLocale.h"
 #include "orvan/editor/frmProductDesign.h"
 #include "orvan/ui/Button.h"
@@ -9,7 +8,6 @@
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Frame.h"
 #include "orvan/ui/Platform.h"
-#include "orvan/ui/TextBox.h"
 #include "orvan/ui/ToolBar.h"
 
 #include <utility>
@@ -18,7 +16,7 @@ namespace orvan {
 
 namespace {
 
-constexpr std::size_t kCaptionNameLength = 25; // characters
+constexpr std::size_t kCaptionNameLength = 25; ///< Characters of the product's name.
 
 } // namespace
 
@@ -31,51 +29,51 @@ frmProduct::frmProduct(ui::Platform& platform)
       cmdGotoFirst_(form_->control<ui::Button>("cmdGotoFirst")),
       cmdGotoLast_(form_->control<ui::Button>("cmdGotoLast")),
       cmdSaveClose_(form_->control<ui::Button>("cmdSaveClose")), cmdCancel_(form_->control<ui::Button>("cmdCancel")),
-      cboProductName_(form_->control<ui::ComboBox>("cboProductName")),
-      cboPartNum_(form_->control<ui::ComboBox>("cboPartNum")),
-      txtUnitPrice_(form_->control<ui::TextBox>("txtUnitPrice")),
-      txtDiscount_(form_->control<ui::TextBox>("txtDiscount")), txtQty_(form_->control<ui::TextBox>("txtQty")),
-      txtExtPrice_(form_->control<ui::TextBox>("txtExtPrice")), txtNote_(form_->control<ui::TextBox>("txtNote")),
-      txtTotal_(form_->control<ui::TextBox>("txtTotal"))
+      cboProductName_(form_->control<ui::ComboBox>("cboProductName"))
 {
-    form_->onResize = [this] { Form_Resize(); };
-    form_->onQueryUnload = [this](ui::UnloadMode mode) { return Form_QueryUnload(mode); };
-    form_->onUnload = [this] { Form_Unload(); };
-    atbMain_.onToolClick = [this](std::string_view sToolId) { atbMain_ToolClick(sToolId); };
-    cmdNew_.onClick = [this] { cmdNew_Click(); };
-    cmdDelete_.onClick = [this] { cmdDelete_Click(); };
-    cmdNext_.onClick = [this] { cmdNext_Click(); };
-    cmdPrevious_.onClick = [this] { cmdPrevious_Click(); };
-    cmdGotoFirst_.onClick = [this] { cmdGotoFirst_Click(); };
-    cmdGotoLast_.onClick = [this] { cmdGotoLast_Click(); };
-    cmdSaveClose_.onClick = [this] { cmdSaveClose_Click(); };
-    cmdCancel_.onClick = [this] { cmdCancel_Click(); };
+    takeEvents();
     Form_Resize(); // the platform may have made the form larger than it was designed
 }
 
 frmProduct::~frmProduct() = default;
 
+void frmProduct::takeEvents()
+{
+    handlers_.set(form_->onResize, [this] { Form_Resize(); });
+    handlers_.set(form_->onQueryUnload, [this](ui::UnloadMode mode) { return Form_QueryUnload(mode); });
+    handlers_.set(form_->onUnload, [this] { Form_Unload(); });
+    handlers_.set(atbMain_.onToolClick, [this](std::string_view toolId) { atbMain_ToolClick(toolId); });
+    handlers_.set(cmdNew_.onClick, [this] { cmdNew_Click(); });
+    handlers_.set(cmdDelete_.onClick, [this] { cmdDelete_Click(); });
+    handlers_.set(cmdNext_.onClick, [this] { cmdNext_Click(); });
+    handlers_.set(cmdPrevious_.onClick, [this] { cmdPrevious_Click(); });
+    handlers_.set(cmdGotoFirst_.onClick, [this] { cmdGotoFirst_Click(); });
+    handlers_.set(cmdGotoLast_.onClick, [this] { cmdGotoLast_Click(); });
+    handlers_.set(cmdSaveClose_.onClick, [this] { cmdSaveClose_Click(); });
+    handlers_.set(cmdCancel_.onClick, [this] { cmdCancel_Click(); });
+}
+
 void frmProduct::Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_t lProductIndex, bool bAddNew)
 {
     tracePropagate("KTVOrvanProduct.frmProduct::Init", [&] {
-        bInitializing = true;
-        lookUp_.objLkpMgr = ui::createComponent<ProductLkpMgr>(platform_.components(), kProductLkpMgrClassName);
+        initializing = true;
+        lookUp_.productLkpMgr = ui::createComponent<ProductLkpMgr>(platform_.components(), kProductLkpMgrClassName);
         if (!objProdMgr) {
             throw RuntimeError(ErrorNumber::objectNotSet);
         }
-        sProducts_ = objProdMgr->GetProductsString(kRecordSeparator, kFieldSeparator);
+        productsSnapshot_ = objProdMgr->GetProductsString(kRecordSeparator, kFieldSeparator);
         PrvInitForm();
-        objProductMgr = objProdMgr; // only now: the set-up does without it
+        objProductMgr = objProdMgr; // only now: PrvInitForm must not need it
         if (bAddNew) {
-            bDirty_ = true; // PrvSetDirty would drop it while initializing
+            dirty_ = true; // not by PrvSetDirty, which does nothing while initializing
             PrvAddNewProduct();
         } else {
-            lCurrentIndex_ = lProductIndex;
+            currentIndex_ = lProductIndex;
             PrvLoadProductInfo();
             PrvSetFormCaption();
         }
-        PrvSeekProduct(0); // ends with bInitializing off already
-        bInitializing = false;
+        PrvSeekProduct(0); // its end clears `initializing`, too
+        initializing = false;
     });
 }
 
@@ -97,11 +95,11 @@ void frmProduct::PrvInitForm()
 void frmProduct::PrvSetFormCaption()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvSetFormCaption", [&] {
-        const std::string sName = currentProduct().Name();
-        std::string sCaption(firstCharacters(sName, kCaptionNameLength));
-        sCaption.append(" (").append(std::to_string(lCurrentIndex_));
-        sCaption.append("/").append(std::to_string(productMgr().GetProductCount())).append(")");
-        form_->setCaption(std::move(sCaption));
+        const std::string name = currentProduct().Name();
+        std::string caption(firstCharacters(name, kCaptionNameLength));
+        caption.append(" (").append(std::to_string(currentIndex_));
+        caption.append("/").append(std::to_string(productMgr().GetProductCount())).append(")");
+        form_->setCaption(std::move(caption));
     });
 }
 
@@ -121,10 +119,4 @@ ui::MessageResult frmProduct::show(ui::Message message)
     message.ownerWindow = window();
     return platform_.messageBox().show(message);
 }
-
-std::string frmProduct::money(Currency cyValue) const
-{
-    return FormatCurrencyValue(platform_.locale(), cyValue, 2, locale.currencySymbol, true);
-}
-
 } // namespace orvan

@@ -1,16 +1,18 @@
 // frmProduct: the product editor's form: one session of editing one list.
 //
-// Init is called once, after the form is made and before it is shown. From then on the form runs on
+// Init is called once, after the form is made and before it is shown. From then on the form acts on
 // the user's events until it unloads itself, which releases the list and the records.
 //
 // The procedures stand in files by subject: frmProduct.cpp (life, set-up, caption),
 // frmProductSession.cpp (load, save, cancel, close), frmProductNavigation.cpp (seek, add, delete, the
-// tool bar), frmProductLayout.cpp (resize). The amount and note boxes are orvan/fields/FieldEntry.h, the
-// part-number and name boxes orvan/lookup/LookUpBoxes.h.
+// tool bar), frmProductLayout.cpp (resize). The boxes belong to orvan/fields/FieldEntry.h, which shows and
+// saves them all, and to orvan/lookup/LookUpBoxes.h, which searches from two of them.
 //
-// Ownership: ProductDlg, for the time of a session. Thread: the user-interface thread.
+// Positions are 1-based. Ownership: ProductDlg, for the time of a session; the platform outlives it. Thread: the
+// user-interface thread. Errors: Init raises by number alone; event handlers close the form with a message.
 #pragma once
 
+#include "orvan/base/ScopedHandlers.h"
 #include "orvan/core/EditorSession.h"
 #include "orvan/fields/FieldEntry.h"
 #include "orvan/lookup/LookUpBoxes.h"
@@ -25,6 +27,7 @@ namespace orvan {
 
 namespace ui {
 class Button;
+class ComboBox;
 class Control;
 class Form;
 class Frame;
@@ -45,10 +48,10 @@ public:
     void showModal();
 
     /// Something was changed. Neither a save nor the closing clears it; the answer No to saving does.
-    bool Dirty() const { return bDirty_; }
-    /// The form was closed because of an error of its own. Nobody but tests asks so far, as for the next.
-    bool DialogError() const { return bDialogError_; }
-    const LookUpBoxes::State& lookUpState() const { return lookUp_.state(); }
+    [[nodiscard]] bool Dirty() const { return dirty_; }
+    /// The form was closed because of an error of its own.
+    [[nodiscard]] bool DialogError() const { return dialogError_; }
+    [[nodiscard]] const LookUpBoxes::State& lookUpState() const { return lookUp_.state(); }
 
 private:
     // EditorSession
@@ -58,11 +61,12 @@ private:
     void PrvLoadProductInfo() override;
     void PrvCloseOnError() override;
 
+    void takeEvents();
     void PrvInitForm();
     void PrvSetFormCaption();
 
     void PrvSaveCurrentProduct(bool& bOk);
-    ui::MessageResult PrvCancelEdit(bool& bSaveFailed);
+    [[nodiscard]] ui::MessageResult PrvCancelEdit(bool& bSaveFailed);
     void cmdSaveClose_Click();
     void cmdCancel_Click();
     bool Form_QueryUnload(ui::UnloadMode mode);
@@ -73,11 +77,13 @@ private:
     void PrvAddNewProduct();
     void PrvDeleteProduct();
     void PrvDeleteCurrentProduct();
+    /// What PrvDeleteProduct and cmdDelete_Click do, each under its own label.
     void askAndDelete();
+    /// Enables the commands that lead to another product.
     void showNavigationState();
-    /// The fields, and what deletes a product, can be used while there is one.
-    void setProductShown(bool bShown);
-    void atbMain_ToolClick(std::string_view sToolId);
+    /// Enables the fields and the delete commands, which can be used only while a product is shown.
+    void setProductShown(bool shown);
+    void atbMain_ToolClick(std::string_view toolId);
     void cmdNew_Click();
     void cmdDelete_Click();
     void cmdGotoFirst_Click();
@@ -87,11 +93,21 @@ private:
 
     void Form_Resize();
 
-    /// Moves the focus, so that the box being edited is left and finished first. False when leaving it
-    /// closed the form: there is nothing to go on with then.
-    bool leaveBoxFor(ui::Control& control);
+    /// Moves the focus to the control, so that the box being edited is left and finished first. False when that
+    /// closed the form: the command then ends.
+    [[nodiscard]] bool leaveBoxFor(ui::Control& control);
+    /// Shows a message box that the form owns.
     ui::MessageResult show(ui::Message message);
-    std::string money(Currency cyValue) const;
+    /// Runs the handler of a button's click: the command, once the box being edited has been left.
+    template <class Command>
+    void handleClick(std::string_view label, ui::Control& button, Command&& command)
+    {
+        handleEvent(label, [&] {
+            if (leaveBoxFor(button)) {
+                command();
+            }
+        });
+    }
 
     ui::Platform& platform_;
     std::unique_ptr<ui::Form> form_;
@@ -108,23 +124,17 @@ private:
     ui::Button& cmdGotoLast_;
     ui::Button& cmdSaveClose_;
     ui::Button& cmdCancel_;
-    ui::ComboBox& cboProductName_;
-    ui::ComboBox& cboPartNum_;
-    ui::TextBox& txtUnitPrice_;
-    ui::TextBox& txtDiscount_;
-    ui::TextBox& txtQty_;
-    ui::TextBox& txtExtPrice_;
-    ui::TextBox& txtNote_;
-    ui::TextBox& txtTotal_;
+    ui::ComboBox& cboProductName_; ///< For the focus alone; the fields and the look-up own what it shows.
 
-    std::string sProducts_;          ///< The list as it was when the session began.
-    std::int32_t lCurrentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.
-    bool bDirty_ = false;
-    bool bDialogError_ = false;
-    bool bClosingOnError_ = false; ///< PrvCloseOnError is under way.
-    /// The user answered Yes to saving once. From then on closing asks nothing, even where that save
-    /// failed: the second attempt to close gives up what the limit keeps out.
-    bool bSaveConfirmed_ = false;
+    std::string productsSnapshot_;  ///< The list as it was when the session began.
+    std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.
+    bool dirty_ = false;
+    bool dialogError_ = false;
+    bool closingOnError_ = false; ///< PrvCloseOnError is running.
+    /// The user answered Yes to saving once. From then on closing asks nothing, even where that save failed
+    /// because the list exceeded the size limit: the second attempt to close then closes without a save.
+    bool saveConfirmed_ = false;
+    ScopedHandlers handlers_; ///< Last, so that no event comes in while the other members are destroyed.
 };
 
 } // namespace orvan

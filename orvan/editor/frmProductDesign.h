@@ -1,4 +1,6 @@
-// The product editor's controls, as data: see orvan/ui/FormDesign.h.
+// frmProductDesign: the product editor's controls, as data (orvan/ui/FormDesign.h). Positions are in twips.
+//
+// Thread: any; nothing changes it.
 #pragma once
 
 #include "orvan/ui/FormDesign.h"

@@ -18,7 +18,7 @@ constexpr float kGap = 120;         ///< Between the frame and the row, and betw
 
 void frmProduct::Form_Resize()
 {
-    // A window too small for a frame of positive size leaves it as it was; the row still follows it.
+    // In a window that is too small for it, the frame keeps its size, and the row of buttons still follows it.
     const ResumeNext<false> step;
     step([&] {
         fraWizProducts_.move(fraWizProducts_.left(), fraWizProducts_.top(),

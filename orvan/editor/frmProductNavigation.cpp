@@ -14,19 +14,19 @@ namespace orvan {
 void frmProduct::PrvSeekProduct(std::int32_t lOffset)
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvSeekProduct", [&] {
-        const ScopedFlag reloading(bInitializing); // showing another product changes none
+        const ScopedFlag reloading(initializing); // showing another product changes none
         bool bOk = false;
         PrvSaveCurrentProduct(bOk);
         if (!bOk) {
             return;
         }
-        std::int32_t lProbe = lCurrentIndex_;
-        bool bFound = false;
-        productMgr().SeekIndex(lProbe, lOffset, bFound);
-        if (bFound) {
-            lCurrentIndex_ = lProbe;
-            objCurrentProduct.reset();
-            objCurrentProduct = productMgr().GetProduct(lCurrentIndex_);
+        std::int32_t probe = currentIndex_;
+        bool found = false;
+        productMgr().SeekIndex(probe, lOffset, found);
+        if (found) {
+            currentIndex_ = probe;
+            heldProduct.reset();
+            heldProduct = productMgr().GetProduct(currentIndex_);
             PrvLoadProductInfo();
             PrvSetFormCaption();
         }
@@ -36,30 +36,30 @@ void frmProduct::PrvSeekProduct(std::int32_t lOffset)
 
 void frmProduct::showNavigationState()
 {
-    const auto enable = [&](ui::Button& button, std::string_view sToolId, bool bEnabled) {
-        button.setEnabled(bEnabled);
-        atbMain_.setToolEnabled(sToolId, button.enabled());
+    const auto enable = [&](ui::Button& button, std::string_view toolId, bool enabled) {
+        button.setEnabled(enabled);
+        atbMain_.setToolEnabled(toolId, button.enabled());
     };
     const auto neighbour = [&](std::int32_t lOffset) {
-        std::int32_t lProbe = lCurrentIndex_; // the manager may move it
-        bool bFound = false;
-        productMgr().SeekIndex(lProbe, lOffset, bFound);
-        return bFound;
+        std::int32_t probe = currentIndex_; // a copy, because the manager moves it
+        bool found = false;
+        productMgr().SeekIndex(probe, lOffset, found);
+        return found;
     };
-    enable(cmdGotoFirst_, "ID_GotoFirst", lCurrentIndex_ > 1);
-    enable(cmdGotoLast_, "ID_GotoLast", lCurrentIndex_ < productMgr().GetProductCount());
+    enable(cmdGotoFirst_, "ID_GotoFirst", currentIndex_ > 1);
+    enable(cmdGotoLast_, "ID_GotoLast", currentIndex_ < productMgr().GetProductCount());
     enable(cmdPrevious_, "ID_GotoPrevious", neighbour(-1));
     enable(cmdNext_, "ID_GotoNext", neighbour(+1));
 }
 
 void frmProduct::PrvSeekProductIndex(std::int32_t lIndex)
 {
-    // The label is the relative seek's: a move reads as a move in the trace, whichever way it was asked for.
+    // The label is PrvSeekProduct's, on purpose: every move looks the same in the trace.
     tracePropagate("KTVOrvanProduct.frmProduct::PrvSeekProduct", [&] {
         bool bOk = false;
         PrvSaveCurrentProduct(bOk);
         if (bOk) {
-            lCurrentIndex_ = lIndex;
+            currentIndex_ = lIndex;
             PrvSeekProduct(0);
         }
     });
@@ -73,13 +73,13 @@ void frmProduct::PrvAddNewProduct()
         if (!bOk) {
             return;
         }
-        bDirty_ = true; // a new product is a change, also while initializing
-        objCurrentProduct.reset();
-        objCurrentProduct = productMgr().AddNewProduct();
+        dirty_ = true; // not by PrvSetDirty: a new product is a change also while initializing
+        heldProduct.reset();
+        heldProduct = productMgr().AddNewProduct();
         currentProduct().SetKey("");
         currentProduct().SetQty(Currency::fromInteger(1));
         currentProduct().SetDiscPrcnt(Currency());
-        lCurrentIndex_ = productMgr().GetProductCount();
+        currentIndex_ = productMgr().GetProductCount();
         PrvLoadProductInfo();
         PrvSetFormCaption();
     });
@@ -98,7 +98,7 @@ void frmProduct::askAndDelete()
     const auto answer = show({.text = "Are you sure you want to delete the current product?",
                               .buttons = ui::MessageButtons::yesNoCancel,
                               .icon = ui::MessageIcon::question});
-    if (answer != ui::MessageResult::yes || !form_->loaded()) { // closed while the question waited
+    if (answer != ui::MessageResult::yes || !form_->loaded()) { // it may have been closed during the question
         return;
     }
     PrvDeleteCurrentProduct();
@@ -110,63 +110,61 @@ void frmProduct::askAndDelete()
 void frmProduct::PrvDeleteCurrentProduct()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvDeleteCurrentProduct", [&] {
-        objCurrentProduct.reset();
-        productMgr().DeleteProduct(lCurrentIndex_);
-        const std::int32_t lCount = productMgr().GetProductCount();
-        if (lCount != 0) {
-            bool bFound = false;
-            productMgr().SeekIndex(lCurrentIndex_, 0, bFound); // the manager may move it to a product
-            if (!bFound) {
-                lCurrentIndex_ = lCount;
+        heldProduct.reset();
+        productMgr().DeleteProduct(currentIndex_);
+        const std::int32_t count = productMgr().GetProductCount();
+        if (count != 0) {
+            bool found = false;
+            productMgr().SeekIndex(currentIndex_, 0, found); // the manager may move the index to a product
+            if (!found) {
+                currentIndex_ = count;
             }
             PrvLoadProductInfo();
             PrvSetFormCaption();
         } else {
-            lCurrentIndex_ = 0;
+            currentIndex_ = 0;
             form_->unload();
-            setProductShown(false); // the user may have kept the form: only a new product is left to do
+            setProductShown(false); // the user may have kept the form: a new product is all that can be made then
         }
     });
 }
 
-void frmProduct::setProductShown(bool bShown)
+void frmProduct::setProductShown(bool shown)
 {
-    fraWizProducts_.setEnabled(bShown);
-    cmdDelete_.setEnabled(bShown);
-    atbMain_.setToolEnabled("ID_DeleteProduct", bShown);
-    if (!bShown) {
+    fraWizProducts_.setEnabled(shown);
+    cmdDelete_.setEnabled(shown);
+    atbMain_.setToolEnabled("ID_DeleteProduct", shown);
+    if (!shown) {
         form_->setCaption(" (0/0)");
     }
 }
 
-void frmProduct::atbMain_ToolClick(std::string_view sToolId)
+void frmProduct::atbMain_ToolClick(std::string_view toolId)
 {
     handleEvent("KTVOrvanProduct.frmProduct::atbMain_ToolClick", [&] {
-        if (sToolId == "ID_NewProduct") {
+        if (toolId == "ID_NewProduct") {
             PrvAddNewProduct();
             PrvSeekProduct(0);
-        } else if (sToolId == "ID_DeleteProduct") {
+        } else if (toolId == "ID_DeleteProduct") {
             PrvDeleteProduct();
-        } else if (sToolId == "ID_GotoFirst") {
+        } else if (toolId == "ID_GotoFirst") {
             PrvSeekProductIndex(1);
-        } else if (sToolId == "ID_GotoLast") {
+        } else if (toolId == "ID_GotoLast") {
             PrvSeekProductIndex(productMgr().GetProductCount());
-        } else if (sToolId == "ID_GotoNext") {
+        } else if (toolId == "ID_GotoNext") {
             PrvSeekProduct(1);
-        } else if (sToolId == "ID_GotoPrevious") {
+        } else if (toolId == "ID_GotoPrevious") {
             PrvSeekProduct(-1);
-        } // the two that open menus do nothing themselves
+        } // "ID_Product" and "ID_Goto" only open menus
     });
 }
 
 void frmProduct::cmdNew_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdNew_Click", [&] {
-        if (leaveBoxFor(cmdNew_)) {
-            PrvAddNewProduct();
-            PrvSeekProduct(0);
-            cboProductName_.setFocus();
-        }
+    handleClick("KTVOrvanProduct.frmProduct::cmdNew_Click", cmdNew_, [&] {
+        PrvAddNewProduct();
+        PrvSeekProduct(0);
+        cboProductName_.setFocus();
     });
 }
 
@@ -177,39 +175,24 @@ void frmProduct::cmdDelete_Click()
 
 void frmProduct::cmdGotoFirst_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdGotoFirst_Click", [&] {
-        if (leaveBoxFor(cmdGotoFirst_)) {
-            PrvSeekProductIndex(1);
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdGotoFirst_Click", cmdGotoFirst_, [&] { PrvSeekProductIndex(1); });
 }
 
 void frmProduct::cmdGotoLast_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdGotoLast_Click", [&] {
-        if (leaveBoxFor(cmdGotoLast_)) {
-            PrvSeekProductIndex(productMgr().GetProductCount());
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdGotoLast_Click", cmdGotoLast_,
+                [&] { PrvSeekProductIndex(productMgr().GetProductCount()); });
 }
 
 void frmProduct::cmdNext_Click()
 {
-    handleEvent("KTVOrvanProduct.frmProduct::cmdNext_Click", [&] {
-        if (leaveBoxFor(cmdNext_)) {
-            PrvSeekProduct(1);
-        }
-    });
+    handleClick("KTVOrvanProduct.frmProduct::cmdNext_Click", cmdNext_, [&] { PrvSeekProduct(1); });
 }
 
 void frmProduct::cmdPrevious_Click()
 {
-    // Reports the label of its counterpart, as traces have always shown it.
-    handleEvent("KTVOrvanProduct.frmProduct::cmdNext_Click", [&] {
-        if (leaveBoxFor(cmdPrevious_)) {
-            PrvSeekProduct(-1);
-        }
-    });
+    // The label is cmdNext_Click's, on purpose: traces have always shown it so.
+    handleClick("KTVOrvanProduct.frmProduct::cmdNext_Click", cmdPrevious_, [&] { PrvSeekProduct(-1); });
 }
 
 } // namespace orvan

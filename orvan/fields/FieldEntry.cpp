@@ -23,173 +23,180 @@ constexpr Currency kMostCurrency = Currency::fromScaled(std::numeric_limits<std:
 /// What passes beside digits and separators: backspace, Ctrl+C, Ctrl+X and Ctrl+V.
 constexpr std::int16_t kEditingKeys[] = {8, 3, 24, 22};
 
-bool isValidKey(std::int16_t iKeyAscii, const std::string& sDecimalSep, const std::string& sThousandSep)
+bool isValidKey(std::int16_t KeyAscii, const std::string& decimalSep, const std::string& thousandSep)
 {
-    if (iKeyAscii >= '0' && iKeyAscii <= '9') {
+    if (KeyAscii >= '0' && KeyAscii <= '9') {
         return true;
     }
-    const std::string character = toUtf8(static_cast<char16_t>(iKeyAscii));
-    if (character == sDecimalSep || character == sThousandSep) {
+    const std::string character = toUtf8(static_cast<char16_t>(KeyAscii));
+    if (character == decimalSep || character == thousandSep) {
         return true;
     }
-    return std::find(std::begin(kEditingKeys), std::end(kEditingKeys), iKeyAscii) != std::end(kEditingKeys);
+    return std::find(std::begin(kEditingKeys), std::end(kEditingKeys), KeyAscii) != std::end(kEditingKeys);
 }
 
 } // namespace
 
 struct FieldEntry::TextField {
-    std::string_view sSaveLabel;
+    std::string_view saveLabel;
+    std::int32_t mostShown; ///< Characters; what is beyond them is cut when the field is saved.
     std::string (ProductRecord::*value)() const;
     void (ProductRecord::*setValue)(std::string_view);
 };
 
-const FieldEntry::TextField FieldEntry::kName = {"KTVOrvanProduct.frmProduct::PrvSaveNameFld", &ProductRecord::Name,
-                                                 &ProductRecord::SetName};
-const FieldEntry::TextField FieldEntry::kPartNum = {"KTVOrvanProduct.frmProduct::PrvSavePartNumFld",
-                                                    &ProductRecord::PartNum, &ProductRecord::SetPartNum};
-const FieldEntry::TextField FieldEntry::kNote = {"KTVOrvanProduct.frmProduct::PrvSaveNoteFld", &ProductRecord::Note,
-                                                 &ProductRecord::SetNote};
+const FieldEntry::TextField FieldEntry::kName = {.saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveNameFld",
+                                                 .mostShown = 255,
+                                                 .value = &ProductRecord::Name,
+                                                 .setValue = &ProductRecord::SetName};
+
+const FieldEntry::TextField FieldEntry::kPartNum = {.saveLabel = "KTVOrvanProduct.frmProduct::PrvSavePartNumFld",
+                                                    .mostShown = 255,
+                                                    .value = &ProductRecord::PartNum,
+                                                    .setValue = &ProductRecord::SetPartNum};
+
+const FieldEntry::TextField FieldEntry::kNote = {.saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveNoteFld",
+                                                 .mostShown = 4095,
+                                                 .value = &ProductRecord::Note,
+                                                 .setValue = &ProductRecord::SetNote};
 
 struct FieldEntry::AmountField {
-    std::string_view sKeyPressLabel;
-    std::string_view sGotFocusLabel;
-    std::string_view sLostFocusLabel;
-    std::string_view sChangeLabel;
-    std::string_view sSaveLabel;
+    std::string_view keyPressLabel;
+    std::string_view gotFocusLabel;
+    std::string_view lostFocusLabel;
+    std::string_view changeLabel;
+    std::string_view saveLabel;
     bool (FieldEntry::*isValidKey)(std::int16_t) const;
     Currency (*fromText)(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep);
     std::string LocaleStrings::*decimalSep;
-    Currency cyMost; ///< More than that in the box counts as 0, before the record is asked.
+    Currency most; ///< More than that in the box counts as 0, before the record is asked.
     Currency (ProductRecord::*value)() const;
     void (ProductRecord::*setValue)(Currency);
     bool (ProductRecord::*isValid)(Currency) const;
-    /// Without bDisplayForm for a box that has the focus: no currency symbol, no "%".
-    std::string (*toText)(ui::LocaleService& locale, const LocaleStrings& texts, Currency cyValue, bool bDisplayForm);
+    std::string (*toText)(ui::LocaleService& locale, const LocaleStrings& texts, Currency cyValue, AmountForm form);
 };
 
 // Three labels are another handler's. Support staff read traces by them: they stay as they are.
 const FieldEntry::AmountField FieldEntry::kQty = {
-    .sKeyPressLabel = "KTVOrvanProduct.frmProduct::txtQty_KeyPress",
-    .sGotFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_GotFocus",
-    .sLostFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_LostFocus",
-    .sChangeLabel = "KTVOrvanProduct.frmProduct::txtQty_LostFocus", // not txtQty_Change
-    .sSaveLabel = "KTVOrvanProduct.frmProduct::PrvSaveQtyFld",
+    .keyPressLabel = "KTVOrvanProduct.frmProduct::txtQty_KeyPress",
+    .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_GotFocus",
+    .lostFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_LostFocus",
+    .changeLabel = "KTVOrvanProduct.frmProduct::txtQty_LostFocus", // not txtQty_Change
+    .saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveQtyFld",
     .isValidKey = &FieldEntry::PrvIsValidNumberKey,
     .fromText = NumberTextToValue,
     .decimalSep = &LocaleStrings::decimalSep,
-    .cyMost = kMostCurrency,
+    .most = kMostCurrency,
     .value = &ProductRecord::Qty,
     .setValue = &ProductRecord::SetQty,
     .isValid = &ProductRecord::IsValidQty,
-    .toText = [](ui::LocaleService& locale, const LocaleStrings& /*texts*/, Currency cyValue, bool /*bDisplayForm*/) {
+    .toText = [](ui::LocaleService& locale, const LocaleStrings& /*texts*/, Currency cyValue, AmountForm /*form*/) {
         return FormatNumberValue(locale, cyValue, kNumberDigits);
     }};
 
 const FieldEntry::AmountField FieldEntry::kUnitPrice = {
-    .sKeyPressLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_KeyPress",
-    .sGotFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus",
-    .sLostFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus", // not txtUnitPrice_LostFocus
-    .sChangeLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_Change",
-    .sSaveLabel = "KTVOrvanProduct.frmProduct::PrvSaveUnitPriceFld",
+    .keyPressLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_KeyPress",
+    .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus",
+    .lostFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus", // not txtUnitPrice_LostFocus
+    .changeLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_Change",
+    .saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveUnitPriceFld",
     .isValidKey = &FieldEntry::PrvIsValidCurrencyKey,
     .fromText = CurrencyTextToValue,
     .decimalSep = &LocaleStrings::monDecimalSep,
-    .cyMost = kMostCurrency,
+    .most = kMostCurrency,
     .value = &ProductRecord::UnitPrice,
     .setValue = &ProductRecord::SetUnitPrice,
     .isValid = &ProductRecord::IsValidUnitPrice,
-    .toText = [](ui::LocaleService& locale, const LocaleStrings& texts, Currency cyValue, bool bDisplayForm) {
-        return FormatCurrencyValue(locale, cyValue, kMoneyDigits, texts.currencySymbol, bDisplayForm);
+    .toText = [](ui::LocaleService& locale, const LocaleStrings& texts, Currency cyValue, AmountForm form) {
+        return FormatCurrencyValue(locale, cyValue, kMoneyDigits, texts.currencySymbol, form == AmountForm::display);
     }};
 
 const FieldEntry::AmountField FieldEntry::kDiscount = {
-    .sKeyPressLabel = "KTVOrvanProduct.frmProduct::txtDiscount_KeyPress",
-    .sGotFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus", // not txtDiscount_GotFocus
-    .sLostFocusLabel = "KTVOrvanProduct.frmProduct::txtDiscount_LostFocus",
-    .sChangeLabel = "KTVOrvanProduct.frmProduct::txtDiscount_Change",
-    .sSaveLabel = "KTVOrvanProduct.frmProduct::PrvSaveDiscountPrcntFld",
+    .keyPressLabel = "KTVOrvanProduct.frmProduct::txtDiscount_KeyPress",
+    .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtUnitPrice_GotFocus", // not txtDiscount_GotFocus
+    .lostFocusLabel = "KTVOrvanProduct.frmProduct::txtDiscount_LostFocus",
+    .changeLabel = "KTVOrvanProduct.frmProduct::txtDiscount_Change",
+    .saveLabel = "KTVOrvanProduct.frmProduct::PrvSaveDiscountPrcntFld",
     .isValidKey = &FieldEntry::PrvIsValidNumberKey,
     .fromText = PercentTextToValue,
     .decimalSep = &LocaleStrings::decimalSep,
-    .cyMost = kHundred,
+    .most = kHundred,
     .value = &ProductRecord::DiscPrcnt,
     .setValue = &ProductRecord::SetDiscPrcnt,
     .isValid = &ProductRecord::IsValidDiscPrcnt,
-    .toText = [](ui::LocaleService& locale, const LocaleStrings& /*texts*/, Currency cyValue, bool bDisplayForm) {
-        return FormatPercentValue(locale, cyValue, kNumberDigits, bDisplayForm);
+    .toText = [](ui::LocaleService& locale, const LocaleStrings& /*texts*/, Currency cyValue, AmountForm form) {
+        return FormatPercentValue(locale, cyValue, kNumberDigits, form == AmountForm::display);
     }};
 
 FieldEntry::FieldEntry(EditorSession& session, ui::Surface& surface)
-    : session_(session), cboProductName_(surface.control<ui::ComboBox>("cboProductName")),
-      cboPartNum_(surface.control<ui::ComboBox>("cboPartNum")), txtQty_{kQty, surface.control<ui::TextBox>("txtQty")},
+    : session_(session), cboProductName_{kName, surface.control<ui::ComboBox>("cboProductName")},
+      cboPartNum_{kPartNum, surface.control<ui::ComboBox>("cboPartNum")},
+      txtNote_{kNote, surface.control<ui::TextBox>("txtNote")}, txtQty_{kQty, surface.control<ui::TextBox>("txtQty")},
       txtUnitPrice_{kUnitPrice, surface.control<ui::TextBox>("txtUnitPrice")},
       txtDiscount_{kDiscount, surface.control<ui::TextBox>("txtDiscount")},
-      txtNote_(surface.control<ui::TextBox>("txtNote")), txtExtPrice_(surface.control<ui::TextBox>("txtExtPrice")),
-      txtTotal_(surface.control<ui::TextBox>("txtTotal"))
+      txtExtPrice_(surface.control<ui::TextBox>("txtExtPrice")), txtTotal_(surface.control<ui::TextBox>("txtTotal"))
 {
     takeEvents(txtQty_);
     takeEvents(txtUnitPrice_);
     takeEvents(txtDiscount_);
-    txtNote_.onChange = [this] { txtNote_Change(); };
+    handlers_.set(txtNote_.box.onChange, [this] { txtNote_Change(); });
 }
 
 void FieldEntry::takeEvents(const AmountBox& amount)
 {
-    amount.box.onKeyPress = [this, &amount](std::int16_t& iKeyAscii) { amount_KeyPress(amount, iKeyAscii); };
-    amount.box.onGotFocus = [this, &amount] { amount_GotFocus(amount); };
-    amount.box.onLostFocus = [this, &amount] { amount_LostFocus(amount); };
-    amount.box.onChange = [this, &amount] { amount_Change(amount); };
+    handlers_.set(amount.box.onKeyPress, [this, &amount](std::int16_t& KeyAscii) { keyPressed(amount, KeyAscii); });
+    handlers_.set(amount.box.onGotFocus, [this, &amount] { gotFocus(amount); });
+    handlers_.set(amount.box.onLostFocus, [this, &amount] { lostFocus(amount); });
+    handlers_.set(amount.box.onChange, [this, &amount] { changed(amount); });
 }
 
-bool FieldEntry::PrvIsValidNumberKey(std::int16_t iKeyAscii) const
+bool FieldEntry::PrvIsValidNumberKey(std::int16_t KeyAscii) const
 {
-    return isValidKey(iKeyAscii, session_.locale.decimalSep, session_.locale.thousandSep);
+    return isValidKey(KeyAscii, session_.locale.decimalSep, session_.locale.thousandSep);
 }
 
-bool FieldEntry::PrvIsValidCurrencyKey(std::int16_t iKeyAscii) const
+bool FieldEntry::PrvIsValidCurrencyKey(std::int16_t KeyAscii) const
 {
-    return isValidKey(iKeyAscii, session_.locale.monDecimalSep, session_.locale.monThousandSep);
+    return isValidKey(KeyAscii, session_.locale.monDecimalSep, session_.locale.monThousandSep);
 }
 
-void FieldEntry::amount_KeyPress(const AmountBox& amount, std::int16_t& iKeyAscii)
+void FieldEntry::keyPressed(const AmountBox& amount, std::int16_t& KeyAscii)
 {
-    session_.handleEvent(amount.field.sKeyPressLabel, [&] {
-        if (!(this->*amount.field.isValidKey)(iKeyAscii)) {
-            iKeyAscii = 0;
+    session_.handleEvent(amount.field.keyPressLabel, [&] {
+        if (!(this->*amount.field.isValidKey)(KeyAscii)) {
+            KeyAscii = 0;
         }
     });
 }
 
-void FieldEntry::amount_GotFocus(const AmountBox& amount)
+void FieldEntry::gotFocus(const AmountBox& amount)
 {
-    session_.handleEvent(amount.field.sGotFocusLabel, [&] {
-        const ScopedFlag rewriting(session_.bInitializing); // off afterwards, whatever it was before
-        showAmount(amount, false);
+    session_.handleEvent(amount.field.gotFocusLabel, [&] {
+        const ScopedFlag rewriting(session_.initializing); // off afterwards, whatever it was before
+        showAmount(amount, session_.currentProduct(), AmountForm::edit);
         amount.box.setSelectionStart(0);
         amount.box.setSelectionLength(static_cast<std::int32_t>(characterCount(amount.box.text())));
     });
 }
 
-void FieldEntry::amount_LostFocus(const AmountBox& amount)
+void FieldEntry::lostFocus(const AmountBox& amount)
 {
-    session_.handleEvent(amount.field.sLostFocusLabel, [&] {
-        const std::shared_ptr<ProductRecord> objKept = session_.objCurrentProduct; // as in amount_Change
+    session_.handleEvent(amount.field.lostFocusLabel, [&] {
+        const auto kept = session_.heldProduct;
         saveAmount(amount);
         {
-            const ScopedFlag rewriting(session_.bInitializing);
-            showAmount(amount, true);
+            const ScopedFlag rewriting(session_.initializing);
+            showAmount(amount, session_.currentProduct(), AmountForm::display);
         }
         PrvCalcExtPrice();
         PrvShowExtPriceAndTotal();
     });
 }
 
-void FieldEntry::amount_Change(const AmountBox& amount)
+void FieldEntry::changed(const AmountBox& amount)
 {
-    session_.handleEvent(amount.field.sChangeLabel, [&] {
-        if (!session_.bInitializing) {
-            // A record may ask the user, and meanwhile the dialog may close and let go of it.
-            const std::shared_ptr<ProductRecord> objKept = session_.objCurrentProduct;
+    session_.handleEvent(amount.field.changeLabel, [&] {
+        if (!session_.initializing) {
+            const auto kept = session_.heldProduct;
             saveAmount(amount);
             PrvCalcExtPrice();
             PrvShowExtPriceAndTotal();
@@ -202,47 +209,17 @@ void FieldEntry::txtNote_Change()
     // Unlike the amounts, the note is saved while the session initializes, too. A note that the box
     // cuts when it is loaded is thereby cut in the record, and nothing is marked dirty.
     session_.handleEvent("KTVOrvanProduct.frmProduct::txtNote_Change", [&] {
-        const std::shared_ptr<ProductRecord> objKept = session_.objCurrentProduct; // as in amount_Change
+        const auto kept = session_.heldProduct;
         PrvSaveNoteFld();
     });
 }
 
-void FieldEntry::PrvSaveNameFld()
+void FieldEntry::saveText(const TextFieldBox& text)
 {
-    saveText(kName, cboProductName_);
-}
-
-void FieldEntry::PrvSavePartNumFld()
-{
-    saveText(kPartNum, cboPartNum_);
-}
-
-void FieldEntry::PrvSaveNoteFld()
-{
-    saveText(kNote, txtNote_);
-}
-
-void FieldEntry::PrvSaveQtyFld()
-{
-    saveAmount(txtQty_);
-}
-
-void FieldEntry::PrvSaveUnitPriceFld()
-{
-    saveAmount(txtUnitPrice_);
-}
-
-void FieldEntry::PrvSaveDiscountPrcntFld()
-{
-    saveAmount(txtDiscount_);
-}
-
-void FieldEntry::saveText(const TextField& field, const ui::TextEntry& entry)
-{
-    tracePropagate(field.sSaveLabel, [&] {
+    tracePropagate(text.field.saveLabel, [&] {
         ProductRecord& product = session_.currentProduct();
-        if ((product.*field.value)() != entry.text()) {
-            (product.*field.setValue)(entry.text());
+        if ((product.*text.field.value)() != text.box.text()) {
+            (product.*text.field.setValue)(text.box.text());
             session_.PrvSetDirty(true);
         }
     });
@@ -251,24 +228,18 @@ void FieldEntry::saveText(const TextField& field, const ui::TextEntry& entry)
 void FieldEntry::saveAmount(const AmountBox& amount)
 {
     const AmountField& field = amount.field;
-    tracePropagate(field.sSaveLabel, [&] {
+    tracePropagate(field.saveLabel, [&] {
         Currency cyValue =
             field.fromText(session_.platform().locale(), amount.box.text(), session_.locale.*field.decimalSep);
-        if (cyValue > field.cyMost) {
+        if (cyValue > field.most) {
             cyValue = Currency();
         }
         if ((session_.currentProduct().*field.value)() != cyValue) {
             session_.PrvSetDirty(true); // also for an amount that the record is about to reject
         }
-        const bool bValid = (session_.currentProduct().*field.isValid)(cyValue);
-        (session_.currentProduct().*field.setValue)(bValid ? cyValue : Currency());
+        const bool valid = (session_.currentProduct().*field.isValid)(cyValue);
+        (session_.currentProduct().*field.setValue)(valid ? cyValue : Currency());
     });
-}
-
-void FieldEntry::showAmount(const AmountBox& amount, bool bDisplayForm)
-{
-    const Currency cyValue = (session_.currentProduct().*amount.field.value)();
-    amount.box.setText(amount.field.toText(session_.platform().locale(), session_.locale, cyValue, bDisplayForm));
 }
 
 void FieldEntry::PrvCalcExtPrice()
@@ -276,7 +247,7 @@ void FieldEntry::PrvCalcExtPrice()
     try {
         calcExtPrice();
     } catch (...) {
-        // No trace of it: prices that are too large are a user's typing, not a failure.
+        // Not recorded in the trace: prices that are too large come from what the user types, and are no failure.
         const ResumeNext<false> step;
         step([&] {
             if (session_.currentProduct().ExtPrice() != Currency()) {
@@ -290,30 +261,59 @@ void FieldEntry::PrvCalcExtPrice()
 void FieldEntry::calcExtPrice()
 {
     ProductRecord& product = session_.currentProduct();
-    Currency cyDiscount = product.DiscPrcnt();
-    if (cyDiscount > kHundred) {
-        cyDiscount = Currency(); // a record's own doing; it keeps its discount
+    Currency discount = product.DiscPrcnt();
+    if (discount > kHundred) {
+        discount = Currency(); // the record has it from elsewhere, and keeps it
     }
-    const Currency cyRest = kHundred - cyDiscount;
-    const Currency cyGross = product.Qty() * product.UnitPrice();
+    const Currency rest = kHundred - discount;
+    const Currency gross = product.Qty() * product.UnitPrice();
     // In double, and divided first: quotes that were priced this way must come out the same again.
     // fromDouble raises for what is no number or beyond the range.
-    const Currency cyExtPrice = Currency::fromDouble(cyRest.toDouble() / 100.0 * cyGross.toDouble());
-    if (product.ExtPrice() != cyExtPrice) {
+    const Currency extPrice = Currency::fromDouble(rest.toDouble() / 100.0 * gross.toDouble());
+    if (product.ExtPrice() != extPrice) {
         session_.PrvSetDirty(true);
     }
-    product.SetExtPrice(cyExtPrice);
+    product.SetExtPrice(extPrice);
+}
+
+void FieldEntry::showProduct()
+{
+    const auto kept = session_.heldProduct; // setting a box's text raises its change event
+    const ProductRecord& product = session_.currentProduct();
+    txtNote_.box.setMaxLength(kNote.mostShown);
+    showText(cboProductName_, product);
+    showText(cboPartNum_, product);
+    showAmount(txtUnitPrice_, product, AmountForm::display);
+    showAmount(txtDiscount_, product, AmountForm::display);
+    showAmount(txtQty_, product, AmountForm::display);
+    showMoney(txtExtPrice_, product.ExtPrice());
+    showText(txtNote_, product);
+    showMoney(txtTotal_, session_.productMgr().GetTotalValue());
 }
 
 void FieldEntry::PrvShowExtPriceAndTotal()
 {
-    const auto show = [this](ui::TextBox& box, Currency cyValue) {
-        FormatCurrencyValue(sShownMoney_, session_.platform().locale(), cyValue, kMoneyDigits,
-                            session_.locale.currencySymbol, true);
-        box.setText(sShownMoney_);
-    };
-    show(txtExtPrice_, session_.currentProduct().ExtPrice());
-    show(txtTotal_, session_.productMgr().GetTotalValue());
+    showMoney(txtExtPrice_, session_.currentProduct().ExtPrice());
+    showMoney(txtTotal_, session_.productMgr().GetTotalValue());
+}
+
+void FieldEntry::showText(const TextFieldBox& text, const ProductRecord& product)
+{
+    const std::string value = (product.*text.field.value)();
+    text.box.setText(firstCharacters(value, static_cast<std::size_t>(text.field.mostShown)));
+}
+
+void FieldEntry::showAmount(const AmountBox& amount, const ProductRecord& product, AmountForm form)
+{
+    const Currency cyValue = (product.*amount.field.value)();
+    amount.box.setText(amount.field.toText(session_.platform().locale(), session_.locale, cyValue, form));
+}
+
+void FieldEntry::showMoney(ui::TextBox& box, Currency cyValue)
+{
+    FormatCurrencyValue(shownMoney_, session_.platform().locale(), cyValue, kMoneyDigits,
+                        session_.locale.currencySymbol, true);
+    box.setText(shownMoney_);
 }
 
 } // namespace orvan

@@ -1,13 +1,17 @@
-// FieldEntry: the editor's amount boxes, its note box, and the prices that follow from them.
+// FieldEntry: the editor's fields: how a product is shown in their boxes and saved from them, what the user
+// does in the amount and note boxes, and the prices that follow.
 //
 // Every change is written to the session's current product at once, so the boxes never hold input
-// that is not saved; the extended price and the total follow. The three amount boxes share one set of
-// handlers, and their differences stand side by side in one table (orvan/fields/FieldEntry.cpp).
+// that is not saved; the extended price and the total follow. What sets the fields apart stands in one table
+// for texts and one for amounts (orvan/fields/FieldEntry.cpp). What the user does in the part-number and name
+// boxes is the business of the look-up boxes.
 //
-// Ownership: the editor; the session and the surface outlive it. Thread: the user-interface thread.
-// Errors: the PrvSave procedures and PrvShowExtPriceAndTotal raise; event handlers close the dialog.
+// Amounts are Currency (ten-thousandths); a discount of 10 means 10 %. Ownership: the editor; the session and
+// the surface outlive it. Thread: the user-interface thread. Errors: showProduct, the PrvSave procedures and
+// PrvShowExtPriceAndTotal raise; event handlers close the dialog.
 #pragma once
 
+#include "orvan/base/ScopedHandlers.h"
 #include "orvan/core/EditorSession.h"
 
 #include <string>
@@ -15,7 +19,6 @@
 namespace orvan {
 
 namespace ui {
-class ComboBox;
 class Surface;
 class TextBox;
 class TextEntry;
@@ -28,18 +31,20 @@ public:
     FieldEntry(const FieldEntry&) = delete;
     FieldEntry& operator=(const FieldEntry&) = delete;
 
-    // The caller keeps the current product meanwhile: a record may ask the user, and the dialog may close and
-    // let go of it.
+    /// The current product in all boxes, and the list's total. Raises the change events.
+    void showProduct();
+
+    // The caller keeps a copy of EditorSession::heldProduct while these run.
 
     /// The texts: written, and the session marked dirty, only where box and record differ.
-    void PrvSaveNameFld();
-    void PrvSavePartNumFld();
-    void PrvSaveNoteFld();
-    /// The amounts: what the record does not accept is stored as 0. Dirty is marked where the amount
+    void PrvSaveNameFld() { saveText(cboProductName_); }
+    void PrvSavePartNumFld() { saveText(cboPartNum_); }
+    void PrvSaveNoteFld() { saveText(txtNote_); }
+    /// The amounts: what the record does not accept is stored as 0. The session is marked dirty where the amount
     /// in the box, accepted or not, differs from the record's.
-    void PrvSaveQtyFld();
-    void PrvSaveUnitPriceFld();
-    void PrvSaveDiscountPrcntFld();
+    void PrvSaveQtyFld() { saveAmount(txtQty_); }
+    void PrvSaveUnitPriceFld() { saveAmount(txtUnitPrice_); }
+    void PrvSaveDiscountPrcntFld() { saveAmount(txtDiscount_); }
     /// Never raises: an extended price that cannot be computed is 0.
     void PrvCalcExtPrice();
     void PrvShowExtPriceAndTotal();
@@ -50,39 +55,48 @@ private:
     struct AmountField;
     static const TextField kName, kPartNum, kNote;
     static const AmountField kQty, kUnitPrice, kDiscount;
-
+    struct TextFieldBox {
+        const TextField& field;
+        ui::TextEntry& box;
+    };
     struct AmountBox {
         const AmountField& field;
         ui::TextBox& box;
     };
+    /// How an amount box shows its amount: as it is edited, without currency symbol and "%", or as it is read.
+    enum class AmountForm { edit, display };
 
-    bool PrvIsValidNumberKey(std::int16_t iKeyAscii) const;
-    bool PrvIsValidCurrencyKey(std::int16_t iKeyAscii) const;
-
-    /// The events of txtQty, txtUnitPrice and txtDiscount.
     void takeEvents(const AmountBox& amount);
-    void amount_KeyPress(const AmountBox& amount, std::int16_t& iKeyAscii);
-    void amount_GotFocus(const AmountBox& amount);
-    void amount_LostFocus(const AmountBox& amount);
-    void amount_Change(const AmountBox& amount);
+
+    bool PrvIsValidNumberKey(std::int16_t KeyAscii) const;
+    bool PrvIsValidCurrencyKey(std::int16_t KeyAscii) const;
+
+    /// The events of txtQty, txtUnitPrice and txtDiscount; the table of amounts names each handler.
+    void keyPressed(const AmountBox& amount, std::int16_t& KeyAscii);
+    void gotFocus(const AmountBox& amount);
+    void lostFocus(const AmountBox& amount);
+    void changed(const AmountBox& amount);
     void txtNote_Change();
 
-    void saveText(const TextField& field, const ui::TextEntry& entry);
+    void saveText(const TextFieldBox& text);
     void saveAmount(const AmountBox& amount);
-    void showAmount(const AmountBox& amount, bool bDisplayForm);
+    static void showText(const TextFieldBox& text, const ProductRecord& product);
+    void showAmount(const AmountBox& amount, const ProductRecord& product, AmountForm form);
+    void showMoney(ui::TextBox& box, Currency cyValue);
     /// PrvCalcExtPrice without its recovery.
     void calcExtPrice();
 
     EditorSession& session_;
-    ui::ComboBox& cboProductName_;
-    ui::ComboBox& cboPartNum_;
+    TextFieldBox cboProductName_;
+    TextFieldBox cboPartNum_;
+    TextFieldBox txtNote_;
     AmountBox txtQty_;
     AmountBox txtUnitPrice_;
     AmountBox txtDiscount_;
-    ui::TextBox& txtNote_;
     ui::TextBox& txtExtPrice_;
     ui::TextBox& txtTotal_;
-    std::string sShownMoney_; ///< PrvShowExtPriceAndTotal's, kept for its room.
+    std::string shownMoney_; ///< showMoney's scratch buffer; a member so that its capacity is reused.
+    ScopedHandlers handlers_;
 };
 
 } // namespace orvan

@@ -1,7 +1,8 @@
 // BusyPointer: the mouse pointer while the catalogue is asked.
 //
-// A scope's object: what its end finds not restored it restores, so that an error is recorded and
-// shown under the user's own pointer. Thread: the user-interface thread.
+// An object of one scope. Its destructor restores the pointer where that was not done before, so that an error
+// is recorded and shown under the user's own pointer. The screen outlives it. Thread: the user-interface
+// thread. Errors: what the screen raises.
 #pragma once
 
 #include "orvan/ui/ScreenPointer.h"
@@ -10,7 +11,7 @@
 
 namespace orvan {
 
-class BusyPointer {
+class [[nodiscard]] BusyPointer {
 public:
     explicit BusyPointer(ui::ScreenPointer& screen) : screen_(screen) {}
     BusyPointer(const BusyPointer&) = delete;

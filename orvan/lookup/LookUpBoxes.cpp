@@ -11,7 +11,7 @@ namespace orvan {
 
 namespace {
 
-constexpr std::int32_t kPause = 500; ///< Milliseconds without a keystroke before the catalogue is asked.
+constexpr std::int32_t kPause = 500; ///< Milliseconds from the last keystroke to the search.
 constexpr std::int16_t kEnter = 13;
 
 std::int32_t length(const std::string& text)
@@ -21,7 +21,7 @@ std::int32_t length(const std::string& text)
 
 } // namespace
 
-/// Where the two boxes differ. None of it is an oversight.
+/// Where the two boxes differ. Every difference is deliberate.
 struct LookUpBoxes::Kind {
     std::string_view combo;
     std::string_view timer;
@@ -35,13 +35,14 @@ struct LookUpBoxes::Kind {
     bool State::*wanted;    ///< Set by a chosen row; a save finishes the look-up only where it is set.
     bool leftClearedFirst;  ///< A change clears `left` before it marks the session dirty, not after.
     bool typingWants;       ///< Typing sets `wanted` as a chosen row does.
-    bool leavingAsksWanted; ///< A pending entry is applied only where `wanted` is set ...
-    bool applyingEndsIt;    ///< ... and ends it. Else `wanted` is a latch.
+    bool leavingAsksWanted; ///< Leaving the box applies the pending entry only where `wanted` is set.
+    bool applyingEndsIt;    ///< Applying an entry clears `wanted`; nothing does so otherwise.
     bool nameFromCatalogue; ///< The product is named by the entry, not by what the box shows.
     bool busyPointer;       ///< The search shows the busy pointer.
     bool paintsRefilled;    ///< The search paints the refilled list at once.
 };
 
+// Leaving a box is not traced, so that cboPartNum_LostFocus and cboProductName_LostFocus have no label.
 const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
     .combo = "cboPartNum",
     .timer = "tmrPartNum",
@@ -53,7 +54,7 @@ const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
     .left = &State::bPartNumBoxLeft,
     .wanted = &State::bPartNumPicked,
     .leftClearedFirst = false,
-    .typingWants = false, // a number typed and saved at once is kept as typed, until one was picked
+    .typingWants = false, // until a row was chosen once, a number that is typed and saved at once stays as typed
     .leavingAsksWanted = false,
     .applyingEndsIt = false,
     .nameFromCatalogue = true,
@@ -83,8 +84,8 @@ const LookUpBoxes::Kind LookUpBoxes::kProductName = {
 LookUpBoxes::LookUpBoxes(EditorSession& session, ui::Surface& surface)
     : session_(session), surface_(surface), partNum_(takeBox(kPartNum)), productName_(takeBox(kProductName))
 {
-    connect(partNum_);
-    connect(productName_);
+    takeEvents(partNum_);
+    takeEvents(productName_);
 }
 
 LookUpBoxes::Box LookUpBoxes::takeBox(const Kind& kind) const
@@ -92,13 +93,13 @@ LookUpBoxes::Box LookUpBoxes::takeBox(const Kind& kind) const
     return {kind, surface_.control<ui::ComboBox>(kind.combo), surface_.control<ui::Timer>(kind.timer)};
 }
 
-void LookUpBoxes::connect(const Box& box)
+void LookUpBoxes::takeEvents(const Box& box)
 {
-    box.combo.onChange = [this, &box] { changed(box); };
-    box.combo.onClick = [this, &box] { clicked(box); };
-    box.combo.onKeyPress = [this, &box](std::int16_t& iKeyAscii) { keyPressed(box, iKeyAscii); };
-    box.combo.onLostFocus = [this, &box] { lostFocus(box); };
-    box.timer.onTimer = [this, &box] { timerFired(box); };
+    handlers_.set(box.combo.onChange, [this, &box] { changed(box); });
+    handlers_.set(box.combo.onClick, [this, &box] { clicked(box); });
+    handlers_.set(box.combo.onKeyPress, [this, &box](std::int16_t& KeyAscii) { keyPressed(box, KeyAscii); });
+    handlers_.set(box.combo.onLostFocus, [this, &box] { lostFocus(box); });
+    handlers_.set(box.timer.onTimer, [this, &box] { timerFired(box); });
 }
 
 // --- the boxes' events ------------------------------------------------------------------------------
@@ -106,8 +107,8 @@ void LookUpBoxes::connect(const Box& box)
 void LookUpBoxes::changed(const Box& box)
 {
     session_.handleEvent(box.kind.changeLabel, [&] {
-        if (session_.bInitializing) {
-            return Leaving::withoutExit; // in the trace, a product being loaded is a run of entries alone
+        if (session_.initializing) {
+            return Leaving::withoutExit; // deliberate: while a product is loaded, the trace shows entries alone
         }
         if (box.kind.leftClearedFirst) {
             state_.*box.kind.left = false;
@@ -142,11 +143,11 @@ void LookUpBoxes::clicked(const Box& box)
     });
 }
 
-void LookUpBoxes::keyPressed(const Box& box, std::int16_t iKeyAscii)
+void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 {
     traceResume(box.kind.keyPressLabel, [&](const auto& step) {
         step([&] {
-            if (iKeyAscii == kEnter) { // not swallowed: the box gets it too
+            if (KeyAscii == kEnter) { // not swallowed: the box gets it too
                 lostFocus(box);
             }
         });
@@ -155,8 +156,8 @@ void LookUpBoxes::keyPressed(const Box& box, std::int16_t iKeyAscii)
 
 // --- leaving a box: the pending entry is applied ----------------------------------------------------
 
-// Also called by Enter and before a save, not by the focus alone. Untraced, and each failing step is
-// skipped: a user can always leave a box. A test that fails counts as passed.
+// Called when the focus leaves the box, by Enter in it, and before a save. Untraced, and each failing step is
+// skipped, so that a user can always leave a box. A condition that cannot be read counts as met.
 void LookUpBoxes::lostFocus(const Box& box)
 {
     state_.*box.kind.left = true;
@@ -166,43 +167,43 @@ void LookUpBoxes::lostFocus(const Box& box)
     const ResumeNext<false> step;
     state_.bLkpBusy = true;
     step([&] { catalogue()->SeekItem(box.combo.itemData(state_.lLkpListIdx)); });
-    bool bNoEntry = false;
-    step([&] { bNoEntry = catalogue()->IsEOF(); });
-    if (!bNoEntry) { // else the row stays pending and is tried again
+    bool noEntry = false;
+    step([&] { noEntry = catalogue()->IsEOF(); });
+    if (!noEntry) { // otherwise the row stays pending and is tried again the next time
         applyEntry(box);
     }
     state_.bLkpBusy = false;
 }
 
-// While the note question waits, the form may be unloaded and the session end; the steps that need
-// them are then among those that fail.
+// While the note question waits, the form may be unloaded and the session end: the steps that need the form or
+// the session then fail, too, and are skipped.
 void LookUpBoxes::applyEntry(const Box& box)
 {
     const ResumeNext<false> step;
-    // What cannot be read is applied empty.
-    Currency cyUnitPrice;
-    std::string sPartNum, sKey, sNote, sName;
-    step([&] { cyUnitPrice = toCurrency(field(LookUpColumn::unitPrice), session_.platform().locale()); });
-    step([&] { sPartNum = toText(field(LookUpColumn::partNum)); });
-    step([&] { sKey = toText(field(LookUpColumn::key)); });
-    step([&] { sNote = toText(field(LookUpColumn::note)); });
+    // A column that cannot be read is applied as 0 or an empty text.
+    Currency unitPrice;
+    std::string partNum, key, note, name;
+    step([&] { unitPrice = toCurrency(field(LookUpColumn::unitPrice), session_.platform().locale()); });
+    step([&] { partNum = toText(field(LookUpColumn::partNum)); });
+    step([&] { key = toText(field(LookUpColumn::key)); });
+    step([&] { note = toText(field(LookUpColumn::note)); });
     if (box.kind.nameFromCatalogue) {
-        step([&] { sName = toText(field(LookUpColumn::name)); });
+        step([&] { name = toText(field(LookUpColumn::name)); });
     } else {
-        sName = box.combo.text();
+        name = box.combo.text();
     }
-    step([&] { session_.currentProduct().SetName(sName); });
-    step([&] { session_.currentProduct().SetKey(sKey); });
-    step([&] { session_.currentProduct().SetPartNum(sPartNum); });
-    step([&] { session_.currentProduct().SetUnitPrice(cyUnitPrice); });
-    bool bAsk = true; // a note that cannot be read may be there
-    step([&] { bAsk = !session_.currentProduct().Note().empty(); });
-    bool bTakeNote = true; // by the same rule, where the question itself fails
-    if (bAsk) {
-        step([&] { bTakeNote = wantsNote(); });
+    step([&] { session_.currentProduct().SetName(name); });
+    step([&] { session_.currentProduct().SetKey(key); });
+    step([&] { session_.currentProduct().SetPartNum(partNum); });
+    step([&] { session_.currentProduct().SetUnitPrice(unitPrice); });
+    bool ask = true; // also where the note cannot be read: there may be one
+    step([&] { ask = !session_.currentProduct().Note().empty(); });
+    bool takeNote = true; // also where the question itself fails
+    if (ask) {
+        step([&] { takeNote = wantsNote(); });
     }
-    if (bTakeNote) {
-        step([&] { session_.currentProduct().SetNote(sNote); });
+    if (takeNote) {
+        step([&] { session_.currentProduct().SetNote(note); });
     }
     step([&] { box.combo.setSelectionStart(0); });
     step([&] { box.combo.setSelectionLength(0); });
@@ -235,8 +236,8 @@ void LookUpBoxes::finishPendingLookUps()
 
 // --- the search -------------------------------------------------------------------------------------
 
-// The texts written here raise changes; bLkpBusy keeps them from starting the timer again. An error
-// leaves it set: the dialog closes.
+// The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. After an
+// error it stays set, because the dialog closes.
 void LookUpBoxes::timerFired(const Box& box)
 {
     session_.handleEvent(box.kind.timerLabel, [&] {
@@ -259,18 +260,17 @@ void LookUpBoxes::timerFired(const Box& box)
 void LookUpBoxes::showMatches(const Box& box, const std::vector<LookUpRow>& rows)
 {
     ui::ComboBox& combo = box.combo;
-    const std::int32_t lTyped = length(combo.text());
+    const std::int32_t typed = length(combo.text());
     combo.clear();
-    // There and back: a move has an emptied list that is dropped down drawn again, where clearing it
-    // alone does not.
+    // To the left and back: where the list is dropped down, clearing it does not redraw it, but a move does.
     combo.move(combo.left() - 1, combo.top());
     combo.move(combo.left() + 1, combo.top());
     combo.refresh();
-    // Before the rows are added; without a match, the text comes after them.
-    const std::string& sBest = rows.front().text;
-    combo.setText(sBest);
-    combo.setSelectionStart(lTyped);
-    combo.setSelectionLength(length(sBest) - lTyped);
+    // The text before the rows; showWholeList sets it after them.
+    const std::string& best = rows.front().text;
+    combo.setText(best);
+    combo.setSelectionStart(typed);
+    combo.setSelectionLength(length(best) - typed);
     state_.lLkpListIdx = 0;
     addRows(box, rows);
     if (box.kind.paintsRefilled) {
@@ -287,14 +287,14 @@ void LookUpBoxes::showWholeList(const Box& box)
     if (!all) {
         return;
     }
-    const std::string sTyped = combo.text();
+    const std::string typed = combo.text();
     combo.clear();
     if (box.kind.paintsRefilled) {
         combo.refresh();
     }
     addRows(box, *all);
-    combo.setText(sTyped);
-    combo.setSelectionStart(length(sTyped));
+    combo.setText(typed);
+    combo.setSelectionStart(length(typed));
     combo.setSelectionLength(0);
     if (box.kind.paintsRefilled) {
         combo.refresh();
@@ -326,15 +326,15 @@ void LookUpBoxes::addRows(const Box& box, const std::vector<LookUpRow>& rows)
 
 std::shared_ptr<ProductLkpMgr> LookUpBoxes::catalogue() const
 {
-    if (!objLkpMgr) {
+    if (!productLkpMgr) {
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
-    return objLkpMgr;
+    return productLkpMgr;
 }
 
-LookUpList LookUpBoxes::list(const Box& box, const std::string& sText, bool bAll) const
+LookUpList LookUpBoxes::list(const Box& box, const std::string& typed, bool all) const
 {
-    LookUpList rows = (*catalogue().*box.kind.getList)(sText, bAll);
+    LookUpList rows = (*catalogue().*box.kind.getList)(typed, all);
     if (rows && rows->empty()) {
         rows.reset();
     }

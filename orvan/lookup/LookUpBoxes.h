@@ -4,11 +4,14 @@
 // with the best match and makes that match pending; leaving the box, or Enter, copies the pending
 // entry into the session's current product. One implementation serves both boxes; where they differ,
 // they differ on purpose, and the differences stand side by side in one table (orvan/lookup/LookUpBoxes.cpp).
+// How the boxes show a product, and save it, is the business of the fields.
 //
-// Ownership: the editor; the session and the surface outlive it. Thread: the user-interface thread.
-// Errors: event handlers and timers close the dialog; leaving a box never fails.
+// Rows of a list count from 0; the wait is in milliseconds. Ownership: the editor; the session and the surface
+// outlive it. Thread: the user-interface thread. Errors: event handlers and timers close the dialog; leaving a
+// box never fails.
 #pragma once
 
+#include "orvan/base/ScopedHandlers.h"
 #include "orvan/core/EditorSession.h"
 #include "orvan/lookup/LookUpValue.h"
 
@@ -22,13 +25,13 @@ class Timer;
 
 class LookUpBoxes {
 public:
-    /// What the handlers leave for each other and for the save.
+    /// What the handlers tell each other and the save.
     struct State {
-        bool bLkpBusy = false;           ///< The program itself changes a box: no search is due.
-        bool bLkpTimerRestarted = false; ///< A record for support; nothing reads it.
+        bool bLkpBusy = false;           ///< The program itself changes a box: the change starts no search.
+        bool bLkpTimerRestarted = false; ///< A change found its timer running. For support; nothing reads it.
         std::int32_t lLkpListIdx = -1;   ///< The list row whose entry is pending; one for both boxes; -1: none.
         bool bNameLkpPending = false;    ///< Name typed or chosen, and no entry applied since.
-        bool bPartNumPicked = false;     ///< A row of the part numbers was chosen, once and for all.
+        bool bPartNumPicked = false;     ///< A row of the part numbers was chosen once; never cleared.
         bool bNameBoxLeft = false;       ///< No change since the box was left.
         bool bPartNumBoxLeft = false;
     };
@@ -40,19 +43,19 @@ public:
 
     /// The session's set-up: no row is pending.
     void forgetPendingRow() { state_.lLkpListIdx = -1; }
-    /// Fill the lists once, on an empty form. They raise what the catalogue raises.
+    /// They fill the lists once, on an empty form, and raise what the catalogue raises.
     void PrvFillProductNameList() { fillList(productName_); }
     void PrvFillPartNumList() { fillList(partNum_); }
     /// Before a save: searches and leaves a box that was changed and not left since, the name's first.
     /// Never raises; an error of the search has closed the dialog.
     void finishPendingLookUps();
 
-    const State& state() const { return state_; }
+    [[nodiscard]] const State& state() const { return state_; }
 
-    std::shared_ptr<ProductLkpMgr> objLkpMgr; ///< Made by the editor for the session.
+    std::shared_ptr<ProductLkpMgr> productLkpMgr; ///< Made by the editor for the session.
 
 private:
-    /// A row of the table of differences.
+    /// What sets one box apart from the other.
     struct Kind;
     struct Box {
         const Kind& kind;
@@ -64,28 +67,28 @@ private:
     static const Kind kProductName;
 
     Box takeBox(const Kind& kind) const;
-    void connect(const Box& box);
+    void takeEvents(const Box& box);
 
-    /// The handlers; their labels, by which the trace knows them, stand in the table.
-    void changed(const Box& box);
-    void clicked(const Box& box);
-    void keyPressed(const Box& box, std::int16_t iKeyAscii);
-    void lostFocus(const Box& box);
-    void timerFired(const Box& box);
+    void changed(const Box& box);                           ///< cboPartNum_Change, cboProductName_Change
+    void clicked(const Box& box);                           ///< cboPartNum_Click, cboProductName_Click
+    void keyPressed(const Box& box, std::int16_t KeyAscii); ///< cboPartNum_KeyPress, cboProductName_KeyPress
+    void lostFocus(const Box& box);                         ///< cboPartNum_LostFocus, cboProductName_LostFocus
+    void timerFired(const Box& box);                        ///< tmrPartNum_Timer, tmrProdLkp_Timer
 
-    /// Takes an entry's columns into the current product; each failing step is skipped.
+    /// Copies the catalogue's current entry into the current product; each failing step is skipped.
     void applyEntry(const Box& box);
     /// Whether the user wants the catalogue's note in place of the product's own.
-    bool wantsNote();
+    [[nodiscard]] bool wantsNote();
 
     void fillList(const Box& box);
     void showMatches(const Box& box, const std::vector<LookUpRow>& rows);
     void showWholeList(const Box& box);
     static void addRows(const Box& box, const std::vector<LookUpRow>& rows);
 
-    /// The catalogue, held for the length of a call, which may end the session. Raises 91 for none.
+    /// The catalogue. Shared, because a call to it may end the session, which lets go of it. Raises 91 for none.
     std::shared_ptr<ProductLkpMgr> catalogue() const;
-    LookUpList list(const Box& box, const std::string& sText, bool bAll) const;
+    /// What begins with `typed`, or everything; none instead of an empty list.
+    LookUpList list(const Box& box, const std::string& typed, bool all) const;
     LookUpValue field(LookUpColumn column) const;
 
     EditorSession& session_;
@@ -93,6 +96,7 @@ private:
     Box partNum_;
     Box productName_;
     State state_;
+    ScopedHandlers handlers_;
 };
 
 } // namespace orvan

@@ -5,13 +5,14 @@
 
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace orvan {
 
 namespace {
 
-/// Every double without an exponent: up to 309 digits before the point, up to 1074 decimals.
+/// Enough for any double without an exponent: up to 309 digits before the point, or up to 1074 decimals.
 constexpr std::size_t kLongestDouble = 1100;
 
 [[noreturn]] void raiseNull()

@@ -1,7 +1,7 @@
 // The catalogue look-up contract: lists of catalogue entries, and one current entry to read.
 //
-// The editor creates the component by class name for each session. Texts are UTF-8. Any operation
-// may throw. Thread: the thread that created it.
+// The editor creates the component by class name for each session, and releases it when the session ends. Texts
+// are UTF-8. Errors: any operation may throw. Thread: the thread that created it.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -25,8 +25,8 @@ struct LookUpRow {
     std::string text;
 };
 
-/// Rows in the order in which they are shown; no list at all (Null) means no entries, and the editor
-/// takes an empty one for the same.
+/// Rows in the order in which they are shown. No list at all (Null) means that there are no entries; the editor
+/// treats an empty list in the same way.
 using LookUpList = std::optional<std::vector<LookUpRow>>;
 
 /// A column's value as the catalogue holds it; monostate is Null.
@@ -37,17 +37,18 @@ enum class LookUpColumn : std::int32_t { name = 3, key = 4, partNum = 5, unitPri
 
 class ProductLkpMgr : public ui::Component {
 public:
-    /// Entries whose part number begins with sText, the best completion first: row 0's text begins
-    /// with sText. None for an empty sText: a new product's box is empty, and what matches is applied.
-    /// bAll: the whole list, sText ignored; the editor passes "" then.
-    virtual LookUpList GetPartNumList(std::string_view sText, bool bAll) = 0;
-    virtual LookUpList GetProductNameList(std::string_view sText, bool bAll) = 0;
+    /// Entries whose part number begins with sText, the best completion first: row 0's text begins with sText.
+    /// No list for an empty sText: a new product's box is empty, and a match would be applied to the product.
+    /// With `all`, the whole list; sText is ignored, and the editor passes "".
+    [[nodiscard]] virtual LookUpList GetPartNumList(std::string_view sText, bool all) = 0;
+    /// The same for entries whose name begins with sText.
+    [[nodiscard]] virtual LookUpList GetProductNameList(std::string_view sText, bool all) = 0;
     /// Makes the entry with this id the current one, where there is such an entry.
-    virtual void SeekItem(std::int32_t lItemId) = 0;
+    virtual void SeekItem(std::int32_t itemId) = 0;
     /// True when there is no current entry.
-    virtual bool IsEOF() = 0;
+    [[nodiscard]] virtual bool IsEOF() = 0;
     /// The column's value of the current entry.
-    virtual LookUpValue GetFieldValue(std::int32_t iColumn) = 0;
+    [[nodiscard]] virtual LookUpValue GetFieldValue(std::int32_t column) = 0;
 };
 
 } // namespace orvan

@@ -50,7 +50,7 @@ TEST(AmountBoxes, WhatIsTypedIsSavedAtOnceAndStandsAsTyped)
     EXPECT_EQ(fixture.product(), "12.75 0 0 0");
     box.paste(".");
     EXPECT_EQ(fixture.product(), "0 0 0 0") << "two points are no number: " << box.text();
-    fixture.bInitializing = true;
+    fixture.initializing = true;
     box.setText("5");
     EXPECT_EQ(fixture.product(), "0 0 0 0") << "not saved while initializing";
     fixture.box("txtUnitPrice").type("1,000.129");
@@ -73,15 +73,15 @@ TEST(AmountBoxes, ShowOneFormWithTheFocusAndAnotherWithout)
     forEachRow(rows, [](const Row& row) {
         FieldsFixture fixture;
         fixture.setProduct(row.value, row.value, row.value);
-        fixture.bInitializing = true;
+        fixture.initializing = true;
         auto& box = fixture.box(row.box);
         box.setFocus();
         EXPECT_EQ(box.text(), row.edited);
         EXPECT_EQ(box.selectionLength(), static_cast<std::int32_t>(box.text().size()));
-        EXPECT_FALSE(std::exchange(fixture.bInitializing, true)) << "cleared, not restored";
+        EXPECT_FALSE(std::exchange(fixture.initializing, true)) << "cleared, not restored";
         fixture.box("txtNote").setFocus();
         EXPECT_EQ(box.text(), row.displayed);
-        EXPECT_FALSE(fixture.bInitializing);
+        EXPECT_FALSE(fixture.initializing);
     });
     FieldsFixture german("de_DE");
     german.locale.currencySymbol = ","; // as when the symbol could not be read: it removes the decimal comma
@@ -160,9 +160,9 @@ TEST(FieldSaves, MarkDirtyWhatDiffersAndStoreNothingForWhatIsRejected)
         FieldsFixture fixture("en_US", {.isValidUnitPrice = rule, .isValidQty = rule, .isValidDiscPrcnt = rule});
         current = &fixture;
         fixture.setProduct(row.stored, row.stored, row.stored);
-        fixture.bInitializing = true;
+        fixture.initializing = true;
         fixture.box(row.box).setText(row.text);
-        fixture.bInitializing = false;
+        fixture.initializing = false;
         const std::string_view box = row.box;
         box == "txtQty"         ? fixture.fields.PrvSaveQtyFld()
         : box == "txtUnitPrice" ? fixture.fields.PrvSaveUnitPriceFld()
@@ -178,10 +178,10 @@ TEST(FieldSaves, EqualTextsWriteNothingAndTheNoteIsSavedWhileInitializingToo)
     FieldsFixture fixture;
     ProductRecord& record = fixture.currentProduct();
     std::string saved;
-    fixture.bInitializing = true;
+    fixture.initializing = true;
     fixture.box("txtNote").setText("Note");
     EXPECT_EQ(record.Note(), "Note");
-    EXPECT_FALSE(std::exchange(fixture.bInitializing, false) && fixture.dirty);
+    EXPECT_FALSE(std::exchange(fixture.initializing, false) && fixture.dirty);
     struct Row {
         const char* name;
         void (FieldEntry::*save)();

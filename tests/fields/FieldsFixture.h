@@ -22,18 +22,18 @@ public:
         platform_.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << error.number(); };
         locale = PrvInitLocale(locales);
         objProductMgr = makeManager({.rules = std::move(rules)});
-        objCurrentProduct = objProductMgr->AddNewProduct();
+        heldProduct = objProductMgr->AddNewProduct();
     }
 
     ui::Platform& platform() override { return platform_; }
     std::int32_t window() override { return 0; }
-    void PrvSetDirty(bool bDirty) override { dirty = bDirty && (dirty || !bInitializing); }
+    void PrvSetDirty(bool bDirty) override { dirty = bDirty && (dirty || !initializing); }
     void PrvLoadProductInfo() override {}
     void PrvCloseOnError() override
     {
         ++closed;
         form.unload();
-        objCurrentProduct.reset();
+        heldProduct.reset();
         objProductMgr.reset();
     }
 

@@ -80,7 +80,7 @@ TEST(Prices, FollowQuantityUnitPriceAndDiscount)
         fixture.PrvSetDirty(false);
         fixture.fields.PrvCalcExtPrice();
         EXPECT_FALSE(fixture.dirty) << "nothing has changed since";
-        fixture.objCurrentProduct.reset();
+        fixture.heldProduct.reset();
         fixture.fields.PrvCalcExtPrice(); // without a product: nothing to price, and no error
         EXPECT_TRUE(fixture.trace->lines().empty());
     });
@@ -92,7 +92,7 @@ TEST(Prices, TheTotalOfALongListFollowsEachKeystroke)
     for (int i = 1; i < 1000; ++i) {
         fixture.objProductMgr->AddNewProduct()->SetExtPrice(Currency::fromScaled(10'001));
     }
-    fixture.objCurrentProduct = fixture.objProductMgr->GetProduct(500);
+    fixture.heldProduct = fixture.objProductMgr->GetProduct(500);
     fixture.setProduct("4", "19.99", "10");
     struct Row {
         char name; // the key

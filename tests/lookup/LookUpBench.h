@@ -94,8 +94,8 @@ public:
         : box(form.comboBox(part ? "cboPartNum" : "cboProductName")),
           left_(part ? &LookUpBoxes::State::bPartNumBoxLeft : &LookUpBoxes::State::bNameBoxLeft)
     {
-        objCurrentProduct = record;
-        boxes.objLkpMgr = catalogue;
+        heldProduct = record;
+        boxes.productLkpMgr = catalogue;
         platform_.onUnhandledError = [](const RuntimeError& error) { ADD_FAILURE() << "unhandled " << error.number(); };
     }
     ~LookUpBench() override { EXPECT_EQ(platform_.messageBox().unusedAnswers(), 0U); }
@@ -115,8 +115,8 @@ public:
     {
         form.unload();
         catalogue.reset();
-        objCurrentProduct.reset();
-        boxes.objLkpMgr.reset();
+        heldProduct.reset();
+        boxes.productLkpMgr.reset();
     }
 
     bool left() const { return boxes.state().*left_; }

@@ -118,13 +118,13 @@ TEST(LookUpTrace, TellsTheBoxesApart)
         EXPECT_FALSE(bench.boxes.state().bPartNumPicked) << "no row was chosen";
 
         // While a product is loaded: entries alone, and nothing starts.
-        bench.bInitializing = true;
+        bench.initializing = true;
         bench.dirty = false;
         bench.trace->allowNoExit(label + "_Change");
         bench.box.setText("x");
         EXPECT_EQ(bench.trace->lines().back(), "enter " + label + "_Change");
         EXPECT_FALSE(bench.dirty || bench.form.control<ui::Timer>(part ? "tmrPartNum" : "tmrProdLkp").enabled());
-        bench.bInitializing = false;
+        bench.initializing = false;
 
         // A key whose entry cannot be reported is handled all the same.
         bench.trace->failNext(TraceCall::enter, 75);
