@@ -74,7 +74,7 @@ void EntryWidget::reportChange()
     const std::int32_t limit = port_->entry().maxLength();
     if (limit > 0 && characterCount(edited) > static_cast<std::size_t>(limit) &&
         characterCount(edited) > characterCount(port_->entry().text())) {
-        // Something that asks nobody has put it there, such as a help for those who see no screen.
+        // Assistive technology can bypass fit(): cut the text here.
         edited.resize(firstCharacters(edited, static_cast<std::size_t>(limit)).size());
         const QScopedValueRollback quiet(quiet_, true);
         holdText(toQt(edited));
@@ -114,7 +114,7 @@ void EntryWidget::pressKey(QKeyEvent& key)
         nativeKeyPress(key);
         return;
     }
-    const std::u32string typed = hearsKeys() ? filtered(offered) : offered;
+    const std::u32string typed = filtersKeys() ? filtered(offered) : offered;
     if (!port_) {
         key.accept(); // the box has gone with its form
     } else if (typed == offered && isControl(offered)) {
@@ -141,7 +141,7 @@ void EntryWidget::type(const QString& text)
 
 bool EntryWidget::claims(const QKeyEvent& key) const
 {
-    return hearsKeys() && goesBeforeShortcuts(key);
+    return filtersKeys() && goesBeforeShortcuts(key);
 }
 
 void EntryWidget::input(QInputMethodEvent& input)
@@ -152,7 +152,7 @@ void EntryWidget::input(QInputMethodEvent& input)
         return;
     }
     const std::u32string offered = written.toStdU32String();
-    const QString typed = hearsKeys() ? toText(filtered(offered)) : written;
+    const QString typed = filtersKeys() ? toText(filtered(offered)) : written;
     if (!port_) {
         input.accept();
         return;
