@@ -32,9 +32,9 @@ std::string_view lineEndOf(std::string_view text)
     return text.find(kReturnAndNewline) == std::string_view::npos ? "\n" : kReturnAndNewline;
 }
 
-std::string fitForEntry(std::string_view text, std::string_view lineEnd, std::optional<std::int64_t> room)
+std::string fitForEntry(std::string_view text, std::string_view lineEnd, std::optional<std::int64_t> capacity)
 {
-    std::int64_t left = room.value_or(std::numeric_limits<std::int64_t>::max());
+    std::int64_t left = capacity.value_or(std::numeric_limits<std::int64_t>::max());
     std::string fitted;
     for (std::size_t at = 0; at < text.size();) {
         const auto* const end = std::find_if(std::begin(kLineEnds), std::end(kLineEnds),

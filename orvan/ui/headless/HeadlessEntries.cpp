@@ -148,11 +148,11 @@ void EntryDriver::replace(std::int32_t start, std::int32_t length, std::string_v
     std::string whole = port_.entry().text();
     const std::size_t from = bytesBefore(whole, start);
     whole.erase(from, bytesBefore(std::string_view(whole).substr(from), length));
-    std::optional<std::int64_t> room;
+    std::optional<std::int64_t> capacity;
     if (port_.entry().maxLength() > 0) {
-        room = port_.entry().maxLength() - static_cast<std::int64_t>(characterCount(whole));
+        capacity = port_.entry().maxLength() - static_cast<std::int64_t>(characterCount(whole));
     }
-    const std::string fitted = ui::fitForEntry(text, multiLine_ ? ui::lineEndOf(port_.entry().text()) : " ", room);
+    const std::string fitted = ui::fitForEntry(text, multiLine_ ? ui::lineEndOf(port_.entry().text()) : " ", capacity);
     whole.insert(from, fitted);
     port_.reportSelection(start + static_cast<std::int32_t>(characterCount(fitted)), 0);
     port_.reportText(std::move(whole));

@@ -1,6 +1,6 @@
 // QtGrid: the grid as a QTableView that asks for the cells it paints.
 //
-// A long list costs its values and nothing for each cell: no item objects, no texts made in advance.
+// A long list needs memory for its values only: there are no item objects and no texts made in advance.
 // Column widths are shown in the nearest pixel and stay in twips as set; only the user's resizing
 // writes a new one. Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
