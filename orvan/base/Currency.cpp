@@ -1,5 +1,6 @@
 #include "orvan/base/Currency.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/DecimalReader.h"
 #include "orvan/base/Int128.h"
 #include "orvan/base/RuntimeError.h"
@@ -26,7 +27,7 @@ Currency checked(Int128 scaled)
     return Currency::fromScaled(static_cast<std::int64_t>(scaled));
 }
 
-/// A quotient to the nearest integer, ties to even, from what is left over.
+/// A quotient that was cut to an integer, made the nearest integer instead, ties to even. `rest` is the remainder.
 template <class Unsigned>
 Unsigned rounded(Unsigned quotient, Unsigned rest, Unsigned divisor)
 {
@@ -45,11 +46,6 @@ Signed divideToEven(Signed numerator, Signed denominator)
     return negative ? -result : result;
 }
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 } // namespace
 
 Currency Currency::raiseOverflow()
@@ -64,9 +60,9 @@ Currency Currency::fromInteger(std::int64_t value)
 
 Currency Currency::fromDouble(double value)
 {
-    // The product is off by at most half of its last binary place, which moves no amount of this size from
-    // one side of a half to the other: only where it lies on a half does it take a closer look. Adding 1.5 * 2^52
-    // leaves a double no room for a fraction: it is rounded without a call.
+    // The product is off by at most half of its last binary place, which moves no amount of this size from one side of
+    // a half to the other: only a product that lies on a half needs the exact way. A double of 1.5 * 2^52 has no bits
+    // left for a fraction, so adding and subtracting that rounds without a call.
     constexpr double kNoFraction = 6'755'399'441'055'744.0;
     constexpr double kHalvesExact = 2'251'799'813'685'248.0; // 2^51
     const double product = value * double(kScale);
@@ -122,9 +118,10 @@ Currency Currency::fromText(std::string_view text)
 
 std::optional<Currency> Currency::fromShortestText(std::string_view text) noexcept
 {
+    // Written out: this is the hot path of reading a products string.
     const char* at = text.data();
     const char* const end = at + text.size();
-    std::uint64_t magnitude = 0; // wraps with more digits than are let through below
+    std::uint64_t magnitude = 0; // wraps only with more digits than the checks below accept
     const auto takeDigits = [&] {
         const char* const begin = at;
         for (; at != end && isDigit(*at); ++at) {
@@ -144,12 +141,11 @@ std::optional<Currency> Currency::fromShortestText(std::string_view text) noexce
     if (at != end && *at == '.') {
         ++at;
         decimals = takeDigits();
-        if (decimals == 0 || decimals > 4 || at[-1] == '0') {
+        if (decimals == 0 || decimals > kDecimals || at[-1] == '0') {
             return std::nullopt;
         }
     }
-    static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
-    magnitude *= kMissing[decimals]; // 19 digits: within 64 bits
+    magnitude *= kPowersOfTen[kDecimals - decimals]; // 19 digits: within 64 bits
     const bool isMinusZero = negative && magnitude == 0;
     if (at != end || isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
         return std::nullopt;
@@ -159,13 +155,12 @@ std::optional<Currency> Currency::fromShortestText(std::string_view text) noexce
 
 std::string_view Currency::toText(TextBuffer& buffer) const noexcept
 {
-    const auto magnitude = scaled_ < 0 ? 0 - static_cast<std::uint64_t>(scaled_) : static_cast<std::uint64_t>(scaled_);
     char* end = buffer;
     if (scaled_ < 0) {
         *end++ = '-';
     }
-    end = std::to_chars(end, buffer + sizeof buffer, magnitude / kScale).ptr;
-    auto decimals = static_cast<unsigned>(magnitude % kScale);
+    end = std::to_chars(end, buffer + sizeof buffer, magnitude() / kScale).ptr;
+    auto decimals = static_cast<unsigned>(magnitude() % kScale);
     if (decimals != 0) {
         *end++ = '.';
         for (unsigned place = kScale / 10; decimals != 0; place /= 10) {
@@ -190,7 +185,7 @@ Currency Currency::operator-() const
 Currency operator*(Currency a, Currency b)
 {
     std::int64_t product = 0;
-    if (!__builtin_mul_overflow(a.scaled_, b.scaled_, &product)) { // as a rule; 128 bits take long to divide
+    if (!__builtin_mul_overflow(a.scaled_, b.scaled_, &product)) { // nearly always; dividing 128 bits is slow
         return Currency::fromScaled(divideToEven<std::int64_t, std::uint64_t>(product, Currency::kScale));
     }
     return checked(divideToEven<Int128, UInt128>(Int128{a.scaled_} * b.scaled_, Currency::kScale));

@@ -1,13 +1,14 @@
 // Currency: an exact amount with four decimals, in a signed 64-bit count of ten-thousandths.
 //
 // Range: -922337203685477.5808 to 922337203685477.5807. Every operation is checked: a result that
-// does not fit raises error 6 (overflow) and never wraps. Where a result has more than four
-// decimals it is rounded once, to the nearest value, ties to even (so that
-// sums of many lines do not drift). Thread: a plain value.
+// does not fit raises error 6 (overflow) and never wraps. A result with more than four decimals is
+// rounded once, to the nearest amount, ties to even, so that sums of many lines do not drift.
+// Thread: a plain value.
 #pragma once
 
 #include <compare>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <string>
@@ -17,34 +18,48 @@ namespace orvan {
 
 class Currency {
 public:
+    static constexpr int kDecimals = 4;
     static constexpr std::int64_t kScale = 10'000;
+    /// By exponent: the units of the last of so many decimals that make one.
+    static constexpr std::uint64_t kPowersOfTen[] = {1, 10, 100, 1'000, 10'000};
+    static_assert(kPowersOfTen[kDecimals] == kScale && std::size(kPowersOfTen) == kDecimals + 1);
 
     constexpr Currency() noexcept = default;
 
     /// From ten-thousandths: fromScaled(12'500) is 1.25.
-    static constexpr Currency fromScaled(std::int64_t tenThousandths) noexcept { return Currency(tenThousandths); }
+    [[nodiscard]] static constexpr Currency fromScaled(std::int64_t tenThousandths) noexcept
+    {
+        return Currency(tenThousandths);
+    }
     /// Raises 6 beyond the range.
-    static Currency fromInteger(std::int64_t value);
+    [[nodiscard]] static Currency fromInteger(std::int64_t value);
     /// The nearest amount to the double's exact value. Raises 6 for NaN, infinity and out of range.
-    static Currency fromDouble(double value);
+    [[nodiscard]] static Currency fromDouble(double value);
     /// Reads "-12.3456": an optional sign, digits, an optional '.' with digits; at least one digit
     /// and nothing else, in no locale. More than four decimals are rounded. Raises 13 (not a
     /// number) or 6.
-    static Currency fromText(std::string_view text);
+    [[nodiscard]] static Currency fromText(std::string_view text);
 
     /// The amount whose toText() is exactly this, if there is one: none for "1.5000" or "007".
-    static std::optional<Currency> fromShortestText(std::string_view text) noexcept;
+    [[nodiscard]] static std::optional<Currency> fromShortestText(std::string_view text) noexcept;
 
     constexpr std::int64_t scaled() const noexcept { return scaled_; }
+    /// The ten-thousandths without their sign. Unsigned, because the least amount has no positive counterpart.
+    constexpr std::uint64_t magnitude() const noexcept
+    {
+        const auto bits = static_cast<std::uint64_t>(scaled_);
+        return scaled_ < 0 ? 0 - bits : bits;
+    }
     /// The nearest double up to 2^53 ten-thousandths; beyond, within one unit in the last place.
     double toDouble() const noexcept { return static_cast<double>(scaled_) / double(kScale); }
     /// The shortest text that fromText reads back as this amount: "12", "-0.5", "3.1416".
-    std::string toText() const;
-    /// Room for any amount's text.
+    [[nodiscard]] std::string toText() const;
+    /// Large enough for any amount's text.
     using TextBuffer = char[24];
     /// The same text, in the buffer.
-    std::string_view toText(TextBuffer& buffer) const noexcept;
+    [[nodiscard]] std::string_view toText(TextBuffer& buffer) const noexcept;
 
+    /// Raises 6 for the least amount.
     Currency operator-() const;
     friend Currency operator+(Currency a, Currency b)
     {
@@ -62,9 +77,9 @@ public:
     friend constexpr auto operator<=>(Currency, Currency) noexcept = default;
 
 private:
-    /// Returns nothing: always raises.
+    /// Never returns; typed so that it fits a conditional expression.
     [[noreturn]] static Currency raiseOverflow();
-    /// For one on a half, too large for a fraction, or no number; exact for each.
+    /// As fromDouble, exactly and slowly, for every double: halves, large ones, infinities and NaN included.
     static Currency fromAnyDouble(double value);
     constexpr explicit Currency(std::int64_t scaled) noexcept : scaled_(scaled) {}
 

@@ -1,9 +1,10 @@
-// DecimalReader: an amount from its digits while a text is walked, for whoever knows the text's form.
+// DecimalReader: an amount from the digits of a text, for a caller that walks the text and knows its separators.
 //
-//     DecimalReader reader;   reader.digits(rest) for each run of digits, reader.point() between
+//     DecimalReader reader;   // then reader.digits(rest) at each run of digits, reader.point() between two runs
 //     Currency amount = reader.result(negative);
 //
-// Digits beyond the fourth decimal only round, ties to even. Thread: a plain value.
+// Digits beyond the fourth decimal only round, ties to even. result() raises 6 beyond the range.
+// Thread: a plain value.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -21,10 +22,10 @@ namespace orvan {
 class DecimalReader {
 public:
     /// Takes the digits that the text begins with, and returns how many they are.
-    std::size_t digits(std::string_view text)
+    [[nodiscard]] std::size_t digits(std::string_view text)
     {
-        const std::size_t room = pointSeen_ ? kDecimals - decimals_ : text.size();
-        const std::size_t most = std::min(text.size(), room);
+        const std::size_t missing = pointSeen_ ? kDecimals - decimals_ : text.size();
+        const std::size_t most = std::min(text.size(), missing);
         const auto digitAt = [&](std::size_t at) { return static_cast<unsigned char>(text[at] - '0'); };
         std::size_t taken = 0;
         std::uint64_t value = value_;
@@ -40,18 +41,17 @@ public:
         return taken;
     }
 
-    /// False for a second one.
-    bool point() { return !std::exchange(pointSeen_, true); }
+    /// Takes the decimal separator; false for a second one.
+    [[nodiscard]] bool point() { return !std::exchange(pointSeen_, true); }
     bool anyDigit() const { return anyDigit_; }
 
-    /// Raises 6 beyond the range.
-    Currency result(bool negative)
+    /// The amount, once. Raises 6 beyond the range.
+    [[nodiscard]] Currency result(bool negative)
     {
-        static constexpr std::uint64_t kMissing[] = {10'000, 1'000, 100, 10, 1};
         constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-        tooLarge_ |= __builtin_mul_overflow(value_, kMissing[decimals_], &value_);
+        tooLarge_ |= __builtin_mul_overflow(value_, Currency::kPowersOfTen[kDecimals - decimals_], &value_);
         const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
-        value_ += up ? 1 : 0; // does not wrap: where digits were dropped, none was missing
+        value_ += up ? 1 : 0; // does not wrap: after dropped digits the factor above was 1
         if (tooLarge_ || value_ > kMost + (negative ? 1 : 0)) {
             throw RuntimeError(ErrorNumber::overflow);
         }
@@ -59,14 +59,14 @@ public:
     }
 
 private:
-    static constexpr unsigned kDecimals = 4;
-    /// With one digit more, a value of as many is beyond the range, wherever its point is.
+    static constexpr unsigned kDecimals = Currency::kDecimals;
+    /// A value from here on has no digit to spare: ten times as much is beyond the range, wherever the point stands.
     static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
 
     void drop(unsigned digit)
     {
         if (decimals_ < kDecimals) {
-            tooLarge_ = true; // said at the end: the rest of the text is looked at first
+            tooLarge_ = true; // raised by result(): a text that is no number at all raises that error first
         } else if (!roundingSeen_) {
             roundingSeen_ = true;
             rounding_ = digit;

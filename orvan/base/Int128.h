@@ -1,4 +1,5 @@
-// Int128: the compiler's 128-bit integer under a name that passes -Wpedantic.
+// Int128: the compiler's 128-bit integer under a name that passes -Wpedantic. GCC and Clang have it on every 64-bit
+// system.
 #pragma once
 
 namespace orvan {

@@ -1,45 +1,85 @@
 #include "orvan/base/Integer.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace orvan {
 
 namespace {
 
-std::string_view withoutBlanks(std::string_view text)
+/// Removes the digits that `text` begins with, and returns them.
+std::string_view takeDigits(std::string_view& text)
 {
-    const auto first = text.find_first_not_of(" \t");
-    return first == text.npos ? std::string_view() : text.substr(first, text.find_last_not_of(" \t") - first + 1);
+    const auto count = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
+    const std::string_view digits = text.substr(0, count);
+    text.remove_prefix(count);
+    return digits;
 }
 
-/// What follows a sign must look like a number: from_chars would also read "inf" and "nan".
-bool startsLikeANumber(std::string_view digits)
+/// Removes the character that `text` begins with if it is one of `wanted`, and returns it; else 0.
+char takeOneOf(std::string_view wanted, std::string_view& text)
 {
-    return !digits.empty() && (digits[0] == '.' || (digits[0] >= '0' && digits[0] <= '9'));
+    if (text.empty() || wanted.find(text.front()) == wanted.npos) {
+        return 0;
+    }
+    const char taken = text.front();
+    text.remove_prefix(1);
+    return taken;
+}
+
+/// The double nearest to "12", "1.5", ".5" or "25e-1"; infinite beyond the range of double, at either end of it.
+/// Nothing for any other text.
+std::optional<double> readUnsignedNumber(std::string_view text)
+{
+    constexpr std::int64_t kFarthest = 1'000'000'000'000; // a power of ten that no number of digits brings into range
+    std::string digits(takeDigits(text));
+    std::int64_t exponent = 0;
+    if (takeOneOf(".", text) != 0) {
+        const std::string_view decimals = takeDigits(text);
+        digits.append(decimals);
+        exponent = -static_cast<std::int64_t>(decimals.size());
+    }
+    if (takeOneOf("eE", text) != 0) {
+        const bool negative = takeOneOf("+-", text) == '-';
+        const std::string_view places = takeDigits(text);
+        if (places.empty()) {
+            return std::nullopt;
+        }
+        std::int64_t power = 0;
+        for (const char place : places) {
+            power = std::min(power * 10 + (place - '0'), kFarthest);
+        }
+        exponent += negative ? -power : power;
+    }
+    if (digits.empty() || !text.empty()) {
+        return std::nullopt;
+    }
+    // std::from_chars reads no double in every standard library. std::strtod does, and as it is given no decimal
+    // separator, it reads the same in every locale.
+    const double value = std::strtod((digits + 'e').append(std::to_string(exponent)).c_str(), nullptr);
+    const bool lost = value == 0 && digits.find_first_not_of('0') != digits.npos;
+    return lost ? std::numeric_limits<double>::infinity() : value;
 }
 
 } // namespace
 
 std::int32_t textToInteger32(std::string_view text)
 {
-    std::string_view digits = withoutBlanks(text);
-    const bool negative = digits.starts_with('-');
-    if (negative || digits.starts_with('+')) {
-        digits.remove_prefix(1);
-    }
-    double value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (!startsLikeANumber(digits) || error == std::errc::invalid_argument || end != digits.data() + digits.size()) {
+    std::string_view number = trimmed(text);
+    const bool negative = takeOneOf("+-", number) == '-';
+    const std::optional<double> value = readUnsignedNumber(number);
+    if (!value) {
         throw RuntimeError(ErrorNumber::typeMismatch, {}, "\"" + std::string(text) + "\" is not a number");
     }
-    const double rounded = std::nearbyint(negative ? -value : value);
-    if (error == std::errc::result_out_of_range || rounded > std::numeric_limits<std::int32_t>::max() ||
-        rounded < std::numeric_limits<std::int32_t>::min()) {
+    const double rounded = std::nearbyint(negative ? -*value : *value);
+    if (rounded > std::numeric_limits<std::int32_t>::max() || rounded < std::numeric_limits<std::int32_t>::min()) {
         throw RuntimeError(ErrorNumber::overflow, {}, "\"" + std::string(text) + "\" does not fit 32 bits");
     }
     return static_cast<std::int32_t>(rounded);

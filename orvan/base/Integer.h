@@ -1,4 +1,6 @@
-// textToInteger32: text to a 32-bit integer the way hosts' runtimes convert one.
+// textToInteger32: text to a 32-bit integer, as the runtimes of hosts of this kind convert one.
+//
+// Thread: any.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +8,9 @@
 
 namespace orvan {
 
-/// Blanks around the number are ignored; a fraction is rounded to the nearest integer, ties to even
-/// ("2.5" is 2, "700.51" is 701); '.' is the decimal point in every locale. Raises 13 when the text
-/// is not a number and 6 when it does not fit. Thread: any.
-std::int32_t textToInteger32(std::string_view text);
+/// Blanks around the number are ignored; '.' is the decimal point in every locale, and "7e2" is 700. The text is read
+/// as the nearest double, which is rounded to the nearest integer, ties to even: "2.5" is 2, "700.51" is 701. Raises 13
+/// when the text is not a number, and 6 when it fits neither a double nor 32 bits.
+[[nodiscard]] std::int32_t textToInteger32(std::string_view text);
 
 } // namespace orvan

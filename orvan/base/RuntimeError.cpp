@@ -61,7 +61,7 @@ std::string_view RuntimeError::text() const noexcept
 
 const char* RuntimeError::what() const noexcept
 {
-    return text().data(); // both sources are null-terminated: a std::string or a literal
+    return text().data(); // null-terminated: text() gives a literal or the whole of a std::string
 }
 
 RuntimeError currentError()

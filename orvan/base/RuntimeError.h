@@ -1,7 +1,7 @@
 // RuntimeError: every failure of the library, as a number, a source and a text.
 //
-// Numbers are the ones hosts of this kind know from their own runtime (see ErrorNumber).
-// Thread: any; a RuntimeError owns its texts.
+// The numbers are those that hosts of this kind know from their own runtime (see ErrorNumber).
+// Ownership: a RuntimeError owns its texts. Thread: any.
 #pragma once
 
 #include <cstdint>
@@ -35,12 +35,12 @@ inline constexpr std::int32_t automationError = 440;
 } // namespace ErrorNumber
 
 /// The runtime's own text for a number; "Application-defined or object-defined error" for others.
-std::string_view standardErrorText(std::int32_t number);
+[[nodiscard]] std::string_view standardErrorText(std::int32_t number);
 
 class RuntimeError : public std::exception {
 public:
-    /// A number alone carries no source and no description. Number 0 means "no error" and cannot
-    /// be raised: like the runtimes it is taken from, 0 becomes 5 (invalid procedure call).
+    /// Number 0 means "no error" and cannot be raised: it becomes 5 (invalid procedure call), as in the
+    /// runtimes that the numbers come from.
     explicit RuntimeError(std::int32_t number, std::string source = {}, std::string description = {});
 
     std::int32_t number() const noexcept { return number_; }
@@ -57,9 +57,9 @@ private:
     std::string description_;
 };
 
-/// The error that the calling thread is handling, whatever type was thrown: called inside a catch
-/// block only. Outside components throw what they like; the library sees numbers only:
-/// out of memory is 7, a bad index 9, a bad cast 13, anything else 440 with what() as its text.
-RuntimeError currentError();
+/// The error that the calling thread is handling, whatever type was thrown; to be called inside a catch block only.
+/// Outside components throw what they like, and the library handles numbers only: out of memory is 7, a bad index 9,
+/// a bad cast 13, anything else 440 with what() as its text.
+[[nodiscard]] RuntimeError currentError();
 
 } // namespace orvan

@@ -30,7 +30,7 @@ std::size_t characterSize(std::string_view text, std::size_t at)
     const std::size_t size = sizeByLeadByte(static_cast<unsigned char>(text[at]));
     for (std::size_t i = 1; i < size; ++i) {
         if (at + i >= text.size() || !isContinuation(text[at + i])) {
-            return 1; // cut short: the lead byte stands alone
+            return 1; // the character is cut short: its lead byte counts alone
         }
     }
     return size;

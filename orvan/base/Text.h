@@ -11,14 +11,14 @@
 namespace orvan {
 
 /// Bytes taken by the character that starts at text[at]; at must be less than text.size().
-std::size_t characterSize(std::string_view text, std::size_t at);
+[[nodiscard]] std::size_t characterSize(std::string_view text, std::size_t at);
 
-std::size_t characterCount(std::string_view text);
+[[nodiscard]] std::size_t characterCount(std::string_view text);
 
 /// The first `count` characters of text (all of it when it is shorter); a view into text.
-std::string_view firstCharacters(std::string_view text, std::size_t count);
+[[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
 /// A code point (up to 0x10FFFF) as text.
-std::string toUtf8(char32_t character);
+[[nodiscard]] std::string toUtf8(char32_t character);
 
 } // namespace orvan

@@ -1,4 +1,6 @@
 // Button: a push button with a caption or a picture; both come from the design.
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/EnabledControl.h"
@@ -15,7 +17,7 @@ public:
     std::function<void()> onClick;
 
 protected:
-    /// The platform's report. Raises onClick; nothing on a button that is not enabled.
+    /// The platform's report. Raises onClick; does nothing on a button that is not enabled.
     void userClicked();
 
 private:

@@ -1,8 +1,9 @@
 // ComboBox: a line of text with a list that drops down, each row with a number of its own.
 //
 // Rows count from 0. The box neither completes what is typed nor puts it into the list, and filling
-// or clearing the list changes neither the text nor the selection. Raises 9 for a row that is not
-// there. A platform reads the rows when it shows them, so that filling a long list costs nothing.
+// or clearing the list changes neither the text nor the selection. A platform reads the rows when it
+// shows them, so that filling a long list costs nothing. Raises 9 for a row that is not there.
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/TextEntry.h"
@@ -28,14 +29,14 @@ public:
 
     /// The row that the user chose; -1 once text has been typed or set, and after clear.
     std::int32_t listIndex() const { return listIndex_; }
-    /// Shows the list as it stands now, where it is open.
+    /// Shows the rows as they are now if the list is open.
     void refresh() { doListChanged(); }
 
     /// The user chose a row of the list; the text is the row's already (and onChange is not raised).
     std::function<void()> onClick;
 
 protected:
-    /// The list is another one: show it now where it is open, else when it is opened next.
+    /// The rows changed: show them now if the list is open, else when it is opened next.
     virtual void doListChanged() = 0;
     /// The platform's report. Raises onClick.
     void userChoseRow(std::int32_t row);

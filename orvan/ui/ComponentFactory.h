@@ -1,6 +1,7 @@
 // ComponentFactory: component objects created by class name at run time.
 //
-// Objects are reference-counted (std::shared_ptr) and released when the last holder lets go.
+// Ownership: shared; an object is destroyed when its last holder releases it. Thread: the
+// user-interface thread.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
@@ -11,7 +12,7 @@
 
 namespace orvan::ui {
 
-/// Root of everything that can be created by name; the caller asks the object for its interface.
+/// Base of everything that can be created by name; the caller asks the object for its interface.
 class Component {
 public:
     virtual ~Component() = default;
@@ -23,13 +24,13 @@ public:
 
     /// Never null. Raises 429 with the class name in the description when the class is unknown or
     /// its object cannot be created.
-    virtual std::shared_ptr<Component> create(std::string_view className) = 0;
+    [[nodiscard]] virtual std::shared_ptr<Component> create(std::string_view className) = 0;
 };
 
 /// Creates and asks for the interface T; an object that does not implement it raises 430 with the
 /// class name in the description.
 template <class T>
-std::shared_ptr<T> createComponent(ComponentFactory& factory, std::string_view className)
+[[nodiscard]] std::shared_ptr<T> createComponent(ComponentFactory& factory, std::string_view className)
 {
     auto object = std::dynamic_pointer_cast<T>(factory.create(className));
     if (!object) {

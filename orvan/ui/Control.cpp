@@ -1,7 +1,6 @@
 #include "orvan/ui/Control.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
 
 #include <cmath>
@@ -26,7 +25,7 @@ std::string_view controlKindName(ControlKind kind)
 }
 
 Control::Control(const ControlDesign& design)
-    : name_(design.name), kind_(design.kind), left_(design.left), top_(design.top), width_(design.width),
+    : design_(design), name_(design.name), left_(design.left), top_(design.top), width_(design.width),
       height_(design.height)
 {
 }
@@ -53,8 +52,8 @@ void Control::move(float left, float top, float width, float height)
 
 bool Control::canTakeFocus() const
 {
-    const bool ofSuchKind = kind_ == ControlKind::button || kind_ == ControlKind::comboBox ||
-                            kind_ == ControlKind::grid || kind_ == ControlKind::textBox;
+    const bool ofSuchKind = kind() == ControlKind::button || kind() == ControlKind::comboBox ||
+                            kind() == ControlKind::grid || kind() == ControlKind::textBox;
     return ofSuchKind && takesInput();
 }
 
@@ -71,13 +70,9 @@ bool Control::hasFocus() const
     return surface_ && surface_->focused() == this;
 }
 
-void Control::raise(const std::function<void()>& handler) const
+Platform* Control::eventPlatform() const
 {
-    if (surface_) {
-        surface_->raise(handler);
-    } else if (const auto copy = handler) {
-        copy();
-    }
+    return surface_ && surface_->live() ? &surface_->platform() : nullptr;
 }
 
 void Control::giveFocusAway()

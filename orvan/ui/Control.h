@@ -1,20 +1,22 @@
 // Control: what every control has: a name, a kind, a place, and its share of the keyboard focus.
 //
-// Position and size are kept here as they were set, in twips; a platform rounds them to its own
-// unit when it places its widget and never writes them back, so that a length reads back as set.
+// Position and size are kept here as they were set, in twips. A platform rounds them to its own unit
+// when it places its widget, and never writes them back, so that a length reads back as it was set.
 //
-// Events are single-slot handlers. They are raised here and in the other abstract controls, never
-// by a platform, so that it is decided once which program's own change raises one. An error that
-// leaves a handler reaches Platform::onUnhandledError and never the statement that caused the event;
-// a form that has been unloaded raises none. A handler may destroy the surface it stands on.
+// Each event has one handler. Events are raised here and in the other abstract controls, never by a
+// platform, so that the same changes raise the same events everywhere. An error that leaves a handler
+// reaches Platform::onUnhandledError and never the statement that caused the event. A form that has
+// been unloaded raises no event. A handler may destroy the surface that its control stands on.
 //
 // Ownership: a Surface owns its controls. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/FormDesign.h"
+#include "orvan/ui/Platform.h"
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace orvan::ui {
 
@@ -22,13 +24,14 @@ class Surface;
 
 class Control {
 public:
+    /// The design must outlive the control.
     explicit Control(const ControlDesign& design);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
 
     const std::string& name() const { return name_; }
-    ControlKind kind() const { return kind_; }
+    ControlKind kind() const { return design_.kind; }
 
     float left() const { return left_; }
     float top() const { return top_; }
@@ -46,30 +49,39 @@ public:
     /// Buttons, boxes and grids, unless they or the frame they stand in are not enabled.
     bool canTakeFocus() const;
 
-    /// The focus came from another control of the surface, or went to one. Another window, a menu, a
-    /// list that drops down or a message box takes no focus in this sense: the box is not left.
+    /// The focus came from another control of the surface, or went to one. Another window, a menu, a list that drops
+    /// down and a message box take no focus in this sense: the control keeps it.
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
 
 protected:
-    /// Place the widget at the lengths above.
+    /// Place the widget at left(), top(), width(), height().
     virtual void doMove() = 0;
 
     Surface* surface() const { return surface_; }
-    /// Runs an event's handler. It may destroy this control, so this is a caller's last statement
-    /// about it.
-    void raise(const std::function<void()>& handler) const;
+    /// Raises an event. Its handler may destroy this control, so the caller must not touch the control afterwards.
+    template <class... Parameters, class... Arguments>
+    void raise(const std::function<void(Parameters...)>& handler, Arguments&&... arguments) const
+    {
+        if (Platform* platform = eventPlatform()) {
+            platform->raise(handler, std::forward<Arguments>(arguments)...);
+        }
+    }
     /// Whether the user can do something to it: see orvan/ui/EnabledControl.h.
     virtual bool takesInput() const { return !parent_ || parent_->takesInput(); }
-    /// The control takes no input any more: a focus that is on it, or inside it, goes elsewhere.
+    /// The control takes no input any more: moves the focus elsewhere if it is on the control or inside it.
     void giveFocusAway();
 
 private:
     friend class Surface;
 
+    /// The platform that events are raised on; null before the control stands on a surface, and on a form that has been
+    /// unloaded.
+    Platform* eventPlatform() const;
+
+    const ControlDesign& design_;
     std::string name_;
-    ControlKind kind_;
-    Surface* surface_ = nullptr;      ///< Both set by the surface that owns it.
+    Surface* surface_ = nullptr;      ///< Set by the surface that owns the control, as is parent_.
     const Control* parent_ = nullptr; ///< The frame it stands in.
     float left_;
     float top_;

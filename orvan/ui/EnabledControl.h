@@ -1,4 +1,6 @@
 // EnabledControl: a control that can be greyed: buttons, and frames with all they hold.
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
@@ -10,8 +12,8 @@ public:
     using Control::Control;
 
     bool enabled() const { return enabled_; }
-    /// What is not enabled is shown greyed and takes neither clicks nor the focus. Where the focus is in
-    /// it, a neighbour gets it.
+    /// A control that is not enabled is shown greyed and takes neither clicks nor the focus. If it, or a control in it,
+    /// has the focus, a neighbour gets it.
     void setEnabled(bool enabled);
 
 protected:

@@ -2,7 +2,6 @@
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/Button.h"
-#include "orvan/ui/Platform.h"
 
 #include <algorithm>
 #include <utility>
@@ -34,17 +33,12 @@ void Form::unload(UnloadMode mode)
     if (!loaded_) {
         return;
     }
-    bool stays = false;
-    platform().dispatch([&] { stays = onQueryUnload && onQueryUnload(mode); });
-    if (stays || !loaded_) { // while the question waited, something else may have closed the form
+    const bool stays = platform().raise(onQueryUnload, mode);
+    if (stays || !loaded_) { // something else may have closed the form while the handler asked the user
         return;
     }
     loaded_ = false;
-    platform().dispatch([&] {
-        if (onUnload) {
-            onUnload();
-        }
-    });
+    platform().raise(onUnload);
     doUnload();
 }
 

@@ -1,11 +1,11 @@
 // Form: a dialog window of its own: loaded, shown modally, asked to close, unloaded.
 //
-// Its controls exist and can be set from the moment it is loaded (Platform::loadForm). unload asks
-// onQueryUnload, which may keep the form; else onUnload runs and the window goes. The object stays
-// for its owner to release, its controls with it: they keep their state, show nothing and raise no
-// event any more, so that a handler in the middle of a chain may unload the form it runs on.
+// Its controls exist and can be set from the moment it is loaded (Platform::loadForm). unload raises
+// onQueryUnload, which may keep the form open; otherwise it raises onUnload and closes the window. The
+// object and its controls stay until the owner releases them: they keep their state, show nothing and
+// raise no event any more, so that a handler in the middle of a chain may unload the form it runs on.
 //
-// Ownership: the caller of loadForm; it is not released while showModal runs. Thread: the
+// Ownership: the caller of loadForm, who must not release it while showModal runs. Thread: the
 // user-interface thread.
 #pragma once
 
@@ -20,7 +20,7 @@ namespace orvan::ui {
 /// Why a form is asked to close. The values are those that hosts of this kind know.
 enum class UnloadMode : std::int16_t {
     closeBox = 0, ///< The user closed the window: its close box or its system menu.
-    code = 1,     ///< The program.
+    code = 1,     ///< The program calls unload.
     session = 2,  ///< The user's session ends, or the program's event loop did.
     taskManager = 3,
 };
@@ -36,7 +36,7 @@ public:
     /// unloaded. No other window of the program takes input meanwhile. Raises 364 for a form that
     /// has been unloaded and 400 for one that is shown already.
     void showModal();
-    /// The closing request. Nothing for a form that has been unloaded.
+    /// Asks the form to close. Does nothing for a form that has been unloaded.
     void unload(UnloadMode mode = UnloadMode::code);
     /// False once the form has been unloaded.
     bool loaded() const { return loaded_; }
@@ -44,7 +44,7 @@ public:
     /// Owner for message boxes about the form (see orvan/ui/MessageBox.h); 0 where there is no window.
     virtual std::int32_t window() = 0;
 
-    /// Returns whether the form shall stay. One handler, like the others.
+    /// Returns whether the form is to stay open.
     std::function<bool(UnloadMode mode)> onQueryUnload;
     std::function<void()> onUnload;
 
@@ -56,9 +56,10 @@ protected:
     virtual void doShowModal() = 0;
     /// loaded() is false now: stop what runs, let doShowModal return.
     virtual void doUnload() = 0;
-    /// The user pressed Escape: presses the button that cancels, else asks as the close box does.
+    /// The user pressed Escape: presses the button that cancels; without one, asks the form to close as the close box
+    /// does.
     void userPressedEscape();
-    /// For doShowModal, once the window takes keys.
+    /// Gives the first control the focus; for doShowModal, once the window takes keys.
     void focusFirst();
 
 private:

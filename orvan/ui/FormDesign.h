@@ -19,7 +19,7 @@ std::string_view controlKindName(ControlKind kind);
 
 enum class Alignment { left, right };
 
-/// What a text box is for: decides which separator the keypad's decimal key types.
+/// What a text box is for; this decides which separator the keypad's decimal key types.
 enum class TextUse { plain, number, money };
 
 /// Where a control stands in its frame's rows and columns, from 0. A platform with fonts of its own
@@ -29,11 +29,11 @@ struct LayoutCell {
     std::int32_t column = 0;
     std::int32_t rowSpan = 1;
     std::int32_t columnSpan = 1;
-    bool stretch = false; ///< Takes the room that the frame has to spare, in height too.
+    bool stretch = false; ///< Takes the space that the frame has to spare, in height too.
 };
 
-/// One tool of a tool bar or a pop-up menu. A tool that others name as their menu opens them; one without
-/// an ID is a separator.
+/// One tool of a tool bar or a pop-up menu. A tool that others name as their menu is that menu; a tool without an ID is
+/// a separator.
 struct ToolDesign {
     std::string_view id = {};
     std::string_view caption = {};

@@ -1,4 +1,6 @@
 // Frame: a box that holds other controls; positions of those are measured inside it.
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/EnabledControl.h"

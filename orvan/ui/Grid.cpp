@@ -9,7 +9,7 @@ namespace orvan::ui {
 
 namespace {
 
-/// What a column is wide before anyone says so.
+/// A new column's width in twips.
 constexpr std::int32_t kDefaultColumnWidth = 960;
 
 std::size_t requireCount(std::int32_t count, const char* what)
@@ -20,7 +20,7 @@ std::size_t requireCount(std::int32_t count, const char* what)
     return static_cast<std::size_t>(count);
 }
 
-/// Apart from the tests for it, which each cell that is set passes.
+/// Not part of the range tests: those are on the path of every cell that is set, and stay small without it.
 [[noreturn]] void raiseOutside(const std::string& grid, const char* what, std::int32_t index, std::int32_t count)
 {
     throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
@@ -121,7 +121,7 @@ void Grid::setUserResizing(bool allowed)
 
 void Grid::setColumnKey(std::int32_t column, std::string_view key)
 {
-    at(column).key = key; // never painted: nothing to update
+    at(column).key = key; // keys are not painted: nothing to update
 }
 
 std::int32_t Grid::columnIndex(std::string_view key) const

@@ -1,10 +1,11 @@
 // Grid: rows and keyed columns of values, with a header.
 //
 // Rows and columns count from 0. Rows below fixedRows() are headers. Everything a column has (key,
-// type, format, width, hidden, cells) moves with it. The grid keeps values; a platform asks for
-// displayText() of the cells that it paints, so that a long list costs nothing to show.
+// type, format, width, hidden, cells) moves with it. Widths are in twips. The grid keeps values; a
+// platform asks for displayText() of the cells that it paints, so that a long list costs nothing to
+// show.
 //
-// Redraw: while it is off, changes gather; turning it on hands them to the platform once.
+// Redraw: while it is off, changes are collected; turning it on hands them to the platform once.
 // Raises 9 for a row or column outside the grid and 380 for a negative width or count.
 // Ownership: the Surface. Thread: the user-interface thread.
 #pragma once
@@ -51,7 +52,7 @@ public:
     void setColumnKey(std::int32_t column, std::string_view key);
     /// -1 when no column has the key; an empty key is no key.
     std::int32_t columnIndex(std::string_view key) const;
-    /// Columns between move by one to make room.
+    /// The columns between the two places move by one.
     void moveColumn(std::int32_t column, std::int32_t to);
 
     GridType columnType(std::int32_t column) const { return at(column).type; }
@@ -74,9 +75,9 @@ public:
 
     /// The user changed a column's width; the new width stands already.
     std::function<void()> onAfterUserResize;
-    /// The user double clicked, on a row or beside all.
+    /// The user double clicked, on a row or where there is none.
     std::function<void()> onDblClick;
-    /// The user clicked with the right button, on a cell, a header or beside all. Chooses no row.
+    /// The user clicked with the right button, on a cell, on a header or elsewhere. Chooses no row.
     std::function<void()> onRightClick;
     /// The row under the mouse at the user's last double or right click, header rows included; -1 for none.
     std::int32_t mouseRow() const { return mouseRow_; }
@@ -84,7 +85,7 @@ public:
     std::int32_t mouseColumn() const { return mouseColumn_; }
 
 protected:
-    /// Show what changed: at once while redraw is on, all together when it is turned on again.
+    /// Show what changed: called after each change while redraw is on, and once when it is turned on.
     virtual void doUpdate(const GridChanges& changes) = 0;
     /// Called when redraw goes off, before any change: stop painting until doUpdate.
     virtual void doSuspend() = 0;

@@ -7,18 +7,12 @@ namespace orvan::ui {
 namespace {
 
 constexpr std::string_view kPictureCharacters = "#0,.";
-constexpr int kStoredDecimals = 4;
 
 /// |value| rounded half away from zero to `decimals` (0 to 4) decimals, in units of the last one.
 std::uint64_t roundedMagnitude(Currency value, int decimals)
 {
-    const std::int64_t scaled = value.scaled();
-    std::uint64_t magnitude = scaled < 0 ? 0 - static_cast<std::uint64_t>(scaled) : static_cast<std::uint64_t>(scaled);
-    std::uint64_t divisor = 1;
-    for (int place = decimals; place < kStoredDecimals; ++place) {
-        divisor *= 10;
-    }
-    return magnitude / divisor + (magnitude % divisor >= (divisor + 1) / 2 && divisor > 1 ? 1 : 0);
+    const std::uint64_t divisor = Currency::kPowersOfTen[Currency::kDecimals - decimals];
+    return (value.magnitude() + divisor / 2) / divisor;
 }
 
 void groupInThrees(std::string& digits, const std::string& separator)
@@ -36,7 +30,7 @@ GridFormat::GridFormat(std::string_view picture)
     const auto first = std::min(picture.find_first_of(kPictureCharacters), picture.size());
     const auto last = picture.find_last_of(kPictureCharacters);
     if (first == picture.size()) {
-        prefix_ = picture; // no picture in it: the text stands before a plain number
+        prefix_ = picture; // there is no picture: the whole text stands before a plain number
         return;
     }
     prefix_ = picture.substr(0, first);
@@ -50,8 +44,8 @@ GridFormat::GridFormat(std::string_view picture)
     };
     integerDigits_ = static_cast<std::size_t>(digits(integers, "0"));
     grouped_ = integers.find(',') != integers.npos;
-    leastDecimals_ = static_cast<int>(std::min<std::ptrdiff_t>(digits(decimals, "0"), kStoredDecimals));
-    mostDecimals_ = static_cast<int>(std::min<std::ptrdiff_t>(digits(decimals, "0#"), kStoredDecimals));
+    leastDecimals_ = static_cast<int>(std::min<std::ptrdiff_t>(digits(decimals, "0"), Currency::kDecimals));
+    mostDecimals_ = static_cast<int>(std::min<std::ptrdiff_t>(digits(decimals, "0#"), Currency::kDecimals));
 }
 
 std::string GridFormat::display(const GridValue& value, const NumberSeparators& separators) const

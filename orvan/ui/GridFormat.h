@@ -33,7 +33,7 @@ public:
 
     /// Amounts and whole numbers follow the picture, rounded half away from zero; text is returned
     /// as it stands.
-    std::string display(const GridValue& value, const NumberSeparators& separators) const;
+    [[nodiscard]] std::string display(const GridValue& value, const NumberSeparators& separators) const;
 
 private:
     std::string displayAmount(Currency value, const NumberSeparators& separators) const;
@@ -42,7 +42,7 @@ private:
     std::string suffix_;
     std::size_t integerDigits_ = 1; ///< At least this many are shown.
     int leastDecimals_ = 0;
-    int mostDecimals_ = 4;
+    int mostDecimals_ = Currency::kDecimals;
     bool grouped_ = false;
 };
 

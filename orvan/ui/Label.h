@@ -1,4 +1,6 @@
 // Label: a caption that names the control after it; its text comes from the design.
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"

@@ -1,4 +1,6 @@
 // Line: a separator line, horizontal where it is wider than high.
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"

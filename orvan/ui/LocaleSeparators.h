@@ -1,7 +1,8 @@
 // LocaleSeparators: reading one item of the user's locale, and the separators that a grid shows.
 //
-// One reading for the logic and for every platform, so that an amount looks the same wherever it is
-// shown. Thread: the user-interface thread.
+// The logic and every platform read the locale here, so that an amount looks the same wherever it is
+// shown. Raises nothing: a default takes the place of what cannot be read. Thread: the user-interface
+// thread.
 #pragma once
 
 #include "orvan/ui/FormDesign.h"
@@ -14,13 +15,13 @@ enum class LocaleItem : std::int32_t;
 
 /// The item's text, or `defaultText` where the service fails to give it: it raises, does not know
 /// the item, or needs more than 126 bytes for it.
-std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText);
+[[nodiscard]] std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText);
 
 /// The user's separators of plain numbers; "," and "." stand where the service has none to give.
-NumberSeparators gridSeparators(LocaleService& locale);
+[[nodiscard]] NumberSeparators gridSeparators(LocaleService& locale);
 
 /// What the keypad's decimal key types into a box of that use: the user's decimal separator of numbers
 /// or of money; "." into plain text.
-std::string keypadDecimal(LocaleService& locale, TextUse use);
+[[nodiscard]] std::string keypadDecimal(LocaleService& locale, TextUse use);
 
 } // namespace orvan::ui

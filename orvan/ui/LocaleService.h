@@ -1,7 +1,7 @@
 // LocaleService: the user's number and money formats.
 //
 // The abstract form of a platform's locale functions. Digits are always 0 to 9, whatever the locale's own, because they
-// are parsed back. Thread: the user-interface thread.
+// are parsed back. Errors: see each function. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -31,7 +31,8 @@ public:
 
     /// Writes the item with a terminating null into buffer and returns the count written, the null
     /// included; 0 when the item is unknown or does not fit. UTF-8; the count is in bytes.
-    virtual std::int32_t getLocaleInfo(std::int32_t lcid, LocaleItem item, std::span<char> buffer) = 0;
+    [[nodiscard]] virtual std::int32_t getLocaleInfo(std::int32_t localeId, LocaleItem item,
+                                                     std::span<char> buffer) = 0;
 
     /// Appends money text with exactly `digits` decimals, the user's symbol, grouping and negative form.
     /// Rounds halves away from zero on the exact decimal.
@@ -39,13 +40,13 @@ public:
     /// Appends number text with exactly `digits` decimals, grouped; rounds as appendCurrency.
     virtual void appendNumber(std::string& text, Currency value, int digits) = 0;
 
-    std::string formatCurrency(Currency value, int digits)
+    [[nodiscard]] std::string formatCurrency(Currency value, int digits)
     {
         std::string text;
         appendCurrency(text, value, digits);
         return text;
     }
-    std::string formatNumber(Currency value, int digits)
+    [[nodiscard]] std::string formatNumber(Currency value, int digits)
     {
         std::string text;
         appendNumber(text, value, digits);

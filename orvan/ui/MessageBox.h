@@ -1,4 +1,6 @@
 // MessageBox: asks or tells the user one thing, modally.
+//
+// Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +14,7 @@ enum class MessageIcon { critical, question, exclamation, information };
 /// The values are those that hosts of this kind know.
 enum class MessageResult : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
 
-/// Of every message box of the library.
+/// The title of every message box of the library.
 inline constexpr const char* kMessageTitle = "Orvan";
 
 struct Message {
@@ -29,7 +31,7 @@ public:
 
     /// Returns when the user has answered. Closing the box without an answer is cancel where there
     /// is a Cancel button, no where there is only No, ok otherwise. An owner that is gone counts as
-    /// none. Thread: the user-interface thread.
+    /// none.
     virtual MessageResult show(const Message& message) = 0;
 };
 

@@ -1,9 +1,10 @@
-// Platform: the services of the place the library runs in, handed to the logic as one object.
+// Platform: the services of the system that the library runs on, handed to the logic as one object.
 //
 // Ownership: the host owns the platform; it outlives every view made on it. Thread: the
 // user-interface thread (a host with several such threads makes one platform for each).
 #pragma once
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/ComponentFactory.h"
 #include "orvan/ui/EditingWay.h"
@@ -12,6 +13,8 @@
 #include "orvan/ui/SettingsStore.h"
 
 #include <functional>
+#include <type_traits>
+#include <utility>
 
 namespace orvan::ui {
 
@@ -30,27 +33,35 @@ public:
     virtual ScreenPointer& pointer() = 0;
     /// Makes a form and all its controls; nothing is shown yet (see orvan/ui/Form.h). Never null. The
     /// platform outlives the form. Raises what a Surface of the design raises.
-    virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
 
     /// The way of editing of the forms and views that are made from now on.
     EditingWay editing = EditingWay::classic;
 
-    /// Takes an error that left an event handler. No exception crosses a toolkit's event loop: the
+    /// Takes an error that left an event handler. No exception may cross a toolkit's event loop: the
     /// platform calls this instead and goes on. A host may set its own; it must not throw.
     std::function<void(const RuntimeError&)> onUnhandledError;
 
-    /// Runs an event handler and hands what it throws to onUnhandledError.
-    template <class Handler>
-    void dispatch(Handler&& handler) noexcept
+    /// Runs the work and hands what it throws to onUnhandledError; the result is then an empty one.
+    template <class Work>
+    std::invoke_result_t<Work> dispatch(Work&& work) noexcept
     {
         try {
-            handler();
+            return work();
         } catch (...) {
             const RuntimeError error = currentError();
             if (onUnhandledError) {
                 onUnhandledError(error);
             }
         }
+        return std::invoke_result_t<Work>();
+    }
+
+    /// Raises an event: runs its handler, if there is one, by runHandler and dispatch.
+    template <class Result, class... Parameters, class... Arguments>
+    Result raise(const std::function<Result(Parameters...)>& handler, Arguments&&... arguments) noexcept
+    {
+        return dispatch([&] { return runHandler(handler, std::forward<Arguments>(arguments)...); });
     }
 };
 

@@ -1,6 +1,7 @@
 // PopupMenu: a menu that stands in no bar and comes up at the mouse (see orvan/ui/ToolSet.h for its tools).
 //
-// What the user chooses is a later event; a user who dismisses the menu raises none.
+// The user's choice is a later event; dismissing the menu raises none. Ownership: the surface. Thread:
+// the user-interface thread.
 #pragma once
 
 #include "orvan/ui/ToolSet.h"

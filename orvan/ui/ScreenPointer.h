@@ -1,6 +1,6 @@
 // ScreenPointer: the shape of the mouse pointer over all windows of the program.
 //
-// Thread: the user-interface thread.
+// Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,6 @@
 #include "orvan/ui/Surface.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/ui/Platform.h"
 
 #include <algorithm>
 #include <string>
@@ -27,13 +26,8 @@ void Surface::setInnerSize(float width, float height)
 {
     innerWidth_ = width;
     innerHeight_ = height;
-    raise(onResize);
-}
-
-void Surface::raise(const std::function<void()>& handler) const
-{
-    if (live() && handler) {
-        platform_.dispatch(std::function(handler)); // a copy: the handler may destroy this surface
+    if (live()) {
+        platform_.raise(onResize);
     }
 }
 
@@ -64,7 +58,7 @@ void Surface::userMovedFocus(Control& to)
 
 void Surface::moveFocus(Control& to)
 {
-    doSetFocus(to); // also where the logic has it there already: the toolkit's may be on a menu
+    doSetFocus(to); // even if focused() is `to` already: the toolkit's own focus may be on a menu
     userMovedFocus(to);
 }
 
@@ -74,9 +68,9 @@ void Surface::enterFocus(Control& to)
     focused_ = &to;
     if (from) {
         // The first of two handlers may end this surface, or move the focus on.
-        const std::weak_ptr<const bool> alive = alive_;
+        const LifetimeWatch watch = lifetime_.watch();
         from->raise(from->onLostFocus);
-        if (alive.expired() || focused_ != &to) {
+        if (watch.ended() || focused_ != &to) {
             return;
         }
     }
@@ -85,18 +79,15 @@ void Surface::enterFocus(Control& to)
 
 std::vector<Control*> Surface::tabStops() const
 {
-    std::vector<std::pair<std::int32_t, Control*>> stops;
-    for (std::size_t i = 0; i < controls_.size(); ++i) {
-        if (design_.controls[i].tabIndex >= 0 && controls_[i]->canTakeFocus()) {
-            stops.emplace_back(design_.controls[i].tabIndex, controls_[i].get());
+    std::vector<Control*> stops;
+    for (const auto& control : controls_) {
+        if (control->design_.tabIndex >= 0 && control->canTakeFocus()) {
+            stops.push_back(control.get());
         }
     }
-    std::stable_sort(stops.begin(), stops.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<Control*> controls;
-    for (const auto& [index, control] : stops) {
-        controls.push_back(control);
-    }
-    return controls;
+    std::stable_sort(stops.begin(), stops.end(),
+                     [](const auto* a, const auto* b) { return a->design_.tabIndex < b->design_.tabIndex; });
+    return stops;
 }
 
 Control* Surface::firstTabStop() const
@@ -105,35 +96,23 @@ Control* Surface::firstTabStop() const
     return stops.empty() ? nullptr : stops.front();
 }
 
-const ControlDesign& Surface::designOf(const Control& control) const
-{
-    const auto found =
-        std::find_if(controls_.begin(), controls_.end(), [&](const auto& owned) { return owned.get() == &control; });
-    return design_.controls[static_cast<std::size_t>(found - controls_.begin())];
-}
-
 void Surface::leaveDisabled(const Control& from)
 {
-    // A neighbour in the same frame, the one before rather than the one after: a user who steps to
-    // the end of a list with the space bar then rests on the way back, not on whatever comes next.
-    const ControlDesign& place = designOf(from);
-    Control* before = nullptr;
-    Control* after = nullptr;
+    // A neighbour in the same frame, and rather the previous one than the next: a user who steps to the end of a list
+    // with the space bar is then on the button that leads back, not on whatever control comes next.
+    Control* previous = nullptr;
+    Control* next = nullptr;
     Control* elsewhere = nullptr;
     for (Control* stop : tabStops()) {
-        const ControlDesign& other = designOf(*stop);
-        if (stop == &from) {
-            continue;
-        }
-        if (other.parent != place.parent) {
+        if (stop->parent_ != from.parent_) {
             elsewhere = elsewhere ? elsewhere : stop;
-        } else if (other.tabIndex < place.tabIndex) {
-            before = stop;
-        } else if (!after) {
-            after = stop;
+        } else if (stop->design_.tabIndex < from.design_.tabIndex) {
+            previous = stop;
+        } else if (!next) {
+            next = stop;
         }
     }
-    if (Control* to = before ? before : after ? after : elsewhere) {
+    if (Control* to = previous ? previous : next ? next : elsewhere) {
         moveFocus(*to);
     }
 }

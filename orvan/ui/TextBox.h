@@ -1,4 +1,6 @@
 // TextBox: a box of text, of one line or several.
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/TextEntry.h"

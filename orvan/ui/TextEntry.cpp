@@ -32,9 +32,9 @@ std::string_view lineEndOf(std::string_view text)
     return text.find(kReturnAndNewline) == std::string_view::npos ? "\n" : kReturnAndNewline;
 }
 
-std::string fitForEntry(std::string_view text, std::string_view lineEnd, std::optional<std::int64_t> room)
+std::string fitForEntry(std::string_view text, std::string_view lineEnd, std::optional<std::int64_t> capacity)
 {
-    std::int64_t left = room.value_or(std::numeric_limits<std::int64_t>::max());
+    std::int64_t left = capacity.value_or(std::numeric_limits<std::int64_t>::max());
     std::string fitted;
     for (std::size_t at = 0; at < text.size();) {
         const auto* const end = std::find_if(std::begin(kLineEnds), std::end(kLineEnds),
@@ -66,7 +66,7 @@ void TextEntry::setText(std::string_view text)
 
 void TextEntry::replaceText(std::string_view text)
 {
-    text_ = text; // into the room that is there
+    text_ = text; // assigned, so that the capacity is reused
     selectionStart_ = 0;
     selectionLength_ = 0;
     textChanged();
@@ -112,19 +112,11 @@ void TextEntry::userSelected(std::int32_t start, std::int32_t length)
 
 char32_t TextEntry::userPressedKey(char32_t character)
 {
-    if (!onKeyPress) {
-        return character;
-    }
     const bool fits = character <= static_cast<char32_t>(std::numeric_limits<std::int16_t>::max());
-    const std::int16_t iOffered = fits ? static_cast<std::int16_t>(character) : kUnknownCharacter;
-    // A copy: the handler may destroy this entry. Here, and not in the event, which then fits into a
-    // std::function without an allocation.
-    struct {
-        decltype(onKeyPress) handler;
-        std::int16_t iKeyAscii;
-    } press{onKeyPress, iOffered};
-    raise([&press] { press.handler(press.iKeyAscii); });
-    return press.iKeyAscii == iOffered ? character : static_cast<char32_t>(std::max<std::int16_t>(press.iKeyAscii, 0));
+    const std::int16_t offered = fits ? static_cast<std::int16_t>(character) : kUnknownCharacter;
+    std::int16_t KeyAscii = offered;
+    raise(onKeyPress, KeyAscii);
+    return KeyAscii == offered ? character : static_cast<char32_t>(std::max<std::int16_t>(KeyAscii, 0));
 }
 
 } // namespace orvan::ui

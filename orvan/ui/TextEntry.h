@@ -1,8 +1,9 @@
 // TextEntry: what a text box and the edit part of a combo box share: text, selection, keys.
 //
-// Text is UTF-8; positions and lengths are in characters (code points), from 0. The text stands as
-// it was set until the user changes it, whatever a widget makes of line ends and the like.
-// Raises 380 for negative lengths and positions.
+// Text is UTF-8; positions and lengths are in characters (code points), from 0. The text stays as it
+// was set until the user changes it, even where a widget shows other line ends or cannot show a byte.
+// Raises 380 for negative lengths and positions. Ownership: the surface. Thread: the user-interface
+// thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
@@ -17,12 +18,12 @@ namespace orvan::ui {
 
 /// The line end that a user's Enter makes in a text of several lines: "\r\n" where the text has one
 /// already, else "\n", so that editing a text does not mix the two.
-std::string_view lineEndOf(std::string_view text);
+[[nodiscard]] std::string_view lineEndOf(std::string_view text);
 
-/// What becomes of text on its way from the user into a box: each line end in it turns into `lineEnd`
-/// (a box of one line takes " "), and what is beyond `room` characters is left out, no line end in
-/// halves. Room below 0 counts as 0.
-std::string fitForEntry(std::string_view text, std::string_view lineEnd, std::optional<std::int64_t> room);
+/// Text as a box takes it from its user: each line end becomes `lineEnd` (" " for a box of one line), and what exceeds
+/// `capacity` characters is cut off; no line end is cut in two. A capacity below 0 counts as 0, none is no limit.
+[[nodiscard]] std::string fitForEntry(std::string_view text, std::string_view lineEnd,
+                                      std::optional<std::int64_t> capacity);
 
 class TextEntry : public Control {
 public:
@@ -30,10 +31,10 @@ public:
 
     const std::string& text() const { return text_; }
     /// Cuts the text to maxLength() and puts the caret at its start. Raises onChange, as typing
-    /// does, where the text differs from what it was.
+    /// does, if the text is another one than before.
     void setText(std::string_view text);
 
-    /// 0: no limit, as at first. The text that stands already is not cut.
+    /// 0, as at first: no limit. A new limit does not cut the text that is there.
     std::int32_t maxLength() const { return maxLength_; }
     void setMaxLength(std::int32_t characters);
 
@@ -50,7 +51,7 @@ public:
     /// handler may put another character in its place, or 0 to swallow the key. Keys without a
     /// character, pasting and dropping do not come here. A character that 16 bits with a sign cannot
     /// hold arrives as "?" (63) and is typed as it is unless the handler changes that.
-    std::function<void(std::int16_t& iKeyAscii)> onKeyPress;
+    std::function<void(std::int16_t& KeyAscii)> onKeyPress;
 
 protected:
     /// Show text(), caret at its start.
@@ -59,15 +60,14 @@ protected:
     /// Show the selection.
     virtual void doSelect() = 0;
 
-    /// The platform's reports. The first two keep what the user made and the first raises onChange;
-    /// selection and text may be reported in either order.
+    /// The platform's reports of what the user did, in either order. A change of the text raises onChange.
     void userChangedText(std::string text);
     void userSelected(std::int32_t start, std::int32_t length);
     /// Raises onKeyPress and returns the character that is to be typed; 0: none.
-    char32_t userPressedKey(char32_t character);
+    [[nodiscard]] char32_t userPressedKey(char32_t character);
     /// A choice from a list: the text changes without raising onChange.
     void replaceText(std::string_view text);
-    /// The text is another one, whoever changed it; comes before any event.
+    /// The user or the program changed the text; called before any event.
     virtual void textChanged() {}
 
 private:

@@ -1,7 +1,8 @@
 // Timer: raises an event when its interval has passed, again and again while it is enabled.
 //
 // Intervals are in milliseconds; an interval of 0, as at first, never passes. The event comes between
-// a user's actions, on the user-interface thread, never before the interval is over.
+// two actions of the user and never before the interval is over. Raises 380 for a negative interval.
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
@@ -18,7 +19,7 @@ public:
     /// Begins the wait anew. Raises 380 for a negative interval.
     void setInterval(std::int32_t milliseconds);
     bool enabled() const { return enabled_; }
-    /// Enabling begins the wait; a timer that is enabled already keeps its own.
+    /// Enabling begins the wait; a timer that is enabled already keeps the wait that is running.
     void setEnabled(bool enabled);
 
     std::function<void()> onTimer;

@@ -1,4 +1,6 @@
 // ToolBar: a menu bar with menus and sub-menus (see orvan/ui/ToolSet.h).
+//
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/ToolSet.h"

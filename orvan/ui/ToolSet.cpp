@@ -36,11 +36,7 @@ bool ToolSet::opensMenu(std::string_view id) const
 void ToolSet::userChoseTool(std::string_view id)
 {
     if (toolEnabled(id)) {
-        raise([handler = onToolClick, id = std::string(id)] {
-            if (handler) {
-                handler(id);
-            }
-        });
+        raise(onToolClick, std::string(id)); // a copy: the ID may be the text of a control that the handler destroys
     }
 }
 

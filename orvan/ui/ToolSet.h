@@ -1,6 +1,7 @@
 // ToolSet: what a tool bar and a pop-up menu have: tools that come from the design and are found by ID.
 //
-// IDs are compared exactly, case included. Raises 5 for an ID that no tool has.
+// IDs are compared exactly, case included. Raises 5 for an ID that no tool has. Ownership: the
+// surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
@@ -20,13 +21,13 @@ public:
     /// A tool that is not enabled is shown greyed and cannot be chosen.
     void setToolEnabled(std::string_view id, bool enabled);
 
-    /// The user chose a tool. Opening a menu is choosing nothing.
+    /// The user chose a tool. Opening a menu is no choice.
     std::function<void(std::string_view id)> onToolClick;
 
 protected:
     /// Show the tool's state; `index` into tools().
     virtual void doSetToolEnabled(std::size_t index, bool enabled) = 0;
-    /// The platform's report. Raises onToolClick; nothing for a tool that is not enabled.
+    /// The platform's report. Raises onToolClick; does nothing for a tool that is not enabled.
     void userChoseTool(std::string_view id);
 
 private:

@@ -1,6 +1,7 @@
-// HeadlessClock: the time of an in-memory platform, which stands still until somebody advances it.
+// HeadlessClock: the time of an in-memory platform, which passes only by advance().
 //
-// Milliseconds since the platform was made. Thread: the platform's.
+// In milliseconds since the platform was made. Ownership: the platform; it outlives its timers. Thread:
+// the platform's.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,8 @@
-// The in-memory controls: what a user does to them is a method here, and only here.
+// HeadlessControls: the in-memory controls. What a user does to them are methods here, and only here.
 //
-// Every driving method behaves as the user's action does in a window: it reports through the same
-// events, and an error that leaves a handler reaches the platform's onUnhandledError. What a user
-// could not do (press a greyed button, type into a box of a form that is gone) raises 5.
+// A driving method does what the user's action does in a window: it raises the same events, and an
+// error that leaves a handler reaches the platform's onUnhandledError. What a user could not do, such
+// as pressing a greyed button, raises 5. Ownership: the surface. Thread: the platform's.
 #pragma once
 
 #include "orvan/ui/Button.h"
@@ -24,8 +24,8 @@ namespace orvan::headless {
 class HeadlessClock;
 
 /// Makes the control of a design row's kind. Raises 51 for a timer where there is no clock.
-std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
-                                                 HeadlessClock* clock);
+[[nodiscard]] std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
+                                                               HeadlessClock* clock);
 
 class HeadlessButton final : public ui::Button {
 public:
@@ -33,7 +33,7 @@ public:
 
     /// With the mouse: the button has the focus before it reports the click.
     void click();
-    /// With its mnemonic or, as platforms differ in this, with a mouse click that moves no focus.
+    /// With its mnemonic, or with the mouse on a platform where a click does not move the focus.
     void press();
 
 private:
@@ -56,15 +56,15 @@ private:
 class HeadlessPopupMenu final : public ui::PopupMenu {
 public:
     HeadlessPopupMenu(const ui::ControlDesign& design, ui::Platform& platform);
-    /// A menu that is up still is one that nobody drove: error 51 reaches the platform's onUnhandledError.
+    /// If the menu is still up, nobody has driven it: error 51 reaches the platform's onUnhandledError.
     ~HeadlessPopupMenu() override;
 
-    /// Raises 51 while it is up: nobody drove it.
+    /// Raises 51 while the menu is up, because nobody has driven it.
     void popUp() override;
     bool isUp() const { return up_; }
     /// The IDs of the tools that a user can choose, with blanks between.
     std::string offered() const;
-    /// The user chooses the tool, and the menu goes. Raises 5 while it is not up.
+    /// The user chooses the tool, which closes the menu. Raises 5 while it is not up.
     void choose(std::string_view id);
     /// The user presses Escape or clicks elsewhere. Raises 5 while it is not up.
     void dismiss();
@@ -87,9 +87,9 @@ public:
     void dragColumn(std::int32_t column, std::int32_t twips);
     /// The user clicks a row below the header. Raises 5 for a header row, 9 outside the grid.
     void chooseRow(std::int32_t row);
-    /// On a row, which a click chooses first where it is below the header; -1: beside all rows.
+    /// On a row, which the first click chooses unless it is a header; -1: where there is no row.
     void doubleClick(std::int32_t row);
-    /// On a cell or header; -1: beside all rows or columns. Raises 5 for a column that is hidden.
+    /// On a cell or header; -1: where there is no row or column. Raises 5 for a column that is hidden.
     void rightClick(std::int32_t row, std::int32_t column);
 
     /// How often the grid has been painted since it was made.

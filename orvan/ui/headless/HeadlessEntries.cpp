@@ -33,19 +33,20 @@ std::size_t bytesBefore(std::string_view text, std::int32_t characters)
 
 } // namespace
 
-EntryDriver::EntryDriver(const ui::ControlDesign& design, ui::LocaleService& locale)
-    : readOnly_(design.readOnly), multiLine_(design.multiLine), keypadDecimal_(ui::keypadDecimal(locale, design.use))
+EntryDriver::EntryDriver(ui::EntryPort& port, const ui::ControlDesign& design, ui::LocaleService& locale)
+    : port_(port), readOnly_(design.readOnly), multiLine_(design.multiLine),
+      keypadDecimal_(ui::keypadDecimal(locale, design.use))
 {
 }
 
 bool EntryDriver::pressKey(char32_t key)
 {
-    if (!entry().hasFocus()) {
-        entry().setFocus();
+    if (!port_.entry().hasFocus()) {
+        port_.entry().setFocus();
     }
-    const std::weak_ptr<const bool> alive = alive_;
-    const char32_t typed = reportKey(key);
-    if (alive.expired()) {
+    const LifetimeWatch watch = lifetime_.watch();
+    const char32_t typed = port_.reportKey(key);
+    if (watch.ended()) {
         return false;
     }
     if (typed != 0 && typed != key) { // the handler put another character in its place
@@ -56,8 +57,8 @@ bool EntryDriver::pressKey(char32_t key)
 
 void EntryDriver::type(std::string_view text)
 {
-    const std::weak_ptr<const bool> alive = alive_;
-    for (std::size_t at = 0; at < text.size() && !alive.expired();) {
+    const LifetimeWatch watch = lifetime_.watch();
+    for (std::size_t at = 0; at < text.size() && !watch.ended();) {
         const std::string_view character = text.substr(at, characterSize(text, at));
         at += character.size();
         const bool isEnter = character == "\n";
@@ -77,17 +78,17 @@ void EntryDriver::backspace()
     if (!pressKey(kBackspace)) {
         return;
     }
-    if (entry().selectionLength() > 0) {
+    if (port_.entry().selectionLength() > 0) {
         replaceSelection({});
-    } else if (entry().selectionStart() > 0) {
-        replace(entry().selectionStart() - 1, 1, {});
+    } else if (port_.entry().selectionStart() > 0) {
+        replace(port_.entry().selectionStart() - 1, 1, {});
     }
 }
 
 void EntryDriver::deleteForward()
 {
-    entry().setFocus();
-    replace(entry().selectionStart(), std::max(entry().selectionLength(), 1), {});
+    port_.entry().setFocus();
+    replace(port_.entry().selectionStart(), std::max(port_.entry().selectionLength(), 1), {});
 }
 
 void EntryDriver::pressControl(char letter, std::string& clipboard)
@@ -99,7 +100,7 @@ void EntryDriver::pressControl(char letter, std::string& clipboard)
         return;
     }
     switch (letter) {
-    case 'A': select(0, static_cast<std::int32_t>(characterCount(entry().text()))); break;
+    case 'A': select(0, static_cast<std::int32_t>(characterCount(port_.entry().text()))); break;
     case 'C': clipboard = selectedText(); break;
     case 'X':
         clipboard = selectedText();
@@ -112,31 +113,31 @@ void EntryDriver::pressControl(char letter, std::string& clipboard)
 
 void EntryDriver::paste(std::string_view text)
 {
-    if (!entry().hasFocus()) {
-        entry().setFocus();
+    if (!port_.entry().hasFocus()) {
+        port_.entry().setFocus();
     }
     replaceSelection(text);
 }
 
 void EntryDriver::select(std::int32_t start, std::int32_t length)
 {
-    const auto characters = static_cast<std::int32_t>(characterCount(entry().text()));
+    const auto characters = static_cast<std::int32_t>(characterCount(port_.entry().text()));
     if (start < 0 || length < 0 || start + length > characters) {
-        raiseImpossible(entry().name() + ": a user cannot select what is not there");
+        raiseImpossible(port_.entry().name() + ": a user cannot select what is not there");
     }
-    reportSelection(start, length);
+    port_.reportSelection(start, length);
 }
 
 std::string EntryDriver::selectedText()
 {
-    const std::string& text = entry().text();
-    const std::size_t from = bytesBefore(text, entry().selectionStart());
-    return text.substr(from, bytesBefore(std::string_view(text).substr(from), entry().selectionLength()));
+    const std::string& text = port_.entry().text();
+    const std::size_t from = bytesBefore(text, port_.entry().selectionStart());
+    return text.substr(from, bytesBefore(std::string_view(text).substr(from), port_.entry().selectionLength()));
 }
 
 void EntryDriver::replaceSelection(std::string_view text)
 {
-    replace(entry().selectionStart(), entry().selectionLength(), text);
+    replace(port_.entry().selectionStart(), port_.entry().selectionLength(), text);
 }
 
 void EntryDriver::replace(std::int32_t start, std::int32_t length, std::string_view text)
@@ -144,17 +145,17 @@ void EntryDriver::replace(std::int32_t start, std::int32_t length, std::string_v
     if (readOnly_) {
         return;
     }
-    std::string whole = entry().text();
+    std::string whole = port_.entry().text();
     const std::size_t from = bytesBefore(whole, start);
     whole.erase(from, bytesBefore(std::string_view(whole).substr(from), length));
-    std::optional<std::int64_t> room;
-    if (entry().maxLength() > 0) {
-        room = entry().maxLength() - static_cast<std::int64_t>(characterCount(whole));
+    std::optional<std::int64_t> capacity;
+    if (port_.entry().maxLength() > 0) {
+        capacity = port_.entry().maxLength() - static_cast<std::int64_t>(characterCount(whole));
     }
-    const std::string fitted = ui::fitForEntry(text, multiLine_ ? ui::lineEndOf(entry().text()) : " ", room);
+    const std::string fitted = ui::fitForEntry(text, multiLine_ ? ui::lineEndOf(port_.entry().text()) : " ", capacity);
     whole.insert(from, fitted);
-    reportSelection(start + static_cast<std::int32_t>(characterCount(fitted)), 0);
-    reportText(std::move(whole));
+    port_.reportSelection(start + static_cast<std::int32_t>(characterCount(fitted)), 0);
+    port_.reportText(std::move(whole));
 }
 
 void HeadlessComboBox::chooseRow(std::int32_t row)

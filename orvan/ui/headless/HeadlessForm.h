@@ -1,6 +1,8 @@
-// HeadlessForm: a dialog without a window, driven by whoever the platform was told to let drive it.
+// HeadlessForm: a dialog without a window, driven by a procedure that stands for its user.
 //
-// HeadlessPlatform::drive queues what a person does in the next form that is shown; showModal runs it.
+// HeadlessPlatform::drive queues the procedure for the next form that is shown; showModal runs it, and
+// raises 51 where there is none or it leaves the form open. Ownership: the caller of loadForm. Thread:
+// the platform's.
 #pragma once
 
 #include "orvan/ui/Form.h"

@@ -1,8 +1,9 @@
 // HeadlessPlatform: the library's platform without a toolkit.
 //
-// For hosts without a window (servers, converters, tests): the same logic runs on controls in
-// memory, a person's answers to message boxes and doings in dialogs are given in advance, time passes
-// when it is told to, and settings live as long as the platform. Thread: the thread that made it.
+// For hosts without a window (servers, converters, tests): the same logic runs on controls in memory.
+// A user's answers to message boxes and actions in dialogs are given in advance, time passes by
+// clock().advance(), and settings live as long as the platform. A box without an answer and a form
+// without a driver raise 51. Ownership: the host. Thread: the thread that made it.
 #pragma once
 
 #include "orvan/ui/Platform.h"
@@ -24,11 +25,11 @@ public:
     /// Answers the next message box that nobody has answered yet.
     void answer(ui::MessageResult result) { answers_.push_back(result); }
 
-    /// Runs while a message box waits for its answer: what else happens in the program meanwhile.
+    /// Runs while a message box waits for its answer, as timers and other windows do in a program.
     std::function<void(const ui::Message& message)> onWaiting;
 
     /// Raises 51 for a message box without an answer in the queue, or with one that its buttons do
-    /// not offer; either way it counts as shown.
+    /// not offer. It counts as shown all the same.
     ui::MessageResult show(const ui::Message& message) override;
 
     /// Every message box so far, oldest first.
@@ -80,7 +81,7 @@ public:
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
     using Driver = std::function<void(HeadlessForm& form)>;
-    /// What a person does in the next form that nobody drives yet. A form shown modally without a
+    /// Queues what a user does in the next form that has no driver yet. A form shown modally without a
     /// driver, or still open when its driver has returned, is unloaded and raises 51.
     void drive(Driver driver) { drivers_.push_back(std::move(driver)); }
     /// Takes back the one that was to drive the next form.

@@ -1,4 +1,6 @@
-// HeadlessSurface and HeadlessSite: where a control stands when there is no window.
+// HeadlessSurface and HeadlessSite: the surface and the container of a control without a window.
+//
+// Ownership: the host. Thread: the platform's.
 #pragma once
 
 #include "orvan/ui/ContainerSite.h"

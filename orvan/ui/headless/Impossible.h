@@ -1,4 +1,4 @@
-// raiseImpossible: for driving methods, when no user could do what is asked of them.
+// raiseImpossible: for driving methods that are asked for what no user could do. Raises 5. Thread: any.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"

@@ -9,9 +9,9 @@ IcuLocaleService::IcuLocaleService(const LocaleNames& names)
 {
 }
 
-std::int32_t IcuLocaleService::getLocaleInfo(std::int32_t lcid, ui::LocaleItem item, std::span<char> buffer)
+std::int32_t IcuLocaleService::getLocaleInfo(std::int32_t localeId, ui::LocaleItem item, std::span<char> buffer)
 {
-    const std::string* const text = lcid == ui::kLocaleUserDefault ? this->item(item) : nullptr;
+    const std::string* const text = localeId == ui::kLocaleUserDefault ? this->item(item) : nullptr;
     if (text == nullptr || text->size() >= buffer.size()) {
         return 0;
     }

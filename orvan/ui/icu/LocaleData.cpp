@@ -1,5 +1,6 @@
 #include "orvan/ui/icu/LocaleData.h"
 
+#include "orvan/base/Currency.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/icu/LocaleNames.h"
 
@@ -35,8 +36,8 @@ std::string toUtf8(const UnicodeString& text)
     return text.toUTF8String(utf8);
 }
 
-/// Whether a test is true for the name of one of ICU's locales. Names, because making its list of Locale objects alone
-/// takes longer than all else in here.
+/// Whether a test is true for the name of one of ICU's locales. Names, because making ICU's list of Locale objects
+/// takes longer than everything else in this file.
 template <class Test>
 bool anyAvailable(Test&& test)
 {
@@ -90,7 +91,7 @@ Locale knownLocale(const std::string& base)
         return Locale("");
     }
     if (isAvailable(locale)) {
-        return locale; // as it is: the only one with a variant that counts is en_US_POSIX
+        return locale; // unchanged: a variant may count, as in en_US_POSIX
     }
     const char* const territory = locale.getCountry();
     if (hasDataFor(locale.getLanguage())) {
@@ -105,8 +106,8 @@ Locale knownLocale(const std::string& base)
     return found ? Locale(spoken.getLanguage(), territory) : Locale("");
 }
 
-/// ICU's own "key=value;key=value". Only the currency matters here, and only where it is one: any
-/// three characters would do for ICU, digits too.
+/// ICU's own "key=value;key=value". Only a currency matters here, and only one of three letters: ICU accepts any three
+/// characters, digits too.
 void applyKeywords(Locale& locale, std::string_view keywords)
 {
     const Locale asked = Locale::createFromName(("en@" + std::string(keywords)).c_str());
@@ -145,7 +146,7 @@ void applyModifier(Locale& locale, std::string_view modifier)
     }
 }
 
-constexpr int kDecimals = 4;
+constexpr int kDecimals = Currency::kDecimals;
 
 LocalizedNumberFormatter formatterOf(const Locale& locale)
 {
@@ -153,8 +154,8 @@ LocalizedNumberFormatter formatterOf(const Locale& locale)
         ::icu::number::Precision::fixedFraction(kDecimals));
 }
 
-/// The parts of a formatted number, told by its digits, which are the only ones in it. ICU marks the parts itself, but
-/// asking it for them takes a millisecond the first time.
+/// The parts of a formatted number, found by its digits: no other part holds any. ICU can name the parts itself, but
+/// the first such call takes a millisecond.
 class FormattedParts {
 public:
     FormattedParts(const LocalizedNumberFormatter& formatter, const char* decimal)
@@ -179,9 +180,9 @@ public:
 
     std::string prefix() const { return part(0, digits_.front()); }
     std::string suffix() const { return part(digits_.back() + 1, text_.length()); }
-    std::string decimalSeparator() const { return before(integerDigits()); }
+    std::string decimalSeparator() const { return separatorBefore(integerDigits()); }
     bool isGrouped() const { return !groupBegins_.empty(); }
-    std::string groupSeparator() const { return before(groupBegins_.back()); }
+    std::string groupSeparator() const { return separatorBefore(groupBegins_.back()); }
     std::size_t primaryGroup() const { return isGrouped() ? integerDigits() - groupBegins_.back() : 0; }
     std::size_t secondaryGroup() const
     {
@@ -196,7 +197,7 @@ private:
         return toUtf8(text_.tempSubStringBetween(begin, end));
     }
     /// What stands between a digit and the one before it.
-    std::string before(std::size_t digit) const { return part(digits_[digit - 1] + 1, digits_[digit]); }
+    std::string separatorBefore(std::size_t digit) const { return part(digits_[digit - 1] + 1, digits_[digit]); }
 
     UnicodeString text_;
     std::vector<std::int32_t> digits_;     // where they stand
@@ -205,7 +206,7 @@ private:
 
 NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::string& unusedGroupSeparator)
 {
-    // Shown, not asked for: only a formatted text tells the spaces between symbol and digits.
+    // Taken from formatted texts: nothing else shows the spaces between symbol and digits.
     const FormattedParts positive(formatter, "1234567890123.4567");
     const FormattedParts negative(formatter, "-1234567890123.4567");
     NumberPattern pattern;
@@ -220,7 +221,7 @@ NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::st
     if (positive.isGrouped()) {
         std::string digits(positive.primaryGroup() + 1, '1');
         while (!FormattedParts(formatter, digits.c_str()).isGrouped()) {
-            digits += '1'; // ends: the number above is grouped
+            digits += '1'; // ends at the latest with as many digits as above, which were grouped
         }
         pattern.minimumGroupingDigits = static_cast<int>(digits.size()) - pattern.primaryGroup;
     }
@@ -296,7 +297,7 @@ MoneyPattern moneyPattern(const std::string& localeId)
     const LocalizedNumberFormatter formatter = formatterOf(locale).unit(currency);
     MoneyPattern money = moneyOf(formatter, currencySymbol(locale, currency));
     if (looksLikeDigits(money.symbol, money.pattern.decimalSeparator)) {
-        // A copy: one that is moved out of a formatter in use goes on showing what that one did.
+        // From a copy of the formatter: one that is moved from a formatter in use keeps showing the old symbol.
         money = moneyOf(formatter.unitWidth(UNUM_UNIT_WIDTH_ISO_CODE), currencyCode(localeId));
     }
     return money;

@@ -1,5 +1,6 @@
 #include "orvan/ui/icu/NumberPattern.h"
 
+#include "orvan/base/Ascii.h"
 #include "orvan/base/DecimalReader.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
@@ -9,14 +10,6 @@
 namespace orvan::icu {
 
 namespace {
-
-constexpr int kScaleDigits = 4;
-constexpr std::uint64_t kPowersOfTen[kScaleDigits + 1] = {1, 10, 100, 1'000, 10'000};
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 void appendGrouped(std::string& text, const NumberPattern& pattern, std::string_view digits)
 {
@@ -48,13 +41,10 @@ void appendAmount(std::string& text, const NumberPattern& pattern, Currency valu
         throw RuntimeError(ErrorNumber::invalidProcedureCall);
     }
     const bool negative = value.scaled() < 0;
-    // The least amount has no positive counterpart: its magnitude fits the unsigned type only.
-    auto magnitude = static_cast<std::uint64_t>(value.scaled());
-    magnitude = negative ? 0 - magnitude : magnitude;
-
-    const int kept = digits < kScaleDigits ? digits : kScaleDigits;
-    const std::uint64_t cut = kPowersOfTen[kScaleDigits - kept];
-    const std::uint64_t rounded = (magnitude + cut / 2) / cut;
+    constexpr auto& kPowersOfTen = Currency::kPowersOfTen;
+    const int kept = digits < Currency::kDecimals ? digits : Currency::kDecimals;
+    const std::uint64_t cut = kPowersOfTen[Currency::kDecimals - kept];
+    const std::uint64_t rounded = (value.magnitude() + cut / 2) / cut;
     const std::uint64_t fraction = rounded % kPowersOfTen[kept];
 
     char buffer[24];
@@ -96,7 +86,7 @@ void makeReadable(NumberPattern& pattern)
 Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
 {
     const auto startsWith = [](std::string_view rest, std::string_view separator) {
-        // No call for a byte, which most separators are.
+        // Most separators are one byte, which needs no call.
         return !separator.empty() && rest.front() == separator.front() &&
                (separator.size() == 1 || rest.starts_with(separator));
     };

@@ -1,9 +1,8 @@
 // NumberPattern: how a locale writes amounts, and the writing and reading of them in plain code.
 //
-// A list paints an amount for every visible cell, and the library's own formatters cost many times
-// what the digits do; a pattern is taken from them once and used from then on. Everything works on
-// the exact ten-thousandths, never through a double. Thread: plain values; the functions touch
-// nothing else.
+// A list paints an amount for every visible cell, and ICU's formatters cost many times what the digits do: a pattern is
+// taken from them once and used from then on. Everything works on the exact ten-thousandths, never through a double.
+// Errors: see each function. Thread: plain values; the functions use nothing else.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -34,13 +33,13 @@ struct NumberPattern {
 inline constexpr int kMostDigits = 255;
 
 /// Appends the amount with exactly `digits` decimals, halves rounded away from zero. A negative amount that
-/// rounds to zero keeps its sign, as the locale library has it: it is not nothing. Raises 5 when
+/// rounds to zero keeps its sign, as ICU writes it: it is not nothing. Raises 5 when
 /// digits is not 0 to kMostDigits.
 void appendAmount(std::string& text, const NumberPattern& pattern, Currency value, int digits);
 
 /// True when text holds a digit or the decimal separator, so that it would be read as part of the
 /// number it stands beside.
-bool looksLikeDigits(std::string_view text, std::string_view decimalSeparator);
+[[nodiscard]] bool looksLikeDigits(std::string_view text, std::string_view decimalSeparator);
 
 /// Replaces separators that typed amounts could not be read back with. Amounts are read by keeping
 /// the digits and the characters that equal the decimal separator, and nothing else. So
@@ -53,6 +52,6 @@ void makeReadable(NumberPattern& pattern);
 /// Digits with at most one decimal separator of either pattern; group separators of either are
 /// skipped where they are not also a decimal separator. Rounds to four decimals, ties to even.
 /// Raises 13 for anything else, a text without a digit included, and 6 beyond the range.
-Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money);
+[[nodiscard]] Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money);
 
 } // namespace orvan::icu

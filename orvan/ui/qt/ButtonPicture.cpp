@@ -10,129 +10,75 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
+#include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 
 namespace orvan::qt {
 
 namespace {
 
-// Shapes are drawn on a field of 16 by 16. Straight lines of odd width run through the middle of a
-// pixel and those of even width along its edge, so that they stay sharp at whole scales.
+// Pictures are drawn on a field of 16 by 16. Straight lines of odd width run through the middle of a pixel and those of
+// even width along its edge, so that they stay sharp at whole scales.
+
+struct Point {
+    float x = 0;
+    float y = 0;
+};
+
+/// A line through points; a shape where it ends at its first point.
+struct Stroke {
+    constexpr Stroke(std::initializer_list<Point> line) : count(line.size())
+    {
+        std::copy(line.begin(), line.end(), points);
+    }
+
+    Point points[6];
+    std::size_t count;
+};
+
+constexpr Stroke kAdd[] = {{{8, 3}, {8, 13}}, {{3, 8}, {13, 8}}};
+constexpr Stroke kDelete[] = {{{2.5, 4.5}, {13.5, 4.5}}, // lid and handle
+                              {{6.5, 4.5}, {6.5, 2.5}, {9.5, 2.5}, {9.5, 4.5}},
+                              {{3.5, 4.5}, {4.5, 13.5}, {11.5, 13.5}, {12.5, 4.5}}, // can
+                              {{6.5, 7}, {6.5, 11}},                                // ribs
+                              {{9.5, 7}, {9.5, 11}}};
+constexpr Stroke kUp[] = {{{8, 13}, {8, 4}}, {{4, 7.5}, {8, 3.5}, {12, 7.5}}};
+constexpr Stroke kDown[] = {{{8, 3}, {8, 12}}, {{4, 8.5}, {8, 12.5}, {12, 8.5}}};
+constexpr Stroke kFirst[] = {{{4, 3}, {4, 13}}, {{12, 3.5}, {7.5, 8}, {12, 12.5}}};
+constexpr Stroke kPrevious[] = {{{10, 3.5}, {5.5, 8}, {10, 12.5}}};
+constexpr Stroke kNext[] = {{{6, 3.5}, {10.5, 8}, {6, 12.5}}};
+constexpr Stroke kLast[] = {{{12, 3}, {12, 13}}, {{4, 3.5}, {8.5, 8}, {4, 12.5}}};
+constexpr Stroke kSave[] = {
+    {{2.5, 2.5}, {11, 2.5}, {13.5, 5}, {13.5, 13.5}, {2.5, 13.5}, {2.5, 2.5}}, // disk, one corner cut
+    {{5.5, 2.5}, {5.5, 5.5}, {10.5, 5.5}, {10.5, 2.5}},                        // shutter
+    {{4.5, 13.5}, {4.5, 8.5}, {11.5, 8.5}, {11.5, 13.5}}};                     // label
+constexpr Stroke kCancel[] = {{{4, 4}, {12, 12}}, {{12, 4}, {4, 12}}};
 
 struct Picture {
     std::string_view name;
-    float pen;
-    void (*draw)(QPainterPath& path);
+    float penWidth;
+    std::span<const Stroke> strokes;
 };
-
-void drawAdd(QPainterPath& path)
-{
-    path.moveTo(8, 3);
-    path.lineTo(8, 13);
-    path.moveTo(3, 8);
-    path.lineTo(13, 8);
-}
-
-void drawBin(QPainterPath& path)
-{
-    path.moveTo(2.5, 4.5); // lid and handle
-    path.lineTo(13.5, 4.5);
-    path.moveTo(6.5, 4.5);
-    path.lineTo(6.5, 2.5);
-    path.lineTo(9.5, 2.5);
-    path.lineTo(9.5, 4.5);
-    path.moveTo(3.5, 4.5); // can
-    path.lineTo(4.5, 13.5);
-    path.lineTo(11.5, 13.5);
-    path.lineTo(12.5, 4.5);
-    path.moveTo(6.5, 7); // ribs
-    path.lineTo(6.5, 11);
-    path.moveTo(9.5, 7);
-    path.lineTo(9.5, 11);
-}
-
-void drawUp(QPainterPath& path)
-{
-    path.moveTo(8, 13);
-    path.lineTo(8, 4);
-    path.moveTo(4, 7.5);
-    path.lineTo(8, 3.5);
-    path.lineTo(12, 7.5);
-}
-
-void drawDown(QPainterPath& path)
-{
-    path.moveTo(8, 3);
-    path.lineTo(8, 12);
-    path.moveTo(4, 8.5);
-    path.lineTo(8, 12.5);
-    path.lineTo(12, 8.5);
-}
-
-void drawPrevious(QPainterPath& path)
-{
-    path.moveTo(10, 3.5);
-    path.lineTo(5.5, 8);
-    path.lineTo(10, 12.5);
-}
-
-void drawNext(QPainterPath& path)
-{
-    path.moveTo(6, 3.5);
-    path.lineTo(10.5, 8);
-    path.lineTo(6, 12.5);
-}
-
-void drawFirst(QPainterPath& path)
-{
-    path.moveTo(4, 3);
-    path.lineTo(4, 13);
-    path.moveTo(12, 3.5);
-    path.lineTo(7.5, 8);
-    path.lineTo(12, 12.5);
-}
-
-void drawLast(QPainterPath& path)
-{
-    path.moveTo(12, 3);
-    path.lineTo(12, 13);
-    path.moveTo(4, 3.5);
-    path.lineTo(8.5, 8);
-    path.lineTo(4, 12.5);
-}
-
-void drawSave(QPainterPath& path)
-{
-    path.moveTo(2.5, 2.5); // disk with a cut corner
-    path.lineTo(11, 2.5);
-    path.lineTo(13.5, 5);
-    path.lineTo(13.5, 13.5);
-    path.lineTo(2.5, 13.5);
-    path.closeSubpath();
-    path.moveTo(5.5, 2.5); // shutter
-    path.lineTo(5.5, 5.5);
-    path.lineTo(10.5, 5.5);
-    path.lineTo(10.5, 2.5);
-    path.moveTo(4.5, 13.5); // label
-    path.lineTo(4.5, 8.5);
-    path.lineTo(11.5, 8.5);
-    path.lineTo(11.5, 13.5);
-}
-
-void drawCross(QPainterPath& path)
-{
-    path.moveTo(4, 4);
-    path.lineTo(12, 12);
-    path.moveTo(12, 4);
-    path.lineTo(4, 12);
-}
 
 constexpr Picture kPictures[] = {
-    {"add", 2, drawAdd},     {"delete", 1, drawBin},        {"up", 2, drawUp},     {"down", 2, drawDown},
-    {"first", 2, drawFirst}, {"previous", 2, drawPrevious}, {"next", 2, drawNext}, {"last", 2, drawLast},
-    {"save", 1, drawSave},   {"cancel", 2, drawCross},
+    {"add", 2, kAdd},           {"delete", 1, kDelete}, {"up", 2, kUp},     {"down", 2, kDown}, {"first", 2, kFirst},
+    {"previous", 2, kPrevious}, {"next", 2, kNext},     {"last", 2, kLast}, {"save", 1, kSave}, {"cancel", 2, kCancel},
 };
+
+QPainterPath pathOf(std::span<const Stroke> strokes)
+{
+    QPainterPath path;
+    for (const Stroke& stroke : strokes) {
+        path.moveTo(stroke.points[0].x, stroke.points[0].y);
+        for (std::size_t i = 1; i < stroke.count; ++i) {
+            path.lineTo(stroke.points[i].x, stroke.points[i].y);
+        }
+    }
+    return path;
+}
 
 class PictureEngine final : public QIconEngine {
 public:
@@ -142,17 +88,15 @@ public:
     {
         const QPalette palette = widget_ ? widget_->palette() : QGuiApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        QPen pen(palette.color(group, QPalette::ButtonText), picture_.pen);
+        QPen pen(palette.color(group, QPalette::ButtonText), picture_.penWidth);
         pen.setJoinStyle(Qt::MiterJoin);
         pen.setCapStyle(Qt::FlatCap);
-        QPainterPath path;
-        picture_.draw(path);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(area.topLeft());
         painter->scale(area.width() / double(kButtonPictureSize), area.height() / double(kButtonPictureSize));
         painter->setPen(pen);
-        painter->drawPath(path);
+        painter->drawPath(pathOf(picture_.strokes));
         painter->restore();
     }
 

@@ -15,9 +15,9 @@ namespace orvan::qt {
 /// Side of a button's picture in device-independent pixels.
 inline constexpr int kButtonPictureSize = 16;
 
-/// The picture of that name ("add", "delete", "up", "down", "first", "previous", "next", "last",
-/// "save", "cancel") in the colours of `widget`, for as long
-/// as it lives, then of the application. Raises 380 for a name that has no picture.
-QIcon buttonPicture(std::string_view name, const QWidget& widget);
+/// The picture of that name ("add", "delete", "up", "down", "first", "previous", "next", "last", "save", "cancel") in
+/// the colours of `widget`; in the application's once the widget has been destroyed. Raises 380 for a name that has no
+/// picture.
+[[nodiscard]] QIcon buttonPicture(std::string_view name, const QWidget& widget);
 
 } // namespace orvan::qt

@@ -24,7 +24,7 @@ namespace orvan::qt {
 
 namespace {
 
-/// QLineEdit's own, at each side of its text.
+/// The margin that QLineEdit leaves at each side of its text.
 constexpr int kMargin = 2;
 
 } // namespace
@@ -37,13 +37,14 @@ EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platf
     setReadOnly(design.readOnly);
     setAlignment((design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (design.alignment == ui::Alignment::right) {
-        // Amounts: digits stand one below the other, and a keystroke lays out three of them; scripts that need
-        // shaping get it all the same.
+        // Amounts. Without shaping their digits stand one below the other, and a keystroke lays three of them out
+        // faster. Scripts that need shaping get it all the same.
         QFont amounts;
         amounts.setStyleStrategy(QFont::PreferNoShaping);
         setFont(amounts);
     }
-    connect(this, &QLineEdit::textEdited, this, [this] { setQuiet(false); }); // the user's beyond doubt; comes first
+    connect(this, &QLineEdit::textEdited, this,
+            [this] { setQuiet(false); }); // only the user raises textEdited, and it comes first
     connect(this, &QLineEdit::textChanged, this, [this] { reportChange(); });
     connect(this, &QLineEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
     connect(this, &QLineEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
@@ -82,7 +83,7 @@ bool EntryLine::event(QEvent* event)
 
 void EntryLine::nativeKeyPress(QKeyEvent& key)
 {
-    // A key that types by itself pastes nothing, and asking Qt about a key is a twentieth of its way.
+    // A key that types a character is no paste; asking Qt whether it is takes a twentieth of a keystroke's time.
     const bool typing = key.modifiers() == Qt::NoModifier && !key.text().isEmpty();
     if (!typing && key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
         key.accept();
@@ -113,11 +114,11 @@ void EntryLine::focusInEvent(QFocusEvent* event)
 
 void EntryLine::focusOutEvent(QFocusEvent* event)
 {
-    // A combo box moves the focus into its list without calling that a pop-up's, and the line would drop
-    // its selection: the completed tail that the next key is to replace.
+    // A combo box moves the focus into its list without giving the pop-up reason. The line would then drop its
+    // selection, which is the completed end of the text that the next key is to replace.
     const Qt::FocusReason reason = QApplication::activePopupWidget() ? Qt::PopupFocusReason : event->reason();
     left_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::MenuBarFocusReason &&
-            reason != Qt::PopupFocusReason; // from those it comes back
+            reason != Qt::PopupFocusReason; // after those the focus comes back
     QFocusEvent left(event->type(), reason);
     QLineEdit::focusOutEvent(&left);
 }
@@ -126,7 +127,7 @@ void EntryLine::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool pastes = event->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection();
     if (pastes && !isReadOnly()) {
-        deselect(); // this paste goes beside the selection, which is often its source
+        deselect(); // this paste does not replace the selection, which is often its source
         if (pasteFitting(QClipboard::Selection)) {
             return;
         }
@@ -147,7 +148,7 @@ void EntryLine::dropEvent(QDropEvent* event)
     QDropEvent cut(event->position(), event->possibleActions(), &cutData, event->buttons(), event->modifiers());
     cut.setDropAction(event->dropAction());
     QLineEdit::dropEvent(&cut);
-    event->setDropAction(Qt::CopyAction); // lest the source delete what has not come over
+    event->setDropAction(Qt::CopyAction); // so that the source does not delete text that was cut off
     event->accept();
 }
 

@@ -1,9 +1,9 @@
 // EntryLine: the line edit of a text box and of a combo box.
 //
-// One that cannot be changed stands on the window's colour, its text as dark as ever. A text too long
-// for the box is shown from its start once the focus has left it, and ends in an ellipsis, lest an
-// amount be read as another one; the tool tip or the focus shows the rest. Thread: the user-interface
-// thread.
+// A read-only line has the window's colour as its ground and keeps the colour of its text. A text too
+// long for the box is shown from its start once the focus has left it, and ends in an ellipsis, so that
+// an amount is never read as another one; the tool tip or the focus shows the rest. Ownership: its
+// parent widget. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/qt/QtEntry.h"
@@ -38,16 +38,16 @@ private:
     void nativeKeyPress(QKeyEvent& key) override;
     void nativeInput(QInputMethodEvent& input) override { QLineEdit::inputMethodEvent(&input); }
 
-    /// Inserts what fits of the clipboard; false where all of it does and Qt's own way will do.
+    /// Inserts the part of the clipboard that fits; false where all of it fits and Qt can paste it itself.
     bool pasteFitting(QClipboard::Mode mode);
     QRect textArea() const;
-    /// Shown to be read: nobody edits it or moves about in it.
+    /// The text is only read now: nobody edits it or moves the caret in it.
     bool isAtRest() const;
     bool isCut() const;
 
     bool left_ = true; ///< The focus has gone on to another control, or was never here.
-    /// The caret is put in its place when the focus comes: at rest nobody sees it, and moving it costs a
-    /// tenth of showing a text.
+    /// The caret is moved only when the focus comes: at rest nobody sees it, and moving it takes a tenth of the time
+    /// that showing a text takes.
     bool caretDue_ = false;
 };
 

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t kAnyCharacter = std::numeric_limits<std::int32_t>::max();
 constexpr qsizetype kAnyPosition = std::numeric_limits<qsizetype>::max();
 
-/// Units that two texts have in common at their beginning, at most `most`, no character in halves.
+/// How many units two texts have in common at their beginning, at most `most`; never half a character.
 template <class Iterator>
 qsizetype commonUnits(Iterator one, Iterator other, qsizetype most, bool (QChar::*isCut)() const)
 {
@@ -41,7 +41,7 @@ std::string EntryText::edited(std::string_view text, const QString& shown) const
     const qsizetype after = commonUnits(shown.crbegin(), shown_.crbegin(), shorter - before,
                                         static_cast<bool (QChar::*)() const>(&QChar::isLowSurrogate));
     const Place end = find(text, kAnyCharacter, kAnyPosition);
-    const bool mapped = end.position == shown_.size(); // else the widget holds what nobody foresaw: all of it counts
+    const bool mapped = end.position == shown_.size(); // else the widget holds something else, and all of it is taken
     const qsizetype from = mapped ? before : 0;
     std::string middle = fromQt(shown.mid(from, mapped ? shown.size() - before - after : -1));
     if (lines_) {

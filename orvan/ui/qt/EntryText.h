@@ -1,9 +1,8 @@
-// EntryText: a box's text as its widget holds it, against the library's text that it stands for.
+// EntryText: maps between the text of a box and what its widget holds for it.
 //
-// A widget counts in UTF-16 units and knows one line end only; bytes that are not UTF-8 it cannot hold
-// at all. So the library's text is kept as it was set, and what the user changes is cut into it where
-// it was changed: a "\r\n" or a stray byte elsewhere stays as it is. New line ends are those that
-// ui::lineEndOf gives. Thread: the user-interface thread.
+// A widget counts in UTF-16 units, knows one line end only, and cannot hold bytes that are not UTF-8. So the library's
+// text is kept as it was set, and only the part that the user changes is replaced: a "\r\n" or a stray byte elsewhere
+// stays as it is. New line ends are those that ui::lineEndOf gives. Thread: the user-interface thread.
 #pragma once
 
 #include <QString>
@@ -19,7 +18,7 @@ public:
     /// `lines`: the widget has several, and shows each line end as U+2029.
     explicit EntryText(bool lines) : lines_(lines) {}
 
-    /// What a line end typed or pasted now turns into.
+    /// What a line end that is typed or pasted becomes.
     std::string_view lineEnd() const { return lineEnd_; }
     /// The widget shows `text` as `shown`.
     void set(std::string_view text, const QString& shown);
@@ -28,14 +27,14 @@ public:
     const QString& shown() const { return shown_; }
 
     /// The library's text once the widget holds `shown`, made from `text` by the user.
-    std::string edited(std::string_view text, const QString& shown) const;
+    [[nodiscard]] std::string edited(std::string_view text, const QString& shown) const;
 
     /// Characters of `text` before the widget's position, and the other way round; at most the end.
     std::int32_t characterAt(std::string_view text, qsizetype position) const;
     qsizetype positionAt(std::string_view text, std::int32_t character) const;
 
 private:
-    /// One place in a text, in the three ways of counting.
+    /// One place in a text, counted in three ways.
     struct Place {
         std::size_t byte = 0;
         std::int32_t character = 0;

@@ -76,7 +76,7 @@ void FieldCard::add(QWidget& widget, const ui::ControlDesign& design)
 
 void FieldCard::addBox(QWidget& box, const ui::ControlDesign& design)
 {
-    // Not the widget's own wish: a combo box would like to be as wide as the longest row of its list.
+    // The widget's own size hint is ignored: that of a combo box is as wide as the longest row of its list.
     box.setSizePolicy(QSizePolicy::Ignored, design.multiLine ? QSizePolicy::Expanding : QSizePolicy::Fixed);
     box.setMinimumWidth(kNarrowestBox * box.fontMetrics().horizontalAdvance(u'0') + boxHeight(this));
     if (design.cell.columnSpan == 1) {
@@ -113,7 +113,7 @@ void FieldCard::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(between(window, text, kBorderShade));
-    // Always lighter than the window; the boxes of a dark theme lie deep in it, or nobody saw them.
+    // The card is lighter than the window; in a dark theme the darker boxes could not be seen otherwise.
     painter.setBrush(base.lightness() > window.lightness() ? base : between(window, text, kDarkCardShade));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
 }

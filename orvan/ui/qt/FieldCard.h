@@ -1,8 +1,8 @@
 // FieldCard: a frame whose controls stand in rows and columns: labels, boxes, separators.
 //
-// Follows the size of the font and the length of the labels. A frame too small for its rows scrolls,
-// and the control with the focus comes into view. Looks as a card on the window with a thin
-// border. Thread: the user-interface thread.
+// The rows and columns follow the size of the font and the length of the labels. A frame too small for
+// its rows scrolls, and the control with the focus comes into view. It looks like a card with a thin
+// border. Ownership: its parent widget. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/FormDesign.h"

@@ -17,7 +17,7 @@ namespace orvan::qt {
 namespace {
 
 constexpr int kPictureSpace = 9;  ///< Around a picture alone, both sides together.
-constexpr int kCaptionSpace = 10; ///< Beside a caption, over what the style leaves.
+constexpr int kCaptionSpace = 10; ///< Beside a caption, in addition to what the style leaves.
 
 /// A button's picture grows with the text beside it.
 QSize fitButton(QPushButton& button, bool captioned)
@@ -59,7 +59,8 @@ Extent extentInside(const ui::Surface& surface, std::string_view frame)
     return all;
 }
 
-void makeRoom(const ui::Surface& surface, std::string_view name, float width, float height)
+/// Enlarges the control to at least that size in twips, moves what is beside and below it, and then its frame likewise.
+void enlarge(const ui::Surface& surface, std::string_view name, float width, float height)
 {
     auto& control = surface.control<ui::Control>(name);
     const float wider = std::max(width - control.width(), 0.0F);
@@ -81,7 +82,7 @@ void makeRoom(const ui::Surface& surface, std::string_view name, float width, fl
     control.move(control.left(), control.top(), control.width() + wider, control.height() + higher);
     if (!own->parent.empty()) {
         const Extent inside = extentInside(surface, own->parent);
-        makeRoom(surface, own->parent, inside.first, inside.second);
+        enlarge(surface, own->parent, inside.first, inside.second);
     }
 }
 
@@ -94,7 +95,7 @@ QSize fitToContents(const ui::Surface& surface)
     for (const ui::ControlDesign& row : form.controls) {
         if (QWidget* widget = widgetOf(surface.control<ui::Control>(row.name))) {
             const QSize needed = neededSize(row, *widget);
-            makeRoom(surface, row.name, toTwips(needed.width()), toTwips(needed.height()));
+            enlarge(surface, row.name, toTwips(needed.width()), toTwips(needed.height()));
         }
     }
     const Extent fitted = extentInside(surface, {});

@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/GridHeader.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/ui/qt/GridPaint.h"
 
 #include <QAbstractItemModel>
@@ -14,7 +15,7 @@ namespace orvan::qt {
 
 namespace {
 
-/// A user cannot drag a column narrower, lest no edge is left to take hold of; the program can.
+/// A user cannot drag a column narrower than this, or no edge would be left to drag it wider; the program can.
 constexpr int kNarrowestDrag = 8;
 constexpr int kSeparatorInset = 5;
 
@@ -28,12 +29,12 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
     setStretchLastSection(false);
     setMinimumSectionSize(0);
     setSectionResizeMode(QHeaderView::Fixed);
-    // Emitted for each pixel of a drag, and for widths set by the program: only the first of those
-    // within a user's action is kept, to be compared when the action ends.
-    connect(this, &QHeaderView::sectionResized, this, [this](int column, int before, int /*now*/) {
+    // Qt emits this for each pixel of a drag, and also for widths that the program sets. Only the first signal within a
+    // user's action is kept; its old width is compared with the new one when the action ends.
+    connect(this, &QHeaderView::sectionResized, this, [this](int column, int oldWidth, int /*newWidth*/) {
         if (userActs_ && resizedColumn_ < 0) {
             resizedColumn_ = column;
-            widthBefore_ = before;
+            oldWidth_ = oldWidth;
         }
     });
 }
@@ -77,35 +78,31 @@ void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
     userActs_ = event->button() == Qt::LeftButton;
     resizedColumn_ = -1;
     QHeaderView::mouseDoubleClickEvent(event); // on an edge: the view fits the column to its contents
-    if (!reportResize() && event->button() == Qt::LeftButton && onUserDoubleClick) {
-        const auto report = onUserDoubleClick; // a copy: the report may end the grid
-        report();
+    if (!reportResize() && event->button() == Qt::LeftButton) {
+        runHandler(onUserDoubleClick);
     }
 }
 
 void GridHeader::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (const auto report = onUserRightClick) { // a copy: the report may end the grid
-        report(logicalIndexAt(event->pos()));
-    }
+    runHandler(onUserRightClick, logicalIndexAt(event->pos()));
 }
 
 bool GridHeader::reportResize()
 {
     userActs_ = false;
     const int column = std::exchange(resizedColumn_, -1);
-    if (column < 0 || column >= count() || sectionSize(column) == widthBefore_ || !onUserResize) {
+    if (column < 0 || column >= count() || sectionSize(column) == oldWidth_) {
         return false;
     }
-    const auto report = onUserResize; // a copy: the report may end the grid
-    report(column, sectionSize(column));
+    runHandler(onUserResize, column, sectionSize(column));
     return true;
 }
 
 void GridHeader::paintEvent(QPaintEvent* event)
 {
     QHeaderView::paintEvent(event);
-    // Over the style's own filling.
+    // Painted over what the style has filled there.
     QPainter painter(viewport());
     const HeaderColours colours = headerColours(palette());
     const QRect rest = restBeyondColumns(viewport()->rect());

@@ -1,6 +1,6 @@
-// GridHeader: the grid's header row, and the user's resizing of columns.
+// GridHeader: the grid's header row, and the user's resizing of columns. A handler may destroy the grid.
 //
-// Thread: the user-interface thread.
+// Widths are in pixels. Ownership: the view. Thread: the user-interface thread.
 #pragma once
 
 #include <QHeaderView>
@@ -13,18 +13,18 @@ class GridHeader final : public QHeaderView {
 public:
     explicit GridHeader(QWidget* parent);
 
-    /// The user changed a column's width, by dragging its edge (told once, when the button is let
-    /// go) or by double-clicking it. Widths that the program sets are never reported.
+    /// The user changed a column's width, by dragging its edge (reported once, when the button is
+    /// released) or by double-clicking it. Widths that the program sets are never reported.
     std::function<void(int column, int pixels)> onUserResize;
 
     /// The user double clicked with the left button, not on an edge that fits its column.
     std::function<void()> onUserDoubleClick;
-    /// The user clicked with the right button; -1 beside all columns.
+    /// The user clicked with the right button; -1 where there is no column.
     std::function<void(int column)> onUserRightClick;
 
     /// The header's sections are fixed while the user may not resize.
     void setUserResizing(bool allowed);
-    /// The part of `area`, as wide as the header, in which no column stands.
+    /// The part of `area`, which is as wide as the header, that no column covers.
     QRect restBeyondColumns(const QRect& area) const;
 
 protected:
@@ -38,12 +38,12 @@ protected:
     QSize sectionSizeFromContents(int column) const override;
 
 private:
-    /// Whether there was a resize to report.
+    /// Ends the user's action; returns whether it was a resize, which has then been reported.
     bool reportResize();
 
-    bool userActs_ = false;
-    int resizedColumn_ = -1;
-    int widthBefore_ = 0;
+    bool userActs_ = false;  ///< The left button is down.
+    int resizedColumn_ = -1; ///< By the user's action that is going on; -1: none.
+    int oldWidth_ = 0;       ///< Of resizedColumn_, when the action began.
 };
 
 } // namespace orvan::qt

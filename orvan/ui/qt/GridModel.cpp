@@ -86,7 +86,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     switch (role) {
     case Qt::DisplayRole: return headerText(section);
     case Qt::ToolTipRole: return tip(headerText(section), section);
-    // as the column's first row, which decides where the column has no type
+    // As in the column's first row, whose value decides where the column has no type.
     case Qt::TextAlignmentRole: return QVariant::fromValue(alignment(grid_->fixedRows(), section));
     default: return {};
     }

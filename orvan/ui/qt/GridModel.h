@@ -1,9 +1,9 @@
 // GridModel: a grid's values as Qt's views ask for them.
 //
-// Holds no cells: it answers from the grid, and formats a cell only when its text is asked for.
+// It holds no cells: it reads the grid, and formats a cell only when its text is asked for.
 // Model rows are the grid's rows below the header; model columns are the grid's columns. The sizes
 // the view knows change only in publish(); between a change of the grid and that call, cells outside
-// the grid read as empty. Thread: the user-interface thread.
+// the grid read as empty. Ownership: the view. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Grid.h"
@@ -21,10 +21,10 @@ public:
     /// Whether a text does not fit its column; its tool tip then shows it whole.
     std::function<bool(const QString& text, int column)> isCut;
 
-    /// Tells the view that cells may have changed, and the new size if it has. The header is not told:
-    /// who calls this has it painted.
+    /// Tells the view that cells may have changed, and the new size if it has changed. The caller has the header
+    /// painted: it is not told.
     void publish();
-    /// The grid is going: every cell reads as empty from here on.
+    /// The grid is being destroyed: every cell reads as empty from now on.
     void detach() { grid_ = nullptr; }
 
     /// The grid's row of a model row.

@@ -22,7 +22,7 @@ constexpr float kHeaderTextShade = 0.7F;
 constexpr float kLineShade = 0.25F;
 constexpr float kSeparatorShade = 0.15F;
 
-/// Line breaks and tabs would break the row's line.
+/// A line break would give a row two lines, and a tab would tear it apart: both become blanks.
 QString singleLine(QString text)
 {
     for (QChar& character : text) {
@@ -45,7 +45,8 @@ FittedText fitText(const QFontMetrics& metrics, const QString& text, int width)
         return {line, std::min(margin, width - needed), false};
     }
     const QString elided = metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0));
-    return {elided.isEmpty() ? QString(kEllipsis) : elided, margin, true}; // not even room for that: part of it
+    return {elided.isEmpty() ? QString(kEllipsis) : elided, margin,
+            true}; // too narrow even for an ellipsis: a part of it is painted
 }
 
 int widthFor(const QFontMetrics& metrics, const QString& text)

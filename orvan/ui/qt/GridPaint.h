@@ -1,8 +1,8 @@
 // GridPaint: how the grid's cells and header look.
 //
-// Calm: no lines between cells, every other row a shade off the ground, the header plain above one
-// line. All colours come from the widget's palette when they are needed, so that a change of theme
-// needs no telling. Thread: the user-interface thread.
+// There are no lines between cells, every other row has a slightly different ground, and one line
+// separates the header. Colours are taken from the widget's palette at each painting, so that a change
+// of theme needs no handling. Lengths are in pixels. Thread: the user-interface thread.
 #pragma once
 
 #include <QColor>
@@ -24,10 +24,9 @@ struct FittedText {
     bool cut;
 };
 
-/// Margins depend on the cell's width alone, so that a column stays aligned, and go before the first
-/// character does. A text that still does not fit is cut with an ellipsis, so that what is left of an
-/// amount cannot be read as another amount.
-FittedText fitText(const QFontMetrics& metrics, const QString& text, int width);
+/// Margins depend on the cell's width alone, so that a column stays aligned, and shrink before any character is cut. A
+/// text that still does not fit ends in an ellipsis, so that the rest of an amount is never read as another amount.
+[[nodiscard]] FittedText fitText(const QFontMetrics& metrics, const QString& text, int width);
 /// The narrowest width that shows the text whole with full margins.
 int widthFor(const QFontMetrics& metrics, const QString& text);
 void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment);
@@ -36,7 +35,7 @@ struct RowColours {
     QColor ground;
     QColor text;
 };
-/// `current` rows stand out; less while the grid is without the focus, so that the focus can be seen.
+/// A `current` row stands out, and less so while the grid is without the focus, so that the focus can be seen.
 RowColours rowColours(const QWidget& grid, int row, bool current);
 
 int gridRowHeight(const QFontMetrics& metrics);

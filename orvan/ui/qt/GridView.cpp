@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/GridView.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/ui/qt/GridHeader.h"
 #include "orvan/ui/qt/GridPaint.h"
 
@@ -78,7 +79,7 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
     if (!mayScroll_) {
         return;
     }
-    const int across = horizontalScrollBar()->value(); // rows are chosen, not cells: only up and down
+    const int across = horizontalScrollBar()->value(); // rows are chosen, not cells: scrolls up and down only
     QTableView::scrollTo(index, hint);
     horizontalScrollBar()->setValue(across);
 }
@@ -87,14 +88,14 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 {
     QTableView::currentChanged(current, previous);
     viewport()->update(); // the whole row, to the right of its cells too
-    if (!programActs_ && current.isValid() && current.row() != previous.row() && onUserRow) {
-        onUserRow(current.row());
+    if (!programActs_ && current.isValid() && current.row() != previous.row()) {
+        runHandler(onUserRow, current.row());
     }
 }
 
 QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* /*event*/) const
 {
-    // Always the current row, whatever key is held: no row is current without being selected.
+    // Whatever key is held, the current row is the selected one.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
 }
@@ -109,7 +110,7 @@ void GridView::changeEvent(QEvent* event)
 
 void GridView::focusInEvent(QFocusEvent* event)
 {
-    // The base makes the first row current when there is none; coming in by Tab chooses nothing.
+    // QTableView makes the first row current if no row is. The focus alone must choose no row.
     const int row = currentIndex().isValid() ? currentIndex().row() : -1;
     {
         const QScopedValueRollback program(programActs_, true);
@@ -150,30 +151,29 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
         return;
     }
     const int row = rowAt(qRound(event->position().y()));
-    const QPointer<GridView> alive(this); // choosing the row may end the grid
+    const QPointer<GridView> alive(this); // choosing the row may destroy the grid
     QTableView::mouseDoubleClickEvent(event);
-    if (alive && row >= 0 && row != currentIndex().row()) { // right of the cells the base chooses nothing
+    if (alive && row >= 0 && row != currentIndex().row()) { // QTableView chooses no row right of the last cell
         selectionModel()->setCurrentIndex(model()->index(row, firstShownColumn()),
                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
-    if (alive && onUserDoubleClick) {
-        const auto report = onUserDoubleClick; // a copy: the report may end the grid
-        report(row);
+    if (alive) {
+        runHandler(onUserDoubleClick, row);
     }
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event)
 {
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        event->ignore(); // no column is current, and a row has no menu: the window's own, if it has one
-    } else if (const auto report = onUserRightClick) { // a copy: the report may end the grid
-        report(rowAt(event->y()), columnAt(event->x()));
+        event->ignore(); // the menu is one of columns, and no column is current: the window may have a menu of its own
+    } else {
+        runHandler(onUserRightClick, rowAt(event->y()), columnAt(event->x()));
     }
 }
 
 void GridView::paintEvent(QPaintEvent* event)
 {
-    // Rows reach the edge, beyond their last cell.
+    // Rows are painted to the right edge, beyond their last cell.
     const QRect rest = event->rect() & header_->restBeyondColumns(viewport()->rect());
     if (!rest.isEmpty() && model()) {
         QPainter painter(viewport());

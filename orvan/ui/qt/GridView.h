@@ -1,7 +1,8 @@
 // GridView: QTableView as a list of whole rows, of which one may be current.
 //
-// Keeps apart what the user chooses and what the program sets: only the former is reported. Tab and
-// Shift+Tab leave the list, Enter is left to the window. Thread: the user-interface thread.
+// A row that the user chooses is reported, and a row that the program sets is not. Tab and Shift+Tab
+// leave the list, and Enter goes to the window. A handler may destroy the grid. Ownership: its parent
+// widget. Thread: the user-interface thread.
 #pragma once
 
 #include <QTableView>
@@ -20,15 +21,15 @@ public:
 
     /// The user chose a row, by mouse or keyboard.
     std::function<void(int row)> onUserRow;
-    /// The user double clicked with the left button; -1 beside all rows. The row has been chosen.
+    /// The user double clicked with the left button; -1 where there is no row. The row has been chosen.
     std::function<void(int row)> onUserDoubleClick;
-    /// The user clicked with the right button; -1 beside all rows or columns. Chooses nothing.
+    /// The user clicked with the right button; -1 where there is no row or column. Chooses nothing.
     std::function<void(int row, int column)> onUserRightClick;
 
-    /// Runs a change of the model's size or of columns as the program's own and has the view take it
-    /// in at once, with no later pass of layout and painting. The scroll position stays.
+    /// Runs a change of the model's size or of columns without a report, and lays the view out at once, so that no
+    /// later pass of layout and painting follows. The scroll position stays.
     void applyLayout(const std::function<void()>& change);
-    /// Makes a row current without a report; -1 for none. Scrolls only where `reveal` says so.
+    /// Makes a row current without a report; -1 for none. Scrolls to it only if `reveal` is set.
     void setCurrentRow(int row, bool reveal);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

@@ -14,7 +14,7 @@ bool has(const QKeyEvent& key, Qt::KeyboardModifier modifier)
     return key.modifiers().testFlag(modifier);
 }
 
-/// As Qt's boxes judge what is text; some systems report AltGr as Ctrl with Alt.
+/// The rule of Qt's own boxes for what is text. Ctrl with Alt may type, because some systems report AltGr so.
 bool isTyped(const QKeyEvent& key)
 {
     if (key.text().isEmpty() || (has(key, Qt::ControlModifier) && !has(key, Qt::AltModifier))) {

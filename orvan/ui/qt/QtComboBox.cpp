@@ -18,22 +18,22 @@ namespace orvan::qt {
 
 namespace {
 
-/// Rows whose texts the list's width goes by, and its bound in widths of the box.
+/// The list is as wide as its first rows need it, up to so many widths of the box.
 constexpr int kMeasuredRows = 200;
 constexpr int kWidestInBoxes = 3;
-/// Characters that the box itself asks room for; without a number Qt would measure every row.
+/// Characters that the box asks space for; without a number Qt would measure every row.
 constexpr int kLeastCharacters = 8;
 /// Rows laid out before the list is painted; the rest follow while the program is idle.
 constexpr int kRowsAtOnce = 1000;
 
 } // namespace
 
-/// The rows as they stood when the list was opened, as many as there are still.
+/// The rows as they were when the list was opened, without those that have been removed since.
 class ComboRows final : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    QPointer<ComboPort> port;
+    ComboPort* port = nullptr; ///< Null once the control has been destroyed.
 
     void readAgain()
     {
@@ -54,8 +54,7 @@ private:
     int count_ = 0;
 };
 
-/// The list that drops down. What is typed while it is open goes into the line; Qt would search all
-/// the rows for it.
+/// The list that drops down. Text typed while it is open goes into the line; Qt would search all rows for it.
 class DropDownList final : public QListView {
 public:
     DropDownList(QWidget* parent, EntryLine& line) : QListView(parent), line_(line) {}
@@ -84,7 +83,7 @@ public:
         setLineEdit(line_);
         setCompleter(nullptr);
         setInsertPolicy(NoInsert);
-        // On Enter and on leaving, Qt would look the text up in the list and choose what it finds.
+        // At Enter, and when the focus leaves, Qt would search the list for the text and choose what it finds.
         QObject::disconnect(line_, &QLineEdit::editingFinished, this, nullptr);
         setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
         setMinimumContentsLength(kLeastCharacters);
@@ -94,7 +93,7 @@ public:
         list_->setTextElideMode(Qt::ElideRight);
         setModel(rows_);
         setView(list_);
-        // Told of a reset, Qt would empty the text. The list itself still hears of it.
+        // QComboBox would empty the text when the model is reset. The list itself still hears of the reset.
         QObject::disconnect(rows_, nullptr, this, nullptr);
         connect(this, &QComboBox::activated, this, [this](int row) { choose(row); });
     }
@@ -107,7 +106,7 @@ public:
     {
         stale_ = true;
         if (list_->isVisible() && !reading_) {
-            // Once for all the rows that are being added.
+            // Later, and once for all the rows that are being added now.
             reading_ = true;
             QMetaObject::invokeMethod(
                 this, [this] { readWhileOpen(); }, Qt::QueuedConnection);
@@ -128,7 +127,7 @@ public:
 
     void hidePopup() override
     {
-        // What is chosen in the list Qt writes into the line before it says so; that is no typing.
+        // Qt writes the chosen row into the line before it reports the choice; that is not typing.
         line_->setQuiet(true);
         QComboBox::hidePopup();
         QMetaObject::invokeMethod(
@@ -136,7 +135,7 @@ public:
     }
 
 protected:
-    /// Qt's own way with keys would search the list; arrows choose, all else belongs to the line.
+    /// Arrows choose a row, and all other keys go to the line; Qt's own handling would search the list.
     void keyPressEvent(QKeyEvent* event) override
     {
         const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
@@ -154,7 +153,7 @@ protected:
         }
     }
 
-    /// Scrolling over a form must not change what stands in it.
+    /// The wheel must not change a product while the user scrolls the form.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
@@ -162,7 +161,7 @@ private:
     {
         line_->setQuiet(false);
         if (rows_->port && row >= 0 && row < rows_->port->combo().count()) {
-            rows_->port->reportChoice(row); // may end the control
+            rows_->port->reportChoice(row);
         }
     }
 
@@ -183,11 +182,11 @@ private:
         if (rows_->port && rows_->port->combo().count() == 0) {
             hidePopup();
         } else {
-            showPopup(); // at the height that the rows take now
+            showPopup(); // again, for the height of the new rows
         }
     }
 
-    /// As wide as its first rows, which are the likeliest.
+    /// As wide as the first rows need it, which the user is likeliest to look at.
     void fitWidth()
     {
         int widest = 0;
@@ -214,6 +213,13 @@ QtComboBox::QtComboBox(const ui::ControlDesign& design, ComboWidget* widget)
     : QtEntry(design, widget, widget->line()), comboWidget_(*widget)
 {
     comboWidget_.attach(this);
+}
+
+QtComboBox::~QtComboBox()
+{
+    if (widget()) {
+        comboWidget_.attach(nullptr);
+    }
 }
 
 void QtComboBox::doListChanged()

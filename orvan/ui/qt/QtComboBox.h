@@ -1,7 +1,7 @@
 // QtComboBox: an editable QComboBox that changes its text only as its user or the program does.
 //
-// The list that drops down reads the abstract rows as it shows them; filling it costs Qt nothing.
-// Ownership: see orvan/ui/qt/QtWidgetHolder.h.
+// The list that drops down reads the rows of the ui::ComboBox as it shows them; filling it costs Qt nothing.
+// Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/ComboBox.h"
@@ -11,15 +11,20 @@ namespace orvan::qt {
 
 class ComboWidget;
 
-class ComboPort : public EntryPort {
+/// How the list that drops down reads the combo box and reports to it. A report may destroy the combo box.
+class ComboPort {
 public:
     virtual const ui::ComboBox& combo() const = 0;
     virtual void reportChoice(std::int32_t row) = 0;
+
+protected:
+    ~ComboPort() = default;
 };
 
-class QtComboBox final : public QtEntry<ui::ComboBox, ComboPort> {
+class QtComboBox final : public QtEntry<ui::ComboBox>, private ComboPort {
 public:
     QtComboBox(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform);
+    ~QtComboBox() override;
 
 private:
     QtComboBox(const ui::ControlDesign& design, ComboWidget* widget);
@@ -28,7 +33,7 @@ private:
     const ui::ComboBox& combo() const override { return *this; }
     void reportChoice(std::int32_t row) override { userChoseRow(row); }
 
-    ComboWidget& comboWidget_;
+    ComboWidget& comboWidget_; ///< Gone when widget() is null.
 };
 
 } // namespace orvan::qt

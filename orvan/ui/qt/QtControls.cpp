@@ -30,7 +30,7 @@ QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
     return label;
 }
 
-/// In the colour of its neighbours' borders; QFrame's own lines stand out on a dark ground.
+/// A line in the colour of its neighbours' borders; QFrame's own lines are too bright on a dark ground.
 class Separator final : public QFrame {
 public:
     Separator(const ui::ControlDesign& design, QWidget* parent) : QFrame(parent)
@@ -53,7 +53,7 @@ protected:
 QPushButton* newButton(const ui::ControlDesign& design, QWidget* parent)
 {
     auto* button = new QPushButton(markedCaption(design.caption, design.mnemonic), parent);
-    button->setAutoDefault(false); // Enter belongs to the host's own default button
+    button->setAutoDefault(false); // Enter presses the default button of the host's window
     return button;
 }
 

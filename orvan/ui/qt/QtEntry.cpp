@@ -74,7 +74,7 @@ void EntryWidget::reportChange()
     const std::int32_t limit = port_->entry().maxLength();
     if (limit > 0 && characterCount(edited) > static_cast<std::size_t>(limit) &&
         characterCount(edited) > characterCount(port_->entry().text())) {
-        // Something that asks nobody has put it there, such as a help for those who see no screen.
+        // Assistive technology can bypass fit(): cut the text here.
         edited.resize(firstCharacters(edited, static_cast<std::size_t>(limit)).size());
         const QScopedValueRollback quiet(quiet_, true);
         holdText(toQt(edited));
@@ -86,7 +86,7 @@ void EntryWidget::reportChange()
 void EntryWidget::reportSelection()
 {
     if (quiet_ || !port_ || heldText() != text_.shown()) {
-        return; // a change of the text is about to be reported, and the selection with it
+        return; // reportChange is about to report the text, and the selection with it
     }
     const WidgetRange range = heldSelection();
     const std::string& text = port_->entry().text();
@@ -114,9 +114,9 @@ void EntryWidget::pressKey(QKeyEvent& key)
         nativeKeyPress(key);
         return;
     }
-    const std::u32string typed = hearsKeys() ? filtered(offered) : offered;
+    const std::u32string typed = filtersKeys() ? filtered(offered) : offered;
     if (!port_) {
-        key.accept(); // the box has gone with its form
+        key.accept(); // the handler has destroyed the box
     } else if (typed == offered && isControl(offered)) {
         nativeKeyPress(key);
     } else {
@@ -126,7 +126,7 @@ void EntryWidget::pressKey(QKeyEvent& key)
             nativeKeyPress(key);
         } else {
             type(fits);
-            key.accept(); // also where nothing is typed: the key has been dealt with
+            key.accept(); // even if nothing is typed: the key has been handled
         }
     }
 }
@@ -141,7 +141,7 @@ void EntryWidget::type(const QString& text)
 
 bool EntryWidget::claims(const QKeyEvent& key) const
 {
-    return hearsKeys() && goesBeforeShortcuts(key);
+    return filtersKeys() && goesBeforeShortcuts(key);
 }
 
 void EntryWidget::input(QInputMethodEvent& input)
@@ -152,7 +152,7 @@ void EntryWidget::input(QInputMethodEvent& input)
         return;
     }
     const std::u32string offered = written.toStdU32String();
-    const QString typed = hearsKeys() ? toText(filtered(offered)) : written;
+    const QString typed = filtersKeys() ? toText(filtered(offered)) : written;
     if (!port_) {
         input.accept();
         return;
@@ -178,17 +178,18 @@ QString EntryWidget::fit(const QString& piece, WidgetRange replaced) const
         return piece;
     }
     const ui::TextEntry& entry = port_->entry();
-    std::optional<std::int64_t> room;
+    std::optional<std::int64_t> capacity;
     if (entry.maxLength() > 0) {
         const QString held = heldText();
-        const std::string now = text_.edited(entry.text(), held); // in a move by drag, ahead of the report
+        const std::string now = text_.edited(
+            entry.text(), held); // while text is moved by dragging, the widget holds a change that is not reported yet
         EntryText map(lines_);
         map.set(now, held);
         const std::int64_t going =
             map.characterAt(now, replaced.start + replaced.length) - map.characterAt(now, replaced.start);
-        room = entry.maxLength() - static_cast<std::int64_t>(characterCount(now)) + going;
+        capacity = entry.maxLength() - static_cast<std::int64_t>(characterCount(now)) + going;
     }
-    return toQt(ui::fitForEntry(fromQt(piece), lines_ ? text_.lineEnd() : std::string_view(" "), room));
+    return toQt(ui::fitForEntry(fromQt(piece), lines_ ? text_.lineEnd() : std::string_view(" "), capacity));
 }
 
 } // namespace orvan::qt

@@ -21,10 +21,10 @@ namespace orvan::qt {
 
 namespace {
 
-/// What a window's border and caption may take of the screen; unknown before it is shown.
+/// An estimate of what a window's border and caption take of the screen; Qt knows it only once the window is shown.
 constexpr QSize kDecoration(16, 48);
 
-/// Not to be minimized, as the program's other windows wait for it.
+/// Without a minimize button, because the program's other windows wait for the form.
 constexpr Qt::WindowFlags kFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                    Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
 
@@ -35,7 +35,8 @@ QWidget* windowInFront()
     return modal ? modal : QApplication::activeWindow();
 }
 
-/// As Tab does; its reason for the focus would be lost where the window becomes active only later.
+/// Selects the text of the box with the focus, as Tab does. Passing Tab's reason to the focus is not enough: the reason
+/// is lost where the window becomes active only later.
 void selectFirst(const QWidget* window)
 {
     QWidget* focus = window ? window->focusWidget() : nullptr;
@@ -53,10 +54,10 @@ public:
     explicit Window(QtForm& form) : QWidget(nullptr, kFlags), form_(&form)
     {
         setWindowModality(Qt::ApplicationModal);
-        setAttribute(Qt::WA_QuitOnClose, false); // whoever shows the form goes on when it is closed
+        setAttribute(Qt::WA_QuitOnClose, false); // closing the form does not end the program
     }
 
-    /// The form is going: the window stays for the rest of the event that is running.
+    /// The form is being destroyed; the window stays for the rest of the event that is running.
     void detach() { form_ = nullptr; }
 
     void standAbove(QWidget* other)
@@ -70,7 +71,7 @@ public:
         place.moveLeft(std::max(place.left(), available.left()));
         place.moveTop(std::max(place.top(), available.top()));
         move(place.topLeft());
-        winId(); // the window system's window must be there to be told
+        winId(); // creates the native window, which the next line needs
         windowHandle()->setTransientParent(other ? other->window()->windowHandle() : nullptr);
     }
 
@@ -85,7 +86,7 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override
     {
-        // What no control took. A key held down since another window was open repeats here.
+        // Comes with keys that no control took. Repeats are ignored: the key may have been pressed in another window.
         auto* button = dynamic_cast<QPushButton*>(focusWidget());
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (event->isAutoRepeat() || !form_) {
@@ -99,7 +100,7 @@ protected:
         }
     }
 
-    /// The program's, while the form is shown.
+    /// Filters the application's events while the form is shown.
     bool eventFilter(QObject* /*watched*/, QEvent* event) override
     {
         if (event->type() != QEvent::Quit || !form_ || !form_->loaded()) {
@@ -171,7 +172,7 @@ void QtForm::doShowModal()
         QObject::connect(window_, &QObject::destroyed, &loop, &QEventLoop::quit);
         window_->show();
         window_->activateWindow();
-        if (loaded()) { // the first resize may have failed, and a host may close on an error
+        if (loaded()) { // an error in the first resize may have made the host close the form
             focusFirst();
         }
         selectFirst(window_);
@@ -179,14 +180,14 @@ void QtForm::doShowModal()
     if (loaded()) {
         loop.exec(QEventLoop::DialogExec);
     }
-    unload(ui::UnloadMode::session); // nothing, but for a program that ended under the form
+    unload(ui::UnloadMode::session); // does nothing unless the program's event loop ended while the form was open
     if (window_) {
         qApp->removeEventFilter(window_);
         window_->hide();
     }
     if (front) {
-        // A window manager does so by itself, but not where a message box of the form's has gone just
-        // before the form: it then still means to focus the form.
+        // A window manager does so by itself, except just after a message box of the form has closed: it then still
+        // activates the form.
         front->window()->activateWindow();
     }
 }

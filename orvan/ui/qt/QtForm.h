@@ -1,10 +1,10 @@
 // QtForm: a form as a window that blocks the program's other windows while it is shown.
 //
-// The window has no owner: nothing that a host destroys takes it along. It stands above the program's
-// active window, in its middle, as large as the design says, or larger where fonts and texts need it,
-// and within the screen; no size or place is kept for the next time. Escape and the close box ask to
-// close, and Enter is the control's that has the focus. Quitting the program asks the form to close
-// (UnloadMode::session), and the program stays where the form does. Thread: the user-interface thread.
+// The window has no parent, so that a window which a host destroys does not take the form along. It opens in the middle
+// of the program's active window, as large as the design says, or larger where fonts and texts need it, and within the
+// screen; no size or place is kept for the next time. Escape and the close box ask to close, and Enter goes to the
+// control that has the focus. Quitting the program asks the form to close (UnloadMode::session); if the form stays, so
+// does the program. Errors and ownership: see orvan/ui/Form.h. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Form.h"
@@ -35,7 +35,7 @@ private:
 
     QPointer<Window> window_;
     SurfaceWidgets widgets_;
-    QEventLoop* loop_ = nullptr; ///< While it is shown.
+    QEventLoop* loop_ = nullptr; ///< Null unless the form is shown.
 };
 
 } // namespace orvan::qt

@@ -21,30 +21,26 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     : Grid(design, ui::gridSeparators(platform.locale())), QtWidgetHolder(new GridView(parent), design),
       model_(new GridModel(*this, widget()))
 {
-    model_->isCut = [this](const QString& text, int column) {
-        return fitText(view()->fontMetrics(), text, view()->columnWidth(column)).cut;
-    };
     view()->setModel(model_);
-    view()->onUserRow = [this](int row) { takeUserRow(row); };
-    view()->header().onUserResize = [this](int column, int pixels) { takeUserWidth(column, pixels); };
-    view()->onUserDoubleClick = [this](int row) { userDoubleClicked(clickedRow(row)); };
-    view()->header().onUserDoubleClick = [this] { userDoubleClicked(0); };
-    view()->onUserRightClick = [this](int row, int column) { takeRightClick(clickedRow(row), column); };
-    view()->header().onUserRightClick = [this](int column) { takeRightClick(0, column); };
+    GridHeader& header = view()->header();
+    handlers_.set(model_->isCut, [this](const QString& text, int column) {
+        return fitText(view()->fontMetrics(), text, view()->columnWidth(column)).cut;
+    });
+    handlers_.set(view()->onUserRow, [this](int row) { takeUserRow(row); });
+    handlers_.set(header.onUserResize, [this](int column, int pixels) { takeUserWidth(column, pixels); });
+    handlers_.set(view()->onUserDoubleClick, [this](int row) { userDoubleClicked(clickedRow(row)); });
+    handlers_.set(header.onUserDoubleClick, [this] { userDoubleClicked(0); });
+    handlers_.set(view()->onUserRightClick, [this](int row, int column) { takeRightClick(clickedRow(row), column); });
+    handlers_.set(header.onUserRightClick, [this](int column) { takeRightClick(0, column); });
     doUpdate({.cells = true, .layout = true, .currentRow = false});
 }
 
 QtGrid::~QtGrid()
 {
-    if (view()) { // which outlives this for the rest of the event that is running
-        model_->isCut = nullptr;
+    if (view()) { // the view outlives this for the rest of the event that is running
         model_->detach();
-        view()->onUserRow = nullptr;
-        view()->header().onUserResize = nullptr;
-        view()->onUserDoubleClick = nullptr;
-        view()->header().onUserDoubleClick = nullptr;
-        view()->onUserRightClick = nullptr;
-        view()->header().onUserRightClick = nullptr;
+    } else {
+        handlers_.forget();
     }
 }
 
@@ -83,7 +79,7 @@ void QtGrid::doUpdate(const ui::GridChanges& changes)
 void QtGrid::applyColumns()
 {
     GridHeader& header = view()->header();
-    // The view would lay out once more, later, for each section that it hears of; applyLayout does.
+    // The view would lay itself out again, later, for each change of a section; applyLayout does so once.
     const QSignalBlocker quiet(header);
     header.setUserResizing(userResizing());
     header.setVisible(fixedRows() > 0);
@@ -103,7 +99,7 @@ void QtGrid::applyCurrentRow(bool reveal)
 void QtGrid::takeUserRow(int row)
 {
     const std::int32_t chosen = model_->gridRow(row);
-    if (chosen < rowCount()) { // else it is a row whose removal the view has yet to hear of
+    if (chosen < rowCount()) { // the view may still show a row that the grid has lost
         userChoseRow(chosen);
     }
 }

@@ -1,10 +1,11 @@
 // QtGrid: the grid as a QTableView that asks for the cells it paints.
 //
-// A long list costs its values and nothing for each cell: no item objects, no texts made in advance.
+// A long list needs memory for its values only: there are no item objects and no texts made in advance.
 // Column widths are shown in the nearest pixel and stay in twips as set; only the user's resizing
 // writes a new one. Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/base/ScopedHandlers.h"
 #include "orvan/ui/Grid.h"
 #include "orvan/ui/qt/QtWidgetHolder.h"
 
@@ -33,11 +34,13 @@ private:
     void applyCurrentRow(bool reveal);
     void takeUserRow(int row);
     void takeRightClick(std::int32_t row, int column);
-    /// The grid's row of one that the view told; -1 for none, also for one whose removal it has yet to hear of.
+    /// The grid's row of a row of the view; -1 for none, also for a row that the grid has lost and the view still
+    /// shows.
     std::int32_t clickedRow(int row) const;
     void takeUserWidth(int column, int pixels);
 
     GridModel* model_; ///< Child of the view: gone when view() is null.
+    ScopedHandlers handlers_;
 };
 
 } // namespace orvan::qt

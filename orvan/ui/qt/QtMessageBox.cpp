@@ -54,7 +54,7 @@ ui::MessageResult QtMessageBox::show(const ui::Message& message)
 {
     const Buttons buttons = buttonsOf(message.buttons);
     QWidget* owner = windowOf(message.ownerWindow);
-    // Not on the stack: the owner may be destroyed, and the box with it, while the user reads.
+    // Not on the stack: while the box is open the owner may be destroyed, which destroys the box.
     QPointer<QMessageBox> box = new QMessageBox(owner ? owner->window() : nullptr);
     box->setTextFormat(Qt::PlainText);
     box->setText(toQt(message.text));

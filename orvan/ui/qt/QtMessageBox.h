@@ -1,6 +1,7 @@
 // QtMessageBox: message boxes as QMessageBox shows them.
 //
-// The text is shown as it stands, whatever it contains. Thread: the user-interface thread.
+// The text is shown as it is, never as markup. Ownership: the platform. Thread: the user-interface
+// thread.
 #pragma once
 
 #include "orvan/ui/MessageBox.h"

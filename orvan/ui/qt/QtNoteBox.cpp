@@ -15,8 +15,8 @@ namespace orvan::qt {
 
 namespace {
 
-// Together as far as a text box's text stands from its edge.
-constexpr int kFrame = 2; ///< With the inner half of the focus ring.
+// Frame and margin together are the distance of a one-line box's text from its edge.
+constexpr int kFrame = 2; ///< Includes the inner half of the focus ring.
 constexpr int kMargin = 2;
 constexpr int kLowestLines = 3;
 
@@ -30,10 +30,10 @@ public:
         setReadOnly(design.readOnly);
         setTabChangesFocus(true);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // lines are wrapped
-        setFrameStyle(QFrame::Box | QFrame::Plain);           // for its width alone; see paintFrame
+        setFrameStyle(QFrame::Box | QFrame::Plain);           // only for its width; see paintFrame
         setLineWidth(kFrame);
-        // Outside the text, or a part of another line would be seen in it; below, the feet of the last
-        // line's letters have it.
+        // The margin lies outside the document, or a part of another line could be seen in it. There is none at the
+        // bottom, where it would cut the descenders of the last line.
         document()->setDocumentMargin(0);
         setViewportMargins(kMargin, kMargin, kMargin, 0);
         connect(this, &QPlainTextEdit::textChanged, this, [this] { reportChange(); });
@@ -41,7 +41,7 @@ public:
         connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
     }
 
-    /// Whole lines, or the caret's would leave a part of another to be seen.
+    /// The height of whole lines, so that no part of a line is seen beside the caret's.
     QSize minimumSizeHint() const override
     {
         const int text = kLowestLines * fontMetrics().lineSpacing() + 2 * (kMargin + kFrame);
@@ -72,7 +72,7 @@ protected:
     }
 
 private:
-    /// As a box of one line has it; a frame of Qt's own would not show that it has the focus.
+    /// Paints the frame of a one-line box; QPlainTextEdit's own frame does not show the focus.
     void paintFrame()
     {
         QStyleOptionFrame option;
@@ -81,7 +81,7 @@ private:
         option.state |= QStyle::State_Sunken;
         QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
     }
-    /// Not toPlainText, which makes blanks of no-break spaces and line ends of what is none.
+    /// Not toPlainText, which turns no-break spaces into blanks and other characters into line ends.
     QString heldText() const override { return document()->toRawText(); }
     void holdText(const QString& text) override { setPlainText(text); }
     WidgetRange heldSelection() const override
@@ -101,7 +101,7 @@ private:
         if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
             QPlainTextEdit::keyPressEvent(&key);
         } else if (!fit(QStringLiteral("\n"), heldSelection()).isEmpty()) {
-            // Shift or Ctrl held down makes no other kind of line end.
+            // Without Shift and Ctrl, with which Qt would make another kind of line end.
             QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
             QPlainTextEdit::keyPressEvent(&enter);
         }

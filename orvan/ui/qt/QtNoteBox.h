@@ -1,4 +1,6 @@
-// QtNoteBox: a text box of several lines as a QPlainTextEdit. Ownership: see orvan/ui/qt/QtWidgetHolder.h.
+// QtNoteBox: a text box of several lines as a QPlainTextEdit.
+//
+// Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/TextBox.h"

@@ -60,7 +60,7 @@ void QtPlatform::showUnhandled(const RuntimeError& error) noexcept
         const std::string source = error.source().empty() ? std::string() : " (" + error.source() + ")";
         qWarning("%s%s", text.c_str(), source.c_str());
         if (showing_) {
-            return; // an error while one is being shown: the log has it, boxes do not pile up
+            return; // while one error is being shown, a further one goes to the log alone
         }
         const QScopedValueRollback shown(showing_, true);
         messageBox().show({.text = text,

@@ -19,7 +19,7 @@ QtPopupMenu::~QtPopupMenu()
 {
     if (menu_) {
         menu_->hide();
-        menu_->deleteLater(); // the choice that ends this is still the menu's event
+        menu_->deleteLater(); // later: the menu may still be handling the choice that destroys this
     }
 }
 

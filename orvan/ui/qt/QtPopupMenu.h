@@ -1,7 +1,7 @@
 // QtPopupMenu: the pop-up menu as a QMenu.
 //
-// The menu belongs to the widget it pops up over, so either may go first (see orvan/ui/qt/QtWidgetHolder.h). Thread:
-// the user-interface thread.
+// The widget that the menu pops up over owns it, so either may be destroyed first (see orvan/ui/qt/QtWidgetHolder.h).
+// Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/PopupMenu.h"
@@ -23,7 +23,7 @@ private:
     void doSetToolEnabled(std::size_t index, bool enabled) override;
 
     QPointer<QMenu> menu_;
-    QObject context_;               ///< Receiver for the tools: none reports once this is gone.
+    QObject context_;               ///< Receiver of the tools' signals: none is reported once this is destroyed.
     std::vector<QAction*> actions_; ///< By tool. They go with the menu.
 };
 

@@ -1,7 +1,7 @@
 // QtScreenPointer: the pointer as QApplication's override cursor.
 //
-// At most one cursor of the stack is ours, so that a host's own comes back when ours goes. Thread:
-// the user-interface thread.
+// At most one cursor of Qt's stack is the library's, so that the host's own comes back when that is
+// removed. Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/ScreenPointer.h"

@@ -12,8 +12,8 @@
 
 #include <optional>
 
-// Not QSettings: it shares what it has read, and what it failed to write, between all its objects of
-// one file in the process, so that neither a damaged file nor a failed change is told reliably.
+// Not QSettings: all its objects of one file in the process share what was read and what could not be
+// written, so that it reports neither a damaged file nor a failed change reliably.
 
 namespace orvan::qt {
 
@@ -22,8 +22,8 @@ namespace {
 /// Far longer than any change takes; a lock left by a program that died is taken over by itself.
 constexpr int kLockMilliseconds = 5000;
 
-/// All but these and letters, digits and "-._~" is encoded; none of them means anything in a name
-/// or a value. '%' itself is always encoded.
+/// Encodes all characters but `plain`, letters, digits and "-._~", which have no meaning in a name or a value. '%' is
+/// always encoded.
 QByteArray encoded(std::string_view text, const QByteArray& plain)
 {
     return QByteArray(text.data(), static_cast<qsizetype>(text.size())).toPercentEncoding(plain);
@@ -39,7 +39,7 @@ QByteArray linePrefix(std::string_view key)
     return encoded(key, {}) + '=';
 }
 
-/// ASCII that a person can read stays, a space only where it cannot be lost at an end.
+/// Leaves readable ASCII as it is, except for a space, which could be lost at an end of the line.
 QByteArray valueText(std::string_view value)
 {
     return encoded(value, "!\"#$&'()*+,/:;<=>?@[\\]^`{|}");
@@ -142,7 +142,7 @@ QList<QByteArray> QtSettingsStore::readLines() const
         }
     }
     if (lines.last().isEmpty()) {
-        lines.removeLast(); // behind the last line's end
+        lines.removeLast(); // the empty rest after the last line end
     }
     return lines;
 }

@@ -1,4 +1,4 @@
-// QtText: the one crossing between the library's UTF-8 text and Qt's strings.
+// QtText: the conversions between the library's UTF-8 text and Qt's strings.
 //
 // Thread: any.
 #pragma once
@@ -29,7 +29,7 @@ QString plainCaption(std::string_view caption);
 /// A design's caption as Qt takes it: '&' before the first character that is the mnemonic, in that case.
 QString markedCaption(std::string_view caption, char mnemonic);
 
-/// Text for a tool tip, which Qt would else read as markup wherever it looks like some.
+/// Text for a tool tip. Qt would read a text that looks like markup as such.
 QString toolTipText(const QString& plain);
 
 } // namespace orvan::qt

@@ -1,4 +1,6 @@
-// QtTextBox: a text box of one line. Ownership: see orvan/ui/qt/QtWidgetHolder.h.
+// QtTextBox: a text box of one line.
+//
+// Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/TextBox.h"

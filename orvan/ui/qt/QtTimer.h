@@ -1,6 +1,6 @@
 // QtTimer: the timer on Qt's event loop.
 //
-// Thread: the user-interface thread.
+// Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Timer.h"
@@ -13,7 +13,7 @@ class QtTimer final : public ui::Timer {
 public:
     explicit QtTimer(const ui::ControlDesign& design);
 
-    /// The form is gone: no more events, whatever is set.
+    /// The form has been unloaded: no more events, whatever is set.
     void end();
 
 private:

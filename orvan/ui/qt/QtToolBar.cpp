@@ -14,11 +14,11 @@ class MenuBar final : public QMenuBar {
 public:
     explicit MenuBar(QWidget* parent) : QMenuBar(parent)
     {
-        setNativeMenuBar(false); // it belongs to its form, also where a desktop shows one bar for all
+        setNativeMenuBar(false); // the bar stays in its form even where the desktop shows one bar for all windows
     }
 
 protected:
-    /// The base watches the parent already.
+    /// QMenuBar has installed itself as its parent's event filter.
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (watched == parentWidget() && event->type() == QEvent::Resize) {

@@ -1,9 +1,10 @@
 // QtWidgetHolder: what each Qt control has beside the abstract one: its widget.
 //
-// The control and its widget may go in any order. The parent widget owns the widget, so it may be
-// destroyed with its window first; the control then keeps its state and shows nothing. A control
-// that goes first takes its widget along once control returns to the event loop, because its going
-// may be the doing of an event that the widget is still handling. Thread: the user-interface thread.
+// The control and its widget may be destroyed in either order. Ownership: the parent widget owns the
+// widget, which may be destroyed with its window first; the control then keeps its state and shows
+// nothing. A control that is destroyed first hides its widget and has it deleted by the event loop,
+// because the widget may still be handling the event that destroys the control. Lengths are in twips.
+// Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"

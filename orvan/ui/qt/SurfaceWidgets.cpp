@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/SurfaceWidgets.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/qt/FieldCard.h"
@@ -30,8 +31,8 @@ QWidget* widgetOf(ui::Control& control)
 SurfaceWidgets::SurfaceWidgets(const ui::Surface& surface, ui::Platform& platform, QWidget* host)
     : surface_(surface), platform_(platform), host_(host)
 {
-    // Not from the focus event itself: when this comes, both widgets have dealt with
-    // theirs, so that a handler that selects text or moves the focus on has the last word.
+    // This signal comes after both widgets have handled their focus events, so that a handler that selects text or
+    // moves the focus on has the last word.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) { takeFocus(now); });
 }
 
@@ -89,7 +90,7 @@ void SurfaceWidgets::addStop(const ui::ControlDesign& design, ui::Control& contr
     stops_.push_back({&control, &widget, design.tabIndex});
 }
 
-/// What a screen reader calls it: its own caption, else its label's, else its tool tip.
+/// A screen reader calls the control by its own caption, else by its label's, else by its tool tip.
 void SurfaceWidgets::nameForAssistance(const ui::ControlDesign& design, QWidget& widget)
 {
     if (!design.caption.empty()) {
@@ -130,24 +131,24 @@ void SurfaceWidgets::setFocus(ui::Control& to)
 
 bool SurfaceWidgets::eventFilter(QObject* /*watched*/, QEvent* event)
 {
-    if (event->type() == QEvent::Resize && onHostSize) {
+    if (event->type() == QEvent::Resize) {
         const QSize size = static_cast<QResizeEvent*>(event)->size();
-        onHostSize(size.width(), size.height()); // may end the surface, and this
+        runHandler(onHostSize, size.width(), size.height()); // may destroy the surface, and this with it
     }
     return false;
 }
 
 void SurfaceWidgets::takeFocus(QWidget* now)
 {
-    // Another window, a menu or a list that drops down is no control of the surface, and what gets
-    // the focus back from it has it already.
-    if (programMoves_ || !onUserFocus) {
+    // Another window, a menu or a list that drops down is no control of the surface: nothing is reported. The control
+    // that gets the focus back from it still has it in the surface's sense, and so raises no event.
+    if (programMoves_) {
         return;
     }
     for (QWidget* widget = now; widget && widget != host_; widget = widget->parentWidget()) {
         for (const Stop& stop : stops_) {
             if (stop.widget == widget) {
-                onUserFocus(*stop.control); // may end the surface, and this
+                runHandler(onUserFocus, *stop.control); // may destroy the surface, and this with it
                 return;
             }
         }

@@ -1,10 +1,10 @@
 // SurfaceWidgets: the widgets of one surface, embedded or a window of its own.
 //
-// Makes each control from its design row inside the surface's host widget, names it for those who
-// cannot see it, orders the keyboard focus, and tells the surface what its user does to the window:
-// where the focus goes and how large the host is. Ownership: a surface owns one and has it make its
-// controls, which the surface owns; the host may go first. A report may end the surface, and this
-// with it. Thread: the user-interface thread.
+// Makes each control from its design row inside the surface's host widget, names it for assistive
+// technology, orders the keyboard focus, and reports to the surface where the user moves the focus and
+// how large the host is. A report may destroy the surface, and this with it. Ownership: the surface
+// owns this and the controls it makes; the host may be destroyed first. Thread: the user-interface
+// thread.
 #pragma once
 
 #include "orvan/ui/Surface.h"
@@ -37,7 +37,7 @@ public:
     /// Makes one control inside `parent` (null: the host). Raises 380 for a button picture that does
     /// not exist.
     std::unique_ptr<ui::Control> make(const ui::ControlDesign& design, ui::Control* parent);
-    /// All controls are made: Tab goes through them in the design's order, and the host is listened to.
+    /// To be called when all controls are made: sets the order of Tab and begins to watch the host.
     void complete();
     /// Gives the control's widget Qt's focus without a report.
     void setFocus(ui::Control& to);
@@ -49,7 +49,7 @@ private:
         std::int32_t tabIndex;
     };
 
-    /// The host's.
+    /// Filters the host's events.
     bool eventFilter(QObject* watched, QEvent* event) override;
     std::unique_ptr<ui::Control> makeControl(const ui::ControlDesign& design, QWidget* parent);
     bool hasCells(std::string_view frame) const;
@@ -61,7 +61,7 @@ private:
     ui::Platform& platform_;
     QPointer<QWidget> host_;
     std::vector<Stop> stops_;
-    QtLabel* labelBefore_ = nullptr; ///< The control made just before, where it is a label.
+    QtLabel* labelBefore_ = nullptr; ///< The control made last, if it is a label.
     std::string captionBefore_;
     bool programMoves_ = false;
 };

@@ -1,4 +1,4 @@
-// Twips: the library's lengths against Qt's device-independent pixels, 15 to 1.
+// Twips: conversion between the library's lengths (twips) and Qt's (device-independent pixels of 15 twips).
 //
 // Thread: any.
 #pragma once

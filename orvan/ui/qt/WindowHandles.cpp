@@ -19,7 +19,7 @@ struct Entry {
 };
 
 struct Table {
-    std::vector<Entry> entries; ///< A few windows at a time: gone ones are dropped at the next new one.
+    std::vector<Entry> entries; ///< Only a few: those of destroyed windows are removed when one is added.
     std::int32_t last = 0;
 };
 

@@ -1,0 +1,41 @@
+// EntryPort: how the part of a platform that acts for a box's user reads the box and reports to it.
+//
+// A text box and the edit part of a combo box take the same keys and changes. A platform writes that once, against this
+// port, and each of its boxes (EntryWithPort) provides one. A report may destroy the box, and the port with it, because
+// it raises events. Ownership: the box is its own port. Thread: the user-interface thread.
+#pragma once
+
+#include "orvan/ui/TextEntry.h"
+
+#include <string>
+#include <utility>
+
+namespace orvan::ui {
+
+/// The reports are those of TextEntry.
+class EntryPort {
+public:
+    virtual TextEntry& entry() = 0;
+    virtual void reportText(std::string text) = 0;
+    virtual void reportSelection(std::int32_t start, std::int32_t length) = 0;
+    /// Returns the character that is to be typed; 0: none.
+    [[nodiscard]] virtual char32_t reportKey(char32_t character) = 0;
+
+protected:
+    ~EntryPort() = default;
+};
+
+/// `Box` is TextBox or ComboBox.
+template <class Box>
+class EntryWithPort : public Box, protected EntryPort {
+protected:
+    using Box::Box;
+
+private:
+    TextEntry& entry() final { return *this; }
+    void reportText(std::string text) final { this->userChangedText(std::move(text)); }
+    void reportSelection(std::int32_t start, std::int32_t length) final { this->userSelected(start, length); }
+    char32_t reportKey(char32_t character) final { return this->userPressedKey(character); }
+};
+
+} // namespace orvan::ui
