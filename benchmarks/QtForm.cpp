@@ -6,7 +6,7 @@
 #include "benchmarks/Subjects.h"
 #include "benchmarks/Table.h"
 #include "benchmarks/Windows.h"
-#include "orvan/ui/TextBox.h"
+#include "orvan/ui/TextEntry.h"
 
 #include <QApplication>
 

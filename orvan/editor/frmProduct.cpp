@@ -8,7 +8,7 @@
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Frame.h"
 #include "orvan/ui/Platform.h"
-#include "orvan/ui/ToolBar.h"
+#include "orvan/ui/ToolSet.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Frame.h"
-#include "orvan/ui/ToolBar.h"
+#include "orvan/ui/ToolSet.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
-#include "orvan/ui/TextBox.h"
+#include "orvan/ui/TextEntry.h"
 
 #include <algorithm>
 #include <iterator>

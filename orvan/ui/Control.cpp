@@ -82,4 +82,16 @@ void Control::giveFocusAway()
     }
 }
 
+void EnabledControl::setEnabled(bool enabled)
+{
+    if (enabled == enabled_) {
+        return;
+    }
+    enabled_ = enabled;
+    if (!enabled) {
+        giveFocusAway();
+    }
+    doSetEnabled();
+}
+
 } // namespace orvan::ui

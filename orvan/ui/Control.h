@@ -67,7 +67,7 @@ protected:
             platform->raise(handler, std::forward<Arguments>(arguments)...);
         }
     }
-    /// Whether the user can do something to it: see orvan/ui/EnabledControl.h.
+    /// Whether the user can do something to it: see orvan/ui/Control.h.
     virtual bool takesInput() const { return !parent_ || parent_->takesInput(); }
     /// The control takes no input any more: moves the focus elsewhere if it is on the control or inside it.
     void giveFocusAway();
@@ -87,6 +87,26 @@ private:
     float top_;
     float width_;
     float height_;
+};
+
+/// A control that can be greyed: buttons, and frames with all they hold.
+class EnabledControl : public Control {
+public:
+    using Control::Control;
+
+    bool enabled() const { return enabled_; }
+    /// A control that is not enabled is shown greyed and takes neither clicks nor the focus. If it, or a control in it,
+    /// has the focus, a neighbour gets it.
+    void setEnabled(bool enabled);
+
+protected:
+    /// Show enabled().
+    virtual void doSetEnabled() = 0;
+
+private:
+    bool takesInput() const override { return enabled_ && Control::takesInput(); }
+
+    bool enabled_ = true;
 };
 
 } // namespace orvan::ui

@@ -3,7 +3,7 @@
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
-#include "orvan/ui/EnabledControl.h"
+#include "orvan/ui/Control.h"
 
 namespace orvan::ui {
 

@@ -77,4 +77,10 @@ private:
     std::int32_t selectionLength_ = 0;
 };
 
+/// A box of text, of one line or several.
+class TextBox : public TextEntry {
+public:
+    using TextEntry::TextEntry;
+};
+
 } // namespace orvan::ui

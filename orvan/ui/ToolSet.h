@@ -37,4 +37,20 @@ private:
     std::vector<bool> enabled_;
 };
 
+/// A menu bar with menus and sub-menus.
+class ToolBar : public ToolSet {
+public:
+    using ToolSet::ToolSet;
+};
+
+/// A menu that stands in no bar and comes up at the mouse. The user's choice is a later event; dismissing the menu
+/// raises none.
+class PopupMenu : public ToolSet {
+public:
+    using ToolSet::ToolSet;
+
+    /// Shows the menu and returns at once.
+    virtual void popUp() = 0;
+};
+
 } // namespace orvan::ui

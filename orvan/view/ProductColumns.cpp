@@ -4,8 +4,8 @@
 #include "orvan/base/ScopedHandlers.h"
 #include "orvan/base/Text.h"
 #include "orvan/core/modInit.h"
-#include "orvan/ui/PopupMenu.h"
 #include "orvan/ui/Surface.h"
+#include "orvan/ui/ToolSet.h"
 #include "orvan/view/ProductColumnTable.h"
 
 #include <algorithm>

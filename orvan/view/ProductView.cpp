@@ -8,7 +8,7 @@
 #include "orvan/ui/Grid.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
-#include "orvan/ui/TextBox.h"
+#include "orvan/ui/TextEntry.h"
 
 namespace orvan {
 

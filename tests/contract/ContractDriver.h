@@ -6,11 +6,10 @@
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Grid.h"
 #include "orvan/ui/Platform.h"
-#include "orvan/ui/PopupMenu.h"
 #include "orvan/ui/Surface.h"
-#include "orvan/ui/TextBox.h"
+#include "orvan/ui/TextEntry.h"
 #include "orvan/ui/Timer.h"
-#include "orvan/ui/ToolBar.h"
+#include "orvan/ui/ToolSet.h"
 
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"

@@ -18,8 +18,8 @@ using files::EditLock;
 /// A lock as another program has written it.
 void writeLock(const fs::path& file, const std::string& host, std::int64_t process, const std::string& identity)
 {
-    writeText(EditLock::pathFor(file), "orvan-lock 1\nanna\n" + host + "\n" + std::to_string(process) + "\n" + identity +
-                                           "\n1700000000\n");
+    writeText(EditLock::pathFor(file),
+              "orvan-lock 1\nanna\n" + host + "\n" + std::to_string(process) + "\n" + identity + "\n1700000000\n");
 }
 
 TEST(EditLock, IsHeldByOneAndGivenBack)

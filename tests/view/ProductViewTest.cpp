@@ -1,5 +1,5 @@
-#include "orvan/ui/Frame.h"
 #include "orvan/view/ProductView.h"
+#include "orvan/ui/Frame.h"
 #include "orvan/view/ProductViewDesign.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"

@@ -7,8 +7,7 @@
 
 #include "orvan/ui/Button.h"
 #include "orvan/ui/Grid.h"
-#include "orvan/ui/PopupMenu.h"
-#include "orvan/ui/ToolBar.h"
+#include "orvan/ui/ToolSet.h"
 
 #include <memory>
 #include <string>

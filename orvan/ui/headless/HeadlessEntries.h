@@ -8,7 +8,7 @@
 #include "orvan/base/Lifetime.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/EntryPort.h"
-#include "orvan/ui/TextBox.h"
+#include "orvan/ui/TextEntry.h"
 
 #include <string>
 #include <string_view>

@@ -3,7 +3,7 @@
 // Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
-#include "orvan/ui/TextBox.h"
+#include "orvan/ui/TextEntry.h"
 #include "orvan/ui/qt/QtEntry.h"
 
 namespace orvan::qt {

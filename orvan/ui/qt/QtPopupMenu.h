@@ -4,7 +4,7 @@
 // Thread: the user-interface thread.
 #pragma once
 
-#include "orvan/ui/PopupMenu.h"
+#include "orvan/ui/ToolSet.h"
 
 #include <QMenu>
 #include <QPointer>

@@ -4,7 +4,7 @@
 // Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
-#include "orvan/ui/ToolBar.h"
+#include "orvan/ui/ToolSet.h"
 #include "orvan/ui/qt/QtWidgetHolder.h"
 
 class QAction;
