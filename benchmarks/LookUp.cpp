@@ -57,19 +57,19 @@ public:
         dropFromCache(file_);
     }
 
-    LookUpList GetPartNumList(std::string_view sText, bool bAll) override
+    LookUpList GetPartNumList(std::string_view sText, bool all) override
     {
         searched();
-        return inner_->GetPartNumList(sText, bAll);
+        return inner_->GetPartNumList(sText, all);
     }
-    LookUpList GetProductNameList(std::string_view sText, bool bAll) override
+    LookUpList GetProductNameList(std::string_view sText, bool all) override
     {
         searched();
-        return inner_->GetProductNameList(sText, bAll);
+        return inner_->GetProductNameList(sText, all);
     }
-    void SeekItem(std::int32_t lItemId) override { inner_->SeekItem(lItemId); }
+    void SeekItem(std::int32_t itemId) override { inner_->SeekItem(itemId); }
     bool IsEOF() override { return inner_->IsEOF(); }
-    LookUpValue GetFieldValue(std::int32_t iColumn) override { return inner_->GetFieldValue(iColumn); }
+    LookUpValue GetFieldValue(std::int32_t column) override { return inner_->GetFieldValue(column); }
 
     std::function<void()> onSearch;
 

@@ -12,27 +12,29 @@
 namespace orvan {
 
 /// Error numbers, as the runtimes of hosts of this kind number their trappable errors.
-namespace ErrorNumber {
-inline constexpr std::int32_t invalidProcedureCall = 5;
-inline constexpr std::int32_t overflow = 6;
-inline constexpr std::int32_t outOfMemory = 7;
-inline constexpr std::int32_t subscriptOutOfRange = 9;
-inline constexpr std::int32_t divisionByZero = 11;
-inline constexpr std::int32_t typeMismatch = 13;
-inline constexpr std::int32_t outOfStringSpace = 14;
-inline constexpr std::int32_t internalError = 51;
-inline constexpr std::int32_t pathFileAccess = 75;
-inline constexpr std::int32_t objectNotSet = 91;
-inline constexpr std::int32_t invalidUseOfNull = 94;
-inline constexpr std::int32_t invalidFileFormat = 321;
-inline constexpr std::int32_t objectUnloaded = 364;
-inline constexpr std::int32_t invalidPropertyValue = 380;
-inline constexpr std::int32_t formAlreadyShown = 400;
-inline constexpr std::int32_t objectRequired = 424;
-inline constexpr std::int32_t cannotCreateComponent = 429;
-inline constexpr std::int32_t interfaceNotSupported = 430;
-inline constexpr std::int32_t automationError = 440;
-} // namespace ErrorNumber
+struct ErrorNumber {
+    enum Value : std::int32_t {
+        invalidProcedureCall = 5,
+        overflow = 6,
+        outOfMemory = 7,
+        subscriptOutOfRange = 9,
+        divisionByZero = 11,
+        typeMismatch = 13,
+        outOfStringSpace = 14,
+        internalError = 51,
+        pathFileAccess = 75,
+        objectNotSet = 91,
+        invalidUseOfNull = 94,
+        invalidFileFormat = 321,
+        objectUnloaded = 364,
+        invalidPropertyValue = 380,
+        formAlreadyShown = 400,
+        objectRequired = 424,
+        cannotCreateComponent = 429,
+        interfaceNotSupported = 430,
+        automationError = 440,
+    };
+};
 
 /// The runtime's own text for a number; "Application-defined or object-defined error" for others.
 [[nodiscard]] std::string_view standardErrorText(std::int32_t number);
