@@ -9,6 +9,7 @@
 #include "orvan/hosting/ComponentRegistry.h"
 #include "orvan/hosting/DefaultComponents.h"
 #include "orvan/hosting/ThreadMessages.h"
+#include "orvan/ui/EditingWay.h"
 #include "orvan/ui/LocaleService.h"
 #include "orvan/ui/icu/LocaleNames.h"
 
