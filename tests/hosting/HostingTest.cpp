@@ -145,7 +145,7 @@ TEST(ComponentRegistry, LibraryLivesAsLongAsItsObjectsAndTheRegistry)
         registry.registerLibrary("Test.Trace", LIBRARY_Good);
         registry.registerLibrary("Test.NoTrace", LIBRARY_Good);
         EXPECT_FALSE(isLoaded(LIBRARY_Good)) << "loaded before its first object";
-        EXPECT_EQ(raisedBy([&] { ui::createComponent<Trace>(registry, "Test.NoTrace"); }).number, 430);
+        EXPECT_EQ(raisedBy([&] { trace = ui::createComponent<Trace>(registry, "Test.NoTrace"); }).number, 430);
         registry.unregisterClass("Test.NoTrace");
         EXPECT_TRUE(isLoaded(LIBRARY_Good)) << "unloaded under a living registry";
         trace = ui::createComponent<Trace>(registry, "test.trace");
