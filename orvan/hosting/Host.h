@@ -8,6 +8,7 @@
 
 #include "orvan/hosting/ComponentRegistry.h"
 #include "orvan/hosting/DefaultComponents.h"
+#include "orvan/ui/EditingWay.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
 
 #include <utility>
