@@ -30,6 +30,7 @@ void frmProduct::PrvLoadProductInfo()
         objCurrentProduct = productMgr().GetProduct(lCurrentIndex_);
         // Setting a box's text raises its change event, and a handler may let the record go.
         const std::shared_ptr<ProductRecord> record = objCurrentProduct;
+        static_cast<void>(currentProduct()); // error 91 where the manager hands out none
         setProductShown(true);
         txtNote_.setMaxLength(kMostNoteCharacters);
         cboProductName_.setText(cut(record->Name(), kMostNameCharacters));

@@ -220,10 +220,19 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     PrvSaveViewPrefs();
 }
 
-void ProductColumns::fillRow(std::int32_t row, std::int32_t index, const ProductRecord& record)
+ProductColumns::Cells ProductColumns::cells(std::int32_t index, const ProductRecord& record)
+{
+    Cells cells;
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        cells[i] = cellValue(kColumns[i], index, record);
+    }
+    return cells;
+}
+
+void ProductColumns::showRow(std::int32_t row, Cells cells)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        flexGrid_.setValue(row, columnIndices_[i], cellValue(kColumns[i], index, record));
+        flexGrid_.setValue(row, columnIndices_[i], std::move(cells[i]));
     }
 }
 

@@ -15,6 +15,8 @@
 // items, which are not traced, raise to the platform.
 #pragma once
 
+#include "orvan/ui/GridFormat.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -59,8 +61,11 @@ public:
     void PrvReadPrefs();
     void PrvApplyColumnLayout();
 
-    /// Writes the product at position `index` of the list into a row of the grid.
-    void fillRow(std::int32_t row, std::int32_t index, const ProductRecord& record);
+    /// Of one row, by column of the table.
+    using Cells = std::array<ui::GridValue, kColumnCount>;
+    /// What a row shows of the product at position `index` of the list.
+    [[nodiscard]] static Cells cells(std::int32_t index, const ProductRecord& record);
+    void showRow(std::int32_t row, Cells cells);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
 

@@ -10,11 +10,30 @@
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/TextBox.h"
 
+#include <optional>
+#include <utility>
+
 namespace orvan {
 
 namespace {
 
 constexpr float kGap = 60; // twips between the grid and the band below it
+
+/// What the grid shows of the product at `index`, which the manager may move; none where it finds no product.
+std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32_t& index)
+{
+    bool found = false;
+    manager.SeekIndex(index, 0, found);
+    // Fetched before `found` is looked at, so that a manager's error is seen as an error.
+    const auto record = manager.GetProduct(index);
+    if (!found) {
+        return std::nullopt;
+    }
+    if (!record) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return ProductColumns::cells(index, *record);
+}
 
 } // namespace
 
@@ -78,36 +97,48 @@ void ProductView::UserControl_Terminate()
                 [&](auto step) { step([&] { productMgr_.reset(); }); });
 }
 
+ProductMgr* ProductView::CurrentList::operator->() const
+{
+    if (!manager_) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return manager_.get();
+}
+
 void ProductView::Show(std::string_view sProducts)
 {
+    const LifetimeWatch watch = lifetime_.watch();
     tracePropagate("KTVOrvanProduct.ProductView::Show", [&] {
-        // Only a manager that is held is replaced. Where there is none, none is made, so that the next statement
-        // raises 91 instead of hiding that the view was never initialised.
-        if (productMgr_) {
-            productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+        if (watch.ended()) {
+            return;
         }
-        productMgr().SetProductsString(sProducts, kRecordSeparator, kFieldSeparator, false);
-        PrvRefreshView(true);
+        // Only a manager that is held is replaced: making one here would hide that the view was never initialised.
+        if (!productMgr_) {
+            throw RuntimeError(ErrorNumber::objectNotSet);
+        }
+        const auto manager = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+        if (watch.ended()) {
+            return;
+        }
+        productMgr_ = manager;
+        manager->SetProductsString(sProducts, kRecordSeparator, kFieldSeparator, false);
+        if (!watch.ended()) {
+            PrvRefreshView(true);
+        }
     });
 }
 
 std::string ProductView::Products()
 {
+    const CurrentList list(*this);
     return tracePropagate("KTVOrvanProduct.ProductView::Products",
-                          [&] { return productMgr().GetProductsString(kRecordSeparator, kFieldSeparator); });
+                          [&] { return list->GetProductsString(kRecordSeparator, kFieldSeparator); });
 }
 
 Currency ProductView::TotalValue()
 {
-    return tracePropagate("KTVOrvanProduct.ProductView::TotalValue", [&] { return productMgr().GetTotalValue(); });
-}
-
-ProductMgr& ProductView::productMgr() const
-{
-    if (!productMgr_) {
-        throw RuntimeError(ErrorNumber::objectNotSet);
-    }
-    return *productMgr_;
+    const CurrentList list(*this);
+    return tracePropagate("KTVOrvanProduct.ProductView::TotalValue", [&] { return list->GetTotalValue(); });
 }
 
 void ProductView::PrvSetDirty(bool bDirty)
@@ -121,26 +152,36 @@ void ProductView::PrvSetDirty(bool bDirty)
 
 void ProductView::PrvRefreshView(bool updateTotal)
 {
+    const CurrentList list(*this);
     tracePropagate("KTVOrvanProduct.ProductView::PrvRefreshView", [&] {
+        if (!list.stillShown()) {
+            return;
+        }
         // An error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
         flexGrid_.setRedraw(false);
-        const std::int32_t count = productMgr().GetProductCount();
+        const std::int32_t count = list->GetProductCount();
+        if (!list.stillShown()) {
+            return;
+        }
         flexGrid_.setRowCount(count + 1);
         // The row has a counter of its own, because the manager may move the index.
         std::int32_t row = 1;
         for (std::int32_t index = 1; index <= count; ++index, ++row) {
-            bool found = false;
-            productMgr().SeekIndex(index, 0, found);
-            // Fetched before `found` is looked at, so that a manager's error is seen as an error.
-            const auto record = productMgr().GetProduct(index);
-            if (!found) {
+            auto cells = readProduct(*list.manager(), index);
+            if (!list.stillShown()) {
+                return;
+            }
+            if (!cells) {
                 break;
             }
-            columns_.fillRow(row, index, *record);
+            columns_.showRow(row, std::move(*cells));
         }
         if (updateTotal) {
-            txtTotal_.setText(
-                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, locale_.currencySymbol, true));
+            const Currency total = list->GetTotalValue();
+            if (!list.stillShown()) {
+                return;
+            }
+            txtTotal_.setText(FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true));
         }
         flexGrid_.setRedraw(true);
     });
