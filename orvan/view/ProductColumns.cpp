@@ -15,7 +15,6 @@ namespace orvan {
 
 namespace {
 
-constexpr std::int32_t kPositionOne = 2;         ///< Of column One in the grid; column Two follows it.
 constexpr std::int32_t kNumberColumnWidth = 250; // twips
 constexpr std::size_t kMostCellCharacters = 255;
 
@@ -212,11 +211,10 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     const std::int32_t width = flexGrid_.columnWidth(chosen.column);
     chosen.field = field;
     chosen.column = column;
-    flexGrid_.setRedraw(false);
+    // Redrawing stays as it is: after a refresh that failed it is off, and half a list is not to be shown.
     flexGrid_.setColumnWidth(chosen.column, width); // the place keeps its width, whatever is shown there
     PrvSetColumnFormat(chosen.column, chosen.field);
     PrvShowChosenColumns();
-    flexGrid_.setRedraw(true);
     PrvSaveViewPrefs();
 }
 

@@ -23,6 +23,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace orvan {
 
@@ -43,6 +44,7 @@ enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt =
 class ProductColumns {
 public:
     static constexpr std::int32_t kColumnCount = 9;
+    static constexpr std::int32_t kPositionOne = 2; ///< Of column One in the grid; column Two follows it.
     /// The two columns of the user's choice.
     enum Place : std::size_t { One, Two };
 
@@ -95,6 +97,7 @@ private:
     void PrvSetDefaultProps();
     void chooseFields(ViewFieldEnum one, ViewFieldEnum two);
     [[nodiscard]] bool applyStoredPrefs();
+    [[nodiscard]] std::vector<std::int32_t> columnsOnceMoved() const;
     void applyDefaultPrefs();
     void PrvSaveViewPrefs();
 

@@ -10,12 +10,13 @@ namespace {
 
 const std::string kOtherList = "2~Shelf:::5:1:0:5:~Sofa:::7:1:0:7:~";
 
-/// Passes everything on, and acts when a procedure is entered.
+/// Passes everything on, and acts when a procedure is entered or left.
 class HookedTrace final : public Trace {
 public:
     explicit HookedTrace(std::shared_ptr<Trace> inner) : inner_(std::move(inner)) {}
 
     std::string procedure; ///< At its next entry `act` runs.
+    std::string leaving;   ///< At its next exit `act` runs.
     std::function<void()> act;
 
     std::int32_t LastErrorNumber() override { return inner_->LastErrorNumber(); }
@@ -23,16 +24,25 @@ public:
     void TraceEnter(std::string_view label) override
     {
         inner_->TraceEnter(label);
-        if (!procedure.empty() && label.ends_with("::" + procedure)) {
-            procedure.clear();
-            act();
-        }
+        actAt(procedure, label);
     }
-    void TraceExit(std::string_view label) override { inner_->TraceExit(label); }
+    void TraceExit(std::string_view label) override
+    {
+        inner_->TraceExit(label);
+        actAt(leaving, label);
+    }
     std::int32_t AppErrorNumber() override { return inner_->AppErrorNumber(); }
     void ShowLastError(std::int32_t window) override { inner_->ShowLastError(window); }
 
 private:
+    void actAt(std::string& awaited, std::string_view label)
+    {
+        if (!awaited.empty() && label.ends_with(awaited)) {
+            awaited.clear();
+            act();
+        }
+    }
+
     std::shared_ptr<Trace> inner_;
 };
 
@@ -151,7 +161,7 @@ TEST_F(ProductViewReentryTest, TheViewMayBeDestroyedByTheTrace)
             static_cast<void>(platform.messageBox().show({.text = "", .buttons = ui::MessageButtons::yesNo}));
         }
         const auto before = std::exchange(gobjTrace, hooked);
-        hooked->procedure = where;
+        hooked->procedure = std::string("::") + where;
         hooked->act = [&] { view.reset(); };
         perform(action);
         gobjTrace = before;
@@ -165,7 +175,7 @@ TEST_F(ProductViewReentryTest, AMoveLeavesAListAloneThatTheTraceShows)
     const auto hooked = std::make_shared<HookedTrace>(trace.trace());
     makeReady("cmdMoveUp");
     const auto before = std::exchange(gobjTrace, hooked);
-    hooked->procedure = "PrvMoveProduct";
+    hooked->procedure = "::PrvMoveProduct";
     hooked->act = [&] { view->Show(kOtherList); };
     perform("cmdMoveUp");
     gobjTrace = before;
@@ -201,6 +211,41 @@ TEST_F(ProductViewReentryTest, AnEditorBelongsToTheListThatItWasOpenedOn)
             perform(action);
             expectOtherList();
         }
+    }
+}
+
+TEST_F(ProductViewReentryTest, AChangeMarksTheViewWhateverFailsAfterIt)
+{
+    const auto hooked = std::make_shared<HookedTrace>(trace.trace());
+    const struct {
+        const char *name, *action, *operation, *leaving;
+    } rows[] = {{"an added product that the editor cannot show", "cmdNew", "GetProduct", ""},
+                {"an edit, and the trace refuses the dialog's end", "double click", "", "ProductDlg::Show"},
+                {"a move, and the refresh fails", "cmdMoveUp", "GetProductCount", ""},
+                {"a move, and the trace refuses its end", "cmdMoveUp", "", "PrvMoveProduct"},
+                {"a deletion, and the refresh fails", "cmdDelete", "GetProductCount", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        makeReady(row.action);
+        if (std::string_view(row.action) == "double click") {
+            platform.drive([&](headless::HeadlessForm& form) {
+                form.focus("txtQty");
+                form.textBox("txtQty").type("4");
+                platform.messageBox().answer(ui::MessageResult::yes);
+                form.clickCloseBox();
+            });
+        }
+        const auto before = std::exchange(gobjTrace, hooked);
+        const std::size_t errors = trace->errors().size();
+        hooks.operation = row.operation;
+        hooked->leaving = row.leaving;
+        hooks.act = hooked->act = [] { throw RuntimeError(1000); };
+        perform(row.action);
+        gobjTrace = before;
+        EXPECT_EQ(hooks.operation + hooked->leaving, "") << "never reached";
+        trace->declareError(1000, static_cast<int>(trace->numbersSince(errors).size()));
+        EXPECT_TRUE(view->Dirty());
+        EXPECT_NE(view->Products(), kThreeProducts);
     }
 }
 
