@@ -3,6 +3,8 @@
 #include "orvan/base/Integer.h"
 #include "orvan/base/ScopedHandlers.h"
 #include "orvan/base/Text.h"
+#include "orvan/core/Deviations.h"
+#include "orvan/core/modConversion.h"
 #include "orvan/core/modInit.h"
 #include "orvan/ui/PopupMenu.h"
 #include "orvan/ui/Surface.h"
@@ -17,6 +19,7 @@ namespace {
 
 constexpr std::int32_t kNumberColumnWidth = 250; // twips
 constexpr std::size_t kMostCellCharacters = 255;
+constexpr std::int16_t kMoneyDigits = 2;
 
 /// The row of a field that can be chosen; null for a value outside the enumeration.
 const ColumnRow* rowOf(ViewFieldEnum field)
@@ -124,7 +127,14 @@ void ProductColumns::PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field
     }
     const ColumnRow* row = rowOf(field);
     flexGrid_.setColumnType(column, row ? row->shownType : ui::GridType::none);
-    flexGrid_.setColumnFormat(column, row ? row->shownFormat : "");
+    ui::Grid::AmountText text;
+    if (row && row->shownFormat == kMoneyFormat && differs(platform_, Deviation::gridShowsTheUsersMoney)) {
+        // Captures the locale alone: the grid outlives this object.
+        text = [&locale = platform_.locale()](Currency amount) {
+            return FormatCurrencyValue(locale, amount, kMoneyDigits, {}, true);
+        };
+    }
+    flexGrid_.setColumnFormat(column, row ? row->shownFormat : "", std::move(text));
 }
 
 void ProductColumns::PrvApplyColumnLayout()

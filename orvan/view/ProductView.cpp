@@ -1,5 +1,6 @@
 #include "orvan/view/ProductView.h"
 
+#include "orvan/core/Deviations.h"
 #include "orvan/core/modConversion.h"
 #include "orvan/core/modInit.h"
 #include "orvan/ui/Button.h"
@@ -10,8 +11,10 @@
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/TextBox.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace orvan {
 
@@ -33,6 +36,19 @@ std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
     return ProductColumns::cells(index, *record);
+}
+
+/// A manager that counts wrongly is an error before the grid is touched.
+void requireShowable(std::string_view label, std::int32_t count)
+{
+    if (count < 0) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, std::string(label),
+                           "The product manager counts " + std::to_string(count) + " products");
+    }
+    if (count >= ui::Grid::kMostRows) { // the header is a row, too
+        throw RuntimeError(ErrorNumber::outOfMemory, std::string(label),
+                           "The list cannot show " + std::to_string(count) + " products");
+    }
 }
 
 } // namespace
@@ -150,40 +166,70 @@ void ProductView::PrvSetDirty(bool bDirty)
     }
 }
 
+template <class TakeRow>
+bool ProductView::readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow)
+{
+    for (std::int32_t index = 1; index <= count; ++index) {
+        auto cells = readProduct(*list.manager(), index);
+        if (!list.stillShown()) {
+            return false;
+        }
+        if (!cells) {
+            break;
+        }
+        takeRow(std::move(*cells));
+    }
+    return true;
+}
+
 void ProductView::PrvRefreshView(bool updateTotal)
 {
+    constexpr std::string_view kLabel = "KTVOrvanProduct.ProductView::PrvRefreshView";
     const CurrentList list(*this);
-    tracePropagate("KTVOrvanProduct.ProductView::PrvRefreshView", [&] {
+    tracePropagate(kLabel, [&] {
         if (!list.stillShown()) {
             return;
         }
-        // An error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
-        flexGrid_.setRedraw(false);
+        // Where the former rows are to stay after an error, everything is read before the grid is changed. Otherwise
+        // an error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
+        const bool readsFirst = differs(platform_, Deviation::failedRefreshShowsFormerRows);
+        showsFormerRows_ = readsFirst;
+        std::vector<ProductColumns::Cells> rows;
+        std::int32_t row = 1; // a counter of its own, because the manager may move the index
+        const auto keepRow = [&](ProductColumns::Cells cells) { rows.push_back(std::move(cells)); };
+        const auto showRow = [&](ProductColumns::Cells cells) { columns_.showRow(row++, std::move(cells)); };
+
+        if (!readsFirst) {
+            flexGrid_.setRedraw(false);
+        }
         const std::int32_t count = list->GetProductCount();
+        requireShowable(kLabel, count);
         if (!list.stillShown()) {
             return;
         }
-        flexGrid_.setRowCount(count + 1);
-        // The row has a counter of its own, because the manager may move the index.
-        std::int32_t row = 1;
-        for (std::int32_t index = 1; index <= count; ++index, ++row) {
-            auto cells = readProduct(*list.manager(), index);
-            if (!list.stillShown()) {
-                return;
-            }
-            if (!cells) {
-                break;
-            }
-            columns_.showRow(row, std::move(*cells));
+        if (!readsFirst) {
+            flexGrid_.setRowCount(count + 1);
+        }
+        if (!(readsFirst ? readRows(list, count, keepRow) : readRows(list, count, showRow))) {
+            return;
+        }
+        const Currency total = updateTotal ? list->GetTotalValue() : Currency();
+        if (!list.stillShown()) {
+            return;
+        }
+        const std::string totalText =
+            updateTotal ? FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true)
+                        : std::string();
+        if (readsFirst) {
+            flexGrid_.setRedraw(false);
+            flexGrid_.setRowCount(count + 1);
+            std::ranges::for_each(rows, [&](ProductColumns::Cells& cells) { showRow(std::move(cells)); });
         }
         if (updateTotal) {
-            const Currency total = list->GetTotalValue();
-            if (!list.stillShown()) {
-                return;
-            }
-            txtTotal_.setText(FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true));
+            txtTotal_.setText(totalText);
         }
         flexGrid_.setRedraw(true);
+        showsFormerRows_ = false;
     });
 }
 

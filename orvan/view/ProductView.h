@@ -84,6 +84,9 @@ private:
     };
     void PrvSetDirty(bool bDirty);
     void PrvRefreshView(bool updateTotal);
+    /// Hands on each product's cells; false where the list is not shown any more.
+    template <class TakeRow>
+    [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
 
     // ProductViewCommands.cpp
     void cmdNew_Click();
@@ -93,6 +96,8 @@ private:
     void cmdMoveDown_Click();
     using EditorOpening = std::function<void(ProductDlg& dialog, const std::shared_ptr<ProductMgr>& manager)>;
     struct EditMark;
+    /// Where a refresh failed, makes up for it and returns true: the row that the user chose may be another product's.
+    [[nodiscard]] bool refreshFormerRows();
     void openEditor(const CurrentList& list, const EditorOpening& open);
     void PrvDeleteProduct();
     void moveCurrentRow(std::int32_t offset);
@@ -122,6 +127,8 @@ private:
     LocaleStrings locale_;                   ///< Read once; of the five only the symbol is used here, for the total.
     bool dirty_ = false;
     bool dirtyLock_ = false; ///< While true, the flag cannot be set. No procedure sets the lock so far.
+    /// Deviation::failedRefreshShowsFormerRows: the rows may not be those of the list any more.
+    bool showsFormerRows_ = false;
     ScopedHandlers handlers_;
 };
 

@@ -60,6 +60,15 @@ void ProductView::openEditor(const CurrentList& list, const EditorOpening& open)
     }
 }
 
+bool ProductView::refreshFormerRows()
+{
+    const bool former = showsFormerRows_;
+    if (former) {
+        PrvRefreshView(true);
+    }
+    return former;
+}
+
 void ProductView::cmdNew_Click()
 {
     handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click", [&] {
@@ -73,7 +82,7 @@ void ProductView::flexGrid_DblClick()
     // The label is deliberately the add button's: both open the editor, and readers of traces look for one name.
     handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click", [&] {
         const std::int32_t row = flexGrid_.mouseRow();
-        if (row < 1) {
+        if (row < 1 || refreshFormerRows()) {
             return;
         }
         const CurrentList list(*this);
@@ -103,6 +112,9 @@ void ProductView::PrvDeleteProduct()
     const CurrentList list(*this);
     tracePropagate("KTVOrvanProduct.ProductView::PrvDeleteProduct", [&] {
         if (!list.stillShown()) {
+            return;
+        }
+        if (refreshFormerRows()) {
             return;
         }
         const std::int32_t row = flexGrid_.currentRow();
@@ -139,7 +151,7 @@ void ProductView::cmdMoveDown_Click()
 void ProductView::moveCurrentRow(std::int32_t offset)
 {
     const std::int32_t row = flexGrid_.currentRow();
-    if (row <= 0) {
+    if (row <= 0 || refreshFormerRows()) {
         return;
     }
     const CurrentList list(*this);

@@ -2,8 +2,11 @@
 // open editor.
 
 #include "orvan/ui/headless/HeadlessForm.h"
+#include "tests/support/Raised.h"
 #include "tests/support/ViewFixture.h"
 #include "tests/view/HookedProductMgr.h"
+
+#include <limits>
 
 namespace orvan::test {
 namespace {
@@ -259,6 +262,30 @@ TEST_F(ProductViewReentryTest, AManagerWithoutRecordsIsAnErrorLikeAnyOther)
     perform("double click");
     EXPECT_EQ(trace->lines().back(), "show 0");
     EXPECT_EQ(trace->numbersSince(before), std::vector<std::int32_t>(6, ErrorNumber::objectNotSet));
+}
+
+TEST_F(ProductViewReentryTest, AWrongCountIsAnErrorBeforeAnythingIsChanged)
+{
+    const struct {
+        const char* name;
+        std::int32_t count, error;
+    } rows[] = {{"negative", -1, ErrorNumber::invalidProcedureCall},
+                {"one more than a grid holds beside its header", ui::Grid::kMostRows, ErrorNumber::outOfMemory},
+                {"the most there is", std::numeric_limits<std::int32_t>::max(), ErrorNumber::outOfMemory}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        makeView().Show(kThreeProducts);
+        hooks.count = row.count;
+        trace->declareError(row.error, 2);
+        EXPECT_EQ(errorOf([&] { view->Show(kThreeProducts); }), row.error);
+        EXPECT_NE(trace->errors()[trace->errors().size() - 2].description().find(std::to_string(row.count)),
+                  std::string::npos);
+        hooks.count.reset();
+        EXPECT_EQ(this->row(0), "# | Product | Qty | Ext Price");
+        EXPECT_EQ(this->row(3), "3 | Chair | 1 | $875.00");
+        view->Show(kThreeProducts);
+        EXPECT_TRUE(view->flexGrid().redraw());
+    }
 }
 
 } // namespace
