@@ -91,7 +91,8 @@ void Grid::setRowCount(std::int32_t count)
 {
     const std::size_t rows = requireCount(count, "a row count");
     if (count > kMostRows) {
-        throw RuntimeError(ErrorNumber::outOfMemory, {}, name() + ": cannot hold " + std::to_string(count) + " rows");
+        throw RuntimeError(ErrorNumber::outOfMemory, {},
+                           std::string(name()).append(": cannot hold ").append(std::to_string(count)).append(" rows"));
     }
     for (const auto& column : columns_) {
         column->cells.resize(rows);

@@ -237,7 +237,7 @@ ProductColumns::Cells ProductColumns::cells(std::int32_t index, const ProductRec
     return cells;
 }
 
-void ProductColumns::showRow(std::int32_t row, Cells cells)
+void ProductColumns::showRow(std::int32_t row, Cells&& cells)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
         flexGrid_.setValue(row, columnIndices_[i], std::move(cells[i]));

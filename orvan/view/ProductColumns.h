@@ -67,7 +67,7 @@ public:
     using Cells = std::array<ui::GridValue, kColumnCount>;
     /// What a row shows of the product at position `index` of the list.
     [[nodiscard]] static Cells cells(std::int32_t index, const ProductRecord& record);
-    void showRow(std::int32_t row, Cells cells);
+    void showRow(std::int32_t row, Cells&& cells);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
 

@@ -39,15 +39,16 @@ std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32
 }
 
 /// A manager that counts wrongly is an error before the grid is touched.
-void requireShowable(std::string_view label, std::int32_t count)
+void requireShowable(std::int32_t count)
 {
     if (count < 0) {
-        throw RuntimeError(ErrorNumber::invalidProcedureCall, std::string(label),
-                           "The product manager counts " + std::to_string(count) + " products");
+        throw RuntimeError(
+            ErrorNumber::invalidProcedureCall, {},
+            std::string("The product manager counts ").append(std::to_string(count)).append(" products"));
     }
     if (count >= ui::Grid::kMostRows) { // the header is a row, too
-        throw RuntimeError(ErrorNumber::outOfMemory, std::string(label),
-                           "The list cannot show " + std::to_string(count) + " products");
+        throw RuntimeError(ErrorNumber::outOfMemory, {},
+                           std::string("The list cannot show ").append(std::to_string(count)).append(" products"));
     }
 }
 
@@ -184,53 +185,57 @@ bool ProductView::readRows(const CurrentList& list, std::int32_t count, const Ta
 
 void ProductView::PrvRefreshView(bool updateTotal)
 {
-    constexpr std::string_view kLabel = "KTVOrvanProduct.ProductView::PrvRefreshView";
     const CurrentList list(*this);
-    tracePropagate(kLabel, [&] {
-        if (!list.stillShown()) {
-            return;
+    tracePropagate("KTVOrvanProduct.ProductView::PrvRefreshView", [&] {
+        if (list.stillShown()) {
+            refillGrid(list, updateTotal);
         }
-        // Where the former rows are to stay after an error, everything is read before the grid is changed. Otherwise
-        // an error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
-        const bool readsFirst = differs(platform_, Deviation::failedRefreshShowsFormerRows);
-        showsFormerRows_ = readsFirst;
-        std::vector<ProductColumns::Cells> rows;
-        std::int32_t row = 1; // a counter of its own, because the manager may move the index
-        const auto keepRow = [&](ProductColumns::Cells cells) { rows.push_back(std::move(cells)); };
-        const auto showRow = [&](ProductColumns::Cells cells) { columns_.showRow(row++, std::move(cells)); };
-
-        if (!readsFirst) {
-            flexGrid_.setRedraw(false);
-        }
-        const std::int32_t count = list->GetProductCount();
-        requireShowable(kLabel, count);
-        if (!list.stillShown()) {
-            return;
-        }
-        if (!readsFirst) {
-            flexGrid_.setRowCount(count + 1);
-        }
-        if (!(readsFirst ? readRows(list, count, keepRow) : readRows(list, count, showRow))) {
-            return;
-        }
-        const Currency total = updateTotal ? list->GetTotalValue() : Currency();
-        if (!list.stillShown()) {
-            return;
-        }
-        const std::string totalText =
-            updateTotal ? FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true)
-                        : std::string();
-        if (readsFirst) {
-            flexGrid_.setRedraw(false);
-            flexGrid_.setRowCount(count + 1);
-            std::ranges::for_each(rows, [&](ProductColumns::Cells& cells) { showRow(std::move(cells)); });
-        }
-        if (updateTotal) {
-            txtTotal_.setText(totalText);
-        }
-        flexGrid_.setRedraw(true);
-        showsFormerRows_ = false;
     });
+}
+
+void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
+{
+    // Where the former rows are to stay after an error, everything is read before the grid is changed. Otherwise
+    // an error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
+    const bool readsFirst = differs(platform_, Deviation::failedRefreshShowsFormerRows);
+    showsFormerRows_ = readsFirst;
+    std::vector<ProductColumns::Cells> rows;
+    std::int32_t row = 1; // a counter of its own, because the manager may move the index
+    const auto keepRow = [&](ProductColumns::Cells&& cells) { rows.push_back(std::move(cells)); };
+    const auto showRow = [&](ProductColumns::Cells&& cells) { columns_.showRow(row++, std::move(cells)); };
+
+    if (!readsFirst) {
+        flexGrid_.setRedraw(false);
+    }
+    const std::int32_t count = list->GetProductCount();
+    requireShowable(count);
+    if (!list.stillShown()) {
+        return;
+    }
+    if (readsFirst) {
+        rows.reserve(static_cast<std::size_t>(count));
+    } else {
+        flexGrid_.setRowCount(count + 1);
+    }
+    if (!(readsFirst ? readRows(list, count, keepRow) : readRows(list, count, showRow))) {
+        return;
+    }
+    const Currency total = updateTotal ? list->GetTotalValue() : Currency();
+    if (!list.stillShown()) {
+        return;
+    }
+    const std::string totalText =
+        updateTotal ? FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true) : std::string();
+    if (readsFirst) {
+        flexGrid_.setRedraw(false);
+        flexGrid_.setRowCount(count + 1);
+        std::ranges::for_each(rows, [&](ProductColumns::Cells& cells) { showRow(std::move(cells)); });
+    }
+    if (updateTotal) {
+        txtTotal_.setText(totalText);
+    }
+    flexGrid_.setRedraw(true);
+    showsFormerRows_ = false;
 }
 
 } // namespace orvan

@@ -84,6 +84,7 @@ private:
     };
     void PrvSetDirty(bool bDirty);
     void PrvRefreshView(bool updateTotal);
+    void refillGrid(const CurrentList& list, bool updateTotal);
     /// Hands on each product's cells; false where the list is not shown any more.
     template <class TakeRow>
     [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
