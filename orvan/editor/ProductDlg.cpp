@@ -19,10 +19,16 @@ void ProductDlg::ShowAddNew(const std::shared_ptr<ProductMgr>& objProductMgr)
 
 void ProductDlg::runSession(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx, bool bAddNew)
 {
+    /// However the session ends: what an error interrupts may have changed the list.
+    struct DirtyRead {
+        const frmProduct& form;
+        bool& dirty;
+        ~DirtyRead() { dirty = form.Dirty(); }
+    };
     frmProduct form(platform_);
+    const DirtyRead read{form, dirty_};
     form.Init(objProductMgr, lProdIdx, bAddNew);
     form.showModal();
-    dirty_ = form.Dirty();
 }
 
 } // namespace orvan

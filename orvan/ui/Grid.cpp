@@ -90,6 +90,10 @@ void Grid::setRedraw(bool redraw)
 void Grid::setRowCount(std::int32_t count)
 {
     const std::size_t rows = requireCount(count, "a row count");
+    if (count > kMostRows) {
+        throw RuntimeError(ErrorNumber::outOfMemory, {},
+                           std::string(name()).append(": cannot hold ").append(std::to_string(count)).append(" rows"));
+    }
     for (const auto& column : columns_) {
         column->cells.resize(rows);
     }
@@ -154,9 +158,10 @@ void Grid::setColumnType(std::int32_t column, GridType type)
     changed(&GridChanges::cells);
 }
 
-void Grid::setColumnFormat(std::int32_t column, std::string_view picture)
+void Grid::setColumnFormat(std::int32_t column, std::string_view picture, AmountText text)
 {
     at(column).format = picture.empty() ? GridFormat() : GridFormat(picture);
+    at(column).amountText = std::move(text);
     changed(&GridChanges::cells);
 }
 
@@ -189,7 +194,16 @@ void Grid::setValue(std::int32_t row, std::int32_t column, GridValue value)
 
 std::string Grid::displayText(std::int32_t row, std::int32_t column) const
 {
-    return at(column).format.display(value(row, column), separators_);
+    const Column& shown = at(column);
+    const GridValue& cell = value(row, column);
+    const auto* const amount = std::get_if<Currency>(&cell);
+    if (shown.amountText && amount) {
+        try {
+            return shown.amountText(*amount);
+        } catch (...) { // a toolkit that paints takes no error
+        }
+    }
+    return shown.format.display(cell, separators_);
 }
 
 void Grid::setCurrentRow(std::int32_t row)

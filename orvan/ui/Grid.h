@@ -6,7 +6,8 @@
 // show.
 //
 // Redraw: while it is off, changes are collected; turning it on hands them to the platform once.
-// Raises 9 for a row or column outside the grid and 380 for a negative width or count.
+// Raises 9 for a row or column outside the grid 380 for a negative width or count, and 7 for more rows
+// than kMostRows.
 // Ownership: the Surface. Thread: the user-interface thread.
 #pragma once
 
@@ -37,6 +38,8 @@ public:
     bool redraw() const { return redraw_; }
     void setRedraw(bool redraw);
 
+    /// A toolkit counts the height of all rows in 31 bits of pixels, which is 200 pixels for each of so many.
+    static constexpr std::int32_t kMostRows = 10'000'000;
     std::int32_t rowCount() const { return rowCount_; }
     /// Header rows included. Added rows are empty; a current row that is cut off becomes the last.
     void setRowCount(std::int32_t count);
@@ -57,8 +60,10 @@ public:
 
     GridType columnType(std::int32_t column) const { return at(column).type; }
     void setColumnType(std::int32_t column, GridType type);
-    /// A picture as GridFormat describes; empty for none.
-    void setColumnFormat(std::int32_t column, std::string_view picture);
+    using AmountText = std::function<std::string(Currency)>;
+    /// A picture as GridFormat describes; empty for none. Amounts are shown by `text` where one is given, and by the
+    /// picture where that raises. It is kept as long as the grid, and called for the cells that are painted.
+    void setColumnFormat(std::int32_t column, std::string_view picture, AmountText text = {});
     bool columnHidden(std::int32_t column) const { return at(column).hidden; }
     void setColumnHidden(std::int32_t column, bool hidden);
     /// Twips, exactly as set or as the user dragged it.
@@ -104,6 +109,7 @@ private:
         std::string key;
         GridType type = GridType::none;
         GridFormat format;
+        AmountText amountText;
         std::int32_t width = 0;
         bool hidden = false;
         std::vector<GridValue> cells;

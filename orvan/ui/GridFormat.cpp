@@ -83,7 +83,7 @@ std::string GridFormat::displayAmount(Currency value, const NumberSeparators& se
     if (grouped_) {
         groupInThrees(integers, separators.thousands);
     }
-    std::string text = value.scaled() < 0 && magnitude != 0 ? "-" : "";
+    std::string text = value.scaled() < 0 ? "-" : "";
     text += prefix_ + integers;
     if (!decimals.empty()) {
         text += separators.decimal + decimals;

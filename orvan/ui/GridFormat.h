@@ -31,8 +31,8 @@ public:
     GridFormat() = default;
     explicit GridFormat(std::string_view picture);
 
-    /// Amounts and whole numbers follow the picture, rounded half away from zero; text is returned
-    /// as it stands.
+    /// Amounts and whole numbers follow the picture, rounded half away from zero; a negative amount that rounds to
+    /// zero keeps its sign, as in the boxes. Text is returned as it stands.
     [[nodiscard]] std::string display(const GridValue& value, const NumberSeparators& separators) const;
 
 private:

@@ -29,7 +29,7 @@ struct ColumnRow {
     std::array<std::string_view, 2> menuItems = {}; ///< In mnuViewCboOne and in mnuViewCboTwo, by Place.
 };
 
-/// The dollar sign is literal, whatever the user's currency.
+/// The dollar sign is literal, whatever the user's currency, unless Deviation::gridShowsTheUsersMoney applies.
 inline constexpr std::string_view kMoneyFormat = "$###,##0.00";
 
 // clang-format off

@@ -3,6 +3,8 @@
 #include "orvan/base/Integer.h"
 #include "orvan/base/ScopedHandlers.h"
 #include "orvan/base/Text.h"
+#include "orvan/core/Deviations.h"
+#include "orvan/core/modConversion.h"
 #include "orvan/core/modInit.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/ToolSet.h"
@@ -15,9 +17,9 @@ namespace orvan {
 
 namespace {
 
-constexpr std::int32_t kPositionOne = 2;         ///< Of column One in the grid; column Two follows it.
 constexpr std::int32_t kNumberColumnWidth = 250; // twips
 constexpr std::size_t kMostCellCharacters = 255;
+constexpr std::int16_t kMoneyDigits = 2;
 
 /// The row of a field that can be chosen; null for a value outside the enumeration.
 const ColumnRow* rowOf(ViewFieldEnum field)
@@ -125,7 +127,14 @@ void ProductColumns::PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field
     }
     const ColumnRow* row = rowOf(field);
     flexGrid_.setColumnType(column, row ? row->shownType : ui::GridType::none);
-    flexGrid_.setColumnFormat(column, row ? row->shownFormat : "");
+    ui::Grid::AmountText text;
+    if (row && row->shownFormat == kMoneyFormat && differs(platform_, Deviation::gridShowsTheUsersMoney)) {
+        // Captures the locale alone: the grid outlives this object.
+        text = [&locale = platform_.locale()](Currency amount) {
+            return FormatCurrencyValue(locale, amount, kMoneyDigits, {}, true);
+        };
+    }
+    flexGrid_.setColumnFormat(column, row ? row->shownFormat : "", std::move(text));
 }
 
 void ProductColumns::PrvApplyColumnLayout()
@@ -212,18 +221,26 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     const std::int32_t width = flexGrid_.columnWidth(chosen.column);
     chosen.field = field;
     chosen.column = column;
-    flexGrid_.setRedraw(false);
+    // Redrawing stays as it is: after a refresh that failed it is off, and half a list is not to be shown.
     flexGrid_.setColumnWidth(chosen.column, width); // the place keeps its width, whatever is shown there
     PrvSetColumnFormat(chosen.column, chosen.field);
     PrvShowChosenColumns();
-    flexGrid_.setRedraw(true);
     PrvSaveViewPrefs();
 }
 
-void ProductColumns::fillRow(std::int32_t row, std::int32_t index, const ProductRecord& record)
+ProductColumns::Cells ProductColumns::cells(std::int32_t index, const ProductRecord& record)
+{
+    Cells cells;
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        cells[i] = cellValue(kColumns[i], index, record);
+    }
+    return cells;
+}
+
+void ProductColumns::showRow(std::int32_t row, Cells&& cells)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        flexGrid_.setValue(row, columnIndices_[i], cellValue(kColumns[i], index, record));
+        flexGrid_.setValue(row, columnIndices_[i], std::move(cells[i]));
     }
 }
 

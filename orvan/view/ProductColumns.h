@@ -15,12 +15,15 @@
 // items, which are not traced, raise to the platform.
 #pragma once
 
+#include "orvan/ui/GridFormat.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace orvan {
 
@@ -41,6 +44,7 @@ enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt =
 class ProductColumns {
 public:
     static constexpr std::int32_t kColumnCount = 9;
+    static constexpr std::int32_t kPositionOne = 2; ///< Of column One in the grid; column Two follows it.
     /// The two columns of the user's choice.
     enum Place : std::size_t { One, Two };
 
@@ -59,8 +63,11 @@ public:
     void PrvReadPrefs();
     void PrvApplyColumnLayout();
 
-    /// Writes the product at position `index` of the list into a row of the grid.
-    void fillRow(std::int32_t row, std::int32_t index, const ProductRecord& record);
+    /// Of one row, by column of the table.
+    using Cells = std::array<ui::GridValue, kColumnCount>;
+    /// What a row shows of the product at position `index` of the list.
+    [[nodiscard]] static Cells cells(std::int32_t index, const ProductRecord& record);
+    void showRow(std::int32_t row, Cells&& cells);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
 
@@ -90,6 +97,7 @@ private:
     void PrvSetDefaultProps();
     void chooseFields(ViewFieldEnum one, ViewFieldEnum two);
     [[nodiscard]] bool applyStoredPrefs();
+    [[nodiscard]] std::vector<std::int32_t> columnsOnceMoved() const;
     void applyDefaultPrefs();
     void PrvSaveViewPrefs();
 

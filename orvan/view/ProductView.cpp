@@ -1,5 +1,6 @@
 #include "orvan/view/ProductView.h"
 
+#include "orvan/core/Deviations.h"
 #include "orvan/core/modConversion.h"
 #include "orvan/core/modInit.h"
 #include "orvan/ui/Button.h"
@@ -10,11 +11,46 @@
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/TextEntry.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
 namespace orvan {
 
 namespace {
 
 constexpr float kGap = 60; // twips between the grid and the band below it
+
+/// What the grid shows of the product at `index`, which the manager may move; none where it finds no product.
+std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32_t& index)
+{
+    bool found = false;
+    manager.SeekIndex(index, 0, found);
+    // Fetched before `found` is looked at, so that a manager's error is seen as an error.
+    const auto record = manager.GetProduct(index);
+    if (!found) {
+        return std::nullopt;
+    }
+    if (!record) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return ProductColumns::cells(index, *record);
+}
+
+/// A manager that counts wrongly is an error before the grid is touched.
+void requireShowable(std::int32_t count)
+{
+    if (count < 0) {
+        throw RuntimeError(
+            ErrorNumber::invalidProcedureCall, {},
+            std::string("The product manager counts ").append(std::to_string(count)).append(" products"));
+    }
+    if (count >= ui::Grid::kMostRows) { // the header is a row, too
+        throw RuntimeError(ErrorNumber::outOfMemory, {},
+                           std::string("The list cannot show ").append(std::to_string(count)).append(" products"));
+    }
+}
 
 } // namespace
 
@@ -78,36 +114,48 @@ void ProductView::UserControl_Terminate()
                 [&](auto step) { step([&] { productMgr_.reset(); }); });
 }
 
+ProductMgr* ProductView::CurrentList::operator->() const
+{
+    if (!manager_) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return manager_.get();
+}
+
 void ProductView::Show(std::string_view sProducts)
 {
+    const LifetimeWatch watch = lifetime_.watch();
     tracePropagate("KTVOrvanProduct.ProductView::Show", [&] {
-        // Only a manager that is held is replaced. Where there is none, none is made, so that the next statement
-        // raises 91 instead of hiding that the view was never initialised.
-        if (productMgr_) {
-            productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+        if (watch.ended()) {
+            return;
         }
-        productMgr().SetProductsString(sProducts, kRecordSeparator, kFieldSeparator, false);
-        PrvRefreshView(true);
+        // Only a manager that is held is replaced: making one here would hide that the view was never initialised.
+        if (!productMgr_) {
+            throw RuntimeError(ErrorNumber::objectNotSet);
+        }
+        const auto manager = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+        if (watch.ended()) {
+            return;
+        }
+        productMgr_ = manager;
+        manager->SetProductsString(sProducts, kRecordSeparator, kFieldSeparator, false);
+        if (!watch.ended()) {
+            PrvRefreshView(true);
+        }
     });
 }
 
 std::string ProductView::Products()
 {
+    const CurrentList list(*this);
     return tracePropagate("KTVOrvanProduct.ProductView::Products",
-                          [&] { return productMgr().GetProductsString(kRecordSeparator, kFieldSeparator); });
+                          [&] { return list->GetProductsString(kRecordSeparator, kFieldSeparator); });
 }
 
 Currency ProductView::TotalValue()
 {
-    return tracePropagate("KTVOrvanProduct.ProductView::TotalValue", [&] { return productMgr().GetTotalValue(); });
-}
-
-ProductMgr& ProductView::productMgr() const
-{
-    if (!productMgr_) {
-        throw RuntimeError(ErrorNumber::objectNotSet);
-    }
-    return *productMgr_;
+    const CurrentList list(*this);
+    return tracePropagate("KTVOrvanProduct.ProductView::TotalValue", [&] { return list->GetTotalValue(); });
 }
 
 void ProductView::PrvSetDirty(bool bDirty)
@@ -119,31 +167,75 @@ void ProductView::PrvSetDirty(bool bDirty)
     }
 }
 
+template <class TakeRow>
+bool ProductView::readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow)
+{
+    for (std::int32_t index = 1; index <= count; ++index) {
+        auto cells = readProduct(*list.manager(), index);
+        if (!list.stillShown()) {
+            return false;
+        }
+        if (!cells) {
+            break;
+        }
+        takeRow(std::move(*cells));
+    }
+    return true;
+}
+
 void ProductView::PrvRefreshView(bool updateTotal)
 {
+    const CurrentList list(*this);
     tracePropagate("KTVOrvanProduct.ProductView::PrvRefreshView", [&] {
-        // An error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
-        flexGrid_.setRedraw(false);
-        const std::int32_t count = productMgr().GetProductCount();
-        flexGrid_.setRowCount(count + 1);
-        // The row has a counter of its own, because the manager may move the index.
-        std::int32_t row = 1;
-        for (std::int32_t index = 1; index <= count; ++index, ++row) {
-            bool found = false;
-            productMgr().SeekIndex(index, 0, found);
-            // Fetched before `found` is looked at, so that a manager's error is seen as an error.
-            const auto record = productMgr().GetProduct(index);
-            if (!found) {
-                break;
-            }
-            columns_.fillRow(row, index, *record);
+        if (list.stillShown()) {
+            refillGrid(list, updateTotal);
         }
-        if (updateTotal) {
-            txtTotal_.setText(
-                FormatCurrencyValue(platform_.locale(), productMgr().GetTotalValue(), 2, locale_.currencySymbol, true));
-        }
-        flexGrid_.setRedraw(true);
     });
+}
+
+void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
+{
+    // Where the former rows are to stay after an error, everything is read before the grid is changed. Otherwise
+    // an error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
+    const bool readsFirst = differs(platform_, Deviation::failedRefreshShowsFormerRows);
+    showsFormerRows_ = readsFirst;
+    std::vector<ProductColumns::Cells> rows;
+    std::int32_t row = 1; // a counter of its own, because the manager may move the index
+    const auto keepRow = [&](ProductColumns::Cells&& cells) { rows.push_back(std::move(cells)); };
+    const auto showRow = [&](ProductColumns::Cells&& cells) { columns_.showRow(row++, std::move(cells)); };
+
+    if (!readsFirst) {
+        flexGrid_.setRedraw(false);
+    }
+    const std::int32_t count = list->GetProductCount();
+    requireShowable(count);
+    if (!list.stillShown()) {
+        return;
+    }
+    if (readsFirst) {
+        rows.reserve(static_cast<std::size_t>(count));
+    } else {
+        flexGrid_.setRowCount(count + 1);
+    }
+    if (!(readsFirst ? readRows(list, count, keepRow) : readRows(list, count, showRow))) {
+        return;
+    }
+    const Currency total = updateTotal ? list->GetTotalValue() : Currency();
+    if (!list.stillShown()) {
+        return;
+    }
+    const std::string totalText =
+        updateTotal ? FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true) : std::string();
+    if (readsFirst) {
+        flexGrid_.setRedraw(false);
+        flexGrid_.setRowCount(count + 1);
+        std::ranges::for_each(rows, [&](ProductColumns::Cells& cells) { showRow(std::move(cells)); });
+    }
+    if (updateTotal) {
+        txtTotal_.setText(totalText);
+    }
+    flexGrid_.setRedraw(true);
+    showsFormerRows_ = false;
 }
 
 } // namespace orvan

@@ -64,10 +64,30 @@ private:
     void takeEvents();
     void UserControl_Resize();
     void UserControl_Terminate();
-    /// Error 91 when none is held.
-    [[nodiscard]] ProductMgr& productMgr() const;
+    /// The list that a procedure begins with. A wait for the user and a call into a manager let the host in, which may
+    /// destroy the view meanwhile or hand it another list: the procedure then ends, and touches the view no more.
+    class CurrentList {
+    public:
+        explicit CurrentList(const ProductView& view)
+            : view_(view), watch_(view.lifetime_.watch()), manager_(view.productMgr_)
+        {
+        }
+        [[nodiscard]] bool stillShown() const { return !watch_.ended() && view_.productMgr_ == manager_; }
+        /// Held as long as this object, so that it outlives each call into it. Error 91 when there is none.
+        ProductMgr* operator->() const;
+        const std::shared_ptr<ProductMgr>& manager() const { return manager_; }
+
+    private:
+        const ProductView& view_;
+        LifetimeWatch watch_;
+        std::shared_ptr<ProductMgr> manager_;
+    };
     void PrvSetDirty(bool bDirty);
     void PrvRefreshView(bool updateTotal);
+    void refillGrid(const CurrentList& list, bool updateTotal);
+    /// Hands on each product's cells; false where the list is not shown any more.
+    template <class TakeRow>
+    [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
 
     // ProductViewCommands.cpp
     void cmdNew_Click();
@@ -76,11 +96,14 @@ private:
     void cmdMoveUp_Click();
     void cmdMoveDown_Click();
     using EditorOpening = std::function<void(ProductDlg& dialog, const std::shared_ptr<ProductMgr>& manager)>;
-    void openEditor(const EditorOpening& open);
+    struct EditMark;
+    /// Where a refresh failed, makes up for it and returns true: the row that the user chose may be another product's.
+    [[nodiscard]] bool refreshFormerRows();
+    void openEditor(const CurrentList& list, const EditorOpening& open);
     void PrvDeleteProduct();
     void moveCurrentRow(std::int32_t offset);
     /// The product's new position; -1 when it cannot be moved.
-    [[nodiscard]] std::int32_t PrvMoveProduct(std::int32_t index, std::int32_t offset);
+    [[nodiscard]] std::int32_t PrvMoveProduct(const CurrentList& list, std::int32_t index, std::int32_t offset);
     /// Owner of the view's message boxes; none when the container cannot tell.
     [[nodiscard]] std::int32_t messageOwner() const;
     /// Runs an event handler of the view: an error is recorded, and shown to the user.
@@ -100,11 +123,13 @@ private:
     ui::Button& cmdMoveDown_;
     ProductColumns columns_;
 
-    Lifetime lifetime_; ///< A host may destroy the view while one of its message boxes waits for the user.
+    Lifetime lifetime_;                      ///< Of the view: a host may destroy it while a procedure of it runs.
     std::shared_ptr<ProductMgr> productMgr_; ///< Never null once the view is made.
     LocaleStrings locale_;                   ///< Read once; of the five only the symbol is used here, for the total.
     bool dirty_ = false;
     bool dirtyLock_ = false; ///< While true, the flag cannot be set. No procedure sets the lock so far.
+    /// Deviation::failedRefreshShowsFormerRows: the rows may not be those of the list any more.
+    bool showsFormerRows_ = false;
     ScopedHandlers handlers_;
 };
 

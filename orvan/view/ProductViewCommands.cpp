@@ -25,32 +25,56 @@ template <class Body>
 void ProductView::handleEvent(std::string_view label, Body&& body)
 {
     // The host may destroy the view while the body waits for the user; the message then has no owner.
-    traceShowToUser(label, std::forward<Body>(body),
-                    [watch = lifetime_.watch(), &site = site_] { return watch.ended() ? 0 : site.parentWindow(); });
+    const LifetimeWatch watch = lifetime_.watch();
+    const auto bodyOfView = [&] {
+        if (!watch.ended()) { // the trace lets the host in, too
+            body();
+        }
+    };
+    traceShowToUser(label, bodyOfView, [&watch, &site = site_] { return watch.ended() ? 0 : site.parentWindow(); });
 }
 
-void ProductView::openEditor(const EditorOpening& open)
+/// Marks the view, however the dialog ends: an error in it takes back no edit.
+struct ProductView::EditMark {
+    ProductView& view;
+    const CurrentList& list;
+    const ProductDlg& dialog;
+
+    ~EditMark()
+    {
+        if (dialog.Dirty() && list.stillShown()) {
+            view.PrvSetDirty(true);
+        }
+    }
+};
+
+void ProductView::openEditor(const CurrentList& list, const EditorOpening& open)
 {
-    const LifetimeWatch watch = lifetime_.watch();
-    bool changed = false;
     {
         ProductDlg dialog(platform_);
-        open(dialog, std::shared_ptr(productMgr_)); // a copy: the view's own may be gone before the dialog
-        changed = dialog.Dirty();
+        const EditMark mark{*this, list, dialog};
+        open(dialog, list.manager());
     }
-    if (watch.ended()) {
-        return; // the host has destroyed the view meanwhile
+    if (list.stillShown()) {
+        PrvRefreshView(true); // also after a cancelled dialog
     }
-    if (changed) {
-        PrvSetDirty(true);
+}
+
+bool ProductView::refreshFormerRows()
+{
+    const bool former = showsFormerRows_;
+    if (former) {
+        PrvRefreshView(true);
     }
-    PrvRefreshView(true); // also after a cancelled dialog
+    return former;
 }
 
 void ProductView::cmdNew_Click()
 {
-    handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click",
-                [&] { openEditor([](ProductDlg& dialog, const auto& manager) { dialog.ShowAddNew(manager); }); });
+    handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click", [&] {
+        const CurrentList list(*this);
+        openEditor(list, [](ProductDlg& dialog, const auto& manager) { dialog.ShowAddNew(manager); });
+    });
 }
 
 void ProductView::flexGrid_DblClick()
@@ -58,20 +82,23 @@ void ProductView::flexGrid_DblClick()
     // The label is deliberately the add button's: both open the editor, and readers of traces look for one name.
     handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click", [&] {
         const std::int32_t row = flexGrid_.mouseRow();
-        if (row < 1) {
+        if (row < 1 || refreshFormerRows()) {
             return;
         }
+        const CurrentList list(*this);
         std::int32_t index = columns_.indexInRow(row);
         bool found = false;
-        productMgr().SeekIndex(index, 0, found);
-        if (!found) {
+        list->SeekIndex(index, 0, found);
+        if (!found && list.stillShown()) {
             PrvRefreshView(true);
-            if (productMgr().GetProductCount() < 1) {
+            if (list->GetProductCount() < 1) {
                 return;
             }
             index = 1;
         }
-        openEditor([&](ProductDlg& dialog, const auto& manager) { dialog.Show(manager, index); });
+        if (list.stillShown()) {
+            openEditor(list, [&](ProductDlg& dialog, const auto& manager) { dialog.Show(manager, index); });
+        }
     });
 }
 
@@ -82,20 +109,29 @@ void ProductView::cmdDelete_Click()
 
 void ProductView::PrvDeleteProduct()
 {
+    const CurrentList list(*this);
     tracePropagate("KTVOrvanProduct.ProductView::PrvDeleteProduct", [&] {
+        if (!list.stillShown()) {
+            return;
+        }
+        if (refreshFormerRows()) {
+            return;
+        }
         const std::int32_t row = flexGrid_.currentRow();
         if (row < 1) {
             platform_.messageBox().show({.text = "Please select a product first", .ownerWindow = messageOwner()});
             return;
         }
-        const LifetimeWatch watch = lifetime_.watch();
         const auto answer =
             platform_.messageBox().show({.text = "Are you sure you want to delete the selected product?",
                                          .buttons = ui::MessageButtons::yesNo,
                                          .icon = ui::MessageIcon::question,
                                          .ownerWindow = messageOwner()});
-        if (answer == ui::MessageResult::yes && !watch.ended()) {
-            productMgr().DeleteProduct(row);
+        if (answer != ui::MessageResult::yes || !list.stillShown()) {
+            return;
+        }
+        list->DeleteProduct(row);
+        if (list.stillShown()) {
             PrvSetDirty(true);
             PrvRefreshView(true);
         }
@@ -115,27 +151,30 @@ void ProductView::cmdMoveDown_Click()
 void ProductView::moveCurrentRow(std::int32_t offset)
 {
     const std::int32_t row = flexGrid_.currentRow();
-    if (row <= 0) {
+    if (row <= 0 || refreshFormerRows()) {
         return;
     }
-    const std::int32_t moved = PrvMoveProduct(row, offset);
-    if (moved > 0) {
-        PrvSetDirty(true);
+    const CurrentList list(*this);
+    const std::int32_t moved = PrvMoveProduct(list, row, offset);
+    if (moved > 0 && list.stillShown()) {
         flexGrid_.setCurrentRow(moved); // stays with the product and is scrolled into view
     }
 }
 
-std::int32_t ProductView::PrvMoveProduct(std::int32_t index, std::int32_t offset)
+std::int32_t ProductView::PrvMoveProduct(const CurrentList& list, std::int32_t index, std::int32_t offset)
 {
     return tracePropagate("KTVOrvanProduct.ProductView::PrvMoveProduct", [&]() -> std::int32_t {
         std::int32_t moved = index;
         bool found = false;
-        productMgr().SeekIndex(moved, offset, found);
-        if (!found) {
+        list->SeekIndex(moved, offset, found);
+        if (!found || !list.stillShown()) {
             return -1; // nothing moves at the ends of the list
         }
-        productMgr().MoveProduct(index, moved);
-        PrvRefreshView(false); // a move cannot change the total
+        list->MoveProduct(index, moved);
+        if (list.stillShown()) {
+            PrvSetDirty(true);     // before the refresh, whose failure does not move the product back
+            PrvRefreshView(false); // a move cannot change the total
+        }
         return moved;
     });
 }

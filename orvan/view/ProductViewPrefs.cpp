@@ -8,7 +8,8 @@
 #include "orvan/ui/Platform.h"
 #include "orvan/view/ProductColumnTable.h"
 
-#include <vector>
+#include <algorithm>
+#include <numeric>
 
 namespace orvan {
 
@@ -88,13 +89,34 @@ bool ProductColumns::applyStoredPrefs()
     const ViewFieldEnum one{textToInteger32(parts[0])};
     const ViewFieldEnum two{textToInteger32(parts[1])};
     chooseFields(one, two);
-    // Widths go to the columns as they stand now. When the chosen two are moved afterwards, they keep the
-    // widths of the places they come from.
-    std::int32_t column = 0;
+    const std::vector<std::int32_t> order = columnsOnceMoved();
+    std::size_t place = 0;
     for (const std::string_view width : split(parts[2], '^')) {
-        flexGrid_.setColumnWidth(column++, textToInteger32(width));
+        // Beyond the last column the grid raises 9.
+        const std::int32_t column = place < order.size() ? order[place] : flexGrid_.columnCount();
+        flexGrid_.setColumnWidth(column, textToInteger32(width));
+        ++place;
     }
     return true;
+}
+
+/// For each place in the grid, which of today's columns stands there when PrvShowChosenColumns has moved the chosen
+/// two: widths are stored by place.
+std::vector<std::int32_t> ProductColumns::columnsOnceMoved() const
+{
+    std::vector<std::int32_t> order(static_cast<std::size_t>(flexGrid_.columnCount()));
+    std::iota(order.begin(), order.end(), 0);
+    auto place = order.begin() + kPositionOne;
+    for (const ChosenColumn& chosen : chosen_) {
+        const auto from = std::find(order.begin(), order.end(), chosen.column);
+        if (from < place) { // for instance column Two where it shows the same field as column One
+            std::rotate(from, from + 1, place + 1);
+        } else if (from != order.end()) { // a column that lost its key: PrvRefreshColumnIndices reports it
+            std::rotate(place, from, from + 1);
+        }
+        ++place;
+    }
+    return order;
 }
 
 void ProductColumns::applyDefaultPrefs()

@@ -83,6 +83,31 @@ TEST_F(ProductViewPrefsTest, AResizeIsKeptForItsHostFormAndSeedsOnlyWhatIsNotSto
     EXPECT_EQ(storedPrefs("FormC"), "3~5~300");
 }
 
+/// For every pair of fields: the width of each place is there again after a restart, and after the next drag.
+TEST_F(ProductViewPrefsTest, EachWidthComesBackToItsPlaceForEveryPairOfFields)
+{
+    constexpr const char* kKeys[] = {"PartNum", "ExtPrice", "DiscPrcnt", "UnitPrice", "Qty", "Note"};
+    for (std::size_t one = 0; one < std::size(kKeys); ++one) {
+        for (std::size_t two = 0; two < std::size(kKeys); ++two) {
+            if (one == two) {
+                continue;
+            }
+            SCOPED_TRACE(testing::Message() << kKeys[one] << " and " << kKeys[two]);
+            storePrefs(std::to_string(one) + '~' + std::to_string(two) + "~250^1800^702^703^704^705^706^707^708");
+            makeView();
+            const std::string keys = std::string("Number Name ") + kKeys[one] + ' ' + kKeys[two] + " [";
+            EXPECT_EQ(columns().substr(0, keys.size()), keys);
+            EXPECT_EQ(widths(), "250 1800 702 703 704 705 706 707 708");
+            view->flexGrid().dragColumn(2, 444);
+            view->flexGrid().dragColumn(3, 333);
+            const std::string atClosing = widths();
+            makeView();
+            EXPECT_EQ(widths(), atClosing);
+            EXPECT_EQ(view->flexGrid().columnWidth(3), 333);
+        }
+    }
+}
+
 TEST_F(ProductViewPrefsTest, ABrokenStoreCostsOnlyThePreferences)
 {
     class Platform final : public ui::Platform {

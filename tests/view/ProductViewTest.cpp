@@ -102,6 +102,39 @@ TEST_F(ProductViewTest, EveryFailingManagerCallIsRaisedAndRecovered)
     faults.failAtCall = 0;
 }
 
+/// The careful way: whatever call fails, the user sees what was there before, and no command takes it for the list.
+TEST_F(ProductViewTest, AFailedRefreshShowsTheFormerRows)
+{
+    platform.editing = ui::EditingWay::careful;
+    constexpr int kCallsOfShow = 1 + 1 + 2 * 2 + 1;
+    for (int nth = 1; nth <= kCallsOfShow; ++nth) {
+        SCOPED_TRACE(testing::Message() << "call " << nth);
+        makeView().Show(kThreeProducts);
+        view->flexGrid().chooseRow(3);
+        const int painted = view->flexGrid().paintCount();
+        faults.failAtCall = nth;
+        trace->declareError(1000, nth > 1 ? 2 : 1);
+        EXPECT_EQ(errorOf([&] { view->Show("2~A:::0:1:0:5:~B:::0:1:0:0:~"); }), 1000);
+        EXPECT_EQ(names(), "Desk Lamp Chair");
+        EXPECT_EQ(row(3), "3 | Chair | 1 | $875");
+        EXPECT_EQ(view->flexGrid().currentRow(), 3);
+        EXPECT_EQ(view->txtTotal().text(), "$1,965.43");
+        EXPECT_TRUE(view->flexGrid().redraw());
+        EXPECT_EQ(view->flexGrid().paintCount(), painted);
+    }
+    for (const char* command : {"cmdDelete", "cmdMoveUp", "double click"}) { // shows the list, and no more
+        SCOPED_TRACE(command);
+        makeView().Show(kThreeProducts);
+        view->flexGrid().chooseRow(2);
+        faults.failAtCall = 2;
+        trace->declareError(1000, 2);
+        EXPECT_EQ(errorOf([&] { view->Show("2~A:::0:1:0:5:~B:::0:1:0:0:~"); }), 1000);
+        std::string_view(command) == "double click" ? view->flexGrid().doubleClick(2) : button(command).click();
+        EXPECT_EQ(names(), "A B");
+        EXPECT_FALSE(view->Dirty());
+    }
+}
+
 TEST_F(ProductViewTest, AManagerMayEndTheListOrMoveTheIndex)
 {
     makeView();
@@ -115,6 +148,36 @@ TEST_F(ProductViewTest, AManagerMayEndTheListOrMoveTheIndex)
     view->Show("4~A:::0:1:0:0:~B:::0:1:0:0:~C:::0:1:0:0:~D:::0:1:0:0:~");
     EXPECT_EQ(row(1), "2 | B | 1 | $0.00") << "each row shows the index that the manager moved to";
     EXPECT_EQ(row(2), "4 | D | 1 | $0.00");
+}
+
+/// The user's own money in the careful way, as in the total; the literal dollar sign in the classic one. One rule for
+/// the sign: a negative amount that rounds to zero keeps it.
+TEST_F(ProductViewTest, AmountsOfTheGridFollowTheWayOfEditing)
+{
+    icu::IcuLocaleService german{{.monetary = "de_DE", .numeric = "de_DE"}};
+    headless::HeadlessPlatform here{german, registry};
+    here.settings().set("Orvan", "KTVOrvanProduct_ProductView_Prefs", "ViewSettings_HeadlessHost", "3~1~250");
+    struct Row {
+        const char* name;
+        ui::EditingWay way;
+        const char *rowOne, *rowTwo;
+    };
+    const Row rows[] = {
+        {"classic", ui::EditingWay::classic, "1 n $1.234,50 -$5,00", "2 m $12,00 -$0,00"},
+        {"careful", ui::EditingWay::careful, "1 n 1.234,50\u00A0€ -5\u00A0€", "2 m 12\u00A0€ -0,00\u00A0€"},
+    };
+    forEachRow(rows, [&](const Row& expected) {
+        here.editing = expected.way;
+        HeadlessProductView list(here);
+        list.Show("2~n:::1234.5:1:0:-5:~m:::12:1:0:-0.0049:~");
+        const auto texts = [&](std::int32_t row) {
+            const auto cells = list.flexGrid().visibleTexts(row);
+            return joined(0, 4, [&](auto i) { return cells[static_cast<std::size_t>(i)]; });
+        };
+        EXPECT_EQ(texts(1), expected.rowOne);
+        EXPECT_EQ(texts(2), expected.rowTwo);
+        EXPECT_EQ(list.flexGrid().columnType(2), ui::GridType::currency) << "aligned as in the classic way";
+    });
 }
 
 TEST_F(ProductViewTest, LostColumnKeysAreReported)
