@@ -17,6 +17,7 @@
 #include <QTableView>
 #include <QTableWidget>
 
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -59,7 +60,7 @@ std::vector<QtProduct> qtProducts(std::size_t count)
         products.push_back({QString::fromStdString(fields.name), QString::fromStdString(fields.key),
                             QString::fromStdString(fields.partNum), QString::fromStdString(fields.note),
                             fields.unitPrice.toDouble(), fields.qty.toDouble(), fields.discPrcnt.toDouble(),
-                            static_cast<double>((fields.extPrice.scaled() + 50) / 100) / 100}); // to the cent
+                            std::round(static_cast<double>(fields.extPrice.scaled()) / 100) / 100}); // to the cent
     }
     return products;
 }

@@ -3,7 +3,6 @@
 #include "CatalogueMenu.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/core/ProductMgr.h"
 #include "orvan/hosting/ProductViewWidget.h"
 #include "orvan/hosting/QtHost.h"
 #include "orvan/view/ProductViewPrefs.h"
@@ -21,17 +20,18 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <limits>
 #include <utility>
 
 namespace orvan::desk {
 
 namespace {
 
-const QString kFilter = QStringLiteral("Quotes (*.quote.json);;All files (*)");
 const QString kFormName = QStringLiteral("OrvanDeskQuote");
 constexpr std::string_view kSection = "Desk";
 constexpr std::string_view kThemeKey = "Theme";
@@ -42,20 +42,8 @@ constexpr std::string_view kFirstPreferences = "4~1~480^7500^1200^1755^1200^1800
 
 /// Milliseconds; see MainWindow::eventFilter.
 constexpr int kAfterDialog = 100;
-
-/// A list that a product manager cannot read, or could not give back, must not reach the list view:
-/// showing it would lose the list that is shown.
-void checkProducts(const std::string& products)
-{
-    const auto manager = ui::createComponent<ProductMgr>(qtHost().components(), kProductMgrClassName);
-    manager->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
-    manager->GetProductsString(kRecordSeparator, kFieldSeparator);
-}
-
-Quote emptyQuote()
-{
-    return {.customer = {}, .number = {}, .date = QDate::currentDate(), .products = {}};
-}
+/// From a change to its recovery copy. Not anew with each change: who types without a pause has a copy, too.
+constexpr int kBeforeRecoveryCopy = 1000;
 
 /// The user's own short form, but with all digits of the year: 1926 is not 2026.
 QString dateFormat()
@@ -88,6 +76,11 @@ QLabel* labelFor(QWidget* field, const QString& text)
 } // namespace
 
 MainWindow::MainWindow()
+    : recovery_(defaultRecoveryFolder(), [this](const QString& problem) {
+          // From the writing thread. A message box would be in the way of a user who types.
+          QMetaObject::invokeMethod(
+              this, [this, problem] { statusBar()->showMessage(problem); }, Qt::QueuedConnection);
+      })
 {
     withSettings([](ui::SettingsStore& settings) {
         seedProductViewPrefs(settings, kFormName.toStdString(), kFirstPreferences);
@@ -108,7 +101,11 @@ MainWindow::MainWindow()
         theme = themeNamed(QString::fromStdString(settings.get(ui::kSettingsApplication, kSection, kThemeKey)));
     });
     useTheme(theme);
-    showQuote(emptyQuote(), {});
+    recoveryTimer_.setSingleShot(true);
+    recoveryTimer_.setInterval(kBeforeRecoveryCopy);
+    connect(&recoveryTimer_, &QTimer::timeout, this, &MainWindow::updateRecoveryCopy);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepUnsavedWork);
+    showNew();
 
     // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
     // with. Not at every event: reading a list takes a moment, and an entry in the trace. And not
@@ -125,6 +122,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::InputMethod:
     case QEvent::Drop:
     case QEvent::WindowActivate: // a message box has been answered
+        if (!recoveryTimer_.isActive()) {
+            recoveryTimer_.start();
+        }
         if (!QApplication::activeModalWidget() && !std::exchange(titleUpdatePending_, true)) {
             QMetaObject::invokeMethod(this, &MainWindow::updateTitle, Qt::QueuedConnection);
         }
@@ -149,6 +149,9 @@ QWidget* MainWindow::makeFields()
     customer_ = new QLineEdit;
     customer_->setPlaceholderText(tr("Who is this quote for?"));
     number_ = new QLineEdit;
+    for (QLineEdit* const field : {customer_, number_}) {
+        field->setMaxLength(std::numeric_limits<int>::max()); // by default it cuts what a file holds
+    }
     date_ = new QDateEdit;
     date_->setCalendarPopup(true);
     date_->setDisplayFormat(dateFormat());
@@ -241,127 +244,31 @@ Quote MainWindow::currentQuote() const
     return Quote{.customer = customer_->text(),
                  .number = number_->text(),
                  .date = date_->date(),
-                 .products = products_->Products()};
+                 .products = products_->Products(),
+                 .unknown = file_.saved().unknown};
 }
 
-void MainWindow::showQuote(const Quote& quote, const QString& path)
+void MainWindow::showQuote(const Quote& quote)
 {
     products_->Show(quote.products);
     customer_->setText(quote.customer);
     number_->setText(quote.number);
     date_->setDate(quote.date);
-    path_ = path;
-    saved_ = currentQuote();
     updateTitle();
-}
-
-bool MainWindow::load(const QString& source, const QString& path)
-{
-    try {
-        showQuote(readQuote(source, checkProducts), path);
-        return true;
-    } catch (const std::exception& error) {
-        tell(tr("“%1” could not be opened.").arg(QDir::toNativeSeparators(source)), QString::fromUtf8(error.what()));
-        return false;
-    }
-}
-
-bool MainWindow::open(const QString& path)
-{
-    return mayDiscard() && load(path, path);
-}
-
-bool MainWindow::openSample(const QString& name)
-{
-    return mayDiscard() && load(QStringLiteral(":/samples/%1.quote.json").arg(name), {});
-}
-
-void MainWindow::newQuote()
-{
-    if (!mayDiscard()) {
-        return;
-    }
-    try {
-        showQuote(emptyQuote(), {});
-        customer_->setFocus();
-    } catch (const RuntimeError& error) {
-        tell(tr("A new quote could not be made."), QString::fromUtf8(error.what()));
-    }
-}
-
-void MainWindow::chooseAndOpen()
-{
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Quote"), path_, kFilter);
-    if (!path.isEmpty()) {
-        open(path);
-    }
-}
-
-void MainWindow::saveFile()
-{
-    save();
-}
-
-void MainWindow::saveAsFile()
-{
-    saveAs();
-}
-
-bool MainWindow::save()
-{
-    return path_.isEmpty() ? saveAs() : saveTo(path_);
-}
-
-bool MainWindow::saveAs()
-{
-    QString name = number_->text().isEmpty() ? tr("Quote") : number_->text();
-    name.replace(u'/', u'-'); // a number may hold what a file name may not
-    QFileDialog dialog(this, tr("Save Quote"), {}, kFilter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("quote.json"));
-    dialog.selectFile(path_.isEmpty() ? name + QStringLiteral(".quote.json") : path_);
-    return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
-}
-
-bool MainWindow::saveTo(const QString& path)
-{
-    try {
-        const Quote quote = currentQuote();
-        writeQuote(path, quote);
-        saved_ = quote;
-        path_ = path;
-        updateTitle();
-        return true;
-    } catch (const std::exception& error) {
-        tell(tr("“%1” could not be saved.").arg(QDir::toNativeSeparators(path)), QString::fromUtf8(error.what()));
-        return false;
-    }
 }
 
 bool MainWindow::isUnsaved() const
 {
-    if (customer_->text() != saved_.customer || number_->text() != saved_.number || date_->date() != saved_.date) {
+    if (customer_->text() != file_.saved().customer || number_->text() != file_.saved().number ||
+        date_->date() != file_.saved().date) {
         return true;
     }
     try {
         // The list's dirty flag stays up after a save: it only tells that a look is worth it.
-        return products_->Dirty() && products_->Products() != saved_.products;
+        return products_->Dirty() && products_->Products() != file_.saved().products;
     } catch (const RuntimeError&) {
         return true; // a list that has grown past the manager's limit cannot be read, and is not saved
     }
-}
-
-bool MainWindow::mayDiscard()
-{
-    if (!isUnsaved()) {
-        return true;
-    }
-    QMessageBox box(QMessageBox::Question, tr("Orvan Desk"), tr("Save the changes to this quote?"),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    box.setInformativeText(tr("Changes that are not saved will be lost."));
-    box.setDefaultButton(QMessageBox::Save);
-    const int answer = box.exec();
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -372,10 +279,12 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::updateTitle()
 {
     titleUpdatePending_ = false;
-    const QString name = !path_.isEmpty()             ? QFileInfo(path_).fileName()
+    const QString name = !file_.path().isEmpty()      ? QFileInfo(file_.path()).fileName()
                          : !number_->text().isEmpty() ? number_->text()
                                                       : tr("New quote");
-    setWindowTitle(tr("%1[*] – Orvan Desk").arg(name));
+    // The title takes "[*]" for the place of its mark, but for two of them in a row.
+    setWindowTitle(
+        tr("%1[*] – Orvan Desk").arg(QString(name).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"))));
     setWindowModified(isUnsaved());
 }
 

@@ -1,12 +1,15 @@
 // The desk's window: one quote with its customer, number, date and products.
 #pragma once
 
-#include "QuoteFile.h"
+#include "OpenQuote.h"
+#include "RecoveryCopy.h"
 #include "Theme.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
+#include <optional>
 
 class QAction;
 class QDateEdit;
@@ -29,6 +32,11 @@ public:
     bool open(const QString& path);
     /// Shows a quote that comes with the desk, as a new one without a file.
     bool openSample(const QString& name);
+
+    /// Offers what desks have left that ended with unsaved work. To be called once the window is shown.
+    void offerAbandonedWork();
+    /// The session ends without asking anybody: returns when the unsaved work is on the disk.
+    void keepUnsavedWork();
 
     void useTheme(Theme theme);
     /// Adds the menu of the catalogue of products where the editor looks them up (lookUpProductsIn).
@@ -56,8 +64,12 @@ private:
     bool saveTo(const QString& path);
 
     Quote currentQuote() const;
-    void showQuote(const Quote& quote, const QString& path);
-    bool load(const QString& source, const QString& path);
+    void showQuote(const Quote& quote);
+    void showNew();
+    /// Without a lock the quote is for reading: it is shown as one without a file, so that saving asks for a name.
+    [[nodiscard]] bool openLocked(const QString& path, std::optional<files::EditLock> lock);
+    void recover(const AbandonedWork& abandoned);
+    void updateRecoveryCopy();
     bool isUnsaved() const;
     /// True when nothing would be lost, or the user agreed to lose it.
     bool mayDiscard();
@@ -68,8 +80,9 @@ private:
     QLineEdit* number_ = nullptr;
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
-    QString path_; ///< Empty for a quote that has no file yet.
-    Quote saved_;  ///< As last shown or saved: what differs from it is unsaved.
+    OpenQuote file_;
+    RecoveryKeeper recovery_;
+    QTimer recoveryTimer_; ///< Runs from a change to the copy of it.
     bool titleUpdatePending_ = false;
     Theme theme_ = Theme::system;
 };

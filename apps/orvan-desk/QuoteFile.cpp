@@ -1,42 +1,33 @@
 #include "QuoteFile.h"
 
+#include "orvan/base/RuntimeError.h"
+
 #include <QFile>
 #include <QJsonDocument>
-#include <QJsonObject>
-#include <QSaveFile>
+
+#include <filesystem>
 
 namespace orvan::desk {
 
 namespace {
 
 constexpr int kVersion = 1;
+constexpr qsizetype kMostInMessage = 60; // characters
 const QString kFormat = QStringLiteral("orvan-desk-quote");
+const QString kFormatName = QStringLiteral("format");
+const QString kVersionName = QStringLiteral("version");
+const QString kCustomerName = QStringLiteral("customer");
+const QString kNumberName = QStringLiteral("number");
+const QString kDateName = QStringLiteral("date");
+const QString kProductsName = QStringLiteral("products");
 
 /// "line 3, column 14" of a byte offset, both from 1.
 QString placeOf(const QByteArray& text, qsizetype offset)
 {
-    const QByteArray before = text.left(offset);
-    const auto line = before.count('\n') + 1;
-    const auto column = offset - (before.lastIndexOf('\n') + 1) + 1;
+    const QByteArray readSoFar = text.left(offset);
+    const auto line = readSoFar.count('\n') + 1;
+    const auto column = offset - (readSoFar.lastIndexOf('\n') + 1) + 1;
     return QStringLiteral("line %1, column %2").arg(line).arg(column);
-}
-
-QJsonObject parseObject(const QByteArray& bytes)
-{
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError) {
-        throw QuoteFileError(
-            QStringLiteral("It is damaged at %1: %2.").arg(placeOf(bytes, error.offset), error.errorString()));
-    }
-    if (!document.isObject() || document[u"format"].toString() != kFormat) {
-        throw QuoteFileError(QStringLiteral("It is not a quote file."));
-    }
-    if (document[u"version"].toInt() != kVersion) {
-        throw QuoteFileError(QStringLiteral("It was written by another version of the desk (%1).")
-                                 .arg(document[u"version"].toVariant().toString()));
-    }
-    return document.object();
 }
 
 QString textOf(const QJsonObject& object, const QString& name)
@@ -47,30 +38,21 @@ QString textOf(const QJsonObject& object, const QString& name)
             QStringLiteral("It is damaged: \"%1\" is %2.")
                 .arg(name, value.isUndefined() ? QStringLiteral("missing") : QStringLiteral("not a text")));
     }
+    // Half of a character that JSON writes as two: it has no UTF-8 form and would come back as a question mark.
+    if (!value.toString().isValidUtf16()) {
+        throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" holds half a character.").arg(name));
+    }
     return value.toString();
 }
 
 QDate dateOf(const QJsonObject& object)
 {
-    const QString text = textOf(object, QStringLiteral("date"));
+    const QString text = textOf(object, kDateName);
     const QDate date = QDate::fromString(text, Qt::ISODate);
     if (!date.isValid()) {
-        throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(text));
+        throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(shortened(text)));
     }
     return date;
-}
-
-QByteArray readAll(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw QuoteFileError(QStringLiteral("It cannot be opened: %1.").arg(file.errorString()));
-    }
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        throw QuoteFileError(QStringLiteral("It cannot be read: %1.").arg(file.errorString()));
-    }
-    return bytes;
 }
 
 /// JSON holds Unicode text only: bytes that are none would come back as other characters.
@@ -83,35 +65,94 @@ QString losslessText(const std::string& text)
     return converted;
 }
 
+/// A sample of the desk's own is part of the program; everything else is a file of the system's.
+files::WholeFile bytesOf(const QString& path)
+{
+    if (path.startsWith(u':')) {
+        QFile resource(path);
+        if (!resource.open(QIODevice::ReadOnly)) {
+            throw QuoteFileError(QStringLiteral("It cannot be opened: %1.").arg(resource.errorString()));
+        }
+        return {.bytes = resource.readAll().toStdString(), .stamp = {}};
+    }
+    try {
+        return files::readFile(std::filesystem::path(path.toStdU16String()), kMostQuoteBytes);
+    } catch (const RuntimeError& error) {
+        throw QuoteFileError(QStringLiteral("It cannot be opened: %1.").arg(QString::fromUtf8(error.what())));
+    }
+}
+
 } // namespace
 
-Quote readQuote(const QString& path, const CheckProducts& checkProducts)
+QString shortened(const QString& text)
 {
-    const QJsonObject object = parseObject(readAll(path));
-    Quote quote{.customer = textOf(object, QStringLiteral("customer")),
-                .number = textOf(object, QStringLiteral("number")),
+    return text.size() <= kMostInMessage ? text : text.left(kMostInMessage) + QStringLiteral("…");
+}
+
+QJsonObject parseDeskFile(const QByteArray& bytes, const QString& format, int version)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError) {
+        throw QuoteFileError(
+            QStringLiteral("It is damaged at %1: %2.").arg(placeOf(bytes, error.offset), error.errorString()));
+    }
+    if (!document.isObject() || document[kFormatName].toString() != format) {
+        throw QuoteFileError(QStringLiteral("It is not a quote file."));
+    }
+    if (document[kVersionName].toInt() != version) {
+        throw QuoteFileError(QStringLiteral("It was written by another version of the desk (%1).")
+                                 .arg(shortened(document[kVersionName].toVariant().toString())));
+    }
+    return document.object();
+}
+
+QJsonObject quoteToJson(const Quote& quote)
+{
+    QJsonObject object = quote.unknown;
+    object[kFormatName] = kFormat;
+    object[kVersionName] = kVersion;
+    object[kCustomerName] = quote.customer;
+    object[kNumberName] = quote.number;
+    object[kDateName] = quote.date.toString(Qt::ISODate);
+    object[kProductsName] = losslessText(quote.products);
+    return object;
+}
+
+Quote quoteFromJson(const QJsonObject& object)
+{
+    Quote quote{.customer = textOf(object, kCustomerName),
+                .number = textOf(object, kNumberName),
                 .date = dateOf(object),
-                .products = textOf(object, QStringLiteral("products")).toStdString()};
+                .products = textOf(object, kProductsName).toStdString(),
+                .unknown = object};
+    for (const QString& known : {kFormatName, kVersionName, kCustomerName, kNumberName, kDateName, kProductsName}) {
+        quote.unknown.remove(known);
+    }
+    return quote;
+}
+
+QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts)
+{
+    const files::WholeFile file = bytesOf(path);
+    const QByteArray bytes = QByteArray::fromRawData(file.bytes.data(), static_cast<qsizetype>(file.bytes.size()));
+    const Quote quote = quoteFromJson(parseDeskFile(bytes, kFormat, kVersion));
     try {
         checkProducts(quote.products);
     } catch (const std::exception& error) {
         throw QuoteFileError(QStringLiteral("Its products cannot be read. %1.").arg(QString::fromUtf8(error.what())));
     }
-    return quote;
+    return {.quote = quote, .stamp = file.stamp};
 }
 
-void writeQuote(const QString& path, const Quote& quote)
+files::ReplacedFile writeQuote(const QString& path, const Quote& quote)
 {
-    const QJsonObject object{{QStringLiteral("format"), kFormat},
-                             {QStringLiteral("version"), kVersion},
-                             {QStringLiteral("customer"), quote.customer},
-                             {QStringLiteral("number"), quote.number},
-                             {QStringLiteral("date"), quote.date.toString(Qt::ISODate)},
-                             {QStringLiteral("products"), losslessText(quote.products)}};
-    QSaveFile file(path);
-    const QByteArray bytes = QJsonDocument(object).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        throw QuoteFileError(QStringLiteral("It cannot be written: %1.").arg(file.errorString()));
+    const QByteArray bytes = QJsonDocument(quoteToJson(quote)).toJson();
+    try {
+        return files::replaceFile(std::filesystem::path(path.toStdU16String()),
+                                  {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    } catch (const RuntimeError& error) {
+        throw QuoteFileError(QStringLiteral("It cannot be written: %1.").arg(QString::fromUtf8(error.what())));
     }
 }
 

@@ -2,9 +2,15 @@
 //
 //     {"format": "orvan-desk-quote", "version": 1, "customer": "...", "number": "...",
 //      "date": "2026-11-20", "products": "..."}
+//
+// Members that this desk does not know are kept and written back, so that a newer desk or another program
+// finds its own again. Thread: any. Errors: QuoteFileError.
 #pragma once
 
+#include "orvan/files/WholeFile.h"
+
 #include <QDate>
+#include <QJsonObject>
 #include <QString>
 
 #include <functional>
@@ -13,11 +19,15 @@
 
 namespace orvan::desk {
 
+/// A larger file is not read: it cannot be a quote, and would fill the memory.
+inline constexpr std::int64_t kMostQuoteBytes = 256LL * 1024 * 1024;
+
 struct Quote {
     QString customer;
     QString number;
     QDate date;
-    std::string products; ///< As ProductViewWidget::Products gives it.
+    std::string products;     ///< As ProductViewWidget::Products gives it.
+    QJsonObject unknown = {}; ///< Members of the file that this desk does not know.
 
     bool operator==(const Quote&) const = default;
 };
@@ -31,9 +41,23 @@ public:
 /// Raises when a products string cannot be read, with the reason.
 using CheckProducts = std::function<void(const std::string& products)>;
 
-/// Raises QuoteFileError for a file that cannot be read or is damaged, its products included.
-Quote readQuote(const QString& path, const CheckProducts& checkProducts);
-/// All or nothing: the earlier file stays until the new one is complete. Raises QuoteFileError.
-void writeQuote(const QString& path, const Quote& quote);
+struct QuoteOnDisk {
+    Quote quote;
+    files::FileStamp stamp; ///< Tells later whether another program has changed the file.
+};
+
+/// Raises for a file that cannot be read or is damaged, its products included.
+[[nodiscard]] QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts);
+
+/// All or nothing: the earlier file stays until the new one is on the disk.
+[[nodiscard]] files::ReplacedFile writeQuote(const QString& path, const Quote& quote);
+
+/// The object of a file of the desk's, of that format and version.
+[[nodiscard]] QJsonObject parseDeskFile(const QByteArray& bytes, const QString& format, int version);
+[[nodiscard]] QJsonObject quoteToJson(const Quote& quote);
+[[nodiscard]] Quote quoteFromJson(const QJsonObject& object);
+
+/// A text from a file, short enough for a message: a damaged file may hold a megabyte where a date belongs.
+[[nodiscard]] QString shortened(const QString& text);
 
 } // namespace orvan::desk

@@ -34,7 +34,7 @@ private:
 inline testing::Environment* const kQtEnvironment = testing::AddGlobalTestEnvironment(new QtEnvironment);
 
 /// Runs as soon as a modal window waits for the user. The test fails when none comes up.
-inline void whenModal(std::function<void(QWidget& window)> act)
+inline void whenModal(const std::function<void(QWidget& window)>& act)
 {
     QTimer::singleShot(0, qApp, [act] {
         QWidget* const window = QApplication::activeModalWidget();

@@ -1,0 +1,137 @@
+#include "OpenQuote.h"
+
+#include "orvan/base/RuntimeError.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <filesystem>
+#include <utility>
+
+namespace orvan::desk {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("OpenQuote", text);
+}
+
+std::filesystem::path pathOf(const QString& name)
+{
+    return std::filesystem::path(name.toStdU16String());
+}
+
+QString timeText(const QDateTime& time)
+{
+    const bool today = time.date() == QDate::currentDate();
+    return today ? QLocale().toString(time.time(), QLocale::ShortFormat)
+                 : QLocale().toString(time, QLocale::ShortFormat);
+}
+
+/// A question with two ways to go on; Cancel is the default, so that Enter loses nothing.
+int ask(QWidget* window, const QString& text, const QString& first, const QString& second)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), text, QMessageBox::Cancel, window);
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton* const one = box.addButton(first, QMessageBox::AcceptRole);
+    const QPushButton* const two = box.addButton(second, QMessageBox::AcceptRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == one ? 1 : box.clickedButton() == two ? 2 : 0;
+}
+
+QString nameOf(const QString& path)
+{
+    return shortened(QFileInfo(path).fileName());
+}
+
+} // namespace
+
+QString describe(const files::LockHolder& holder)
+{
+    return tr("%1 on %2 since %3")
+        .arg(shortened(QString::fromStdString(holder.user)), shortened(QString::fromStdString(holder.host)),
+             timeText(QDateTime::fromSecsSinceEpoch(holder.since)));
+}
+
+OpeningChoice askAboutHolder(const QString& path, const files::LockHolder& holder, QWidget* window)
+{
+    const int answer = ask(window,
+                           tr("“%1” is open elsewhere: %2.\n\nWho saves last would overwrite the other's work.")
+                               .arg(nameOf(path), describe(holder)),
+                           tr("Open to &Read"), tr("Open &Anyway"));
+    return answer == 1 ? OpeningChoice::openToRead : answer == 2 ? OpeningChoice::openAnyway : OpeningChoice::cancel;
+}
+
+void OpenQuote::setNew(const Quote& quote)
+{
+    path_.clear();
+    saved_ = quote;
+    lock_ = {};
+}
+
+void OpenQuote::setRead(const QString& path, const QuoteOnDisk& onDisk, files::EditLock lock)
+{
+    path_ = path;
+    saved_ = onDisk.quote;
+    stamp_ = onDisk.stamp;
+    lock_ = std::move(lock);
+}
+
+OpenQuote::Saving OpenQuote::save(const QString& path, const Quote& quote, QWidget* window, QString& warning)
+{
+    if (const Saving answer = askAboutTheDisk(path, window); answer != Saving::saved) {
+        return answer;
+    }
+    const files::ReplacedFile replaced = writeQuote(path, quote);
+    if (path != path_) {
+        lock_ = files::EditLock(pathOf(path), true);
+    }
+    path_ = path;
+    saved_ = quote;
+    stamp_ = replaced.stamp;
+    warning = QString::fromStdString(replaced.warning);
+    return Saving::saved;
+}
+
+/// `saved` where nothing stands against it.
+OpenQuote::Saving OpenQuote::askAboutTheDisk(const QString& path, QWidget* window) const
+{
+    QString problem;
+    QString overwrite = tr("&Overwrite");
+    if (path != path_) {
+        const files::EditLock lock(pathOf(path)); // given back at once: nothing has been decided yet
+        if (!lock.holder()) {
+            return Saving::saved; // whether a file of that name may be replaced has been asked by the file dialog
+        }
+        problem = tr("“%1” is open elsewhere: %2.").arg(nameOf(path), describe(*lock.holder()));
+    } else {
+        std::optional<files::FileStamp> now;
+        try {
+            now = files::currentStamp(pathOf(path), kMostQuoteBytes);
+        } catch (const RuntimeError&) {
+            now = files::FileStamp(); // something else has this name now; writing will say what
+        }
+        if (now && now->sameContent(stamp_)) {
+            return Saving::saved;
+        }
+        if (now) {
+            problem = tr("Another program has changed “%1” since it was opened here, at %2.\n\nSaving would overwrite "
+                         "these changes.")
+                          .arg(nameOf(path), timeText(QFileInfo(path).lastModified()));
+        } else {
+            problem = tr("“%1” has been deleted or moved since it was opened here.").arg(nameOf(path));
+            overwrite = tr("&Save There Again");
+        }
+    }
+    const int answer = ask(window, problem, overwrite, tr("Save &Elsewhere…"));
+    return answer == 1 ? Saving::saved : answer == 2 ? Saving::saveElsewhere : Saving::cancelled;
+}
+
+} // namespace orvan::desk

@@ -1,0 +1,193 @@
+#include "RecoveryCopy.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/files/ProcessIdentity.h"
+#include "orvan/files/WholeFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStandardPaths>
+#include <QUuid>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+#include <unistd.h>
+
+namespace orvan::desk {
+
+namespace {
+
+const QString kFormat = QStringLiteral("orvan-desk-recovery");
+const QString kSuffix = QStringLiteral(".recovery.json");
+constexpr int kVersion = 1;
+
+std::filesystem::path pathOf(const QString& name)
+{
+    return std::filesystem::path(name.toStdU16String());
+}
+
+QString newFileName()
+{
+    return QString::number(::getpid()) + u'-' + QUuid::createUuid().toString(QUuid::Id128) + kSuffix;
+}
+
+QByteArray copyBytes(const UnsavedWork& work)
+{
+    const QJsonObject object{
+        {QStringLiteral("format"), kFormat},
+        {QStringLiteral("version"), kVersion},
+        {QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
+        {QStringLiteral("host"), QString::fromStdString(files::hostName())},
+        {QStringLiteral("process"), qint64(::getpid())},
+        {QStringLiteral("processIdentity"), QString::fromStdString(files::processIdentity(::getpid()))},
+        {QStringLiteral("path"), work.path},
+        {QStringLiteral("quote"), quoteToJson(work.quote)}};
+    return QJsonDocument(object).toJson();
+}
+
+struct Copy {
+    AbandonedWork abandoned;
+    bool running = false; ///< Its desk still runs, or may run on another host.
+};
+
+Copy readCopy(const QString& file)
+{
+    const std::string bytes = files::readFile(pathOf(file), kMostQuoteBytes).bytes;
+    const QJsonObject object = parseDeskFile(QByteArray::fromStdString(bytes), kFormat, kVersion);
+    const bool thisHost = object[u"host"].toString().toStdString() == files::hostName();
+    const bool runs =
+        files::isRunning(object[u"process"].toInteger(), object[u"processIdentity"].toString().toStdString());
+    return {.abandoned = {.file = file,
+                          .time = QDateTime::fromString(object[u"time"].toString(), Qt::ISODateWithMs).toLocalTime(),
+                          .work = {.quote = quoteFromJson(object[u"quote"].toObject()),
+                                   .path = object[u"path"].toString()}},
+            .running = !thisHost || runs};
+}
+
+} // namespace
+
+QString defaultRecoveryFolder()
+{
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString base = QDir::isAbsolutePath(state) ? state : QDir::homePath() + QStringLiteral("/.local/state");
+    return base + QStringLiteral("/orvan/recovery");
+}
+
+RecoveryKeeper::RecoveryKeeper(const QString& folder, Report report)
+    : folder_(folder), file_(QDir(folder).filePath(newFileName())), report_(std::move(report)),
+      thread_([this] { run(); })
+{
+}
+
+RecoveryKeeper::~RecoveryKeeper()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+}
+
+void RecoveryKeeper::keep(const UnsavedWork& work)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        waiting_ = work;
+    }
+    changed_.notify_all();
+}
+
+void RecoveryKeeper::finish()
+{
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !waiting_ && !writing_; });
+}
+
+void RecoveryKeeper::discard()
+{
+    std::unique_lock lock(mutex_);
+    waiting_.reset();
+    changed_.wait(lock, [this] { return !writing_; });
+    std::error_code error;
+    std::filesystem::remove(pathOf(file_), error);
+    if (error) {
+        lock.unlock();
+        report(QStringLiteral("The recovery copy “%1” could not be removed: %2.")
+                   .arg(file_, QString::fromStdString(error.message())));
+    }
+}
+
+void RecoveryKeeper::run()
+{
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return waiting_ || ending_; });
+        if (!waiting_) {
+            return;
+        }
+        const UnsavedWork work = *std::exchange(waiting_, std::nullopt);
+        writing_ = true;
+        lock.unlock();
+        write(work);
+        lock.lock();
+        writing_ = false;
+        changed_.notify_all();
+    }
+}
+
+void RecoveryKeeper::write(const UnsavedWork& work)
+{
+    try {
+        std::filesystem::create_directories(pathOf(folder_));
+        const std::string warning = files::replaceFile(pathOf(file_), copyBytes(work).toStdString()).warning;
+        if (warning.empty()) {
+            const std::lock_guard lock(mutex_);
+            reported_ = false; // a disk that fills up again is told again
+            return;
+        }
+        report(QString::fromStdString(warning));
+    } catch (const std::exception& error) {
+        report(QStringLiteral("No recovery copy of the unsaved changes could be written: %1.")
+                   .arg(QString::fromUtf8(error.what())));
+    }
+}
+
+void RecoveryKeeper::report(const QString& problem)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (std::exchange(reported_, true)) {
+            return;
+        }
+    }
+    report_(problem);
+}
+
+std::vector<AbandonedWork> claimAbandonedWork(const QString& folder, std::vector<QString>& unreadable)
+{
+    std::vector<AbandonedWork> claimed;
+    for (const QFileInfo& info : QDir(folder).entryInfoList({u'*' + kSuffix}, QDir::Files | QDir::NoSymLinks)) {
+        try {
+            Copy copy = readCopy(info.filePath());
+            const QString own = info.dir().filePath(newFileName());
+            // Renaming claims it: of two desks that start at the same time, one finds the name gone.
+            if (!copy.running && std::rename(pathOf(info.filePath()).c_str(), pathOf(own).c_str()) == 0) {
+                copy.abandoned.file = own;
+                claimed.push_back(std::move(copy.abandoned));
+            }
+        } catch (const std::exception&) {
+            unreadable.push_back(info.filePath());
+        }
+    }
+    std::sort(claimed.begin(), claimed.end(),
+              [](const AbandonedWork& a, const AbandonedWork& b) { return a.time < b.time; });
+    return claimed;
+}
+
+} // namespace orvan::desk

@@ -1,0 +1,82 @@
+// RecoveryCopy: the unsaved work of a desk, on disk, for the case that the desk ends without saving.
+//
+// A desk keeps one copy while anything is unsaved. It is written by a thread of its own, so that a slow
+// disk never holds up a keystroke. Copies stand in one folder of the user's, one file for each desk that
+// runs. What a desk has left that ended without saving or discarding is offered by the next one.
+//
+// Thread: the user-interface thread. Errors: keep() raises none; what went wrong is reported once.
+#pragma once
+
+#include "QuoteFile.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace orvan::desk {
+
+/// The user's folder for recovery copies; it need not exist yet.
+QString defaultRecoveryFolder();
+
+/// What is kept of a quote.
+struct UnsavedWork {
+    Quote quote;
+    QString path; ///< The quote's file; empty for one that has none yet.
+
+    bool operator==(const UnsavedWork&) const = default;
+};
+
+class RecoveryKeeper {
+public:
+    /// Takes what went wrong, for the user, from the writing thread.
+    using Report = std::function<void(const QString& problem)>;
+
+    RecoveryKeeper(const QString& folder, Report report);
+    RecoveryKeeper(const RecoveryKeeper&) = delete;
+    RecoveryKeeper& operator=(const RecoveryKeeper&) = delete;
+    /// Finishes what is being written. The copy stays: only discard() removes it.
+    ~RecoveryKeeper();
+
+    /// Has the copy written soon; of several calls the last one counts.
+    void keep(const UnsavedWork& work);
+    /// Returns when what was handed to keep() is on the disk, or could not be written.
+    void finish();
+    /// Nothing is unsaved any more: removes the copy.
+    void discard();
+
+private:
+    void run();
+    void write(const UnsavedWork& work);
+    void report(const QString& problem);
+
+    const QString folder_;
+    const QString file_;
+    const Report report_;
+
+    std::mutex mutex_; ///< Guards the members below.
+    std::condition_variable changed_;
+    std::optional<UnsavedWork> waiting_;
+    bool writing_ = false;
+    bool ending_ = false;
+    bool reported_ = false;
+    std::thread thread_; ///< Last: it uses all the others.
+};
+
+/// A copy whose desk has ended.
+struct AbandonedWork {
+    QString file; ///< The copy.
+    QDateTime time;
+    UnsavedWork work;
+};
+
+/// The copies in that folder whose desks do not run any more, oldest first. Each is claimed for this process:
+/// no other desk gets it. A copy that cannot be read is put into `unreadable` and stays where it is.
+std::vector<AbandonedWork> claimAbandonedWork(const QString& folder, std::vector<QString>& unreadable);
+
+} // namespace orvan::desk

@@ -1,0 +1,73 @@
+#include "WatchedProducts.h"
+
+#include "orvan/components/products/InProcessProductMgr.h"
+#include "orvan/components/products/ProductsString.h"
+#include "orvan/core/ProductMgr.h"
+#include "orvan/hosting/QtHost.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace orvan::desk {
+
+namespace {
+
+std::weak_ptr<ProductMgr> newest;
+
+std::shared_ptr<ProductMgr> makeManager()
+{
+    static const auto factory = productMgrFactory();
+    return std::dynamic_pointer_cast<ProductMgr>(factory());
+}
+
+/// Each record as a text.
+std::vector<std::string> recordsOf(const std::string& products)
+{
+    const ProductsSeparators separators;
+    std::vector<std::string> records;
+    ProductsReader reader(products, separators);
+    ProductFields fields;
+    while (reader.more()) {
+        reader.next(fields);
+        appendProduct(records.emplace_back(), fields, separators);
+    }
+    return records;
+}
+
+} // namespace
+
+void watchProducts()
+{
+    qtHost().components().registerClass(std::string(kProductMgrClassName), [] {
+        const auto manager = makeManager();
+        newest = manager;
+        return manager;
+    });
+}
+
+std::string watchedProducts()
+{
+    const auto manager = newest.lock();
+    return manager ? manager->GetProductsString(kRecordSeparator, kFieldSeparator) : std::string();
+}
+
+void checkProducts(const std::string& products)
+{
+    const auto manager = makeManager();
+    manager->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
+    static_cast<void>(manager->GetProductsString(kRecordSeparator, kFieldSeparator));
+}
+
+std::size_t differingProducts(const std::string& one, const std::string& other)
+{
+    const std::vector<std::string> a = recordsOf(one), b = recordsOf(other);
+    const std::size_t both = std::min(a.size(), b.size());
+    std::size_t differing = std::max(a.size(), b.size()) - both;
+    for (std::size_t i = 0; i < both; ++i) {
+        differing += a[i] == b[i] ? 0 : 1;
+    }
+    return differing;
+}
+
+} // namespace orvan::desk

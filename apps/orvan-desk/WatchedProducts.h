@@ -1,0 +1,25 @@
+// WatchedProducts: the products of the desk's list view, read without a word in the trace.
+//
+// The list view reports what it is asked in the trace. A recovery copy that is made every second must not: the trace
+// shows what the user did. The desk's product managers are therefore made here, and the newest one, which is the list
+// view's, is remembered. Thread: the user-interface thread.
+#pragma once
+
+#include <string>
+
+namespace orvan::desk {
+
+/// Has the host's product managers made here; to be called before there is a list view.
+void watchProducts();
+
+/// The products string of the list view's manager; "" while there is none. Raises what the manager raises.
+[[nodiscard]] std::string watchedProducts();
+
+/// Raises where a product manager cannot read a list, or could not give it back: such a list must not reach the list
+/// view, because showing it would lose the list that is shown.
+void checkProducts(const std::string& products);
+
+/// How many products of two lists differ, position by position. Both must be readable.
+[[nodiscard]] std::size_t differingProducts(const std::string& one, const std::string& other);
+
+} // namespace orvan::desk

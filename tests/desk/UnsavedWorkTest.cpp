@@ -1,0 +1,214 @@
+// What a quote's file and the desk's unsaved work survive: other programs, other desks, and the desk's own end.
+
+#include "MainWindow.h"
+#include "WatchedProducts.h"
+
+#include "orvan/hosting/ProductViewWidget.h"
+#include "tests/support/QtEnvironment.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+
+namespace orvan::desk {
+namespace {
+
+using test::forEachRow;
+using testing::HasSubstr;
+
+const QByteArray kQuote = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
+ "date": "2026-11-20", "products": "1~Lamp:::5:1:0:5:~", "approval": {"by": "anna"}})";
+
+class UnsavedWorkTest : public testing::Test {
+protected:
+    QString path(const char* name = "own.quote.json") const { return QDir(qFolder()).filePath(QLatin1String(name)); }
+    QString qFolder() const { return QString::fromStdString(folder.path().string()); }
+
+    static void write(const QString& file, const QByteArray& bytes)
+    {
+        QFile written(file);
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+        written.write(bytes);
+    }
+    static QByteArray read(const QString& file)
+    {
+        QFile opened(file);
+        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("no such file");
+    }
+
+    /// Presses the button of the next message box that has this text, and keeps the box's own text.
+    void answerNext(const char* button)
+    {
+        test::whenModal([this, button](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            asked = box.text().toStdString();
+            for (QAbstractButton* const each : box.buttons()) {
+                if (each->text().remove(u'&') == QLatin1String(button)) {
+                    QTest::mouseClick(each, Qt::LeftButton);
+                    return;
+                }
+            }
+            ADD_FAILURE() << "no button " << button;
+            box.reject();
+        });
+    }
+    static void type(MainWindow& window, const char* text)
+    {
+        QTest::keyClicks(window.findChild<QLineEdit*>(), QLatin1String(text));
+    }
+    static void save(MainWindow& window) { QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier); }
+
+    test::TemporaryFolder folder;
+    std::string asked;
+};
+
+TEST_F(UnsavedWorkTest, WhatSomebodyElseDidToTheFileIsAskedAbout)
+{
+    struct Row {
+        const char* name;
+        std::function<void(const QString& file)> change;
+        const char* answer;
+        const char* question;
+        bool saved;
+    };
+    const auto rewrite = [](const QString& file) { write(file, QByteArray(kQuote).replace("\"c\"", "\"other\"")); };
+    const auto remove = [](const QString& file) { QFile::remove(file); };
+    const Row rows[] = {
+        {"the same bytes again", [](const QString& file) { write(file, kQuote); }, nullptr, "", true},
+        {"changed, overwritten", rewrite, "Overwrite", "Another program has changed", true},
+        {"changed, kept", rewrite, "Cancel", "Another program has changed", false},
+        {"deleted, saved again", remove, "Save There Again", "has been deleted or moved", true},
+        {"deleted, left so", remove, "Cancel", "has been deleted or moved", false},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        write(path(), kQuote);
+        MainWindow window;
+        window.show();
+        ASSERT_TRUE(window.open(path()));
+        type(window, "!");
+        row.change(path());
+        const QByteArray changed = read(path());
+        asked.clear();
+        if (row.answer) {
+            answerNext(row.answer);
+        }
+        save(window);
+        EXPECT_THAT(asked, HasSubstr(row.question));
+        EXPECT_EQ(read(path()).contains("c!"), row.saved);
+        EXPECT_EQ(read(path()) == changed, !row.saved);
+        EXPECT_EQ(QTest::qWaitFor([&] { return !window.isWindowModified(); }, row.saved ? 2000 : 200), row.saved);
+        window.onProblem = [](const QString&) {};
+    });
+}
+
+TEST_F(UnsavedWorkTest, AQuoteThatIsOpenElsewhereIsToldAndCanBeRead)
+{
+    write(path(), kQuote);
+    MainWindow first;
+    first.show();
+    ASSERT_TRUE(first.open(path()));
+    MainWindow second;
+    second.show();
+    answerNext("Cancel");
+    EXPECT_FALSE(second.open(path()));
+    EXPECT_THAT(asked, HasSubstr("is open elsewhere"));
+    answerNext("Open to Read");
+    EXPECT_TRUE(second.open(path()));
+    EXPECT_THAT(second.windowTitle().toStdString(), testing::Not(HasSubstr("own.quote.json"))) << "saving asks where";
+}
+
+TEST_F(UnsavedWorkTest, MembersOfTheFileThatTheDeskDoesNotKnowAreKept)
+{
+    write(path(), kQuote);
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path()));
+    type(window, "!");
+    save(window);
+    const QJsonObject saved = QJsonDocument::fromJson(read(path())).object();
+    EXPECT_EQ(saved[u"customer"].toString(), "c!");
+    EXPECT_EQ(saved[u"approval"].toObject()[u"by"].toString(), "anna");
+}
+
+TEST_F(UnsavedWorkTest, TextsOfAFileAreKeptRefusedOrCutButNeverChanged)
+{
+    const QByteArray longName(40'000, 'x');
+    write(path(), QByteArray(kQuote).replace("\"c\"", '"' + longName + '"'));
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path()));
+    EXPECT_EQ(window.findChild<QLineEdit*>()->text().size(), longName.size());
+
+    std::string problem;
+    window.onProblem = [&](const QString& text) { problem = text.toStdString(); };
+    write(path("half.quote.json"), QByteArray(kQuote).replace("Lamp", "\\ud800"));
+    EXPECT_FALSE(window.open(path("half.quote.json")));
+    EXPECT_THAT(problem, HasSubstr("\"products\" holds half a character"));
+    write(path("date.quote.json"), QByteArray(kQuote).replace("2026-11-20", QByteArray(50'000, '9')));
+    EXPECT_FALSE(window.open(path("date.quote.json")));
+    EXPECT_LT(problem.size(), 300U) << "a message box, and not a page";
+}
+
+TEST_F(UnsavedWorkTest, ARecoveryCopyIsKeptUntilTheWorkIsSaved)
+{
+    write(path(), kQuote);
+    const QString copies = defaultRecoveryFolder();
+    const auto count = [&] { return QDir(copies).entryList({QStringLiteral("*.recovery.json")}, QDir::Files).size(); };
+    const auto countOnceIdle = count();
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path()));
+    type(window, "!");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count() == countOnceIdle + 1; }, 3000));
+    std::vector<QString> unreadable;
+    EXPECT_TRUE(claimAbandonedWork(copies, unreadable).empty()) << "its desk still runs";
+    save(window);
+    EXPECT_EQ(count(), countOnceIdle);
+}
+
+TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)
+{
+    write(path(), kQuote);
+    const QString copies = defaultRecoveryFolder();
+    QString copy;
+    {
+        RecoveryKeeper keeper(copies, [](const QString& problem) { FAIL() << problem.toStdString(); });
+        Quote quote = readQuote(path(), [](const std::string&) {}).quote;
+        quote.customer += u'?';
+        quote.products = "2~Lamp:::5:1:0:5:~Desk:::9:1:0:9:~";
+        keeper.keep({.quote = quote, .path = path()});
+        keeper.finish();
+        copy = QDir(copies).filePath(QDir(copies).entryList({QStringLiteral("*.recovery.json")}, QDir::Files).constFirst());
+    }
+    QJsonObject object = QJsonDocument::fromJson(read(copy)).object();
+    object[u"processIdentity"] = QStringLiteral("a computer that was started another time");
+    write(copy, QJsonDocument(object).toJson());
+
+    MainWindow window;
+    window.show();
+    answerNext("Later");
+    window.offerAbandonedWork();
+    EXPECT_THAT(asked, HasSubstr("own.quote.json"));
+    EXPECT_THAT(asked, HasSubstr("Changed: the customer, 1 product."));
+    answerNext("Recover");
+    window.offerAbandonedWork();
+    EXPECT_EQ(window.findChild<QLineEdit*>()->text(), "c?");
+    EXPECT_TRUE(window.isWindowModified());
+    save(window);
+    EXPECT_TRUE(read(path()).contains("Desk"));
+    asked.clear();
+    window.offerAbandonedWork();
+    EXPECT_EQ(asked, "");
+}
+
+} // namespace
+} // namespace orvan::desk
