@@ -1,4 +1,4 @@
-// ContainerSite: what an embedded control may ask of the container it stands in.
+// ContainerSite: what an embedded control may ask of the container that holds it.
 //
 // Implemented by whoever embeds the control; it must outlive the control. Thread: the
 // user-interface thread.

@@ -6,7 +6,7 @@
 // Each event has one handler. Events are raised here and in the other abstract controls, never by a
 // platform, so that the same changes raise the same events everywhere. An error that leaves a handler
 // reaches Platform::onUnhandledError and never the statement that caused the event. A form that has
-// been unloaded raises no event. A handler may destroy the surface that its control stands on.
+// been unloaded raises no event. A handler may destroy the surface that its control is on.
 //
 // Ownership: a Surface owns its controls. Thread: the user-interface thread.
 #pragma once

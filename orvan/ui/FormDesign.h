@@ -1,7 +1,7 @@
 // FormDesign: which controls a form or an embedded control has, as constant data.
 //
 // The logic keeps one design beside its procedures and a platform realises it (orvan/ui/Surface.h), so
-// that captions, tool tips, tab order and positions stand once. All texts are UTF-8 literals that
+// that captions, tool tips, tab order and positions are written once. All texts are UTF-8 literals that
 // outlive every control made from them. Lengths are in twips (1/1440 inch; 15 to a
 // device-independent pixel), measured inside the parent.
 #pragma once
@@ -51,8 +51,7 @@ struct ControlDesign {
     float width = 0;
     float height = 0;
     std::string_view caption = {}; ///< "&&" shows one ampersand. Of a tool bar or a menu: its name.
-    char mnemonic = 0; ///< A letter of the caption: Alt with it presses a button, or goes from a label to its
-                       ///< control. 0: none.
+    char mnemonic = 0;             ///< Alt with this letter presses a button; of a label, goes to its control. 0: none.
     std::string_view toolTip = {};
     std::string_view picture = {}; ///< A button's picture by name: "add", "delete", "up", "first", "save", ...
     std::int32_t tabIndex = -1;    ///< Place in the order of Tab, from 0; -1: Tab does not reach the control.

@@ -37,8 +37,8 @@ inline constexpr int kMostDigits = 255;
 /// 0 to kMostDigits.
 void appendAmount(std::string& text, const NumberPattern& pattern, Currency value, int digits);
 
-/// True when text holds a digit or the decimal separator, so that it would be read as part of the
-/// number it stands beside.
+/// True when the text contains a digit or the decimal separator, so that it would be read as part of the number beside
+/// it.
 [[nodiscard]] bool looksLikeDigits(std::string_view text, std::string_view decimalSeparator);
 
 /// Replaces separators with which a typed amount could not be read back. The reading keeps the digits and each
