@@ -27,7 +27,8 @@ Currency checked(Int128 scaled)
     return Currency::fromScaled(static_cast<std::int64_t>(scaled));
 }
 
-/// A quotient that was cut to an integer, made the nearest integer instead, ties to even. `rest` is the remainder.
+/// Rounds an integer division to the nearest integer, ties to even. `quotient` is the result that was rounded down, and
+/// `rest` is the remainder.
 template <class Unsigned>
 Unsigned rounded(Unsigned quotient, Unsigned rest, Unsigned divisor)
 {
@@ -60,9 +61,10 @@ Currency Currency::fromInteger(std::int64_t value)
 
 Currency Currency::fromDouble(double value)
 {
-    // The product is off by at most half of its last binary place, which moves no amount of this size from one side of
-    // a half to the other: only a product that lies on a half needs the exact way. A double of 1.5 * 2^52 has no bits
-    // left for a fraction, so adding and subtracting that rounds without a call.
+    // The product is wrong by at most half of its last binary place. Below 2^51 that error cannot carry it past a value
+    // halfway between two integers; it can only land on such a value. So only those products, and larger ones, take
+    // the exact way. Adding 1.5 * 2^52 and subtracting it again rounds to an integer without a function call, because
+    // a double of that size has no bits for a fraction.
     constexpr double kNoFraction = 6'755'399'441'055'744.0;
     constexpr double kHalvesExact = 2'251'799'813'685'248.0; // 2^51
     const double product = value * double(kScale);
@@ -78,7 +80,7 @@ Currency Currency::fromAnyDouble(double value)
     if (!std::isfinite(value)) {
         raiseOverflow();
     }
-    // value = mantissa * 2^exponent exactly, so that the one rounding is the one to ten-thousandths.
+    // value is exactly mantissa * 2^exponent, so that the only rounding is the one to ten-thousandths.
     int exponent = 0;
     const double fraction = std::frexp(std::abs(value), &exponent);
     const UInt128 scaled = UInt128{static_cast<std::uint64_t>(std::ldexp(fraction, 53))} * kScale;
@@ -86,7 +88,7 @@ Currency Currency::fromAnyDouble(double value)
     if (exponent > 10 && scaled != 0) {
         raiseOverflow();
     }
-    // Beyond 120 places even the largest mantissa is far below half a ten-thousandth.
+    // With an exponent below -120 even the largest mantissa is far less than half a ten-thousandth: the amount is 0.
     Int128 magnitude = 0;
     if (exponent >= 0) {
         magnitude = static_cast<Int128>(scaled << exponent);
@@ -118,10 +120,10 @@ Currency Currency::fromText(std::string_view text)
 
 std::optional<Currency> Currency::fromShortestText(std::string_view text) noexcept
 {
-    // Written out: this is the hot path of reading a products string.
+    // This does not use DecimalReader, because reading a products string spends most of its time here.
     const char* at = text.data();
     const char* const end = at + text.size();
-    std::uint64_t magnitude = 0; // wraps only with more digits than the checks below accept
+    std::uint64_t magnitude = 0; // can wrap, but only with more digits than the checks below accept
     const auto takeDigits = [&] {
         const char* const begin = at;
         for (; at != end && isDigit(*at); ++at) {
@@ -145,7 +147,7 @@ std::optional<Currency> Currency::fromShortestText(std::string_view text) noexce
             return std::nullopt;
         }
     }
-    magnitude *= kPowersOfTen[kDecimals - decimals]; // 19 digits: within 64 bits
+    magnitude *= kPowersOfTen[kDecimals - decimals]; // at most 19 digits, which fit 64 bits
     const bool isMinusZero = negative && magnitude == 0;
     if (at != end || isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
         return std::nullopt;
@@ -185,7 +187,7 @@ Currency Currency::operator-() const
 Currency operator*(Currency a, Currency b)
 {
     std::int64_t product = 0;
-    if (!__builtin_mul_overflow(a.scaled_, b.scaled_, &product)) { // nearly always; dividing 128 bits is slow
+    if (!__builtin_mul_overflow(a.scaled_, b.scaled_, &product)) { // nearly always; dividing 128 bits is slower
         return Currency::fromScaled(divideToEven<std::int64_t, std::uint64_t>(product, Currency::kScale));
     }
     return checked(divideToEven<Int128, UInt128>(Int128{a.scaled_} * b.scaled_, Currency::kScale));

@@ -3,8 +3,8 @@
 //     DecimalReader reader;   // then reader.digits(rest) at each run of digits, reader.point() between two runs
 //     Currency amount = reader.result(negative);
 //
-// Digits beyond the fourth decimal only round, ties to even. result() raises 6 beyond the range.
-// Thread: a plain value.
+// Digits after the fourth decimal only decide how the amount is rounded, ties to even. result() raises 6 beyond the
+// range. Thread: any; a DecimalReader is a plain value.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -41,17 +41,17 @@ public:
         return taken;
     }
 
-    /// Takes the decimal separator; false for a second one.
+    /// Records the decimal separator; returns false if there has been one before.
     [[nodiscard]] bool point() { return !std::exchange(pointSeen_, true); }
     bool anyDigit() const { return anyDigit_; }
 
-    /// The amount, once. Raises 6 beyond the range.
+    /// The amount. To be called once, because it changes the reader. Raises 6 beyond the range.
     [[nodiscard]] Currency result(bool negative)
     {
         constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
         tooLarge_ |= __builtin_mul_overflow(value_, Currency::kPowersOfTen[kDecimals - decimals_], &value_);
         const bool up = rounding_ > 5 || (rounding_ == 5 && (sticky_ || value_ % 2 != 0));
-        value_ += up ? 1 : 0; // does not wrap: after dropped digits the factor above was 1
+        value_ += up ? 1 : 0; // cannot wrap: rounding happens only after four decimals, when the factor above is 1
         if (tooLarge_ || value_ > kMost + (negative ? 1 : 0)) {
             throw RuntimeError(ErrorNumber::overflow);
         }
@@ -60,13 +60,14 @@ public:
 
 private:
     static constexpr unsigned kDecimals = Currency::kDecimals;
-    /// A value from here on has no digit to spare: ten times as much is beyond the range, wherever the point stands.
+    /// A value from here on takes no further digit: ten times as much is beyond the range, wherever the decimal point
+    /// is.
     static constexpr std::uint64_t kMostButOneDigit = 1'000'000'000'000'000'000;
 
     void drop(unsigned digit)
     {
         if (decimals_ < kDecimals) {
-            tooLarge_ = true; // raised by result(): a text that is no number at all raises that error first
+            tooLarge_ = true; // result() raises it, so that a text that is not a number raises that error instead
         } else if (!roundingSeen_) {
             roundingSeen_ = true;
             rounding_ = digit;

@@ -34,11 +34,11 @@ char takeOneOf(std::string_view wanted, std::string_view& text)
     return taken;
 }
 
-/// The double nearest to "12", "1.5", ".5" or "25e-1"; infinite beyond the range of double, at either end of it.
-/// Nothing for any other text.
+/// The double nearest to a number such as "12", "1.5", ".5" or "25e-1"; nothing for any other text. A number that is
+/// too large for a double becomes infinite, and deliberately so does one that is too close to 0: both are an overflow.
 std::optional<double> readUnsignedNumber(std::string_view text)
 {
-    constexpr std::int64_t kFarthest = 1'000'000'000'000; // a power of ten that no number of digits brings into range
+    constexpr std::int64_t kFarthest = 1'000'000'000'000; // no text has enough digits to make up for a larger exponent
     std::string digits(takeDigits(text));
     std::int64_t exponent = 0;
     if (takeOneOf(".", text) != 0) {
@@ -61,8 +61,8 @@ std::optional<double> readUnsignedNumber(std::string_view text)
     if (digits.empty() || !text.empty()) {
         return std::nullopt;
     }
-    // std::from_chars reads no double in every standard library. std::strtod does, and as it is given no decimal
-    // separator, it reads the same in every locale.
+    // std::from_chars for double is missing in some standard libraries. std::strtod depends on the locale only by the
+    // decimal separator, and the text that it is given here has none.
     const double value = std::strtod((digits + 'e').append(std::to_string(exponent)).c_str(), nullptr);
     const bool lost = value == 0 && digits.find_first_not_of('0') != digits.npos;
     return lost ? std::numeric_limits<double>::infinity() : value;

@@ -5,7 +5,7 @@
 //     if (watch.ended()) { return; }                   // `this` must not be touched any more
 //
 // A handler that shows a message box, or calls code of the host, may come back after its own object
-// has been destroyed. Thread: the one of the watched object.
+// has been destroyed. Thread: the watched object's.
 #pragma once
 
 #include <memory>

@@ -1,6 +1,6 @@
 // runHandler: runs an event's handler, which may destroy the object that it is a member of.
 //
-// Thread: the one of the handler.
+// Thread: the handler's.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,8 @@
 
 namespace orvan {
 
-/// Runs a copy of the handler, so that what runs outlives the member. Without a handler the result is Result().
+/// Runs a copy of the handler, so that the running code stays valid when the member is destroyed. Returns Result() if
+/// no handler is set.
 template <class Result, class... Parameters, class... Arguments>
 Result runHandler(const std::function<Result(Parameters...)>& handler, Arguments&&... arguments)
 {

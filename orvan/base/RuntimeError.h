@@ -1,6 +1,6 @@
 // RuntimeError: every failure of the library, as a number, a source and a text.
 //
-// The numbers are those that hosts of this kind know from their own runtime (see ErrorNumber).
+// The numbers are those that existing hosts know from their own runtime (see ErrorNumber).
 // Ownership: a RuntimeError owns its texts. Thread: any.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace orvan {
 
-/// Error numbers, as the runtimes of hosts of this kind number their trappable errors.
+/// The error numbers that the library raises, as the runtime of existing hosts numbers its errors.
 struct ErrorNumber {
     enum Value : std::int32_t {
         invalidProcedureCall = 5,
@@ -36,20 +36,20 @@ struct ErrorNumber {
     };
 };
 
-/// The runtime's own text for a number; "Application-defined or object-defined error" for others.
+/// The standard text of an error number; "Application-defined or object-defined error" for a number without one.
 [[nodiscard]] std::string_view standardErrorText(std::int32_t number);
 
 class RuntimeError : public std::exception {
 public:
     /// Number 0 means "no error" and cannot be raised: it becomes 5 (invalid procedure call), as in the
-    /// runtimes that the numbers come from.
+    /// runtime that the numbers come from.
     explicit RuntimeError(std::int32_t number, std::string source = {}, std::string description = {});
 
     std::int32_t number() const noexcept { return number_; }
     const std::string& source() const noexcept { return source_; }
-    /// As given when raised: may be empty.
+    /// The description that was given when the error was raised; may be empty.
     const std::string& description() const noexcept { return description_; }
-    /// The description, or the standard text of the number where there is none.
+    /// The description; the standard text of the number if the description is empty.
     std::string_view text() const noexcept;
     const char* what() const noexcept override;
 
@@ -60,8 +60,8 @@ private:
 };
 
 /// The error that the calling thread is handling, whatever type was thrown; to be called inside a catch block only.
-/// Outside components throw what they like, and the library handles numbers only: out of memory is 7, a bad index 9,
-/// a bad cast 13, anything else 440 with what() as its text.
+/// A component of a host may throw any type, and the library handles numbers only: std::bad_alloc becomes 7,
+/// std::out_of_range 9, std::bad_cast 13, and anything else 440 with what() as its text.
 [[nodiscard]] RuntimeError currentError();
 
 } // namespace orvan

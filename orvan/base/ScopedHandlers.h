@@ -3,8 +3,8 @@
 //     handlers_.set(button.onClick, [this] { cmdNew_Click(); });   // handlers_ is a member
 //
 // An object that handles the events of a longer-lived one keeps its handlers in such a member: none of
-// them can then run after the object is gone. The slots must outlive this object. Thread: the one of
-// the slots.
+// them can then run after the object is gone. A slot is the variable that holds a handler, such as
+// button.onClick; the slots must outlive this object. Thread: the slots'.
 #pragma once
 
 #include <functional>
@@ -35,7 +35,7 @@ public:
         }
     }
 
-    /// Leaves the slots alone from now on: they are gone already.
+    /// Forgets the slots without clearing them, because they have been destroyed already.
     void forget() { clearing_.clear(); }
 
 private:

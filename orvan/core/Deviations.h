@@ -1,7 +1,7 @@
 // Deviations: everything in which the careful way of editing differs from the classic one.
 //
-// Hosts rely on what the classic way does, by their traces and their users' habits; it stays the default.
-// Some of it costs users data. A host that asks for the careful way (HostOptions::editing in
+// The classic way stays the default, because hosts rely on it: they compare traces, and their users know it.
+// But in some cases it loses the data of users. A host that asks for the careful way (HostOptions::editing in
 // orvan/hosting/Host.h) gets all of the deviations below. A procedure that differs asks the table:
 //
 //     if (differs(platform, Deviation::deletingMarksDirty)) { ... }
@@ -100,7 +100,7 @@ inline constexpr DeviationRow kDeviations[] = {
 
 namespace detail {
 
-/// Whether the rows stand in the order of the enumeration, one for each.
+/// Whether the table has one row for each deviation, in the order of the enumeration.
 constexpr bool deviationsAreComplete()
 {
     for (std::size_t i = 0; i < std::size(kDeviations); ++i) {
@@ -117,7 +117,7 @@ static_assert(deviationsAreComplete());
 /// Whether the platform's host asks for this deviation.
 [[nodiscard]] inline bool differs(const ui::Platform& platform, Deviation /*deviation*/)
 {
-    return platform.editing == ui::EditingWay::careful; // which takes all of them
+    return platform.editing == ui::EditingWay::careful; // the careful way always has all deviations
 }
 
 } // namespace orvan

@@ -1,9 +1,9 @@
 // EditorSession: what the product editor shares with its fields and its look-up boxes.
 //
-// To its callers the editor is one object; it is built from several. The form derives from this class, which
-// holds the shared state and declares the callbacks; the fields and the look-up boxes are given a reference.
-// Ownership: the form owns them, so the session outlives them. Thread: the user-interface thread. Errors:
-// 91 where an object is asked for that is not held; the callbacks raise what their procedures raise.
+// Its callers see the editor as one object, but it consists of several. The form derives from this class, which
+// holds the shared state and declares the callbacks; the fields and the look-up boxes get a reference to it.
+// Ownership: the form owns the fields and the boxes, so the session outlives them. Thread: the user-interface
+// thread. Errors: asking for an object that is not held raises 91; the callbacks raise what their procedures raise.
 #pragma once
 
 #include "orvan/core/ProductMgr.h"
@@ -18,8 +18,8 @@
 
 namespace orvan {
 
-/// Sets a flag, and clears it at the end of the scope: whatever it was before, and however the scope ends.
-/// After an error a user may keep the form open, and must then find it working.
+/// Sets a flag and clears it at the end of the scope, also after an error: a user may keep the form open then, and it
+/// must still work. The flag is deliberately cleared even if it was set before.
 class [[nodiscard]] ScopedFlag {
 public:
     explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
@@ -39,7 +39,7 @@ public:
     virtual ~EditorSession() = default;
 
     [[nodiscard]] virtual ui::Platform& platform() = 0;
-    /// Owner of the session's message boxes.
+    /// The handle of the window that owns the session's message boxes.
     [[nodiscard]] virtual std::int32_t window() = 0;
 
     /// Marks the session dirty, unless it is initializing; false clears the mark.
@@ -49,7 +49,7 @@ public:
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 
-    /// The manager and the record that are held. Raise 91 when there is none.
+    /// The manager and the record that the session holds. Each raises 91 when there is none.
     [[nodiscard]] ProductMgr& productMgr() const { return required(objProductMgr); }
     [[nodiscard]] ProductRecord& currentProduct() const { return required(heldProduct); }
 
@@ -60,11 +60,12 @@ public:
         traceCloseDialog(label, std::forward<Body>(body), [this] { PrvCloseOnError(); });
     }
 
-    std::shared_ptr<ProductMgr> objProductMgr; ///< From the end of the set-up until the form unloads.
-    /// The current product: the record in the controls; may be none. A record's own code may ask the user, and
-    /// the dialog may close meanwhile and let go of the record: a procedure that goes on using it keeps a copy.
+    std::shared_ptr<ProductMgr> objProductMgr; ///< Set from the end of the form's set-up until the form unloads.
+    /// The current product, whose values the controls show; may be null. A record's own code may ask the user, and the
+    /// dialog may close meanwhile and release the record. So a procedure that calls the record keeps a copy of this
+    /// pointer.
     std::shared_ptr<ProductRecord> heldProduct;
-    LocaleStrings locale; ///< Read once a session.
+    LocaleStrings locale; ///< Read once for each session.
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
     bool initializing = false;
 

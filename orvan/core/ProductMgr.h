@@ -20,7 +20,7 @@
 
 namespace orvan {
 
-/// Class name of the product manager component.
+/// Class name by which the library creates the product manager.
 inline constexpr std::string_view kProductMgrClassName = "KTBOrvanProductMgr.ProductMgr";
 
 /// Separators of the products string, as this library passes them.
@@ -48,13 +48,15 @@ public:
     /// Percent: 10 means 10 %.
     [[nodiscard]] virtual Currency DiscPrcnt() const = 0;
     virtual void SetDiscPrcnt(Currency discPrcnt) = 0;
-    /// Stored as given: whoever changes a price, a quantity or a discount computes it anew.
+    /// The record stores the extended price as given and does not compute it. The code that changes a price, a quantity
+    /// or a discount must set it.
     [[nodiscard]] virtual Currency ExtPrice() const = 0;
     virtual void SetExtPrice(Currency extPrice) = 0;
     [[nodiscard]] virtual std::string Note() const = 0;
     virtual void SetNote(std::string_view note) = 0;
 
-    /// Whether the record takes the amount; the rule is the record's own. The editor stores 0 for what it refuses.
+    /// Whether the record accepts the amount; the record decides by rules of its own. For an amount that is not
+    /// accepted the editor stores 0.
     [[nodiscard]] virtual bool IsValidUnitPrice(Currency cyValue) const = 0;
     [[nodiscard]] virtual bool IsValidQty(Currency cyValue) const = 0;
     [[nodiscard]] virtual bool IsValidDiscPrcnt(Currency cyValue) const = 0;

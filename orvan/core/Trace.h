@@ -1,7 +1,7 @@
 // Trace: what the library asks of a trace component, which records its procedures and its errors.
 //
 // A host that brings a trace of its own implements this interface and registers it by the class name below.
-// Ownership: shared; the library keeps one object a thread, from its first use there to the thread's end.
+// Ownership: shared; the library keeps one object per thread, from its first use there to the thread's end.
 // Thread: the thread that created it. Errors: any operation may throw what it likes.
 #pragma once
 

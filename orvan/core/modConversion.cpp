@@ -30,14 +30,14 @@ void removeAll(std::string& text, std::string_view part)
 /// Empty where there is no digit.
 std::string_view keepAmount(char* kept, std::string_view sText, std::string_view sDecimalSep)
 {
-    // '0' where the separator is not one ASCII character: digits are kept anyway, so it adds nothing.
+    // If the separator is not one ASCII character, `decimal` is '0': a digit is kept anyway, so this changes nothing.
     const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
     char* end = kept;
     bool anyDigit = false;
     for (std::size_t at = 0; at < sText.size();) {
         const char c = sText[at];
         if (isAscii(c)) {
-            // Without a branch: the processor cannot predict where in a text the separators stand.
+            // This has no branch, because the processor could not predict at which places a text has separators.
             *end = c;
             end += isDigit(c) || c == decimal ? 1 : 0;
             anyDigit |= isDigit(c);
@@ -91,7 +91,7 @@ Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText, 
 
 Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 try {
-    char typed[64]; // as much as a person types, as a rule
+    char typed[64]; // enough for nearly every text that a person types
     std::unique_ptr<char[]> pasted;
     char* buffer = typed;
     if (sText.size() > sizeof typed) {
@@ -99,9 +99,10 @@ try {
         buffer = pasted.get();
     }
     const std::string_view kept = keepAmount(buffer, sText, sDecimalSep);
-    return kept.empty() ? Currency() : locale.textToCurrency(kept); // an emptied box costs no exception
+    // An empty box is tested here, because the exception that textToCurrency raises for it would be slow.
+    return kept.empty() ? Currency() : locale.textToCurrency(kept);
 } catch (...) {
-    return Currency(); // a user may type anything: what is not an amount counts as 0
+    return Currency(); // a user may type any text: one that is not an amount counts as 0
 }
 
 Currency PercentTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)

@@ -17,25 +17,24 @@ namespace ui {
 class LocaleService;
 }
 
-// Decimals, for all three formats: none for a whole amount ("12", never "12.00"), exactly iDigits for one
-// with a fraction, even where the rounding leaves zeros.
+// All three formats show no decimals for a whole amount ("12", never "12.00"), and exactly iDigits decimals for an
+// amount with a fraction, even if they are zeros after the rounding.
 
 /// Money in the user's format. Without bShowSymbol every sCurrencySymbol is taken out of the text;
 /// the spaces around it, and the sign, stay.
 [[nodiscard]] std::string FormatCurrencyValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
                                               std::string_view sCurrencySymbol, bool bShowSymbol);
-/// The same into `text`, whose capacity is reused: for what is shown with each keystroke.
+/// The same, written into `text` without allocating a new string: for amounts that are shown at each keystroke.
 void FormatCurrencyValue(std::string& text, ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
                          std::string_view sCurrencySymbol, bool bShowSymbol);
 [[nodiscard]] std::string FormatNumberValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits);
-/// 12.5 is 12.5 percent: a number followed directly by "%", in every locale.
+/// The amount 12.5 means 12.5 percent. In every locale "%" follows the number without a space.
 [[nodiscard]] std::string FormatPercentValue(ui::LocaleService& locale, Currency cyValue, std::int16_t iDigits,
                                              bool bShowPercent);
 
-/// The amount that the digits and the decimal separators of the text make; 0 when they make none or
-/// one beyond the range. All else is dropped, a minus sign too: no negative amount can be typed. A
-/// separator of more than one character equals no character of the text, so that the decimal point is then
-/// lost ("1,5" gives 15).
+/// Reads the digits and the decimal separators of the text as an amount; 0 if they are no amount or one beyond the
+/// range. All other characters are dropped, also a minus sign: a user cannot type a negative amount. If sDecimalSep has
+/// more than one character, none of the text's characters equals it, and the decimal point is lost ("1,5" gives 15).
 [[nodiscard]] Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText,
                                            std::string_view sDecimalSep);
 [[nodiscard]] Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText,

@@ -10,10 +10,10 @@ thread_local std::shared_ptr<Trace> gobjTrace;
 
 namespace {
 
-/// Has no destructor, so that it can still be read while the thread's other objects are destroyed.
+/// A plain bool has no destructor, so it can still be read while the thread's other objects are destroyed.
 thread_local bool threadEnded = false;
 
-/// Declared after gobjTrace, so that it is destroyed before it.
+/// The endMark object is declared after gobjTrace, so that it is destroyed first and sets threadEnded in time.
 struct EndMark {
     ~EndMark() { threadEnded = true; }
 };
@@ -27,7 +27,7 @@ void Main(ui::Platform& platform)
         gobjTrace = ui::createComponent<Trace>(platform.components(), kTraceClassName);
     } catch (...) {
         const std::int32_t number = currentError().number();
-        // No blank after the colon, and a title of its own: support staff search for this text.
+        // Deliberately without a blank after the colon and with this title: support staff search for this text.
         platform.messageBox().show({.text = "Could not create trace object. Module:"
                                             "KTVOrvanProduct.modInit::"
                                             "Main",

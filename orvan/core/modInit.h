@@ -1,9 +1,9 @@
 // modInit: the thread's trace object and the six shapes of a traced procedure.
 //
 // Each procedure that has a label runs its body inside one of the shapes below and writes its label
-// there, once. A body never catches. All shapes arm their handler before TraceEnter, so that a
-// failing TraceEnter is an error like any other; TraceExit is reported on the normal path only, and
-// where the body says so not even there (Leaving).
+// there, once. A body never catches. All shapes call TraceEnter inside their try block, so that a
+// TraceEnter that fails is an error like any other. TraceExit is called only if the body raises nothing;
+// a body that returns Leaving::withoutExit prevents even that.
 //
 //   shape              used by                         after the error is recorded
 //   tracePropagate     public members, Prv procedures  raises LastErrorNumber again, number alone
@@ -16,8 +16,8 @@
 // A failure inside a handler (TraceError, LastErrorNumber, ShowLastError, the closing) is never
 // caught by the same shape: it leaves the procedure as an error to its caller.
 //
-// Ownership: a thread holds its trace object (orvan/core/Trace.h) to its end. Thread: every thread that uses
-// the library has its own one; nothing is locked.
+// Ownership: each thread that uses the library has a trace object of its own (orvan/core/Trace.h) and keeps it
+// to its end. Thread: any; nothing is locked, because threads share nothing.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
@@ -43,22 +43,23 @@ extern thread_local std::shared_ptr<Trace> gobjTrace;
 /// again with its number alone; gobjTrace stays empty and every traced procedure raises 91.
 void Main(ui::Platform& platform);
 
-/// Runs Main when the library is first used in the calling thread, and only then, whatever came of
-/// it. Every public object of the library calls it before anything else.
+/// Runs Main when the library is first used in the calling thread. It does so only once, even if Main fails.
+/// Every public object of the library calls it before anything else.
 void enterLibrary(ui::Platform& platform);
 
-/// gobjTrace. Raises 91 when there is none: before Main has made one, and for an object that outlives its
-/// thread, such as a program's static.
+/// Returns gobjTrace. Raises 91 before Main has made it, and after the thread has released it: a static object of the
+/// program can outlive its thread's trace object.
 Trace& traceObject();
 
-/// Raises one of the library's own errors; label is the raising procedure's.
+/// Raises one of the library's own errors; `label` is the label of the procedure that raises it.
 [[noreturn]] void raiseApplicationError(std::string_view label, std::string message);
 
-/// Raises LastErrorNumber, number alone, as tracePropagate does: for a recovery that passes some errors on.
+/// Raises LastErrorNumber without a description, as tracePropagate does. A recovery that handles only some errors
+/// raises the others with it.
 [[noreturn]] void raiseLastError();
 
-/// Returned by a body that decides whether its exit is reported. A few event handlers deliberately report
-/// their entry alone when they have nothing to do. The shape around such a body returns nothing.
+/// A body that returns this decides whether TraceExit is called. A few event handlers deliberately trace only their
+/// entry when they have nothing to do. The shape around such a body returns nothing.
 enum class Leaving { withExit, withoutExit };
 
 namespace detail {
@@ -98,7 +99,7 @@ auto tracePropagate(std::string_view label, Body&& body)
     }
 }
 
-/// `recover` runs inside the handler; its own failure leaves the procedure.
+/// `recover` runs in the error handler; an error that it raises itself goes to the procedure's caller.
 template <class Body, class Recover>
 auto traceRecover(std::string_view label, Body&& body, Recover&& recover)
 {
@@ -117,14 +118,15 @@ void traceCloseDialog(std::string_view label, Body&& body, Close&& closeOnError)
     traceRecover(label, std::forward<Body>(body), std::forward<Close>(closeOnError));
 }
 
-/// `hostWindow` yields the handle of the host's window; it is asked only when there is an error.
+/// `hostWindow` returns the handle of the host's window; it is called only when there is an error.
 template <class Body, class HostWindow>
 void traceShowToUser(std::string_view label, Body&& body, HostWindow&& hostWindow)
 {
     traceRecover(label, std::forward<Body>(body), [&] { traceObject().ShowLastError(hostWindow()); });
 }
 
-/// A statement guard: runs one statement, and on an error goes on with the next one.
+/// Runs one statement. An error in it is recorded if `recordErrors` is set, and the procedure goes on with the next
+/// statement.
 template <bool recordErrors>
 class ResumeNext {
 public:
@@ -154,14 +156,14 @@ void enterResumeExit(std::string_view label, Body&& body)
 
 } // namespace detail
 
-/// The body is given a guard and passes each of its statements through it: step([&] { ... }).
+/// The body gets a ResumeNext named `step` and runs each of its statements with it: step([&] { ... }).
 template <class Body>
 void traceResume(std::string_view label, Body&& body)
 {
     detail::enterResumeExit<true>(label, std::forward<Body>(body));
 }
 
-/// As traceResume, but errors leave no record.
+/// Like traceResume, but errors are not recorded.
 template <class Body>
 void traceIgnore(std::string_view label, Body&& body)
 {

@@ -9,8 +9,8 @@ namespace {
 
 constexpr const char* kDefaultThousand = ",";
 constexpr const char* kDefaultDecimal = ".";
-// Deliberately a comma, as for the thousands separators, and not a currency sign: without the user's symbol
-// there is nothing right to show, and hosts rely on money losing its commas where the symbol is taken out.
+// Deliberately a comma, as for the thousands separators, and not a currency sign: without the user's symbol no sign
+// would be right. Hosts rely on the effect that removing this "symbol" removes the commas from an amount of money.
 constexpr const char* kDefaultCurrencySymbol = kDefaultThousand;
 
 } // namespace

@@ -24,7 +24,7 @@ auto uninterrupted(Call&& call)
     return result;
 }
 
-/// At most so much is handed to the system at once; it takes 2 GiB at most.
+/// The most bytes that one call of the system is given. The system itself takes no more than 2 GiB.
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 
 const char* kindOf(mode_t mode)
@@ -42,7 +42,7 @@ void raiseSystemError(int code)
 Descriptor::~Descriptor()
 {
     if (descriptor_ >= 0) {
-        ::close(descriptor_); // who wants to know what became of the content has called close()
+        ::close(descriptor_); // errors are ignored here; a caller that needs them has called close()
     }
 }
 
@@ -62,7 +62,7 @@ Descriptor Descriptor::open(const std::filesystem::path& path, int flags, mode_t
 
 Descriptor Descriptor::openRegular(const std::filesystem::path& path)
 {
-    // Looked at after it has been opened, so that nobody can put something else in its place in between.
+    // The kind of file is tested after it has been opened, so that no other file can take its place in between.
     // O_NONBLOCK: opening a pipe would otherwise wait for a writer.
     Descriptor file = open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
     const mode_t mode = file.status().st_mode;
@@ -85,7 +85,7 @@ std::string Descriptor::readAll() const
 {
     std::string bytes;
     std::size_t read = 0;
-    // One more than the size, so that the end is seen by the call that follows the last byte.
+    // One byte more than the file has, so that the read that finds the end of the file needs no larger buffer.
     bytes.resize(static_cast<std::size_t>(std::max<off_t>(status().st_size, 0)) + 1);
     for (;;) {
         const std::size_t most = std::min(bytes.size() - read, kMostAtOnce);
@@ -99,7 +99,7 @@ std::string Descriptor::readAll() const
         }
         read += static_cast<std::size_t>(got);
         if (read == bytes.size()) {
-            bytes.resize(bytes.size() * 2); // it has grown meanwhile
+            bytes.resize(bytes.size() * 2); // the file has grown while it was being read
         }
     }
 }
@@ -132,8 +132,8 @@ void Descriptor::setPermissions(mode_t mode) const
 
 void Descriptor::close()
 {
-    // Not made again when a signal interrupts it: on Linux the descriptor is gone then, and its number may
-    // be another thread's already.
+    // ::close is not called again when a signal interrupts it: on Linux the descriptor is closed even then, and another
+    // thread may already have a file of the same number.
     const int descriptor = std::exchange(descriptor_, -1);
     if (descriptor >= 0 && ::close(descriptor) != 0 && errno != EINTR) {
         raiseSystemError(errno);

@@ -28,12 +28,13 @@ public:
     }
     ~Descriptor();
 
-    /// As open(2), closed in programs that this one starts. An empty one, with errno set, on failure.
+    /// Opens a file as open(2) does; programs that this one starts do not inherit it. Returns an empty Descriptor, with
+    /// errno set, on failure.
     [[nodiscard]] static Descriptor tryOpen(const std::filesystem::path& path, int flags, mode_t mode = 0);
-    /// As above, but raises.
+    /// Opens a file as tryOpen does, but raises on failure.
     [[nodiscard]] static Descriptor open(const std::filesystem::path& path, int flags, mode_t mode = 0);
-    /// A file that is there, for reading. Raises for a folder, a device, a pipe or a socket, without waiting
-    /// for anybody at its other end.
+    /// Opens an existing regular file for reading. Raises for a folder, a device, a pipe or a socket; it does not wait
+    /// for a program at the other end of a pipe.
     [[nodiscard]] static Descriptor openRegular(const std::filesystem::path& path);
 
     int get() const { return descriptor_; }
@@ -42,11 +43,11 @@ public:
     [[nodiscard]] struct stat status() const;
     [[nodiscard]] std::string readAll() const;
     void write(std::string_view bytes) const;
-    /// Returns when content and size are on the disk.
+    /// Returns when the content and the size of the file are on the disk.
     void sync() const;
     void setPermissions(mode_t mode) const;
-    /// Raises what the system reports at closing: some network file systems tell only then that a write
-    /// has failed.
+    /// Closes the file and raises what the system reports: some network file systems report only at closing that a
+    /// write has failed.
     void close();
 
 private:

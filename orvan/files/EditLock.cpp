@@ -22,7 +22,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kHeader = "orvan-lock 1";
-/// A lock file is there a moment before its text is: how often, and how long, an empty one is waited for.
+/// A lock file exists for a moment before its text is written. One without a valid text is read this many times, with
+/// this pause between, before it counts as abandoned.
 constexpr int kLooks = 5;
 constexpr auto kBetweenLooks = std::chrono::milliseconds(20);
 constexpr std::size_t kLongestName = 255; ///< Bytes; the most that file systems take.
@@ -46,7 +47,7 @@ std::int64_t numberOf(std::string_view text)
     return number;
 }
 
-/// One line each: header, user, host, process, start of the process, time.
+/// The lock file's lines: header, user, host, process number, identity of the process, time.
 std::string lockText(const LockHolder& holder, const std::string& identity)
 {
     std::string text(kHeader);
@@ -95,7 +96,7 @@ bool isDead(const LockText& lock)
 fs::path EditLock::pathFor(const fs::path& file)
 {
     std::error_code error;
-    const fs::path real = fs::canonical(file, error); // two links to one file have one lock
+    const fs::path real = fs::canonical(file, error); // so that two links to one file have the same lock
     const fs::path& named = error ? file : real;
     std::string name = "." + named.filename().string() + ".lock";
     if (name.size() > kLongestName) {
@@ -111,7 +112,7 @@ EditLock::EditLock(const fs::path& file, bool takeOver) : path_(pathFor(file))
             return;
         }
         if (errno != EEXIST) {
-            return; // no lock is possible here
+            return; // the folder cannot be written: no lock is possible
         }
         const std::string content = contentOf(path_);
         const std::optional<LockText> found = parsed(content);
@@ -120,7 +121,7 @@ EditLock::EditLock(const fs::path& file, bool takeOver) : path_(pathFor(file))
             deadHolder_ = found->holder;
             remove(content);
         } else if (takeOver || (!found && look + 1 == kLooks)) {
-            remove(content); // also what no program of ours has written
+            remove(content); // this also removes a file that no program of ours has written
         } else if (found) {
             holder_ = found->holder;
             return;
@@ -152,14 +153,14 @@ bool EditLock::create()
         content_ = text;
         return true;
     } catch (const RuntimeError&) {
-        ::unlink(path_.c_str()); // a full disk
+        ::unlink(path_.c_str()); // the disk is full
         errno = ENOSPC;
         return false;
     }
 }
 
-/// Removes the lock file if it holds that text. It is renamed first and then looked at: of two programs
-/// that take over the same lock only one removes it, and none removes the other's new one.
+/// Removes the lock file if its content is still `content`. The file is renamed before it is read, so that of two
+/// programs that take over the same lock only one removes it, and neither removes the other's new lock.
 bool EditLock::remove(const std::string& content)
 {
     fs::path aside = path_;
@@ -168,7 +169,7 @@ bool EditLock::remove(const std::string& content)
         return false;
     }
     if (contentOf(aside) != content) {
-        ::link(aside.c_str(), path_.c_str()); // gives it back, unless yet another one is there
+        ::link(aside.c_str(), path_.c_str()); // puts the file back, unless there is a new lock already
     }
     return ::unlink(aside.c_str()) == 0;
 }

@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t kAnyone = 0666; // less what the user's mask takes away
+constexpr mode_t kAnyone = 0666; // the user's umask removes some of these permissions
 constexpr mode_t kPermissions = 07777;
 constexpr int kAttempts = 100;
 
@@ -30,7 +30,7 @@ std::string hexadecimal(std::uint64_t value)
     return text;
 }
 
-/// The file that a name means, with links resolved, be there such a file or not.
+/// The path of the file that `target` leads to, with symbolic links resolved. The file need not exist.
 fs::path resolved(const fs::path& target)
 {
     std::error_code error;
@@ -45,8 +45,8 @@ fs::path resolved(const fs::path& target)
     return fs::weakly_canonical(absolute.parent_path()) / absolute.filename();
 }
 
-/// How the names of new files for a target begin. Its length does not depend on the target's: a name of
-/// 255 bytes, the most a file system takes, can be replaced, too.
+/// The beginning of the names of all new files for a target. Its length is always the same, so that a target can be
+/// replaced even if its own name has 255 bytes, the most that a file system takes.
 std::string namePrefix(const fs::path& target)
 {
     return ".orvan-new-" + hexadecimal(std::hash<std::string>()(target.filename().string())) + "-";
@@ -66,13 +66,14 @@ NewFile::NewFile(const fs::path& target, Others others) : target_(resolved(targe
     for (int attempt = 0; !file_; ++attempt) {
         const std::uint64_t number = std::uint64_t{random()} << 32 | random();
         path_ = target_.parent_path() / (prefix + hexadecimal(number));
-        // O_EXCL follows no link and takes no file that is there.
+        // With O_EXCL the call follows no link and fails if the file exists.
         file_ = Descriptor::tryOpen(path_, O_RDWR | O_CREAT | O_EXCL, kAnyone);
         if (!file_ && (errno != EEXIST || attempt == kAttempts)) {
             raiseSystemError(errno);
         }
     }
-    // Tells other programs that it is in use. A file system without locks serves a single program all the same.
+    // The lock tells other programs that the file is in use. Where the file system has no locks, leftovers are not
+    // removed, and everything else works.
     if (lock(file_)) {
         try {
             removeLeftovers(prefix, others);
@@ -86,7 +87,7 @@ NewFile::NewFile(const fs::path& target, Others others) : target_(resolved(targe
 NewFile::~NewFile()
 {
     if (!committed_) {
-        ::unlink(path_.c_str()); // while it is locked
+        ::unlink(path_.c_str()); // before the lock ends, so that no other program takes it for a leftover
     }
 }
 
@@ -100,7 +101,7 @@ void NewFile::removeLeftovers(const std::string& prefix, Others others)
         }
         const Descriptor other = Descriptor::tryOpen(entry->path(), O_RDWR | O_NOFOLLOW | O_NONBLOCK);
         if (!other) {
-            continue; // gone meanwhile, or somebody else's
+            continue; // it has been removed meanwhile, or belongs to another user
         }
         if (lock(other)) {
             ::unlink(entry->path().c_str()); // its program has ended without finishing it

@@ -2,12 +2,12 @@
 //
 // It is made beside the other one, under a name that nobody else can have made, and renamed when it is
 // complete: a program that has the old file open keeps it, one that opens the name gets the old file or
-// the new one, and a crash leaves the old one. What a crash left beside is removed by the next NewFile
-// for the same target. Symbolic links to the target are followed; a link that leads nowhere is refused.
-// The new file gets the permissions of the old one.
+// the new one, and a crash leaves the old one. An unfinished file that a crash leaves behind is removed by
+// the next NewFile for the same target. Symbolic links to the target are followed; a link that leads nowhere is
+// refused. The new file gets the permissions of the old one.
 //
-// The convention (write, flush, rename, flush the folder) is the one that POSIX file systems need so that
-// a power cut leaves the old content or the new one.
+// The order of the steps (write, flush, rename, flush the folder) is what POSIX file systems need so that
+// a power cut leaves either the old content or the new one.
 //
 // Thread: any, one at a time. Errors: 75 with the reason in the description ("No space left on device");
 // the old file is then as it was.
@@ -26,12 +26,12 @@ public:
     /// Whether other programs may make new files for the same target at the same time.
     enum class Others { allowed, refused };
 
-    /// With Others::refused: raises 75 while another program is making one ("another program is
-    /// replacing it").
+    /// With Others::refused it raises 75 ("another program is replacing it") while another program is making a new
+    /// file for the same target.
     explicit NewFile(const std::filesystem::path& target, Others others = Others::allowed);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
-    /// Removes the new file where it has not taken its target's place.
+    /// Removes the new file if commit has not given it its target's name.
     ~NewFile();
 
     /// The file that is replaced, with symbolic links resolved.
@@ -40,12 +40,11 @@ public:
     const std::filesystem::path& path() const { return path_; }
     /// Appends bytes. All of them are handed to the system when it returns.
     void write(std::string_view bytes);
-    /// Gives the new file its target's name. Its content is on the disk before that. Returns a warning for
-    /// the user where the name may not survive a power cut, because the folder could not be flushed; the
-    /// new content stands then, too. "" otherwise.
+    /// Writes the content to the disk, then gives the new file its target's name. Returns "", or a warning for the
+    /// user if the folder could not be flushed: the file has been replaced then, but a power cut could undo it.
     [[nodiscard]] std::string commit();
 
-    /// What the system says of the new file, also after commit.
+    /// The system's information about the new file; can be called after commit, too.
     [[nodiscard]] struct stat status() const { return file_.status(); }
 
 private:

@@ -14,7 +14,7 @@ namespace orvan::files {
 
 namespace {
 
-/// The kernel's count of the process's start, in its own ticks since the computer was started.
+/// When the process was started: the kernel's clock ticks from the start of the computer, as text.
 std::string startOf(std::int64_t process)
 {
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");

@@ -1,6 +1,6 @@
 // ProcessIdentity: who runs this process, and whether a process that left a file behind still runs.
 //
-// Thread: any. Errors: none is raised; what cannot be found out is "".
+// Thread: any. Errors: none is raised; a text that cannot be found out is "".
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@ namespace orvan::files {
 [[nodiscard]] std::string userName();
 [[nodiscard]] std::string hostName();
 
-/// Tells a process of this host from a later one with the same number: when the computer was started, and
-/// when the process was.
+/// A text that distinguishes a process of this host from a later process with the same number: it names the start of
+/// the computer and the start of the process.
 [[nodiscard]] std::string processIdentity(std::int64_t process);
 
 /// Whether the process that had this identity still runs on this host.

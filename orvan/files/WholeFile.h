@@ -17,9 +17,9 @@ struct FileStamp {
     std::uint64_t inode = 0;
     std::int64_t size = 0;     ///< Bytes.
     std::int64_t modified = 0; ///< Nanoseconds since 1970 (UTC), by the clock of the file system.
-    std::uint64_t content = 0; ///< A hash of the bytes, good within this process.
+    std::uint64_t content = 0; ///< A hash of the bytes; it can be compared only within one process.
 
-    /// The same bytes, be it in another file of the same name.
+    /// Whether the bytes are the same, even if another file has taken the place of the first one.
     bool sameContent(const FileStamp& other) const { return size == other.size && content == other.content; }
 };
 
@@ -28,17 +28,16 @@ struct WholeFile {
     FileStamp stamp;
 };
 
-/// Reads a file. Raises for what is no regular file (a folder, a pipe, a device), without waiting, and for
-/// one larger than `most` bytes.
+/// Reads a file. Raises for anything but a regular file (a folder, a pipe, a device), without waiting, and for a file
+/// of more than `most` bytes.
 [[nodiscard]] WholeFile readFile(const std::filesystem::path& path, std::int64_t most);
 
-/// The stamp of what stands under that name now; none where there is no file. Raises where there is one
-/// that cannot be read.
+/// The stamp of the file that has that name now; empty if there is no file. Raises if there is one that cannot be read.
 [[nodiscard]] std::optional<FileStamp> currentStamp(const std::filesystem::path& path, std::int64_t most);
 
 struct ReplacedFile {
     FileStamp stamp;
-    std::string warning; ///< As NewFile::commit gives it.
+    std::string warning; ///< The warning that NewFile::commit returned.
 };
 
 /// Replaces a file, or makes it. The old content stays until the new one is on the disk.

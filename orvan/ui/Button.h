@@ -13,15 +13,15 @@ class Button : public EnabledControl {
 public:
     using EnabledControl::EnabledControl;
 
-    /// The user pressed it, by mouse, space bar, mnemonic, or Escape where it cancels.
+    /// The user pressed the button: with the mouse, the space bar, its mnemonic, or Escape if it is the cancel button.
     std::function<void()> onClick;
 
 protected:
-    /// The platform's report. Raises onClick; does nothing on a button that is not enabled.
+    /// The platform reports that the user pressed the button. Raises onClick; does nothing if it is not enabled.
     void userClicked();
 
 private:
-    friend class Form; ///< Escape presses the button that cancels.
+    friend class Form; ///< The form presses the cancel button at Escape.
 };
 
 } // namespace orvan::ui

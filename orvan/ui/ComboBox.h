@@ -20,25 +20,25 @@ public:
     const std::string& itemText(std::int32_t row) const { return rows_[indexOf(row)].text; }
     std::int32_t itemData(std::int32_t row) const { return rows_[indexOf(row)].data; }
     void setItemData(std::int32_t row, std::int32_t data);
-    /// At the end of the list, with data 0.
+    /// Adds a row with data 0 at the end of the list.
     void addItem(std::string text);
     /// The row that addItem made last; -1 for an empty list.
     std::int32_t newIndex() const { return count() - 1; }
     /// Empties the list.
     void clear();
 
-    /// The row that the user chose; -1 once text has been typed or set, and after clear.
+    /// The row that the user chose; -1 when text has been typed or set since, and after clear.
     std::int32_t listIndex() const { return listIndex_; }
-    /// Shows the rows as they are now if the list is open.
+    /// If the list is open, shows the rows as they are now.
     void refresh() { doListChanged(); }
 
-    /// The user chose a row of the list; the text is the row's already (and onChange is not raised).
+    /// The user chose a row of the list. The text is that of the row by then, and onChange is not raised.
     std::function<void()> onClick;
 
 protected:
-    /// The rows changed: show them now if the list is open, else when it is opened next.
+    /// The rows have changed: the platform shows them now if the list is open, else when it is opened next.
     virtual void doListChanged() = 0;
-    /// The platform's report. Raises onClick.
+    /// The platform reports that the user chose a row. Raises onClick.
     void userChoseRow(std::int32_t row);
     void textChanged() override { listIndex_ = -1; }
 
@@ -48,7 +48,7 @@ private:
         std::int32_t data = 0;
     };
 
-    /// `row` as an index, where there is such a row.
+    /// `row` as an index. Raises 9 if there is no such row.
     std::size_t indexOf(std::int32_t row) const;
 
     std::vector<Row> rows_;

@@ -12,7 +12,7 @@
 
 namespace orvan::ui {
 
-/// Base of everything that can be created by name; the caller asks the object for its interface.
+/// The base of every object that can be created by name; createComponent asks it for the wanted interface.
 class Component {
 public:
     virtual ~Component() = default;
@@ -27,8 +27,8 @@ public:
     [[nodiscard]] virtual std::shared_ptr<Component> create(std::string_view className) = 0;
 };
 
-/// Creates and asks for the interface T; an object that does not implement it raises 430 with the
-/// class name in the description.
+/// Creates an object and returns its interface T. Raises what create raises, and 430 with the class name in the
+/// description when the object does not implement T.
 template <class T>
 [[nodiscard]] std::shared_ptr<T> createComponent(ComponentFactory& factory, std::string_view className)
 {

@@ -1,4 +1,4 @@
-// ContainerSite: what an embedded control may ask of the container it stands in.
+// ContainerSite: what an embedded control may ask of the container that holds it.
 //
 // Implemented by whoever embeds the control; it must outlive the control. Thread: the
 // user-interface thread.
@@ -14,11 +14,12 @@ class ContainerSite {
 public:
     virtual ~ContainerSite() = default;
 
-    /// A stable name of the form the control stands on; the control's preferences are kept under it.
+    /// The name of the form that the control is on. The control's preferences are kept under this name, so it must be
+    /// the same in every run.
     virtual std::string parentTypeName() = 0;
-    /// Handle of the form's window, as MessageBox takes it; 0 for none.
+    /// The handle of the form's window, as Message::ownerWindow takes it; 0 if there is none.
     virtual std::int32_t parentWindow() = 0;
-    /// A saved property of the control changed: the container should save the control.
+    /// A property that the container saves has changed: the container should save the control.
     virtual void propertyChanged(std::string_view property) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Control: what every control has: a name, a kind, a place, and its share of the keyboard focus.
+// Control: what every control has: a name, a kind, a position, a size and, for some kinds, the keyboard focus.
 //
 // Position and size are kept here as they were set, in twips. A platform rounds them to its own unit
 // when it places its widget, and never writes them back, so that a length reads back as it was set.
@@ -6,7 +6,7 @@
 // Each event has one handler. Events are raised here and in the other abstract controls, never by a
 // platform, so that the same changes raise the same events everywhere. An error that leaves a handler
 // reaches Platform::onUnhandledError and never the statement that caused the event. A form that has
-// been unloaded raises no event. A handler may destroy the surface that its control stands on.
+// been unloaded raises no event. A handler may destroy the surface that its control is on.
 //
 // Ownership: a Surface owns its controls. Thread: the user-interface thread.
 #pragma once
@@ -37,25 +37,25 @@ public:
     float top() const { return top_; }
     float width() const { return width_; }
     float height() const { return height_; }
-    /// Keeps the size. Raises 6 for a position that is not finite.
+    /// Moves the control without changing its size. Raises 6 for a position that is not finite.
     void move(float left, float top);
-    /// Raises 380 for a negative size and 6 for a length that is not finite; nothing moves then.
+    /// Raises 380 for a negative size and 6 for a length that is not finite; the control then stays as it is.
     void move(float left, float top, float width, float height);
 
-    /// Moves the keyboard focus here. The control that is left has finished onLostFocus when this
-    /// returns. Raises 5 when the control cannot take the focus.
+    /// Moves the keyboard focus to this control. When this returns, the events that it causes have finished, such
+    /// as onLostFocus of the control that had the focus. Raises 5 when the control cannot take the focus.
     void setFocus();
     bool hasFocus() const;
-    /// Buttons, boxes and grids, unless they or the frame they stand in are not enabled.
+    /// True for buttons, boxes and grids, unless the control or a frame around it is disabled.
     bool canTakeFocus() const;
 
-    /// The focus came from another control of the surface, or went to one. Another window, a menu, a list that drops
-    /// down and a message box take no focus in this sense: the control keeps it.
+    /// The control got the focus from another control of the surface, or lost it to one. The control does not lose it
+    /// to another window, a menu, a list that drops down or a message box.
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
 
 protected:
-    /// Place the widget at left(), top(), width(), height().
+    /// The platform places the widget at left(), top(), width(), height().
     virtual void doMove() = 0;
 
     Surface* surface() const { return surface_; }
@@ -67,29 +67,30 @@ protected:
             platform->raise(handler, std::forward<Arguments>(arguments)...);
         }
     }
-    /// Whether the user can do something to it: see orvan/ui/Control.h.
+    /// Whether the user can act on the control: neither it nor a frame around it is disabled.
     virtual bool takesInput() const { return !parent_ || parent_->takesInput(); }
-    /// The control takes no input any more: moves the focus elsewhere if it is on the control or inside it.
+    /// To be called when the control has been disabled: moves the focus to a neighbour if this control, or one inside
+    /// it, has it.
     void giveFocusAway();
 
 private:
     friend class Surface;
 
-    /// The platform that events are raised on; null before the control stands on a surface, and on a form that has been
-    /// unloaded.
+    /// The platform that raises the control's events. Null if there are to be none: before the control is on a surface,
+    /// and after its form has been unloaded.
     Platform* eventPlatform() const;
 
     const ControlDesign& design_;
     std::string name_;
-    Surface* surface_ = nullptr;      ///< Set by the surface that owns the control, as is parent_.
-    const Control* parent_ = nullptr; ///< The frame it stands in.
+    Surface* surface_ = nullptr;      ///< The surface that owns the control sets surface_ and parent_.
+    const Control* parent_ = nullptr; ///< The frame around the control; null if it is on the surface itself.
     float left_;
     float top_;
     float width_;
     float height_;
 };
 
-/// A control that can be greyed: buttons, and frames with all they hold.
+/// A control that can be disabled: a button, or a frame together with all controls inside it.
 class EnabledControl : public Control {
 public:
     using Control::Control;
@@ -100,7 +101,7 @@ public:
     void setEnabled(bool enabled);
 
 protected:
-    /// Show enabled().
+    /// The platform shows whether the control is enabled.
     virtual void doSetEnabled() = 0;
 
 private:

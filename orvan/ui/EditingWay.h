@@ -1,13 +1,13 @@
 // EditingWay: which of the two ways of editing a host asks for.
 //
-// In what they differ, and why, stands in one table: orvan/core/Deviations.h.
+// The table in orvan/core/Deviations.h says in what the two ways differ, and why.
 #pragma once
 
 namespace orvan::ui {
 
 enum class EditingWay {
-    classic, ///< What hosts know by their traces. The default.
-    careful, ///< Protects what nobody typed; asks before something is lost.
+    classic, ///< The default: does what existing hosts and their traces rely on.
+    careful, ///< Leaves values alone that the user did not edit, and asks before edits are lost.
 };
 
 } // namespace orvan::ui

@@ -17,11 +17,11 @@
 
 namespace orvan::ui {
 
-/// Why a form is asked to close. The values are those that hosts of this kind know.
+/// Why a form is asked to close. Existing hosts know these values.
 enum class UnloadMode : std::int16_t {
     closeBox = 0, ///< The user closed the window: its close box or its system menu.
     code = 1,     ///< The program calls unload.
-    session = 2,  ///< The user's session ends, or the program's event loop did.
+    session = 2,  ///< The user's session ends, or the program's event loop has ended.
     taskManager = 3,
 };
 
@@ -51,15 +51,16 @@ public:
 protected:
     bool live() const override { return loaded_; }
     virtual void doSetCaption() = 0;
-    /// Show the window, run the program's events until loaded() is false, hide the window. An event
-    /// loop that ends early is reported with unload(UnloadMode::session).
+    /// The platform shows the window, runs the program's events until loaded() is false, and hides the window. If its
+    /// event loop ends before that, the platform calls unload(UnloadMode::session).
     virtual void doShowModal() = 0;
-    /// loaded() is false now: stop what runs, let doShowModal return.
+    /// The form has been unloaded: the platform stops the form's timers and lets doShowModal return.
     virtual void doUnload() = 0;
-    /// The user pressed Escape: presses the button that cancels; without one, asks the form to close as the close box
-    /// does.
+    /// The platform reports that the user pressed Escape. Presses the cancel button; if the form has none, asks the
+    /// form to close as the close box does.
     void userPressedEscape();
-    /// Gives the first control the focus; for doShowModal, once the window takes keys.
+    /// Gives the first control the focus, or again the one that has it. doShowModal calls this when the window can take
+    /// keys.
     void focusFirst();
 
 private:

@@ -1,4 +1,4 @@
-// Frame: a box that holds other controls; positions of those are measured inside it.
+// Frame: a box that holds other controls, whose positions are measured inside it.
 //
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once

@@ -20,7 +20,7 @@ std::size_t requireCount(std::int32_t count, const char* what)
     return static_cast<std::size_t>(count);
 }
 
-/// Not part of the range tests: those are on the path of every cell that is set, and stay small without it.
+/// A function of its own, so that the range tests, which run for every cell that is set, stay small.
 [[noreturn]] void raiseOutside(const std::string& grid, const char* what, std::int32_t index, std::int32_t count)
 {
     throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},

@@ -1,6 +1,6 @@
 // Grid: rows and keyed columns of values, with a header.
 //
-// Rows and columns count from 0. Rows below fixedRows() are headers. Everything a column has (key,
+// Rows and columns count from 0. Rows with a number less than fixedRows() are headers. Everything a column has (key,
 // type, format, width, hidden, cells) moves with it. Widths are in twips. The grid keeps values; a
 // platform asks for displayText() of the cells that it paints, so that a long list costs nothing to
 // show.
@@ -21,7 +21,7 @@
 
 namespace orvan::ui {
 
-/// What cells of a column hold; numbers are shown at the right edge, text at the left.
+/// What the cells of a column hold. Numbers are shown at the right edge of a cell, and text at the left.
 enum class GridType { none, string, int32, currency, decimal, float64 };
 
 /// What changed since the platform last looked.
@@ -41,7 +41,8 @@ public:
     /// A toolkit counts the height of all rows in 31 bits of pixels, which is 200 pixels for each of so many.
     static constexpr std::int32_t kMostRows = 10'000'000;
     std::int32_t rowCount() const { return rowCount_; }
-    /// Header rows included. Added rows are empty; a current row that is cut off becomes the last.
+    /// The count includes the header rows. New rows are empty. If the current row is removed, the last row becomes the
+    /// current one.
     void setRowCount(std::int32_t count);
     std::int32_t columnCount() const { return static_cast<std::int32_t>(columns_.size()); }
     void setColumnCount(std::int32_t count);
@@ -53,20 +54,21 @@ public:
 
     const std::string& columnKey(std::int32_t column) const { return at(column).key; }
     void setColumnKey(std::int32_t column, std::string_view key);
-    /// -1 when no column has the key; an empty key is no key.
+    /// The column with that key; -1 if there is none, and for an empty key.
     std::int32_t columnIndex(std::string_view key) const;
-    /// The columns between the two places move by one.
+    /// Moves one column to the place `to`; the columns between move by one place.
     void moveColumn(std::int32_t column, std::int32_t to);
 
     GridType columnType(std::int32_t column) const { return at(column).type; }
     void setColumnType(std::int32_t column, GridType type);
     using AmountText = std::function<std::string(Currency)>;
-    /// A picture as GridFormat describes; empty for none. Amounts are shown by `text` where one is given, and by the
-    /// picture where that raises. It is kept as long as the grid, and called for the cells that are painted.
+    /// Sets a number picture (see orvan/ui/GridFormat.h); an empty text removes it. Where `text` is given, it makes the
+    /// texts of amounts instead, for the cells that are painted; where it raises, the picture is used. The grid keeps
+    /// it.
     void setColumnFormat(std::int32_t column, std::string_view picture, AmountText text = {});
     bool columnHidden(std::int32_t column) const { return at(column).hidden; }
     void setColumnHidden(std::int32_t column, bool hidden);
-    /// Twips, exactly as set or as the user dragged it.
+    /// The width in twips, exactly as the program set it or the user dragged it.
     std::int32_t columnWidth(std::int32_t column) const { return at(column).width; }
     void setColumnWidth(std::int32_t column, std::int32_t twips);
 
@@ -74,15 +76,15 @@ public:
     void setValue(std::int32_t row, std::int32_t column, GridValue value);
     std::string displayText(std::int32_t row, std::int32_t column) const;
 
-    /// 0 (the header) until the user or the program chooses a row.
+    /// The current row; 0 (the header) until the user or the program chooses a row.
     std::int32_t currentRow() const { return currentRow_; }
     void setCurrentRow(std::int32_t row);
 
-    /// The user changed a column's width; the new width stands already.
+    /// The user changed a column's width; columnWidth gives the new width.
     std::function<void()> onAfterUserResize;
-    /// The user double clicked, on a row or where there is none.
+    /// The user double clicked, on a row or elsewhere; mouseRow() says where.
     std::function<void()> onDblClick;
-    /// The user clicked with the right button, on a cell, on a header or elsewhere. Chooses no row.
+    /// The user clicked with the right button, on a cell, on a header or elsewhere. The current row stays.
     std::function<void()> onRightClick;
     /// The row under the mouse at the user's last double or right click, header rows included; -1 for none.
     std::int32_t mouseRow() const { return mouseRow_; }
@@ -90,18 +92,16 @@ public:
     std::int32_t mouseColumn() const { return mouseColumn_; }
 
 protected:
-    /// Show what changed: called after each change while redraw is on, and once when it is turned on.
+    /// The platform shows what changed. Called after each change while redraw is on, and once when it is turned on.
     virtual void doUpdate(const GridChanges& changes) = 0;
-    /// Called when redraw goes off, before any change: stop painting until doUpdate.
+    /// Called when redraw is turned off, before any change: the platform stops painting until doUpdate.
     virtual void doSuspend() = 0;
 
-    /// The user dragged a column's edge. Raises the event.
+    /// The platform reports here what the user did; -1 stands for no row or no column. Each report but userChoseRow
+    /// raises its event.
     void userResizedColumn(std::int32_t column, std::int32_t twips);
-    /// The user chose a row.
     void userChoseRow(std::int32_t row);
-    /// The user double clicked; -1 for no row. Raises the event.
     void userDoubleClicked(std::int32_t row);
-    /// The user clicked with the right button; -1 for no row or column. Raises the event.
     void userRightClicked(std::int32_t row, std::int32_t column);
 
 private:

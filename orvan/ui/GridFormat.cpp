@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::string_view kPictureCharacters = "#0,.";
 
-/// |value| rounded half away from zero to `decimals` (0 to 4) decimals, in units of the last one.
+/// The absolute value, rounded half away from zero to `decimals` (0 to 4) decimals and counted in units of the last
+/// decimal: 1.25 with one decimal is 13.
 std::uint64_t roundedMagnitude(Currency value, int decimals)
 {
     const std::uint64_t divisor = Currency::kPowersOfTen[Currency::kDecimals - decimals];
@@ -30,7 +31,7 @@ GridFormat::GridFormat(std::string_view picture)
     const auto first = std::min(picture.find_first_of(kPictureCharacters), picture.size());
     const auto last = picture.find_last_of(kPictureCharacters);
     if (first == picture.size()) {
-        prefix_ = picture; // there is no picture: the whole text stands before a plain number
+        prefix_ = picture; // the text holds no picture character: all of it is shown before a plain number
         return;
     }
     prefix_ = picture.substr(0, first);

@@ -4,7 +4,7 @@
 // text before and after the picture is literal, '0' is a digit that is always shown, '#' one shown
 // when needed, ',' asks for grouping in threes, '.' starts the decimals. "$###,##0.00" shows
 // 1234.5 as $1,234.50. The separators shown are the user's; the rest of the picture is not
-// localised, the literal dollar sign included. Thread: a plain value.
+// localised, the literal dollar sign included. Thread: any; a GridFormat is a plain value.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -27,12 +27,12 @@ struct NumberSeparators {
 
 class GridFormat {
 public:
-    /// No format: amounts show the decimals they have ("2.5"), ungrouped; text as it stands.
+    /// The format without a picture: an amount is shown ungrouped with the decimals that it has ("2.5").
     GridFormat() = default;
     explicit GridFormat(std::string_view picture);
 
-    /// Amounts and whole numbers follow the picture, rounded half away from zero; a negative amount that rounds to
-    /// zero keeps its sign, as in the boxes. Text is returned as it stands.
+    /// The text that is shown for a value. Numbers are rounded half away from zero to the decimals of the picture, and
+    /// a negative amount that is rounded to zero keeps its sign, as in the editor's boxes; text is returned unchanged.
     [[nodiscard]] std::string display(const GridValue& value, const NumberSeparators& separators) const;
 
 private:
@@ -40,7 +40,7 @@ private:
 
     std::string prefix_;
     std::string suffix_;
-    std::size_t integerDigits_ = 1; ///< At least this many are shown.
+    std::size_t integerDigits_ = 1; ///< The least number of digits before the decimal separator.
     int leastDecimals_ = 0;
     int mostDecimals_ = Currency::kDecimals;
     bool grouped_ = false;

@@ -1,4 +1,4 @@
-// Line: a separator line, horizontal where it is wider than high.
+// Line: a separator line; it is horizontal if its width is greater than its height.
 //
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once

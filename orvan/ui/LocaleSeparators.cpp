@@ -10,7 +10,7 @@ namespace orvan::ui {
 std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText)
 try {
     std::array<char, 255> buffer{};
-    // Only 127 of the 255 bytes are offered: an item that needs more gets its default.
+    // Deliberately only 127 of the 255 bytes are offered: an item that needs more gets its default.
     const auto offered = std::span<char>(buffer).first(127);
     const std::int32_t count = locale.getLocaleInfo(kLocaleUserDefault, item, offered);
     if (count <= 0) {
@@ -19,7 +19,7 @@ try {
     // The count includes the terminating null. A service that counts more than it was offered is not trusted.
     return std::string(buffer.data(), std::min(static_cast<std::size_t>(count), offered.size()) - 1);
 } catch (...) {
-    return std::string(defaultText); // a service that raises counts as one without an answer
+    return std::string(defaultText); // a service that raises is treated like one without the item
 }
 
 NumberSeparators gridSeparators(LocaleService& locale)

@@ -1,7 +1,7 @@
 // LocaleSeparators: reading one item of the user's locale, and the separators that a grid shows.
 //
 // The logic and every platform read the locale here, so that an amount looks the same wherever it is
-// shown. Raises nothing: a default takes the place of what cannot be read. Thread: the user-interface
+// shown. Raises nothing: a default replaces an item that cannot be read. Thread: the user-interface
 // thread.
 #pragma once
 
@@ -17,11 +17,11 @@ enum class LocaleItem : std::int32_t;
 /// the item, or needs more than 126 bytes for it.
 [[nodiscard]] std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText);
 
-/// The user's separators of plain numbers; "," and "." stand where the service has none to give.
+/// The user's separators of plain numbers; "," and "." if the service does not give them.
 [[nodiscard]] NumberSeparators gridSeparators(LocaleService& locale);
 
-/// What the keypad's decimal key types into a box of that use: the user's decimal separator of numbers
-/// or of money; "." into plain text.
+/// What the keypad's decimal key types into a box: the user's decimal separator of numbers or of money, depending on
+/// what the box is used for; "." for plain text.
 [[nodiscard]] std::string keypadDecimal(LocaleService& locale, TextUse use);
 
 } // namespace orvan::ui

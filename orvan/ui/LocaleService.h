@@ -1,7 +1,7 @@
 // LocaleService: the user's number and money formats.
 //
-// The abstract form of a platform's locale functions. Digits are always 0 to 9, whatever the locale's own, because they
-// are parsed back. Errors: see each function. Thread: the user-interface thread.
+// An amount is always written with the digits 0 to 9, even if the locale has digits of its own, because the texts are
+// read back as amounts. Errors: see each function. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -13,10 +13,10 @@
 
 namespace orvan::ui {
 
-/// The user's default locale.
+/// The number that stands for the user's default locale.
 inline constexpr std::int32_t kLocaleUserDefault = 0x0400;
 
-/// Locale items by the numbers of the platform convention they come from.
+/// The items of a locale that can be read. Their numbers follow the convention that existing hosts use.
 enum class LocaleItem : std::int32_t {
     decimalSeparator = 0x0E,
     thousandsSeparator = 0x0F,
@@ -29,8 +29,8 @@ class LocaleService {
 public:
     virtual ~LocaleService() = default;
 
-    /// Writes the item with a terminating null into buffer and returns the count written, the null
-    /// included; 0 when the item is unknown or does not fit. UTF-8; the count is in bytes.
+    /// Writes the item into the buffer as UTF-8 with a terminating null. Returns the number of bytes written, the null
+    /// included; 0 when the item is unknown or does not fit.
     [[nodiscard]] virtual std::int32_t getLocaleInfo(std::int32_t localeId, LocaleItem item,
                                                      std::span<char> buffer) = 0;
 
@@ -53,9 +53,9 @@ public:
         return text;
     }
 
-    /// Digits with at most one decimal separator, the number's or the money's; thousands separators
-    /// are skipped where they are not also a decimal separator. Rounds to four decimals, ties to
-    /// even. Raises 13 for anything else and 6 beyond the range.
+    /// Reads an amount: digits with at most one decimal separator, that of numbers or that of money. Thousands
+    /// separators are skipped unless they are also a decimal separator. Rounds to four decimals, ties to even. Raises
+    /// 13 for any other text, and 6 beyond the range.
     virtual Currency textToCurrency(std::string_view text) = 0;
 };
 

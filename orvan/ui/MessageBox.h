@@ -11,7 +11,7 @@ namespace orvan::ui {
 /// The first button is the default: Enter presses it.
 enum class MessageButtons { ok, yesNo, yesNoCancel };
 enum class MessageIcon { critical, question, exclamation, information };
-/// The values are those that hosts of this kind know.
+/// Existing hosts know these values.
 enum class MessageResult : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
 
 /// The title of every message box of the library.
@@ -22,16 +22,16 @@ struct Message {
     std::string title = kMessageTitle;
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::information;
-    std::int32_t ownerWindow = 0; ///< As ContainerSite::parentWindow gives it; 0: no owner.
+    std::int32_t ownerWindow = 0; ///< A handle that ContainerSite::parentWindow or Form::window gave; 0: no owner.
 };
 
 class MessageBox {
 public:
     virtual ~MessageBox() = default;
 
-    /// Returns when the user has answered. Closing the box without an answer is cancel where there
-    /// is a Cancel button, no where there is only No, ok otherwise. An owner that is gone counts as
-    /// none.
+    /// Returns when the user has answered. If the user closes the box without an answer, the result is `cancel` for a
+    /// box with a Cancel button, `no` for one with Yes and No, and `ok` for one with OK alone. An owner window that no
+    /// longer exists counts as no owner.
     virtual MessageResult show(const Message& message) = 0;
 };
 

@@ -31,8 +31,8 @@ public:
     virtual LocaleService& locale() = 0;
     virtual ComponentFactory& components() = 0;
     virtual ScreenPointer& pointer() = 0;
-    /// Makes a form and all its controls; nothing is shown yet (see orvan/ui/Form.h). Never null. The
-    /// platform outlives the form. Raises what a Surface of the design raises.
+    /// Makes a form and all its controls without showing it (see orvan/ui/Form.h). Never null. The platform must
+    /// outlive the form. Raises what making a Surface of the same design raises.
     [[nodiscard]] virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
 
     /// The way of editing of the forms and views that are made from now on.
@@ -42,7 +42,7 @@ public:
     /// platform calls this instead and goes on. A host may set its own; it must not throw.
     std::function<void(const RuntimeError&)> onUnhandledError;
 
-    /// Runs the work and hands what it throws to onUnhandledError; the result is then an empty one.
+    /// Runs the work. An error that it throws goes to onUnhandledError, and the result is then a default value.
     template <class Work>
     std::invoke_result_t<Work> dispatch(Work&& work) noexcept
     {
@@ -57,7 +57,7 @@ public:
         return std::invoke_result_t<Work>();
     }
 
-    /// Raises an event: runs its handler, if there is one, by runHandler and dispatch.
+    /// Raises an event: runs its handler, if there is one, by runHandler inside dispatch.
     template <class Result, class... Parameters, class... Arguments>
     Result raise(const std::function<Result(Parameters...)>& handler, Arguments&&... arguments) noexcept
     {

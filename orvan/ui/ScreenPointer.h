@@ -7,9 +7,9 @@
 
 namespace orvan::ui {
 
-/// The codes are those that hosts of this kind know.
+/// Existing hosts know these codes.
 enum class PointerCode : std::int32_t {
-    standard = 0,        ///< Whatever the control under it asks for.
+    standard = 0,        ///< The shape that the control under the pointer asks for.
     arrowHourglass = 13, ///< Busy, and the user may go on.
 };
 

@@ -15,10 +15,10 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
-    /// "" for a missing key. All texts UTF-8. Raises 75 when the store cannot be read.
+    /// The value of a key; "" if it is missing. All texts are UTF-8. Raises 75 when the store cannot be read.
     [[nodiscard]] virtual std::string get(std::string_view application, std::string_view section,
                                           std::string_view key) = 0;
-    /// The value is stored when this returns. Raises 75 when the store cannot be written; it is then unchanged.
+    /// Stores a value before it returns. Raises 75 when the store cannot be written; the store is then unchanged.
     virtual void set(std::string_view application, std::string_view section, std::string_view key,
                      std::string_view value) = 0;
 };

@@ -58,7 +58,7 @@ void Surface::userMovedFocus(Control& to)
 
 void Surface::moveFocus(Control& to)
 {
-    doSetFocus(to); // even if focused() is `to` already: the toolkit's own focus may be on a menu
+    doSetFocus(to); // also if focused() is `to` already, because the toolkit's own focus may be on a menu
     userMovedFocus(to);
 }
 
@@ -67,7 +67,7 @@ void Surface::enterFocus(Control& to)
     Control* const from = focused_;
     focused_ = &to;
     if (from) {
-        // The first of two handlers may end this surface, or move the focus on.
+        // The handler of onLostFocus may destroy this surface or move the focus to a third control.
         const LifetimeWatch watch = lifetime_.watch();
         from->raise(from->onLostFocus);
         if (watch.ended() || focused_ != &to) {
@@ -98,8 +98,8 @@ Control* Surface::firstTabStop() const
 
 void Surface::leaveDisabled(const Control& from)
 {
-    // A neighbour in the same frame, and rather the previous one than the next: a user who steps to the end of a list
-    // with the space bar is then on the button that leads back, not on whatever control comes next.
+    // The focus goes to a neighbour in the same frame, if possible to the previous one: when a user has pressed "next"
+    // until the end of a list and that button is disabled, the focus is then on the button that leads back.
     Control* previous = nullptr;
     Control* next = nullptr;
     Control* elsewhere = nullptr;

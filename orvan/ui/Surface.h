@@ -24,18 +24,19 @@ public:
     virtual ~Surface() = default;
 
     const FormDesign& design() const { return design_; }
-    /// Space for the controls, in twips.
+    /// The size of the area for the controls, in twips.
     float innerWidth() const { return innerWidth_; }
     float innerHeight() const { return innerHeight_; }
 
-    /// Paints everything anew. Does nothing where each widget paints itself whenever it changes.
+    /// Paints all controls. A platform whose widgets paint themselves whenever they change does nothing here.
     virtual void repaint() {}
 
-    /// The inner size changed. One handler.
+    /// The inner size changed.
     std::function<void()> onResize;
 
-    /// The control of that name. Raises 424 when the design has none and 13 when it is of another
-    /// kind, and names both: a wrong design fails when it is loaded, not when it is first used.
+    /// The control of that name. Raises 424 when the design has none and 13 when it is of another kind; the description
+    /// names the control and the design. The logic asks for all its controls when it is made, so that a wrong design is
+    /// noticed then.
     template <class T>
     T& control(std::string_view name) const
     {
@@ -46,26 +47,28 @@ public:
         raiseWrongKind(found);
     }
 
-    /// The control with the keyboard focus; null before any has had it.
+    /// The control with the keyboard focus; null until a control has had it.
     Control* focused() const { return focused_; }
 
 protected:
     /// Makes one control inside `parent` (null: the surface itself).
     virtual std::unique_ptr<Control> make(const ControlDesign& design, Control* parent) = 0;
-    /// Makes every control of the design; a platform calls it once, when it can make them.
-    /// Raises 424 for a control whose frame is not in the design before it.
+    /// Makes every control of the design. The constructor of a platform's surface calls it once; the constructor of
+    /// this class cannot, because make is virtual. Raises 424 for a control whose frame does not come before it in the
+    /// design.
     void buildControls();
-    /// The platform's report. Raises onResize, whose handler may destroy this surface.
+    /// The platform reports a new inner size. Raises onResize, whose handler may destroy this surface.
     void setInnerSize(float width, float height);
-    /// The platform's report that the user took the focus to a control, by key or mouse. Raises the
-    /// focus events unless the control has it already.
+    /// The platform reports that the user moved the focus to a control, by key or mouse. Raises the focus events unless
+    /// the control has the focus already.
     void userMovedFocus(Control& to);
-    /// Give the widget the toolkit's focus. A report of that move, if the toolkit makes one, must raise no focus event.
+    /// The platform gives the control's widget the toolkit's focus. If the toolkit notifies the platform of that move,
+    /// the platform must not report it.
     virtual void doSetFocus(Control& to) = 0;
-    /// The control that gets the focus when a window first opens: the first that Tab reaches. Null where there is none.
+    /// The first control that Tab reaches, which gets the focus when the window opens; null if there is none.
     Control* firstTabStop() const;
 
-    /// Whether events still reach the logic.
+    /// Whether events are still raised; false for a form that has been unloaded.
     virtual bool live() const { return true; }
     Platform& platform() const { return platform_; }
 
@@ -78,7 +81,7 @@ private:
     void enterFocus(Control& to);
     /// `from` was disabled while it had the focus: gives the focus to a neighbour.
     void leaveDisabled(const Control& from);
-    /// Controls that Tab reaches now, in its order.
+    /// The controls that Tab reaches now, in the order of Tab.
     std::vector<Control*> tabStops() const;
 
     const FormDesign& design_;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int16_t kUnknownCharacter = '?';
 constexpr std::string_view kReturnAndNewline = "\r\n";
-/// Longest first. The last two are U+2028 and U+2029.
+/// "\r\n" comes before "\r", so that it counts as one line end. The last two are U+2028 and U+2029.
 constexpr std::string_view kLineEnds[] = {kReturnAndNewline, "\n", "\r", "\xE2\x80\xA8", "\xE2\x80\xA9"};
 
 void requireNotNegative(const std::string& control, std::int32_t value)

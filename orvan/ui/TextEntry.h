@@ -20,8 +20,9 @@ namespace orvan::ui {
 /// already, else "\n", so that editing a text does not mix the two.
 [[nodiscard]] std::string_view lineEndOf(std::string_view text);
 
-/// Text as a box takes it from its user: each line end becomes `lineEnd` (" " for a box of one line), and what exceeds
-/// `capacity` characters is cut off; no line end is cut in two. A capacity below 0 counts as 0, none is no limit.
+/// The part of a typed or pasted text that a box takes: each line end becomes `lineEnd` (" " for a box of one line),
+/// and the text is cut to `capacity` characters, but never inside a line end. A capacity below 0 counts as 0; without
+/// one there is no limit.
 [[nodiscard]] std::string fitForEntry(std::string_view text, std::string_view lineEnd,
                                       std::optional<std::int64_t> capacity);
 
@@ -34,40 +35,42 @@ public:
     /// does, if the text is another one than before.
     void setText(std::string_view text);
 
-    /// 0, as at first: no limit. A new limit does not cut the text that is there.
+    /// The most characters that the box takes; 0, the initial value, is no limit. A new limit does not cut the present
+    /// text.
     std::int32_t maxLength() const { return maxLength_; }
     void setMaxLength(std::int32_t characters);
 
     std::int32_t selectionStart() const { return selectionStart_; }
     std::int32_t selectionLength() const { return selectionLength_; }
-    /// Puts the caret there, nothing selected; at the end for a position beyond it.
+    /// Puts the caret at the position, or at the end of the text if that comes first, and selects nothing.
     void setSelectionStart(std::int32_t position);
-    /// Selects from selectionStart() on, at most to the end.
+    /// Selects so many characters from selectionStart() on, but not beyond the end of the text.
     void setSelectionLength(std::int32_t length);
 
     std::function<void()> onChange;
-    /// The user pressed a key that makes a character: a code point, control characters included
-    /// (backspace 8, Enter 13, Ctrl+A to Ctrl+Z 1 to 26; Tab and Escape belong to the form). The
-    /// handler may put another character in its place, or 0 to swallow the key. Keys without a
-    /// character, pasting and dropping do not come here. A character that 16 bits with a sign cannot
-    /// hold arrives as "?" (63) and is typed as it is unless the handler changes that.
+    /// The user pressed a key that makes a character. KeyAscii is its code point, also that of a control character
+    /// (backspace is 8, Enter 13, Ctrl+A to Ctrl+Z 1 to 26); Tab and Escape are handled by the form. The handler may
+    /// replace the character, or set 0 so that nothing is typed. Keys without a character, pasting and dropping do not
+    /// raise this event. A character that does not fit a signed 16-bit number arrives as "?" (63); unless the handler
+    /// changes that, the character itself is typed.
     std::function<void(std::int16_t& KeyAscii)> onKeyPress;
 
 protected:
-    /// Show text(), caret at its start.
+    /// The platform shows text() with the caret at its start.
     virtual void doSetText() = 0;
     virtual void doSetMaxLength() = 0;
-    /// Show the selection.
+    /// The platform shows the selection.
     virtual void doSelect() = 0;
 
-    /// The platform's reports of what the user did, in either order. A change of the text raises onChange.
+    /// The platform reports here a changed text and a changed selection, in either order. A changed text raises
+    /// onChange.
     void userChangedText(std::string text);
     void userSelected(std::int32_t start, std::int32_t length);
-    /// Raises onKeyPress and returns the character that is to be typed; 0: none.
+    /// Raises onKeyPress and returns the character that is to be typed; 0 if none is.
     [[nodiscard]] char32_t userPressedKey(char32_t character);
-    /// A choice from a list: the text changes without raising onChange.
+    /// Sets the text without raising onChange, as when the user chooses a row of a list.
     void replaceText(std::string_view text);
-    /// The user or the program changed the text; called before any event.
+    /// Called when the user or the program has changed the text, before any event is raised.
     virtual void textChanged() {}
 
 private:
@@ -77,7 +80,7 @@ private:
     std::int32_t selectionLength_ = 0;
 };
 
-/// A box of text, of one line or several.
+/// A text box of one line or several lines.
 class TextBox : public TextEntry {
 public:
     using TextEntry::TextEntry;

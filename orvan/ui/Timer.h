@@ -1,7 +1,7 @@
 // Timer: raises an event when its interval has passed, again and again while it is enabled.
 //
-// Intervals are in milliseconds; an interval of 0, as at first, never passes. The event comes between
-// two actions of the user and never before the interval is over. Raises 380 for a negative interval.
+// Intervals are in milliseconds; with an interval of 0, the initial value, the event never comes. The event comes
+// between two actions of the user and never before the interval has passed. Raises 380 for a negative interval.
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
@@ -16,18 +16,19 @@ public:
     using Control::Control;
 
     std::int32_t interval() const { return interval_; }
-    /// Begins the wait anew. Raises 380 for a negative interval.
+    /// Sets the interval and starts waiting from the beginning. Raises 380 for a negative interval.
     void setInterval(std::int32_t milliseconds);
     bool enabled() const { return enabled_; }
-    /// Enabling begins the wait; a timer that is enabled already keeps the wait that is running.
+    /// Enabling a timer starts its wait; enabling it again does not restart the wait.
     void setEnabled(bool enabled);
 
     std::function<void()> onTimer;
 
 protected:
-    /// Begin the wait anew while enabled() and interval() is above 0, else stop.
+    /// The platform starts the wait from the beginning if the timer is enabled and interval() is above 0; otherwise it
+    /// stops waiting.
     virtual void doSchedule() = 0;
-    /// The platform's report that the interval has passed. Raises onTimer.
+    /// The platform reports that the interval has passed. Raises onTimer.
     void elapsed();
 
 private:

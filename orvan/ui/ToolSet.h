@@ -21,13 +21,14 @@ public:
     /// A tool that is not enabled is shown greyed and cannot be chosen.
     void setToolEnabled(std::string_view id, bool enabled);
 
-    /// The user chose a tool. Opening a menu is no choice.
+    /// The user chose a tool. Opening a menu does not raise this event.
     std::function<void(std::string_view id)> onToolClick;
 
 protected:
-    /// Show the tool's state; `index` into tools().
+    /// The platform shows whether the tool is enabled; `index` is its place in tools().
     virtual void doSetToolEnabled(std::size_t index, bool enabled) = 0;
-    /// The platform's report. Raises onToolClick; does nothing for a tool that is not enabled.
+    /// The platform reports that the user chose a tool. Raises onToolClick; does nothing for a tool that is not
+    /// enabled.
     void userChoseTool(std::string_view id);
 
 private:
@@ -43,8 +44,8 @@ public:
     using ToolSet::ToolSet;
 };
 
-/// A menu that stands in no bar and comes up at the mouse. The user's choice is a later event; dismissing the menu
-/// raises none.
+/// A menu that belongs to no bar and opens at the mouse pointer. A tool that the user chooses raises onToolClick later;
+/// closing the menu without a choice raises no event.
 class PopupMenu : public ToolSet {
 public:
     using ToolSet::ToolSet;

@@ -121,7 +121,8 @@ TEST_F(DeskTest, AQuoteComesBackAsItWasSaved)
     Quote bad = quote;
     bad.products = "\xC3";
     EXPECT_THROW(static_cast<void>(writeQuote(path, bad)), QuoteFileError);
-    EXPECT_THROW(static_cast<void>(writeQuote(folder.filePath(QStringLiteral("no/such/folder.json")), quote)), QuoteFileError);
+    EXPECT_THROW(static_cast<void>(writeQuote(folder.filePath(QStringLiteral("no/such/folder.json")), quote)),
+                 QuoteFileError);
     EXPECT_EQ(readQuote(path, [](const std::string&) {}).quote, quote) << "a failed save leaves the earlier file";
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "and nothing beside it";
 }

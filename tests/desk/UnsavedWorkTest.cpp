@@ -187,7 +187,8 @@ TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)
         quote.products = "2~Lamp:::5:1:0:5:~Desk:::9:1:0:9:~";
         keeper.keep({.quote = quote, .path = path()});
         keeper.finish();
-        copy = QDir(copies).filePath(QDir(copies).entryList({QStringLiteral("*.recovery.json")}, QDir::Files).constFirst());
+        copy = QDir(copies).filePath(
+            QDir(copies).entryList({QStringLiteral("*.recovery.json")}, QDir::Files).constFirst());
     }
     QJsonObject object = QJsonDocument::fromJson(read(copy)).object();
     object[u"processIdentity"] = QStringLiteral("a computer that was started another time");

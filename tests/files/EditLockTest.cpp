@@ -2,7 +2,8 @@
 
 #include "orvan/files/EditLock.h"
 #include "orvan/files/ProcessIdentity.h"
-#include "tests/files/TemporaryFolder.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -54,14 +55,13 @@ TEST(EditLock, IsTakenOverFromTheDeadOnly)
         std::int64_t process;
         std::string identity;
         bool dead;
-    } kRows[] = {
+    } rows[] = {
         {"a process that has ended", host, ended, "boot/1", true},
         {"a process number that another one has now", host, ::getpid(), "boot/1", true},
         {"a process that runs", host, ::getpid(), own, false},
         {"a process of another host", "elsewhere", ended, "boot/1", false},
     };
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(row.name);
+    forEachRow(rows, [&](const auto& row) {
         const TemporaryFolder folder;
         const fs::path file = folder / "quote";
         writeLock(file, row.host, row.process, row.identity);
@@ -70,7 +70,7 @@ TEST(EditLock, IsTakenOverFromTheDeadOnly)
         const auto& told = row.dead ? lock.deadHolder() : lock.holder();
         EXPECT_TRUE(told && told->user == "anna" && told->since == 1'700'000'000);
         EXPECT_TRUE(EditLock(file, true).held() || row.dead); // on the user's word also from the living
-    }
+    });
 }
 
 TEST(EditLock, LosesNoLockThatSomebodyElseHasTakenOver)

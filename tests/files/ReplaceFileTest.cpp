@@ -3,7 +3,8 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/files/NewFile.h"
 #include "orvan/files/WholeFile.h"
-#include "tests/files/TemporaryFolder.h"
+#include "tests/support/Rows.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,7 @@ TEST(ReplaceFile, RefusesWhatIsNoFile)
         fs::path file;
         const char* atReading;
         const char* atReplacing;
-    } kRows[] = {
+    } rows[] = {
         {"a link to nowhere", folder / "dangling", "No such file or directory", "it is a link that leads nowhere"},
         {"a folder", folder / "folder", "it is a folder", "there is something else of this name"},
         {"a pipe without a writer", folder / "pipe", "it is a pipe", "there is something else of this name"},
@@ -75,13 +76,12 @@ TEST(ReplaceFile, RefusesWhatIsNoFile)
         {"a name in a folder that is not there", folder / "none" / "file", "No such file or directory",
          "No such file or directory"},
     };
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(row.name);
+    forEachRow(rows, [&](const auto& row) {
         EXPECT_EQ(problemOf([&] { static_cast<void>(files::readFile(row.file, kMost)); }), row.atReading);
         if (row.atReplacing) {
             EXPECT_EQ(problemOf([&] { static_cast<void>(files::replaceFile(row.file, "text")); }), row.atReplacing);
         }
-    }
+    });
     EXPECT_EQ(folder.count(), 3); // nothing new was left behind
     EXPECT_TRUE(fs::is_symlink(folder / "dangling"));
 }

@@ -17,7 +17,7 @@ void HeadlessClock::advance(std::int64_t milliseconds)
 {
     const std::int64_t end = now_ + milliseconds;
     while (HeadlessTimer* timer = nextDue(end)) {
-        now_ = std::max(now_, timer->due_); // a handler may have advanced the clock itself
+        now_ = std::max(now_, timer->due_); // now_ may be later, because a handler can call advance() itself
         timer->fire();
     }
     now_ = std::max(now_, end);

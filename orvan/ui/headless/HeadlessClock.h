@@ -1,7 +1,7 @@
-// HeadlessClock: the time of an in-memory platform, which passes only by advance().
+// HeadlessClock: the time of an in-memory platform, which passes only when advance() is called.
 //
-// In milliseconds since the platform was made. Ownership: the platform; it outlives its timers. Thread:
-// the platform's.
+// The time is in milliseconds since the platform was made. Ownership: the platform; the clock outlives its
+// timers. Thread: the platform's.
 #pragma once
 
 #include <cstdint>

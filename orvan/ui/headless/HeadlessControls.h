@@ -1,6 +1,6 @@
-// HeadlessControls: the in-memory controls. What a user does to them are methods here, and only here.
+// HeadlessControls: the in-memory controls. They have a method for each action of a user.
 //
-// A driving method does what the user's action does in a window: it raises the same events, and an
+// Such a driving method does what the user's action does in a window: it raises the same events, and an
 // error that leaves a handler reaches the platform's onUnhandledError. What a user could not do, such
 // as pressing a greyed button, raises 5. Ownership: the surface. Thread: the platform's.
 #pragma once
@@ -22,7 +22,7 @@ namespace orvan::headless {
 
 class HeadlessClock;
 
-/// Makes the control of a design row's kind. Raises 51 for a timer where there is no clock.
+/// Makes a control of the kind that the design names. Raises 51 for a timer if `clock` is null.
 [[nodiscard]] std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
                                                                HeadlessClock* clock);
 
@@ -30,9 +30,10 @@ class HeadlessButton final : public ui::Button {
 public:
     using Button::Button;
 
-    /// With the mouse: the button has the focus before it reports the click.
+    /// The user clicks the button with the mouse: it gets the focus, then onClick is raised.
     void click();
-    /// With its mnemonic, or with the mouse on a platform where a click does not move the focus.
+    /// The user presses the button without moving the focus: with its mnemonic, or with the mouse on a platform where a
+    /// click does not move the focus.
     void press();
 
 private:
@@ -55,17 +56,18 @@ private:
 class HeadlessPopupMenu final : public ui::PopupMenu {
 public:
     HeadlessPopupMenu(const ui::ControlDesign& design, ui::Platform& platform);
-    /// If the menu is still up, nobody has driven it: error 51 reaches the platform's onUnhandledError.
+    /// If the menu is still open, error 51 reaches the platform's onUnhandledError, because nobody has chosen from it
+    /// or dismissed it.
     ~HeadlessPopupMenu() override;
 
-    /// Raises 51 while the menu is up, because nobody has driven it.
+    /// Opens the menu. Raises 51 if it is open already, because nobody has chosen from it or dismissed it.
     void popUp() override;
     bool isUp() const { return up_; }
-    /// The IDs of the tools that a user can choose, with blanks between.
+    /// The IDs of the tools that a user can choose, separated by blanks.
     std::string offered() const;
-    /// The user chooses the tool, which closes the menu. Raises 5 while it is not up.
+    /// The user chooses the tool, which closes the menu. Raises 5 if the menu is not open.
     void choose(std::string_view id);
-    /// The user presses Escape or clicks elsewhere. Raises 5 while it is not up.
+    /// The user presses Escape or clicks elsewhere, which closes the menu. Raises 5 if the menu is not open.
     void dismiss();
 
 private:
@@ -86,9 +88,10 @@ public:
     void dragColumn(std::int32_t column, std::int32_t twips);
     /// The user clicks a row below the header. Raises 5 for a header row, 9 outside the grid.
     void chooseRow(std::int32_t row);
-    /// On a row, which the first click chooses unless it is a header; -1: where there is no row.
+    /// The user double clicks a row (-1: where there is no row). The first click chooses the row unless it is a header.
     void doubleClick(std::int32_t row);
-    /// On a cell or header; -1: where there is no row or column. Raises 5 for a column that is hidden.
+    /// The user clicks a cell or header with the right button (-1: where there is no row or column). Raises 5 for a
+    /// hidden column.
     void rightClick(std::int32_t row, std::int32_t column);
 
     /// How often the grid has been painted since it was made.

@@ -1,8 +1,8 @@
 // HeadlessEntries: the in-memory boxes, with typing, keys, pasting, selecting and choosing from a list.
 //
-// Positions and lengths are in characters, from 0. A user who types or pastes has put the focus into the box first;
-// each driving method does so too. A box that is read-only takes no text. What no user could do raises 5. Ownership:
-// the surface. Thread: the platform's.
+// Positions and lengths are in characters, from 0. A user who types or pastes first moves the focus to the box, and so
+// do these methods. A read-only box takes no text. An action that no user could do raises 5. Ownership: the surface.
+// Thread: the platform's.
 #pragma once
 
 #include "orvan/base/Lifetime.h"
@@ -19,21 +19,21 @@ class LocaleService;
 
 namespace orvan::headless {
 
-/// What a user does to an entry, for both kinds of box.
+/// The actions of a user in a text box or in the edit part of a combo box.
 class EntryDriver {
 public:
     virtual ~EntryDriver() = default;
 
-    /// Types each character in turn; a line end is Enter, which only a box of several lines keeps.
+    /// Types each character in turn. A "\n" presses Enter, which puts a line end only into a box of several lines.
     void type(std::string_view text);
     void backspace();
     void deleteForward();
-    /// Ctrl with a letter: the box sees its control character first. C, X and V then work on
-    /// `clipboard`, A selects all, other letters do nothing.
+    /// Presses Ctrl with a letter. onKeyPress gets its control character first; then C, X and V work on `clipboard`, A
+    /// selects all, and other letters do nothing.
     void pressControl(char letter, std::string& clipboard);
-    /// Pastes by menu, middle button or drop: no key is pressed.
+    /// Pastes without a key, as a menu, the middle mouse button or a drop does; onKeyPress is not raised.
     void paste(std::string_view text);
-    /// The keypad's decimal key: the separator that the box's use asks for.
+    /// Presses the keypad's decimal key, which types the separator for what the box is used for.
     void pressKeypadDecimal();
     void select(std::int32_t start, std::int32_t length);
 
@@ -41,15 +41,15 @@ protected:
     EntryDriver(ui::EntryPort& port, const ui::ControlDesign& design, ui::LocaleService& locale);
 
 private:
-    /// Returns whether the key is to have its own effect; not where the handler replaced it or destroyed the box.
+    /// Returns whether the key is to have its own effect: false if the handler replaced it or destroyed the box.
     [[nodiscard]] bool pressKey(char32_t key);
-    /// Replaces `length` characters from `start` on, as far as the maximum length lets it.
+    /// Replaces `length` characters from `start` on; the new text is cut to the maximum length of the box.
     void replace(std::int32_t start, std::int32_t length, std::string_view text);
     void replaceSelection(std::string_view text);
     std::string selectedText();
 
     ui::EntryPort& port_;
-    Lifetime lifetime_; ///< A handler may destroy the box, and this with it.
+    Lifetime lifetime_; ///< A handler may destroy the box, and this object with it.
     bool readOnly_;
     bool multiLine_;
     std::string keypadDecimal_;

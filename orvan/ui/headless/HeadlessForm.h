@@ -1,7 +1,7 @@
 // HeadlessForm: a dialog without a window, driven by a procedure that stands for its user.
 //
 // HeadlessPlatform::drive queues the procedure for the next form that is shown; showModal runs it, and
-// raises 51 where there is none or it leaves the form open. Ownership: the caller of loadForm. Thread:
+// raises 51 if there is none or if it leaves the form open. Ownership: the caller of loadForm. Thread:
 // the platform's.
 #pragma once
 
@@ -27,7 +27,7 @@ public:
     void focus(std::string_view name);
     void clickCloseBox() { unload(ui::UnloadMode::closeBox); }
     void pressEscape() { userPressedEscape(); }
-    /// The user gives the window another size inside, in twips.
+    /// The user changes the inner size of the window, in twips.
     void resize(float width, float height) { setInnerSize(width, height); }
 
     std::int32_t window() override { return 0; }

@@ -2,8 +2,8 @@
 //
 // For hosts without a window (servers, converters, tests): the same logic runs on controls in memory.
 // A user's answers to message boxes and actions in dialogs are given in advance, time passes by
-// clock().advance(), and settings live as long as the platform. A box without an answer and a form
-// without a driver raise 51. Ownership: the host. Thread: the thread that made it.
+// clock().advance(), and settings live as long as the platform. A message box
+// without an answer and a form without a driver raise 51. Ownership: the host. Thread: the thread that made it.
 #pragma once
 
 #include "orvan/ui/Platform.h"
@@ -19,24 +19,24 @@ namespace orvan::headless {
 
 class HeadlessForm;
 
-/// A message box answered from a queue.
+/// A message box that takes its answers from a queue.
 class HeadlessMessageBox final : public ui::MessageBox {
 public:
-    /// Answers the next message box that nobody has answered yet.
+    /// Adds an answer to the queue; each message box takes the first one.
     void answer(ui::MessageResult result) { answers_.push_back(result); }
 
     /// Runs while a message box waits for its answer, as timers and other windows do in a program.
     std::function<void(const ui::Message& message)> onWaiting;
 
-    /// Raises 51 for a message box without an answer in the queue, or with one that its buttons do
-    /// not offer. It counts as shown all the same.
+    /// Raises 51 if the queue is empty or its first answer is none of the box's buttons. The message box is then still
+    /// in shown().
     ui::MessageResult show(const ui::Message& message) override;
 
     /// Every message box so far, oldest first.
     const std::vector<ui::Message>& shown() const { return shown_; }
-    /// Answers that no message box has asked for yet.
+    /// How many answers are still in the queue.
     std::size_t unusedAnswers() const { return answers_.size(); }
-    /// Message boxes that found no fitting answer.
+    /// How many message boxes found no answer that their buttons offer.
     int unanswered() const { return unanswered_; }
 
 private:
@@ -60,7 +60,7 @@ public:
     ui::PointerCode code() const override { return history_.back(); }
     void setCode(ui::PointerCode code) override { history_.push_back(code); }
 
-    /// Every code so far, oldest first; the standard one to begin with.
+    /// Every code that has been set, oldest first; the first is always the standard code.
     const std::vector<ui::PointerCode>& history() const { return history_; }
 
 private:
@@ -69,8 +69,8 @@ private:
 
 class HeadlessPlatform final : public ui::Platform {
 public:
-    /// Both must outlive the platform. An error that no handler took is written to std::cerr until
-    /// the host sets onUnhandledError.
+    /// The locale and the components must outlive the platform. An error that leaves an event handler is written to
+    /// std::cerr until the host sets onUnhandledError.
     HeadlessPlatform(ui::LocaleService& locale, ui::ComponentFactory& components);
 
     HeadlessMessageBox& messageBox() override { return messageBox_; }
@@ -81,19 +81,19 @@ public:
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
     using Driver = std::function<void(HeadlessForm& form)>;
-    /// Queues what a user does in the next form that has no driver yet. A form shown modally without a
-    /// driver, or still open when its driver has returned, is unloaded and raises 51.
+    /// Adds a driver to the queue: what a user does in a form. Each form that is shown takes the first one. A form that
+    /// finds no driver, or is still open when its driver has returned, is unloaded and raises 51.
     void drive(Driver driver) { drivers_.push_back(std::move(driver)); }
-    /// Takes back the one that was to drive the next form.
+    /// Removes the first driver of the queue, which the next form would have taken.
     void dropDriver() { static_cast<void>(nextDriver()); }
-    /// Drivers that no form has asked for yet.
+    /// How many drivers are still in the queue.
     std::size_t unusedDrivers() const { return drivers_.size(); }
     HeadlessClock& clock() { return clock_; }
 
 private:
     friend class HeadlessForm;
 
-    /// Takes the next one from the queue; empty when there is none.
+    /// Takes the first driver from the queue; empty if there is none.
     Driver nextDriver();
 
     ui::LocaleService& locale_;

@@ -14,7 +14,7 @@ namespace orvan::headless {
 class HeadlessSurface final : public ui::Surface {
 public:
     /// Makes every control of the design. The platform must outlive the surface. Raises 51 for a timer:
-    /// forms alone have time.
+    /// only a form has a clock for timers.
     HeadlessSurface(const ui::FormDesign& design, ui::Platform& platform);
 
     /// The container gives the control another size, in twips.

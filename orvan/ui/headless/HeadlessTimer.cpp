@@ -22,7 +22,7 @@ void HeadlessTimer::doSchedule()
 void HeadlessTimer::fire()
 {
     due_ = clock_.now_ + interval();
-    elapsed(); // may end the timer
+    elapsed(); // the handler may destroy the timer
 }
 
 } // namespace orvan::headless

@@ -1,4 +1,4 @@
-// HeadlessTimer: a timer that fires when somebody advances its platform's clock.
+// HeadlessTimer: a timer that fires when its platform's clock is advanced.
 //
 // Thread: the platform's.
 #pragma once

@@ -1,4 +1,4 @@
-// raiseImpossible: for driving methods that are asked for what no user could do. Raises 5. Thread: any.
+// raiseImpossible: raises 5 when a test or host asks for an action that no user could do. Thread: any.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"

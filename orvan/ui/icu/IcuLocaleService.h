@@ -2,11 +2,11 @@
 //
 // Everything is taken from ICU when the service is made and never asked for again, so that the
 // separators, the symbol and the formatted texts always agree. Money follows one locale and numbers
-// another, as LC_MONETARY and LC_NUMERIC let a user choose. For every locale ICU knows, an amount
-// that is not negative and shown with four decimals is read back exactly (where its data would not
-// allow that, see NumberPattern.h and LocaleData.h for what is shown instead).
-// Thread: made on any; then constant, so that any thread may read. Making one raises 51 when ICU's
-// data is missing.
+// another, as LC_MONETARY and LC_NUMERIC let a user choose. In every locale that ICU knows, an amount
+// that is not negative and is written with four decimals can be read back exactly. Where the locale's own
+// separators or symbol would prevent that, others are used (see NumberPattern.h and LocaleData.h).
+// Thread: any; the service does not change after it is made. Making one raises 51 when ICU's data is
+// missing.
 #pragma once
 
 #include "orvan/ui/LocaleService.h"
@@ -17,10 +17,10 @@ namespace orvan::icu {
 
 class IcuLocaleService : public ui::LocaleService {
 public:
-    /// Names as in LocaleNames.h; unknown ones fall back as icuLocaleId says, never an error.
+    /// The names are those of LocaleNames.h. An unknown name is no error; icuLocaleId says which locale replaces it.
     explicit IcuLocaleService(const LocaleNames& names);
 
-    /// Knows kLocaleUserDefault alone: 0 for any other locale.
+    /// Returns 0 for any locale but kLocaleUserDefault.
     std::int32_t getLocaleInfo(std::int32_t localeId, ui::LocaleItem item, std::span<char> buffer) override;
     /// Raises 5 when digits is not 0 to kMostDigits; so does appendNumber.
     void appendCurrency(std::string& text, Currency value, int digits) override;
@@ -28,7 +28,7 @@ public:
     Currency textToCurrency(std::string_view text) override;
 
 private:
-    /// Null for an item that is not known.
+    /// The text of an item; null for an unknown item.
     const std::string* item(ui::LocaleItem item) const;
 
     MoneyPattern money_;

@@ -36,8 +36,8 @@ std::string toUtf8(const UnicodeString& text)
     return text.toUTF8String(utf8);
 }
 
-/// Whether a test is true for the name of one of ICU's locales. Names, because making ICU's list of Locale objects
-/// takes longer than everything else in this file.
+/// Whether a test is true for the name of at least one of ICU's locales. It uses the names, because making ICU's list
+/// of Locale objects takes longer than everything else in this file.
 template <class Test>
 bool anyAvailable(Test&& test)
 {
@@ -81,32 +81,32 @@ void setKeyword(Locale& locale, const char* key, const char* value)
     check(status);
 }
 
-/// A locale ICU has data for, or one whose language is empty.
+/// The locale of that name, or a similar one, that ICU has data for; a locale with an empty language if there is none.
 Locale knownLocale(const std::string& base)
 {
     Locale locale = Locale::createFromName(base.c_str());
     UErrorCode status = U_ZERO_ERROR;
-    locale.canonicalize(status); // iw is he, sh is sr_Latn
+    locale.canonicalize(status); // replaces old names: "iw" by "he", "sh" by "sr_Latn"
     if (U_FAILURE(status) || locale.isBogus()) {
         return Locale("");
     }
     if (isAvailable(locale)) {
-        return locale; // unchanged: a variant may count, as in en_US_POSIX
+        return locale; // unchanged, because a variant may matter, as in en_US_POSIX
     }
     const char* const territory = locale.getCountry();
     if (hasDataFor(locale.getLanguage())) {
-        // ICU fills a script it has no data for from the process's default locale: it is left out.
+        // A script without data in ICU is left out, because ICU would then use the process's default locale.
         const std::string script = locale.getScript();
         const bool known = !script.empty() && hasDataFor(locale.getLanguage(), script);
         return Locale((locale.getLanguage() + (known ? "_" + script : "")).c_str(), territory);
     }
     const Locale spoken = withLikelySubtags(Locale("und", territory));
     const bool found = *territory != '\0' && hasDataFor(spoken.getLanguage());
-    // The territory is kept as it was asked for: the currency comes from it.
+    // The territory stays the one in the name, because it decides the currency.
     return found ? Locale(spoken.getLanguage(), territory) : Locale("");
 }
 
-/// ICU's own "key=value;key=value". Only a currency matters here, and only one of three letters: ICU accepts any three
+/// Applies ICU's own "key=value;key=value". Only a currency of three letters is used: ICU itself would accept any three
 /// characters, digits too.
 void applyKeywords(Locale& locale, std::string_view keywords)
 {
@@ -154,8 +154,8 @@ LocalizedNumberFormatter formatterOf(const Locale& locale)
         ::icu::number::Precision::fixedFraction(kDecimals));
 }
 
-/// The parts of a formatted number, found by its digits: no other part holds any. ICU can name the parts itself, but
-/// the first such call takes a millisecond.
+/// The parts of a formatted number. They are found by the places of its digits, because no other part contains digits.
+/// ICU can name the parts itself, but the first such call takes a millisecond.
 class FormattedParts {
 public:
     FormattedParts(const LocalizedNumberFormatter& formatter, const char* decimal)
@@ -196,17 +196,17 @@ private:
     {
         return toUtf8(text_.tempSubStringBetween(begin, end));
     }
-    /// What stands between a digit and the one before it.
+    /// The text between a digit and the one before it.
     std::string separatorBefore(std::size_t digit) const { return part(digits_[digit - 1] + 1, digits_[digit]); }
 
     UnicodeString text_;
-    std::vector<std::int32_t> digits_;     // where they stand
-    std::vector<std::size_t> groupBegins_; // the first digit of each group but the first
+    std::vector<std::int32_t> digits_;     // the position of each digit in the text
+    std::vector<std::size_t> groupBegins_; // for each group but the first: its first digit
 };
 
 NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::string& unusedGroupSeparator)
 {
-    // Taken from formatted texts: nothing else shows the spaces between symbol and digits.
+    // The pattern is read from formatted texts, because only they show the spaces between symbol and digits.
     const FormattedParts positive(formatter, "1234567890123.4567");
     const FormattedParts negative(formatter, "-1234567890123.4567");
     NumberPattern pattern;
@@ -221,7 +221,7 @@ NumberPattern patternOf(const LocalizedNumberFormatter& formatter, const std::st
     if (positive.isGrouped()) {
         std::string digits(positive.primaryGroup() + 1, '1');
         while (!FormattedParts(formatter, digits.c_str()).isGrouped()) {
-            digits += '1'; // ends at the latest with as many digits as above, which were grouped
+            digits += '1'; // ends, because the longer number above was grouped
         }
         pattern.minimumGroupingDigits = static_cast<int>(digits.size()) - pattern.primaryGroup;
     }
@@ -297,7 +297,7 @@ MoneyPattern moneyPattern(const std::string& localeId)
     const LocalizedNumberFormatter formatter = formatterOf(locale).unit(currency);
     MoneyPattern money = moneyOf(formatter, currencySymbol(locale, currency));
     if (looksLikeDigits(money.symbol, money.pattern.decimalSeparator)) {
-        // From a copy of the formatter: one that is moved from a formatter in use keeps showing the old symbol.
+        // `formatter` must be copied here and not moved: moved after it has been used, it would keep the old symbol.
         money = moneyOf(formatter.unitWidth(UNUM_UNIT_WIDTH_ISO_CODE), currencyCode(localeId));
     }
     return money;

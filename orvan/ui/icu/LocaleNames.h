@@ -1,8 +1,8 @@
 // LocaleNames: which locale the user wants money and numbers written in.
 //
 // Names are as the C library takes them (language_TERRITORY.codeset@modifier) or as ICU does
-// (language_Script_TERRITORY@key=value). Thread: reading the environment must not run beside a
-// change of it.
+// (language_Script_TERRITORY@key=value). Thread: any, but no other thread may change
+// the environment while it is read.
 #pragma once
 
 #include <functional>
@@ -16,23 +16,23 @@ struct LocaleNames {
     std::string numeric;
 };
 
-/// Value of an environment variable, or null when it is not set: std::getenv or a stand-in.
+/// Returns the value of an environment variable, or null if it is not set: std::getenv, or a replacement in a test.
 using EnvironmentReader = std::function<const char*(const char* variable)>;
 
-/// For each of the two the first that is not empty of LC_ALL, LC_MONETARY or LC_NUMERIC, and LANG,
-/// as the C library's setlocale decides; "" when there is none.
+/// The locale of money is the first of LC_ALL, LC_MONETARY and LANG that is not empty, as the C library's setlocale
+/// decides; for numbers LC_NUMERIC takes the place of LC_MONETARY. "" if all are empty.
 LocaleNames localeNamesFromEnvironment(const EnvironmentReader& read);
-/// From the process's own environment.
+/// The same, read from the environment of this process.
 LocaleNames localeNamesFromEnvironment();
 
-/// A locale name taken apart; texts are as written.
+/// The parts of a locale name, unchanged.
 struct LocaleNameParts {
     std::string_view base;     ///< language, script, territory
     std::string_view modifier; ///< without its '@'; "euro", "latin", "currency=EUR"
 };
 
-/// Drops the codeset: texts are UTF-8 here whatever the user's terminal speaks. The parts are views
-/// into name.
+/// Splits a locale name. The codeset is dropped, because the library's texts are always UTF-8. The parts are views into
+/// `name`.
 LocaleNameParts splitLocaleName(std::string_view name);
 
 } // namespace orvan::icu

@@ -19,7 +19,7 @@ void appendGrouped(std::string& text, const NumberPattern& pattern, std::string_
         text += digits;
         return;
     }
-    std::size_t left = digits.size() - primary; // digits before the last separator
+    std::size_t left = digits.size() - primary; // number of digits before the last separator
     std::size_t first = secondary == 0 ? left : left % secondary;
     if (first == 0) {
         first = secondary;
@@ -86,7 +86,7 @@ void makeReadable(NumberPattern& pattern)
 Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
 {
     const auto startsWith = [](std::string_view rest, std::string_view separator) {
-        // Most separators are one byte, which needs no call.
+        // The first byte is compared here because most separators have only one: that needs no function call.
         return !separator.empty() && rest.front() == separator.front() &&
                (separator.size() == 1 || rest.starts_with(separator));
     };

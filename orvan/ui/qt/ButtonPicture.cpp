@@ -28,7 +28,7 @@ struct Point {
     float y = 0;
 };
 
-/// A line through points; a shape where it ends at its first point.
+/// A line through points; if it ends at its first point, it encloses a shape.
 struct Stroke {
     constexpr Stroke(std::initializer_list<Point> line) : count(line.size())
     {

@@ -5,7 +5,7 @@
 
 namespace orvan::qt {
 
-/// `share` (0 to 1) of the way from one colour to the other.
+/// A mixture of two colours: `from` for a share of 0, `to` for a share of 1.
 inline QColor between(const QColor& from, const QColor& to, float share)
 {
     const auto mix = [share](float a, float b) { return a + (b - a) * share; };

@@ -37,14 +37,14 @@ EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platf
     setReadOnly(design.readOnly);
     setAlignment((design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (design.alignment == ui::Alignment::right) {
-        // Amounts. Without shaping their digits stand one below the other, and a keystroke lays three of them out
-        // faster. Scripts that need shaping get it all the same.
+        // Boxes that are aligned to the right hold amounts. Without text shaping their digits are exactly below each
+        // other, and drawing them at each keystroke is faster. Qt still shapes the scripts that need it.
         QFont amounts;
         amounts.setStyleStrategy(QFont::PreferNoShaping);
         setFont(amounts);
     }
     connect(this, &QLineEdit::textEdited, this,
-            [this] { setQuiet(false); }); // only the user raises textEdited, and it comes first
+            [this] { setQuiet(false); }); // Qt emits textEdited only for the user, and before textChanged
     connect(this, &QLineEdit::textChanged, this, [this] { reportChange(); });
     connect(this, &QLineEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
     connect(this, &QLineEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
@@ -83,7 +83,8 @@ bool EntryLine::event(QEvent* event)
 
 void EntryLine::nativeKeyPress(QKeyEvent& key)
 {
-    // A key that types a character is no paste; asking Qt whether it is takes a twentieth of a keystroke's time.
+    // A key that types a character is no paste. It is tested first, because asking Qt whether a key means "paste" takes
+    // a twentieth of a keystroke's time.
     const bool typing = key.modifiers() == Qt::NoModifier && !key.text().isEmpty();
     if (!typing && key.matches(QKeySequence::Paste) && pasteFitting(QClipboard::Clipboard)) {
         key.accept();
@@ -114,11 +115,11 @@ void EntryLine::focusInEvent(QFocusEvent* event)
 
 void EntryLine::focusOutEvent(QFocusEvent* event)
 {
-    // A combo box moves the focus into its list without giving the pop-up reason. The line would then drop its
-    // selection, which is the completed end of the text that the next key is to replace.
+    // When a combo box moves the focus into its list, Qt does not give PopupFocusReason as the reason. Without that
+    // reason the line would lose its selection: the completed end of the text, which the next key is to replace.
     const Qt::FocusReason reason = QApplication::activePopupWidget() ? Qt::PopupFocusReason : event->reason();
     left_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::MenuBarFocusReason &&
-            reason != Qt::PopupFocusReason; // after those the focus comes back
+            reason != Qt::PopupFocusReason; // after these reasons the focus comes back to the line
     QFocusEvent left(event->type(), reason);
     QLineEdit::focusOutEvent(&left);
 }
@@ -127,7 +128,7 @@ void EntryLine::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool pastes = event->button() == Qt::MiddleButton && QApplication::clipboard()->supportsSelection();
     if (pastes && !isReadOnly()) {
-        deselect(); // this paste does not replace the selection, which is often its source
+        deselect(); // this paste must not replace the selection, which is often the text that is pasted
         if (pasteFitting(QClipboard::Selection)) {
             return;
         }
@@ -160,7 +161,7 @@ void EntryLine::contextMenuEvent(QContextMenuEvent* event)
     }
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction* action : menu->actions()) {
-        if (action->text().startsWith(QLineEdit::tr("&Paste"))) { // Qt gives it no other name
+        if (action->text().startsWith(QLineEdit::tr("&Paste"))) { // Qt marks this action by its text alone
             action->disconnect(this);
             connect(action, &QAction::triggered, this, [this] {
                 if (!pasteFitting(QClipboard::Clipboard)) {

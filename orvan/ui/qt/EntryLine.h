@@ -1,9 +1,9 @@
 // EntryLine: the line edit of a text box and of a combo box.
 //
-// A read-only line has the window's colour as its ground and keeps the colour of its text. A text too
-// long for the box is shown from its start once the focus has left it, and ends in an ellipsis, so that
-// an amount is never read as another one; the tool tip or the focus shows the rest. Ownership: its
-// parent widget. Thread: the user-interface thread.
+// A read-only line has the window's background colour and the usual text colour. When the box does not
+// have the focus, a text that is too long for it is shown from its start and ends in an ellipsis, so that
+// an amount is never read as another one. The tool tip shows all of it. Ownership: its parent widget.
+// Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/qt/QtEntry.h"
@@ -38,16 +38,17 @@ private:
     void nativeKeyPress(QKeyEvent& key) override;
     void nativeInput(QInputMethodEvent& input) override { QLineEdit::inputMethodEvent(&input); }
 
-    /// Inserts the part of the clipboard that fits; false where all of it fits and Qt can paste it itself.
+    /// Inserts the part of the clipboard's text that fits. Returns false, and inserts nothing, if Qt can paste it
+    /// itself, because all of it fits or the line is read-only.
     bool pasteFitting(QClipboard::Mode mode);
     QRect textArea() const;
-    /// The text is only read now: nobody edits it or moves the caret in it.
+    /// Whether nobody edits the text or moves the caret in it at the moment.
     bool isAtRest() const;
     bool isCut() const;
 
-    bool left_ = true; ///< The focus has gone on to another control, or was never here.
-    /// The caret is moved only when the focus comes: at rest nobody sees it, and moving it takes a tenth of the time
-    /// that showing a text takes.
+    bool left_ = true; ///< The focus is on another control, or the line never had it.
+    /// The caret must still be moved when the line gets the focus. Without the focus nobody sees the caret, and moving
+    /// it takes a tenth of the time that showing a text takes.
     bool caretDue_ = false;
 };
 

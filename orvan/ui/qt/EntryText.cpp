@@ -14,7 +14,8 @@ namespace {
 constexpr std::int32_t kAnyCharacter = std::numeric_limits<std::int32_t>::max();
 constexpr qsizetype kAnyPosition = std::numeric_limits<qsizetype>::max();
 
-/// How many units two texts have in common at their beginning, at most `most`; never half a character.
+/// How many UTF-16 units are the same at the beginning of two texts, at most `most`. A character of two units counts
+/// only as a whole.
 template <class Iterator>
 qsizetype commonUnits(Iterator one, Iterator other, qsizetype most, bool (QChar::*isCut)() const)
 {
@@ -41,7 +42,8 @@ std::string EntryText::edited(std::string_view text, const QString& shown) const
     const qsizetype after = commonUnits(shown.crbegin(), shown_.crbegin(), shorter - before,
                                         static_cast<bool (QChar::*)() const>(&QChar::isLowSurrogate));
     const Place end = find(text, kAnyCharacter, kAnyPosition);
-    const bool mapped = end.position == shown_.size(); // else the widget holds something else, and all of it is taken
+    // If the lengths differ, the widget held another text than `text`: then all of the widget's text is taken.
+    const bool mapped = end.position == shown_.size();
     const qsizetype from = mapped ? before : 0;
     std::string middle = fromQt(shown.mid(from, mapped ? shown.size() - before - after : -1));
     if (lines_) {

@@ -15,33 +15,33 @@ namespace orvan::qt {
 
 class EntryText {
 public:
-    /// `lines`: the widget has several, and shows each line end as U+2029.
+    /// `lines` says that the widget has several lines; its text then has U+2029 for each line end.
     explicit EntryText(bool lines) : lines_(lines) {}
 
-    /// What a line end that is typed or pasted becomes.
+    /// The line end that the library's text gets when the user types or pastes one.
     std::string_view lineEnd() const { return lineEnd_; }
-    /// The widget shows `text` as `shown`.
+    /// Records that the widget holds `shown` for the library's `text`.
     void set(std::string_view text, const QString& shown);
-    /// The user made the widget hold `shown`.
+    /// Records that the widget holds `shown` after an edit of the user.
     void keep(const QString& shown) { shown_ = shown; }
     const QString& shown() const { return shown_; }
 
-    /// The library's text once the widget holds `shown`, made from `text` by the user.
+    /// The library's new text after the user has edited `text`, so that the widget now holds `shown`.
     [[nodiscard]] std::string edited(std::string_view text, const QString& shown) const;
 
-    /// Characters of `text` before the widget's position, and the other way round; at most the end.
+    /// Convert between a position in the widget and a number of characters of `text`; beyond the end, the end is taken.
     std::int32_t characterAt(std::string_view text, qsizetype position) const;
     qsizetype positionAt(std::string_view text, std::int32_t character) const;
 
 private:
-    /// One place in a text, counted in three ways.
+    /// One place in a text, counted in bytes, in characters and in the widget's UTF-16 units.
     struct Place {
         std::size_t byte = 0;
         std::int32_t character = 0;
         qsizetype position = 0;
     };
 
-    /// The first place that is at `character` or at `position`, or the end.
+    /// The first place that has reached `character` or `position`; the end of the text if none has.
     Place find(std::string_view text, std::int32_t character, qsizetype position) const;
 
     bool lines_;

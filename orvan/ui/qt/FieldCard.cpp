@@ -18,7 +18,7 @@ constexpr int kRadius = 6;
 constexpr int kMargin = 14;
 constexpr int kColumnSpace = 12;
 constexpr int kRowSpace = 9;
-constexpr int kNarrowestBox = 13; ///< Characters: an amount in the millions.
+constexpr int kNarrowestBox = 13; ///< In characters; enough for an amount in the millions.
 constexpr float kBorderShade = 0.15F;
 constexpr float kDarkCardShade = 0.05F;
 
@@ -40,7 +40,7 @@ FieldCard::FieldCard(QWidget* parent)
     area_->setWidgetResizable(true);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setFocusPolicy(Qt::NoFocus);
-    area_->viewport()->setAutoFillBackground(false); // the card is painted here
+    area_->viewport()->setAutoFillBackground(false); // so that the card, which paintEvent paints, shows through
     content_->setAutoFillBackground(false);
     auto* inside = new QVBoxLayout(this);
     inside->setContentsMargins(kBorder, kBorder, kBorder, kBorder);
@@ -62,7 +62,7 @@ void FieldCard::add(QWidget& widget, const ui::ControlDesign& design)
     }
     switch (design.kind) {
     case ui::ControlKind::label:
-        if (cell.columnSpan > 1) { // a heading over all that follows
+        if (cell.columnSpan > 1) { // a label over several columns is a heading
             QFont font = widget.font();
             font.setWeight(QFont::DemiBold);
             widget.setFont(font);
@@ -76,7 +76,7 @@ void FieldCard::add(QWidget& widget, const ui::ControlDesign& design)
 
 void FieldCard::addBox(QWidget& box, const ui::ControlDesign& design)
 {
-    // The widget's own size hint is ignored: that of a combo box is as wide as the longest row of its list.
+    // The width that Qt proposes is ignored, so that all boxes are as wide as their column.
     box.setSizePolicy(QSizePolicy::Ignored, design.multiLine ? QSizePolicy::Expanding : QSizePolicy::Fixed);
     box.setMinimumWidth(kNarrowestBox * box.fontMetrics().horizontalAdvance(u'0') + boxHeight(this));
     if (design.cell.columnSpan == 1) {
@@ -84,7 +84,7 @@ void FieldCard::addBox(QWidget& box, const ui::ControlDesign& design)
     }
 }
 
-/// Beside a box of several lines a label stands at the first of them.
+/// Places a label beside a box of several lines at the height of the first line.
 void FieldCard::alignLabels(int row)
 {
     if (cells_->rowStretch(row) == 0) {
@@ -113,7 +113,8 @@ void FieldCard::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(between(window, text, kBorderShade));
-    // The card is lighter than the window; in a dark theme the darker boxes could not be seen otherwise.
+    // The card is always lighter than the window: in a dark theme the boxes are darker than the window, and on a card
+    // of their own colour they could not be seen.
     painter.setBrush(base.lightness() > window.lightness() ? base : between(window, text, kDarkCardShade));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
 }

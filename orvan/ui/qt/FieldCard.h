@@ -1,4 +1,4 @@
-// FieldCard: a frame whose controls stand in rows and columns: labels, boxes, separators.
+// FieldCard: a frame that lays out its labels, boxes and separators in rows and columns.
 //
 // The rows and columns follow the size of the font and the length of the labels. A frame too small for
 // its rows scrolls, and the control with the focus comes into view. It looks like a card with a thin
@@ -20,7 +20,7 @@ public:
 
     /// Parent of the widgets that are added.
     QWidget* content() const { return content_; }
-    /// Puts the widget into its row's cell. A label before its control, as in the design.
+    /// Puts the widget into the cell that its design names.
     void add(QWidget& widget, const ui::ControlDesign& design);
     /// The smallest size that shows all without scrolling.
     QSize neededSize() const;

@@ -16,10 +16,10 @@ namespace orvan::qt {
 
 namespace {
 
-constexpr int kPictureSpace = 9;  ///< Around a picture alone, both sides together.
-constexpr int kCaptionSpace = 10; ///< Beside a caption, in addition to what the style leaves.
+constexpr int kPictureSpace = 9; ///< Added to the size of a picture without a caption: the space of two opposite sides.
+constexpr int kCaptionSpace = 10; ///< Added to the width that the style gives a button with a caption.
 
-/// A button's picture grows with the text beside it.
+/// Gives the button a picture as high as its font, and returns the size that the button needs.
 QSize fitButton(QPushButton& button, bool captioned)
 {
     const int picture = std::max(kButtonPictureSize, button.fontMetrics().height());
@@ -46,7 +46,7 @@ Extent extentOf(const ui::Control& control)
     return {control.left() + control.width(), control.top() + control.height()};
 }
 
-/// Of all that stands in a frame, or on the surface itself.
+/// The extent of all controls in a frame; of those on the surface itself if `frame` is empty.
 Extent extentInside(const ui::Surface& surface, std::string_view frame)
 {
     Extent all;
@@ -59,7 +59,8 @@ Extent extentInside(const ui::Surface& surface, std::string_view frame)
     return all;
 }
 
-/// Enlarges the control to at least that size in twips, moves what is beside and below it, and then its frame likewise.
+/// Enlarges the control to at least that size in twips, moves the controls to the right of it and below it, and then
+/// does the same with its frame.
 void enlarge(const ui::Surface& surface, std::string_view name, float width, float height)
 {
     auto& control = surface.control<ui::Control>(name);

@@ -11,9 +11,9 @@ class Surface;
 
 namespace orvan::qt {
 
-/// Enlarges tool bars, buttons and frames laid out in cells, and the frames around them, where the design's size is
-/// too small, and moves what stands below or beside them out of the way, all through Control::move.
-/// Returns the size in pixels of a surface that shows all with the design's margins.
+/// Enlarges each tool bar, button and frame with cells that is too small in the design, and the frames around it, and
+/// moves the controls below and beside it out of the way. Everything goes through Control::move. Returns the size in
+/// pixels of a surface that shows all controls with the margins of the design.
 [[nodiscard]] QSize fitToContents(const ui::Surface& surface);
 
 } // namespace orvan::qt

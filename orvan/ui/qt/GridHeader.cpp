@@ -15,7 +15,8 @@ namespace orvan::qt {
 
 namespace {
 
-/// A user cannot drag a column narrower than this, or no edge would be left to drag it wider; the program can.
+/// The least width that a user can drag a column to: of a narrower one no edge would be left to drag it wider. The
+/// program can set any width.
 constexpr int kNarrowestDrag = 8;
 constexpr int kSeparatorInset = 5;
 
@@ -29,8 +30,8 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
     setStretchLastSection(false);
     setMinimumSectionSize(0);
     setSectionResizeMode(QHeaderView::Fixed);
-    // Qt emits this for each pixel of a drag, and also for widths that the program sets. Only the first signal within a
-    // user's action is kept; its old width is compared with the new one when the action ends.
+    // Qt emits sectionResized for each pixel of a drag, and also for widths that the program sets. Only the first
+    // signal during a user's action is recorded; when the action ends, its old width is compared with the new one.
     connect(this, &QHeaderView::sectionResized, this, [this](int column, int oldWidth, int /*newWidth*/) {
         if (userActs_ && resizedColumn_ < 0) {
             resizedColumn_ = column;
@@ -77,7 +78,7 @@ void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
 {
     userActs_ = event->button() == Qt::LeftButton;
     resizedColumn_ = -1;
-    QHeaderView::mouseDoubleClickEvent(event); // on an edge: the view fits the column to its contents
+    QHeaderView::mouseDoubleClickEvent(event); // on an edge, the view changes the column's width to fit its contents
     if (!reportResize() && event->button() == Qt::LeftButton) {
         runHandler(onUserDoubleClick);
     }
@@ -102,7 +103,7 @@ bool GridHeader::reportResize()
 void GridHeader::paintEvent(QPaintEvent* event)
 {
     QHeaderView::paintEvent(event);
-    // Painted over what the style has filled there.
+    // The area beyond the columns is painted over the background of the style.
     QPainter painter(viewport());
     const HeaderColours colours = headerColours(palette());
     const QRect rest = restBeyondColumns(viewport()->rect());

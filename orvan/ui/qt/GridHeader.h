@@ -17,12 +17,12 @@ public:
     /// released) or by double-clicking it. Widths that the program sets are never reported.
     std::function<void(int column, int pixels)> onUserResize;
 
-    /// The user double clicked with the left button, not on an edge that fits its column.
+    /// The user double clicked with the left button, and no column was resized by that.
     std::function<void()> onUserDoubleClick;
     /// The user clicked with the right button; -1 where there is no column.
     std::function<void(int column)> onUserRightClick;
 
-    /// The header's sections are fixed while the user may not resize.
+    /// Sets whether the user can change the widths of the columns.
     void setUserResizing(bool allowed);
     /// The part of `area`, which is as wide as the header, that no column covers.
     QRect restBeyondColumns(const QRect& area) const;
@@ -42,8 +42,8 @@ private:
     bool reportResize();
 
     bool userActs_ = false;  ///< The left button is down.
-    int resizedColumn_ = -1; ///< By the user's action that is going on; -1: none.
-    int oldWidth_ = 0;       ///< Of resizedColumn_, when the action began.
+    int resizedColumn_ = -1; ///< The column that the present action of the user has resized; -1: none.
+    int oldWidth_ = 0;       ///< The width of resizedColumn_ when the action began.
 };
 
 } // namespace orvan::qt

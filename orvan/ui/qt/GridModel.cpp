@@ -25,7 +25,7 @@ void GridModel::publish()
     }
     publishColumns(grid_->columnCount());
     publishRows(std::max(grid_->rowCount() - grid_->fixedRows(), 0));
-    // No headerDataChanged: Qt's views answer it with a second pass of layout and painting, later.
+    // headerDataChanged is deliberately not emitted: Qt's views would lay out and paint a second time, later.
     if (columns_ > 0 && rows_ > 0) {
         emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
     }
@@ -86,7 +86,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     switch (role) {
     case Qt::DisplayRole: return headerText(section);
     case Qt::ToolTipRole: return tip(headerText(section), section);
-    // As in the column's first row, whose value decides where the column has no type.
+    // A header is aligned like the first row of its column, whose value decides if the column has no type.
     case Qt::TextAlignmentRole: return QVariant::fromValue(alignment(grid_->fixedRows(), section));
     default: return {};
     }

@@ -18,18 +18,18 @@ class GridModel final : public QAbstractTableModel {
 public:
     GridModel(const ui::Grid& grid, QObject* parent);
 
-    /// Whether a text does not fit its column; its tool tip then shows it whole.
+    /// Whether a text does not fit its column. The cell's tool tip then shows all of it.
     std::function<bool(const QString& text, int column)> isCut;
 
-    /// Tells the view that cells may have changed, and the new size if it has changed. The caller has the header
-    /// painted: it is not told.
+    /// Tells the view that cells may have changed, and the new number of rows and columns if it has changed. The header
+    /// is not told, so the caller must have it painted.
     void publish();
     /// The grid is being destroyed: every cell reads as empty from now on.
     void detach() { grid_ = nullptr; }
 
     /// The grid's row of a model row.
     std::int32_t gridRow(int row) const;
-    /// -1 for a header row.
+    /// The model's row of a row of the grid; -1 for a header row.
     int modelRow(std::int32_t gridRow) const;
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }

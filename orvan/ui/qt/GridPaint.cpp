@@ -14,7 +14,7 @@ namespace {
 constexpr QChar kEllipsis(0x2026);
 constexpr int kFullMargin = 6;
 constexpr int kRowSpace = 8;     ///< Above and below a row's text together.
-constexpr int kHeaderSpace = 11; ///< The same for the header, its line included.
+constexpr int kHeaderSpace = 11; ///< The same for the header, including the line below it.
 
 constexpr float kAlternateShade = 0.035F;
 constexpr float kUnfocusedSelection = 0.25F;
@@ -22,7 +22,7 @@ constexpr float kHeaderTextShade = 0.7F;
 constexpr float kLineShade = 0.25F;
 constexpr float kSeparatorShade = 0.15F;
 
-/// A line break would give a row two lines, and a tab would tear it apart: both become blanks.
+/// Replaces line breaks, tabs and other control characters by blanks, so that a row stays one line of text.
 QString singleLine(QString text)
 {
     for (QChar& character : text) {
@@ -46,7 +46,7 @@ FittedText fitText(const QFontMetrics& metrics, const QString& text, int width)
     }
     const QString elided = metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0));
     return {elided.isEmpty() ? QString(kEllipsis) : elided, margin,
-            true}; // too narrow even for an ellipsis: a part of it is painted
+            true}; // a cell too narrow for an ellipsis shows a part of one
 }
 
 int widthFor(const QFontMetrics& metrics, const QString& text)
@@ -57,7 +57,7 @@ int widthFor(const QFontMetrics& metrics, const QString& text)
 void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment)
 {
     const bool right = alignment.testFlag(Qt::AlignRight);
-    // An amount reads the same in a window that runs from right to left.
+    // The text alone decides its direction, so that an amount looks the same in a window that runs from right to left.
     painter.setLayoutDirection(text.text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(cell.adjusted(right ? 0 : text.margin, 0, right ? -text.margin : 0, 0),
                      static_cast<int>(alignment.toInt()) | Qt::AlignAbsolute | Qt::TextSingleLine, text.text);

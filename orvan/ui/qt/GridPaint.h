@@ -1,6 +1,6 @@
 // GridPaint: how the grid's cells and header look.
 //
-// There are no lines between cells, every other row has a slightly different ground, and one line
+// There are no lines between cells, every other row has a slightly different background, and one line
 // separates the header. Colours are taken from the widget's palette at each painting, so that a change
 // of theme needs no handling. Lengths are in pixels. Thread: the user-interface thread.
 #pragma once
@@ -17,10 +17,10 @@ class QWidget;
 
 namespace orvan::qt {
 
-/// A text as it stands in a cell of some width.
+/// A text as it is shown in a cell of a given width.
 struct FittedText {
     QString text; ///< One line; ends in an ellipsis where it was cut.
-    int margin;   ///< Left free at the side that the text is aligned to, in pixels.
+    int margin;   ///< Pixels that stay free at the side that the text is aligned to.
     bool cut;
 };
 
@@ -35,7 +35,8 @@ struct RowColours {
     QColor ground;
     QColor text;
 };
-/// A `current` row stands out, and less so while the grid is without the focus, so that the focus can be seen.
+/// The colours of a row. The `current` row is highlighted, and less strongly when the grid does not have the focus, so
+/// that the user can see where the focus is.
 RowColours rowColours(const QWidget& grid, int row, bool current);
 
 int gridRowHeight(const QFontMetrics& metrics);
@@ -45,11 +46,11 @@ struct HeaderColours {
     QColor ground;
     QColor text;
     QColor line;      ///< Below the whole header.
-    QColor separator; ///< Between columns, where a user takes hold of an edge.
+    QColor separator; ///< Between columns, where a user can drag an edge.
 };
 HeaderColours headerColours(const QPalette& palette);
 
-/// Paints one cell: ground and text, nothing else.
+/// Paints a cell's background and text, nothing else.
 class GridDelegate final : public QStyledItemDelegate {
 public:
     explicit GridDelegate(QTableView* view);

@@ -79,7 +79,8 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
     if (!mayScroll_) {
         return;
     }
-    const int across = horizontalScrollBar()->value(); // rows are chosen, not cells: scrolls up and down only
+    // The horizontal position stays, because whole rows are chosen and not cells.
+    const int across = horizontalScrollBar()->value();
     QTableView::scrollTo(index, hint);
     horizontalScrollBar()->setValue(across);
 }
@@ -87,7 +88,7 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
-    viewport()->update(); // the whole row, to the right of its cells too
+    viewport()->update(); // paints the whole row, including the area to the right of its cells
     if (!programActs_ && current.isValid() && current.row() != previous.row()) {
         runHandler(onUserRow, current.row());
     }
@@ -95,7 +96,7 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* /*event*/) const
 {
-    // Whatever key is held, the current row is the selected one.
+    // The current row is always the only selected one, also while Shift or Ctrl is held.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
 }
@@ -110,7 +111,7 @@ void GridView::changeEvent(QEvent* event)
 
 void GridView::focusInEvent(QFocusEvent* event)
 {
-    // QTableView makes the first row current if no row is. The focus alone must choose no row.
+    // QTableView would make the first row current if there is no current row. Getting the focus must not choose a row.
     const int row = currentIndex().isValid() ? currentIndex().row() : -1;
     {
         const QScopedValueRollback program(programActs_, true);
@@ -153,7 +154,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
     const int row = rowAt(qRound(event->position().y()));
     const QPointer<GridView> alive(this); // choosing the row may destroy the grid
     QTableView::mouseDoubleClickEvent(event);
-    if (alive && row >= 0 && row != currentIndex().row()) { // QTableView chooses no row right of the last cell
+    if (alive && row >= 0 && row != currentIndex().row()) { // to the right of the last cell QTableView chooses no row
         selectionModel()->setCurrentIndex(model()->index(row, firstShownColumn()),
                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
@@ -165,7 +166,8 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event)
 void GridView::contextMenuEvent(QContextMenuEvent* event)
 {
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        event->ignore(); // the menu is one of columns, and no column is current: the window may have a menu of its own
+        // The grid's menu is about one column, and the keyboard names none. The window may show a menu of its own.
+        event->ignore();
     } else {
         runHandler(onUserRightClick, rowAt(event->y()), columnAt(event->x()));
     }
@@ -173,7 +175,7 @@ void GridView::contextMenuEvent(QContextMenuEvent* event)
 
 void GridView::paintEvent(QPaintEvent* event)
 {
-    // Rows are painted to the right edge, beyond their last cell.
+    // The background of a row is painted beyond its last cell, up to the right edge.
     const QRect rest = event->rect() & header_->restBeyondColumns(viewport()->rect());
     if (!rest.isEmpty() && model()) {
         QPainter painter(viewport());
@@ -187,7 +189,7 @@ void GridView::paintEvent(QPaintEvent* event)
         }
     }
     QTableView::paintEvent(event);
-    if (hasFocus() && !currentIndex().isValid()) { // no current row to show where the focus is
+    if (hasFocus() && !currentIndex().isValid()) { // without a current row, a border shows that the grid has the focus
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));

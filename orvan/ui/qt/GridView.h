@@ -26,14 +26,14 @@ public:
     /// The user clicked with the right button; -1 where there is no row or column. Chooses nothing.
     std::function<void(int row, int column)> onUserRightClick;
 
-    /// Runs a change of the model's size or of columns without a report, and lays the view out at once, so that no
-    /// later pass of layout and painting follows. The scroll position stays.
+    /// Runs a change of the model's size or of its columns without reporting anything to the grid. The view is laid out
+    /// at once, so that Qt does not lay it out and paint it again later. The scroll position stays.
     void applyLayout(const std::function<void()>& change);
-    /// Makes a row current without a report; -1 for none. Scrolls to it only if `reveal` is set.
+    /// Makes a row the current one (-1: none) without calling onUserRow. Scrolls to it only if `reveal` is set.
     void setCurrentRow(int row, bool reveal);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
-    /// Typing letters in the list searches nothing: it would format every row.
+    /// Does nothing: the search of Qt for letters that are typed in the list would format every row.
     void keyboardSearch(const QString& /*text*/) override {}
 
 protected:

@@ -14,7 +14,8 @@ bool has(const QKeyEvent& key, Qt::KeyboardModifier modifier)
     return key.modifiers().testFlag(modifier);
 }
 
-/// The rule of Qt's own boxes for what is text. Ctrl with Alt may type, because some systems report AltGr so.
+/// Whether a key types text, by the rule of Qt's own boxes. Ctrl with Alt can type a character, because some systems
+/// report AltGr as these two keys.
 bool isTyped(const QKeyEvent& key)
 {
     if (key.text().isEmpty() || (has(key, Qt::ControlModifier) && !has(key, Qt::AltModifier))) {

@@ -18,12 +18,12 @@ namespace orvan::qt {
 
 namespace {
 
-/// The list is as wide as its first rows need it, up to so many widths of the box.
+/// The list is as wide as its first kMeasuredRows rows need, but at most kWidestInBoxes times as wide as the box.
 constexpr int kMeasuredRows = 200;
 constexpr int kWidestInBoxes = 3;
-/// Characters that the box asks space for; without a number Qt would measure every row.
+/// The least width of the box, in characters. If none were set, Qt would measure every row of the list.
 constexpr int kLeastCharacters = 8;
-/// Rows laid out before the list is painted; the rest follow while the program is idle.
+/// How many rows Qt lays out before it paints the list; it lays out the others while the program is idle.
 constexpr int kRowsAtOnce = 1000;
 
 } // namespace
@@ -54,7 +54,7 @@ private:
     int count_ = 0;
 };
 
-/// The list that drops down. Text typed while it is open goes into the line; Qt would search all rows for it.
+/// The list that drops down. Text that is typed while it is open goes into the line; Qt would search the list for it.
 class DropDownList final : public QListView {
 public:
     DropDownList(QWidget* parent, EntryLine& line) : QListView(parent), line_(line) {}
@@ -93,7 +93,7 @@ public:
         list_->setTextElideMode(Qt::ElideRight);
         setModel(rows_);
         setView(list_);
-        // QComboBox would empty the text when the model is reset. The list itself still hears of the reset.
+        // QComboBox would clear the text when the model is reset. The list has a connection of its own, which stays.
         QObject::disconnect(rows_, nullptr, this, nullptr);
         connect(this, &QComboBox::activated, this, [this](int row) { choose(row); });
     }
@@ -106,7 +106,7 @@ public:
     {
         stale_ = true;
         if (list_->isVisible() && !reading_) {
-            // Later, and once for all the rows that are being added now.
+            // The rows are read when the present event has ended, once for all rows that are added during it.
             reading_ = true;
             QMetaObject::invokeMethod(
                 this, [this] { readWhileOpen(); }, Qt::QueuedConnection);
@@ -127,7 +127,7 @@ public:
 
     void hidePopup() override
     {
-        // Qt writes the chosen row into the line before it reports the choice; that is not typing.
+        // Qt writes the chosen row into the line before it reports the choice. That must not be reported as typing.
         line_->setQuiet(true);
         QComboBox::hidePopup();
         QMetaObject::invokeMethod(
@@ -153,7 +153,7 @@ protected:
         }
     }
 
-    /// The wheel must not change a product while the user scrolls the form.
+    /// The mouse wheel must not choose another row while the user scrolls the form.
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
@@ -182,11 +182,11 @@ private:
         if (rows_->port && rows_->port->combo().count() == 0) {
             hidePopup();
         } else {
-            showPopup(); // again, for the height of the new rows
+            showPopup(); // called again so that the list gets the height of the new rows
         }
     }
 
-    /// As wide as the first rows need it, which the user is likeliest to look at.
+    /// Makes the list as wide as its first rows need, because a user most likely looks at those.
     void fitWidth()
     {
         int widest = 0;

@@ -11,7 +11,7 @@ namespace orvan::qt {
 
 class ComboWidget;
 
-/// How the list that drops down reads the combo box and reports to it. A report may destroy the combo box.
+/// Through this the list that drops down reads the combo box and reports to it. A report may destroy the combo box.
 class ComboPort {
 public:
     virtual const ui::ComboBox& combo() const = 0;
@@ -33,7 +33,7 @@ private:
     const ui::ComboBox& combo() const override { return *this; }
     void reportChoice(std::int32_t row) override { userChoseRow(row); }
 
-    ComboWidget& comboWidget_; ///< Gone when widget() is null.
+    ComboWidget& comboWidget_; ///< Has been destroyed if widget() is null.
 };
 
 } // namespace orvan::qt

@@ -25,7 +25,7 @@ QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
-    label->setText(plainCaption(design.caption)); // QLabel shows every '&' until it has a buddy
+    label->setText(plainCaption(design.caption)); // until nameFor sets a buddy, QLabel would show the '&' of a mnemonic
     label->setAlignment(alignmentOf(design));
     return label;
 }

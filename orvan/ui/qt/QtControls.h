@@ -15,7 +15,7 @@ namespace orvan::qt {
 
 class QtFrame final : public ui::Frame, public QtWidgetHolder {
 public:
-    /// `hasCells`: its controls stand in rows and columns; see orvan/ui/qt/FieldCard.h.
+    /// `hasCells` says that the frame's controls are laid out in rows and columns; see orvan/ui/qt/FieldCard.h.
     QtFrame(const ui::ControlDesign& design, QWidget* parent, bool hasCells);
 
 private:
@@ -27,7 +27,7 @@ class QtLabel final : public ui::Label, public QtWidgetHolder {
 public:
     QtLabel(const ui::ControlDesign& design, QWidget* parent);
 
-    /// The label's mnemonic takes the focus to `widget`. A label without one shows no mnemonic.
+    /// Makes the label's mnemonic move the focus to `widget`. Until this is called, the label shows no mnemonic.
     void nameFor(QWidget* widget);
 
 private:

@@ -67,14 +67,14 @@ void EntryWidget::reportChange()
     }
     std::string edited = text_.edited(port_->entry().text(), held);
     text_.keep(held);
-    // The caret first, so that a handler of the change finds it where it stands.
+    // The selection is reported before the text, so that a handler of onChange finds the caret in its new place.
     const WidgetRange range = heldSelection();
     const std::int32_t start = text_.characterAt(edited, range.start);
     port_->reportSelection(start, text_.characterAt(edited, range.start + range.length) - start);
     const std::int32_t limit = port_->entry().maxLength();
     if (limit > 0 && characterCount(edited) > static_cast<std::size_t>(limit) &&
         characterCount(edited) > characterCount(port_->entry().text())) {
-        // Assistive technology can bypass fit(): cut the text here.
+        // Assistive technology can write into the widget without fit(), so the text is cut here.
         edited.resize(firstCharacters(edited, static_cast<std::size_t>(limit)).size());
         const QScopedValueRollback quiet(quiet_, true);
         holdText(toQt(edited));
@@ -181,8 +181,8 @@ QString EntryWidget::fit(const QString& piece, WidgetRange replaced) const
     std::optional<std::int64_t> capacity;
     if (entry.maxLength() > 0) {
         const QString held = heldText();
-        const std::string now = text_.edited(
-            entry.text(), held); // while text is moved by dragging, the widget holds a change that is not reported yet
+        // While the user drags text to another place, the widget holds a change that has not been reported yet.
+        const std::string now = text_.edited(entry.text(), held);
         EntryText map(lines_);
         map.set(now, held);
         const std::int64_t going =

@@ -21,7 +21,7 @@ class Platform;
 
 namespace orvan::qt {
 
-/// Positions of the widget, in UTF-16 units.
+/// A range of the widget's text, in UTF-16 units.
 struct WidgetRange {
     qsizetype start = 0;
     qsizetype length = 0;
@@ -34,7 +34,7 @@ public:
     EntryWidget(const EntryWidget&) = delete;
     EntryWidget& operator=(const EntryWidget&) = delete;
 
-    /// Before any text is shown; with null when the control is destroyed.
+    /// Sets the port. To be called before any text is shown, and with null when the control is destroyed.
     void attach(ui::EntryPort* port) { port_ = port; }
     /// Show the entry's text with the caret at its start, and its selection. Neither is reported.
     void showText();
@@ -46,14 +46,14 @@ protected:
     EntryWidget(const ui::ControlDesign& design, ui::Platform& platform, bool lines);
     ~EntryWidget() = default;
 
-    /// What the Qt widget holds; each as the toolkit's class gives and takes it.
+    /// Read and write the text and the selection of the Qt widget.
     virtual QString heldText() const = 0;
     virtual void holdText(const QString& text) = 0;
     virtual WidgetRange heldSelection() const = 0;
     virtual void holdSelection(WidgetRange range) = 0;
-    /// Called just after holdText.
+    /// Puts the caret at the start of the text. Called just after holdText.
     virtual void holdCaretAtStart() { holdSelection({0, 0}); }
-    /// What the Qt widget does with the event by itself.
+    /// Pass an event to the Qt class's own handler.
     virtual void nativeKeyPress(QKeyEvent& key) = 0;
     virtual void nativeInput(QInputMethodEvent& input) = 0;
 
@@ -64,14 +64,15 @@ protected:
     void pressKey(QKeyEvent& key);
     /// Whether the box takes a key that is also a shortcut of the window; the widget then accepts the event.
     bool claims(const QKeyEvent& key) const;
-    /// What an input method writes goes through the key-press event as keys do; what it only proposes does not.
+    /// Handles text from an input method. The final text goes through onKeyPress as typed keys do; text that the input
+    /// method only proposes does not.
     void input(QInputMethodEvent& input);
-    /// As much of a text as may replace `replaced`, with the widget's line ends.
+    /// The part of a text that the box takes in place of `replaced`, with the box's line ends.
     QString fit(const QString& piece, WidgetRange replaced) const;
 
 private:
     bool filtersKeys() const { return port_ && port_->entry().onKeyPress; }
-    /// Each character as the key-press event leaves it. The port may be gone afterwards.
+    /// Passes each character to onKeyPress and returns those that are to be typed. The port may be null afterwards.
     std::u32string filtered(const std::u32string& characters);
     void type(const QString& text);
 
@@ -79,10 +80,10 @@ private:
     EntryText text_;
     bool lines_;
     bool quiet_ = false;
-    std::u32string keypadDecimal_; ///< Empty: the key types what its keyboard says.
+    std::u32string keypadDecimal_; ///< Empty: the key types the character of the keyboard layout.
 };
 
-/// The control: `Box` on a widget that `shown` is, or is a child of.
+/// The control for a `Box`. `shown` is the control's widget or a child of it.
 template <class Box>
 class QtEntry : public ui::EntryWithPort<Box>, public QtWidgetHolder {
 protected:
@@ -114,7 +115,7 @@ private:
         }
     }
 
-    EntryWidget& shown_; ///< Gone when widget() is null.
+    EntryWidget& shown_; ///< Has been destroyed if widget() is null.
 };
 
 } // namespace orvan::qt

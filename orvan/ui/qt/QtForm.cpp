@@ -21,22 +21,22 @@ namespace orvan::qt {
 
 namespace {
 
-/// An estimate of what a window's border and caption take of the screen; Qt knows it only once the window is shown.
+/// An estimate of the size of a window's borders and caption together; Qt knows it only after the window is shown.
 constexpr QSize kDecoration(16, 48);
 
 /// Without a minimize button, because the program's other windows wait for the form.
 constexpr Qt::WindowFlags kFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                    Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
 
-/// The window that a new one is to stand above; null when the program has none in front.
+/// The window that a new one is to be placed above; null when none of the program's windows is active.
 QWidget* windowInFront()
 {
     QWidget* modal = QApplication::activeModalWidget();
     return modal ? modal : QApplication::activeWindow();
 }
 
-/// Selects the text of the box with the focus, as Tab does. Passing Tab's reason to the focus is not enough: the reason
-/// is lost where the window becomes active only later.
+/// Selects the text of the box with the focus, as Tab does. Setting the focus with TabFocusReason would not be enough:
+/// that reason is lost if the window becomes active only later.
 void selectFirst(const QWidget* window)
 {
     QWidget* focus = window ? window->focusWidget() : nullptr;
@@ -57,7 +57,7 @@ public:
         setAttribute(Qt::WA_QuitOnClose, false); // closing the form does not end the program
     }
 
-    /// The form is being destroyed; the window stays for the rest of the event that is running.
+    /// Called when the form is destroyed. The window still exists until the present event has ended.
     void detach() { form_ = nullptr; }
 
     void standAbove(QWidget* other)
@@ -86,7 +86,8 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override
     {
-        // Comes with keys that no control took. Repeats are ignored: the key may have been pressed in another window.
+        // Only keys that no control has handled come here. A repeated key is ignored, because the user may have pressed
+        // it in another window.
         auto* button = dynamic_cast<QPushButton*>(focusWidget());
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (event->isAutoRepeat() || !form_) {
@@ -172,7 +173,7 @@ void QtForm::doShowModal()
         QObject::connect(window_, &QObject::destroyed, &loop, &QEventLoop::quit);
         window_->show();
         window_->activateWindow();
-        if (loaded()) { // an error in the first resize may have made the host close the form
+        if (loaded()) { // an error in the first onResize may have led the host to close the form
             focusFirst();
         }
         selectFirst(window_);
@@ -186,8 +187,8 @@ void QtForm::doShowModal()
         window_->hide();
     }
     if (front) {
-        // A window manager does so by itself, except just after a message box of the form has closed: it then still
-        // activates the form.
+        // A window manager activates that window by itself, except when a message box of the form has just closed: then
+        // it would still activate the form.
         front->window()->activateWindow();
     }
 }

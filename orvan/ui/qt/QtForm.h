@@ -20,7 +20,7 @@ public:
     QtForm(const ui::FormDesign& design, ui::Platform& platform);
     ~QtForm() override;
 
-    /// A number of windowHandle() while the window is shown.
+    /// The window's number from windowHandle() while it is shown; otherwise 0.
     std::int32_t window() override;
     void repaint() override;
 

@@ -37,7 +37,7 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
 
 QtGrid::~QtGrid()
 {
-    if (view()) { // the view outlives this for the rest of the event that is running
+    if (view()) { // the view still exists until the present event has ended
         model_->detach();
     } else {
         handlers_.forget();
@@ -79,7 +79,8 @@ void QtGrid::doUpdate(const ui::GridChanges& changes)
 void QtGrid::applyColumns()
 {
     GridHeader& header = view()->header();
-    // The view would lay itself out again, later, for each change of a section; applyLayout does so once.
+    // The header's signals are blocked, because the view would be laid out again later for each of them; applyLayout
+    // lays it out once.
     const QSignalBlocker quiet(header);
     header.setUserResizing(userResizing());
     header.setVisible(fixedRows() > 0);
@@ -99,7 +100,7 @@ void QtGrid::applyCurrentRow(bool reveal)
 void QtGrid::takeUserRow(int row)
 {
     const std::int32_t chosen = model_->gridRow(row);
-    if (chosen < rowCount()) { // the view may still show a row that the grid has lost
+    if (chosen < rowCount()) { // the view may still show a row that has been removed from the grid
         userChoseRow(chosen);
     }
 }

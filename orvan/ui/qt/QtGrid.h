@@ -34,12 +34,12 @@ private:
     void applyCurrentRow(bool reveal);
     void takeUserRow(int row);
     void takeRightClick(std::int32_t row, int column);
-    /// The grid's row of a row of the view; -1 for none, also for a row that the grid has lost and the view still
-    /// shows.
+    /// The grid's row for a row of the view. -1 if there is none, which includes a row that has been removed from the
+    /// grid and that the view still shows.
     std::int32_t clickedRow(int row) const;
     void takeUserWidth(int column, int pixels);
 
-    GridModel* model_; ///< Child of the view: gone when view() is null.
+    GridModel* model_; ///< A child of the view: it has been destroyed if view() is null.
     ScopedHandlers handlers_;
 };
 

@@ -12,8 +12,8 @@ namespace {
 
 struct Buttons {
     QMessageBox::StandardButtons shown;
-    QMessageBox::StandardButton preset;  ///< Taken by Enter.
-    QMessageBox::StandardButton closing; ///< Taken by Escape and by closing the box.
+    QMessageBox::StandardButton preset;  ///< The button that Enter presses.
+    QMessageBox::StandardButton closing; ///< The button that Escape and closing the box stand for.
 };
 
 Buttons buttonsOf(ui::MessageButtons buttons)
@@ -54,7 +54,7 @@ ui::MessageResult QtMessageBox::show(const ui::Message& message)
 {
     const Buttons buttons = buttonsOf(message.buttons);
     QWidget* owner = windowOf(message.ownerWindow);
-    // Not on the stack: while the box is open the owner may be destroyed, which destroys the box.
+    // The box is not on the stack, because its owner may be destroyed while it is open and then destroys it.
     QPointer<QMessageBox> box = new QMessageBox(owner ? owner->window() : nullptr);
     box->setTextFormat(Qt::PlainText);
     box->setText(toQt(message.text));

@@ -10,7 +10,7 @@ namespace orvan::qt {
 
 class QtMessageBox : public ui::MessageBox {
 public:
-    /// `message.ownerWindow` is a number of windowHandle() (orvan/ui/qt/WindowHandles.h).
+    /// `message.ownerWindow` is a number from windowHandle() (orvan/ui/qt/WindowHandles.h).
     ui::MessageResult show(const ui::Message& message) override;
 };
 

@@ -32,8 +32,8 @@ public:
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // lines are wrapped
         setFrameStyle(QFrame::Box | QFrame::Plain);           // only for its width; see paintFrame
         setLineWidth(kFrame);
-        // The margin lies outside the document, or a part of another line could be seen in it. There is none at the
-        // bottom, where it would cut the descenders of the last line.
+        // The margin is outside the document: inside it, a part of another line could be seen in the margin. There is
+        // no margin at the bottom, where it would cut the descenders of the last line.
         document()->setDocumentMargin(0);
         setViewportMargins(kMargin, kMargin, kMargin, 0);
         connect(this, &QPlainTextEdit::textChanged, this, [this] { reportChange(); });
@@ -41,7 +41,7 @@ public:
         connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
     }
 
-    /// The height of whole lines, so that no part of a line is seen beside the caret's.
+    /// The least height is that of whole lines, so that no line is shown in part.
     QSize minimumSizeHint() const override
     {
         const int text = kLowestLines * fontMetrics().lineSpacing() + 2 * (kMargin + kFrame);
@@ -63,7 +63,7 @@ protected:
     }
     void keyPressEvent(QKeyEvent* event) override { pressKey(*event); }
     void inputMethodEvent(QInputMethodEvent* event) override { input(*event); }
-    /// Every paste and every drop.
+    /// Qt calls this for every paste and every drop.
     void insertFromMimeData(const QMimeData* source) override
     {
         QMimeData fitting;
@@ -81,7 +81,7 @@ private:
         option.state |= QStyle::State_Sunken;
         QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
     }
-    /// Not toPlainText, which turns no-break spaces into blanks and other characters into line ends.
+    /// This does not use toPlainText, which replaces no-break spaces by blanks and other characters by line ends.
     QString heldText() const override { return document()->toRawText(); }
     void holdText(const QString& text) override { setPlainText(text); }
     WidgetRange heldSelection() const override
@@ -101,7 +101,7 @@ private:
         if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
             QPlainTextEdit::keyPressEvent(&key);
         } else if (!fit(QStringLiteral("\n"), heldSelection()).isEmpty()) {
-            // Without Shift and Ctrl, with which Qt would make another kind of line end.
+            // The key is passed on without Shift and Ctrl, with which Qt would insert another kind of line end.
             QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
             QPlainTextEdit::keyPressEvent(&enter);
         }

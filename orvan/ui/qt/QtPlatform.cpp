@@ -13,7 +13,7 @@
 
 namespace orvan::qt {
 
-/// What the platform is made of, kept out of its header, which hosts include.
+/// The parts of the platform. They are not in its header, because hosts include that.
 struct QtPlatform::Services {
     QtSettingsStore settings;
     QtMessageBox messageBox = {};
@@ -60,7 +60,7 @@ void QtPlatform::showUnhandled(const RuntimeError& error) noexcept
         const std::string source = error.source().empty() ? std::string() : " (" + error.source() + ")";
         qWarning("%s%s", text.c_str(), source.c_str());
         if (showing_) {
-            return; // while one error is being shown, a further one goes to the log alone
+            return; // while one error is shown, another one goes only to the log
         }
         const QScopedValueRollback shown(showing_, true);
         messageBox().show({.text = text,

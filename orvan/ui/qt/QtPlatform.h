@@ -1,7 +1,8 @@
 // QtPlatform: the library's platform on Qt 6 Widgets.
 //
-// Made after QApplication and outlives every surface made on it. An error that no handler took is
-// written to Qt's log and shown in a message box until the host sets onUnhandledError. Thread: the
+// It must be made after QApplication and outlive every surface made on it. Until the host sets
+// onUnhandledError, an error that leaves an event handler is written to Qt's log and shown in a message
+// box. Thread: the
 // user-interface thread.
 #pragma once
 
@@ -14,7 +15,7 @@ namespace orvan::qt {
 
 class QtPlatform final : public ui::Platform {
 public:
-    /// Locale and components must outlive the platform. The user's settings are kept in the file
+    /// The locale and the components must outlive the platform. The user's settings are kept in the file
     /// "Orvan/settings.ini" of the user's configuration folder, or in `settingsPath` (UTF-8).
     QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components);
     QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components, const std::string& settingsPath);

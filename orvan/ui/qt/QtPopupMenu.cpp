@@ -19,7 +19,8 @@ QtPopupMenu::~QtPopupMenu()
 {
     if (menu_) {
         menu_->hide();
-        menu_->deleteLater(); // later: the menu may still be handling the choice that destroys this
+        // Not deleted at once, because the menu may still be handling the choice that destroys this object.
+        menu_->deleteLater();
     }
 }
 

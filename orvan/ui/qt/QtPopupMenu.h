@@ -23,8 +23,8 @@ private:
     void doSetToolEnabled(std::size_t index, bool enabled) override;
 
     QPointer<QMenu> menu_;
-    QObject context_;               ///< Receiver of the tools' signals: none is reported once this is destroyed.
-    std::vector<QAction*> actions_; ///< By tool. They go with the menu.
+    QObject context_;               ///< Receives the tools' signals, so that none is reported after it is destroyed.
+    std::vector<QAction*> actions_; ///< One action per tool, in the design's order. The menu owns them.
 };
 
 } // namespace orvan::qt

@@ -1,7 +1,7 @@
 // QtScreenPointer: the pointer as QApplication's override cursor.
 //
-// At most one cursor of Qt's stack is the library's, so that the host's own comes back when that is
-// removed. Ownership: the platform. Thread: the user-interface thread.
+// The library puts at most one cursor on Qt's stack of cursors. When it is removed, the host's own cursor
+// is shown again. Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/ScreenPointer.h"

@@ -12,18 +12,18 @@
 
 #include <optional>
 
-// Not QSettings: all its objects of one file in the process share what was read and what could not be
-// written, so that it reports neither a damaged file nor a failed change reliably.
+// The store does not use QSettings: all QSettings objects for one file share what was read and what could not be
+// written, so they do not always report a damaged file or a failed change.
 
 namespace orvan::qt {
 
 namespace {
 
-/// Far longer than any change takes; a lock left by a program that died is taken over by itself.
+/// How long a change waits for the lock: far longer than another change takes. QLockFile itself takes over the lock of
+/// a program that has crashed.
 constexpr int kLockMilliseconds = 5000;
 
-/// Encodes all characters but `plain`, letters, digits and "-._~", which have no meaning in a name or a value. '%' is
-/// always encoded.
+/// Percent-encodes all characters except those in `plain`, letters, digits and "-._~". '%' is always encoded.
 QByteArray encoded(std::string_view text, const QByteArray& plain)
 {
     return QByteArray(text.data(), static_cast<qsizetype>(text.size())).toPercentEncoding(plain);
@@ -54,7 +54,7 @@ bool isDamaged(const QByteArray& line)
 
 struct Place {
     std::optional<qsizetype> header; ///< The last line with the section's header.
-    std::optional<qsizetype> line;   ///< The last line with the key, as the last one counts.
+    std::optional<qsizetype> line;   ///< The last line with the key; earlier ones are ignored.
 };
 
 Place findPlace(const QList<QByteArray>& lines, const QByteArray& header, const QByteArray& prefix)
@@ -132,7 +132,7 @@ QList<QByteArray> QtSettingsStore::readLines() const
         raise("read", file.errorString());
     }
     if (text.startsWith("\xEF\xBB\xBF")) {
-        text.remove(0, 3); // an editor's byte order mark
+        text.remove(0, 3); // a byte order mark that an editor has written
     }
     QList<QByteArray> lines = text.split('\n');
     for (QByteArray& line : lines) {
@@ -142,7 +142,7 @@ QList<QByteArray> QtSettingsStore::readLines() const
         }
     }
     if (lines.last().isEmpty()) {
-        lines.removeLast(); // the empty rest after the last line end
+        lines.removeLast(); // the empty text after the last line end
     }
     return lines;
 }

@@ -1,11 +1,11 @@
 // QtSettingsStore: the user's settings in one file.
 //
-// The file is an INI file, one section for each application and section, and is read anew for each
-// call, so that several programs of one user see and keep each other's settings. A change is made
-// under a lock and replaces the file in one step. Names and values are percent-encoded where they
-// would not be plain text, so that any text can be stored, and differ in case. Lines that the store
-// did not write (comments, other sections) stay. Errors: see orvan/ui/SettingsStore.h; a file that is
-// damaged cannot be read. Thread: any, one thread a store.
+// The file is an INI file; each pair of an application and a section has a section of its own there. It
+// is read again for each call, so that several programs of one user see and keep each other's settings.
+// A change is made under a lock and replaces the file in one step. Names and values are percent-encoded
+// where needed, so that any text can be stored; upper and lower case make different names. Lines that
+// the store did not write (comments, other sections) stay. Errors: see orvan/ui/SettingsStore.h; a
+// damaged file cannot be read. Thread: any, but only one thread for each store.
 #pragma once
 
 #include "orvan/ui/SettingsStore.h"
@@ -18,7 +18,7 @@ namespace orvan::qt {
 
 class QtSettingsStore : public ui::SettingsStore {
 public:
-    /// The file, and the folder it stands in, are made when they are first needed.
+    /// The file and its folder are made when a setting is first stored.
     explicit QtSettingsStore(const std::string& path = defaultPath());
 
     /// "Orvan/settings.ini" in the user's configuration folder.

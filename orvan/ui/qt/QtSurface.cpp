@@ -14,7 +14,7 @@ QtSurface::QtSurface(const ui::FormDesign& design, ui::Platform& platform, QWidg
     buildControls();
     widgets_.complete();
     if (host->testAttribute(Qt::WA_Resized) || host->isVisible()) {
-        reportSize(host->width(), host->height()); // there is no event for the size that the host has already
+        reportSize(host->width(), host->height()); // Qt sends no event for the size that the host already has
     }
 }
 

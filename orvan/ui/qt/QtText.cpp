@@ -7,7 +7,7 @@ namespace orvan::qt {
 
 namespace {
 
-/// Longer tips are given as markup, because Qt wraps only markup.
+/// A tool tip of more characters is given to Qt as markup, because Qt wraps only markup.
 constexpr qsizetype kUnwrappedTip = 80;
 
 } // namespace

@@ -15,7 +15,8 @@ inline QString toQt(std::string_view text)
 {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     const QString read = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    return text.substr(0, kMark.size()) == kMark ? QChar(QChar::ByteOrderMark) + read : read; // Qt drops a leading one
+    // Qt drops a byte order mark at the start, so it is added again.
+    return text.substr(0, kMark.size()) == kMark ? QChar(QChar::ByteOrderMark) + read : read;
 }
 
 inline std::string fromQt(const QString& text)
@@ -23,13 +24,13 @@ inline std::string fromQt(const QString& text)
     return text.toStdString();
 }
 
-/// A design's caption as it reads: "&&" as one ampersand.
+/// A design's caption as the user reads it: "&&" becomes one ampersand.
 QString plainCaption(std::string_view caption);
 
-/// A design's caption as Qt takes it: '&' before the first character that is the mnemonic, in that case.
+/// A design's caption as Qt needs it: with '&' before the first character that equals the mnemonic, case included.
 QString markedCaption(std::string_view caption, char mnemonic);
 
-/// Text for a tool tip. Qt would read a text that looks like markup as such.
+/// Text for a tool tip, changed so that Qt never takes the text itself for markup.
 QString toolTipText(const QString& plain);
 
 } // namespace orvan::qt

@@ -4,7 +4,7 @@ namespace orvan::qt {
 
 QtTimer::QtTimer(const ui::ControlDesign& design) : Timer(design)
 {
-    timer_.setTimerType(Qt::PreciseTimer); // Qt's other types may come early by a twentieth of the interval
+    timer_.setTimerType(Qt::PreciseTimer); // a timer of Qt's other types may fire early by a twentieth of the interval
     timer_.callOnTimeout([this] { elapsed(); });
 }
 

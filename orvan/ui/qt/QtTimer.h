@@ -13,7 +13,7 @@ class QtTimer final : public ui::Timer {
 public:
     explicit QtTimer(const ui::ControlDesign& design);
 
-    /// The form has been unloaded: no more events, whatever is set.
+    /// Called when the form has been unloaded: from now on the timer never fires, even if it is enabled again.
     void end();
 
 private:

@@ -14,11 +14,12 @@ class MenuBar final : public QMenuBar {
 public:
     explicit MenuBar(QWidget* parent) : QMenuBar(parent)
     {
-        setNativeMenuBar(false); // the bar stays in its form even where the desktop shows one bar for all windows
+        setNativeMenuBar(false); // the bar stays in its form, even on a desktop that shows one bar for all windows
     }
 
 protected:
-    /// QMenuBar has installed itself as its parent's event filter.
+    /// Follows the width of the window. It gets these events because QMenuBar installs itself as an event filter of its
+    /// parent.
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (watched == parentWidget() && event->type() == QEvent::Resize) {

@@ -1,6 +1,6 @@
 // QtToolBar: the tool bar's menu bar as a QMenuBar.
 //
-// Stands at the design's place and reaches the window's right edge, as wide as the window is made.
+// It is at the design's place and always reaches to the right edge of the window.
 // Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
@@ -19,7 +19,7 @@ private:
     void doMove() override { place(*this); }
     void doSetToolEnabled(std::size_t index, bool enabled) override;
 
-    std::vector<QAction*> actions_; ///< By tool. They go with the widget.
+    std::vector<QAction*> actions_; ///< One action per tool, in the design's order. The widget owns them.
 };
 
 } // namespace orvan::qt

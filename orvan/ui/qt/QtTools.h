@@ -15,8 +15,8 @@ class QWidget;
 
 namespace orvan::qt {
 
-/// Puts the tools, with their sub-menus, into a menu bar or a menu, which owns them. One action a
-/// tool, in the design's order. `chosen` is called for as long as `context` lives.
+/// Puts the tools, with their sub-menus, into a menu bar or a menu, which owns them. Returns one
+/// action per tool, in the design's order. `chosen` is called for as long as `context` lives.
 std::vector<QAction*> addTools(QWidget& to, const ui::ToolSet& set, QObject* context,
                                const std::function<void(std::string_view id)>& chosen);
 

@@ -1,4 +1,4 @@
-// QtWidgetHolder: what each Qt control has beside the abstract one: its widget.
+// QtWidgetHolder: the base class of each control of the Qt platform; it holds the control's widget.
 //
 // The control and its widget may be destroyed in either order. Ownership: the parent widget owns the
 // widget, which may be destroyed with its window first; the control then keeps its state and shows
@@ -22,7 +22,7 @@ public:
 
     /// Null once the widget has been destroyed.
     QWidget* widget() const { return widget_; }
-    /// A layout places the widget from here on; the control's lengths stay what they were set to.
+    /// From now on a layout places the widget; the control keeps its own position and size unchanged.
     void leaveToLayout() { inLayout_ = true; }
 
 protected:
@@ -32,7 +32,8 @@ protected:
 
     void place(const ui::Control& control);
     void showEnabled(bool enabled);
-    /// Receiver for connections to the control: they end with it, not with the widget.
+    /// The receiver for Qt connections that call the control, so that they end with the control and not with the
+    /// widget.
     QObject* context() { return &context_; }
 
 private:

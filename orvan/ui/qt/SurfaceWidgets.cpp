@@ -31,8 +31,8 @@ QWidget* widgetOf(ui::Control& control)
 SurfaceWidgets::SurfaceWidgets(const ui::Surface& surface, ui::Platform& platform, QWidget* host)
     : surface_(surface), platform_(platform), host_(host)
 {
-    // This signal comes after both widgets have handled their focus events, so that a handler that selects text or
-    // moves the focus on has the last word.
+    // Qt emits this signal after both widgets have handled their focus events. A handler that selects text or moves the
+    // focus is therefore not undone by those widgets.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*old*/, QWidget* now) { takeFocus(now); });
 }
 
@@ -90,7 +90,7 @@ void SurfaceWidgets::addStop(const ui::ControlDesign& design, ui::Control& contr
     stops_.push_back({&control, &widget, design.tabIndex});
 }
 
-/// A screen reader calls the control by its own caption, else by its label's, else by its tool tip.
+/// Sets the name that a screen reader reads: the control's caption, else the caption of its label, else its tool tip.
 void SurfaceWidgets::nameForAssistance(const ui::ControlDesign& design, QWidget& widget)
 {
     if (!design.caption.empty()) {
@@ -140,8 +140,9 @@ bool SurfaceWidgets::eventFilter(QObject* /*watched*/, QEvent* event)
 
 void SurfaceWidgets::takeFocus(QWidget* now)
 {
-    // Another window, a menu or a list that drops down is no control of the surface: nothing is reported. The control
-    // that gets the focus back from it still has it in the surface's sense, and so raises no event.
+    // Nothing is reported when the focus goes to another window, a menu or a list that drops down, because those are
+    // not controls of the surface. For the surface the control keeps the focus, so there is no event when it comes
+    // back.
     if (programMoves_) {
         return;
     }

@@ -1,9 +1,9 @@
-// SurfaceWidgets: the widgets of one surface, embedded or a window of its own.
+// SurfaceWidgets: the widgets of one surface, which is embedded in a host widget or has a window of its own.
 //
 // Makes each control from its design row inside the surface's host widget, names it for assistive
 // technology, orders the keyboard focus, and reports to the surface where the user moves the focus and
-// how large the host is. A report may destroy the surface, and this with it. Ownership: the surface
-// owns this and the controls it makes; the host may be destroyed first. Thread: the user-interface
+// how large the host is. A report may destroy the surface, and this object with it. Ownership: the
+// surface owns this object and the controls that it makes; the host may be destroyed first. Thread: the user-interface
 // thread.
 #pragma once
 
@@ -29,7 +29,7 @@ class SurfaceWidgets final : public QObject {
 public:
     SurfaceWidgets(const ui::Surface& surface, ui::Platform& platform, QWidget* host);
 
-    /// The user took the focus to a control, by key or mouse.
+    /// The user moved the focus to a control, by key or mouse.
     std::function<void(ui::Control& to)> onUserFocus;
     /// The host has another size, in pixels.
     std::function<void(int width, int height)> onHostSize;

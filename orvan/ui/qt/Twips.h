@@ -10,10 +10,10 @@
 namespace orvan::qt {
 
 inline constexpr std::int32_t kTwipsPerPixel = 15;
-/// Qt's own bound of a widget's coordinates and sizes.
+/// The largest coordinate or size of a widget in Qt.
 inline constexpr float kLargestPixel = 16777215.0F;
 
-/// The nearest pixel; lengths beyond what Qt can place stop at its bound.
+/// Converts to the nearest pixel; a length that is too large for Qt becomes kLargestPixel.
 inline int toPixels(float twips)
 {
     return static_cast<int>(std::lround(std::clamp(twips / float(kTwipsPerPixel), -kLargestPixel, kLargestPixel)));

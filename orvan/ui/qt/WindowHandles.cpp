@@ -19,7 +19,7 @@ struct Entry {
 };
 
 struct Table {
-    std::vector<Entry> entries; ///< Only a few: those of destroyed windows are removed when one is added.
+    std::vector<Entry> entries; ///< There are only a few, because adding one removes those of destroyed windows.
     std::int32_t last = 0;
 };
 
