@@ -36,15 +36,15 @@ const QString kFormName = QStringLiteral("OrvanDeskQuote");
 constexpr std::string_view kSection = "Desk";
 constexpr std::string_view kThemeKey = "Theme";
 
-/// Quantity and extended price, with widths that suit this window. The list view's own defaults are
-/// made for a narrow place.
+/// The list view's columns at the desk's first start: quantity and extended price, with widths that suit this window.
+/// The list view's own defaults are made for a narrower window.
 constexpr std::string_view kFirstPreferences = "4~1~480^7500^1200^1755^1200^1800^1200^1800^3600";
 
 /// Milliseconds; see MainWindow::eventFilter.
 constexpr int kAfterDialog = 100;
 
-/// A list that a product manager cannot read, or could not give back, must not reach the list view:
-/// showing it would lose the list that is shown.
+/// Raises an error for a list that a product manager cannot read, or cannot return because it is too large. Such a list
+/// must not be passed to the list view, which would lose the list that it shows.
 void checkProducts(const std::string& products)
 {
     const auto manager = ui::createComponent<ProductMgr>(qtHost().components(), kProductMgrClassName);
@@ -57,7 +57,7 @@ Quote emptyQuote()
     return {.customer = {}, .number = {}, .date = QDate::currentDate(), .products = {}};
 }
 
-/// The user's own short form, but with all digits of the year: 1926 is not 2026.
+/// The short date format of the user's locale, but with four digits of the year, to tell 1926 from 2026.
 QString dateFormat()
 {
     QString format = QLocale().dateFormat(QLocale::ShortFormat);
@@ -67,7 +67,7 @@ QString dateFormat()
 
 constexpr int kFieldHeight = 28; // pixels
 
-/// Settings that cannot be read or written cost the user a preference, not the desk.
+/// Where settings cannot be read or written, the desk logs a warning and goes on without them.
 template <class Use>
 void withSettings(Use&& use)
 {
@@ -110,9 +110,9 @@ MainWindow::MainWindow()
     useTheme(theme);
     showQuote(emptyQuote(), {});
 
-    // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
-    // with. Not at every event: reading a list takes a moment, and an entry in the trace. And not
-    // while a dialog is open: what is typed there is not decided yet.
+    // The list view does not report changes, so the desk compares the quote with the saved one after each input of the
+    // user. It does not do so at every event, because reading the list takes time and writes to the trace, nor while a
+    // dialog is open, because the user may still cancel what is typed there.
     qApp->installEventFilter(this);
 }
 
@@ -124,12 +124,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Wheel:
     case QEvent::InputMethod:
     case QEvent::Drop:
-    case QEvent::WindowActivate: // a message box has been answered
+    case QEvent::WindowActivate: // comes when a message box has been answered
         if (!QApplication::activeModalWidget() && !std::exchange(titleUpdatePending_, true)) {
             QMetaObject::invokeMethod(this, &MainWindow::updateTitle, Qt::QueuedConnection);
         }
         break;
-    case QEvent::WindowUnblocked: // a dialog has closed: whoever opened it goes on first
+    case QEvent::WindowUnblocked: // a dialog has closed; the delay lets the procedure that opened it finish first
         if (watched == windowHandle()) {
             QTimer::singleShot(kAfterDialog, this, &MainWindow::updateTitle);
         }
@@ -152,7 +152,7 @@ QWidget* MainWindow::makeFields()
     date_ = new QDateEdit;
     date_->setCalendarPopup(true);
     date_->setDisplayFormat(dateFormat());
-    date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // all that a file can hold
+    date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // every date that a file can hold
     const std::pair<QWidget*, QString> columns[] = {
         {customer_, tr("&Customer")}, {number_, tr("Quote &number")}, {date_, tr("&Date")}};
     int at = 0;
@@ -315,7 +315,7 @@ bool MainWindow::save()
 bool MainWindow::saveAs()
 {
     QString name = number_->text().isEmpty() ? tr("Quote") : number_->text();
-    name.replace(u'/', u'-'); // a number may hold what a file name may not
+    name.replace(u'/', u'-'); // a quote's number may contain a slash, but a file name may not
     QFileDialog dialog(this, tr("Save Quote"), {}, kFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("quote.json"));
@@ -344,10 +344,10 @@ bool MainWindow::isUnsaved() const
         return true;
     }
     try {
-        // The list's dirty flag stays up after a save: it only tells that a look is worth it.
+        // Saving does not clear the list's dirty flag. The flag only saves reading a list that was never changed.
         return products_->Dirty() && products_->Products() != saved_.products;
     } catch (const RuntimeError&) {
-        return true; // a list that has grown past the manager's limit cannot be read, and is not saved
+        return true; // the list has exceeded the manager's size limit, so it cannot be read and has not been saved
     }
 }
 
@@ -386,7 +386,7 @@ void MainWindow::tell(const QString& what, const QString& why, const QString& de
         return;
     }
     QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText); // a file's name or content is nobody's markup
+    box.setTextFormat(Qt::PlainText); // a file's name or content must not be taken for HTML
     box.setDetailedText(details);
     box.exec();
 }

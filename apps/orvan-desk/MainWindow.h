@@ -24,18 +24,18 @@ class MainWindow : public QMainWindow {
 public:
     MainWindow();
 
-    /// Shows a file's quote, after asking about unsaved changes. A file that cannot be read gives a
-    /// message and leaves the open quote alone; false then and when the user cancels.
+    /// Shows a file's quote, after asking about unsaved changes. If the file cannot be read, shows a message and keeps
+    /// the open quote. Returns false then, and when the user cancels.
     bool open(const QString& path);
     /// Shows a quote that comes with the desk, as a new one without a file.
     bool openSample(const QString& name);
 
     void useTheme(Theme theme);
-    /// Adds the menu of the catalogue of products where the editor looks them up (lookUpProductsIn).
-    /// `sampleIfNone`: where there is none, it is made of the sample products once the event loop runs.
+    /// Adds the menu of the product catalogue that the editor uses (lookUpProductsIn). With `sampleIfNone`, if the file
+    /// does not exist, it is made from the sample products once the event loop runs.
     void useCatalogue(const QString& file, bool sampleIfNone);
 
-    /// Takes what would be told in a message box, where nobody is there to answer one.
+    /// If set, it is called with a problem's text instead of a message box, for runs without a user.
     std::function<void(const QString& problem)> onProblem;
 
 protected:
@@ -59,7 +59,8 @@ private:
     void showQuote(const Quote& quote, const QString& path);
     bool load(const QString& source, const QString& path);
     bool isUnsaved() const;
-    /// True when nothing would be lost, or the user agreed to lose it.
+    /// Asks about unsaved changes, if there are any. True when there are none, when the user saved them, and when the
+    /// user agreed to lose them.
     bool mayDiscard();
     void updateTitle();
     void tell(const QString& what, const QString& why, const QString& details = {});
@@ -69,7 +70,7 @@ private:
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
     QString path_; ///< Empty for a quote that has no file yet.
-    Quote saved_;  ///< As last shown or saved: what differs from it is unsaved.
+    Quote saved_;  ///< The quote as last opened or saved; any difference from it is an unsaved change.
     bool titleUpdatePending_ = false;
     Theme theme_ = Theme::system;
 };

@@ -12,7 +12,7 @@ namespace {
 constexpr int kVersion = 1;
 const QString kFormat = QStringLiteral("orvan-desk-quote");
 
-/// "line 3, column 14" of a byte offset, both from 1.
+/// The place of a byte in the file as a text: "line 3, column 14". Both count from 1.
 QString placeOf(const QByteArray& text, qsizetype offset)
 {
     const QByteArray before = text.left(offset);
@@ -73,7 +73,7 @@ QByteArray readAll(const QString& path)
     return bytes;
 }
 
-/// JSON holds Unicode text only: bytes that are none would come back as other characters.
+/// Raises an error for bytes that are not UTF-8: JSON holds Unicode text only, so they would be read back as others.
 QString losslessText(const std::string& text)
 {
     QString converted = QString::fromStdString(text);

@@ -17,23 +17,23 @@ struct Quote {
     QString customer;
     QString number;
     QDate date;
-    std::string products; ///< As ProductViewWidget::Products gives it.
+    std::string products; ///< The string that ProductViewWidget::Products returns.
 
     bool operator==(const Quote&) const = default;
 };
 
-/// what(): one message for the user (UTF-8), saying what is wrong and where.
+/// what() returns one message for the user (UTF-8), which says what is wrong and where.
 class QuoteFileError : public std::runtime_error {
 public:
     explicit QuoteFileError(const QString& message) : std::runtime_error(message.toStdString()) {}
 };
 
-/// Raises when a products string cannot be read, with the reason.
+/// Raises an error with the reason if the products string cannot be read.
 using CheckProducts = std::function<void(const std::string& products)>;
 
 /// Raises QuoteFileError for a file that cannot be read or is damaged, its products included.
 Quote readQuote(const QString& path, const CheckProducts& checkProducts);
-/// All or nothing: the earlier file stays until the new one is complete. Raises QuoteFileError.
+/// Writes the quote into a file. The earlier file stays until the new one is complete. Raises QuoteFileError.
 void writeQuote(const QString& path, const Quote& quote);
 
 } // namespace orvan::desk

@@ -26,14 +26,13 @@ class LookUpBoxes {
 public:
     /// What one event handler leaves for the others, and for the save, to know.
     struct State {
-        bool bLkpBusy = false; ///< The program itself is changing a box, so the change starts no search.
-        bool bLkpTimerRestarted =
-            false; ///< A change came while its box's timer ran. For support; the code never reads it.
-        std::int32_t lLkpListIdx = -1; ///< The list row whose entry is pending, shared by both boxes; -1 for none.
-        bool bNameLkpPending = false;  ///< A name was typed or chosen, and no entry has been applied since.
-        bool bPartNumPicked = false;   ///< A row was chosen from the part numbers' list; never cleared.
-        bool bNameBoxLeft = false;     ///< The user has left the name box and not changed it since.
-        bool bPartNumBoxLeft = false;  ///< The same for the part-number box.
+        bool bLkpBusy = false;           ///< The program itself is changing a box, so the change starts no search.
+        bool bLkpTimerRestarted = false; ///< A change restarted a running timer. For support; the code never reads it.
+        std::int32_t lLkpListIdx = -1;   ///< The list row whose entry is pending, shared by both boxes; -1 for none.
+        bool bNameLkpPending = false;    ///< A name was typed or chosen, and no entry has been applied since.
+        bool bPartNumPicked = false;     ///< A row was chosen from the part numbers' list; never cleared.
+        bool bNameBoxLeft = false;       ///< The user has left the name box and not changed it since.
+        bool bPartNumBoxLeft = false;    ///< The same for the part-number box.
     };
 
     /// The surface must have the boxes and timers of kProductFormDesign (orvan/editor/frmProductDesign.h).

@@ -28,8 +28,7 @@ struct CatalogueEntry {
     std::string_view name = {};
     std::string_view key = {};
     std::string_view partNum = {};
-    std::optional<Currency> unitPrice =
-        {}; ///< An entry without a price has Null in the file, which the editor takes for 0.
+    std::optional<Currency> unitPrice = {}; ///< Without one, the file has Null, which the editor takes for 0.
     std::string_view note = {};
 };
 

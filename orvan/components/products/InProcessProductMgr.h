@@ -39,8 +39,7 @@ struct ProductRules {
 };
 
 struct ProductMgrOptions {
-    std::int32_t maxDataSize =
-        1024 * 1024; ///< Size of the largest products string that GetProductsString returns, in bytes.
+    std::int32_t maxDataSize = 1024 * 1024; ///< In bytes. GetProductsString returns no longer string.
     ProductRules rules = {};
 };
 

@@ -51,9 +51,8 @@ inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
 struct TraceLogOptions {
     std::filesystem::path file = defaultTraceFile();
-    std::size_t maxFileSize =
-        std::size_t{4} * 1024 * 1024; ///< In bytes. The file is rotated before it would exceed this.
-    std::size_t maxFiles = 3;         ///< How many rotated files are kept beside the current one.
+    std::size_t maxFileSize = std::size_t{4} * 1024 * 1024; ///< In bytes; rotation keeps the file below this.
+    std::size_t maxFiles = 3;                               ///< How many rotated files are kept beside the current one.
     /// Called once, in the tracing thread, when the file cannot be written (any more); the trace goes on without the
     /// file. If this is empty, one line is written to the standard error stream instead.
     std::function<void(std::string_view)> report = {};
