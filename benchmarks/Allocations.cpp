@@ -12,7 +12,7 @@ std::atomic<std::uint64_t> allocations{0};
 
 } // namespace
 
-// The other forms of the standard library (arrays, nothrow, sized) end in these two.
+// The standard library's other forms (arrays, nothrow) call the ones below.
 void* operator new(std::size_t size)
 {
     allocations.fetch_add(1, std::memory_order_relaxed);

@@ -1,4 +1,4 @@
-// Allocations: how often this program asks for memory, and how much of the heap it has.
+// Allocations: how often this program allocates memory, and how much of the heap it uses.
 #pragma once
 
 #include <cstddef>
@@ -6,11 +6,11 @@
 
 namespace orvan::bench {
 
-/// Calls of operator new since the program began; it is replaced in this program for that. Memory that a C
-/// library's own functions or Qt's strings take does not come here.
+/// The number of calls of operator new since the program began; this program replaces operator new to count them.
+/// Memory that C libraries or Qt's strings allocate does not count.
 std::uint64_t allocationCount() noexcept;
 
-/// Bytes of the heap in use, whoever asked for them, with the allocator's own overhead.
+/// The number of bytes of the heap in use, by whatever code they were allocated, with the allocator's own overhead.
 std::size_t heapInUse() noexcept;
 
 } // namespace orvan::bench

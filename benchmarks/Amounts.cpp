@@ -1,4 +1,4 @@
-// E and F: an amount to the text that a user sees, and typed text back to the amount.
+// E and F: E formats an amount as the text that a user sees; F parses a text that a user types.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Subjects.h"
@@ -23,7 +23,7 @@ using ::icu::number::Precision;
 
 constexpr int kDecimals = 2;
 
-/// Amounts as in a list of products, with a few large ones; a power of two, so that a loop takes them in turn.
+/// Amounts as in a list of products, with a few large ones. Their number is a power of two, so that `%` costs little.
 constexpr std::array<std::int64_t, 16> kScaled = {
     2'500,     12'500,     49'900,     99'900,     120'000,     745'900,     1'234'500, 3'999'900,
     7'926'300, 21'280'000, 46'455'000, 89'789'300, 123'456'700, 987'654'300, 5'000,     12'345'678'900};
@@ -33,7 +33,7 @@ Currency amountAt(std::size_t i)
     return Currency::fromScaled(kScaled[i % kScaled.size()]);
 }
 
-/// A loop that gives `use` the numbers from 0 on.
+/// A side that calls `use` with the numbers from 0 on.
 template <class Use>
 Side loopOver(std::string name, Use use)
 {
@@ -45,7 +45,7 @@ Side loopOver(std::string name, Use use)
     });
 }
 
-/// ICU's formatter of money, made once, with the library's rounding.
+/// ICU's formatter for amounts of money, with the rounding that the library uses.
 LocalizedNumberFormatter icuMoney(const std::string& name, UNumberUnitWidth width = UNUM_UNIT_WIDTH_SHORT)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -83,7 +83,8 @@ Side formatted(const Service& locale)
     return loopOver("", [locale](std::size_t i) { return locale->formatCurrency(amountAt(i), kDecimals); });
 }
 
-/// A locale whose symbol would be read back as part of the amount shows the currency's code instead.
+/// Whether the library's texts are ICU's. The text with the currency's code counts, too: the library uses the code
+/// where the symbol would be read back as a part of the amount.
 bool textsAreIcus(const std::string& name)
 {
     const Service locale = service(name);
@@ -130,7 +131,7 @@ Sides besideIcu(const char* name)
     return {formatted(locale), loopOver("cached ICU", peer)};
 }
 
-/// Parse: (service, text, decimal separator).
+/// Compares `parse`, which is called with (service, text, decimal separator), with QLocale.
 template <class Parse>
 Sides parsing(const char* name, Parse parse)
 {
@@ -149,7 +150,7 @@ Sides parsing(const char* name, Parse parse)
             loopOver("QLocale", [qt, qtTexts](std::size_t i) { return qt.toDouble(qtTexts[i % qtTexts.size()]); })};
 }
 
-/// What a locale's text means, as QLocale has it.
+/// Parses a text that contains nothing but an amount, as QLocale does.
 Sides parsingText(const char* name)
 {
     return parsing(name, [](ui::LocaleService& locale, const std::string& text, const std::string& /*decimal*/) {
@@ -157,7 +158,7 @@ Sides parsingText(const char* name)
     });
 }
 
-/// What a user typed: all that is no part of an amount is dropped first, which QLocale does not do.
+/// Parses a text that a user typed: drops all characters that are not part of an amount first; QLocale does not.
 Sides parsingTyped(const char* name)
 {
     return parsing(name, [](ui::LocaleService& locale, const std::string& text, const std::string& decimal) {

@@ -16,10 +16,10 @@ namespace orvan::bench {
 
 namespace {
 
-/// How far a row may fall short of its bound before it fails.
+/// By what factor a row may miss its bound without failing.
 constexpr double kTolerance = 1.5;
 
-/// Keeps the one run's figures and prints nothing.
+/// Keeps the figures of the last run and prints nothing.
 class SilentReporter final : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context& /*context*/) override { return true; }
@@ -42,8 +42,8 @@ double median(std::vector<double> figures)
     return *middle;
 }
 
-/// The medians of several sides, measured in turn. Of several rounds, one more comes first, to warm up, and counts
-/// for nothing.
+/// The medians of several sides, which are measured in turn. If there are several repetitions, one more comes first, to
+/// warm up, and does not count.
 std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int repetitions)
 {
     std::vector<std::vector<double>> figures(sides.size());
@@ -61,8 +61,8 @@ std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int rep
 }
 
 struct Judgement {
-    double ratio;   ///< As the bound counts it.
-    double shortBy; ///< Times that it falls short of the bound; 1 and less: it holds.
+    double ratio;   ///< The ratio that the bound is about: ours to the peer's, or the peer's to ours.
+    double shortBy; ///< The factor by which the row misses its bound; at 1 or less the bound holds.
 };
 
 Judgement judge(const Bound& bound, double ours, double peer)
@@ -86,7 +86,7 @@ std::string boundText(const Row& row)
     return "at most " + figureText(row.bound.value, row.unit);
 }
 
-/// True where the row did not fail.
+/// Measures the row and prints it. Returns false if it fails.
 bool runRow(const Row& row, Table& table)
 try {
     const Sides sides = row.prepare();
@@ -130,7 +130,7 @@ try {
     return false;
 }
 
-/// How a row is told from others of its name.
+/// The row's name and bound, because several rows may have the same name.
 std::string label(const Row& row)
 {
     return std::string(row.name).append(" (").append(boundText(row)).append(")");
@@ -163,7 +163,8 @@ std::vector<std::string> runAll(const std::vector<const Item*>& items, std::vect
 
 Side timed(std::string name, std::function<void(benchmark::State&)> loop, Timing timing, double seconds)
 {
-    // Registered anew for each repetition: it alone is then run, with the iterations found before.
+    // Each repetition registers the benchmark again as the only one, with the number of iterations that the first
+    // found.
     const auto iterations = std::make_shared<benchmark::IterationCount>(0);
     return {name, [=] {
                 clearWideRegisters();

@@ -1,12 +1,13 @@
-// Comparison: paths of the library beside what a host's developer would write instead, in one table.
+// Comparison: measures paths of the library, and beside each a peer: what a host's developer would write instead, or
+// the same path on less data. The results stand in one table.
 //
-// A row has two sides, ours and a peer's, which are measured in turn (A B A B ...), so that whatever else the
-// machine does meets both; the table shows their medians. A side is anything that yields a figure when it is
-// repeated: a loop that Google Benchmark times (timed), or a number of the row's own making (a percentile of
-// samples, bytes of heap, a program's start seen from outside). A row without a peer is held to a figure.
+// A row has two sides, ours and the peer's, which are measured in turn (A B A B ...), so that whatever else the machine
+// does affects both; the table shows their medians. A side is anything that returns a figure each time it is repeated:
+// a loop that Google Benchmark times (timed), or a number that the row computes itself (a percentile of samples, bytes
+// of heap, the time that another program takes to start). The bound of a row without a peer is a figure, not a ratio.
 //
-// Bounds: machines are noisy, so a row fails only where it falls short of its bound by more than half: "at most
-// 3 times" above 4.5 times, "at least 9 times faster" below 6 times, "at most 1 us" above 1.5 us.
+// Machines are noisy, so a row fails only if it misses its bound by more than half: "at most 3 times" fails above 4.5
+// times, "at least 9 times faster" fails below 6 times, "at most 1 us" fails above 1.5 us.
 // Thread: one, the program's first.
 #pragma once
 
@@ -20,25 +21,26 @@
 
 namespace orvan::bench {
 
-/// What a figure counts. Times are in nanoseconds, always; the table shows them in the unit that reads best.
+/// The unit of a figure. Times are always in nanoseconds; the table shows them in the unit that is easiest to read.
 enum class Unit { nanoseconds, bytes, count };
 
 struct Side {
-    std::string name;               ///< In the table beside a peer's figure; ours needs none.
-    std::function<double()> repeat; ///< One repetition: a figure in the row's unit.
+    std::string name;               ///< Stands in the table beside the peer's figure; empty for our side.
+    std::function<double()> repeat; ///< Runs one repetition and returns a figure in the row's unit.
 };
 
-/// Whose time: the thread's own, which other programs disturb least; the clock's, for what waits on disks or
-/// other threads; or the parts that the loop hands to timePart.
+/// Which time is measured: the thread's processor time, which other programs disturb least; the clock's time, for loops
+/// that wait for disks or other threads; or only the parts that the loop passes to timePart.
 enum class Timing { thread, clock, parts };
 
-/// The time of one iteration of `loop`. The first repetition finds how many iterations take `seconds`; the
-/// others run as many.
+/// A side whose figure is the time of one iteration of `loop`. The first repetition finds how many iterations take
+/// `seconds`; the other repetitions run as many.
 Side timed(std::string name, std::function<void(benchmark::State&)> loop, Timing timing = Timing::thread,
            double seconds = 0.05);
 
-/// The part of an iteration that counts, in a loop with Timing::parts: once in each. Thread time; a part should
-/// take 50 microseconds or more, because reading the time costs some hundred nanoseconds.
+/// In a loop with Timing::parts, runs the part of an iteration that is measured; to be called once per iteration. It
+/// measures the thread's time. A part should take 50 microseconds or more, because reading the time takes some hundred
+/// nanoseconds.
 void timePart(benchmark::State& state, const std::function<void()>& part);
 
 struct Bound {
@@ -54,7 +56,7 @@ inline Bound atLeastTimesFaster(double value)
 {
     return {Bound::Kind::atLeastTimesFaster, value};
 }
-/// A figure in the row's unit, for a row without a peer.
+/// The bound of a row without a peer: a figure in the row's unit.
 inline Bound atMost(double figure)
 {
     return {Bound::Kind::atMost, figure};
@@ -66,16 +68,16 @@ struct Sides {
 };
 
 struct Row {
-    std::string name; ///< Begins with the letter that docs/performance.md knows it by.
+    std::string name; ///< Begins with the letter under which docs/performance.md explains the row.
     Bound bound;
-    /// Makes what the sides need when it is their turn; it goes with them. Checks that both compute the same
-    /// where they do (requireSame). What it throws fails the row.
+    /// Called when it is the row's turn. Makes the sides with all that they need, and checks with requireSame that both
+    /// compute the same, if they should. If it throws, the row fails.
     std::function<Sides()> prepare;
     Unit unit = Unit::nanoseconds;
-    int repetitions = 9; ///< One: nothing is warmed up either.
+    int repetitions = 9; ///< If more than 1, one more repetition comes first, to warm up, and does not count.
 };
 
-/// How the figure of a path grows with the size of what it works on.
+/// A path that is measured with data of several sizes, to see how its figure grows.
 struct Growth {
     std::string name;
     std::function<Side(std::size_t size)> prepare;
@@ -84,7 +86,7 @@ struct Growth {
     int repetitions = 7;
 };
 
-/// Throws where the two are not the same.
+/// Throws if the two are not equal.
 template <class T>
 void requireSame(const T& ours, const T& peers, const std::string& what)
 {
@@ -98,7 +100,7 @@ public:
     void add(Row row) { rows_.push_back(std::move(row)); }
     void add(Growth growth) { growths_.push_back(std::move(growth)); }
 
-    /// Only what begins with one of these from now on; none: everything.
+    /// Selects the rows and growths whose names begin with one of these texts; all if there is no text.
     void select(std::vector<std::string> beginnings) { beginnings_ = std::move(beginnings); }
     void list() const;
     /// Runs the rows, or the growths, and prints their table. Returns the names of those that failed.

@@ -1,7 +1,7 @@
 // N: the start of the desk, seen from outside: from the call that starts the program to its end at the first paint.
 //
-// On an X server, as users start it: off-screen an empty window does next to nothing, and does not even read the
-// system's fonts.
+// The desk runs on an X server, as on a user's screen. With Qt's off-screen platform, an empty window would do next to
+// nothing and would not even read the system's fonts, so there would be nothing to compare with.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/SampleCatalogue.h"
@@ -26,7 +26,7 @@ namespace orvan::bench {
 
 namespace {
 
-/// An X server of this run's own, off-screen.
+/// A virtual X server that is used only by this run.
 class XServer {
 public:
     XServer()
@@ -35,7 +35,7 @@ public:
                       {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                        QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
                        QStringLiteral("tcp")});
-        if (!server_.waitForReadyRead()) { // it tells its number once it is ready
+        if (!server_.waitForReadyRead()) { // the server prints its display number once it is ready
             throw std::runtime_error("Xvfb does not start");
         }
         display_ = ":" + server_.readLine().trimmed();
@@ -55,7 +55,7 @@ private:
     QByteArray display_;
 };
 
-/// One start of a program that stands beside this one.
+/// The time that one start takes of a program in the same folder as this one.
 double startTime(const std::string& name, const XServer& server)
 {
     std::string program = QCoreApplication::applicationDirPath().toStdString().append("/").append(name);
@@ -72,7 +72,7 @@ double startTime(const std::string& name, const XServer& server)
     return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - begin).count();
 }
 
-/// A user who has started the desk before.
+/// Makes the home directory of a user who has started the desk before, and so has a catalogue.
 void makeUser()
 {
     const std::filesystem::path home = temporaryFiles() / "home";

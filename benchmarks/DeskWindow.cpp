@@ -10,7 +10,7 @@
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("orvan-desk")); // as apps/orvan-desk/main.cpp from here on
+    QApplication::setApplicationName(QStringLiteral("orvan-desk")); // from here on the same as apps/orvan-desk/main.cpp
     const QString products = orvan::desk::defaultCatalogueFile();
     orvan::desk::lookUpProductsIn(products);
     orvan::desk::MainWindow window;
@@ -19,6 +19,6 @@ int main(int argc, char** argv)
     window.openSample(QStringLiteral("office-refit"));
     orvan::bench::endAtFirstPaint([&] {
         return window.findChild<orvan::ProductViewWidget*>()->TotalValue() > orvan::Currency() &&
-               QFile::exists(products); // else this is a first start, which has it made
+               QFile::exists(products); // without the file this would be a first start, which makes it
     });
 }

@@ -19,7 +19,7 @@ namespace {
 using headless::HeadlessForm;
 using Manager = std::shared_ptr<ProductMgr>;
 
-/// Opens the editor on the product at lIndex, lets `act` work in it and closes it, saving.
+/// Opens the editor on the product at lIndex, calls `act`, then closes the editor and saves.
 void edit(const Manager& manager, std::int32_t lIndex, const std::function<void(HeadlessForm&)>& act)
 {
     headless::HeadlessPlatform& platform = headlessHost().platform();
@@ -31,7 +31,7 @@ void edit(const Manager& manager, std::int32_t lIndex, const std::function<void(
     ProductDlg(platform).Show(manager, lIndex);
 }
 
-/// A side that is measured in the open editor.
+/// A side whose figure is measured while the editor is open.
 Side inEditor(const Manager& manager, std::function<double(HeadlessForm&)> measure)
 {
     return {"", [manager, measure = std::move(measure)] {
@@ -41,7 +41,7 @@ Side inEditor(const Manager& manager, std::function<double(HeadlessForm&)> measu
             }};
 }
 
-/// A box that gets a digit and loses it again, so that every second key leaves it as it was.
+/// A box in which keys alternately type a digit and remove it, so that every second key restores the text.
 class KeyedBox {
 public:
     KeyedBox(HeadlessForm& form, std::string_view name, std::string_view text) : box_(form.textBox(name))
@@ -65,7 +65,7 @@ private:
     bool typed_ = false;
 };
 
-/// One key in the quantity box that holds `text` and takes a digit more.
+/// The time of one key in the quantity box: keys alternately add a digit to `text` and remove it.
 Side keystroke(const Manager& manager, std::string text)
 {
     const auto pressed = std::make_shared<KeyedBox*>();
@@ -81,7 +81,7 @@ Side keystroke(const Manager& manager, std::string text)
     });
 }
 
-/// Calls of operator new in a thousand keystrokes, after as many that were not counted.
+/// The number of calls of operator new in two thousand keystrokes; before each thousand, as many are not counted.
 Side keystrokeAllocations(const Manager& manager)
 {
     return inEditor(manager, [](HeadlessForm& form) {
@@ -102,7 +102,7 @@ Side keystrokeAllocations(const Manager& manager)
     });
 }
 
-/// A key in the quantity box, then the tool that saves and goes on to the next product; back in the next iteration.
+/// Types a quantity, then chooses the tool that saves and moves to the next product; the next iteration moves back.
 Side nextProduct(const Manager& manager)
 {
     const auto open = std::make_shared<HeadlessForm*>();
@@ -133,7 +133,7 @@ Side copyOfString(std::string name, std::string text)
     });
 }
 
-/// The fields without the editor around them.
+/// An editing session without the editor's form, for measuring the fields alone.
 class FieldsAlone final : public EditorSession {
 public:
     FieldsAlone()
@@ -148,13 +148,13 @@ public:
     void PrvLoadProductInfo() override {}
     void PrvCloseOnError() override {}
 
-    /// The quantity changes with each price, so that there is one to store.
+    /// Changes the quantity, so that each computed price differs from the last one and has to be stored.
     void setQuantity(std::size_t i)
     {
         currentProduct().SetQty(Currency::fromScaled((1 + static_cast<std::int64_t>(i % 64)) * Currency::kScale));
     }
 
-    /// The same procedure with two operations in double in place of the exact ones.
+    /// Does the same as PrvCalcExtPrice, but with two operations in double instead of exact arithmetic.
     void priceInDouble()
     {
         ProductRecord& product = currentProduct();
@@ -199,7 +199,7 @@ Sides extendedPrice()
             priced("in double", [](FieldsAlone& each) { each.priceInDouble(); })};
 }
 
-/// The total after one record's price has changed.
+/// The time to change one record's price and then ask for the total.
 Side totalAfterChange(std::string name, std::size_t products)
 {
     const Manager manager = sampleManager(products);

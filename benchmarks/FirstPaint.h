@@ -1,4 +1,4 @@
-// endAtFirstPaint: for the small programs whose start is measured.
+// endAtFirstPaint: ends the small programs whose start is measured.
 #pragma once
 
 #include <QApplication>
@@ -9,8 +9,8 @@
 
 namespace orvan::bench {
 
-/// Runs the program until a window has been painted for the first time. Ends it there and then, with 0 where
-/// `asExpected` finds what should have been painted.
+/// Runs the event loop until a window has been painted for the first time, then ends the program at once: with exit
+/// status 0 if `asExpected` returns true, else with 1.
 [[noreturn]] inline void endAtFirstPaint(const std::function<bool()>& asExpected)
 {
     class Watch final : public QObject {
@@ -24,7 +24,7 @@ namespace orvan::bench {
         }
     } watch;
     QCoreApplication::instance()->installEventFilter(&watch);
-    while (!watch.painted) { // a window's widgets are painted in one go
+    while (!watch.painted) { // one paint event is enough: all widgets of a window are painted together
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     std::_Exit(asExpected() ? 0 : 1);

@@ -1,5 +1,5 @@
-// L: the import of a price list, beside SQLite alone: the same rows, already parsed, put into the same table with the
-// same indexes.
+// L: the import of a price list. The peer is SQLite alone, which puts the same rows, already parsed, into the same
+// table with the same indexes.
 
 #include "benchmarks/Allocations.h"
 #include "benchmarks/Comparison.h"
@@ -27,7 +27,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The clock's time in nanoseconds: an import waits for the disk, too.
+/// How long the work takes, in nanoseconds of the clock and not of the thread, because an import waits for the disk.
 template <class Work>
 double timeOf(Work&& work)
 {
@@ -70,8 +70,8 @@ void require(bool done, sqlite3* database)
     }
 }
 
-/// With the catalogue's own settings, which are SQLite's fastest: no journal, no waiting for the disk but once at the
-/// end.
+/// Fills the peer's file with the settings that the library uses, which are SQLite's fastest: without a journal, and
+/// with a single wait for the disk, at the end.
 void fill(const std::filesystem::path& file, const std::vector<ParsedRow>& rows)
 {
     sqlite3* database = nullptr;
@@ -126,7 +126,7 @@ Side sqliteAlone(std::size_t rows)
             }};
 }
 
-/// Both files answer for the same rows.
+/// Throws unless both files hold the same rows and indexes, as far as some queries tell.
 void requireSameFiles()
 {
     constexpr std::size_t kRows = 10'000;
@@ -142,7 +142,7 @@ void requireSameFiles()
     }
 }
 
-/// The most that an import has of the heap at once.
+/// The largest amount of heap that an import uses at any time.
 Side importMemory(std::string name, std::size_t rows)
 {
     return {std::move(name), [rows] {

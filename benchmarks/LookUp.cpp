@@ -1,5 +1,5 @@
-// J, K and M: the editor's look-up in its window: the search with all that it shows, the list dropped down, and
-// the wait before it.
+// J, K and M: the editor's look-up in its window. J searches and shows the result, K drops the list down, M measures
+// the wait between the last key and the search.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/SampleCatalogue.h"
@@ -37,7 +37,7 @@ double nanosecondsSince(Clock::time_point begin)
     return std::chrono::duration<double, std::nano>(Clock::now() - begin).count();
 }
 
-/// The value below which that part of the samples lies.
+/// The value that is not exceeded by the given part of the samples (0.99 for the 99th percentile).
 double percentile(std::vector<double> samples, double part)
 {
     const auto at = samples.begin() + std::lround(std::ceil(part * static_cast<double>(samples.size()))) - 1;
@@ -45,12 +45,12 @@ double percentile(std::vector<double> samples, double part)
     return *at;
 }
 
-/// A catalogue that can be opened anew behind the editor's back, and tells when it is searched.
+/// A catalogue that can be opened again while the editor uses it, and that reports when it is searched.
 class OpenedAnew final : public ProductLkpMgr {
 public:
     explicit OpenedAnew(std::filesystem::path file) : file_(std::move(file)) { open(); }
 
-    /// As on a machine that has not read the file yet.
+    /// Opens the file again as on a machine that has not read it yet: none of its pages are in memory.
     void openCold()
     {
         open();
@@ -89,7 +89,7 @@ private:
     std::shared_ptr<ProductLkpMgr> inner_;
 };
 
-/// Opens the editor on a product of a short list, with a catalogue of that many entries.
+/// Opens the editor on a product of a short list, with a catalogue that has that many entries.
 void lookUpInWindow(std::size_t entries, const std::function<void(ui::Form&, OpenedAnew&)>& act)
 {
     const auto catalogue = std::make_shared<OpenedAnew>(catalogueFile(entries));
@@ -110,7 +110,7 @@ constexpr LookUpCase kCases[] = {{"a part number", Typed::partNumber},
                                  {"no match", Typed::nothingThatMatches},
                                  {"the whole list", Typed::nothing}};
 
-/// What a user may have typed: the beginning of an entry, every other time without capitals.
+/// A text that a user may have typed: the beginning of an entry, every second time in small letters.
 std::string beginning(const std::string& text, std::mt19937& random)
 {
     std::string typed(firstCharacters(text, 1 + random() % 12));
@@ -140,7 +140,7 @@ void requireShown(const ui::ComboBox& combo, const std::string& typed, bool matc
     requireSame(combo.count() <= 250, matches, "the list holds the matches, or all there is");
 }
 
-/// The whole procedure of the box's timer, from a cold catalogue.
+/// The times that the whole procedure of the box's timer takes with a catalogue that is not in memory.
 std::vector<double> coldLookUps(Typed typed, std::size_t entries, int samples)
 {
     std::vector<double> times;
@@ -151,14 +151,14 @@ std::vector<double> coldLookUps(Typed typed, std::size_t entries, int samples)
         std::mt19937 random(17);
         for (int i = 0; i < samples; ++i) {
             const std::string text = textFor(typed, entries, random);
-            combo.setText("-"); // another text than the next: that starts the timer
+            combo.setText("-"); // so that the next text is another one, and setting it starts the timer
             combo.setText(text);
             catalogue.openCold();
             const auto begin = Clock::now();
             timer.onTimer();
             times.push_back(nanosecondsSince(begin));
             requireShown(combo, text, typed == Typed::partNumber || name);
-            QApplication::processEvents(); // what is painted comes after the look-up
+            QApplication::processEvents(); // paints, which is not part of the look-up's time
         }
     });
     return times;
@@ -171,7 +171,7 @@ Side coldLookUp(std::string name, Typed typed, std::size_t entries, double part,
 
 // --- K ----------------------------------------------------------------------------------------------
 
-/// The list dropped down and painted, after a look-up has filled it anew.
+/// The time to drop the list down and paint it, after a look-up has filled it again.
 Side dropDown(std::string name, std::size_t entries)
 {
     const auto box = std::make_shared<std::pair<ui::ComboBox*, QComboBox*>>();
@@ -207,12 +207,13 @@ Side dropDown(std::string name, std::size_t entries)
 constexpr std::chrono::milliseconds kPauseTime(500);
 constexpr double kPause = std::chrono::nanoseconds(kPauseTime).count();
 
-/// From the last of several keys to the search, in a program that has nothing else to do, on a machine that has nothing
-/// else to do: a wait at whose end a sleeping thread, too, wakes late is measured again.
+/// The times from the last of several keys to the search, in a program and on a machine that do nothing else. A second
+/// thread sleeps until the search is due; if that thread wakes late, the machine was busy and the wait is measured
+/// again.
 const std::vector<double>& waits()
 {
     constexpr std::size_t kWaits = 16;
-    constexpr double kBusy = 2e6; // nanoseconds that the thread may be late
+    constexpr double kBusy = 2e6; // by how many nanoseconds the second thread may wake late
     static std::vector<double> times;
     if (!times.empty()) {
         return times;
@@ -240,7 +241,8 @@ const std::vector<double>& waits()
             catalogue.onSearch = [&] {
                 wait = nanosecondsSince(lastKey);
                 loop.quit();
-                catalogue.onSearch = nullptr; // once: without a match the whole list is asked for, too
+                // Only the first search counts; without a match there is a second one, for the whole list.
+                catalogue.onSearch = nullptr;
             };
             loop.exec();
             const bool busy = machineLate.valid() && machineLate.get() > kBusy;
@@ -269,7 +271,7 @@ double latest()
 
 void addLookUp(Suite& suite)
 {
-    constexpr double kFrame = 16e6; // nanoseconds
+    constexpr double kFrame = 16e6; // nanoseconds: one picture of a screen with 60 per second
     constexpr int kSamples = 300;
     for (const LookUpCase& each : kCases) {
         const std::string path = std::string("J cold look-up, ").append(each.name);

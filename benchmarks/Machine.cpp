@@ -20,7 +20,7 @@ namespace orvan::bench {
 
 namespace {
 
-/// The value of the first line that begins with `key`, up to a separator and quotes.
+/// The value of the first line that begins with `key`, without the separator and without quotes.
 std::string valueIn(const char* file, const std::string& key)
 {
     std::ifstream in(file);

@@ -1,4 +1,4 @@
-// orvan-bench-window: an empty window of Qt's, up to its first paint.
+// orvan-bench-window: shows an empty Qt window and ends at its first paint.
 
 #include "benchmarks/FirstPaint.h"
 
@@ -8,7 +8,7 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     QWidget window;
-    window.resize(780, 560); // the desk's
+    window.resize(780, 560); // the size of the desk's window
     window.show();
     orvan::bench::endAtFirstPaint([] { return true; });
 }

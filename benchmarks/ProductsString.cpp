@@ -1,4 +1,4 @@
-// G: the products string: a list from it and to it, beside the same with QString.
+// G: reads a list from a products string and writes it to one; the peers are copies and the same work with QString.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Samples.h"
@@ -14,14 +14,14 @@ namespace {
 
 using Manager = std::shared_ptr<ProductMgr>;
 
-/// What a Qt program would hold.
+/// A product as a Qt program would hold it.
 struct QtProduct {
     QString name, key, partNum;
     double unitPrice = 0, qty = 0, discPrcnt = 0, extPrice = 0;
     QString note;
 };
 
-/// The escaped characters and what stands for them while a text is split: private-use characters.
+/// The escaped characters, and the private-use characters that replace them while a text is split.
 constexpr std::pair<const char*, char16_t> kEscaped[] = {{"\\\\", u'\uE000'}, {"\\~", u'\uE001'}, {"\\:", u'\uE002'}};
 
 QString withoutEscapes(QString text, bool hasEscapes)
@@ -45,7 +45,7 @@ std::vector<QtProduct> readWithQt(QString text)
     const QStringList records = text.split(u'~');
     std::vector<QtProduct> products;
     products.reserve(static_cast<std::size_t>(records.size()));
-    for (qsizetype i = 1; i + 1 < records.size(); ++i) { // between the count and what follows the last closer
+    for (qsizetype i = 1; i + 1 < records.size(); ++i) { // not the count, nor the empty text at the end
         const QStringList fields = records[i].split(u':');
         products.push_back({withoutEscapes(fields[0], hasEscapes), withoutEscapes(fields[1], hasEscapes),
                             withoutEscapes(fields[2], hasEscapes), fields[3].toDouble(), fields[4].toDouble(),
@@ -57,7 +57,8 @@ std::vector<QtProduct> readWithQt(QString text)
 QString withEscapes(QString text)
 {
     for (const auto& [escape, standIn] : kEscaped) {
-        text.replace(QLatin1String(escape + 1), QLatin1String(escape)); // the backslash first
+        // The backslash comes first in kEscaped, so that no escape is escaped again.
+        text.replace(QLatin1String(escape + 1), QLatin1String(escape));
     }
     return text;
 }
@@ -93,7 +94,7 @@ std::string write(ProductMgr& manager)
     return manager.GetProductsString(kRecordSeparator, kFieldSeparator);
 }
 
-/// A loop over `make`, whose result is used and let go within the time.
+/// A side that calls `make`; the measured time includes destroying the result.
 template <class Make>
 Side making(std::string name, Make make)
 {
@@ -137,7 +138,7 @@ Sides readingBesideQt(const Sample& sample)
     return {reading(sample), making("QString", [text] { return readWithQt(text); })};
 }
 
-/// The manager's first string of a list, for which no record has its text yet.
+/// The time of the manager's first string of a list, when no record has kept its text yet.
 Side writing(const Sample& sample)
 {
     return timed(

@@ -1,5 +1,5 @@
-// D: a key in the quantity box of the editor's window. The handlers are those of C; what comes with them here is
-// Qt's own work on three line edits.
+// D: a key in the quantity box of the editor's window. The event handlers are those that C measures; the rest of the
+// time is Qt's own work on three line edits.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Samples.h"
@@ -14,7 +14,7 @@ namespace orvan::bench {
 
 namespace {
 
-/// Keys without a return to the event loop, so that nothing is painted.
+/// Presses keys without returning to the event loop, so that nothing is painted.
 Side keys(std::string name, const std::shared_ptr<QLineEdit*>& line)
 {
     return timed(std::move(name), [line](benchmark::State& state) {

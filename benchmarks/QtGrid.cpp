@@ -1,4 +1,4 @@
-// A and B: the list in its window: from the string to a filled grid, and the grid painted.
+// A and B: the list in its window. A reads the products string and fills the grid; B paints the grid.
 
 #include "benchmarks/Allocations.h"
 #include "benchmarks/Comparison.h"
@@ -46,7 +46,7 @@ std::unique_ptr<ProductViewWidget> listView()
 
 // --- A ----------------------------------------------------------------------------------------------
 
-/// A product as a host on Qt has it parsed; a cell's text shares its memory.
+/// A parsed product as a host that uses Qt would hold it; the cells share the memory of its texts.
 struct QtProduct {
     QString name, key, partNum, note;
     double unitPrice, qty, discPrcnt, extPrice;
@@ -57,15 +57,16 @@ std::vector<QtProduct> qtProducts(std::size_t count)
     std::vector<QtProduct> products;
     products.reserve(count);
     for (const ProductFields& fields : sampleProducts(count)) {
+        // The extended price is rounded to two decimals.
         products.push_back({QString::fromStdString(fields.name), QString::fromStdString(fields.key),
                             QString::fromStdString(fields.partNum), QString::fromStdString(fields.note),
                             fields.unitPrice.toDouble(), fields.qty.toDouble(), fields.discPrcnt.toDouble(),
-                            std::round(static_cast<double>(fields.extPrice.scaled()) / 100) / 100}); // to the cent
+                            std::round(static_cast<double>(fields.extPrice.scaled()) / 100) / 100});
     }
     return products;
 }
 
-/// Amounts at the right edge, without a word about it in each item.
+/// Aligns amounts at the right edge, so that the items need not store an alignment.
 class AlignedByColumn final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -79,7 +80,7 @@ protected:
     }
 };
 
-/// The list view's nine columns, of which it shows four.
+/// The nine columns of the list view's grid, four of which are shown.
 constexpr const char* kColumns[] = {"#", "Product", "Key", "Part#", "Note", "Disc%", "Unit Price", "Qty", "Ext Price"};
 constexpr int kHidden[] = {2, 3, 4, 5, 6};
 
@@ -149,7 +150,7 @@ Side tableFilled(std::size_t products)
         Timing::parts);
 }
 
-/// Both show the same rows, to the last cell that is shown.
+/// Throws unless the list view and the table have as many rows and show the same texts in a sample of the rows.
 void requireSameCells(std::size_t products)
 {
     const auto view = listView();
@@ -179,7 +180,7 @@ Sides showBesideTable(std::size_t products)
     return {show(products), tableFilled(products)};
 }
 
-/// Bytes of the heap that `make` leaves in use while what it made lives.
+/// The number of bytes of the heap that the result of `make` needs.
 template <class Make>
 double heapOf(Make&& make)
 {
@@ -188,7 +189,7 @@ double heapOf(Make&& make)
     return static_cast<double>(heapInUse() - before);
 }
 
-/// What a filled list takes beyond the manager's records.
+/// The heap that a filled list view needs in addition to the manager's records.
 Side heapOfView(std::size_t products)
 {
     return {"", [text = productsString(sampleProducts(products))] {
@@ -219,7 +220,7 @@ Side heapOfTable(std::size_t products)
 
 // --- B ----------------------------------------------------------------------------------------------
 
-/// The grid of a list view, and an image of its size.
+/// The grid of a list view, and an image of the same size to paint it into.
 struct Painted {
     std::unique_ptr<ProductViewWidget> view = listView();
     QTableView& grid = *view->findChild<QTableView*>();
@@ -260,7 +261,7 @@ struct PlacedText {
     QString text;
 };
 
-/// The texts of the cells and heads that the grid shows.
+/// The texts of the cells and headers that the grid shows.
 std::vector<PlacedText> shownTexts(const QTableView& grid)
 {
     std::vector<PlacedText> texts;

@@ -25,13 +25,13 @@ constexpr const char* kThings[] = {"Angle bracket",  "Anchor, heavy duty", "Cabl
                                    "Werkzeugträger", "Wood screw",         "Écrou à ailettes"};
 constexpr const char* kMaterials[] = {"zinc plated", "stainless A2", "stainless A4", "brass", "galvanized", "nylon"};
 
-/// A number for each row, spread over all of 32 bits and never twice the same.
+/// A number for each row, spread over all numbers of 32 bits; no two rows have the same.
 std::uint32_t spread(std::size_t row)
 {
     return static_cast<std::uint32_t>(row) * 2'654'435'761U;
 }
 
-/// Makes the file of that many rows when it is first asked for.
+/// Returns the file with that many rows; the first call for a number of rows makes the file.
 template <class Make>
 const std::filesystem::path& made(std::map<std::size_t, std::filesystem::path>& files, std::size_t rows,
                                   const char* name, Make make)
@@ -108,7 +108,7 @@ const std::filesystem::path& catalogueFile(std::size_t rows)
 void dropFromCache(const std::filesystem::path& file)
 {
     const auto begin = std::chrono::steady_clock::now();
-    while (pagesInMemory(file) > 0) { // some are still being read ahead
+    while (pagesInMemory(file) > 0) { // more than once, because the system may still be reading ahead
         if (std::chrono::steady_clock::now() - begin > std::chrono::seconds(1)) {
             throw std::runtime_error("the catalogue's pages stay in memory");
         }

@@ -1,4 +1,4 @@
-// SampleCatalogue: price lists and the catalogues imported from them, made once a run.
+// SampleCatalogue: price lists and the catalogues imported from them, which are made once per run.
 #pragma once
 
 #include <cstddef>
@@ -14,15 +14,15 @@ struct PriceListRow {
     std::int64_t unitPrice; ///< In ten-thousandths.
 };
 
-/// A price list's rows from 0 on, in no order of names or part numbers.
+/// A row of a price list, counted from 0. The rows are not sorted by name or part number.
 PriceListRow priceListRow(std::size_t row);
 
-/// A CSV file of that many rows.
+/// A CSV file with that many rows.
 const std::filesystem::path& priceList(std::size_t rows);
 /// The catalogue imported from it.
 const std::filesystem::path& catalogueFile(std::size_t rows);
 
-/// Takes the file's pages out of the system's memory. Throws where they stay there.
+/// Removes the file's pages from the system's memory, so that they are read from the disk again. Throws if they stay.
 void dropFromCache(const std::filesystem::path& file);
 
 } // namespace orvan::bench

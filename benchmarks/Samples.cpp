@@ -23,7 +23,7 @@ constexpr const char* kThings[] = {"Hexagon bolt",  "Washer, large series",    "
                                    "Angle bracket", "Wood screw, countersunk", "Anchor, heavy duty"};
 constexpr const char* kMaterials[] = {"zinc plated", "stainless A2", "stainless A4", "brass", "galvanized"};
 
-/// Each blank becomes, in turn, one of the three characters that need an escape.
+/// Replaces each blank by one of the three characters that need an escape, in turn.
 std::string withEscapes(std::string text)
 {
     std::size_t next = 0;

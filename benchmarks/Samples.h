@@ -1,4 +1,4 @@
-// Samples: what the benchmarks work on, the same in every run: products, their string, a host.
+// Samples: the data of the benchmarks, which is the same in every run: products, their products string, and a host.
 #pragma once
 
 #include "orvan/components/products/ProductsString.h"
@@ -12,19 +12,18 @@
 
 namespace orvan::bench {
 
-/// Where the texts have characters that stand behind a backslash in the products string.
+/// Whether the texts have characters that need a backslash in the products string.
 enum class Escapes { none, everywhere };
 
-/// Products as in a hardware store's quote: names of 20 to 40 characters, every third with a note.
+/// Products as in the quote of a hardware store: names of 20 to 40 characters; every third product has a note.
 std::vector<ProductFields> sampleProducts(std::size_t count, Escapes escapes = Escapes::none);
 std::string productsString(const std::vector<ProductFields>& products);
 
-/// For every host here: a user in the United States, any size of list, a trace component that does nothing, no
-/// catalogue.
+/// The options of every host in the benchmarks: the formats of the United States, a raised size limit, no catalogue.
 HostOptions hostOptions();
 void registerSilentTrace(ComponentRegistry& components);
 
-/// The thread's host without a window, made when it is first asked for.
+/// The thread's host without a window; the first call makes it.
 HeadlessHost& headlessHost();
 std::shared_ptr<ProductMgr> sampleManager(std::size_t count, Escapes escapes = Escapes::none);
 

@@ -1,4 +1,5 @@
-// The subjects of the benchmarks: each adds its rows and growths. One file a subject.
+// The subjects of the benchmarks: each function adds the rows and growths of one subject. There is one file per
+// subject.
 #pragma once
 
 namespace orvan::bench {

@@ -18,7 +18,7 @@ void Table::print(const std::vector<std::string>& cells)
     for (std::size_t i = 0; i < cells.size(); ++i) {
         out_ << "| " << std::left << std::setw(i == 0 ? static_cast<int>(firstWidth_) : 0) << cells[i] << ' ';
     }
-    out_ << '|' << std::endl; // each row is seen when it is done
+    out_ << '|' << std::endl; // flushes, so that a row appears as soon as it is measured
 }
 
 std::string plainNumber(double number)

@@ -1,4 +1,4 @@
-// Table: a Markdown table on a stream, row by row as they come, and the figures in its cells.
+// Table: prints a Markdown table on a stream, row by row, and writes figures for its cells.
 #pragma once
 
 #include "benchmarks/Comparison.h"
@@ -12,7 +12,7 @@ namespace orvan::bench {
 
 class Table {
 public:
-    /// Prints the heads. The first column is at least `firstWidth` wide.
+    /// Prints the column headings. The first column is at least `firstWidth` characters wide.
     Table(std::ostream& out, std::vector<std::string> heads, std::size_t firstWidth);
 
     void print(const std::vector<std::string>& cells);
@@ -22,11 +22,11 @@ private:
     std::size_t firstWidth_;
 };
 
-/// Three significant digits, in the unit that reads best: "812 ns", "1.25 us", "48.3 ms", "6.1 MB".
+/// Three significant digits in the unit that is easiest to read: "812 ns", "1.25 us", "48.3 ms", "6.1 MB".
 std::string figureText(double figure, Unit unit);
 /// At most three significant digits: "8", "1.5", "0.967", "1140".
 std::string plainNumber(double number);
-/// "100,000".
+/// The number with separators between its groups of digits: "100,000".
 std::string groupedNumber(std::size_t number);
 
 } // namespace orvan::bench

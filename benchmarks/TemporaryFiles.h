@@ -1,11 +1,11 @@
-// TemporaryFiles: a directory of this run's own, gone with the program.
+// TemporaryFiles: a directory for the files of this run, which is removed when the program ends.
 #pragma once
 
 #include <filesystem>
 
 namespace orvan::bench {
 
-/// On a disk, where /tmp may be memory.
+/// The directory is on a disk; it is not in /tmp, which may be in memory.
 const std::filesystem::path& temporaryFiles();
 
 } // namespace orvan::bench

@@ -16,13 +16,13 @@ namespace orvan::bench {
 
 namespace {
 
-/// Saves whatever is asked.
+/// Answers Yes to every question, so that the editor saves.
 class YesToAll final : public ui::MessageBox {
 public:
     ui::MessageResult show(const ui::Message& /*message*/) override { return ui::MessageResult::yes; }
 };
 
-/// The host's platform, whose message boxes nobody has to answer and whose forms can be reached.
+/// The host's platform, except that nobody has to answer message boxes and that the open form can be accessed.
 class WatchedPlatform final : public ui::Platform {
 public:
     ui::MessageBox& messageBox() override { return messageBox_; }
@@ -37,7 +37,7 @@ public:
         return loaded;
     }
 
-    ui::Form* form = nullptr; ///< The one that was loaded last.
+    ui::Form* form = nullptr; ///< The form that was loaded last.
 
 private:
     static qt::QtPlatform& qt() { return windowHost().platform(); }
@@ -59,7 +59,7 @@ void editInWindow(const std::shared_ptr<ProductMgr>& manager, const std::functio
 {
     WatchedPlatform platform;
     std::exception_ptr failure = std::make_exception_ptr(std::runtime_error("the editor did not open"));
-    QTimer::singleShot(0, qApp, [&] { // nothing may be thrown through the form's event loop
+    QTimer::singleShot(0, qApp, [&] { // an exception must not pass through the form's event loop
         try {
             act(*platform.form);
             failure = nullptr;

@@ -1,4 +1,4 @@
-// Windows: the library in Qt's windows, and a user at the keyboard. The windows are off-screen ones.
+// Windows: the library in Qt's windows, which are off-screen, and keys as a user would press them.
 // Thread: the program's first.
 #pragma once
 
@@ -16,14 +16,14 @@
 
 namespace orvan::bench {
 
-/// The thread's host with windows, made when it is first asked for; its settings are no user's.
+/// The thread's host with windows; the first call makes it. It does not use the user's settings.
 QtHost& windowHost();
 
-/// Opens the editor on the list's first product, lets `act` work in it while it is shown, and closes it,
-/// saving. Throws what `act` throws.
+/// Opens the editor on the list's first product, calls `act` while it is shown, then closes it and saves. Throws what
+/// `act` throws.
 void editInWindow(const std::shared_ptr<ProductMgr>& manager, const std::function<void(ui::Form&)>& act);
 
-/// The widget of a box of an open form.
+/// The widget that shows a box of an open form.
 template <class Widget, class Box>
 Widget& widgetIn(ui::Form& form, std::string_view box)
 {
@@ -32,10 +32,10 @@ Widget& widgetIn(ui::Form& form, std::string_view box)
 
 void pressKey(QWidget& box, int key, const QString& text = {});
 
-/// A line that gets a digit and loses it again, so that every second key leaves it as it was.
+/// A line edit in which keys alternately type a digit and remove it, so that every second key restores the text.
 class KeyedLine {
 public:
-    /// The line takes the focus and holds `text`.
+    /// Gives the focus to the line and sets its text.
     KeyedLine(QLineEdit& line, const QString& text);
     void press();
 

@@ -1,4 +1,4 @@
-// orvan-bench: the library's paths beside their peers. ./bench builds it and passes its arguments on.
+// orvan-bench: measures the library's paths and their peers. ./bench builds it and passes its arguments on.
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Machine.h"
@@ -26,8 +26,8 @@ constexpr const char* kHelp =
 int run(std::vector<std::string> arguments)
 {
     orvan::bench::Suite suite;
-    // First what needs no window: in a heap that windows have come and gone in, allocating takes longer on both sides,
-    // and says less about either.
+    // The subjects that need no window come first: once windows have been made and destroyed, allocating in the heap
+    // takes longer on both sides, which hides the difference between them.
     orvan::bench::addEditor(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
@@ -68,7 +68,7 @@ int run(std::vector<std::string> arguments)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "default.warning=false"); // the toolkit's complaint about a missing session
+    qputenv("QT_LOGGING_RULES", "default.warning=false"); // hides Qt's warning that there is no desktop session
     const QApplication application(argc, argv);
     try {
         return run({argv + 1, argv + argc});

@@ -1,4 +1,4 @@
-# One target per folder, so that the linker holds the direction of includes.
+# Each folder is a target of its own, so that a folder which uses another one against the order of layers does not link.
 
 include(GNUInstallDirs)
 
@@ -12,9 +12,9 @@ elseif(ORVAN_THREAD_SANITIZE)
     add_link_options(-fsanitize=thread)
 endif()
 
-# orvan_library(<name> [PUBLIC_HEADERS ...] SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]): target orvan_<name>, alias
-# orvan::<name>. PUBLIC_HEADERS are what hosts include, and are all that is installed; they include public headers alone
-# (scripts/check_layers_and_documents.py).
+# orvan_library(<name> [PUBLIC_HEADERS ...] SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]) makes the target orvan_<name>
+# with the alias orvan::<name>. PUBLIC_HEADERS are the headers that hosts include; no others are installed, so a public
+# header may include only public headers (scripts/check_layers_and_documents.py checks this).
 function(orvan_library name)
     cmake_parse_arguments(ARG "" "" "PUBLIC_HEADERS;SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
     add_library(orvan_${name} STATIC ${ARG_PUBLIC_HEADERS} ${ARG_SOURCES})
@@ -22,8 +22,8 @@ function(orvan_library name)
     set_target_properties(orvan_${name} PROPERTIES
         EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
     target_compile_features(orvan_${name} PUBLIC cxx_std_20)
-    # Nobody replaces a function of a static library at load time: without this the compiler has to expect it of code
-    # that may end up in a shared one, and inlines less.
+    # Without this option the compiler must allow for functions that are replaced when the program is loaded, because
+    # the code may become part of a shared library, and it then inlines less. Nobody replaces functions of this library.
     target_compile_options(orvan_${name} PRIVATE -fno-semantic-interposition)
     target_include_directories(orvan_${name} PUBLIC
         $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
@@ -35,7 +35,7 @@ function(orvan_library name)
     endif()
 endfunction()
 
-# The package that find_package(KTVOrvanProduct) finds.
+# Installs the files with which find_package(KTVOrvanProduct) finds the library.
 function(orvan_install_package)
     include(CMakePackageConfigHelpers)
     set(package ${CMAKE_INSTALL_LIBDIR}/cmake/KTVOrvanProduct)

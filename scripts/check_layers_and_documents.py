@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Holds what the compiler does not: the direction of includes, that public headers include public headers
-alone, file sizes, and that the documents name only what exists. Prints every finding; exits with 1 when there is one."""
+"""Checks rules that the compiler does not know: the direction of includes, that public headers include only public
+headers, the size of files, and that the documents name only what exists. Prints every finding; exits with 1 when there
+is one."""
 
 import re
 import sys
@@ -8,22 +9,22 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
 
-# Ground floor first: a folder includes itself and folders above it in this list.
+# The lowest layer stands first: a folder may include itself and folders that stand before it in this list.
 LAYERS = ["orvan/base", "orvan/files", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view",
           "orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt",
           "orvan/components/products", "orvan/components/catalogue", "orvan/components/trace",
           "orvan/hosting", "apps", "benchmarks"]
-# Folders that do not include each other.
+# Within each of these groups, no folder includes another one.
 SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
                 {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"},
                 {"orvan/components/products", "orvan/components/catalogue", "orvan/components/trace"}]
-# A platform is an exception: it knows the abstract controls and its own toolkit, not the logic.
+# Platforms are an exception: they include only the abstract controls and their own toolkit, but not the logic.
 PLATFORMS = {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"}
 BELOW_PLATFORMS = {"orvan/base", "orvan/files", "orvan/ui"}
 MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|ProductViewWidget))")
-# The example hosts that README shows and the package test builds: they include what is installed, and nothing else.
+# The example hosts that README.md shows and that the package's test builds: they include only installed headers.
 INSTALLED_HOSTS = ("apps/quick-host/", "apps/orvan-grid/")
-# The logic uses the standard library alone.
+# The folders that use no library except the standard library.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
@@ -64,7 +65,7 @@ def check_includes(path: str, text: str) -> list[str]:
 
 
 def public_headers() -> set[str]:
-    """What the CMake files name behind PUBLIC_HEADERS, up to the next keyword or the end of the call."""
+    """The headers that the CMake files name after PUBLIC_HEADERS, up to the next keyword or the end of the call."""
     return {str((path.parent / header).relative_to(ROOT))
             for path in (ROOT / "orvan").rglob("CMakeLists.txt")
             for names in re.findall(r"\bPUBLIC_HEADERS\b(.*?)(?=\b[A-Z_]+\b(?!\.)|\))", path.read_text(), re.S)

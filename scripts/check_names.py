@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Holds what clang-tidy has no rule for: a name does not begin with a letter or two that tell its type (sLabel, lRow,
-bFound, cyMost, objList). Names that hosts, support staff or the trace know keep that form; they are listed here.
-Prints the first place of each name in a file; exits with 1 when there is one."""
+"""Checks a rule that clang-tidy does not know: no name begins with letters that tell its type (sLabel, lRow, bFound,
+cyMost, objList). Names that hosts, support staff or the trace know keep that form; they are listed here.
+Prints the first place of each other such name in a file; exits with 1 when there is one."""
 
 import re
 import sys
@@ -16,7 +16,8 @@ KNOWN = set("""
     bShowPercent bShowSymbol cyValue gobjTrace hWnd iDigits lIndex lLkpListIdx lOffset lProdIdx lProductIndex objProdMgr
     objProductMgr sCurrencySymbol sDecimal sDecimalSep sMonDecimal sMonThousand sProducts sText sThousand
     """.split())
-# Comments and texts; an apostrophe between digits or letters separates digits.
+# Comments and texts, which are not checked. An apostrophe after a digit or letter separates digits (1'000) and does not
+# begin a text.
 NOT_CODE = re.compile(r"""//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|(?<![\w])'(?:\\.|[^'\\\n])+'""", re.S)
 
 

@@ -1,5 +1,5 @@
-"""The desk in a real window, with the mouse and keys of an X server (xvfb), xdotool and a window manager
-(openbox), which gives a closed dialog's focus back to the desk, as on a person's screen."""
+"""Drives the desk in a real window, with mouse and keys (xdotool), on a virtual X server (xvfb). A window manager
+(openbox) runs there, too, because it gives the focus back to the desk when a dialog closes, as on a user's screen."""
 import json
 import os
 import pathlib
@@ -12,8 +12,8 @@ DESK = f"{TITLE} – Orvan Desk"
 MODIFIED = f"{TITLE}* – Orvan Desk"
 PATIENCE = 20  # seconds
 FIRST_ROW, ROW_HEIGHT, ROW_X = 128, 22, 200  # pixels inside the desk's window
-COLUMN_ONE = (600, 104)  # its header
-SAVE = (174, 24)  # from the editor's right and lower edge
+COLUMN_ONE = (600, 104)  # the header of the first optional column
+SAVE = (174, 24)  # the Save button's distance from the editor's right and lower edge
 
 
 def xdotool(*arguments: object) -> str:
@@ -38,7 +38,7 @@ def wait_for(what: str, holds) -> None:
         if time.monotonic() > end:
             sys.exit(f"{what}: not so after {PATIENCE} s; windows: {titles()}")
         time.sleep(0.05)
-    time.sleep(0.2)  # the window that came up has its first focus
+    time.sleep(0.2)  # until a window that has just appeared has got the focus
 
 
 def wait_for_title(title: str) -> None:
@@ -58,7 +58,7 @@ def double_click(row: int, times: int = 1) -> None:
 
 
 def geometry(window: str) -> tuple[int, int, int, int]:
-    """Left, top, width and height."""
+    """The window's left, top, width and height."""
     shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
     return int(shell["X"]), int(shell["Y"]), int(shell["WIDTH"]), int(shell["HEIGHT"])
 
@@ -71,7 +71,8 @@ def click_save() -> None:
 
 
 class Desk:
-    """A desk with a quote of its own, for a `with` statement; nothing of it stays behind in `folder`'s user."""
+    """A running desk with a quote of its own, for a `with` statement. Its settings, trace and catalogue are in
+    `folder`, so that the user's own are not touched."""
 
     def __init__(self, program: str, folder: str, quote: dict):
         self.folder = pathlib.Path(folder)
@@ -90,13 +91,13 @@ class Desk:
         return self
 
     def saved(self) -> dict:
-        """What the quote's file holds after Ctrl+S."""
+        """Presses Ctrl+S and returns what the quote's file then holds."""
         keys("ctrl+s")
         wait_for("a quote that is saved", lambda: titles() == [DESK])
         return json.loads(self.quote.read_text())
 
     def trace(self) -> list[str]:
-        """Its lines, without times, threads and depths."""
+        """The lines of the desk's trace, without times, threads and depths."""
         files = self.folder.glob("orvan/trace-*.log")
         return [line.split(maxsplit=4)[4] for file in files for line in file.read_text().splitlines()]
 

@@ -10,15 +10,15 @@ from desk_window import COLUMN_ONE, Desk, click, desk_window, double_click, geom
 from desk_window import wait_for_title, xdotool
 
 FRAME_X, FRAME_TOP, FRAME_BOTTOM = 1, 20, 5  # pixels that the window manager adds
-LONG_LIST = 2_000_000  # rows whose import can be watched
+LONG_LIST = 2_000_000  # enough rows that the import lasts until its picture is taken
 
 
 def take(path: pathlib.Path) -> None:
-    """The desk and what stands in front of it."""
+    """Takes a picture of the desk's window and of the windows in front of it."""
     x, y, width, height = geometry(desk_window())
-    # xdotool adds the frame to the place of what is inside it.
+    # xdotool adds the frame's size to the place of the window inside it, so it is subtracted twice.
     area = f"{width + 2 * FRAME_X}x{height + FRAME_TOP + FRAME_BOTTOM}+{x - 2 * FRAME_X}+{y - 2 * FRAME_TOP}"
-    time.sleep(0.5)  # painted
+    time.sleep(0.5)  # until everything has been painted
     subprocess.run(["import", "-window", "root", "-crop", area, "+repage", "-strip", str(path)], check=True)
     print(path)
 

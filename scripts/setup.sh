@@ -6,14 +6,15 @@ run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsql
 test_packages=("${run_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox)
 lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev shellcheck)
-# For ./test portable. GoogleTest's sources: the installed one is built for this processor and with libstdc++.
+# For ./test portable. googletest has GoogleTest's sources, which are needed because the installed library was built for
+# this processor and with libstdc++.
 libcxx_packages=(libc++-dev libc++abi-dev googletest)
 aarch64_packages=(g++-aarch64-linux-gnu qemu-user googletest)
 s390x_packages=(g++-s390x-linux-gnu qemu-user googletest)
 bench_packages=("${run_packages[@]}" libbenchmark-dev xvfb)
 picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick)
 
-# install_missing PACKAGE...: quiet and quick when nothing is missing.
+# install_missing PACKAGE...: installs the packages that are missing; prints nothing when none is.
 install_missing() {
     if ! command -v apt-get >/dev/null 2>&1; then
         echo "This is not a Debian system. Needed, under these or similar names: $*" >&2
@@ -33,8 +34,8 @@ install_missing() {
         { echo "Could not install: ${missing[*]}" >&2; return 1; }
 }
 
-# build_preset NAME [TARGET...]: configures and builds. Configuring again costs a second and finds what
-# has been installed since (a machine that only ran the desk has nothing to build tests with).
+# build_preset NAME [TARGET...]: configures and builds. It always configures again, which takes a second, to find
+# packages that were installed since the last time (./run, for example, does not install what the tests need).
 build_preset() {
     local preset=$1
     shift
@@ -46,7 +47,7 @@ build_preset() {
     fi
 }
 
-# use_ccache: presets that build a source in the same way (release, headless) compile it once.
+# use_ccache: lets presets that compile a source in the same way (release, headless) share the result.
 use_ccache() {
     command -v ccache >/dev/null 2>&1 || return 0
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}

@@ -1,4 +1,4 @@
-// orvan-catalogue: makes a catalogue from a CSV file, searches it, and tells what is in it.
+// orvan-catalogue: makes a catalogue from a CSV file, searches it, and counts its entries.
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
@@ -29,26 +29,27 @@ constexpr char kHelp[] = R"(usage: orvan-catalogue import FILE.csv CATALOGUE [op
        orvan-catalogue search CATALOGUE TEXT [--most N]
        orvan-catalogue statistics CATALOGUE
 
-import      Makes CATALOGUE from a CSV or TSV file in UTF-8, or replaces it. All or nothing: rows that
-            cannot be taken are listed with their line, and CATALOGUE stays as it was.
-            Programs that have CATALOGUE open go on, and find the new one with their next look-up.
-  --delimiter C       , ; | or tab; by default found in the first line
-  --decimal C         . or , as the prices have it; by default found in the prices
+import      Makes CATALOGUE from a CSV or TSV file in UTF-8, or replaces it. If rows have errors, lists
+            them with their line numbers and does not change CATALOGUE.
+            Programs that have CATALOGUE open need not be closed: their next look-up uses the new one.
+  --delimiter C       the delimiter of the fields: , ; | or tab; by default found in the first line
+  --decimal C         the decimal separator of the prices: . or ,; by default found in the prices
   --item-id NAME, --name NAME, --key NAME, --part-number NAME, --unit-price NAME, --note NAME
-                      what the first line calls a column, where it is not one of the usual names
-  --quiet             no progress bar
-search      Lists the entries whose name or part number begins with TEXT, as the editor finds them.
-  --most N            as many of each at most (default 20)
-statistics  Counts entries and prices.
+                      the name of a column in the first line, if it is not one of the usual names
+  --quiet             show no progress bar
+search      Lists the entries whose part number or name begins with TEXT, ordered as in the editor.
+  --most N            list at most N entries by part number and N by name (default 20)
+statistics  Counts the entries and shows the lowest and the highest price.
 
-Exit status 0: done; 1: nothing was found, or the file was refused; 2: it failed; 130: cancelled.
+Exit status: 0 success; 1 nothing was found, or the file was refused; 2 an error; 130 cancelled.
 )";
 
 struct WrongUse {
     std::string problem;
 };
 
-/// The words of the command line without the options, which `take` is given with their values.
+/// Returns the words of the command line that are not options. Passes each option to `take`, with a function that
+/// returns the option's value.
 template <class Take>
 std::vector<std::string> positional(const std::vector<std::string>& words, Take&& take)
 {
@@ -56,7 +57,7 @@ std::vector<std::string> positional(const std::vector<std::string>& words, Take&
     bool options = true;
     for (std::size_t at = 0; at < words.size(); ++at) {
         if (options && words[at] == "--") {
-            options = false; // what follows is text, even where it begins with "--"
+            options = false; // the words after "--" are not options, even if they begin with "--"
         } else if (options && words[at].starts_with("--")) {
             const std::string& option = words[at];
             take(option, [&]() -> const std::string& {
@@ -76,7 +77,7 @@ std::vector<std::string> positional(const std::vector<std::string>& words, Take&
 
 volatile std::sig_atomic_t interrupted = 0;
 
-/// One line that is written over; nothing where the output is not a terminal.
+/// A progress bar in one line, which each call overwrites. Shows nothing if the output is not a terminal.
 class ProgressBar {
 public:
     explicit ProgressBar(bool shown) : shown_(shown && ::isatty(STDERR_FILENO) != 0) {}
@@ -118,7 +119,7 @@ char oneCharacter(const std::string& option, const std::string& value)
         return '\t';
     }
     if (value.size() != 1) {
-        throw WrongUse{option + " is one character"};
+        throw WrongUse{option + " must be one character"};
     }
     return value.front();
 }
@@ -131,12 +132,12 @@ int report(const CatalogueImportResult& result, const std::string& source, const
         return kDone;
     }
     if (result.outcome == Outcome::cancelled) {
-        std::cerr << "orvan-catalogue: cancelled; " << catalogue << " is as it was\n";
+        std::cerr << "orvan-catalogue: cancelled; " << catalogue << " was not changed\n";
         return kCancelled;
     }
     if (result.outcome == Outcome::ambiguous) {
         std::cerr << "orvan-catalogue: prices such as \"" << result.ambiguousPrice
-                  << "\" can be read in two ways; name the separator with --decimal\n";
+                  << "\" can be read in two ways; name the decimal separator with --decimal\n";
         return kNothing;
     }
     for (const orvan::RefusedRow& row : result.refused) {
@@ -146,7 +147,7 @@ int report(const CatalogueImportResult& result, const std::string& source, const
         std::cerr << "... and " << result.refusedCount - result.refused.size() << " more\n";
     }
     std::cerr << "orvan-catalogue: " << result.refusedCount << " of " << result.refusedCount + result.rows
-              << " rows refused; " << catalogue << " is as it was\n";
+              << " rows refused; " << catalogue << " was not changed\n";
     return kNothing;
 }
 
@@ -178,7 +179,7 @@ int import(const std::vector<std::string>& words)
         }
     });
     if (files.size() != 2) {
-        throw WrongUse{"import takes a file and a catalogue"};
+        throw WrongUse{"import needs two arguments, a file and a catalogue"};
     }
     std::signal(SIGINT, [](int) { interrupted = 1; });
     std::signal(SIGTERM, [](int) { interrupted = 1; });
@@ -202,7 +203,7 @@ std::string shown(orvan::SqliteCatalogue& catalogue, orvan::LookUpColumn column)
     return std::holds_alternative<std::monostate>(value) ? std::string() : orvan::toText(value);
 }
 
-/// Two lists, as the editor's two boxes have them.
+/// Prints two lists, the ones that the editor's two look-up boxes would show.
 int search(const std::vector<std::string>& words)
 {
     orvan::CatalogueOptions options{.mostMatches = 20};
@@ -212,11 +213,11 @@ int search(const std::vector<std::string>& words)
         }
         std::istringstream number(value());
         if (!(number >> options.mostMatches) || !number.eof() || options.mostMatches == 0) {
-            throw WrongUse{"--most is a number of rows"};
+            throw WrongUse{"--most must be a number of entries, 1 or more"};
         }
     });
     if (rest.size() != 2) {
-        throw WrongUse{"search takes a catalogue and a text"};
+        throw WrongUse{"search needs two arguments, a catalogue and a text"};
     }
     options.file = rest[0];
     orvan::SqliteCatalogue catalogue(options);
@@ -249,7 +250,7 @@ int statistics(const std::vector<std::string>& words)
         throw WrongUse{"statistics has no option " + option};
     });
     if (files.size() != 1) {
-        throw WrongUse{"statistics takes a catalogue"};
+        throw WrongUse{"statistics needs one argument, a catalogue"};
     }
     orvan::SqliteFile catalogue = orvan::openCatalogue(files[0]);
     const orvan::CatalogueStatistics counted = orvan::catalogueStatistics(catalogue);

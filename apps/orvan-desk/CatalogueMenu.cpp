@@ -31,11 +31,11 @@ using Outcome = CatalogueImportResult::Outcome;
 const QString kSample = QStringLiteral(":/catalogue/products.csv");
 const QString kFilter = QStringLiteral("Price lists (*.csv *.tsv *.txt);;All files (*)");
 
-/// Milliseconds. An import that is over by then shows no progress: a window that flickers up helps nobody.
+/// Milliseconds. An import that ends within this time shows no progress window, which would only flicker.
 constexpr unsigned kUnnoticed = 200;
 constexpr int kBetweenLooks = 40;
 constexpr int kSteps = 1000;
-/// Refused rows in the message itself; all that are described stand in its details.
+/// How many refused rows the message itself shows; its details show all that are described.
 constexpr qsizetype kRowsInMessage = 5;
 
 std::filesystem::path pathOf(const QString& name)
@@ -48,7 +48,7 @@ QString shortName(const QString& path)
     return QFileInfo(path).fileName();
 }
 
-/// An import's progress, written by its thread and read by the user's.
+/// An import's progress, written by the import's thread and read by the user-interface thread.
 struct Progress {
     std::atomic<int> step = 0;
     std::atomic<std::uint64_t> rows = 0;
@@ -57,7 +57,7 @@ struct Progress {
 
     bool take(const CatalogueImportProgress& progress)
     {
-        const bool builds = progress.indexesTotal > 0; // which takes about as long as reading
+        const bool builds = progress.indexesTotal > 0; // building takes about as long as reading, so each is one half
         const double read = progress.bytesTotal > 0 ? double(progress.bytesRead) / double(progress.bytesTotal) : 0;
         const double half = builds ? double(progress.indexesBuilt) / progress.indexesTotal : read;
         step = static_cast<int>((half + (builds ? 1 : 0)) / 2 * kSteps);
@@ -95,7 +95,7 @@ CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tel
     addAction(tr("&Import Price List…"), this, &CatalogueMenu::chooseAndImport);
     addAction(tr("Use the &Sample Products"), this, [this] {
         if (importSample()) {
-            QMessageBox::information(window_, tr("Orvan Desk"), tr("The sample products are the catalogue now."));
+            QMessageBox::information(window_, tr("Orvan Desk"), tr("The catalogue now contains the sample products."));
         }
     });
 }
@@ -107,18 +107,18 @@ void CatalogueMenu::importSampleIfNone()
     }
 }
 
-/// The sample is part of the program, and an import reads a file.
+/// Copies the sample into a temporary file first: it is a resource inside the program, but an import reads a file.
 bool CatalogueMenu::importSample()
 {
     const QTemporaryDir folder;
     const QString copy = folder.filePath(shortName(kSample));
     try {
         if (!QDir().mkpath(QFileInfo(catalogue_).path()) || !QFile::copy(kSample, copy)) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "There is no place to write to.");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "The folder cannot be written to.");
         }
         return importShowingProgress(copy, '.').outcome == Outcome::imported;
     } catch (const std::exception& error) {
-        tell_(tr("The sample products could not be made the catalogue."), QString::fromUtf8(error.what()), {});
+        tell_(tr("The sample products could not be imported into the catalogue."), QString::fromUtf8(error.what()), {});
         return false;
     }
 }
@@ -146,7 +146,7 @@ bool CatalogueMenu::importFrom(const QString& source)
     } else if (result.outcome == Outcome::imported) {
         QMessageBox::information(
             window_, tr("Orvan Desk"),
-            tr("%1 products are in the catalogue now.").arg(QLocale().toString(qulonglong(result.rows))));
+            tr("The catalogue now contains %1 products.").arg(QLocale().toString(qulonglong(result.rows))));
     }
     return result.outcome == Outcome::imported;
 }
@@ -185,7 +185,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         dialog.setWindowTitle(tr("Import Price List"));
         dialog.setWindowModality(Qt::WindowModal);
         dialog.setMinimumDuration(0);
-        dialog.setAutoReset(false); // it ends with the thread, not with the last step
+        dialog.setAutoReset(false); // the dialog closes when the thread has ended, not at the last step
         dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 60);
         QTimer look;
         connect(&look, &QTimer::timeout, &dialog, [&] {
@@ -193,7 +193,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
             dialog.setLabelText(progress.indexing ? tr("Sorting %1 products…").arg(rows)
                                                   : tr("Reading “%1”… %2 products").arg(shortName(source), rows));
             dialog.setValue(progress.step);
-            if (thread->isFinished()) { // asked, not told: the thread may end while this is being made
+            if (thread->isFinished()) { // not a signal of the thread, which may end before the signal is connected
                 dialog.accept();
             }
         });
@@ -222,7 +222,7 @@ char CatalogueMenu::askDecimalSeparator(const QString& price)
     };
     const QPushButton* const point = choice(asPoint);
     const QPushButton* const comma = choice(asComma);
-    box.setDefaultButton(QMessageBox::Cancel); // a guess could be wrong by a factor of thousand
+    box.setDefaultButton(QMessageBox::Cancel); // a wrong guess makes prices wrong by a factor of a thousand
     box.exec();
     return box.clickedButton() == point ? '.' : box.clickedButton() == comma ? ',' : char(0);
 }
@@ -237,13 +237,13 @@ void CatalogueMenu::tellRefused(const QString& source, const CatalogueImportResu
         rows << tr("… and %1 more").arg(result.refusedCount - result.refused.size());
     }
     const QString what = result.refusedCount == 1
-                             ? tr("“%1” was not imported: a row cannot be taken.").arg(shortName(source))
-                             : tr("“%1” was not imported: %2 rows cannot be taken.")
+                             ? tr("“%1” was not imported: one row has an error.").arg(shortName(source))
+                             : tr("“%1” was not imported: %2 rows have errors.")
                                    .arg(shortName(source), QString::number(result.refusedCount));
     const bool all = rows.size() <= kRowsInMessage;
     tell_(what,
           rows.mid(0, kRowsInMessage).join(u'\n') + (all ? QString() : QStringLiteral("\n…")) +
-              tr("\n\nThe catalogue is as it was."),
+              tr("\n\nThe catalogue was not changed."),
           all ? QString() : rows.join(u'\n'));
 }
 

@@ -1,4 +1,4 @@
-// The desk's catalogue of products: where it is, and the menu that imports another price list into it.
+// The desk's catalogue of products: its file, and the menu that replaces its content by importing a price list.
 //
 // Thread: the user-interface thread. An import runs in a thread of its own while its progress is shown.
 #pragma once
@@ -11,26 +11,26 @@
 
 namespace orvan::desk {
 
-/// The catalogue of this user; its folder need not exist yet.
+/// The file of this user's catalogue; its folder need not exist yet.
 QString defaultCatalogueFile();
 
-/// Has the editor look products up in this file; to be called before there is a window. What is wrong with the
-/// file is told once, when the editor first asks, and the editor works without entries.
+/// Makes the editor look products up in this file; to be called before a window is made. If the file cannot be used,
+/// the user is told why once, when the editor first looks something up, and the editor works without entries.
 void lookUpProductsIn(const QString& catalogue);
 
 class CatalogueMenu : public QMenu {
     Q_OBJECT
 
 public:
-    /// Shows what could not be done, and why; `details` are for who wants to read on.
+    /// Shows what could not be done, and why; `details` holds more for users who want to know it.
     using Tell = std::function<void(const QString& what, const QString& why, const QString& details)>;
 
     CatalogueMenu(const QString& catalogue, QWidget* window, Tell tell);
 
     /// Imports the products that come with the desk, where there is no catalogue yet.
     void importSampleIfNone();
-    /// Imports a price list, tells how that ended, and asks how prices are to be read where the list does
-    /// not tell. True when it is the catalogue now.
+    /// Imports a price list and tells the user the result. If the list does not tell how its prices are to be read,
+    /// asks the user. True when the catalogue now holds this list.
     bool importFrom(const QString& source);
 
 private:

@@ -12,7 +12,7 @@ namespace {
 constexpr float kMenuEdge = 0.25F;
 constexpr int kRowSpace = 6; // pixels between the rows of a list
 
-/// A sign on a disc, drawn anew in each size it is asked for.
+/// The picture of a message box: a sign on a disc, drawn in whatever size is needed.
 class MessagePicture final : public QIconEngine {
 public:
     MessagePicture(QChar sign, QColor colour) : sign_(sign), colour_(colour) {}
@@ -58,7 +58,7 @@ int DeskStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 {
     switch (hint) {
     case SH_DialogButtonBox_ButtonsHaveIcons:
-    case SH_EtchDisabledText: return 0; // its light edge would double the text on a dark ground
+    case SH_EtchDisabledText: return 0; // the light edge would make disabled text look doubled on a dark background
     default: return QProxyStyle::styleHint(hint, option, widget, result);
     }
 }
@@ -75,7 +75,7 @@ void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, 
 {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (element == CE_MenuBarItem && item && widget && widget->hasFocus()) {
-        // Fusion shows only a menu that is open, not the one that Alt has reached.
+        // Fusion highlights a menu only while it is open, not when the user reaches it with the Alt key.
         QStyleOptionMenuItem reached(*item);
         if (reached.state.testFlag(State_Selected)) {
             reached.state |= State_Sunken;
@@ -90,7 +90,8 @@ void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
                               const QWidget* widget) const
 {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element == PE_PanelMenu || element == PE_FrameMenu) { // Fusion's edge is as dark as a dark window
+    if (element == PE_PanelMenu || element == PE_FrameMenu) {
+        // The edge that Fusion draws cannot be seen on a dark window.
         QColor edge = option->palette.color(QPalette::WindowText);
         edge.setAlphaF(kMenuEdge);
         painter->setPen(edge);

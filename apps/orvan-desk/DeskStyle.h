@@ -9,7 +9,7 @@ class DeskStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    /// On Qt's own style, which follows the palette; a desktop's style may not.
+    /// The style is based on Qt's own Fusion, which uses the palette's colours; a desktop's style may ignore them.
     DeskStyle();
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -36,16 +36,17 @@ const QString kFormName = QStringLiteral("OrvanDeskQuote");
 constexpr std::string_view kSection = "Desk";
 constexpr std::string_view kThemeKey = "Theme";
 
-/// Quantity and extended price, with widths that suit this window. The list view's own defaults are
-/// made for a narrow place.
+/// The list view's columns at the desk's first start: quantity and extended price, with widths that suit this window.
+/// The list view's own defaults are made for a narrower window.
 constexpr std::string_view kFirstPreferences = "4~1~480^7500^1200^1755^1200^1800^1200^1800^3600";
 
 /// Milliseconds; see MainWindow::eventFilter.
 constexpr int kAfterDialog = 100;
-/// From a change to its recovery copy. Not anew with each change: who types without a pause has a copy, too.
+/// Milliseconds from a change to its recovery copy. Later changes do not prolong it, so that a user who types without a
+/// pause has a copy, too.
 constexpr int kBeforeRecoveryCopy = 1000;
 
-/// The user's own short form, but with all digits of the year: 1926 is not 2026.
+/// The short date format of the user's locale, but with four digits of the year, to tell 1926 from 2026.
 QString dateFormat()
 {
     QString format = QLocale().dateFormat(QLocale::ShortFormat);
@@ -55,7 +56,7 @@ QString dateFormat()
 
 constexpr int kFieldHeight = 28; // pixels
 
-/// Settings that cannot be read or written cost the user a preference, not the desk.
+/// Where settings cannot be read or written, the desk logs a warning and goes on without them.
 template <class Use>
 void withSettings(Use&& use)
 {
@@ -107,9 +108,9 @@ MainWindow::MainWindow()
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepUnsavedWork);
     showNew();
 
-    // The list view reports nothing, so what is unsaved is looked at once the user's input is dealt
-    // with. Not at every event: reading a list takes a moment, and an entry in the trace. And not
-    // while a dialog is open: what is typed there is not decided yet.
+    // The list view does not report changes, so the desk compares the quote with the saved one after each input of the
+    // user. It does not do so at every event, because reading the list takes time and writes to the trace, nor while a
+    // dialog is open, because the user may still cancel what is typed there.
     qApp->installEventFilter(this);
 }
 
@@ -121,7 +122,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Wheel:
     case QEvent::InputMethod:
     case QEvent::Drop:
-    case QEvent::WindowActivate: // a message box has been answered
+    case QEvent::WindowActivate: // comes when a message box has been answered
         if (!recoveryTimer_.isActive()) {
             recoveryTimer_.start();
         }
@@ -129,7 +130,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
             QMetaObject::invokeMethod(this, &MainWindow::updateTitle, Qt::QueuedConnection);
         }
         break;
-    case QEvent::WindowUnblocked: // a dialog has closed: whoever opened it goes on first
+    case QEvent::WindowUnblocked: // a dialog has closed; the delay lets the procedure that opened it finish first
         if (watched == windowHandle()) {
             QTimer::singleShot(kAfterDialog, this, &MainWindow::updateTitle);
         }
@@ -155,7 +156,7 @@ QWidget* MainWindow::makeFields()
     date_ = new QDateEdit;
     date_->setCalendarPopup(true);
     date_->setDisplayFormat(dateFormat());
-    date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // all that a file can hold
+    date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // every date that a file can hold
     const std::pair<QWidget*, QString> columns[] = {
         {customer_, tr("&Customer")}, {number_, tr("Quote &number")}, {date_, tr("&Date")}};
     int at = 0;
@@ -264,10 +265,10 @@ bool MainWindow::isUnsaved() const
         return true;
     }
     try {
-        // The list's dirty flag stays up after a save: it only tells that a look is worth it.
+        // Saving does not clear the list's dirty flag. The flag only saves reading a list that was never changed.
         return products_->Dirty() && products_->Products() != file_.saved().products;
     } catch (const RuntimeError&) {
-        return true; // a list that has grown past the manager's limit cannot be read, and is not saved
+        return true; // the list has exceeded the manager's size limit, so it cannot be read and has not been saved
     }
 }
 
@@ -295,7 +296,7 @@ void MainWindow::tell(const QString& what, const QString& why, const QString& de
         return;
     }
     QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText); // a file's name or content is nobody's markup
+    box.setTextFormat(Qt::PlainText); // a file's name or content must not be taken for HTML
     box.setDetailedText(details);
     box.exec();
 }

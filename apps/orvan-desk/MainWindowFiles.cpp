@@ -158,7 +158,7 @@ bool MainWindow::save()
 bool MainWindow::saveAs()
 {
     QString name = number_->text().isEmpty() ? tr("Quote") : number_->text();
-    name.replace(u'/', u'-'); // a number may hold what a file name may not
+    name.replace(u'/', u'-'); // a quote's number may contain a slash, but a file name may not
     QFileDialog dialog(this, tr("Save Quote"), {}, kFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("quote.json"));

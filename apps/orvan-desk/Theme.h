@@ -7,11 +7,11 @@ namespace orvan::desk {
 
 enum class Theme { system, light, dark };
 
-/// "light", "dark"; anything else is the system's.
+/// The theme with the name "light" or "dark"; the system's theme for any other name.
 Theme themeNamed(const QString& name);
 QString themeName(Theme theme);
 
-/// Gives the whole application the theme. To be called after QApplication, any number of times.
+/// Gives the whole application the theme. May be called any number of times, once there is a QApplication.
 void applyTheme(Theme theme);
 
 } // namespace orvan::desk

@@ -18,7 +18,7 @@ namespace {
 int renderTo(QWidget& window, const QString& path)
 {
     int result = 1;
-    // Once the window has been laid out and painted as on a screen.
+    // The timer fires in the event loop, when the window has been laid out and painted as on a screen.
     QTimer::singleShot(0, &window, [&] {
         result = window.grab().save(path) ? 0 : 1;
         QTextStream(result == 0 ? stdout : stderr) << (result == 0 ? "" : "Could not write ") << path << '\n';
@@ -28,7 +28,7 @@ int renderTo(QWidget& window, const QString& path)
     return result;
 }
 
-/// "coffee-bar, exhibition-stand, ..."
+/// The names of all samples as one text: "coffee-bar, exhibition-stand, ..."
 QString sampleNames()
 {
     QStringList names;
@@ -38,21 +38,22 @@ QString sampleNames()
     return names.join(QStringLiteral(", "));
 }
 
-/// What is wrong with the arguments; empty for nothing.
+/// Says what is wrong with the arguments; empty if nothing is.
 QString problemOf(const QCommandLineParser& parser)
 {
     const QString theme = parser.value(QStringLiteral("theme"));
     const QString sample = parser.value(QStringLiteral("sample"));
     const auto files = parser.positionalArguments().size();
     if (parser.isSet(QStringLiteral("theme")) && theme != u"light" && theme != u"dark") {
-        return QStringLiteral("--theme is light or dark, not \"%1\".").arg(theme);
+        return QStringLiteral("--theme must be light or dark, not \"%1\".").arg(theme);
     }
     if (parser.isSet(QStringLiteral("sample")) &&
         !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(sample))) {
-        return QStringLiteral("There is no sample \"%1\", only %2.").arg(sample, sampleNames());
+        return QStringLiteral("There is no sample \"%1\". The samples are: %2.").arg(sample, sampleNames());
     }
-    return files + (parser.isSet(QStringLiteral("sample")) ? 1 : 0) > 1 ? QStringLiteral("One quote at a time.")
-                                                                        : QString();
+    return files + (parser.isSet(QStringLiteral("sample")) ? 1 : 0) > 1
+               ? QStringLiteral("Only one quote can be opened at a time.")
+               : QString();
 }
 
 } // namespace
@@ -71,12 +72,13 @@ int main(int argc, char** argv)
     const QCommandLineOption sample(QStringLiteral("sample"),
                                     QStringLiteral("Open a quote that comes with the desk: %1.").arg(sampleNames()),
                                     QStringLiteral("name"));
-    const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Colours of this run: light or dark."),
+    const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Use light or dark colours in this run."),
                                    QStringLiteral("theme"));
     const QCommandLineOption catalogue(QStringLiteral("catalogue"),
-                                       QStringLiteral("Look products up in this catalogue, and not in the user's own."),
+                                       QStringLiteral("Look products up in this catalogue instead of the user's own."),
                                        QStringLiteral("file"));
-    const QCommandLineOption render(QStringLiteral("render"), QStringLiteral("Write a picture of the window and end."),
+    const QCommandLineOption render(QStringLiteral("render"),
+                                    QStringLiteral("Write a picture of the window to this file and exit."),
                                     QStringLiteral("png"));
     parser.addOptions({sample, theme, catalogue, render});
     parser.process(application);

@@ -15,7 +15,7 @@ namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
 
-/// Of UTF-8 text: every byte but those that continue a character begins one.
+/// The number of characters of a UTF-8 text: every byte begins a character, except those that continue one.
 std::size_t characterCount(std::string_view text)
 {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
@@ -30,7 +30,7 @@ Rows gridRows(const orvan::headless::HeadlessGrid& grid)
     return rows;
 }
 
-/// The name at the left edge of its column, everything else at the right.
+/// Prints the rows as a table. The name stands at the left edge of its column, all other texts at the right edge.
 void print(const Rows& rows)
 {
     std::vector<std::size_t> widths(rows.front().size());
@@ -53,10 +53,10 @@ std::string readAll(std::istream& input)
     std::ostringstream content;
     content << input.rdbuf();
     if (!input || input.bad()) {
-        throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, "there is nothing that can be read");
+        throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, "the input is empty or cannot be read");
     }
     std::string text = content.str();
-    text.erase(text.find_last_not_of('\n') + 1); // an editor's last line break is not the list's
+    text.erase(text.find_last_not_of('\n') + 1); // text editors add a last line break, which is not part of the list
     return text;
 }
 
@@ -65,7 +65,8 @@ std::string readAll(std::istream& input)
 int main(int argc, char** argv)
 {
     if (argc > 2 || (argc > 1 && std::string_view(argv[1]).starts_with("--"))) {
-        std::cerr << "usage: orvan-grid [file]\nPrints the products string of a file, or of the input, as a grid.\n";
+        std::cerr << "usage: orvan-grid [file]\nReads a products string from the file or from standard input and "
+                     "prints it as a grid.\n";
         return 1;
     }
     try {
@@ -80,7 +81,8 @@ int main(int argc, char** argv)
         const std::string products = readAll(argc > 1 ? file : std::cin);
         orvan::HeadlessHost host;
         orvan::HeadlessProductView view(host.platform());
-        // The view reports an error's number alone; a manager of one's own gives the reason first.
+        // view.Show reports an error as a number alone. So the string is first given to a separate product manager,
+        // which reports the reason.
         orvan::ui::createComponent<orvan::ProductMgr>(host.components(), orvan::kProductMgrClassName)
             ->SetProductsString(products, orvan::kRecordSeparator, orvan::kFieldSeparator, false);
         view.Show(products);

@@ -5,9 +5,9 @@
 // has the list put back as it was. An object may be used again: each call is a session of its own.
 //
 // Positions are 1-based. Ownership: the manager is shared for the time of the session; the platform
-// must outlive the object. Thread: the user-interface thread. Errors: where the dialog cannot be opened, a
-// RuntimeError with a number alone; the trace has the texts. An error in an open dialog closes it with a message
-// and is not raised.
+// must outlive the object. Thread: the user-interface thread. Errors: where the dialog cannot be opened, Show and
+// ShowAddNew raise a RuntimeError with a number alone; the trace has the texts. An error in an open dialog closes the
+// dialog with a message and is not raised.
 #pragma once
 
 #include "orvan/core/ProductMgr.h"
@@ -25,18 +25,18 @@ class ProductDlg {
 public:
     explicit ProductDlg(ui::Platform& platform);
 
-    /// Opens on the product at lProdIdx. The position is not checked: what becomes of one outside the list
-    /// is up to the manager (the in-process one raises 9).
+    /// Opens the editor on the product at lProdIdx. The position is not checked: the manager decides what happens if
+    /// it is outside the list (the library's own manager raises 9).
     void Show(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx);
-    /// Opens on a new product at the end of the list, which marks the session dirty at once.
+    /// Opens the editor on a new product at the end of the list, which makes the session dirty at once.
     void ShowAddNew(const std::shared_ptr<ProductMgr>& objProductMgr);
 
     /// Whether the last session changed anything; saving does not clear it. False before the first session.
-    /// Two changes do not count. Deleting a product: a host that must know compares the number of products. And
-    /// what is lost because the boxes cannot show it, which opening the dialog already saves as it is shown: unit
-    /// prices beyond two decimals, minus signs, texts longer than the boxes take.
+    /// Two kinds of change do not count. The first is deleting a product: a host that must know compares the number of
+    /// products. The second is a loss that opening the dialog causes, because it saves the values as the boxes show
+    /// them: unit prices lose the decimals after the second, amounts their minus sign, and long texts are cut.
     [[nodiscard]] bool Dirty() const { return dirty_; }
-    /// Always 0, on purpose: the position on which a session ends is not passed back, and hosts rely on it.
+    /// Always 0, on purpose: hosts rely on it that a session does not pass back the position at which it ended.
     [[nodiscard]] std::int32_t CurrentProductIndex() const { return 0; }
 
 private:

@@ -63,7 +63,7 @@ void frmProduct::Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_
         }
         productsSnapshot_ = objProdMgr->GetProductsString(kRecordSeparator, kFieldSeparator);
         PrvInitForm();
-        objProductMgr = objProdMgr; // only now: PrvInitForm must not need it
+        objProductMgr = objProdMgr; // not earlier, because PrvInitForm must not use it
         if (bAddNew) {
             dirty_ = true; // not by PrvSetDirty, which does nothing while initializing
             PrvAddNewProduct();
@@ -72,7 +72,7 @@ void frmProduct::Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_
             PrvLoadProductInfo();
             PrvSetFormCaption();
         }
-        PrvSeekProduct(0); // its end clears `initializing`, too
+        PrvSeekProduct(0); // also clears `initializing` when it ends
         initializing = false;
     });
 }

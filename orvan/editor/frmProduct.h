@@ -1,15 +1,16 @@
-// frmProduct: the product editor's form: one session of editing one list.
+// frmProduct: the product editor's form. An object serves one session, in which one list is edited.
 //
 // Init is called once, after the form is made and before it is shown. From then on the form acts on
 // the user's events until it unloads itself, which releases the list and the records.
 //
-// The procedures stand in files by subject: frmProduct.cpp (life, set-up, caption),
-// frmProductSession.cpp (load, save, cancel, close), frmProductNavigation.cpp (seek, add, delete, the
-// tool bar), frmProductLayout.cpp (resize). The boxes belong to orvan/fields/FieldEntry.h, which shows and
-// saves them all, and to orvan/lookup/LookUpBoxes.h, which searches from two of them.
+// The procedures stand in files by subject: frmProduct.cpp (construction, set-up, caption), frmProductSession.cpp
+// (load, save, cancel, close), frmProductNavigation.cpp (seek, add, delete, the tool bar), frmProductLayout.cpp
+// (resize). orvan/fields/FieldEntry.h shows a product in the boxes and saves it from them; orvan/lookup/LookUpBoxes.h
+// searches the catalogue for what is typed in two of them.
 //
-// Positions are 1-based. Ownership: ProductDlg, for the time of a session; the platform outlives it. Thread: the
-// user-interface thread. Errors: Init raises by number alone; event handlers close the form with a message.
+// Positions are 1-based. Ownership: ProductDlg owns the form during a session; the platform outlives it. Thread: the
+// user-interface thread. Errors: Init raises errors as a number alone; an error in an event handler closes the form
+// with a message.
 #pragma once
 
 #include "orvan/base/ScopedHandlers.h"
@@ -41,20 +42,21 @@ public:
     explicit frmProduct(ui::Platform& platform);
     ~frmProduct() override;
 
-    /// Opens the session on the product at lProductIndex, or with bAddNew on a new one. Raises what
-    /// the manager and the catalogue raise, by number alone.
+    /// Opens the session on the product at lProductIndex, or with bAddNew on a new one. Raises the errors of the
+    /// manager and of the catalogue, reduced to their numbers.
     void Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_t lProductIndex, bool bAddNew);
     /// Returns when the form has been unloaded.
     void showModal();
 
-    /// Something was changed. Neither a save nor the closing clears it; the answer No to saving does.
+    /// Whether something was changed. Only the answer No to the question about saving clears it; saving and closing
+    /// do not.
     [[nodiscard]] bool Dirty() const { return dirty_; }
-    /// The form was closed because of an error of its own.
+    /// Whether an error in an event handler has closed the form.
     [[nodiscard]] bool DialogError() const { return dialogError_; }
     [[nodiscard]] const LookUpBoxes::State& lookUpState() const { return lookUp_.state(); }
 
 private:
-    // EditorSession
+    // The operations of EditorSession:
     ui::Platform& platform() override { return platform_; }
     std::int32_t window() override;
     void PrvSetDirty(bool bDirty) override;
@@ -77,11 +79,11 @@ private:
     void PrvAddNewProduct();
     void PrvDeleteProduct();
     void PrvDeleteCurrentProduct();
-    /// What PrvDeleteProduct and cmdDelete_Click do, each under its own label.
+    /// Does the work of PrvDeleteProduct and of cmdDelete_Click, which trace it under different labels.
     void askAndDelete();
-    /// Enables the commands that lead to another product.
+    /// Enables each command that moves to another product if there is such a product, else disables it.
     void showNavigationState();
-    /// Enables the fields and the delete commands, which can be used only while a product is shown.
+    /// Enables or disables the fields and the delete commands, which can be used only while a product is shown.
     void setProductShown(bool shown);
     void atbMain_ToolClick(std::string_view toolId);
     void cmdNew_Click();
@@ -93,12 +95,12 @@ private:
 
     void Form_Resize();
 
-    /// Moves the focus to the control, so that the box being edited is left and finished first. False when that
-    /// closed the form: the command then ends.
+    /// Moves the focus to the control, so that the box being edited raises its lost-focus event before the command
+    /// runs. Returns false when that event closed the form; the command then does nothing.
     [[nodiscard]] bool leaveBoxFor(ui::Control& control);
     /// Shows a message box that the form owns.
     ui::MessageResult show(ui::Message message);
-    /// Runs the handler of a button's click: the command, once the box being edited has been left.
+    /// The handler of a click on a button: moves the focus to the button (leaveBoxFor), then runs the command.
     template <class Command>
     void handleClick(std::string_view label, ui::Control& button, Command&& command)
     {
@@ -124,15 +126,15 @@ private:
     ui::Button& cmdGotoLast_;
     ui::Button& cmdSaveClose_;
     ui::Button& cmdCancel_;
-    ui::ComboBox& cboProductName_; ///< For the focus alone; the fields and the look-up own what it shows.
+    ui::ComboBox& cboProductName_; ///< Used only to set the focus; fields_ and lookUp_ do everything else with it.
 
     std::string productsSnapshot_;  ///< The list as it was when the session began.
     std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.
     bool dirty_ = false;
     bool dialogError_ = false;
-    bool closingOnError_ = false; ///< PrvCloseOnError is running.
-    /// The user answered Yes to saving once. From then on closing asks nothing, even where that save failed
-    /// because the list exceeded the size limit: the second attempt to close then closes without a save.
+    bool closingOnError_ = false; ///< True while PrvCloseOnError is running.
+    /// The user has answered Yes to the question about saving. From then on closing asks nothing, even where that save
+    /// failed because the list exceeded the size limit; the second attempt to close then closes without saving.
     bool saveConfirmed_ = false;
     ScopedHandlers handlers_; ///< Last, so that no event comes in while the other members are destroyed.
 };

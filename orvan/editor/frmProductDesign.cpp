@@ -11,9 +11,9 @@ using ui::TextUse;
 constexpr std::string_view kFields = "fraWizProducts";
 constexpr std::string_view kRecord = "fraLeftButtons";
 constexpr float kRow = 315;        ///< Height of a box and of its label.
-constexpr float kButton = 375;     ///< Record buttons are square, the others as high as they are.
-constexpr float kButtonStep = 420; ///< From one record button to the next.
-constexpr float kLabels = 180;     ///< The fields' two columns of labels and boxes.
+constexpr float kButton = 375;     ///< Height of every button, and width of the square record buttons.
+constexpr float kButtonStep = 420; ///< Distance from the left edge of one record button to that of the next.
+constexpr float kLabels = 180;     ///< From here on: the left edges of the two columns of labels and boxes.
 constexpr float kBoxes = 1215;
 constexpr float kRightLabels = 3375;
 constexpr float kRightBoxes = 4410;
@@ -31,7 +31,7 @@ constexpr ui::ToolDesign kTools[] = {
     {.id = "ID_GotoLast", .caption = "Last", .menu = "ID_Goto", .mnemonic = 'L'},
 };
 
-// Tab goes through the fields as they are read, then to the record buttons, then to the two that close.
+// The Tab key goes through the fields in reading order, then to the record buttons, then to the two that close.
 // clang-format off
 constexpr ui::ControlDesign kControls[] = {
     {.name = "tmrPartNum", .kind = ControlKind::timer},

@@ -1,4 +1,4 @@
-// The form at every size: the field frame fills it, the row of buttons follows its bottom edge.
+// The form's layout at every size: the frame with the fields fills the form, and the row of buttons stands below it.
 
 #include "orvan/core/modInit.h"
 #include "orvan/editor/frmProduct.h"
@@ -10,15 +10,16 @@ namespace orvan {
 
 namespace {
 
-// Twips.
-constexpr float kOuterMargin = 240; ///< Right of the frame, and below the row of buttons.
-constexpr float kGap = 120;         ///< Between the frame and the row, and between its two buttons.
+// Lengths in twips.
+constexpr float kOuterMargin = 240; ///< Space to the right of the frame, and below the row of buttons.
+constexpr float kGap = 120;         ///< Space between the frame and the row, and between the row's two right buttons.
 
 } // namespace
 
 void frmProduct::Form_Resize()
 {
-    // In a window that is too small for it, the frame keeps its size, and the row of buttons still follows it.
+    // If the window is too small for the frame, the frame's move fails and is skipped: the frame keeps its size, and
+    // the row of buttons still stands below it.
     const ResumeNext<false> step;
     step([&] {
         fraWizProducts_.move(fraWizProducts_.left(), fraWizProducts_.top(),

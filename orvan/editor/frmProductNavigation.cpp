@@ -14,7 +14,7 @@ namespace orvan {
 void frmProduct::PrvSeekProduct(std::int32_t lOffset)
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvSeekProduct", [&] {
-        const ScopedFlag reloading(initializing); // showing another product changes none
+        const ScopedFlag reloading(initializing); // showing another product must not mark the session dirty
         bool bOk = false;
         PrvSaveCurrentProduct(bOk);
         if (!bOk) {
@@ -41,7 +41,7 @@ void frmProduct::showNavigationState()
         atbMain_.setToolEnabled(toolId, button.enabled());
     };
     const auto neighbour = [&](std::int32_t lOffset) {
-        std::int32_t probe = currentIndex_; // a copy, because the manager moves it
+        std::int32_t probe = currentIndex_; // a copy, because SeekIndex changes its argument
         bool found = false;
         productMgr().SeekIndex(probe, lOffset, found);
         return found;
@@ -73,7 +73,7 @@ void frmProduct::PrvAddNewProduct()
         if (!bOk) {
             return;
         }
-        dirty_ = true; // not by PrvSetDirty: a new product is a change also while initializing
+        dirty_ = true; // PrvSetDirty would do nothing while initializing, but a new product always counts as a change
         heldProduct.reset();
         heldProduct = productMgr().AddNewProduct();
         currentProduct().SetKey("");
@@ -92,13 +92,13 @@ void frmProduct::PrvDeleteProduct()
 
 void frmProduct::askAndDelete()
 {
-    if (!leaveBoxFor(cmdDelete_)) { // also when the command came from the menu
+    if (!leaveBoxFor(cmdDelete_)) { // the focus moves to the button even when the command came from the menu
         return;
     }
     const auto answer = show({.text = "Are you sure you want to delete the current product?",
                               .buttons = ui::MessageButtons::yesNoCancel,
                               .icon = ui::MessageIcon::question});
-    if (answer != ui::MessageResult::yes || !form_->loaded()) { // it may have been closed during the question
+    if (answer != ui::MessageResult::yes || !form_->loaded()) { // the form may be closed while the question is shown
         return;
     }
     PrvDeleteCurrentProduct();
@@ -115,7 +115,7 @@ void frmProduct::PrvDeleteCurrentProduct()
         const std::int32_t count = productMgr().GetProductCount();
         if (count != 0) {
             bool found = false;
-            productMgr().SeekIndex(currentIndex_, 0, found); // the manager may move the index to a product
+            productMgr().SeekIndex(currentIndex_, 0, found); // may change the index to that of a product
             if (!found) {
                 currentIndex_ = count;
             }
@@ -124,7 +124,7 @@ void frmProduct::PrvDeleteCurrentProduct()
         } else {
             currentIndex_ = 0;
             form_->unload();
-            setProductShown(false); // the user may have kept the form: a new product is all that can be made then
+            setProductShown(false); // if the user cancels the unload, the form stays open without a product
         }
     });
 }
@@ -155,7 +155,7 @@ void frmProduct::atbMain_ToolClick(std::string_view toolId)
             PrvSeekProduct(1);
         } else if (toolId == "ID_GotoPrevious") {
             PrvSeekProduct(-1);
-        } // "ID_Product" and "ID_Goto" only open menus
+        } // nothing to do for "ID_Product" and "ID_Goto", which only open menus
     });
 }
 

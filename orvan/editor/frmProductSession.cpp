@@ -1,4 +1,4 @@
-// An editing session: a product into the controls and back, saving, giving up, closing.
+// An editing session: loading a product into the controls, saving it, cancelling, closing.
 
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
@@ -40,7 +40,7 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                 fields_.PrvSaveNoteFld();
             }
             checkingSize = true;
-            productMgr().GetProductsString(kRecordSeparator, kFieldSeparator); // raises beyond the limit
+            productMgr().GetProductsString(kRecordSeparator, kFieldSeparator); // raises an error if it is too large
             checkingSize = false;
             bOk = true;
         },
@@ -62,7 +62,7 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
 {
     return tracePropagate("KTVOrvanProduct.frmProduct::PrvCancelEdit", [&] {
         if (saveConfirmed_) {
-            return ui::MessageResult::yes; // without a question and without another save
+            return ui::MessageResult::yes; // the user is not asked again, and nothing is saved again
         }
         bSaveFailed = false;
         const auto answer =
@@ -94,12 +94,12 @@ void frmProduct::PrvSetDirty(bool bDirty)
 void frmProduct::PrvCloseOnError()
 {
     if (!form_->loaded()) {
-        return; // a procedure that still ran when the form was closed failed: the user needs no second message
+        return; // a procedure was still running when the form was closed, and failed: no second message is needed
     }
     dialogError_ = true;
     if (closingOnError_) {
-        // The save that this very closing offers has failed. The closing goes on with what could be saved; it
-        // must not begin anew, because that would go on for as long as the user answers Yes.
+        // This call comes from within the unload below: it offered to save, and the save failed. The running call
+        // finishes the closing. To begin another one here would repeat the failure as often as the user answers Yes.
         return;
     }
     const ScopedFlag closing(closingOnError_);
@@ -116,15 +116,15 @@ void frmProduct::cmdSaveClose_Click()
     traceRecover(
         "KTVOrvanProduct.frmProduct::cmdSaveClose_Click",
         [&] {
-            // To Cancel and not to the button that was pressed: where the save fails, a key pressed in haste
-            // then leads to a question and not to a second save.
+            // The focus moves to Cancel and not to the button that was pressed: if the save fails, a key pressed in
+            // haste then leads to a question and not to a second save.
             if (!leaveBoxFor(cmdCancel_)) {
                 return;
             }
             bool bOk = false;
             PrvSaveCurrentProduct(bOk);
             if (bOk) {
-                form_->unload(); // asks once more: the session stays dirty, so that the caller learns of the change
+                form_->unload(); // asks about saving again: the session stays dirty, so that ProductDlg::Dirty tells
             }
         },
         [&] {
@@ -154,8 +154,7 @@ void frmProduct::cmdCancel_Click()
 bool frmProduct::Form_QueryUnload(ui::UnloadMode mode)
 {
     bool cancel = false;
-    // The label is the Cancel button's, on purpose: both ways to give up read alike in a trace, and readers of
-    // traces rely on it.
+    // The label is the Cancel button's, on purpose: readers of traces rely on both ways to cancel looking the same.
     traceResume("KTVOrvanProduct.frmProduct::cmdCancel_Click", [&](auto step) {
         auto answer = ui::MessageResult::no;
         bool bSaveFailed = false;
@@ -171,7 +170,7 @@ bool frmProduct::Form_QueryUnload(ui::UnloadMode mode)
 
 void frmProduct::Form_Unload()
 {
-    const ResumeNext<false> step; // a component that fails while it is released keeps no other from its release
+    const ResumeNext<false> step; // if the release of one component fails, the others are still released
     step([&] { heldProduct.reset(); });
     step([&] { objProductMgr.reset(); });
     step([&] { lookUp_.productLkpMgr.reset(); });

@@ -20,7 +20,7 @@ constexpr std::int16_t kNumberDigits = 4;
 constexpr Currency kHundred = Currency::fromScaled(100 * Currency::kScale);
 constexpr Currency kMostCurrency = Currency::fromScaled(std::numeric_limits<std::int64_t>::max());
 
-/// What passes beside digits and separators: backspace, Ctrl+C, Ctrl+X and Ctrl+V.
+/// The keys that an amount box accepts besides digits and separators: backspace, Ctrl+C, Ctrl+X and Ctrl+V.
 constexpr std::int16_t kEditingKeys[] = {8, 3, 24, 22};
 
 bool isValidKey(std::int16_t KeyAscii, const std::string& decimalSep, const std::string& thousandSep)
@@ -39,7 +39,7 @@ bool isValidKey(std::int16_t KeyAscii, const std::string& decimalSep, const std:
 
 struct FieldEntry::TextField {
     std::string_view saveLabel;
-    std::int32_t mostShown; ///< Characters; what is beyond them is cut when the field is saved.
+    std::int32_t mostShown; ///< Characters. A longer text is shown cut, and saving the field then cuts the record's.
     std::string (ProductRecord::*value)() const;
     void (ProductRecord::*setValue)(std::string_view);
 };
@@ -68,14 +68,15 @@ struct FieldEntry::AmountField {
     bool (FieldEntry::*isValidKey)(std::int16_t) const;
     Currency (*fromText)(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep);
     std::string LocaleStrings::*decimalSep;
-    Currency most; ///< More than that in the box counts as 0, before the record is asked.
+    Currency most; ///< A larger amount in the box counts as 0; the record is not asked whether it accepts that one.
     Currency (ProductRecord::*value)() const;
     void (ProductRecord::*setValue)(Currency);
     bool (ProductRecord::*isValid)(Currency) const;
     std::string (*toText)(ui::LocaleService& locale, const LocaleStrings& texts, Currency cyValue, AmountForm form);
 };
 
-// Three labels are another handler's. Support staff read traces by them: they stay as they are.
+// Three of the labels below name another handler than their own, on purpose: support staff are used to traces with
+// these labels.
 const FieldEntry::AmountField FieldEntry::kQty = {
     .keyPressLabel = "KTVOrvanProduct.frmProduct::txtQty_KeyPress",
     .gotFocusLabel = "KTVOrvanProduct.frmProduct::txtQty_GotFocus",
@@ -171,7 +172,7 @@ void FieldEntry::keyPressed(const AmountBox& amount, std::int16_t& KeyAscii)
 void FieldEntry::gotFocus(const AmountBox& amount)
 {
     session_.handleEvent(amount.field.gotFocusLabel, [&] {
-        const ScopedFlag rewriting(session_.initializing); // off afterwards, whatever it was before
+        const ScopedFlag rewriting(session_.initializing); // its end clears the flag, even if it was set before
         showAmount(amount, session_.currentProduct(), AmountForm::edit);
         amount.box.setSelectionStart(0);
         amount.box.setSelectionLength(static_cast<std::int32_t>(characterCount(amount.box.text())));
@@ -206,8 +207,8 @@ void FieldEntry::changed(const AmountBox& amount)
 
 void FieldEntry::txtNote_Change()
 {
-    // Unlike the amounts, the note is saved while the session initializes, too. A note that the box
-    // cuts when it is loaded is thereby cut in the record, and nothing is marked dirty.
+    // Unlike an amount, the note is saved even while the session initializes, on purpose. So where the box cuts a
+    // long note while a product is loaded, the record's note is cut, too; the session is not marked dirty by that.
     session_.handleEvent("KTVOrvanProduct.frmProduct::txtNote_Change", [&] {
         const auto kept = session_.heldProduct;
         PrvSaveNoteFld();
@@ -235,7 +236,7 @@ void FieldEntry::saveAmount(const AmountBox& amount)
             cyValue = Currency();
         }
         if ((session_.currentProduct().*field.value)() != cyValue) {
-            session_.PrvSetDirty(true); // also for an amount that the record is about to reject
+            session_.PrvSetDirty(true); // on purpose also for an amount that the record rejects below
         }
         const bool valid = (session_.currentProduct().*field.isValid)(cyValue);
         (session_.currentProduct().*field.setValue)(valid ? cyValue : Currency());
@@ -247,7 +248,7 @@ void FieldEntry::PrvCalcExtPrice()
     try {
         calcExtPrice();
     } catch (...) {
-        // Not recorded in the trace: prices that are too large come from what the user types, and are no failure.
+        // The error is not traced: a price that is too large comes from what the user types and is not a failure.
         const ResumeNext<false> step;
         step([&] {
             if (session_.currentProduct().ExtPrice() != Currency()) {
@@ -263,12 +264,13 @@ void FieldEntry::calcExtPrice()
     ProductRecord& product = session_.currentProduct();
     Currency discount = product.DiscPrcnt();
     if (discount > kHundred) {
-        discount = Currency(); // the record has it from elsewhere, and keeps it
+        discount = Currency(); // it counts as none, but stays in the record: it did not come from the discount box
     }
     const Currency rest = kHundred - discount;
     const Currency gross = product.Qty() * product.UnitPrice();
-    // In double, and divided first: quotes that were priced this way must come out the same again.
-    // fromDouble raises for what is no number or beyond the range.
+    // The price is computed in double, and the percentage is divided before it is multiplied, because existing quotes
+    // were priced this way and must get the same prices again. fromDouble raises for a result that is not a number or
+    // is out of range.
     const Currency extPrice = Currency::fromDouble(rest.toDouble() / 100.0 * gross.toDouble());
     if (product.ExtPrice() != extPrice) {
         session_.PrvSetDirty(true);
@@ -278,7 +280,7 @@ void FieldEntry::calcExtPrice()
 
 void FieldEntry::showProduct()
 {
-    const auto kept = session_.heldProduct; // setting a box's text raises its change event
+    const auto kept = session_.heldProduct; // setting a text raises a change event, which may end the session
     const ProductRecord& product = session_.currentProduct();
     txtNote_.box.setMaxLength(kNote.mostShown);
     showText(cboProductName_, product);

@@ -1,14 +1,13 @@
-// FieldEntry: the editor's fields: how a product is shown in their boxes and saved from them, what the user
-// does in the amount and note boxes, and the prices that follow.
+// FieldEntry: shows a product in the editor's boxes, saves it from them, handles the events of the amount and note
+// boxes, and computes the extended price.
 //
-// Every change is written to the session's current product at once, so the boxes never hold input
-// that is not saved; the extended price and the total follow. What sets the fields apart stands in one table
-// for texts and one for amounts (orvan/fields/FieldEntry.cpp). What the user does in the part-number and name
-// boxes is the business of the look-up boxes.
+// Every change in these boxes is written to the session's current product at once; the extended price and the total
+// follow it. The differences between the fields stand in one table for texts and one for amounts
+// (orvan/fields/FieldEntry.cpp). The events of the part-number and name boxes belong to orvan/lookup/LookUpBoxes.h.
 //
-// Amounts are Currency (ten-thousandths); a discount of 10 means 10 %. Ownership: the editor; the session and
+// Amounts are Currency (ten-thousandths); a discount of 10 means 10 %. Ownership: the editor owns it; the session and
 // the surface outlive it. Thread: the user-interface thread. Errors: showProduct, the PrvSave procedures and
-// PrvShowExtPriceAndTotal raise; event handlers close the dialog.
+// PrvShowExtPriceAndTotal raise errors; an error in an event handler closes the dialog.
 #pragma once
 
 #include "orvan/base/ScopedHandlers.h"
@@ -26,26 +25,27 @@ class TextEntry;
 
 class FieldEntry {
 public:
-    /// Takes the boxes of kProductFormDesign (orvan/editor/frmProductDesign.h) and their events.
+    /// The surface must have the boxes of kProductFormDesign (orvan/editor/frmProductDesign.h).
     FieldEntry(EditorSession& session, ui::Surface& surface);
     FieldEntry(const FieldEntry&) = delete;
     FieldEntry& operator=(const FieldEntry&) = delete;
 
-    /// The current product in all boxes, and the list's total. Raises the change events.
+    /// Shows the current product in all boxes, and the list's total. The boxes raise their change events.
     void showProduct();
 
-    // The caller keeps a copy of EditorSession::heldProduct while these run.
+    // The caller keeps a copy of the pointer EditorSession::heldProduct while one of these procedures runs, so that
+    // the product outlives the procedure even where an event ends the session.
 
-    /// The texts: written, and the session marked dirty, only where box and record differ.
+    /// Saves a text. Where box and record are equal, nothing is written and the session is not marked dirty.
     void PrvSaveNameFld() { saveText(cboProductName_); }
     void PrvSavePartNumFld() { saveText(cboPartNum_); }
     void PrvSaveNoteFld() { saveText(txtNote_); }
-    /// The amounts: what the record does not accept is stored as 0. The session is marked dirty where the amount
-    /// in the box, accepted or not, differs from the record's.
+    /// Saves an amount. An amount that the record does not accept is stored as 0. The session is marked dirty where
+    /// the amount in the box, accepted or not, differs from the record's.
     void PrvSaveQtyFld() { saveAmount(txtQty_); }
     void PrvSaveUnitPriceFld() { saveAmount(txtUnitPrice_); }
     void PrvSaveDiscountPrcntFld() { saveAmount(txtDiscount_); }
-    /// Never raises: an extended price that cannot be computed is 0.
+    /// Computes and stores the extended price. Never raises: a price that cannot be computed is stored as 0.
     void PrvCalcExtPrice();
     void PrvShowExtPriceAndTotal();
 
@@ -83,7 +83,7 @@ private:
     static void showText(const TextFieldBox& text, const ProductRecord& product);
     void showAmount(const AmountBox& amount, const ProductRecord& product, AmountForm form);
     void showMoney(ui::TextBox& box, Currency cyValue);
-    /// PrvCalcExtPrice without its recovery.
+    /// Does the work of PrvCalcExtPrice, but raises where the price cannot be computed.
     void calcExtPrice();
 
     EditorSession& session_;

@@ -12,10 +12,10 @@
 //         }
 //     }
 //
-// C++ objects cross the border, so both sides are built with the same compiler family, the same
-// standard library and the same headers of this library; the interface version tells only the last.
-// Exceptions may cross too. A library that links parts of this one has copies of its own of
-// their variables: the trace object of the calling thread (gobjTrace) is not visible to it.
+// C++ objects and exceptions pass between the host and the component library, so both must be built with the same
+// compiler family, the same standard library and the same headers of this library; the interface version checks only
+// the headers. A component library that links parts of this library has its own copies of their variables: it does not
+// see the trace object of the calling thread (gobjTrace).
 #pragma once
 
 #include "orvan/ui/ComponentFactory.h"
@@ -23,12 +23,12 @@
 #include <cstdint>
 #include <memory>
 
-/// Marks what a shared library shows to its host, also where all else is built hidden.
+/// Marks a function that a shared library exports, even where it is built with hidden symbols.
 #define ORVAN_EXPORT __attribute__((visibility("default")))
 
 namespace orvan {
 
-/// Raised whenever an interface that components implement changes.
+/// Increased whenever an interface that components implement changes.
 inline constexpr std::int32_t kComponentInterfaceVersion = 1;
 
 inline constexpr const char* kInterfaceVersionEntryPoint = "OrvanComponentInterfaceVersion";
@@ -39,9 +39,9 @@ inline constexpr const char* kCreateComponentEntryPoint = "OrvanCreateComponent"
 /// The kComponentInterfaceVersion that the library was built with.
 extern "C" ORVAN_EXPORT std::int32_t OrvanComponentInterfaceVersion() noexcept;
 
-/// Stores a new object of the class in *object, which is empty at the call and stays so for a class
-/// that the library does not have (a parameter, because a C function returns no object). className is
-/// spelled as the host registered it. May throw. Called by any thread, by several at once too.
+/// Stores a new object of the class in *object, which is empty before the call; for a class that the library does not
+/// have it stays empty. (The object is not the result, because a function with C linkage cannot return one.) className
+/// is spelled as the host registered it. May throw. It may be called from any thread, and from several at once.
 extern "C" ORVAN_EXPORT void OrvanCreateComponent(const char* className, std::shared_ptr<orvan::ui::Component>* object);
 
 #define ORVAN_COMPONENT_LIBRARY                                                                                        \

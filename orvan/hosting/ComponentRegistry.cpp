@@ -28,13 +28,13 @@ std::string lowerCase(std::string_view name)
 
 std::string loaderError()
 {
-    const char* text = dlerror(); // of this thread
+    const char* text = dlerror(); // the loader keeps its last error for each thread
     return text ? text : "unknown loader error";
 }
 
 } // namespace
 
-/// A loaded shared library; closed with its last holder.
+/// A loaded shared library; it is closed when the last pointer to it is gone.
 class ComponentRegistry::Library {
 public:
     explicit Library(const std::filesystem::path& path) : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL))
@@ -96,14 +96,14 @@ void ComponentRegistry::setEntry(EntryPtr entry)
 {
     std::string key = lowerCase(entry->className);
     const std::lock_guard lock(mutex_);
-    // What is replaced leaves with the parameter, after the lock: its factory may own objects that
-    // use the registry as they go.
+    // The swap leaves the replaced entry in the parameter, which is destroyed after the lock is released: the entry's
+    // factory may own objects whose destructors use the registry.
     entries_[std::move(key)].swap(entry);
 }
 
 void ComponentRegistry::unregisterClass(std::string_view className)
 {
-    EntryPtr removed; // as in setEntry
+    EntryPtr removed; // destroyed after the lock is released, for the same reason as in setEntry
     const std::lock_guard lock(mutex_);
     if (const auto found = entries_.find(lowerCase(className)); found != entries_.end()) {
         removed = std::move(found->second);
@@ -153,8 +153,9 @@ std::shared_ptr<ComponentRegistry::Library> ComponentRegistry::loadLibrary(const
             return found->second;
         }
     }
-    // Loading runs the library's own start-up code, hence no lock. Two threads may come here with
-    // the same path: the loader counts, the first one's stays, the other is closed again.
+    // Loading runs the library's start-up code, so the lock is not held. If two threads load the same path at the same
+    // time, the first one's object stays and the other's is closed again; the loader counts how often a library is
+    // open.
     auto library = std::make_shared<Library>(path);
     const std::lock_guard lock(mutex_);
     return libraries_.try_emplace(path, library).first->second;
@@ -163,7 +164,7 @@ std::shared_ptr<ComponentRegistry::Library> ComponentRegistry::loadLibrary(const
 std::shared_ptr<ui::Component> ComponentRegistry::createFromLibrary(const std::string& className,
                                                                     const std::filesystem::path& path)
 {
-    struct Held { // destroyed from the last member up: the object's code goes after the object
+    struct Held { // members are destroyed from the last up, so the object goes before the library with its code
         std::shared_ptr<Library> library;
         std::shared_ptr<ui::Component> object;
     };

@@ -1,14 +1,14 @@
-// ComponentRegistry: the component classes a host offers to the library, by name.
+// ComponentRegistry: the component classes that a host offers to the library, by name.
 //
 // A class comes from a factory of the host or from a shared library (orvan/hosting/ComponentLibrary.h),
 // which is loaded when its first object is created. Class names compare without regard to the case
 // of ASCII letters, as is the custom for names of this kind.
 //
 // Ownership: the host owns the registry; it outlives every platform that is given it. Objects may
-// outlive it: a library stays loaded while the registry or an object that the registry created from
-// it lives. What such an object hands out in turn (a manager's records) does not count, so a host
-// destroys its registry last. Thread: any, several at once; a factory is called by the thread that
-// creates, without a lock, and may use the registry itself.
+// outlive it: a shared library stays loaded as long as the registry lives, or an object that the registry created from
+// the library. Objects that such an object returns (a manager's records) do not keep the library loaded, so a host
+// should destroy its registry last. Thread: any, several at once; a factory is called in the thread that asks for the
+// object, without a lock held, and may itself use the registry.
 #pragma once
 
 #include "orvan/ui/ComponentFactory.h"
@@ -35,17 +35,18 @@ public:
     /// Replaces an earlier registration of the name.
     void registerClass(std::string className, Factory factory);
 
-    /// As registerClass. A bare file name is looked for where the system's loader looks; any other
-    /// relative path counts from the working directory of now. Nothing is loaded or checked yet.
+    /// Registers a class of a shared library; replaces an earlier registration of the name. A file name without a
+    /// folder is searched for where the system's loader searches; any other relative path is relative to the working
+    /// directory at this call. Nothing is loaded or checked yet.
     void registerLibrary(std::string className, const std::filesystem::path& library);
 
-    /// Objects already created stay; an unknown name is no error.
+    /// Objects that were already created stay valid; an unknown name is not an error.
     void unregisterClass(std::string_view className);
 
     /// Raises 429 when the name is unknown, its library cannot be used, or nothing is created; the
-    /// description holds the class name, the library's path and the reason. A RuntimeError thrown
-    /// by the factory keeps its number and source, anything else thrown becomes 429; both are
-    /// described likewise. A library that failed to load is tried again at the next creation.
+    /// description holds the class name, the library's path and the reason. A RuntimeError that the factory throws
+    /// keeps its number and source, and any other exception becomes 429; both get a description of the same form. A
+    /// library that could not be loaded is tried again when the next object is asked for.
     std::shared_ptr<ui::Component> create(std::string_view className) override;
 
 private:
@@ -63,7 +64,7 @@ private:
     std::shared_ptr<ui::Component> createFromLibrary(const std::string& className, const std::filesystem::path& path);
 
     std::mutex mutex_; ///< Guards the two tables; never held while foreign code runs.
-    std::map<std::string, EntryPtr, std::less<>> entries_; ///< By the name in lower case.
+    std::map<std::string, EntryPtr, std::less<>> entries_; ///< The key is the class name in lower case.
     std::map<std::filesystem::path, std::shared_ptr<Library>> libraries_;
 };
 

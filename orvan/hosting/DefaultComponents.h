@@ -10,13 +10,13 @@ namespace orvan {
 class ComponentRegistry;
 
 struct DefaultComponentOptions {
-    ProductMgrOptions productMgr = {}; ///< Size limit and rules of the product manager.
-    CatalogueOptions catalogue = {};   ///< File of the catalogue look-up, and its limits; no file: no entries.
+    ProductMgrOptions productMgr = {}; ///< The size limit and the rules of the product manager.
+    CatalogueOptions catalogue = {};   ///< The catalogue's file and limits; without a file it has no entries.
     TraceLogOptions trace = {};
 };
 
 /// Registers the in-process product manager, the catalogue look-up and the trace log. The trace log
-/// shows its messages in the message box of the thread that asks (orvan/hosting/ThreadMessages.h).
+/// shows its messages in the message box of the thread that uses it (orvan/hosting/ThreadMessages.h).
 void registerDefaultComponents(ComponentRegistry& registry, const DefaultComponentOptions& options = {});
 
 } // namespace orvan

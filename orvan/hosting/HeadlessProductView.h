@@ -1,7 +1,7 @@
 // HeadlessProductView: a list view without a window, for hosts without a toolkit.
 //
-// The headless twin of ProductViewWidget: the same four members, and the controls to drive.
-// Thread: the one that made the platform. Errors: the constructor, Show, Products and TotalValue raise
+// It has the same four operations as ProductViewWidget, and access to the controls, which a program uses in the place
+// of a user. Thread: the one that made the platform. Errors: the constructor, Show, Products and TotalValue raise
 // RuntimeError (orvan/base/RuntimeError.h). Lengths are in twips.
 #pragma once
 
@@ -42,7 +42,7 @@ public:
 private:
     headless::HeadlessSurface surface_;
     headless::HeadlessSite site_;
-    std::unique_ptr<ProductView> view_; ///< Last: it goes before what it stands on.
+    std::unique_ptr<ProductView> view_; ///< Last, so that it is destroyed before the surface and the site.
 };
 
 } // namespace orvan

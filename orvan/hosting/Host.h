@@ -1,9 +1,9 @@
 // Host: everything a program needs around a list view, made in the right order.
 //
 // Owns the component classes, the user's locale and the platform; the library's own components
-// (product manager, trace log) are registered. A program replaces any of them through components()
-// before it makes its first view. Thread: one host a thread; it outlives the views made on it.
-// Making one raises 51 when the locale library's data is missing.
+// (product manager, catalogue look-up, trace log) are registered. A program replaces any of them through components()
+// before it makes its first view. Thread: one host per thread; it outlives the views made on it.
+// The constructor raises 51 when the locale library's data is missing.
 #pragma once
 
 #include "orvan/hosting/ComponentRegistry.h"
@@ -21,7 +21,7 @@ namespace orvan {
 struct HostOptions {
     DefaultComponentOptions components = {};
     icu::LocaleNames locale = icu::localeNamesFromEnvironment();
-    ui::EditingWay editing = ui::EditingWay::classic; ///< What differs: orvan/core/Deviations.h.
+    ui::EditingWay editing = ui::EditingWay::classic; ///< orvan/core/Deviations.h lists the differences.
 };
 
 /// The user's number and money formats, as ICU knows them. Raises 51 when ICU's data is missing.
@@ -31,7 +31,7 @@ template <class PlatformType>
 class Host {
 public:
     Host() : Host(HostOptions()) {}
-    /// What follows the options goes to the platform's constructor.
+    /// The arguments after the options are passed to the platform's constructor.
     template <class... PlatformArguments>
     explicit Host(const HostOptions& options, PlatformArguments&&... platformArguments)
         : locale_(makeLocaleService(options.locale)),

@@ -15,7 +15,8 @@
 
 namespace orvan {
 
-/// The container of the embedded control, and the control with it: the surface dies after the view.
+/// The container that the list view is embedded in, with the list view's surface and the view itself. The surface is
+/// declared before the view, because it has to be destroyed after it.
 class ProductViewWidget::Site final : public ui::ContainerSite {
 public:
     Site(qt::QtPlatform& platform, QWidget& widget)
@@ -28,7 +29,7 @@ public:
         return hostTypeName_.isEmpty() ? widget_.window()->metaObject()->className() : hostTypeName_.toStdString();
     }
     std::int32_t parentWindow() override { return qt::windowHandle(widget_.window()); }
-    void propertyChanged(std::string_view /*property*/) override {} // a widget saves no properties
+    void propertyChanged(std::string_view /*property*/) override {} // a widget has no properties to save
 
     void setHostTypeName(const QString& name) { hostTypeName_ = name; }
 

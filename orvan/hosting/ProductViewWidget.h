@@ -5,8 +5,8 @@
 //     view.Show(products);
 //     view.show();
 //
-// `Show` loads products, `show` makes the widget visible. Nothing is signalled: read Dirty, Products
-// and TotalValue when they are needed. Thread: the user-interface thread, after QApplication.
+// `Show` loads products, `show` makes the widget visible. The widget has no signals: a host reads Dirty, Products and
+// TotalValue when it needs them. Thread: the user-interface thread, once there is a QApplication.
 // Errors: the constructor, Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h).
 #pragma once
 
@@ -30,16 +30,16 @@ class ProductViewWidget : public QWidget {
     Q_OBJECT
 
 public:
-    /// On the application's own host (orvan/hosting/QtHost.h).
+    /// Makes the widget on the application's own host (orvan/hosting/QtHost.h).
     explicit ProductViewWidget(QWidget* parent = nullptr);
-    /// On a platform of the host's, which must outlive the widget. Errors of the user's commands are
-    /// shown by the trace component; the library's own shows them where a ThreadMessages or a Host
-    /// (orvan/hosting/ThreadMessages.h, orvan/hosting/Host.h) of the thread says.
+    /// Makes the widget on a platform that the caller owns and that must outlive the widget. Errors in the user's
+    /// commands are shown by the trace component. The library's own trace component shows them in the message box of
+    /// the thread's ThreadMessages (orvan/hosting/ThreadMessages.h); a Host (orvan/hosting/Host.h) contains one.
     explicit ProductViewWidget(qt::QtPlatform& platform, QWidget* parent = nullptr);
     ~ProductViewWidget() override;
 
-    /// The user's column choice is kept under this name, read when the widget is first shown. By
-    /// default the class name of the window the widget then stands in. Later calls have no effect.
+    /// Sets the name under which the user's choice of columns is kept; by default it is the class name of the window
+    /// that the widget is in. The choice is read when the widget is first shown; later calls have no effect.
     void setHostTypeName(const QString& name);
 
     /// Loads the products (UTF-8) and fills the grid; the dirty flag stays as it is.

@@ -10,8 +10,8 @@ namespace orvan {
 
 using QtHost = Host<qt::QtPlatform>;
 
-/// The application's own host, made when it is first asked for (after QApplication) and kept to the
-/// end of the process. Its options are set before that.
+/// The application's own host. The first call makes it, after the QApplication was made; it lives to the end of the
+/// process. Its options have to be set before the first call.
 QtHost& qtHost();
 /// Raises 5 once the host exists.
 void setQtHostOptions(const HostOptions& options);

@@ -4,8 +4,8 @@ namespace orvan {
 
 namespace {
 
-/// A plain pointer, which is never destroyed, so that a static host can still leave the list when its
-/// thread has ended.
+/// The head of the thread's list of objects, newest first. It is a plain pointer, which needs no destruction, so that a
+/// host with static storage can still remove itself from the list while the program ends.
 thread_local ThreadMessages* newest = nullptr;
 
 } // namespace

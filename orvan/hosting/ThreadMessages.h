@@ -1,9 +1,9 @@
-// ThreadMessages: which message box the messages of a thread's trace object go to.
+// ThreadMessages: decides which message box shows the messages of a thread's trace object.
 //
-// A thread keeps its trace object to its end, longer than any host, so the object must not hold on to
-// a host's message box. It asks here instead: while a ThreadMessages lives, the messages of its
-// thread go to the message box it was given; of several, to the one made last. Hosts of a thread may end
-// in any order. Ownership: the message box outlives the object. Thread: destroyed in the thread that
+// A thread keeps its trace object until the thread ends, longer than any host lives, so the trace object must not keep
+// a reference to a host's message box. It uses this class instead: while a ThreadMessages lives, the messages of its
+// thread go to the message box that it was given; if there are several, to that of the newest. The hosts of a thread
+// may end in any order. Ownership: the message box outlives the object. Thread: to be destroyed in the thread that
 // made it.
 #pragma once
 
@@ -18,12 +18,12 @@ public:
     ThreadMessages& operator=(const ThreadMessages&) = delete;
     ~ThreadMessages();
 
-    /// The message box of the newest one shows the message; without one it is dropped.
+    /// Shows the message in the message box of the thread's newest object; if there is none, the message is dropped.
     static ui::MessageResult show(const ui::Message& message);
 
 private:
     ui::MessageBox& messageBox_;
-    ThreadMessages* older_; ///< The next of the thread's living ones, newest first.
+    ThreadMessages* older_; ///< The thread's next older object that still lives.
 };
 
 } // namespace orvan

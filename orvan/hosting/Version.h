@@ -7,7 +7,7 @@
 
 namespace orvan {
 
-/// Major, minor and revision, as the package manager counts them: "2.1.30".
+/// Major, minor and revision, as in the installed package's version: "2.1.30".
 [[nodiscard]] std::string_view libraryVersion();
 
 /// The same in the fixed widths of a file's version field (minor 2 digits, revision 4): "2.01.0030".

@@ -1,7 +1,7 @@
-// BusyPointer: the mouse pointer while the catalogue is asked.
+// BusyPointer: shows the busy mouse pointer while the catalogue is searched.
 //
-// An object of one scope. Its destructor restores the pointer where that was not done before, so that an error
-// is recorded and shown under the user's own pointer. The screen outlives it. Thread: the user-interface
+// It is made as a local variable. If the pointer has not been restored before, the destructor restores it, so that
+// the message about an error appears under the usual pointer. The screen outlives it. Thread: the user-interface
 // thread. Errors: what the screen raises.
 #pragma once
 
@@ -16,12 +16,12 @@ public:
     explicit BusyPointer(ui::ScreenPointer& screen) : screen_(screen) {}
     BusyPointer(const BusyPointer&) = delete;
     BusyPointer& operator=(const BusyPointer&) = delete;
-    /// Never throws: a pointer that cannot be restored stays.
+    /// Never throws: if the pointer cannot be restored, it stays busy.
     ~BusyPointer();
 
     /// Remembers the pointer and shows the arrow with the hourglass.
     void PrvSetBusyPointer();
-    /// Shows the remembered pointer again; nothing when none is remembered.
+    /// Shows the remembered pointer again; does nothing when none is remembered.
     void PrvRestorePointer();
 
 private:

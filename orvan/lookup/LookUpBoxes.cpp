@@ -21,7 +21,7 @@ std::int32_t length(const std::string& text)
 
 } // namespace
 
-/// Where the two boxes differ. Every difference is deliberate.
+/// The points in which the two boxes differ. Every difference is deliberate.
 struct LookUpBoxes::Kind {
     std::string_view combo;
     std::string_view timer;
@@ -31,18 +31,19 @@ struct LookUpBoxes::Kind {
     std::string_view timerLabel;
     LookUpList (ProductLkpMgr::*getList)(std::string_view, bool);
 
-    bool State::*left;      ///< Cleared by a change, set by leaving the box.
-    bool State::*wanted;    ///< Set by a chosen row; a save finishes the look-up only where it is set.
-    bool leftClearedFirst;  ///< A change clears `left` before it marks the session dirty, not after.
-    bool typingWants;       ///< Typing sets `wanted` as a chosen row does.
+    bool State::*left; ///< Points to the flag that a change of the box clears and that leaving the box sets.
+    bool State::*
+        wanted; ///< Points to the flag that choosing a row sets. A save finishes a look-up only where it is set.
+    bool leftClearedFirst;  ///< A change clears `left` before it marks the session dirty; if false, after it.
+    bool typingWants;       ///< Typing sets `wanted`, as choosing a row does.
     bool leavingAsksWanted; ///< Leaving the box applies the pending entry only where `wanted` is set.
-    bool applyingEndsIt;    ///< Applying an entry clears `wanted`; nothing does so otherwise.
-    bool nameFromCatalogue; ///< The product is named by the entry, not by what the box shows.
+    bool applyingEndsIt;    ///< Applying an entry clears `wanted`, which nothing else clears.
+    bool nameFromCatalogue; ///< The product gets the entry's name; if false, the text that the box shows.
     bool busyPointer;       ///< The search shows the busy pointer.
     bool paintsRefilled;    ///< The search paints the refilled list at once.
 };
 
-// Leaving a box is not traced, so that cboPartNum_LostFocus and cboProductName_LostFocus have no label.
+// The tables have no label for cboPartNum_LostFocus and cboProductName_LostFocus, because leaving a box is not traced.
 const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
     .combo = "cboPartNum",
     .timer = "tmrPartNum",
@@ -54,7 +55,7 @@ const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
     .left = &State::bPartNumBoxLeft,
     .wanted = &State::bPartNumPicked,
     .leftClearedFirst = false,
-    .typingWants = false, // until a row was chosen once, a number that is typed and saved at once stays as typed
+    .typingWants = false, // a part number that is typed and saved at once stays as typed if no row was ever chosen
     .leavingAsksWanted = false,
     .applyingEndsIt = false,
     .nameFromCatalogue = true,
@@ -108,7 +109,7 @@ void LookUpBoxes::changed(const Box& box)
 {
     session_.handleEvent(box.kind.changeLabel, [&] {
         if (session_.initializing) {
-            return Leaving::withoutExit; // deliberate: while a product is loaded, the trace shows entries alone
+            return Leaving::withoutExit; // deliberate: while a product is loaded, only the entry is traced
         }
         if (box.kind.leftClearedFirst) {
             state_.*box.kind.left = false;
@@ -147,7 +148,7 @@ void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 {
     traceResume(box.kind.keyPressLabel, [&](const auto& step) {
         step([&] {
-            if (KeyAscii == kEnter) { // not swallowed: the box gets it too
+            if (KeyAscii == kEnter) { // KeyAscii is not set to 0, so the box gets the key, too
                 lostFocus(box);
             }
         });
@@ -156,8 +157,9 @@ void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 
 // --- leaving a box: the pending entry is applied ----------------------------------------------------
 
-// Called when the focus leaves the box, by Enter in it, and before a save. Untraced, and each failing step is
-// skipped, so that a user can always leave a box. A condition that cannot be read counts as met.
+// Called when the focus leaves the box, when the user presses Enter in it, and before a save. It is not traced, and a
+// step that fails is skipped, so that the user can always leave a box. Where IsEOF fails, an entry is taken to be
+// there.
 void LookUpBoxes::lostFocus(const Box& box)
 {
     state_.*box.kind.left = true;
@@ -169,14 +171,14 @@ void LookUpBoxes::lostFocus(const Box& box)
     step([&] { catalogue()->SeekItem(box.combo.itemData(state_.lLkpListIdx)); });
     bool noEntry = false;
     step([&] { noEntry = catalogue()->IsEOF(); });
-    if (!noEntry) { // otherwise the row stays pending and is tried again the next time
+    if (!noEntry) { // otherwise the row stays pending, and the next time that the box is left tries it again
         applyEntry(box);
     }
     state_.bLkpBusy = false;
 }
 
-// While the note question waits, the form may be unloaded and the session end: the steps that need the form or
-// the session then fail, too, and are skipped.
+// While the user is asked about the note, the form may be unloaded and the session may end. The steps that need the
+// form or the session then fail, and are skipped like any other step that fails.
 void LookUpBoxes::applyEntry(const Box& box)
 {
     const ResumeNext<false> step;
@@ -196,9 +198,9 @@ void LookUpBoxes::applyEntry(const Box& box)
     step([&] { session_.currentProduct().SetKey(key); });
     step([&] { session_.currentProduct().SetPartNum(partNum); });
     step([&] { session_.currentProduct().SetUnitPrice(unitPrice); });
-    bool ask = true; // also where the note cannot be read: there may be one
+    bool ask = true; // stays true where the product's note cannot be read, because there may be one
     step([&] { ask = !session_.currentProduct().Note().empty(); });
-    bool takeNote = true; // also where the question itself fails
+    bool takeNote = true; // stays true where the question itself fails
     if (ask) {
         step([&] { takeNote = wantsNote(); });
     }
@@ -236,8 +238,8 @@ void LookUpBoxes::finishPendingLookUps()
 
 // --- the search -------------------------------------------------------------------------------------
 
-// The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. After an
-// error it stays set, because the dialog closes.
+// Setting a text raises a change event; bLkpBusy prevents that event from starting the timer again. After an error
+// bLkpBusy stays set, which does no harm because the dialog closes.
 void LookUpBoxes::timerFired(const Box& box)
 {
     session_.handleEvent(box.kind.timerLabel, [&] {
@@ -262,11 +264,11 @@ void LookUpBoxes::showMatches(const Box& box, const std::vector<LookUpRow>& rows
     ui::ComboBox& combo = box.combo;
     const std::int32_t typed = length(combo.text());
     combo.clear();
-    // To the left and back: where the list is dropped down, clearing it does not redraw it, but a move does.
+    // The box moves to the left and back because clearing a list that is dropped down does not redraw it; a move does.
     combo.move(combo.left() - 1, combo.top());
     combo.move(combo.left() + 1, combo.top());
     combo.refresh();
-    // The text before the rows; showWholeList sets it after them.
+    // Here the text is set before the rows are added; showWholeList sets it after them.
     const std::string& best = rows.front().text;
     combo.setText(best);
     combo.setSelectionStart(typed);

@@ -1,14 +1,13 @@
 // LookUpBoxes: the editor's part-number and name boxes, which search the catalogue while the user types.
 //
-// Typing starts a box's timer; when the user has paused, the timer's procedure completes the text
-// with the best match and makes that match pending; leaving the box, or Enter, copies the pending
-// entry into the session's current product. One implementation serves both boxes; where they differ,
-// they differ on purpose, and the differences stand side by side in one table (orvan/lookup/LookUpBoxes.cpp).
-// How the boxes show a product, and save it, is the business of the fields.
+// Typing starts a box's timer. When the user pauses, the timer's procedure completes the text with the best match,
+// whose entry is then pending: when the user leaves the box or presses Enter, the pending entry is copied into the
+// session's current product. One implementation serves both boxes. They differ on purpose in a few points, which
+// stand side by side in one table (orvan/lookup/LookUpBoxes.cpp). Showing a product in the two boxes and saving their
+// texts is done by orvan/fields/FieldEntry.h.
 //
-// Rows of a list count from 0; the wait is in milliseconds. Ownership: the editor; the session and the surface
-// outlive it. Thread: the user-interface thread. Errors: event handlers and timers close the dialog; leaving a
-// box never fails.
+// Rows of a list count from 0. Ownership: the editor owns it; the session and the surface outlive it. Thread: the
+// user-interface thread. Errors: an error in an event handler or a timer closes the dialog; leaving a box never fails.
 #pragma once
 
 #include "orvan/base/ScopedHandlers.h"
@@ -25,29 +24,30 @@ class Timer;
 
 class LookUpBoxes {
 public:
-    /// What the handlers tell each other and the save.
+    /// What one event handler leaves for the others, and for the save, to know.
     struct State {
-        bool bLkpBusy = false;           ///< The program itself changes a box: the change starts no search.
-        bool bLkpTimerRestarted = false; ///< A change found its timer running. For support; nothing reads it.
-        std::int32_t lLkpListIdx = -1;   ///< The list row whose entry is pending; one for both boxes; -1: none.
-        bool bNameLkpPending = false;    ///< Name typed or chosen, and no entry applied since.
-        bool bPartNumPicked = false;     ///< A row of the part numbers was chosen once; never cleared.
-        bool bNameBoxLeft = false;       ///< No change since the box was left.
-        bool bPartNumBoxLeft = false;
+        bool bLkpBusy = false;           ///< The program itself is changing a box, so the change starts no search.
+        bool bLkpTimerRestarted = false; ///< A change restarted a running timer. For support; the code never reads it.
+        std::int32_t lLkpListIdx = -1;   ///< The list row whose entry is pending, shared by both boxes; -1 for none.
+        bool bNameLkpPending = false;    ///< A name was typed or chosen, and no entry has been applied since.
+        bool bPartNumPicked = false;     ///< A row was chosen from the part numbers' list; never cleared.
+        bool bNameBoxLeft = false;       ///< The user has left the name box and not changed it since.
+        bool bPartNumBoxLeft = false;    ///< The same for the part-number box.
     };
 
-    /// Takes the boxes and timers of kProductFormDesign (orvan/editor/frmProductDesign.h) and their events.
+    /// The surface must have the boxes and timers of kProductFormDesign (orvan/editor/frmProductDesign.h).
     LookUpBoxes(EditorSession& session, ui::Surface& surface);
     LookUpBoxes(const LookUpBoxes&) = delete;
     LookUpBoxes& operator=(const LookUpBoxes&) = delete;
 
-    /// The session's set-up: no row is pending.
+    /// Called when the session is set up: no row is pending from then on.
     void forgetPendingRow() { state_.lLkpListIdx = -1; }
-    /// They fill the lists once, on an empty form, and raise what the catalogue raises.
+    /// Fill the boxes' lists; called once, while the form is empty. They raise what the catalogue raises.
     void PrvFillProductNameList() { fillList(productName_); }
     void PrvFillPartNumList() { fillList(partNum_); }
-    /// Before a save: searches and leaves a box that was changed and not left since, the name's first.
-    /// Never raises; an error of the search has closed the dialog.
+    /// Called before a save. For each box that has a look-up to finish and that the user has not left since its last
+    /// change, does what the timer and leaving the box would do; the name box comes first. Never raises: an error of
+    /// the search closes the dialog instead.
     void finishPendingLookUps();
 
     [[nodiscard]] const State& state() const { return state_; }
@@ -55,7 +55,7 @@ public:
     std::shared_ptr<ProductLkpMgr> productLkpMgr; ///< Made by the editor for the session.
 
 private:
-    /// What sets one box apart from the other.
+    /// The points in which the two boxes differ.
     struct Kind;
     struct Box {
         const Kind& kind;
@@ -85,9 +85,10 @@ private:
     void showWholeList(const Box& box);
     static void addRows(const Box& box, const std::vector<LookUpRow>& rows);
 
-    /// The catalogue. Shared, because a call to it may end the session, which lets go of it. Raises 91 for none.
+    /// Returns a shared pointer, because a call to the catalogue may end the session, which then releases its own.
+    /// Raises 91 where there is no catalogue.
     std::shared_ptr<ProductLkpMgr> catalogue() const;
-    /// What begins with `typed`, or everything; none instead of an empty list.
+    /// The entries that begin with `typed`, or with `all` every entry. No list (nullopt) where there are no entries.
     LookUpList list(const Box& box, const std::string& typed, bool all) const;
     LookUpValue field(LookUpColumn column) const;
 

@@ -1,6 +1,6 @@
-// LookUpValue: what the catalogue delivers, converted to what the editor takes. Texts are UTF-8.
+// LookUpValue: conversions from the values that a catalogue delivers to those that the editor uses. Texts are UTF-8.
 //
-// Thread: that of the locale service. Errors: by number, as below.
+// Thread: the locale service's. Errors: the numbers that each function names.
 #pragma once
 
 #include "orvan/lookup/ProductLkpMgr.h"
@@ -14,12 +14,12 @@ class LocaleService;
 /// Raises 6 for an id beyond 32 bits.
 [[nodiscard]] std::int32_t toItemData(std::int64_t itemId);
 
-/// Text is read by the user's formats. Raises 94 for Null, 13 for text that is no amount and 6 beyond
-/// the range.
+/// A text is read with the user's number formats. Raises 94 for Null, 13 for a text that is not an amount and 6 for an
+/// amount out of range.
 [[nodiscard]] Currency toCurrency(const LookUpValue& value, ui::LocaleService& locale);
 
-/// Numbers as plain decimals, '.' their decimal point in every locale. Raises 94 for Null and 6 for a
-/// double that is no number.
+/// A number becomes a plain decimal, with '.' as its decimal point in every locale. Raises 94 for Null and 6 for a
+/// double that is not a finite number.
 [[nodiscard]] std::string toText(const LookUpValue& value);
 
 } // namespace orvan

@@ -1,4 +1,5 @@
-// The catalogue look-up contract: lists of catalogue entries, and one current entry to read.
+// ProductLkpMgr: the interface of the catalogue look-up: it gives lists of entries, and the values of one current
+// entry.
 //
 // The editor creates the component by class name for each session, and releases it when the session ends. Texts
 // are UTF-8. Errors: any operation may throw. Thread: the thread that created it.
@@ -37,9 +38,9 @@ enum class LookUpColumn : std::int32_t { name = 3, key = 4, partNum = 5, unitPri
 
 class ProductLkpMgr : public ui::Component {
 public:
-    /// Entries whose part number begins with sText, the best completion first: row 0's text begins with sText.
-    /// No list for an empty sText: a new product's box is empty, and a match would be applied to the product.
-    /// With `all`, the whole list; sText is ignored, and the editor passes "".
+    /// The entries whose part number begins with sText. The best completion comes first: row 0's text begins with
+    /// sText. Must return no list for an empty sText, because the box of a new product is empty, and the best match
+    /// would be applied to that product. With `all`, returns the whole list and ignores sText; the editor passes "".
     [[nodiscard]] virtual LookUpList GetPartNumList(std::string_view sText, bool all) = 0;
     /// The same for entries whose name begins with sText.
     [[nodiscard]] virtual LookUpList GetProductNameList(std::string_view sText, bool all) = 0;

@@ -15,7 +15,7 @@ namespace orvan {
 void foldCase(std::string_view text, std::string& folded)
 {
     folded.clear();
-    if (isAscii(text)) { // most part numbers; ICU takes ten times as long
+    if (isAscii(text)) { // most part numbers are, and ICU would take ten times as long
         folded.assign(text);
         for (char& c : folded) {
             c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);

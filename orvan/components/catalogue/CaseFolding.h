@@ -1,11 +1,11 @@
-// CaseFolding: texts without their letters' case, for letters of any script.
+// CaseFolding: removes the difference between capital and small letters from a text, for letters of any script.
 //
-// Full case folding as the Unicode standard defines it, in no locale: one character may become
-// several ("ß" becomes "ss", the ligature "ﬁ" becomes "fi"), both forms of the Greek sigma become one,
-// "I" becomes "i" for Turks too and "İ" becomes "i" with a dot above. It works on each character alone,
-// so the folding of a text's beginning is the beginning of its folding. Accents stay; a composed "é" and
-// one of two characters are not the same. A character's folding never changes once it is in the
-// standard: what was folded years ago, into a file, still compares. Thread: any.
+// This is full case folding as the Unicode standard defines it, the same in every locale: one character may become
+// several ("ß" becomes "ss", the ligature "ﬁ" becomes "fi"), both forms of the Greek sigma become one, "I" becomes "i"
+// even in a Turkish locale, and "İ" becomes "i" with a dot above. Each character is folded alone, so the folding of a
+// text's beginning is the beginning of the text's folding. Accents stay; an "é" of one character and an "é" of two
+// characters stay different. The standard never changes the folding of a character, so texts that were folded years
+// ago, and stored in a file, can still be compared. Thread: any.
 #pragma once
 
 #include <string>
@@ -15,15 +15,15 @@ namespace orvan {
 
 /// Bytes that are not UTF-8 become U+FFFD.
 [[nodiscard]] std::string foldCase(std::string_view text);
-/// As foldCase, into memory used before.
+/// The same, but writes into `folded`, whose memory is reused.
 void foldCase(std::string_view text, std::string& folded);
 
 [[nodiscard]] bool isUtf8(std::string_view text);
 
-/// `text` with `typed` in place of the beginning that it shares with `typed` but for the case. Where the
-/// shared beginning ends within the folding of a character, the rest of that folding follows: "Straße"
-/// for the typed "STRAS" is "STRASse". So the result always begins with `typed` and is never shorter.
-/// Requires that foldCase(text) begins with foldCase(typed).
+/// Returns `text` with its beginning, which equals `typed` except for the case, replaced by `typed`. Where that
+/// beginning ends within the folding of a character, the rest of the folding follows: "Straße" for the typed "STRAS"
+/// becomes "STRASse". So the result always begins with `typed`. Requires that foldCase(text) begins with
+/// foldCase(typed).
 [[nodiscard]] std::string withTypedBeginning(std::string_view text, std::string_view typed);
 
 } // namespace orvan

@@ -16,8 +16,8 @@ namespace {
 constexpr int kColumns = 8;
 constexpr int kUnitPriceColumn = static_cast<int>(LookUpColumn::unitPrice);
 
-/// Tells a file from another one of its name, and from itself before it was written. An open file keeps
-/// its inode, so a new one cannot have it.
+/// Tells whether another file has taken a file's name, or the file has been written to. While a file is open, no other
+/// file can get its inode number.
 struct FileIdentity {
     explicit FileIdentity(const std::filesystem::path& file) : exists(::stat(file.c_str(), &status) == 0) {}
 
@@ -45,7 +45,8 @@ LookUpValue valueOf(const SqliteRows& rows, int column)
 
 } // namespace
 
-/// The lists of one column. INDEXED BY: a file without the index is refused, not read from end to end.
+/// The lists of one column. Because of INDEXED BY, a file that lacks the index is refused; without it, such a file
+/// would be read from end to end for each list.
 struct SqliteCatalogue::Column {
     Column(SqliteFile& catalogue, const std::string& name)
         : exact(catalogue, "SELECT item_id, " + name + " FROM product INDEXED BY product_" + name + " WHERE " + name +
@@ -66,7 +67,8 @@ struct SqliteCatalogue::Column {
             rows.push_back({found.integer(0), std::string(found.text(1))});
         }
         const bool anyExact = !rows.empty();
-        // All of the exact matches are in the list, or it is full; those met again are fewer than `most`.
+        // Here either all exact matches are in the list or the list is full. So the query below skips fewer than
+        // `most` exact matches that it finds again.
         const std::string typedFolded = foldCase(typed);
         const std::string_view from = typedFolded;
         for (SqliteRows found = folded.query(from); rows.size() < most && found.next();) {
@@ -85,7 +87,7 @@ struct SqliteCatalogue::Column {
 
     std::vector<LookUpRow> all(std::size_t most)
     {
-        // The least text that is not empty; Null is less than any.
+        // The smallest text that is not empty. The query thereby also leaves out Null, which is smaller than any text.
         constexpr std::string_view kFirst("\0", 1);
         std::vector<LookUpRow> rows;
         for (SqliteRows found = folded.query(kFirst); rows.size() < most && found.next();) {
@@ -106,7 +108,7 @@ struct SqliteCatalogue::File {
     {
     }
 
-    FileIdentity identity; // taken first: a file that is replaced meanwhile is found to be another one
+    FileIdentity identity; // the first member: if the file is replaced while it is opened, this is noticed later
     SqliteFile catalogue;
     Column name;
     Column partNum;

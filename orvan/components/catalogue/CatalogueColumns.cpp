@@ -16,7 +16,7 @@ struct Kind {
     std::string CatalogueImportOptions::ColumnNames::*given;
     const char* shown;
     bool required;
-    std::vector<std::string_view> usual; ///< As simplified() has them; the first that is there is taken.
+    std::vector<std::string_view> usual; ///< Names as simplified() returns them; the first that the header has is used.
 };
 
 using Names = CatalogueImportOptions::ColumnNames;
@@ -42,7 +42,7 @@ const Kind kKinds[] = {
      {"note", "notes", "remark", "remarks", "comment", "comments", "description"}},
 };
 
-/// "Part-No." and "PART NO" are the same.
+/// The name in the form in which names are compared: "Part-No." and "PART NO" give the same.
 std::string simplified(std::string_view name)
 {
     std::string result = foldCase(name);

@@ -1,4 +1,4 @@
-// CatalogueColumns: which field of an imported row is which, by the names in the header. Thread: any.
+// CatalogueColumns: finds the fields of an imported row by the names in the file's header. Thread: any.
 #pragma once
 
 #include "orvan/components/catalogue/CatalogueImport.h"
@@ -10,12 +10,12 @@
 
 namespace orvan {
 
-/// Places in a record, from 0.
+/// The places of the fields in a record, counted from 0.
 struct CatalogueColumns {
     std::optional<std::size_t> itemId, name, key, partNum, unitPrice, note;
 };
 
-/// Raises 321, `source` at its beginning, for a required or named column that the header does not have.
+/// Raises 321 for a required or named column that the header does not have; the description begins with `source`.
 CatalogueColumns findColumns(const std::vector<std::string_view>& header,
                              const CatalogueImportOptions::ColumnNames& names, const std::string& source);
 

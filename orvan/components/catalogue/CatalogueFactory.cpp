@@ -13,7 +13,7 @@ namespace orvan {
 
 namespace {
 
-/// What all objects of one factory know about their file.
+/// Reports why the file cannot be used, and remembers the last reason for all objects of one factory.
 class Reports {
 public:
     explicit Reports(const std::function<void(std::string_view)>& report) : report_(report) {}
@@ -27,7 +27,7 @@ public:
             }
             last_ = reason;
         }
-        if (report_) { // without the lock: it may show a message box for minutes
+        if (report_) { // called without the lock, because it may show a message box for minutes
             report_(reason);
         } else {
             std::cerr << reason << std::endl;
@@ -40,7 +40,7 @@ private:
     std::string last_;
 };
 
-/// A catalogue until it fails, then none.
+/// Works as the catalogue in the file until that fails, then as a catalogue without entries.
 class CatalogueOrNone final : public ProductLkpMgr {
 public:
     CatalogueOrNone(const CatalogueOptions& options, std::shared_ptr<Reports> reports) : reports_(std::move(reports))

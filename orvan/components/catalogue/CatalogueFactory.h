@@ -18,18 +18,18 @@
 namespace orvan {
 
 struct CatalogueOptions {
-    std::filesystem::path file = {}; ///< Empty: a catalogue without entries.
-    std::size_t mostMatches = 250;   ///< Rows of a filtered list; the best ones.
-    std::size_t mostListed = 1000;   ///< Rows of the whole list; the first ones.
-    /// Told why the file cannot be used; the editor then works as with a catalogue without entries. The
-    /// same reason is not told twice in a row, however many sessions meet it. Called in the thread that
-    /// asks the catalogue. Empty: one line on the standard error stream.
+    std::filesystem::path file = {}; ///< If empty, the catalogue has no entries.
+    std::size_t mostMatches = 250;   ///< A filtered list has this many rows at most: the best matches.
+    std::size_t mostListed = 1000;   ///< The whole list has this many rows at most: the first ones.
+    /// Called with the reason when the file cannot be used, in the thread that uses the catalogue; the editor then
+    /// works as with a catalogue without entries. The same reason is not reported twice in a row, however many
+    /// sessions meet it. If this is empty, one line is written to the standard error stream instead.
     std::function<void(std::string_view)> report = {};
 };
 
-/// What a component factory calls to create a catalogue look-up; may be called from any thread. It never
-/// fails because of the file, and neither do the objects it makes: see CatalogueOptions::report. A session
-/// whose catalogue fails goes on without entries; the next one tries the file again.
+/// Returns the factory that creates catalogue look-ups; the factory may be called from any thread. Neither the factory
+/// nor the objects that it makes fail because of the file: see CatalogueOptions::report. A session whose catalogue
+/// fails goes on without entries; the next session tries the file again.
 [[nodiscard]] std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options);
 
 } // namespace orvan

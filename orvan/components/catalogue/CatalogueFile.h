@@ -2,11 +2,11 @@
 //
 // An SQLite database with one table, `product`, whose columns are those of an entry in the order of
 // GetFieldValue: item id, folded name, folded part number, name, key, part number, unit price (a whole
-// number of ten-thousandths; what another program put there stays as it is), note. Two indexes over the
+// number of ten-thousandths; a value that another program wrote is not converted), note. Two indexes over the
 // names and two over the part numbers, by exact and by folded text, hold all that a list shows, so that
-// a list is read from consecutive pages. The version stands in the header's user version.
+// a list is read from consecutive pages. The format's version is the user version in SQLite's file header.
 //
-// A file that desks may have open is never written: a new one takes its place (CatalogueImport.h).
+// A finished file, which programs may have open, is never written to: a new file takes its place (CatalogueImport.h).
 // Thread: one at a time.
 // Errors: those of orvan/components/catalogue/SqliteFile.h; 321 also for a file that is no catalogue or a newer one.
 #pragma once
@@ -28,7 +28,7 @@ struct CatalogueEntry {
     std::string_view name = {};
     std::string_view key = {};
     std::string_view partNum = {};
-    std::optional<Currency> unitPrice = {}; ///< None: Null, which the editor takes for 0.
+    std::optional<Currency> unitPrice = {}; ///< Without one, the file has Null, which the editor takes for 0.
     std::string_view note = {};
 };
 
@@ -41,24 +41,24 @@ struct CatalogueEntry {
 struct CatalogueStatistics {
     std::int64_t entries = 0;
     std::int64_t withoutPrice = 0;
-    Currency lowestPrice, highestPrice; ///< 0 without prices.
+    Currency lowestPrice, highestPrice; ///< Both 0 if no entry has a price.
     std::int64_t bytes = 0;             ///< Size of the file.
 };
-/// Visits every entry.
+/// Reads every entry, so it takes time in a large catalogue.
 CatalogueStatistics catalogueStatistics(SqliteFile& catalogue);
 
-/// Fills an empty file that nobody else uses: without a journal, because a file that is not finished is
-/// thrown away.
+/// Fills an empty file that nobody else uses. It writes without a journal, because an unfinished file is thrown away.
 class CatalogueWriter {
 public:
     explicit CatalogueWriter(const std::filesystem::path& file);
     CatalogueWriter(const CatalogueWriter&) = delete;
     CatalogueWriter& operator=(const CatalogueWriter&) = delete;
 
-    /// False, and nothing is added, when there is an entry with this id.
+    /// Returns false, and adds nothing, when there is already an entry with this id.
     bool add(const CatalogueEntry& entry);
-    /// Builds the indexes and marks the file as a catalogue. `goOn` is asked now and then, with the
-    /// indexes built and all of them; false ends it, returns false, and leaves a file without use.
+    /// Builds the indexes and marks the file as a catalogue. Calls `goOn` now and then with the number of indexes
+    /// built so far and the number of all indexes. If `goOn` returns false, this stops and returns false, and the file
+    /// is useless.
     bool finish(const std::function<bool(int built, int all)>& goOn);
 
 private:

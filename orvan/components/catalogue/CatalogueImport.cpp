@@ -23,14 +23,14 @@ using Outcome = CatalogueImportResult::Outcome;
 namespace fs = std::filesystem;
 
 constexpr std::uint64_t kRowsBetweenReports = 1000;
-constexpr std::size_t kQuotedCharacters = 40; // of a refused value
+constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
 
 [[noreturn]] void raise(std::int32_t number, const fs::path& source, const std::string& reason)
 {
     throw RuntimeError(number, {}, source.string().append(": ").append(reason));
 }
 
-/// The source file, read from its beginning; its header has been read.
+/// Opens the source file and reads its header; the rows follow.
 class Source {
 public:
     Source(const fs::path& file, const CatalogueImportOptions& options)
@@ -47,7 +47,7 @@ public:
     bool isComplete() const { return reader_.fields().size() == width_; }
     std::size_t width() const { return width_; }
     const CatalogueColumns& columns() const { return columns_; }
-    /// "" for a column that is not there.
+    /// Returns "" for a column that the file does not have.
     std::string_view field(const std::optional<std::size_t>& column) const
     {
         return column ? reader_.fields()[*column] : std::string_view();
@@ -100,7 +100,8 @@ public:
 private:
     bool goesOn() const { return !options_.progress || options_.progress(progress_); }
 
-    /// False when cancelled, and when no price tells. Reads the file once more, up to the first one that does.
+    /// Reads the file from its beginning up to the first price that tells the decimal separator. Returns false when
+    /// the import was cancelled, and when there are ambiguous prices but none that tells.
     bool findDecimalSeparator()
     {
         result_.decimalSeparator = options_.decimalSeparator;
@@ -115,7 +116,7 @@ private:
                 return false;
             }
             if (!source.isComplete()) {
-                continue; // refused later
+                continue; // write() refuses this row
             }
             const std::string_view price = source.field(source.columns().unitPrice);
             switch (decimalEvidence(price)) {
@@ -129,7 +130,7 @@ private:
         return ambiguous.empty();
     }
 
-    /// False when the file is not to be used.
+    /// Writes the new catalogue. Returns false when it is not to be used: rows were refused, or the user cancelled.
     bool write(const fs::path& file)
     {
         CatalogueWriter writer(file);
@@ -143,7 +144,7 @@ private:
             ++progress_.rows;
             progress_.bytesRead = reader.bytesRead();
             if (progress_.rows % kRowsBetweenReports == 0 && !goesOn()) {
-                result_.refusedCount = 0; // nobody waits for them
+                result_.refusedCount = 0; // so that the outcome is `cancelled` and not `refused`
                 result_.refused.clear();
                 return false;
             }
@@ -166,7 +167,7 @@ private:
         }
     }
 
-    /// Why the current record is refused; empty when it has been added.
+    /// Adds the current record. Returns the reason when it is refused, and an empty text when it was added.
     std::string add(CatalogueWriter& writer)
     {
         const CsvReader& reader = source_.reader();
@@ -243,7 +244,7 @@ CatalogueImportResult importCatalogue(const fs::path& source, const fs::path& ca
     std::error_code error;
     const bool overwrites =
         fs::exists(catalogue, error) && (!fs::is_regular_file(catalogue, error) || fs::file_size(catalogue, error) > 0);
-    if (overwrites && !isCatalogue(catalogue)) { // somebody's price list, where the arguments were mixed up
+    if (overwrites && !isCatalogue(catalogue)) { // the price list itself, perhaps, if the user mixed up the arguments
         raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue, "there is another file of this name");
     }
     return Import(source, options).run(catalogue);

@@ -1,13 +1,13 @@
 // importCatalogue: makes a catalogue file from a CSV or TSV file.
 //
-// All or nothing: a file with a single row that cannot be taken changes nothing, nor does one that fails or is
-// cancelled. The catalogue is written beside the one there is and takes its place at the end
-// (orvan/components/catalogue/FileReplacement.h), so that desks go on with the old one and never see half of the new
-// one; each finds the new one with its next look-up. Memory stays the same however long the file is.
+// An import is complete or has no effect: if a single row is refused, or the import fails or is cancelled, the old
+// catalogue stays. The new catalogue is written beside the old one and takes its place at the end
+// (orvan/components/catalogue/FileReplacement.h). Programs that use the old one never see half of the new one; each
+// finds the new one with its next look-up. The memory that is needed does not depend on the length of the file.
 //
 // The file: CSV as orvan/components/catalogue/CsvReader.h says, UTF-8 with or without a byte order mark. The first
-// record names the columns, in any order; others are ignored. Letters' case, blanks and punctuation of a name do not
-// count:
+// record names the columns, which may be in any order; columns with other names are ignored. Capitals, blanks and
+// punctuation in a name do not matter:
 //
 //   item id      id, item id, product id, article id           optional: rows are numbered from 1
 //   name         name, product name, product, article, title   required
@@ -16,15 +16,16 @@
 //   unit price   unit price, price, list price                 required
 //   note         note, remark, comment, description ...        optional
 //
-// A row is refused for: fields more or fewer than the header's, an item id that is no whole number of 32 bits
-// or was there before, a price that is none (orvan/components/catalogue/PriceText.h; an empty one is no price), text
-// that is not UTF-8, neither name nor part number, a quote that is not closed or has text behind it.
+// A row is refused if it has more or fewer fields than the header; an item id that is not a whole number of 32 bits or
+// that another row has; a text in the price's field that is not a price (orvan/components/catalogue/PriceText.h; the
+// field may be empty); text that is not UTF-8; neither a name nor a part number; a quote that is not closed, or that
+// is closed before the field ends.
 //
-// The decimal separator is found by the first price that can be read in one way only. Where there is none,
-// prices such as "1,234" end the import: a guess could be wrong by a factor of thousand.
+// The first price that can be read in one way only tells the decimal separator. If no price does, and there are prices
+// such as "1,234", the import ends without a result: a guess could be wrong by a factor of a thousand.
 //
-// Thread: any; `progress` is called in it. Errors: 75 for a file that cannot be read or written, 321 for one
-// that cannot be understood, both with the file and the reason; 5 for an unusable option.
+// Thread: any; `progress` is called in the same thread. Errors: 75 for a file that cannot be read or written, 321 for a
+// file that cannot be understood, both with the file and the reason in the description; 5 for an option out of range.
 #pragma once
 
 #include <cstddef>
@@ -40,14 +41,14 @@ struct CatalogueImportProgress {
     std::uint64_t bytesRead = 0;
     std::uint64_t bytesTotal = 0;
     std::uint64_t rows = 0;
-    int indexesBuilt = 0; ///< They are built when all is read; that takes about as long as reading.
+    int indexesBuilt = 0; ///< The indexes are built after reading, which takes about as long again.
     int indexesTotal = 0; ///< 0 while reading.
 };
 
 struct CatalogueImportOptions {
-    char delimiter = 0;        ///< 0: found in the first line.
-    char decimalSeparator = 0; ///< '.' or ','; 0: found in the prices.
-    /// The header's names of the columns; empty: found by the names above.
+    char delimiter = 0;        ///< If 0, it is found in the first line.
+    char decimalSeparator = 0; ///< '.' or ','; if 0, it is found in the prices.
+    /// The names that the columns have in the header. A column whose name is empty here is found by the names above.
     struct ColumnNames {
         std::string itemId = {};
         std::string name = {};
@@ -56,30 +57,31 @@ struct CatalogueImportOptions {
         std::string unitPrice = {};
         std::string note = {};
     } columns = {};
-    std::size_t mostRefused = 100; ///< Refused rows that are described; all of them are counted.
-    /// Told every thousand rows and some milliseconds; false cancels. What it throws ends the import.
+    std::size_t mostRefused = 100; ///< How many refused rows are described; all are counted.
+    /// Called every thousand rows while reading, and every few milliseconds while the indexes are built. Returning
+    /// false cancels the import; an exception ends it and is passed on.
     std::function<bool(const CatalogueImportProgress&)> progress = {};
 };
 
 struct RefusedRow {
-    std::uint64_t line = 0; ///< From 1, where the row begins.
+    std::uint64_t line = 0; ///< The line in which the row begins, from 1.
     std::string reason;
 };
 
 struct CatalogueImportResult {
     enum class Outcome {
         imported,
-        refused,   ///< Because of rows.
-        ambiguous, ///< The prices can be read in two ways; name the decimal separator.
+        refused,   ///< At least one row was refused.
+        ambiguous, ///< The prices can be read in two ways; the caller has to name the decimal separator.
         cancelled
     };
 
     Outcome outcome = Outcome::imported;
-    std::uint64_t rows = 0;         ///< Read, the header and refused ones excluded.
-    std::uint64_t refusedCount = 0; ///< At least one when refused.
+    std::uint64_t rows = 0;         ///< Rows that were read, without the header and refused rows.
+    std::uint64_t refusedCount = 0; ///< At least one when the outcome is `refused`.
     std::vector<RefusedRow> refused;
-    std::string ambiguousPrice; ///< One of them, when ambiguous.
-    char delimiter = 0;         ///< What was found or named.
+    std::string ambiguousPrice; ///< One such price when the outcome is `ambiguous`.
+    char delimiter = 0;         ///< The delimiter that was found or named.
     char decimalSeparator = 0;
 };
 

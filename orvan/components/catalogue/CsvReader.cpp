@@ -21,7 +21,7 @@ bool isLineBreak(char c)
     return c == '\n' || c == '\r';
 }
 
-/// CRLF counts once.
+/// The number of line breaks; CRLF counts as one.
 std::uint64_t lineBreaks(std::string_view text)
 {
     std::uint64_t count = 0;
@@ -91,7 +91,7 @@ char CsvReader::foundDelimiter() const
     return kDelimiters[static_cast<std::size_t>(std::max_element(std::begin(counts), std::end(counts)) - counts)];
 }
 
-/// Where the line break stands that ends the record; end_ when it has not been read.
+/// The place of the line break that ends the record; end_ when that line break has not been read yet.
 std::size_t CsvReader::recordEnd() const
 {
     bool fieldStart = true, quotedField = false, open = false;
@@ -99,7 +99,7 @@ std::size_t CsvReader::recordEnd() const
         const char c = buffer_[at];
         if (c == kQuote) {
             quotedField = quotedField || fieldStart;
-            open = quotedField && !open; // a doubled quote closes and opens again
+            open = quotedField && !open; // a doubled quote closes the field and opens it again, which has no effect
         } else if (!open) {
             if (isLineBreak(c)) {
                 return at;
@@ -115,13 +115,13 @@ std::size_t CsvReader::recordEnd() const
     return end_;
 }
 
-/// Cuts [at_, end) into fields; quoted ones lose their quotes in place.
+/// Splits the bytes from at_ up to `end` into fields. The quotes of a quoted field are removed within the buffer.
 void CsvReader::split(std::size_t end)
 {
     char* from = buffer_.data() + at_;
     char* const last = buffer_.data() + end;
     for (;;) {
-        char* to = from; // the field is written from here
+        char* to = from; // where the next byte of the field is written, over the quotes that are removed
         const char* const start = from;
         if (from < last && *from == kQuote) {
             ++from;
@@ -159,7 +159,7 @@ bool CsvReader::next()
     }
     for (;;) {
         std::size_t end = recordEnd();
-        // A CR at the end of what has been read may be half of a CRLF.
+        // A CR that is the last byte read so far may be half of a CRLF, so more is read first.
         while (end + 1 >= end_ && !atEnd_) {
             fill();
             end = recordEnd();

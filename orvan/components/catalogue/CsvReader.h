@@ -1,13 +1,13 @@
 // CsvReader: the records of a CSV or TSV file, one after the other, in constant memory.
 //
-// RFC 4180: fields apart by a delimiter; a field in quotes may hold delimiters, line breaks and doubled
-// quotes. Lines end with CRLF, LF or CR, the last one with or without. A byte order mark is skipped. Beyond
-// the RFC: a quote within a field that does not begin with one is a character like others (5" pipe); the
-// same holds for tab-separated files; lines without any character are skipped.
+// The format is that of RFC 4180: fields are separated by a delimiter; a field in quotes may hold delimiters, line
+// breaks and doubled quotes. Lines end with CRLF, LF or CR; the last line may lack its line break. A byte order mark is
+// skipped. Beyond the RFC: in a field that does not begin with a quote, a quote is a character like any other (5"
+// pipe); tab-separated files follow the same rules; empty lines are skipped.
 //
-// Ownership: the stream outlives the reader. Thread: one at a time. Errors: 321 for UTF-16, and for a record
-// of more than a megabyte, which is a quote that was never closed; 75 when reading fails. The description
-// begins with the file's name.
+// Ownership: the stream outlives the reader. Thread: one at a time. Errors: 321 for UTF-16, and for a record of more
+// than a megabyte, because a quote was then probably never closed; 75 when reading fails. The description begins with
+// the file's name.
 #pragma once
 
 #include <cstdint>
@@ -20,23 +20,24 @@ namespace orvan {
 
 class CsvReader {
 public:
-    /// Delimiter 0: the one of comma, semicolon, tab and vertical bar that the first line has most of.
+    /// With the delimiter 0, the reader takes the one that is most frequent in the first line: comma, semicolon, tab or
+    /// vertical bar.
     CsvReader(std::istream& input, std::string name, char delimiter = 0);
 
-    /// False at the end.
+    /// Reads the next record. Returns false at the end of the file.
     bool next();
-    /// Of the current record; views until the next one.
+    /// The fields of the current record; the views are valid until the next call of next().
     const std::vector<std::string_view>& fields() const { return fields_; }
-    /// What is malformed about the record; empty for nothing. Its fields are then not to be used.
+    /// Why the current record is malformed, in which case its fields are not to be used; empty if it is not.
     std::string_view problem() const { return problem_; }
-    /// The record's first line, from 1.
+    /// The number of the line in which the current record begins, from 1.
     std::uint64_t line() const { return line_; }
-    /// Up to the end of the record.
+    /// The number of bytes from the beginning of the file to the end of the current record.
     std::uint64_t bytesRead() const { return bytesRead_; }
     char delimiter() const { return delimiter_; }
 
 private:
-    /// Reads more behind what is left; false at the end of the stream.
+    /// Reads more of the stream into the buffer, after the bytes not used yet; false at the end of the stream.
     bool fill();
     void begin();
     char foundDelimiter() const;
@@ -50,7 +51,7 @@ private:
     char delimiter_;
     std::string buffer_;
     std::size_t at_ = 0;  ///< Where the next record begins in the buffer.
-    std::size_t end_ = 0; ///< Of what has been read.
+    std::size_t end_ = 0; ///< Where the bytes that have been read end in the buffer.
     bool begun_ = false;
     bool atEnd_ = false;
     std::uint64_t line_ = 0;

@@ -17,9 +17,9 @@ namespace orvan {
 
 namespace {
 
-constexpr mode_t kAnyone = 0666; // less what the user's mask takes away
+constexpr mode_t kAnyone = 0666; // the user's umask removes some of these permissions
 
-/// Whether the name still means the file that is open: another process may just have moved it away.
+/// Whether the file that is open still has this name: another process may just have renamed or removed it.
 bool isNamed(int descriptor, const std::filesystem::path& file)
 {
     struct stat open = {}, named = {};
@@ -52,7 +52,7 @@ FileReplacement::FileReplacement(const std::filesystem::path& file)
 FileReplacement::~FileReplacement()
 {
     if (lock_ >= 0) {
-        ::unlink(newFile_.c_str()); // while it is locked: nobody else has begun to use the name
+        ::unlink(newFile_.c_str()); // before the lock is released, because then another import may use the name
         ::close(lock_);
     }
 }
@@ -69,7 +69,7 @@ void FileReplacement::commit()
     }
     ::close(lock_);
     lock_ = -1;
-    // So that the name, too, survives a power cut. It is no failure of the replacement when it does not.
+    // This makes the new name survive a power cut, too. The replacement has not failed if it cannot be done.
     if (const int directory = ::open(file_.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); directory >= 0) {
         ::fsync(directory);
         ::close(directory);

@@ -1,10 +1,10 @@
-// FileReplacement: a new file that takes the place of another one, at once or not at all.
+// FileReplacement: a new file that takes the place of another one, in one step or not at all.
 //
-// It is written beside the other one, under the same name with ".importing" behind it, and renamed: a
-// program that has the old file open keeps it, one that opens the name gets the old file or the new one, and
-// a crash leaves the old one. What a crash left is written over by the next replacement. Of two at the same
-// time, in any processes, the second is refused. Symbolic links are followed, and the new file has the
-// permissions of the old one. Thread: one at a time.
+// The new file is written beside the old one, under the same name with ".importing" added, and is renamed at the end.
+// A program that has the old file open keeps it; a program that opens the name gets the old file or the new one, never
+// a part. After a crash the old file is still there, and the next replacement overwrites the unfinished one. While one
+// replacement of a file runs, another one is refused, in whatever process. Symbolic links are followed, and the new
+// file gets the permissions of the old one. Thread: one at a time.
 // Errors: 75 with the file and the reason in the description.
 #pragma once
 
@@ -17,12 +17,12 @@ public:
     explicit FileReplacement(const std::filesystem::path& file);
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
-    /// Removes the new file when it has not taken its place.
+    /// Removes the new file unless commit() has put it in place of the old one.
     ~FileReplacement();
 
     /// The new file: empty at first, to be written and closed by the caller.
     const std::filesystem::path& newFile() const { return newFile_; }
-    /// What has been written is on the disk when the name changes hands.
+    /// Puts the new file in place of the old one, after all that was written to it has reached the disk.
     void commit();
 
 private:

@@ -1,6 +1,6 @@
 // NoCatalogue: a catalogue look-up without entries.
 //
-// For hosts that bring no catalogue: the editor's look-up boxes are then plain boxes. Thread: any.
+// It is used where a host has no catalogue; the editor's look-up boxes then complete nothing. Thread: any.
 #pragma once
 
 #include "orvan/lookup/ProductLkpMgr.h"

@@ -11,9 +11,9 @@ namespace orvan {
 namespace {
 
 constexpr std::size_t kLastGroup = 3;
-constexpr std::size_t kLeastGroup = 2; // lakhs and crores
+constexpr std::size_t kLeastGroup = 2; // in India, groups before the last one have two digits: 12,34,567
 
-/// The group separator that the text begins with, the decimal separator excluded; empty for none.
+/// The group separator that the text begins with; empty if there is none. The decimal separator does not count.
 std::string_view groupSeparator(std::string_view text, char decimalSeparator)
 {
     constexpr std::string_view kSeparators[] = {".", ",", " ", "'", "\u00A0", "\u202F", "\u2009", "\u2019"};
@@ -30,7 +30,7 @@ std::string_view groupSeparator(std::string_view text, char decimalSeparator)
 std::optional<Currency> readPrice(std::string_view price, char decimalSeparator)
 {
     std::string_view rest = trimmed(price);
-    std::string plain; // as Currency reads it
+    std::string plain; // the price in the form that Currency::fromText reads
     if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) {
         plain += rest.front();
         rest.remove_prefix(1);

@@ -1,8 +1,9 @@
-// PriceText: prices as files write them.
+// PriceText: reads prices as they are written in price lists.
 //
-// An optional sign, digits, and one decimal separator, "." or ","; the whole digits may stand in groups, the
-// last one of three and the others of two or three, the first without a leading 0, apart by the other one of
-// "." and ",", blanks (no-break ones too) or apostrophes. Thread: any.
+// A price has an optional sign, digits, and at most one decimal separator, "." or ",". The digits before it may stand
+// in groups, without a leading 0. The last group has three digits, the groups between have two or three, the first has
+// one to three. The groups are separated by whichever of "." and "," is not the decimal separator, by blanks (also
+// no-break ones) or by apostrophes. Thread: any.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -12,10 +13,10 @@
 
 namespace orvan {
 
-/// Rounds to four decimals, ties to even. None for anything else than a price, and beyond the range.
+/// Rounds to four decimals, ties to even. Returns nothing for a text that is not a price or is out of range.
 [[nodiscard]] std::optional<Currency> readPrice(std::string_view price, char decimalSeparator);
 
-/// What one price tells of its file's decimal separator. "1,234" may be read either way; "12" has none.
+/// What one price tells about the decimal separator of its file. "1,234" is ambiguous; "12" tells nothing.
 enum class DecimalEvidence { none, ambiguous, point, comma };
 [[nodiscard]] DecimalEvidence decimalEvidence(std::string_view price);
 

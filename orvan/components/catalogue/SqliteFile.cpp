@@ -14,10 +14,10 @@ namespace orvan {
 
 namespace {
 
-constexpr int kWaitForLocks = 250;              // milliseconds; the user interface waits as long
-constexpr int kStepsBetweenQuestions = 100'000; // of SQLite's machine: some milliseconds
+constexpr int kWaitForLocks = 250;              // milliseconds; the user interface does not react for that time
+constexpr int kStepsBetweenQuestions = 100'000; // instructions of SQLite's virtual machine; they take some milliseconds
 
-/// The question that runWhile asks, and what it threw: nothing may be thrown through SQLite.
+/// The function that runWhile calls, and the exception that it threw, which must not pass through SQLite's C code.
 struct Question {
     const std::function<bool()>& goOn;
     std::exception_ptr thrown;
@@ -34,7 +34,7 @@ int isToEnd(void* context) noexcept
     }
 }
 
-/// SQLite says "unable to open" for much that the system has a better word for.
+/// The reason why a file cannot be opened. The system's own is preferred: SQLite's is often just "unable to open".
 std::string whyUnreachable(const std::filesystem::path& file, int code)
 {
     std::error_code error;
@@ -58,7 +58,7 @@ void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file,
 
 void SqliteFile::Close::operator()(sqlite3* connection) const noexcept
 {
-    sqlite3_close_v2(connection); // tolerates statements that outlive it
+    sqlite3_close_v2(connection); // unlike sqlite3_close, allows statements that outlive the connection
 }
 
 SqliteFile::SqliteFile(const std::filesystem::path& file, Access access)
@@ -149,7 +149,7 @@ void SqliteStatement::check(int code) const
 
 void SqliteStatement::bind(int index, std::string_view text)
 {
-    const char* const start = text.data() ? text.data() : ""; // a null pointer would be Null
+    const char* const start = text.data() ? text.data() : ""; // SQLite takes a null pointer for Null
     check(sqlite3_bind_text64(statement_.get(), index, start, text.size(), SQLITE_STATIC, SQLITE_UTF8));
 }
 
@@ -172,7 +172,7 @@ std::int32_t SqliteStatement::changes() const
 
 SqliteRows::~SqliteRows()
 {
-    sqlite3_reset(statement_.statement_.get()); // a failure has been raised by next()
+    sqlite3_reset(statement_.statement_.get()); // it repeats the last failure, which next() has already raised
 }
 
 bool SqliteRows::next()
@@ -185,7 +185,8 @@ bool SqliteRows::next()
 std::string_view SqliteRows::text(int column) const
 {
     sqlite3_stmt* const statement = statement_.statement_.get();
-    const unsigned char* const start = sqlite3_column_text(statement, column); // before its size, which it may change
+    const unsigned char* const start =
+        sqlite3_column_text(statement, column); // called before sqlite3_column_bytes, whose result it may change
     const int size = sqlite3_column_bytes(statement, column);
     return start ? std::string_view(reinterpret_cast<const char*>(start), static_cast<std::size_t>(size))
                  : std::string_view();

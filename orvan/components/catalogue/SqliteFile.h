@@ -1,8 +1,8 @@
 // SqliteFile: an SQLite database file and the statements run on it.
 //
-// A thin layer: it owns the connection and the statements, and every failure is a RuntimeError that
-// names the file and says what is wrong with it: 75 for a file that cannot be reached (missing, not
-// permitted, locked, disk full), 321 for one that cannot be understood. Texts are UTF-8.
+// A thin layer over SQLite that owns the connection and the statements. Every failure is a RuntimeError whose
+// description names the file and says what is wrong: 75 for a file that cannot be accessed (it is missing or locked,
+// there is no permission, the disk is full), 321 for a file that cannot be understood. Texts are UTF-8.
 // Thread: one at a time.
 #pragma once
 
@@ -18,22 +18,22 @@ struct sqlite3_stmt;
 
 namespace orvan {
 
-/// "The catalogue <file>: <reason>", with the error number given.
+/// Raises the error with the given number; its description names the catalogue file and the reason.
 [[noreturn]] void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, std::string_view reason);
 
 class SqliteFile {
 public:
     enum class Access { readOnly, create };
 
-    /// Waits a quarter of a second at most for another program's lock; so does each statement.
+    /// Opens the file. This and each statement wait at most a quarter of a second for another program's lock.
     SqliteFile(const std::filesystem::path& file, Access access);
 
     const std::filesystem::path& path() const { return path_; }
-    /// Statements without a result, separated by ';'.
+    /// Runs statements that yield no result, separated by ';'.
     void run(const char* sql);
-    /// As run; `goOn` is asked now and then, and false ends the statement. Returns false then.
+    /// The same as run(), but calls `goOn` now and then. When `goOn` returns false, this stops and returns false.
     bool runWhile(const char* sql, const std::function<bool()>& goOn);
-    /// The one number that a query yields.
+    /// Runs a query that yields one number, and returns it.
     std::int64_t number(const char* sql);
 
 private:
@@ -52,7 +52,7 @@ class SqliteStatement;
 
 enum class SqliteType { null, integer, real, text };
 
-/// The rows of one execution. Ends it when it goes: an unfinished query keeps the file locked.
+/// The rows that a statement yields. The destructor ends the query, because an unfinished query keeps the file locked.
 class SqliteRows {
 public:
     explicit SqliteRows(SqliteStatement& statement) : statement_(statement) {}
@@ -60,27 +60,27 @@ public:
     SqliteRows& operator=(const SqliteRows&) = delete;
     ~SqliteRows();
 
-    /// False when there is no further row.
+    /// Goes to the next row. Returns false when there is none.
     bool next();
-    /// Columns count from 0. A view is good until the next row.
+    /// The value in a column, counted from 0. A text's view is valid until the next call of next().
     std::string_view text(int column) const;
     std::int64_t integer(int column) const;
     double real(int column) const;
-    /// The type that the file holds.
+    /// The type that the value has in the file.
     SqliteType type(int column) const;
 
 private:
     SqliteStatement& statement_;
 };
 
-/// Goes before its file does.
+/// A prepared statement; to be destroyed before its SqliteFile.
 class SqliteStatement {
 public:
     SqliteStatement(SqliteFile& file, std::string_view sql);
     SqliteStatement(const SqliteStatement&) = delete;
     SqliteStatement& operator=(const SqliteStatement&) = delete;
 
-    /// Gives the parameters their values and starts; texts are not copied and must outlive the rows.
+    /// Binds the values to the parameters and starts the query. Texts are not copied and must outlive the rows.
     template <class... Values>
     SqliteRows query(const Values&... values)
     {
@@ -88,7 +88,7 @@ public:
         (bind(++index, values), ...);
         return SqliteRows(*this);
     }
-    /// Runs to its end; returns how many rows it changed.
+    /// Binds the values, runs the statement to its end and returns how many rows it changed.
     template <class... Values>
     std::int32_t execute(const Values&... values)
     {

@@ -1,7 +1,8 @@
-// equalBytes: which of 64 bytes are a given one, as a word with one bit a byte, the first byte's lowest.
+// equalBytes: compares each of 64 bytes with a given one and returns the results as a word, one bit per byte; the
+// lowest bit is that of the first byte.
 //
-// A text in which something has to be found every few bytes is walked fastest without asking each byte:
-// sixty-four answers at once, then from bit to bit. Thread: any.
+// Where something has to be found every few bytes in a text, this is faster than a loop that looks at each byte: the
+// reader gets sixty-four results at once and goes from set bit to set bit. Thread: any.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +16,7 @@ namespace orvan {
 
 constexpr std::size_t kByteBlock = 64;
 
-/// equalBytes for processors that lack the instructions it uses.
+/// Does the same as equalBytes, for processors without SSE2.
 inline std::uint64_t equalBytesByWords(const char* block, char wanted)
 {
     constexpr std::uint64_t kOnes = 0x0101010101010101;
@@ -23,7 +24,7 @@ inline std::uint64_t equalBytesByWords(const char* block, char wanted)
     constexpr std::uint64_t kGather = 0x0102040810204080; // brings the lowest bit of each byte into the highest byte
     std::uint64_t equal = 0;
     for (std::size_t i = 0; i < kByteBlock; i += 8) {
-        std::uint64_t word = 0; // the first byte lowest on every processor; compilers make one load of this
+        std::uint64_t word = 0; // its lowest byte is the first one on every processor; compilers make one load of this
         for (std::size_t byte = 0; byte < 8; ++byte) {
             word |= std::uint64_t{static_cast<unsigned char>(block[i + byte])} << 8 * byte;
         }

@@ -4,15 +4,16 @@ namespace orvan {
 
 namespace {
 
-/// What is known of 64 bytes once it is known whether an escape stands before them.
+/// The escapes among 64 bytes, and the bytes that an escape precedes: one bit per byte, the lowest for the first byte.
 struct Escapes {
     std::uint64_t escapes;
     std::uint64_t escaped;
 };
 
-/// In a run of backslashes each escape takes the next one with it, so every second is an escape, from the first on.
-/// The subtraction leaves a run that begins at an even place as it is, and of one that begins at an odd place only the
-/// bit behind its end; with the mask of the odd places either becomes every second bit, from the run's first on.
+/// `escapedFirst` is 1 where an escape precedes the first of the 64 bytes, else 0. In a run of backslashes an escape
+/// escapes the backslash after it, so the first, third, fifth ... of the run are escapes. The subtraction leaves a run
+/// that begins at an even place as it is; of a run that begins at an odd place it leaves only the bit after the run's
+/// end. The exclusive or with the mask of the odd places turns both into every second bit from the run's first one on.
 Escapes escapesAmong(std::uint64_t backslashes, std::uint64_t escapedFirst)
 {
     constexpr std::uint64_t kOddPlaces = 0xAAAAAAAAAAAAAAAA;
@@ -25,18 +26,18 @@ Escapes escapesAmong(std::uint64_t backslashes, std::uint64_t escapedFirst)
 
 FieldMarks::FieldMarks(std::string_view text, char recordSep, char fieldSep, char escape)
 {
-    const std::size_t last =
-        text.size() / kByteBlock; // index of the last block; never a full one, because it also marks the text's end
+    // The index of the last block. This block is never full (it may be empty), because it also marks the text's end.
+    const std::size_t last = text.size() / kByteBlock;
     const std::size_t rest = text.size() % kByteBlock;
-    marks_.reset(new Marks[last + 2]); // left as it is: each block is written below (make_unique would fill it first)
+    marks_.reset(new Marks[last + 2]); // not make_unique, which would fill the array with 0 before it is written below
     std::uint64_t escapedFirst = 0;
     const auto mark = [&](const char* block) {
         const std::uint64_t backslashes = equalBytes(block, escape);
         const std::uint64_t separators = equalBytes(block, recordSep) | equalBytes(block, fieldSep);
         const auto [escapes, escaped] = escapesAmong(backslashes, escapedFirst);
         escapedFirst = escapes >> (kByteBlock - 1);
-        // Marked: a separator or backslash that no escape precedes (the field ends here, or is refused), and any other
-        // character that one does precede (a needless escape).
+        // These bytes count as ends: a separator that no escape precedes, and a character that has an escape but needs
+        // none (an error that the reader reports). An escape itself is not an end.
         return Marks{((separators | backslashes) & ~escapes) ^ escaped, escapes};
     };
     for (std::size_t i = 0; i < last; ++i) {

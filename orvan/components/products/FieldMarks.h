@@ -3,8 +3,8 @@
 //     FieldMarks marks(text, '~', ':', '\\');   marks.startAt(2);
 //     end = marks.nextEnd();                     // of the field that begins at 2, then of the next one
 //
-// The whole text is marked first, 64 bytes at a time and without a branch on what they are; then a reader knows a
-// field's end before it has read the field, and the next one's, too. Takes a quarter of the text's size while it lives.
+// The constructor marks the whole text, 64 bytes at a time and without a branch that depends on them. A reader
+// therefore knows where a field ends before it reads the field. An object takes a quarter of the text's size in memory.
 // Thread: a plain value.
 #pragma once
 
@@ -22,15 +22,15 @@ class FieldMarks {
 public:
     FieldMarks(std::string_view text, char recordSep, char fieldSep, char escape);
 
-    /// The next end is that of the field that begins there: up to text.size().
+    /// Makes nextEnd continue with the field that begins at `at`, which may be text.size() at most.
     void startAt(std::size_t at)
     {
         block_ = at / kByteBlock;
         ends_ = marks_[block_].ends >> at % kByteBlock << at % kByteBlock;
     }
 
-    /// The place of the next separator without an escape before it, or of a character that needs none but has one;
-    /// after the last of them the text's end, behind which nothing may be asked for.
+    /// Returns the place of the next separator that no escape precedes, or of the next character that has an escape
+    /// but needs none, whichever comes first; after the last of them, the text's end. Not to be called after that.
     std::size_t nextEnd()
     {
         while (ends_ == 0) {
@@ -41,7 +41,8 @@ public:
         return end;
     }
 
-    /// The escapes among the `size` bytes from there on, but of 64 at most: one bit a byte, the first byte's lowest.
+    /// The escapes among the `size` bytes from `at` on, or among the first 64 of them if there are more: one bit per
+    /// byte, the lowest for the first byte.
     std::uint64_t escapes(std::size_t at, std::size_t size) const
     {
         const Marks* const block = &marks_[at / kByteBlock];
@@ -51,15 +52,15 @@ public:
     }
 
 private:
-    /// What is marked among 64 bytes: one bit per byte, the first byte's lowest.
+    /// The marks of 64 bytes: one bit per byte, the lowest for the first byte.
     struct Marks {
         std::uint64_t ends;
         std::uint64_t escapes;
     };
 
-    std::unique_ptr<Marks[]> marks_; // one element per block, and one more without any mark
+    std::unique_ptr<Marks[]> marks_; // one element per block, then an empty one, because escapes() reads two elements
     std::size_t block_ = 0;
-    std::uint64_t ends_ = 0; // the ends of the current block that have not been asked for yet
+    std::uint64_t ends_ = 0; // the ends in the current block that nextEnd has not returned yet
 };
 
 } // namespace orvan

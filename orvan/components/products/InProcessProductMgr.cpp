@@ -15,14 +15,13 @@ namespace orvan {
 
 namespace {
 
-/// Sums over the records of one list, kept by the records themselves. Shared by all records that
-/// were ever in the list, so that a record may outlive list and manager: its writes then go to a
-/// ledger that nobody reads.
+/// The rules and the total of one list. The records themselves keep the total up to date. All records that were ever
+/// in the list share the ledger, so that a record may outlive the list and the manager.
 struct Ledger {
     explicit Ledger(std::shared_ptr<const ProductRules> validation) : rules(std::move(validation)) {}
 
     std::shared_ptr<const ProductRules> rules;
-    Int128 total = 0; // of the extended prices; 128 bits hold any sum, so that it recovers from overflow
+    Int128 total = 0; // sum of the extended prices; in 128 bits it stays right even while it exceeds a Currency
 };
 
 class ListedProduct final : public ProductRecord {
@@ -72,7 +71,7 @@ public:
         return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
     }
 
-    /// Appends the record as it stands in the products string.
+    /// Appends the record in the form that it has in the products string.
     void appendLine(std::string& text, ProductsSeparators separators)
     {
         if (lineKept_) {
@@ -87,7 +86,7 @@ public:
 
     void dropLine() noexcept { lineKept_ = false; }
 
-    /// The record is no longer in the list.
+    /// Called when the record is taken out of the list.
     void leaveList() noexcept
     {
         ledger_->total -= fields_.extPrice.scaled();
@@ -97,7 +96,7 @@ public:
 private:
     static bool accepts(const std::function<bool(Currency)>& rule, Currency value) { return !rule || rule(value); }
 
-    // Writing an equal value changes nothing: leaving a box saves its field whether or not it was edited.
+    // An equal value does not drop the kept line, because leaving a box saves its field even if it was not edited.
     void set(std::string& field, std::string_view value)
     {
         if (field != value) {
@@ -146,10 +145,10 @@ private:
     Products::iterator at(std::int32_t lIndex);
 
     std::int32_t maxDataSize_;
-    std::shared_ptr<Ledger> ledger_; // of products_
+    std::shared_ptr<Ledger> ledger_; // belongs to the records in products_
     Products products_;
-    ProductsSeparators lineSeparators_; // of the texts that the records keep
-    std::size_t expectedSize_ = 0;      // of the next products string: that of the last one, in or out
+    ProductsSeparators lineSeparators_; // the separators in the lines that the records keep
+    std::size_t expectedSize_ = 0;      // the size of the last products string that was read or written
 };
 
 InProcessProductMgr::Products::iterator InProcessProductMgr::at(std::int32_t lIndex)
@@ -210,7 +209,7 @@ void InProcessProductMgr::SetProductsString(std::string_view sProducts, const st
                                             const std::string& fieldSep, bool /*flag*/)
 {
     ProductsReader reader(sProducts, productsSeparators(recordSep, fieldSep));
-    // A ledger of its own: what is still held of the old list goes on with the old one.
+    // The new list gets a new ledger; records of the old list that somebody still holds go on with the old ledger.
     auto ledger = std::make_shared<Ledger>(ledger_->rules);
     Products products;
     products.reserve(reader.expected());

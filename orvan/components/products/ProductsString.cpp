@@ -15,9 +15,9 @@ namespace orvan {
 namespace {
 
 constexpr char kEscape = '\\';
-/// Bytes that are copied at once while escapes are taken out.
+/// The number of bytes that are copied at once while escapes are removed.
 constexpr std::size_t kRunStep = 16;
-/// Four amounts of one digit, seven field separators, one record separator.
+/// The shortest record: four amounts of one digit, seven field separators and one record separator.
 constexpr std::size_t kSmallestRecord = 12;
 
 /// A field of a record: either a text or an amount.
@@ -54,19 +54,19 @@ bool isSeparator(std::string_view text)
 
 void appendEscaped(std::string& out, std::string_view text, ProductsSeparators separators)
 {
-    std::size_t begin = 0; // of the run that is not yet written
+    std::size_t begin = 0; // where the part of the text that is not written yet begins
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char c = text[at];
         if (c == separators.record || c == separators.field || c == kEscape) {
             out.append(text, begin, at - begin);
             out += kEscape;
-            begin = at; // the character itself begins the next run
+            begin = at; // the next part begins with the escaped character itself
         }
     }
     out.append(text, begin);
 }
 
-/// A decimal number that is too large for an amount, rather than no number at all.
+/// Whether the text is a decimal number that is too large for an amount, and not something else than a number.
 bool isBeyondRange(std::string_view text)
 try {
     static_cast<void>(Currency::fromText(text));
@@ -143,7 +143,7 @@ std::int32_t ProductsReader::readCount()
     }
     std::int32_t count = 0;
     const auto [stop, error] = std::from_chars(text_.data(), text_.data() + end, count);
-    // The first character tells "007", "0" and "-1", which from_chars reads as well.
+    // from_chars would also read "007", "0" and "-1"; the check of the first character refuses them.
     if (error == std::errc::invalid_argument || stop != text_.data() + end || text_[0] < '1' || text_[0] > '9') {
         refuse(ErrorNumber::invalidFileFormat, {}, "the string does not begin with the count of products");
     }
@@ -164,7 +164,7 @@ inline void ProductsReader::readText(std::size_t begin, std::size_t end, std::st
     }
 }
 
-/// A text from its runs between escapes.
+/// Reads a text that has escapes: the runs of bytes between the escapes are copied one after the other.
 void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string& value)
 {
     if (unescaped_.size() < end - begin + kRunStep) {
@@ -174,8 +174,8 @@ void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string
     char* to = unescaped_.data();
     const auto takeRun = [&](const char* runEnd) {
         const auto size = static_cast<std::size_t>(runEnd - from);
-        // Most runs are words: sixteen bytes are copied without asking how many they are, and
-        // what is too much is overwritten by what follows.
+        // Most runs are short, and copying sixteen bytes is faster than copying an exact number: the bytes beyond the
+        // run are overwritten by the next run.
         if (size <= kRunStep && text_.data() + text_.size() - from >= std::ptrdiff_t{kRunStep}) {
             std::memcpy(to, from, kRunStep);
         } else {
@@ -187,7 +187,7 @@ void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string
     for (std::size_t at = begin; at < end; at += kByteBlock) {
         for (std::uint64_t escapes = marks_.escapes(at, end - at); escapes != 0; escapes &= escapes - 1) {
             takeRun(text_.data() + at + std::countr_zero(escapes));
-            ++from; // the escape itself
+            ++from; // skips the escape itself
         }
     }
     takeRun(text_.data() + end);
@@ -200,9 +200,9 @@ inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin,
     if (const std::optional<Currency> amount = Currency::fromShortestText(digits)) {
         return *amount;
     }
-    digits = digits.substr(0, digits.find(kEscape)); // no amount has one
+    digits = digits.substr(0, digits.find(kEscape)); // an amount never has an escape
     if (begin + digits.size() == text_.size()) {
-        return {}; // cut within the amount: checkEnd says so, rather than that half a number is none
+        return {}; // the string is cut short within the amount: checkEnd reports that, which is the better message
     }
     if (isBeyondRange(digits)) {
         refuse(ErrorNumber::overflow, kFields[field].name, "the amount is beyond the range");
@@ -210,7 +210,7 @@ inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin,
     refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "this is not an amount in its shortest form");
 }
 
-/// A field that was read ends at its own separator.
+/// Raises an error where the field does not end with the separator that has to follow it.
 inline void ProductsReader::checkEnd(std::size_t field, std::size_t end) const
 {
     const bool last = field + 1 == kFieldCount;

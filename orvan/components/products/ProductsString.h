@@ -10,10 +10,10 @@
 //   and each backslash; every other byte stands for itself, so that any text is carried, line
 //   breaks, NUL and bytes that are not UTF-8 included.
 //
-// Count and closers make every string that was cut short noticeable, wherever the cut is. Each list
-// has exactly one string and no other is read ("007", "1.50", "-0", a needless backslash are
-// refused): what loads saves as the same bytes, so that a host may compare strings to see whether a
-// list has changed. Thread: any.
+// The count and the closing separators make sure that a string that was cut short is refused, wherever the cut is.
+// Each list has exactly one string, and no other form is read ("007", "1.50", "-0" and a needless backslash are
+// refused). A string that was read is therefore written again as the same bytes, and a host may compare strings to see
+// whether a list has changed. Thread: any.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -52,7 +52,7 @@ ProductsSeparators productsSeparators(std::string_view recordSep, std::string_vi
 /// Appends one record with its closing record separator.
 void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators);
 
-/// The element in front of `count` records; "" for none.
+/// The count and its closing separator, which stand in front of the records; "" for a count of 0.
 [[nodiscard]] std::string productsStringHead(std::size_t count, ProductsSeparators separators);
 
 /// Reads a products string record by record:
@@ -67,11 +67,11 @@ class ProductsReader {
 public:
     ProductsReader(std::string_view text, ProductsSeparators separators);
 
-    /// Upper limit of the records to come: the count, but never more than fit into the rest of the text.
+    /// An upper limit of the records still to be read: the count, or fewer if the rest of the text cannot hold as many.
     std::size_t expected() const noexcept;
-    /// False after the last record, once it is sure that nothing follows it.
+    /// False after the last record; raises 321 where something follows it.
     bool more() const;
-    /// Reads a record in place of what stands in `fields`.
+    /// Reads the next record into `fields`.
     void next(ProductFields& fields);
 
 private:

@@ -83,18 +83,18 @@ struct TraceFile::Sink {
         file.set_pattern("%Y-%m-%d %H:%M:%S.%e %t %v");
     }
 
-    spdlog::sinks::rotating_file_sink_st file; // TraceFile locks
+    spdlog::sinks::rotating_file_sink_st file; // the single-threaded sink, because TraceFile has its own lock
 };
 
 TraceFile::TraceFile(TraceLogOptions options) : options_(std::move(options)) {}
 
-TraceFile::~TraceFile() = default; // closes, and so flushes
+TraceFile::~TraceFile() = default; // closes the file, which also flushes it
 
 std::shared_ptr<TraceFile> TraceFile::forFile(TraceLogOptions options)
 {
     static std::mutex mutex;
     static std::map<fs::path, std::weak_ptr<TraceFile>> files;
-    std::error_code error; // a name that cannot be made absolute is used as it is
+    std::error_code error; // ignored: a name that cannot be made absolute is used as it is
     const fs::path absolute = fs::absolute(options.file, error);
     if (!error && !options.file.empty()) {
         options.file = absolute.lexically_normal(); // the working directory may change before it is opened
@@ -127,7 +127,7 @@ void TraceFile::write(std::string_view line, bool flushNow) noexcept
                 failure = currentError().text();
             }
         }
-        // Without the lock: the host's function may trace.
+        // The lock is not held here, because the host's function may write to the trace.
         const std::string message = "Orvan writes no trace to \"" + options_.file.string() + "\": " + failure;
         options_.report ? options_.report(message) : reportOnStandardError(message);
     } catch (...) {
@@ -157,7 +157,7 @@ void TraceFile::writeLocked(std::string_view line, bool flushNow)
 fs::path defaultTraceFile()
 {
     fs::path directory = environment("XDG_STATE_HOME");
-    if (!directory.is_absolute()) { // the XDG base directory rules: a relative path is to be ignored
+    if (!directory.is_absolute()) { // the XDG base directory rules say that a relative path is to be ignored
         directory = environment("HOME");
         if (!directory.is_absolute()) {
             return {};

@@ -3,13 +3,13 @@
 // A file that cannot be written never fails the host: the first failure, at opening or later (disk
 // full, no rights), is reported once; from then on nothing is written any more.
 //
-// It is opened by the first line. Beyond the largest size it is rotated: trace.log becomes
-// trace.1.log, trace.1.log becomes trace.2.log and so on; the oldest is removed. Beside a file with
-// the default name (see defaultTraceFile) the opening removes such files of processes that are gone
-// when they are older than seven days.
+// The first line opens the file. Before the file would exceed the largest size it is rotated: trace.log becomes
+// trace.1.log, trace.1.log becomes trace.2.log and so on; the oldest is removed. Opening a file with the default name
+// (see defaultTraceFile) also removes the files with such names that are older than seven days and whose process no
+// longer runs.
 //
-// Lines wait in the stream's buffer (4 KiB or so: what a crash can cost at most) until the buffer is
-// full, a line asks to be flushed, or a second has passed at the next line. Thread: any; locked.
+// Lines wait in the stream's buffer until the buffer is full, a line asks to be flushed, or a line comes a second or
+// more after the last flush. A crash can lose what is in the buffer: about 4 KiB. Thread: any; a lock guards the file.
 #pragma once
 
 #include "orvan/components/trace/TraceLog.h"
@@ -29,10 +29,10 @@ public:
     TraceFile(const TraceFile&) = delete;
     TraceFile& operator=(const TraceFile&) = delete;
 
-    /// The process's one object for that file, made with these options when there is none.
+    /// Returns the process's one object for that file; makes it with these options when there is none yet.
     static std::shared_ptr<TraceFile> forFile(TraceLogOptions options);
 
-    /// Adds time and thread. The line must not contain a line break.
+    /// Writes the line with the time and the thread in front of it. The line must not contain a line break.
     void write(std::string_view line, bool flushNow) noexcept;
 
 private:

@@ -15,18 +15,18 @@ namespace orvan {
 
 namespace {
 
-constexpr std::size_t kMostCharacters = 2000; // of one text in a line
+constexpr std::size_t kMostCharacters = 2000; // a longer text is cut when it is written into a line
 
 /// The procedures of a thread that have been entered and not left. See the head of TraceLog.h.
 class OpenProcedures {
 public:
     std::size_t depth() const noexcept { return depth_; }
 
-    /// Returns the depth that the procedure stands at.
+    /// Returns the depth of the procedure that is entered.
     std::size_t enter(std::string_view label)
     {
         const std::size_t at = depth_ == labels_.size() ? 0 : depth_;
-        labels_[at] = label; // into the slot's own memory: no allocation after the first time
+        labels_[at] = label; // reuses the element's memory, so that nothing is allocated after the first few calls
         depth_ = at + 1;
         known_ = depth_;
         return at;
@@ -34,8 +34,8 @@ public:
 
     void exit(std::string_view label)
     {
-        // The open ones first: had an error closed the inner of two equal labels, looking among the
-        // closed ones first would leave the outer open for good.
+        // The open procedures are searched first. If an error has closed the inner of two procedures with the same
+        // label, this exit is the outer one's, and searching the closed ones first would leave the outer open for good.
         for (std::size_t at = depth_; at > 0; --at) {
             if (labels_[at - 1] == label) {
                 depth_ = at - 1;
@@ -44,7 +44,7 @@ public:
             }
         }
         for (std::size_t at = depth_; at < known_; ++at) {
-            if (labels_[at] == label) { // it went on after its error: what is around it never ended
+            if (labels_[at] == label) { // this procedure went on after its error, so the ones around it never ended
                 depth_ = at;
                 known_ = at;
                 return;
@@ -62,7 +62,7 @@ public:
 private:
     std::array<std::string, 64> labels_;
     std::size_t depth_ = 0;
-    std::size_t known_ = 0; // labels from depth_ up to here were closed by errors, nothing came since
+    std::size_t known_ = 0; // the procedures from depth_ up to here were closed by errors, and none was entered since
 };
 
 void appendOnOneLine(std::string& line, std::string_view text)
@@ -105,8 +105,8 @@ private:
     ui::MessageBox& messageBox_;
     OpenProcedures open_;
     std::optional<RuntimeError> lastError_;
-    bool passingUp_ = false; // the last call was TraceError: the next one may record the same error
-    std::string line_;       // reused, so that a call allocates nothing
+    bool passingUp_ = false; // the last call was TraceError, so that another one may be about the same error
+    std::string line_;       // a member, so that its capacity is reused and a call allocates nothing
 };
 
 void TraceLog::TraceEnter(std::string_view label)
@@ -130,15 +130,15 @@ void TraceLog::TraceError(std::string_view sText)
 {
     if (std::current_exception()) {
         RuntimeError error = currentError();
-        // Passed from procedure to procedure an error keeps its number only. The user is better
-        // served by the text it began with.
+        // When an error is passed from procedure to procedure, only its number remains. The first error is kept,
+        // because its text tells the user more.
         const bool sameError = passingUp_ && lastError_ && error.number() == lastError_->number() &&
                                error.source().empty() && error.description().empty();
         if (!sameError) {
             lastError_ = std::move(error);
         }
     } else {
-        lastError_.reset(); // no error is being handled: there is none to record
+        lastError_.reset(); // no exception is being handled, so there is no error to record
     }
     passingUp_ = true;
     open_.fail();

@@ -14,15 +14,15 @@
 //   and text, followed by "[source]" and the caller's extra text where there are any. Control
 //   characters are written as \xNN, very long texts are cut.
 //
-// The depth is the number of procedures open in the thread, as far as the calls tell: an exit closes
-// the innermost open procedure of that label and all within it; an error closes the innermost open
-// procedure, because a failing procedure reports no exit. Some procedures do: those that go on after
-// an error. Their exit reopens what surrounds them, when it is still known. An exit that fits
-// nothing changes nothing. With 64 procedures open (left without an exit, on purpose or not: real
-// chains are a third of that), the count starts anew.
+// The depth is the number of procedures that are open in the thread. It is derived from the calls: an exit closes the
+// innermost open procedure with that label and all procedures within it; an error closes the innermost open procedure,
+// because a procedure that fails usually reports no exit. A procedure that goes on after an error does report one; its
+// exit then reopens the procedures around it, if they are still known. An exit whose label no known procedure has
+// changes nothing. Some procedures never report an exit, on purpose or not, so the depth could grow without end:
+// beyond 64, about three times the depth of real calls, it starts again at 0.
 //
-// Errors, shown errors and the end of an outermost procedure are flushed at once; other lines at the
-// latest with the next line a second later. A crash can cost the last 4 KiB of the running event.
+// Errors, shown errors and the end of an outermost procedure are flushed at once. Other lines are flushed at the
+// latest by a line that comes a second later. A crash can lose up to 4 KiB of lines that were not flushed.
 //
 // No operation fails because of the file: see TraceLogOptions::report. ShowLastError passes on what
 // the message box throws. Thread: each object belongs to the thread that created it; the factory may
@@ -41,8 +41,8 @@
 
 namespace orvan {
 
-/// What AppErrorNumber answers: the first number free to an application, 513 above the base from
-/// which components number their own errors.
+/// What AppErrorNumber returns: the first number that an application may use for its own errors, which is 513 above
+/// the base from which components number theirs.
 inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
 /// One file per process: "orvan/trace-<pid>.log" in $XDG_STATE_HOME, or in ~/.local/state where that is
@@ -51,15 +51,15 @@ inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
 struct TraceLogOptions {
     std::filesystem::path file = defaultTraceFile();
-    std::size_t maxFileSize = std::size_t{4} * 1024 * 1024; ///< Bytes; the file is rotated before it would be larger.
-    std::size_t maxFiles = 3;                               ///< Rotated files that are kept beside the current one.
-    /// Told once when the file cannot be written (any more); the trace goes on without it. Called in
-    /// the tracing thread. Empty: one line on the standard error stream.
+    std::size_t maxFileSize = std::size_t{4} * 1024 * 1024; ///< In bytes; rotation keeps the file below this.
+    std::size_t maxFiles = 3;                               ///< How many rotated files are kept beside the current one.
+    /// Called once, in the tracing thread, when the file cannot be written (any more); the trace goes on without the
+    /// file. If this is empty, one line is written to the standard error stream instead.
     std::function<void(std::string_view)> report = {};
 };
 
-/// What a component factory calls to create a trace object. The message box must outlive the last
-/// ShowLastError. Where several factories name one file, the first one's options count.
+/// Returns the factory that creates trace objects. The message box must outlive the last call of ShowLastError. Where
+/// several factories name one file, the first one's options count.
 [[nodiscard]] std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options,
                                                                               ui::MessageBox& messageBox);
 
