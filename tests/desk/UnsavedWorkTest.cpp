@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -65,7 +66,14 @@ protected:
     {
         QTest::keyClicks(window.findChild<QLineEdit*>(), QLatin1String(text));
     }
-    static void save(MainWindow& window) { QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier); }
+    static void save(MainWindow& window)
+    {
+        for (QAction* const action : window.findChildren<QAction*>()) {
+            if (action->shortcut() == QKeySequence(QKeySequence::Save)) {
+                action->trigger();
+            }
+        }
+    }
 
     test::TemporaryFolder folder;
     std::string asked;
