@@ -1,5 +1,6 @@
 // Moving through the list, adding and deleting: the six record buttons and the tool bar.
 
+#include "orvan/core/Deviations.h"
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
 #include "orvan/ui/ComboBox.h"
@@ -112,6 +113,9 @@ void frmProduct::PrvDeleteCurrentProduct()
     tracePropagate("KTVOrvanProduct.frmProduct::PrvDeleteCurrentProduct", [&] {
         heldProduct.reset();
         productMgr().DeleteProduct(currentIndex_);
+        if (differs(platform_, Deviation::deletingMarksDirty)) {
+            dirty_ = true; // before the form is unloaded, so that closing asks
+        }
         const std::int32_t count = productMgr().GetProductCount();
         if (count != 0) {
             bool found = false;
