@@ -1,5 +1,6 @@
 // An editing session: a product into the controls and back, saving, giving up, closing.
 
+#include "orvan/core/Deviations.h"
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
 #include "orvan/ui/Form.h"
@@ -124,7 +125,9 @@ void frmProduct::cmdSaveClose_Click()
             bool bOk = false;
             PrvSaveCurrentProduct(bOk);
             if (bOk) {
-                form_->unload(); // asks once more: the session stays dirty, so that the caller learns of the change
+                saveConfirmed_ = saveConfirmed_ || differs(platform_, Deviation::savedSessionCloses);
+                // Classic asks once more: the session stays dirty, so that the caller learns of the change.
+                form_->unload();
             }
         },
         [&] {
