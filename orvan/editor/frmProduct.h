@@ -131,8 +131,8 @@ private:
     bool dirty_ = false;
     bool dialogError_ = false;
     bool closingOnError_ = false; ///< PrvCloseOnError is running.
-    /// The user answered Yes to saving once. From then on closing asks nothing, even where that save failed
-    /// because the list exceeded the size limit: the second attempt to close then closes without a save.
+    /// Closing asks nothing any more: the user answered Yes to saving once. In the classic way that holds also where
+    /// that save failed because of the size limit: the second attempt to close then closes without a save.
     bool saveConfirmed_ = false;
     ScopedHandlers handlers_; ///< Last, so that no event comes in while the other members are destroyed.
 };

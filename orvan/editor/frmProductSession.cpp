@@ -74,7 +74,7 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
             bool bOk = false;
             PrvSaveCurrentProduct(bOk);
             bSaveFailed = !bOk;
-            saveConfirmed_ = true;
+            saveConfirmed_ = bOk || !differs(platform_, Deviation::failedSaveAsksAgain);
         } else if (answer == ui::MessageResult::no) {
             productMgr().SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
             PrvSetDirty(false);
