@@ -67,6 +67,7 @@ public:
     LocaleStrings locale; ///< Read once a session.
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
     bool initializing = false;
+    bool showingProduct = false; ///< The program writes a product into the boxes.
 
 private:
     template <class T>

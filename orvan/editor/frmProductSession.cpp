@@ -21,6 +21,7 @@ void frmProduct::PrvLoadProductInfo()
     tracePropagate("KTVOrvanProduct.frmProduct::PrvLoadProductInfo", [&] {
         heldProduct = productMgr().GetProduct(currentIndex_);
         setProductShown(true);
+        lookUp_.forgetFormerText();
         fields_.showProduct();
     });
 }

@@ -279,6 +279,7 @@ void FieldEntry::calcExtPrice()
 void FieldEntry::showProduct()
 {
     const auto kept = session_.heldProduct; // setting a box's text raises its change event
+    const ScopedFlag showing(session_.showingProduct);
     const ProductRecord& product = session_.currentProduct();
     txtNote_.box.setMaxLength(kNote.mostShown);
     showText(cboProductName_, product);

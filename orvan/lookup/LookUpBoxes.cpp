@@ -1,6 +1,7 @@
 #include "orvan/lookup/LookUpBoxes.h"
 
 #include "orvan/base/Text.h"
+#include "orvan/core/Deviations.h"
 #include "orvan/lookup/BusyPointer.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
@@ -109,6 +110,9 @@ void LookUpBoxes::changed(const Box& box)
     session_.handleEvent(box.kind.changeLabel, [&] {
         if (session_.initializing) {
             return Leaving::withoutExit; // deliberate: while a product is loaded, the trace shows entries alone
+        }
+        if (session_.showingProduct && differs(session_.platform(), Deviation::onlyUserTextIsLookedUp)) {
+            return Leaving::withoutExit;
         }
         if (box.kind.leftClearedFirst) {
             state_.*box.kind.left = false;
@@ -222,6 +226,16 @@ bool LookUpBoxes::wantsNote()
                                                   .buttons = ui::MessageButtons::yesNo,
                                                   .icon = ui::MessageIcon::question,
                                                   .ownerWindow = session_.window()}) == ui::MessageResult::yes;
+}
+
+void LookUpBoxes::forgetFormerText()
+{
+    if (differs(session_.platform(), Deviation::onlyUserTextIsLookedUp)) {
+        for (const Box* box : {&productName_, &partNum_}) {
+            box->timer.setEnabled(false);
+            state_.*box->kind.left = true;
+        }
+    }
 }
 
 void LookUpBoxes::finishPendingLookUps()

@@ -43,6 +43,8 @@ public:
 
     /// The session's set-up: no row is pending.
     void forgetPendingRow() { state_.lLkpListIdx = -1; }
+    /// A product is about to be shown: what was typed before belongs to the former text of the boxes.
+    void forgetFormerText();
     /// They fill the lists once, on an empty form, and raise what the catalogue raises.
     void PrvFillProductNameList() { fillList(productName_); }
     void PrvFillPartNumList() { fillList(partNum_); }
