@@ -140,7 +140,7 @@ void LookUpBoxes::clicked(const Box& box)
 {
     session_.handleEvent(box.kind.clickLabel, [&] {
         if (box.combo.listIndex() >= 0) {
-            state_.lLkpListIdx = box.combo.listIndex();
+            makePending(box, box.combo.listIndex());
             state_.*box.kind.wanted = true;
             session_.PrvSetDirty(true);
         }
@@ -165,6 +165,9 @@ void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 void LookUpBoxes::lostFocus(const Box& box)
 {
     state_.*box.kind.left = true;
+    if (!pendingRowIsFor(box)) {
+        forgetPendingRow();
+    }
     if (state_.lLkpListIdx < 0 || (box.kind.leavingAsksWanted && !(state_.*box.kind.wanted))) {
         return;
     }
@@ -177,6 +180,17 @@ void LookUpBoxes::lostFocus(const Box& box)
         applyEntry(box);
     }
     state_.bLkpBusy = false;
+}
+
+void LookUpBoxes::makePending(const Box& box, std::int32_t row)
+{
+    state_.lLkpListIdx = row;
+    pendingBox_ = &box;
+}
+
+bool LookUpBoxes::pendingRowIsFor(const Box& box) const
+{
+    return pendingBox_ == &box || !differs(session_.platform(), Deviation::pendingRowBelongsToItsBox);
 }
 
 // While the note question waits, the form may be unloaded and the session end: the steps that need the form or
@@ -236,6 +250,9 @@ void LookUpBoxes::forgetFormerText()
             state_.*box->kind.left = true;
         }
     }
+    if (differs(session_.platform(), Deviation::pendingRowBelongsToItsBox)) {
+        forgetPendingRow();
+    }
 }
 
 void LookUpBoxes::finishPendingLookUps()
@@ -285,7 +302,7 @@ void LookUpBoxes::showMatches(const Box& box, const std::vector<LookUpRow>& rows
     combo.setText(best);
     combo.setSelectionStart(typed);
     combo.setSelectionLength(length(best) - typed);
-    state_.lLkpListIdx = 0;
+    makePending(box, 0);
     addRows(box, rows);
     if (box.kind.paintsRefilled) {
         combo.refresh();

@@ -77,6 +77,9 @@ private:
     void lostFocus(const Box& box);                         ///< cboPartNum_LostFocus, cboProductName_LostFocus
     void timerFired(const Box& box);                        ///< tmrPartNum_Timer, tmrProdLkp_Timer
 
+    void makePending(const Box& box, std::int32_t row);
+    /// Whether leaving this box may apply the pending row, where there is one.
+    [[nodiscard]] bool pendingRowIsFor(const Box& box) const;
     /// Copies the catalogue's current entry into the current product; each failing step is skipped.
     void applyEntry(const Box& box);
     /// Whether the user wants the catalogue's note in place of the product's own.
@@ -98,6 +101,7 @@ private:
     Box partNum_;
     Box productName_;
     State state_;
+    const Box* pendingBox_ = nullptr; ///< The box that made the pending row.
     ScopedHandlers handlers_;
 };
 
