@@ -8,6 +8,8 @@
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/Timer.h"
 
+#include <optional>
+
 namespace orvan {
 
 namespace {
@@ -267,11 +269,15 @@ void LookUpBoxes::finishPendingLookUps()
 
 // --- the search -------------------------------------------------------------------------------------
 
-// The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. After an
-// error it stays set, because the dialog closes.
+// The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. In the
+// classic way an error leaves it set, because the dialog closes; but its user may keep the dialog open.
 void LookUpBoxes::timerFired(const Box& box)
 {
     session_.handleEvent(box.kind.timerLabel, [&] {
+        std::optional<ScopedFlag> busy;
+        if (differs(session_.platform(), Deviation::lookUpGoesOnAfterAnError)) {
+            busy.emplace(state_.bLkpBusy);
+        }
         state_.bLkpBusy = true;
         box.timer.setEnabled(false);
         BusyPointer pointer(session_.platform().pointer());
