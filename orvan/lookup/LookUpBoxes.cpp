@@ -8,6 +8,7 @@
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/Timer.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace orvan {
@@ -20,6 +21,18 @@ constexpr std::int16_t kEnter = 13;
 std::int32_t length(const std::string& text)
 {
     return static_cast<std::int32_t>(characterCount(text));
+}
+
+char folded(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Whether the row's text begins with what was typed, ASCII letters of either case alike; nothing typed begins none.
+bool beginsWith(std::string_view row, std::string_view typed)
+{
+    return !typed.empty() && typed.size() <= row.size() &&
+           std::equal(typed.begin(), typed.end(), row.begin(), [](char a, char b) { return folded(a) == folded(b); });
 }
 
 } // namespace
@@ -192,7 +205,13 @@ void LookUpBoxes::makePending(const Box& box, std::int32_t row)
 
 bool LookUpBoxes::pendingRowIsFor(const Box& box) const
 {
-    return pendingBox_ == &box || !differs(session_.platform(), Deviation::pendingRowBelongsToItsBox);
+    const ui::Platform& platform = session_.platform();
+    if (pendingBox_ != &box && differs(platform, Deviation::pendingRowBelongsToItsBox)) {
+        return false;
+    }
+    const std::int32_t row = state_.lLkpListIdx;
+    return row < 0 || !differs(platform, Deviation::pendingRowMatchesTheText) ||
+           (row < box.combo.count() && beginsWith(box.combo.itemText(row), box.combo.text()));
 }
 
 // While the note question waits, the form may be unloaded and the session end: the steps that need the form or

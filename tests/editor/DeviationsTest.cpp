@@ -1,11 +1,8 @@
-#include "orvan/components/catalogue/Catalogue.h"
-#include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/editor/frmProduct.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Rows.h"
-#include "tests/support/TemporaryFolder.h"
 
-#include <fstream>
+#include <algorithm>
 #include <sstream>
 
 namespace orvan::test {
@@ -24,17 +21,55 @@ struct Row {
 
 const std::string kDesk = "1~Desk::D-1:489:2:0:978:old~";
 
+/// A catalogue in memory, whose search by name fails while it is told to.
+struct SmallCatalogue final : ProductLkpMgr {
+    struct Entry {
+        std::int64_t id;
+        std::string name, key, partNum;
+        std::int64_t price;
+    };
+    explicit SmallCatalogue(const bool& failing) : fails(failing) {}
+
+    LookUpList list(std::string Entry::*text, std::string_view typed, bool all) const
+    {
+        LookUpList rows;
+        for (const Entry& entry : entries) {
+            if (all || (!typed.empty() && (entry.*text).starts_with(typed))) {
+                rows = rows ? rows : LookUpList(std::in_place);
+                rows->push_back({entry.id, entry.*text});
+            }
+        }
+        return rows;
+    }
+    LookUpList GetPartNumList(std::string_view typed, bool all) override { return list(&Entry::partNum, typed, all); }
+    LookUpList GetProductNameList(std::string_view typed, bool all) override
+    {
+        return fails ? throw RuntimeError(1000) : list(&Entry::name, typed, all);
+    }
+    void SeekItem(std::int32_t itemId) override
+    {
+        current = std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.id == itemId; });
+    }
+    bool IsEOF() override { return current == entries.end(); }
+    LookUpValue GetFieldValue(std::int32_t column) override
+    {
+        const LookUpValue values[] = {current->name, current->key, current->partNum, current->price, ""};
+        return values[column - 3];
+    }
+
+    const bool& fails;
+    const std::vector<Entry> entries{
+        {11, "Ab", "K1", "AB", 5}, {12, "Abacus", "K2", "AB-1", 10}, {13, "Saw", "K3", "400", 20}};
+    std::vector<Entry>::const_iterator current = entries.end();
+};
+
 /// The editor with a catalogue, on the list's first product.
 class DeviationsTest : public EditorFixture {
 public:
     DeviationsTest()
     {
-        std::ofstream(folder / "list.csv") << "id,part number,name,price,key,note\n"
-                                              "11,AB,ab,5,K1,\n12,ABC-1,abc desk,10,K2,\n13,400,saw,20,K3,\n";
-        importCatalogue(folder / "list.csv", folder / "goods.catalogue");
-        registry.registerClass(std::string(kProductLkpMgrClassName), [this]() -> std::shared_ptr<ui::Component> {
-            return std::make_shared<SqliteCatalogue>(CatalogueOptions{.file = folder / "goods.catalogue"});
-        });
+        registry.registerClass(std::string(kProductLkpMgrClassName),
+                               [this] { return std::make_shared<SmallCatalogue>(catalogueFails_); });
         platform.messageBox().onWaiting = [this](const ui::Message& message) {
             platform.messageBox().answer(message.buttons == ui::MessageButtons::ok      ? ui::MessageResult::ok
                                          : message.buttons == ui::MessageButtons::yesNo ? ui::MessageResult::yes
@@ -43,9 +78,10 @@ public:
         };
     }
 
-    /// "cmdNext" clicks, "txtQty" and "cboPartNum" put the focus there, "txtQty=3" types, "+500" lets time pass,
-    /// "Yes", "No" and "Cancel" answer the question whether to save from now on, "limit" makes the list too large,
-    /// "fail2" lets the manager fail at its second call from now.
+    /// "cmdNext" clicks, "ID_GotoNext" chooses from the menu, "txtQty" and "cboPartNum" put the focus there, "txtQty=3"
+    /// types, "+500" lets time pass, "Yes", "No" and "Cancel" answer the question whether to save from now on, "limit"
+    /// makes the list too large, "broken" and "mended" are the catalogue, "fail2" lets the manager fail at its second
+    /// call from now.
     void act(HeadlessForm& form, const std::string& word)
     {
         const std::size_t equals = word.find('=');
@@ -59,8 +95,12 @@ public:
             faults.maxDataSize = 1;
         } else if (word.starts_with("fail")) {
             faults.failAtCall = word.back() - '0';
+        } else if (word == "broken" || word == "mended") {
+            catalogueFails_ = word == "broken";
         } else if (word == "close") {
             form.clickCloseBox();
+        } else if (word.starts_with("ID_")) {
+            form.control<headless::HeadlessToolBar>("atbMain").choose(word);
         } else if (word.starts_with("cmd")) {
             form.button(word).click();
         } else if (equals == std::string::npos) {
@@ -112,9 +152,8 @@ public:
         });
     }
 
-    TemporaryFolder folder;
-
 private:
+    bool catalogueFails_ = false;
     ui::MessageResult answer_ = ui::MessageResult::yes;
 };
 
@@ -127,6 +166,33 @@ TEST_F(DeviationsTest, Closing)
          " closed dirty 1~Desk::D-1:489:2:0:978:nold~"},
         {"failedSaveAsksAgain", kDesk, "txtNote=n limit close Cancel close", "ms closed dirty 1~Desk::D-1:489:2:0:978:nold~",
          "msm open dirty 1~Desk::D-1:489:2:0:978:nold~"},
+    };
+    // clang-format on
+    compare(rows);
+}
+
+TEST_F(DeviationsTest, LookingUp)
+{
+    const std::string empty = "1~:::489:2:0:978:~";
+    // clang-format off
+    const Row rows[] = {
+        {"onlyUserTextIsLookedUp: after Delete", "2~Desk::D-1:489:2:0:978:~Ab::X:7:1:0:7:~", "cmdDelete cmdSaveClose",
+         "dm closed dirty 1~Ab:K1:AB:5:1:0:7:~",
+         "d closed dirty 1~Ab::X:7:1:0:7:~"},
+        {"onlyUserTextIsLookedUp: the next product", "2~:::489:2:0:978:~Saw::AB-1:7:1:0:7:~",
+         "cboPartNum=A cmdNext +500 cboPartNum txtQty", " open dirty 2~::A:489:2:0:978:~Abacus:K2:AB-1:10:1:0:10:~",
+         " open dirty 2~::A:489:2:0:978:~Saw::AB-1:7:1:0:7:~"},
+        {"pendingRowBelongsToItsBox: the other box is left", "1~::A:489:2:0:978:~",
+         "cboProductName=A cboPartNum +500 txtQty", " open dirty 1~Ab:K1:AB:5:2:0:10:~",
+         " open dirty 1~::A:489:2:0:978:~"},
+        {"pendingRowBelongsToItsBox: another product", "2~:::489:2:0:978:~Lamp::A:7:1:0:7:~",
+         "cboPartNum=A +500 ID_GotoNext txtQty", " open dirty 2~::AB:489:2:0:978:~Ab:K1:AB:5:1:0:5:~",
+         " open dirty 2~::AB:489:2:0:978:~Lamp::A:7:1:0:7:~"},
+        {"pendingRowMatchesTheText", empty, "cboProductName=A +500 cboProductName=X txtQty", " open dirty 1~AX:K1:AB:5:2:0:10:~",
+         " open dirty 1~:::489:2:0:978:~"},
+        {"lookUpGoesOnAfterAnError", empty, "broken cboProductName=A Cancel +500 mended cboProductName=b +500 txtQty",
+         "em open dirty 1~:::489:2:0:978:~",
+         "em open dirty 1~Ab:K1:AB:5:2:0:10:~"},
     };
     // clang-format on
     compare(rows);
