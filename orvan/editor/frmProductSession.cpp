@@ -51,6 +51,14 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                 raiseLastError();
             }
             bOk = false;
+            const RuntimeError error = currentError();
+            if (error.number() != ErrorNumber::outOfStringSpace &&
+                differs(platform_, Deviation::sizeCheckTellsOtherErrors)) {
+                show({.text = std::string(error.text()),
+                      .buttons = ui::MessageButtons::ok,
+                      .icon = ui::MessageIcon::exclamation});
+                return;
+            }
             const std::int32_t limit = productMgr().GetMaxDataSize();
             std::string text = "The total size of the product data for an IBO has exceeded the maximum limit of ";
             text.append(std::to_string(limit)).append(" bytes. ");
