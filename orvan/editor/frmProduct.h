@@ -67,6 +67,8 @@ private:
 
     void PrvSaveCurrentProduct(bool& bOk);
     [[nodiscard]] ui::MessageResult PrvCancelEdit(bool& bSaveFailed);
+    /// Puts the list back as it was when the session began. False: that failed, and the user has been told.
+    [[nodiscard]] bool revert();
     void cmdSaveClose_Click();
     void cmdCancel_Click();
     bool Form_QueryUnload(ui::UnloadMode mode);

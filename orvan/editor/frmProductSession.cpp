@@ -85,11 +85,33 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
             bSaveFailed = !bOk;
             saveConfirmed_ = bOk || !differs(platform_, Deviation::failedSaveAsksAgain);
         } else if (answer == ui::MessageResult::no) {
-            productMgr().SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
+            if (!revert()) {
+                return ui::MessageResult::cancel;
+            }
             PrvSetDirty(false);
         }
         return answer;
     });
+}
+
+bool frmProduct::revert()
+{
+    const auto restore = [&] {
+        productMgr().SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
+        return true;
+    };
+    if (!differs(platform_, Deviation::failedRevertKeepsTheForm)) {
+        return restore();
+    }
+    bool restored = false;
+    const ResumeNext<true> step;
+    step([&] { restored = restore(); });
+    if (!restored) {
+        show({.text = "Could not undo the changes due to an error. The dialog stays open.",
+              .buttons = ui::MessageButtons::ok,
+              .icon = ui::MessageIcon::critical});
+    }
+    return restored;
 }
 
 void frmProduct::PrvSetDirty(bool bDirty)

@@ -166,6 +166,12 @@ TEST_F(DeviationsTest, Closing)
          " closed dirty 1~Desk::D-1:489:2:0:978:nold~"},
         {"failedSaveAsksAgain", kDesk, "txtNote=n limit close Cancel close", "ms closed dirty 1~Desk::D-1:489:2:0:978:nold~",
          "msm open dirty 1~Desk::D-1:489:2:0:978:nold~"},
+        {"sizeCheckTellsOtherErrors", kDesk, "fail1 cmdSaveClose", "s open 1~Desk::D-1:489:2:0:978:old~",
+         "f open 1~Desk::D-1:489:2:0:978:old~"},
+        {"failedRevertKeepsTheForm: Cancel", kDesk, "txtNote=n No fail1 cmdCancel", "mem closed 1~Desk::D-1:489:2:0:978:old~",
+         "mu open dirty 1~Desk::D-1:489:2:0:978:nold~"},
+        {"failedRevertKeepsTheForm: the close box", kDesk, "txtNote=n No fail1 close", "m closed dirty 1~Desk::D-1:489:2:0:978:nold~",
+         "mu open dirty 1~Desk::D-1:489:2:0:978:nold~"},
     };
     // clang-format on
     compare(rows);
