@@ -46,6 +46,8 @@ public:
     virtual void PrvSetDirty(bool bDirty) = 0;
     /// Shows the current product in all controls.
     virtual void PrvLoadProductInfo() = 0;
+    /// A catalogue entry has changed the current product's unit price: the extended price follows.
+    virtual void priceAnew() {}
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 

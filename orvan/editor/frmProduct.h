@@ -59,6 +59,7 @@ private:
     std::int32_t window() override;
     void PrvSetDirty(bool bDirty) override;
     void PrvLoadProductInfo() override;
+    void priceAnew() override;
     void PrvCloseOnError() override;
 
     void takeEvents();

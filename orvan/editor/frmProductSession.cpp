@@ -26,6 +26,13 @@ void frmProduct::PrvLoadProductInfo()
     });
 }
 
+void frmProduct::priceAnew()
+{
+    const auto kept = heldProduct;
+    fields_.PrvCalcExtPrice();
+    fields_.PrvShowExtPriceAndTotal();
+}
+
 void frmProduct::PrvSaveCurrentProduct(bool& bOk)
 {
     bool checkingSize = false;

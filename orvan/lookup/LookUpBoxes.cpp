@@ -251,6 +251,9 @@ void LookUpBoxes::applyEntry(const Box& box)
         state_.*box.kind.wanted = false;
     }
     step([&] { session_.PrvLoadProductInfo(); });
+    if (differs(session_.platform(), Deviation::appliedNameIsPricedAnew)) {
+        step([&] { session_.priceAnew(); });
+    }
 }
 
 bool LookUpBoxes::wantsNote()
