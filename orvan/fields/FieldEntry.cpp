@@ -1,6 +1,7 @@
 #include "orvan/fields/FieldEntry.h"
 
 #include "orvan/base/Text.h"
+#include "orvan/core/Deviations.h"
 #include "orvan/core/modConversion.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
@@ -141,7 +142,7 @@ FieldEntry::FieldEntry(EditorSession& session, ui::Surface& surface)
     handlers_.set(txtNote_.box.onChange, [this] { txtNote_Change(); });
 }
 
-void FieldEntry::takeEvents(const AmountBox& amount)
+void FieldEntry::takeEvents(AmountBox& amount)
 {
     handlers_.set(amount.box.onKeyPress, [this, &amount](std::int16_t& KeyAscii) { keyPressed(amount, KeyAscii); });
     handlers_.set(amount.box.onGotFocus, [this, &amount] { gotFocus(amount); });
@@ -168,7 +169,7 @@ void FieldEntry::keyPressed(const AmountBox& amount, std::int16_t& KeyAscii)
     });
 }
 
-void FieldEntry::gotFocus(const AmountBox& amount)
+void FieldEntry::gotFocus(AmountBox& amount)
 {
     session_.handleEvent(amount.field.gotFocusLabel, [&] {
         const ScopedFlag rewriting(session_.initializing); // off afterwards, whatever it was before
@@ -178,24 +179,29 @@ void FieldEntry::gotFocus(const AmountBox& amount)
     });
 }
 
-void FieldEntry::lostFocus(const AmountBox& amount)
+void FieldEntry::lostFocus(AmountBox& amount)
 {
     session_.handleEvent(amount.field.lostFocusLabel, [&] {
         const auto kept = session_.heldProduct;
+        const bool unvisited = keepsUnvisited(amount);
         saveAmount(amount);
         {
             const ScopedFlag rewriting(session_.initializing);
             showAmount(amount, session_.currentProduct(), AmountForm::display);
         }
-        PrvCalcExtPrice();
+        if (!unvisited) {
+            PrvCalcExtPrice();
+        }
         PrvShowExtPriceAndTotal();
     });
 }
 
-void FieldEntry::changed(const AmountBox& amount)
+void FieldEntry::changed(AmountBox& amount)
 {
     session_.handleEvent(amount.field.changeLabel, [&] {
-        if (!session_.initializing) {
+        const bool shows = session_.showingProduct && differs(session_.platform(), Deviation::openingChangesNothing);
+        if (!session_.initializing && !shows) {
+            amount.edited = true;
             const auto kept = session_.heldProduct;
             saveAmount(amount);
             PrvCalcExtPrice();
@@ -214,21 +220,39 @@ void FieldEntry::txtNote_Change()
     });
 }
 
+std::string_view FieldEntry::shownPart(const TextField& field, const std::string& value)
+{
+    return firstCharacters(value, static_cast<std::size_t>(field.mostShown));
+}
+
 void FieldEntry::saveText(const TextFieldBox& text)
 {
     tracePropagate(text.field.saveLabel, [&] {
         ProductRecord& product = session_.currentProduct();
-        if ((product.*text.field.value)() != text.box.text()) {
+        const std::string value = (product.*text.field.value)();
+        const bool asShown = text.box.text() == shownPart(text.field, value);
+        if (asShown && differs(session_.platform(), Deviation::openingChangesNothing)) {
+            return; // what is beyond the box's limit stays
+        }
+        if (value != text.box.text()) {
             (product.*text.field.setValue)(text.box.text());
             session_.PrvSetDirty(true);
         }
     });
 }
 
+bool FieldEntry::keepsUnvisited(const AmountBox& amount) const
+{
+    return !amount.edited && differs(session_.platform(), Deviation::unvisitedPriceIsKept);
+}
+
 void FieldEntry::saveAmount(const AmountBox& amount)
 {
     const AmountField& field = amount.field;
     tracePropagate(field.saveLabel, [&] {
+        if (keepsUnvisited(amount)) {
+            return;
+        }
         Currency cyValue =
             field.fromText(session_.platform().locale(), amount.box.text(), session_.locale.*field.decimalSep);
         if (cyValue > field.most) {
@@ -301,13 +325,14 @@ void FieldEntry::PrvShowExtPriceAndTotal()
 void FieldEntry::showText(const TextFieldBox& text, const ProductRecord& product)
 {
     const std::string value = (product.*text.field.value)();
-    text.box.setText(firstCharacters(value, static_cast<std::size_t>(text.field.mostShown)));
+    text.box.setText(shownPart(text.field, value));
 }
 
-void FieldEntry::showAmount(const AmountBox& amount, const ProductRecord& product, AmountForm form)
+void FieldEntry::showAmount(AmountBox& amount, const ProductRecord& product, AmountForm form)
 {
     const Currency cyValue = (product.*amount.field.value)();
     amount.box.setText(amount.field.toText(session_.platform().locale(), session_.locale, cyValue, form));
+    amount.edited = false;
 }
 
 void FieldEntry::showMoney(ui::TextBox& box, Currency cyValue)

@@ -196,12 +196,32 @@ TEST_F(DeviationsTest, LookingUp)
          " open dirty 2~::AB:489:2:0:978:~Lamp::A:7:1:0:7:~"},
         {"pendingRowMatchesTheText", empty, "cboProductName=A +500 cboProductName=X txtQty", " open dirty 1~AX:K1:AB:5:2:0:10:~",
          " open dirty 1~:::489:2:0:978:~"},
+        {"appliedNameIsPricedAnew", "2~:::489:2:0:978:~Lamp::L-7:7:1:0:7:~",
+         "cboProductName=A ID_GotoNext", "", ""},
         {"lookUpGoesOnAfterAnError", empty, "broken cboProductName=A Cancel +500 mended cboProductName=b +500 txtQty",
          "em open dirty 1~:::489:2:0:978:~",
          "em open dirty 1~Ab:K1:AB:5:2:0:10:~"},
     };
     // clang-format on
     compare(rows);
+}
+
+TEST_F(DeviationsTest, KeepingWhatNobodyEdited)
+{
+    const std::string odd = "2~Desk::D-1:1.2345:2:0:2.469:~Lamp::L-7:-5:1:150:77:~";
+    const std::string longTexts = "1~" + std::string(260, 'n') + "::D-1:1:1:0:1:" + std::string(4100, 'x') + "~";
+    // clang-format off
+    const Row rows[] = {
+        {"openingChangesNothing: unit price", odd, "No close", "", ""},
+        {"openingChangesNothing: sign, discount and extended price", odd, "cmdNext txtQty txtUnitPrice cmdCancel", "", ""},
+        {"openingChangesNothing: the product after a deleted one", odd, "cmdDelete", "", ""},
+        {"unvisitedPriceIsKept", odd, "txtQty=3 cmdSaveClose", "", ""},
+        {"unvisitedPriceIsKept: the discount is typed", odd, "cmdNext txtDiscount=5 txtQty", "", ""},
+    };
+    // clang-format on
+    compare(rows);
+    EXPECT_NE(outcome(ui::EditingWay::classic, {"", longTexts, "close", "", ""}), " closed " + longTexts);
+    EXPECT_EQ(outcome(ui::EditingWay::careful, {"", longTexts, "close", "", ""}), " closed " + longTexts);
 }
 
 } // namespace
