@@ -35,6 +35,26 @@ bool beginsWith(std::string_view row, std::string_view typed)
            std::equal(typed.begin(), typed.end(), row.begin(), [](char a, char b) { return folded(a) == folded(b); });
 }
 
+/// The entry that a typed number means: the only one with exactly that number, or the only one that begins so.
+std::optional<std::int32_t> entryFor(const LookUpList& rows, const std::string& typed)
+{
+    const LookUpRow* exact = nullptr;
+    std::size_t exactCount = 0;
+    if (!rows) {
+        return std::nullopt;
+    }
+    for (const LookUpRow& row : *rows) {
+        if (row.text.size() == typed.size() && beginsWith(row.text, typed)) {
+            exact = &row;
+            ++exactCount;
+        }
+    }
+    if (exactCount == 1) {
+        return toItemData(exact->itemId);
+    }
+    return rows->size() == 1 ? std::optional(toItemData(rows->front().itemId)) : std::nullopt;
+}
+
 } // namespace
 
 /// Where the two boxes differ. Every difference is deliberate.
@@ -54,6 +74,7 @@ struct LookUpBoxes::Kind {
     bool leavingAsksWanted; ///< Leaving the box applies the pending entry only where `wanted` is set.
     bool applyingEndsIt;    ///< Applying an entry clears `wanted`; nothing does so otherwise.
     bool nameFromCatalogue; ///< The product is named by the entry, not by what the box shows.
+    bool leavingSearches;   ///< In the careful way, leaving the box searches what was typed within the pause.
     bool busyPointer;       ///< The search shows the busy pointer.
     bool paintsRefilled;    ///< The search paints the refilled list at once.
 };
@@ -74,6 +95,7 @@ const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
     .leavingAsksWanted = false,
     .applyingEndsIt = false,
     .nameFromCatalogue = true,
+    .leavingSearches = true, // scanners leave at once
     .busyPointer = true,
     .paintsRefilled = true,
 };
@@ -93,6 +115,7 @@ const LookUpBoxes::Kind LookUpBoxes::kProductName = {
     .leavingAsksWanted = true,
     .applyingEndsIt = true,
     .nameFromCatalogue = false, // the user may have worded the name differently
+    .leavingSearches = false,
     .busyPointer = false,
     .paintsRefilled = false,
 };
@@ -180,21 +203,45 @@ void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 void LookUpBoxes::lostFocus(const Box& box)
 {
     state_.*box.kind.left = true;
+    const bool waits = box.timer.enabled() && box.timer.interval() > 0;
+    if (waits && box.kind.leavingSearches && differs(session_.platform(), Deviation::partNumberIsSearchedOnLeaving)) {
+        searchOnLeaving(box);
+        return;
+    }
     if (!pendingRowIsFor(box)) {
         forgetPendingRow();
     }
     if (state_.lLkpListIdx < 0 || (box.kind.leavingAsksWanted && !(state_.*box.kind.wanted))) {
         return;
     }
+    seekAndApply(box, [&] { return box.combo.itemData(state_.lLkpListIdx); });
+}
+
+void LookUpBoxes::seekAndApply(const Box& box, const std::function<std::int32_t()>& itemId)
+{
     const ResumeNext<false> step;
     state_.bLkpBusy = true;
-    step([&] { catalogue()->SeekItem(box.combo.itemData(state_.lLkpListIdx)); });
+    step([&] { catalogue()->SeekItem(itemId()); });
     bool noEntry = false;
     step([&] { noEntry = catalogue()->IsEOF(); });
     if (!noEntry) { // otherwise the row stays pending and is tried again the next time
         applyEntry(box);
     }
     state_.bLkpBusy = false;
+}
+
+void LookUpBoxes::searchOnLeaving(const Box& box)
+{
+    const ResumeNext<false> step;
+    forgetPendingRow(); // it belongs to a text that has been typed over
+    std::optional<std::int32_t> found;
+    step([&] {
+        box.timer.setEnabled(false);
+        found = entryFor(list(box, box.combo.text(), false), box.combo.text());
+    });
+    if (found) {
+        seekAndApply(box, [&] { return *found; });
+    }
 }
 
 void LookUpBoxes::makePending(const Box& box, std::int32_t row)

@@ -15,6 +15,8 @@
 #include "orvan/core/EditorSession.h"
 #include "orvan/lookup/LookUpValue.h"
 
+#include <functional>
+
 namespace orvan {
 
 namespace ui {
@@ -80,6 +82,10 @@ private:
     void makePending(const Box& box, std::int32_t row);
     /// Whether leaving this box may apply the pending row, where there is one.
     [[nodiscard]] bool pendingRowIsFor(const Box& box) const;
+    /// Makes the entry current and applies it; the id is read within the first step that may fail.
+    void seekAndApply(const Box& box, const std::function<std::int32_t()>& itemId);
+    /// Applies the entry that the typed text means, where it means one.
+    void searchOnLeaving(const Box& box);
     /// Copies the catalogue's current entry into the current product; each failing step is skipped.
     void applyEntry(const Box& box);
     /// Whether the user wants the catalogue's note in place of the product's own.

@@ -106,7 +106,8 @@ public:
         } else if (equals == std::string::npos) {
             form.focus(word);
         } else if (word.starts_with("cbo")) {
-            form.comboBox(word.substr(0, equals)).type(word.substr(equals + 1));
+            const std::string typed = word.substr(equals + 1);
+            form.comboBox(word.substr(0, equals)).type(typed == "<enter>" ? "\n" : typed);
         } else {
             form.textBox(word.substr(0, equals)).type(word.substr(equals + 1));
         }
@@ -197,7 +198,16 @@ TEST_F(DeviationsTest, LookingUp)
         {"pendingRowMatchesTheText", empty, "cboProductName=A +500 cboProductName=X txtQty", " open dirty 1~AX:K1:AB:5:2:0:10:~",
          " open dirty 1~:::489:2:0:978:~"},
         {"appliedNameIsPricedAnew", "2~:::489:2:0:978:~Lamp::L-7:7:1:0:7:~",
-         "cboProductName=A ID_GotoNext", "", ""},
+         "cboProductName=A ID_GotoNext", " open dirty 2~Ab:K1:AB:5:2:0:978:~Lamp::L-7:7:1:0:7:~",
+         " open dirty 2~Ab:K1:AB:5:2:0:10:~Lamp::L-7:7:1:0:7:~"},
+        {"partNumberIsSearchedOnLeaving: exactly one", empty, "cboPartNum=AB txtQty +500", " open dirty 1~:::489:2:0:978:~",
+         " open dirty 1~Ab:K1:AB:5:2:0:10:~"},
+        {"partNumberIsSearchedOnLeaving: only one begins so", empty, "cboPartNum=4 txtQty +500", " open dirty 1~:::489:2:0:978:~",
+         " open dirty 1~Saw:K3:400:20:2:0:40:~"},
+        {"partNumberIsSearchedOnLeaving: Enter", empty, "cboPartNum=AB cboPartNum=<enter>", " open dirty 1~:::489:2:0:978:~",
+         " open dirty 1~Ab:K1:AB:5:2:0:10:~"},
+        {"partNumberIsSearchedOnLeaving: several begin so", empty, "cboPartNum=A txtQty +500", " open dirty 1~:::489:2:0:978:~",
+         " open dirty 1~:::489:2:0:978:~"},
         {"lookUpGoesOnAfterAnError", empty, "broken cboProductName=A Cancel +500 mended cboProductName=b +500 txtQty",
          "em open dirty 1~:::489:2:0:978:~",
          "em open dirty 1~Ab:K1:AB:5:2:0:10:~"},
@@ -212,11 +222,16 @@ TEST_F(DeviationsTest, KeepingWhatNobodyEdited)
     const std::string longTexts = "1~" + std::string(260, 'n') + "::D-1:1:1:0:1:" + std::string(4100, 'x') + "~";
     // clang-format off
     const Row rows[] = {
-        {"openingChangesNothing: unit price", odd, "No close", "", ""},
-        {"openingChangesNothing: sign, discount and extended price", odd, "cmdNext txtQty txtUnitPrice cmdCancel", "", ""},
-        {"openingChangesNothing: the product after a deleted one", odd, "cmdDelete", "", ""},
-        {"unvisitedPriceIsKept", odd, "txtQty=3 cmdSaveClose", "", ""},
-        {"unvisitedPriceIsKept: the discount is typed", odd, "cmdNext txtDiscount=5 txtQty", "", ""},
+        {"openingChangesNothing: unit price", odd, "No close", " closed 2~Desk::D-1:1.23:2:0:2.469:~Lamp::L-7:-5:1:150:77:~",
+         " closed 2~Desk::D-1:1.2345:2:0:2.469:~Lamp::L-7:-5:1:150:77:~"},
+        {"openingChangesNothing: sign, discount and extended price", odd, "cmdNext txtQty txtUnitPrice cmdCancel", "m closed dirty 2~Desk::D-1:1.23:2:0:2.469:~Lamp::L-7:5:1:0:5:~",
+         " closed 2~Desk::D-1:1.2345:2:0:2.469:~Lamp::L-7:-5:1:150:77:~"},
+        {"openingChangesNothing: the product after a deleted one", odd, "cmdDelete", "d open dirty 1~Lamp::L-7:5:1:0:5:~",
+         "d open dirty 1~Lamp::L-7:-5:1:150:77:~"},
+        {"unvisitedPriceIsKept", odd, "txtQty=3 cmdSaveClose", "m closed dirty 2~Desk::D-1:1.23:3:0:3.69:~Lamp::L-7:-5:1:150:77:~",
+         " closed dirty 2~Desk::D-1:1.2345:3:0:3.7035:~Lamp::L-7:-5:1:150:77:~"},
+        {"unvisitedPriceIsKept: the discount is typed", odd, "cmdNext txtDiscount=5 txtQty", " open dirty 2~Desk::D-1:1.23:2:0:2.469:~Lamp::L-7:-5:1:5:-4.75:~",
+         " open dirty 2~Desk::D-1:1.2345:2:0:2.469:~Lamp::L-7:-5:1:5:-4.75:~"},
     };
     // clang-format on
     compare(rows);
