@@ -51,8 +51,9 @@ public:
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 
-    /// The manager and the record that are held. Raise 91 when there is none.
-    [[nodiscard]] ProductMgr& productMgr() const { return required(objProductMgr); }
+    /// The manager and the record that are held. Raise 91 when there is none. The manager is shared for the time of
+    /// the call that is made to it: the call may end the session, which lets go of it.
+    [[nodiscard]] std::shared_ptr<ProductMgr> productMgr() const { return required(objProductMgr), objProductMgr; }
     [[nodiscard]] ProductRecord& currentProduct() const { return required(heldProduct); }
 
     /// Runs an event handler of the editor: an error is recorded, and closes the dialog.

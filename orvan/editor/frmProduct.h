@@ -44,6 +44,8 @@ public:
     /// Opens the session on the product at lProductIndex, or with bAddNew on a new one. Raises what
     /// the manager and the catalogue raise, by number alone.
     void Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_t lProductIndex, bool bAddNew);
+    /// After an Init that failed: takes the new product that it added out of the list again. Never raises.
+    void takeBackNewProduct();
     /// Returns when the form has been unloaded.
     void showModal();
 
@@ -131,6 +133,7 @@ private:
 
     std::string productsSnapshot_;  ///< The list as it was when the session began.
     std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.
+    bool productAdded_ = false;     ///< The session has added a product.
     bool dirty_ = false;
     bool dialogError_ = false;
     bool closingOnError_ = false; ///< PrvCloseOnError is running.

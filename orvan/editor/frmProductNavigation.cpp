@@ -23,11 +23,11 @@ void frmProduct::PrvSeekProduct(std::int32_t lOffset)
         }
         std::int32_t probe = currentIndex_;
         bool found = false;
-        productMgr().SeekIndex(probe, lOffset, found);
+        productMgr()->SeekIndex(probe, lOffset, found);
         if (found) {
             currentIndex_ = probe;
             heldProduct.reset();
-            heldProduct = productMgr().GetProduct(currentIndex_);
+            heldProduct = productMgr()->GetProduct(currentIndex_);
             PrvLoadProductInfo();
             PrvSetFormCaption();
         }
@@ -44,11 +44,11 @@ void frmProduct::showNavigationState()
     const auto neighbour = [&](std::int32_t lOffset) {
         std::int32_t probe = currentIndex_; // a copy, because the manager moves it
         bool found = false;
-        productMgr().SeekIndex(probe, lOffset, found);
+        productMgr()->SeekIndex(probe, lOffset, found);
         return found;
     };
     enable(cmdGotoFirst_, "ID_GotoFirst", currentIndex_ > 1);
-    enable(cmdGotoLast_, "ID_GotoLast", currentIndex_ < productMgr().GetProductCount());
+    enable(cmdGotoLast_, "ID_GotoLast", currentIndex_ < productMgr()->GetProductCount());
     enable(cmdPrevious_, "ID_GotoPrevious", neighbour(-1));
     enable(cmdNext_, "ID_GotoNext", neighbour(+1));
 }
@@ -76,11 +76,12 @@ void frmProduct::PrvAddNewProduct()
         }
         dirty_ = true; // not by PrvSetDirty: a new product is a change also while initializing
         heldProduct.reset();
-        heldProduct = productMgr().AddNewProduct();
+        heldProduct = productMgr()->AddNewProduct();
+        productAdded_ = heldProduct != nullptr;
         currentProduct().SetKey("");
         currentProduct().SetQty(Currency::fromInteger(1));
         currentProduct().SetDiscPrcnt(Currency());
-        currentIndex_ = productMgr().GetProductCount();
+        currentIndex_ = productMgr()->GetProductCount();
         PrvLoadProductInfo();
         PrvSetFormCaption();
     });
@@ -103,7 +104,7 @@ void frmProduct::askAndDelete()
         return;
     }
     PrvDeleteCurrentProduct();
-    if (objProductMgr && productMgr().GetProductCount() > 0) {
+    if (objProductMgr && productMgr()->GetProductCount() > 0) {
         PrvSeekProduct(0);
     }
 }
@@ -112,14 +113,14 @@ void frmProduct::PrvDeleteCurrentProduct()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvDeleteCurrentProduct", [&] {
         heldProduct.reset();
-        productMgr().DeleteProduct(currentIndex_);
+        productMgr()->DeleteProduct(currentIndex_);
         if (differs(platform_, Deviation::deletingMarksDirty)) {
             dirty_ = true; // before the form is unloaded, so that closing asks
         }
-        const std::int32_t count = productMgr().GetProductCount();
+        const std::int32_t count = productMgr()->GetProductCount();
         if (count != 0) {
             bool found = false;
-            productMgr().SeekIndex(currentIndex_, 0, found); // the manager may move the index to a product
+            productMgr()->SeekIndex(currentIndex_, 0, found); // the manager may move the index to a product
             if (!found) {
                 currentIndex_ = count;
             }
@@ -154,7 +155,7 @@ void frmProduct::atbMain_ToolClick(std::string_view toolId)
         } else if (toolId == "ID_GotoFirst") {
             PrvSeekProductIndex(1);
         } else if (toolId == "ID_GotoLast") {
-            PrvSeekProductIndex(productMgr().GetProductCount());
+            PrvSeekProductIndex(productMgr()->GetProductCount());
         } else if (toolId == "ID_GotoNext") {
             PrvSeekProduct(1);
         } else if (toolId == "ID_GotoPrevious") {
@@ -185,7 +186,7 @@ void frmProduct::cmdGotoFirst_Click()
 void frmProduct::cmdGotoLast_Click()
 {
     handleClick("KTVOrvanProduct.frmProduct::cmdGotoLast_Click", cmdGotoLast_,
-                [&] { PrvSeekProductIndex(productMgr().GetProductCount()); });
+                [&] { PrvSeekProductIndex(productMgr()->GetProductCount()); });
 }
 
 void frmProduct::cmdNext_Click()

@@ -19,7 +19,7 @@ constexpr const char* kSupportAddress = "support@orvan.example";
 void frmProduct::PrvLoadProductInfo()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvLoadProductInfo", [&] {
-        heldProduct = productMgr().GetProduct(currentIndex_);
+        heldProduct = productMgr()->GetProduct(currentIndex_);
         setProductShown(true);
         lookUp_.forgetFormerText();
         fields_.showProduct();
@@ -49,7 +49,7 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                 fields_.PrvSaveNoteFld();
             }
             checkingSize = true;
-            productMgr().GetProductsString(kRecordSeparator, kFieldSeparator); // raises beyond the limit
+            productMgr()->GetProductsString(kRecordSeparator, kFieldSeparator); // raises beyond the limit
             checkingSize = false;
             bOk = true;
         },
@@ -66,7 +66,7 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                       .icon = ui::MessageIcon::exclamation});
                 return;
             }
-            const std::int32_t limit = productMgr().GetMaxDataSize();
+            const std::int32_t limit = productMgr()->GetMaxDataSize();
             std::string text = "The total size of the product data for an IBO has exceeded the maximum limit of ";
             text.append(std::to_string(limit)).append(" bytes. ");
             text.append("Please try limiting the amount of data you put in the product note field "
@@ -104,7 +104,7 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
 bool frmProduct::revert()
 {
     const auto restore = [&] {
-        productMgr().SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
+        productMgr()->SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
         return true;
     };
     if (!differs(platform_, Deviation::failedRevertKeepsTheForm)) {

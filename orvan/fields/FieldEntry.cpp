@@ -228,6 +228,7 @@ std::string_view FieldEntry::shownPart(const TextField& field, const std::string
 void FieldEntry::saveText(const TextFieldBox& text)
 {
     tracePropagate(text.field.saveLabel, [&] {
+        const auto kept = session_.heldProduct;
         ProductRecord& product = session_.currentProduct();
         const std::string value = (product.*text.field.value)();
         const bool asShown = text.box.text() == shownPart(text.field, value);
@@ -235,7 +236,8 @@ void FieldEntry::saveText(const TextFieldBox& text)
             return; // what is beyond the box's limit stays
         }
         if (value != text.box.text()) {
-            (product.*text.field.setValue)(text.box.text());
+            const std::string typed = text.box.text(); // the record's own code may change the box
+            (product.*text.field.setValue)(typed);
             session_.PrvSetDirty(true);
         }
     });
@@ -313,13 +315,13 @@ void FieldEntry::showProduct()
     showAmount(txtQty_, product, AmountForm::display);
     showMoney(txtExtPrice_, product.ExtPrice());
     showText(txtNote_, product);
-    showMoney(txtTotal_, session_.productMgr().GetTotalValue());
+    showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 
 void FieldEntry::PrvShowExtPriceAndTotal()
 {
     showMoney(txtExtPrice_, session_.currentProduct().ExtPrice());
-    showMoney(txtTotal_, session_.productMgr().GetTotalValue());
+    showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 
 void FieldEntry::showText(const TextFieldBox& text, const ProductRecord& product)

@@ -1,5 +1,6 @@
 #include "orvan/editor/frmProduct.h"
 #include "tests/support/EditorFixture.h"
+#include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
 
 #include <algorithm>
@@ -153,7 +154,7 @@ public:
         });
     }
 
-private:
+protected:
     bool catalogueFails_ = false;
     ui::MessageResult answer_ = ui::MessageResult::yes;
 };
@@ -214,6 +215,38 @@ TEST_F(DeviationsTest, LookingUp)
     };
     // clang-format on
     compare(rows);
+}
+
+TEST_F(DeviationsTest, ANewProductThatCannotBeShownIsTakenBack)
+{
+    for (const auto way : {ui::EditingWay::classic, ui::EditingWay::careful}) {
+        platform.editing = way;
+        for (int call = 1;; ++call) {
+            load(kDesk);
+            const ScopedTrace own;
+            allowEntriesOfLoading(*own.trace());
+            faults.failAtCall = call;
+            bool opened = false, reached = true;
+            platform.drive([&](HeadlessForm& form) {
+                opened = true; // also where the failing call is the size check, which only tells the user
+                reached = std::exchange(faults.failAtCall, 0) == 0;
+                answer_ = ui::MessageResult::no;
+                form.clickCloseBox();
+            });
+            const std::int32_t raised = errorOf([&] { dialog.ShowAddNew(manager); });
+            for (const std::int32_t number : own.trace()->numbersSince(0)) {
+                own.trace()->declareError(number);
+            }
+            EXPECT_EQ(products(), kDesk) << "call " << call;
+            EXPECT_EQ(raised, opened ? 0 : 1000);
+            if (!opened) {
+                platform.dropDriver();
+            } else if (!reached) {
+                EXPECT_GT(call, 5);
+                break;
+            }
+        }
+    }
 }
 
 TEST_F(DeviationsTest, KeepingWhatNobodyEdited)
