@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "CatalogueMenu.h"
+#include "WatchedProducts.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
@@ -83,6 +84,7 @@ MainWindow::MainWindow()
               this, [this, problem] { statusBar()->showMessage(problem); }, Qt::QueuedConnection);
       })
 {
+    watchProducts(); // before there is a list view
     withSettings([](ui::SettingsStore& settings) {
         seedProductViewPrefs(settings, kFormName.toStdString(), kFirstPreferences);
     });

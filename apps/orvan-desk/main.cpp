@@ -1,6 +1,7 @@
 // orvan-desk: opens, edits and saves quotes.
 
 #include "CatalogueMenu.h"
+#include "EndSignals.h"
 #include "MainWindow.h"
 
 #include "orvan/base/RuntimeError.h"
@@ -105,6 +106,11 @@ int main(int argc, char** argv)
                             : parser.isSet(sample) ? window.openSample(parser.value(sample))
                                                    : true;
         if (!parser.isSet(render)) {
+            const orvan::desk::EndSignals endSignals([&window] {
+                window.keepUnsavedWork(); // asks nobody: whoever sends a signal does not wait for an answer
+                QApplication::exit();
+            });
+            QTimer::singleShot(0, &window, &orvan::desk::MainWindow::offerAbandonedWork);
             return QApplication::exec();
         }
         return opened ? renderTo(window, parser.value(render)) : 1;

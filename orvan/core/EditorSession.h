@@ -46,11 +46,14 @@ public:
     virtual void PrvSetDirty(bool bDirty) = 0;
     /// Shows the current product in all controls.
     virtual void PrvLoadProductInfo() = 0;
+    /// A catalogue entry has changed the current product's unit price: the extended price follows.
+    virtual void priceAnew() {}
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 
-    /// The manager and the record that the session holds. Each raises 91 when there is none.
-    [[nodiscard]] ProductMgr& productMgr() const { return required(objProductMgr); }
+    /// The manager and the record that the session holds. Each raises 91 when there is none. The manager is shared for
+    /// the time of the call that is made to it: the call may end the session, which lets go of it.
+    [[nodiscard]] std::shared_ptr<ProductMgr> productMgr() const { return required(objProductMgr), objProductMgr; }
     [[nodiscard]] ProductRecord& currentProduct() const { return required(heldProduct); }
 
     /// Runs an event handler of the editor: an error is recorded, and closes the dialog.
@@ -68,6 +71,7 @@ public:
     LocaleStrings locale; ///< Read once for each session.
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
     bool initializing = false;
+    bool showingProduct = false; ///< The program writes a product into the boxes.
 
 private:
     template <class T>

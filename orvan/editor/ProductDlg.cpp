@@ -27,7 +27,12 @@ void ProductDlg::runSession(const std::shared_ptr<ProductMgr>& objProductMgr, st
     };
     frmProduct form(platform_);
     const DirtyRead read{form, dirty_};
-    form.Init(objProductMgr, lProdIdx, bAddNew);
+    try {
+        form.Init(objProductMgr, lProdIdx, bAddNew);
+    } catch (...) {
+        form.takeBackNewProduct();
+        throw;
+    }
     form.showModal();
 }
 

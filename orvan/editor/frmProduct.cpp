@@ -77,6 +77,14 @@ void frmProduct::Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_
     });
 }
 
+void frmProduct::takeBackNewProduct()
+{
+    const ResumeNext<false> step; // the caller is told of the error of Init
+    if (productAdded_) {
+        step([&] { productMgr()->DeleteProduct(productMgr()->GetProductCount()); });
+    }
+}
+
 void frmProduct::showModal()
 {
     form_->showModal();
@@ -98,7 +106,7 @@ void frmProduct::PrvSetFormCaption()
         const std::string name = currentProduct().Name();
         std::string caption(firstCharacters(name, kCaptionNameLength));
         caption.append(" (").append(std::to_string(currentIndex_));
-        caption.append("/").append(std::to_string(productMgr().GetProductCount())).append(")");
+        caption.append("/").append(std::to_string(productMgr()->GetProductCount())).append(")");
         form_->setCaption(std::move(caption));
     });
 }

@@ -45,6 +45,8 @@ public:
     /// Opens the session on the product at lProductIndex, or with bAddNew on a new one. Raises the errors of the
     /// manager and of the catalogue, reduced to their numbers.
     void Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_t lProductIndex, bool bAddNew);
+    /// After an Init that failed: takes the new product that it added out of the list again. Never raises.
+    void takeBackNewProduct();
     /// Returns when the form has been unloaded.
     void showModal();
 
@@ -61,6 +63,7 @@ private:
     std::int32_t window() override;
     void PrvSetDirty(bool bDirty) override;
     void PrvLoadProductInfo() override;
+    void priceAnew() override;
     void PrvCloseOnError() override;
 
     void takeEvents();
@@ -69,6 +72,8 @@ private:
 
     void PrvSaveCurrentProduct(bool& bOk);
     [[nodiscard]] ui::MessageResult PrvCancelEdit(bool& bSaveFailed);
+    /// Puts the list back as it was when the session began. False: that failed, and the user has been told.
+    [[nodiscard]] bool revert();
     void cmdSaveClose_Click();
     void cmdCancel_Click();
     bool Form_QueryUnload(ui::UnloadMode mode);
@@ -130,11 +135,12 @@ private:
 
     std::string productsSnapshot_;  ///< The list as it was when the session began.
     std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.
+    bool productAdded_ = false;     ///< The session has added a product.
     bool dirty_ = false;
     bool dialogError_ = false;
-    bool closingOnError_ = false; ///< True while PrvCloseOnError is running.
-    /// The user has answered Yes to the question about saving. From then on closing asks nothing, even where that save
-    /// failed because the list exceeded the size limit; the second attempt to close then closes without saving.
+    bool closingOnError_ = false; ///< PrvCloseOnError is running.
+    /// Closing asks nothing any more: the user answered Yes to saving once. In the classic way that holds also where
+    /// that save failed because of the size limit: the second attempt to close then closes without a save.
     bool saveConfirmed_ = false;
     ScopedHandlers handlers_; ///< Last, so that no event comes in while the other members are destroyed.
 };

@@ -1,5 +1,6 @@
 // Moving through the list, adding and deleting: the six record buttons and the tool bar.
 
+#include "orvan/core/Deviations.h"
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
 #include "orvan/ui/ComboBox.h"
@@ -22,11 +23,11 @@ void frmProduct::PrvSeekProduct(std::int32_t lOffset)
         }
         std::int32_t probe = currentIndex_;
         bool found = false;
-        productMgr().SeekIndex(probe, lOffset, found);
+        productMgr()->SeekIndex(probe, lOffset, found);
         if (found) {
             currentIndex_ = probe;
             heldProduct.reset();
-            heldProduct = productMgr().GetProduct(currentIndex_);
+            heldProduct = productMgr()->GetProduct(currentIndex_);
             PrvLoadProductInfo();
             PrvSetFormCaption();
         }
@@ -43,11 +44,11 @@ void frmProduct::showNavigationState()
     const auto neighbour = [&](std::int32_t lOffset) {
         std::int32_t probe = currentIndex_; // a copy, because SeekIndex changes its argument
         bool found = false;
-        productMgr().SeekIndex(probe, lOffset, found);
+        productMgr()->SeekIndex(probe, lOffset, found);
         return found;
     };
     enable(cmdGotoFirst_, "ID_GotoFirst", currentIndex_ > 1);
-    enable(cmdGotoLast_, "ID_GotoLast", currentIndex_ < productMgr().GetProductCount());
+    enable(cmdGotoLast_, "ID_GotoLast", currentIndex_ < productMgr()->GetProductCount());
     enable(cmdPrevious_, "ID_GotoPrevious", neighbour(-1));
     enable(cmdNext_, "ID_GotoNext", neighbour(+1));
 }
@@ -75,11 +76,12 @@ void frmProduct::PrvAddNewProduct()
         }
         dirty_ = true; // PrvSetDirty would do nothing while initializing, but a new product always counts as a change
         heldProduct.reset();
-        heldProduct = productMgr().AddNewProduct();
+        heldProduct = productMgr()->AddNewProduct();
+        productAdded_ = heldProduct != nullptr;
         currentProduct().SetKey("");
         currentProduct().SetQty(Currency::fromInteger(1));
         currentProduct().SetDiscPrcnt(Currency());
-        currentIndex_ = productMgr().GetProductCount();
+        currentIndex_ = productMgr()->GetProductCount();
         PrvLoadProductInfo();
         PrvSetFormCaption();
     });
@@ -102,7 +104,7 @@ void frmProduct::askAndDelete()
         return;
     }
     PrvDeleteCurrentProduct();
-    if (objProductMgr && productMgr().GetProductCount() > 0) {
+    if (objProductMgr && productMgr()->GetProductCount() > 0) {
         PrvSeekProduct(0);
     }
 }
@@ -111,11 +113,14 @@ void frmProduct::PrvDeleteCurrentProduct()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvDeleteCurrentProduct", [&] {
         heldProduct.reset();
-        productMgr().DeleteProduct(currentIndex_);
-        const std::int32_t count = productMgr().GetProductCount();
+        productMgr()->DeleteProduct(currentIndex_);
+        if (differs(platform_, Deviation::deletingMarksDirty)) {
+            dirty_ = true; // before the form is unloaded, so that closing asks
+        }
+        const std::int32_t count = productMgr()->GetProductCount();
         if (count != 0) {
             bool found = false;
-            productMgr().SeekIndex(currentIndex_, 0, found); // may change the index to that of a product
+            productMgr()->SeekIndex(currentIndex_, 0, found); // the manager may move the index to a product
             if (!found) {
                 currentIndex_ = count;
             }
@@ -150,7 +155,7 @@ void frmProduct::atbMain_ToolClick(std::string_view toolId)
         } else if (toolId == "ID_GotoFirst") {
             PrvSeekProductIndex(1);
         } else if (toolId == "ID_GotoLast") {
-            PrvSeekProductIndex(productMgr().GetProductCount());
+            PrvSeekProductIndex(productMgr()->GetProductCount());
         } else if (toolId == "ID_GotoNext") {
             PrvSeekProduct(1);
         } else if (toolId == "ID_GotoPrevious") {
@@ -181,7 +186,7 @@ void frmProduct::cmdGotoFirst_Click()
 void frmProduct::cmdGotoLast_Click()
 {
     handleClick("KTVOrvanProduct.frmProduct::cmdGotoLast_Click", cmdGotoLast_,
-                [&] { PrvSeekProductIndex(productMgr().GetProductCount()); });
+                [&] { PrvSeekProductIndex(productMgr()->GetProductCount()); });
 }
 
 void frmProduct::cmdNext_Click()

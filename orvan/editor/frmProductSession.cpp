@@ -1,5 +1,6 @@
 // An editing session: loading a product into the controls, saving it, cancelling, closing.
 
+#include "orvan/core/Deviations.h"
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
 #include "orvan/ui/Form.h"
@@ -18,10 +19,18 @@ constexpr const char* kSupportAddress = "support@orvan.example";
 void frmProduct::PrvLoadProductInfo()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvLoadProductInfo", [&] {
-        heldProduct = productMgr().GetProduct(currentIndex_);
+        heldProduct = productMgr()->GetProduct(currentIndex_);
         setProductShown(true);
+        lookUp_.forgetFormerText();
         fields_.showProduct();
     });
+}
+
+void frmProduct::priceAnew()
+{
+    const auto kept = heldProduct;
+    fields_.PrvCalcExtPrice();
+    fields_.PrvShowExtPriceAndTotal();
 }
 
 void frmProduct::PrvSaveCurrentProduct(bool& bOk)
@@ -40,7 +49,7 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                 fields_.PrvSaveNoteFld();
             }
             checkingSize = true;
-            productMgr().GetProductsString(kRecordSeparator, kFieldSeparator); // raises an error if it is too large
+            productMgr()->GetProductsString(kRecordSeparator, kFieldSeparator); // raises beyond the limit
             checkingSize = false;
             bOk = true;
         },
@@ -49,7 +58,15 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                 raiseLastError();
             }
             bOk = false;
-            const std::int32_t limit = productMgr().GetMaxDataSize();
+            const RuntimeError error = currentError();
+            if (error.number() != ErrorNumber::outOfStringSpace &&
+                differs(platform_, Deviation::sizeCheckTellsOtherErrors)) {
+                show({.text = std::string(error.text()),
+                      .buttons = ui::MessageButtons::ok,
+                      .icon = ui::MessageIcon::exclamation});
+                return;
+            }
+            const std::int32_t limit = productMgr()->GetMaxDataSize();
             std::string text = "The total size of the product data for an IBO has exceeded the maximum limit of ";
             text.append(std::to_string(limit)).append(" bytes. ");
             text.append("Please try limiting the amount of data you put in the product note field "
@@ -73,13 +90,35 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
             bool bOk = false;
             PrvSaveCurrentProduct(bOk);
             bSaveFailed = !bOk;
-            saveConfirmed_ = true;
+            saveConfirmed_ = bOk || !differs(platform_, Deviation::failedSaveAsksAgain);
         } else if (answer == ui::MessageResult::no) {
-            productMgr().SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
+            if (!revert()) {
+                return ui::MessageResult::cancel;
+            }
             PrvSetDirty(false);
         }
         return answer;
     });
+}
+
+bool frmProduct::revert()
+{
+    const auto restore = [&] {
+        productMgr()->SetProductsString(productsSnapshot_, kRecordSeparator, kFieldSeparator, true);
+        return true;
+    };
+    if (!differs(platform_, Deviation::failedRevertKeepsTheForm)) {
+        return restore();
+    }
+    bool restored = false;
+    const ResumeNext<true> step;
+    step([&] { restored = restore(); });
+    if (!restored) {
+        show({.text = "Could not undo the changes due to an error. The dialog stays open.",
+              .buttons = ui::MessageButtons::ok,
+              .icon = ui::MessageIcon::critical});
+    }
+    return restored;
 }
 
 void frmProduct::PrvSetDirty(bool bDirty)
@@ -124,7 +163,9 @@ void frmProduct::cmdSaveClose_Click()
             bool bOk = false;
             PrvSaveCurrentProduct(bOk);
             if (bOk) {
-                form_->unload(); // asks about saving again: the session stays dirty, so that ProductDlg::Dirty tells
+                saveConfirmed_ = saveConfirmed_ || differs(platform_, Deviation::savedSessionCloses);
+                // Classic asks once more: the session stays dirty, so that the caller learns of the change.
+                form_->unload();
             }
         },
         [&] {

@@ -1,6 +1,7 @@
 #include "orvan/fields/FieldEntry.h"
 
 #include "orvan/base/Text.h"
+#include "orvan/core/Deviations.h"
 #include "orvan/core/modConversion.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
@@ -142,7 +143,7 @@ FieldEntry::FieldEntry(EditorSession& session, ui::Surface& surface)
     handlers_.set(txtNote_.box.onChange, [this] { txtNote_Change(); });
 }
 
-void FieldEntry::takeEvents(const AmountBox& amount)
+void FieldEntry::takeEvents(AmountBox& amount)
 {
     handlers_.set(amount.box.onKeyPress, [this, &amount](std::int16_t& KeyAscii) { keyPressed(amount, KeyAscii); });
     handlers_.set(amount.box.onGotFocus, [this, &amount] { gotFocus(amount); });
@@ -169,7 +170,7 @@ void FieldEntry::keyPressed(const AmountBox& amount, std::int16_t& KeyAscii)
     });
 }
 
-void FieldEntry::gotFocus(const AmountBox& amount)
+void FieldEntry::gotFocus(AmountBox& amount)
 {
     session_.handleEvent(amount.field.gotFocusLabel, [&] {
         const ScopedFlag rewriting(session_.initializing); // its end clears the flag, even if it was set before
@@ -179,24 +180,29 @@ void FieldEntry::gotFocus(const AmountBox& amount)
     });
 }
 
-void FieldEntry::lostFocus(const AmountBox& amount)
+void FieldEntry::lostFocus(AmountBox& amount)
 {
     session_.handleEvent(amount.field.lostFocusLabel, [&] {
         const auto kept = session_.heldProduct;
+        const bool unvisited = keepsUnvisited(amount);
         saveAmount(amount);
         {
             const ScopedFlag rewriting(session_.initializing);
             showAmount(amount, session_.currentProduct(), AmountForm::display);
         }
-        PrvCalcExtPrice();
+        if (!unvisited) {
+            PrvCalcExtPrice();
+        }
         PrvShowExtPriceAndTotal();
     });
 }
 
-void FieldEntry::changed(const AmountBox& amount)
+void FieldEntry::changed(AmountBox& amount)
 {
     session_.handleEvent(amount.field.changeLabel, [&] {
-        if (!session_.initializing) {
+        const bool shows = session_.showingProduct && differs(session_.platform(), Deviation::openingChangesNothing);
+        if (!session_.initializing && !shows) {
+            amount.edited = true;
             const auto kept = session_.heldProduct;
             saveAmount(amount);
             PrvCalcExtPrice();
@@ -215,21 +221,41 @@ void FieldEntry::txtNote_Change()
     });
 }
 
+std::string_view FieldEntry::shownPart(const TextField& field, const std::string& value)
+{
+    return firstCharacters(value, static_cast<std::size_t>(field.mostShown));
+}
+
 void FieldEntry::saveText(const TextFieldBox& text)
 {
     tracePropagate(text.field.saveLabel, [&] {
+        const auto kept = session_.heldProduct;
         ProductRecord& product = session_.currentProduct();
-        if ((product.*text.field.value)() != text.box.text()) {
-            (product.*text.field.setValue)(text.box.text());
+        const std::string value = (product.*text.field.value)();
+        const bool asShown = text.box.text() == shownPart(text.field, value);
+        if (asShown && differs(session_.platform(), Deviation::openingChangesNothing)) {
+            return; // what is beyond the box's limit stays
+        }
+        if (value != text.box.text()) {
+            const std::string typed = text.box.text(); // the record's own code may change the box
+            (product.*text.field.setValue)(typed);
             session_.PrvSetDirty(true);
         }
     });
+}
+
+bool FieldEntry::keepsUnvisited(const AmountBox& amount) const
+{
+    return !amount.edited && differs(session_.platform(), Deviation::unvisitedPriceIsKept);
 }
 
 void FieldEntry::saveAmount(const AmountBox& amount)
 {
     const AmountField& field = amount.field;
     tracePropagate(field.saveLabel, [&] {
+        if (keepsUnvisited(amount)) {
+            return;
+        }
         Currency cyValue =
             field.fromText(session_.platform().locale(), amount.box.text(), session_.locale.*field.decimalSep);
         if (cyValue > field.most) {
@@ -281,6 +307,7 @@ void FieldEntry::calcExtPrice()
 void FieldEntry::showProduct()
 {
     const auto kept = session_.heldProduct; // setting a text raises a change event, which may end the session
+    const ScopedFlag showing(session_.showingProduct);
     const ProductRecord& product = session_.currentProduct();
     txtNote_.box.setMaxLength(kNote.mostShown);
     showText(cboProductName_, product);
@@ -290,25 +317,26 @@ void FieldEntry::showProduct()
     showAmount(txtQty_, product, AmountForm::display);
     showMoney(txtExtPrice_, product.ExtPrice());
     showText(txtNote_, product);
-    showMoney(txtTotal_, session_.productMgr().GetTotalValue());
+    showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 
 void FieldEntry::PrvShowExtPriceAndTotal()
 {
     showMoney(txtExtPrice_, session_.currentProduct().ExtPrice());
-    showMoney(txtTotal_, session_.productMgr().GetTotalValue());
+    showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 
 void FieldEntry::showText(const TextFieldBox& text, const ProductRecord& product)
 {
     const std::string value = (product.*text.field.value)();
-    text.box.setText(firstCharacters(value, static_cast<std::size_t>(text.field.mostShown)));
+    text.box.setText(shownPart(text.field, value));
 }
 
-void FieldEntry::showAmount(const AmountBox& amount, const ProductRecord& product, AmountForm form)
+void FieldEntry::showAmount(AmountBox& amount, const ProductRecord& product, AmountForm form)
 {
     const Currency cyValue = (product.*amount.field.value)();
     amount.box.setText(amount.field.toText(session_.platform().locale(), session_.locale, cyValue, form));
+    amount.edited = false;
 }
 
 void FieldEntry::showMoney(ui::TextBox& box, Currency cyValue)

@@ -62,26 +62,31 @@ private:
     struct AmountBox {
         const AmountField& field;
         ui::TextBox& box;
+        bool edited = false; ///< The user has changed the text since the program last wrote it.
     };
     /// How an amount box shows its amount: as it is edited, without currency symbol and "%", or as it is read.
     enum class AmountForm { edit, display };
 
-    void takeEvents(const AmountBox& amount);
+    void takeEvents(AmountBox& amount);
 
     bool PrvIsValidNumberKey(std::int16_t KeyAscii) const;
     bool PrvIsValidCurrencyKey(std::int16_t KeyAscii) const;
 
     /// The events of txtQty, txtUnitPrice and txtDiscount; the table of amounts names each handler.
     void keyPressed(const AmountBox& amount, std::int16_t& KeyAscii);
-    void gotFocus(const AmountBox& amount);
-    void lostFocus(const AmountBox& amount);
-    void changed(const AmountBox& amount);
+    void gotFocus(AmountBox& amount);
+    void lostFocus(AmountBox& amount);
+    void changed(AmountBox& amount);
     void txtNote_Change();
 
     void saveText(const TextFieldBox& text);
+    /// Whether a save leaves the record's amount as it is: the box may show less of it than the record holds.
+    [[nodiscard]] bool keepsUnvisited(const AmountBox& amount) const;
     void saveAmount(const AmountBox& amount);
+    /// The part of the record's text that the box takes; a view into value.
+    [[nodiscard]] static std::string_view shownPart(const TextField& field, const std::string& value);
     static void showText(const TextFieldBox& text, const ProductRecord& product);
-    void showAmount(const AmountBox& amount, const ProductRecord& product, AmountForm form);
+    void showAmount(AmountBox& amount, const ProductRecord& product, AmountForm form);
     void showMoney(ui::TextBox& box, Currency cyValue);
     /// Does the work of PrvCalcExtPrice, but raises where the price cannot be computed.
     void calcExtPrice();

@@ -1,11 +1,15 @@
 #include "orvan/lookup/LookUpBoxes.h"
 
 #include "orvan/base/Text.h"
+#include "orvan/core/Deviations.h"
 #include "orvan/lookup/BusyPointer.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/Timer.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace orvan {
 
@@ -17,6 +21,38 @@ constexpr std::int16_t kEnter = 13;
 std::int32_t length(const std::string& text)
 {
     return static_cast<std::int32_t>(characterCount(text));
+}
+
+char folded(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Whether the row's text begins with what was typed, ASCII letters of either case alike; nothing typed begins none.
+bool beginsWith(std::string_view row, std::string_view typed)
+{
+    return !typed.empty() && typed.size() <= row.size() &&
+           std::equal(typed.begin(), typed.end(), row.begin(), [](char a, char b) { return folded(a) == folded(b); });
+}
+
+/// The entry that a typed number means: the only one with exactly that number, or the only one that begins so.
+std::optional<std::int32_t> entryFor(const LookUpList& rows, const std::string& typed)
+{
+    const LookUpRow* exact = nullptr;
+    std::size_t exactCount = 0;
+    if (!rows) {
+        return std::nullopt;
+    }
+    for (const LookUpRow& row : *rows) {
+        if (row.text.size() == typed.size() && beginsWith(row.text, typed)) {
+            exact = &row;
+            ++exactCount;
+        }
+    }
+    if (exactCount == 1) {
+        return toItemData(exact->itemId);
+    }
+    return rows->size() == 1 ? std::optional(toItemData(rows->front().itemId)) : std::nullopt;
 }
 
 } // namespace
@@ -37,8 +73,9 @@ struct LookUpBoxes::Kind {
     bool leftClearedFirst;  ///< A change clears `left` before it marks the session dirty; if false, after it.
     bool typingWants;       ///< Typing sets `wanted`, as choosing a row does.
     bool leavingAsksWanted; ///< Leaving the box applies the pending entry only where `wanted` is set.
-    bool applyingEndsIt;    ///< Applying an entry clears `wanted`, which nothing else clears.
-    bool nameFromCatalogue; ///< The product gets the entry's name; if false, the text that the box shows.
+    bool applyingEndsIt;    ///< Applying an entry clears `wanted`; nothing does so otherwise.
+    bool nameFromCatalogue; ///< The product is named by the entry, not by what the box shows.
+    bool leavingSearches;   ///< In the careful way, leaving the box searches what was typed within the pause.
     bool busyPointer;       ///< The search shows the busy pointer.
     bool paintsRefilled;    ///< The search paints the refilled list at once.
 };
@@ -59,6 +96,7 @@ const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
     .leavingAsksWanted = false,
     .applyingEndsIt = false,
     .nameFromCatalogue = true,
+    .leavingSearches = true, // scanners leave at once
     .busyPointer = true,
     .paintsRefilled = true,
 };
@@ -78,6 +116,7 @@ const LookUpBoxes::Kind LookUpBoxes::kProductName = {
     .leavingAsksWanted = true,
     .applyingEndsIt = true,
     .nameFromCatalogue = false, // the user may have worded the name differently
+    .leavingSearches = false,
     .busyPointer = false,
     .paintsRefilled = false,
 };
@@ -111,6 +150,9 @@ void LookUpBoxes::changed(const Box& box)
         if (session_.initializing) {
             return Leaving::withoutExit; // deliberate: while a product is loaded, only the entry is traced
         }
+        if (session_.showingProduct && differs(session_.platform(), Deviation::onlyUserTextIsLookedUp)) {
+            return Leaving::withoutExit;
+        }
         if (box.kind.leftClearedFirst) {
             state_.*box.kind.left = false;
             session_.PrvSetDirty(true);
@@ -137,7 +179,7 @@ void LookUpBoxes::clicked(const Box& box)
 {
     session_.handleEvent(box.kind.clickLabel, [&] {
         if (box.combo.listIndex() >= 0) {
-            state_.lLkpListIdx = box.combo.listIndex();
+            makePending(box, box.combo.listIndex());
             state_.*box.kind.wanted = true;
             session_.PrvSetDirty(true);
         }
@@ -163,12 +205,25 @@ void LookUpBoxes::keyPressed(const Box& box, std::int16_t KeyAscii)
 void LookUpBoxes::lostFocus(const Box& box)
 {
     state_.*box.kind.left = true;
+    const bool waits = box.timer.enabled() && box.timer.interval() > 0;
+    if (waits && box.kind.leavingSearches && differs(session_.platform(), Deviation::partNumberIsSearchedOnLeaving)) {
+        searchOnLeaving(box);
+        return;
+    }
+    if (!pendingRowIsFor(box)) {
+        forgetPendingRow();
+    }
     if (state_.lLkpListIdx < 0 || (box.kind.leavingAsksWanted && !(state_.*box.kind.wanted))) {
         return;
     }
+    seekAndApply(box, [&] { return box.combo.itemData(state_.lLkpListIdx); });
+}
+
+void LookUpBoxes::seekAndApply(const Box& box, const std::function<std::int32_t()>& itemId)
+{
     const ResumeNext<false> step;
     state_.bLkpBusy = true;
-    step([&] { catalogue()->SeekItem(box.combo.itemData(state_.lLkpListIdx)); });
+    step([&] { catalogue()->SeekItem(itemId()); });
     bool noEntry = false;
     step([&] { noEntry = catalogue()->IsEOF(); });
     if (!noEntry) { // otherwise the row stays pending, and the next time that the box is left tries it again
@@ -177,8 +232,39 @@ void LookUpBoxes::lostFocus(const Box& box)
     state_.bLkpBusy = false;
 }
 
-// While the user is asked about the note, the form may be unloaded and the session may end. The steps that need the
-// form or the session then fail, and are skipped like any other step that fails.
+void LookUpBoxes::searchOnLeaving(const Box& box)
+{
+    const ResumeNext<false> step;
+    forgetPendingRow(); // it belongs to a text that has been typed over
+    std::optional<std::int32_t> found;
+    step([&] {
+        box.timer.setEnabled(false);
+        found = entryFor(list(box, box.combo.text(), false), box.combo.text());
+    });
+    if (found) {
+        seekAndApply(box, [&] { return *found; });
+    }
+}
+
+void LookUpBoxes::makePending(const Box& box, std::int32_t row)
+{
+    state_.lLkpListIdx = row;
+    pendingBox_ = &box;
+}
+
+bool LookUpBoxes::pendingRowIsFor(const Box& box) const
+{
+    const ui::Platform& platform = session_.platform();
+    if (pendingBox_ != &box && differs(platform, Deviation::pendingRowBelongsToItsBox)) {
+        return false;
+    }
+    const std::int32_t row = state_.lLkpListIdx;
+    return row < 0 || !differs(platform, Deviation::pendingRowMatchesTheText) ||
+           (row < box.combo.count() && beginsWith(box.combo.itemText(row), box.combo.text()));
+}
+
+// While the note question waits, the form may be unloaded and the session end: the steps that need the form or
+// the session then fail, too, and are skipped.
 void LookUpBoxes::applyEntry(const Box& box)
 {
     const ResumeNext<false> step;
@@ -214,6 +300,9 @@ void LookUpBoxes::applyEntry(const Box& box)
         state_.*box.kind.wanted = false;
     }
     step([&] { session_.PrvLoadProductInfo(); });
+    if (differs(session_.platform(), Deviation::appliedNameIsPricedAnew)) {
+        step([&] { session_.priceAnew(); });
+    }
 }
 
 bool LookUpBoxes::wantsNote()
@@ -224,6 +313,19 @@ bool LookUpBoxes::wantsNote()
                                                   .buttons = ui::MessageButtons::yesNo,
                                                   .icon = ui::MessageIcon::question,
                                                   .ownerWindow = session_.window()}) == ui::MessageResult::yes;
+}
+
+void LookUpBoxes::forgetFormerText()
+{
+    if (differs(session_.platform(), Deviation::onlyUserTextIsLookedUp)) {
+        for (const Box* box : {&productName_, &partNum_}) {
+            box->timer.setEnabled(false);
+            state_.*box->kind.left = true;
+        }
+    }
+    if (differs(session_.platform(), Deviation::pendingRowBelongsToItsBox)) {
+        forgetPendingRow();
+    }
 }
 
 void LookUpBoxes::finishPendingLookUps()
@@ -238,11 +340,15 @@ void LookUpBoxes::finishPendingLookUps()
 
 // --- the search -------------------------------------------------------------------------------------
 
-// Setting a text raises a change event; bLkpBusy prevents that event from starting the timer again. After an error
-// bLkpBusy stays set, which does no harm because the dialog closes.
+// The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. In the
+// classic way an error leaves it set, because the dialog closes; but its user may keep the dialog open.
 void LookUpBoxes::timerFired(const Box& box)
 {
     session_.handleEvent(box.kind.timerLabel, [&] {
+        std::optional<ScopedFlag> busy;
+        if (differs(session_.platform(), Deviation::lookUpGoesOnAfterAnError)) {
+            busy.emplace(state_.bLkpBusy);
+        }
         state_.bLkpBusy = true;
         box.timer.setEnabled(false);
         BusyPointer pointer(session_.platform().pointer());
@@ -273,7 +379,7 @@ void LookUpBoxes::showMatches(const Box& box, const std::vector<LookUpRow>& rows
     combo.setText(best);
     combo.setSelectionStart(typed);
     combo.setSelectionLength(length(best) - typed);
-    state_.lLkpListIdx = 0;
+    makePending(box, 0);
     addRows(box, rows);
     if (box.kind.paintsRefilled) {
         combo.refresh();

@@ -14,6 +14,8 @@
 #include "orvan/core/EditorSession.h"
 #include "orvan/lookup/LookUpValue.h"
 
+#include <functional>
+
 namespace orvan {
 
 namespace ui {
@@ -42,6 +44,8 @@ public:
 
     /// Called when the session is set up: no row is pending from then on.
     void forgetPendingRow() { state_.lLkpListIdx = -1; }
+    /// A product is about to be shown: what was typed before belongs to the former text of the boxes.
+    void forgetFormerText();
     /// Fill the boxes' lists; called once, while the form is empty. They raise what the catalogue raises.
     void PrvFillProductNameList() { fillList(productName_); }
     void PrvFillPartNumList() { fillList(partNum_); }
@@ -75,6 +79,13 @@ private:
     void lostFocus(const Box& box);                         ///< cboPartNum_LostFocus, cboProductName_LostFocus
     void timerFired(const Box& box);                        ///< tmrPartNum_Timer, tmrProdLkp_Timer
 
+    void makePending(const Box& box, std::int32_t row);
+    /// Whether leaving this box may apply the pending row, where there is one.
+    [[nodiscard]] bool pendingRowIsFor(const Box& box) const;
+    /// Makes the entry current and applies it; the id is read within the first step that may fail.
+    void seekAndApply(const Box& box, const std::function<std::int32_t()>& itemId);
+    /// Applies the entry that the typed text means, where it means one.
+    void searchOnLeaving(const Box& box);
     /// Copies the catalogue's current entry into the current product; each failing step is skipped.
     void applyEntry(const Box& box);
     /// Whether the user wants the catalogue's note in place of the product's own.
@@ -97,6 +108,7 @@ private:
     Box partNum_;
     Box productName_;
     State state_;
+    const Box* pendingBox_ = nullptr; ///< The box that made the pending row.
     ScopedHandlers handlers_;
 };
 

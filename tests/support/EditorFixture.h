@@ -46,7 +46,7 @@ public:
     }
 
     /// One letter for each message box since `first`: is it modified, delete, size, fatal error, could not
-    /// save; '?' for another text.
+    /// save, could not undo, the faulty manager's own; '?' for another text.
     std::string prompts(std::size_t first = 0)
     {
         std::string letters;
@@ -113,7 +113,9 @@ private:
             {"We apologize for the inconvenience but due to an internal application error the current dialog will be "
              "closed. If the issue persists please contact our support department at ",
              'e'},
-            {"Could not save the current product due to an error.", 'c'}};
+            {"Could not save the current product due to an error.", 'c'},
+            {"Could not undo the changes due to an error. The dialog stays open.", 'u'},
+            {"scripted failure", 'f'}};
         for (const auto& [beginning, letter] : beginnings) {
             if (text.starts_with(beginning)) {
                 return letter;
