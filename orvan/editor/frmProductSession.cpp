@@ -6,13 +6,44 @@
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Platform.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 namespace orvan {
 
 namespace {
 
 constexpr const char* kSupportAddress = "support@orvan.example";
+
+/// The records of a products string, sorted; the count before them is left out. An escaped separator ends none.
+std::vector<std::string> sortedRecords(std::string_view sProducts)
+{
+    std::vector<std::string> records(1);
+    for (std::size_t at = 0; at < sProducts.size(); ++at) {
+        if (sProducts.substr(at).starts_with(kRecordSeparator)) {
+            records.emplace_back();
+            continue;
+        }
+        records.back() += sProducts[at];
+        if (sProducts[at] == '\\' && at + 1 < sProducts.size()) {
+            records.back() += sProducts[++at];
+        }
+    }
+    records.erase(records.begin());
+    std::sort(records.begin(), records.end());
+    return records;
+}
+
+/// How many products one list has that the other has not. At least 1: the boxes may hold what is not yet saved.
+std::size_t productsThatDiffer(std::string_view before, std::string_view now)
+{
+    const auto former = sortedRecords(before), present = sortedRecords(now);
+    std::vector<std::string> common;
+    std::set_intersection(former.begin(), former.end(), present.begin(), present.end(), std::back_inserter(common));
+    return std::max<std::size_t>(std::max(former.size(), present.size()) - common.size(), 1);
+}
 
 } // namespace
 
@@ -82,10 +113,18 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
             return ui::MessageResult::yes; // the user is not asked again, and nothing is saved again
         }
         bSaveFailed = false;
-        const auto answer =
-            show({.text = "The product information has been modified, would you like to save the changes?",
-                  .buttons = ui::MessageButtons::yesNoCancel,
-                  .icon = ui::MessageIcon::question});
+        std::string text = "The product information has been modified, would you like to save the changes?";
+        if (differs(platform_, Deviation::revertQuestionSaysWhatIsLost)) {
+            text.append(" If you answer No, the whole list goes back to what it was.");
+            const ResumeNext<false> step; // a list beyond the limit cannot be read, and is asked about all the same
+            step([&] {
+                const auto differing = productsThatDiffer(
+                    productsSnapshot_, productMgr()->GetProductsString(kRecordSeparator, kFieldSeparator));
+                text.append(" Products that differ: ").append(std::to_string(differing)).append(".");
+            });
+        }
+        const auto answer = show(
+            {.text = std::move(text), .buttons = ui::MessageButtons::yesNoCancel, .icon = ui::MessageIcon::question});
         if (answer == ui::MessageResult::yes) {
             bool bOk = false;
             PrvSaveCurrentProduct(bOk);

@@ -81,8 +81,8 @@ public:
 
     /// "cmdNext" clicks, "ID_GotoNext" chooses from the menu, "txtQty" and "cboPartNum" put the focus there, "txtQty=3"
     /// types, "+500" lets time pass, "Yes", "No" and "Cancel" answer the question whether to save from now on, "limit"
-    /// makes the list too large, "broken" and "mended" are the catalogue, "fail2" lets the manager fail at its second
-    /// call from now.
+    /// makes the list too large, "broken" and "mended" are the catalogue, "frozen" lets no list be put back, "fail2"
+    /// lets the manager fail at its second call from now.
     void act(HeadlessForm& form, const std::string& word)
     {
         const std::size_t equals = word.find('=');
@@ -94,6 +94,8 @@ public:
                                      : ui::MessageResult::cancel;
         } else if (word == "limit") {
             faults.maxDataSize = 1;
+        } else if (word == "frozen") {
+            faults.restoringFails = true;
         } else if (word.starts_with("fail")) {
             faults.failAtCall = word.back() - '0';
         } else if (word == "broken" || word == "mended") {
@@ -170,9 +172,9 @@ TEST_F(DeviationsTest, Closing)
          "msm open dirty 1~Desk::D-1:489:2:0:978:nold~"},
         {"sizeCheckTellsOtherErrors", kDesk, "fail1 cmdSaveClose", "s open 1~Desk::D-1:489:2:0:978:old~",
          "f open 1~Desk::D-1:489:2:0:978:old~"},
-        {"failedRevertKeepsTheForm: Cancel", kDesk, "txtNote=n No fail1 cmdCancel", "mem closed 1~Desk::D-1:489:2:0:978:old~",
+        {"failedRevertKeepsTheForm: Cancel", kDesk, "txtNote=n No frozen cmdCancel", "mem closed dirty 1~Desk::D-1:489:2:0:978:nold~",
          "mu open dirty 1~Desk::D-1:489:2:0:978:nold~"},
-        {"failedRevertKeepsTheForm: the close box", kDesk, "txtNote=n No fail1 close", "m closed dirty 1~Desk::D-1:489:2:0:978:nold~",
+        {"failedRevertKeepsTheForm: the close box", kDesk, "txtNote=n No frozen close", "m closed dirty 1~Desk::D-1:489:2:0:978:nold~",
          "mu open dirty 1~Desk::D-1:489:2:0:978:nold~"},
     };
     // clang-format on
@@ -215,6 +217,30 @@ TEST_F(DeviationsTest, LookingUp)
     };
     // clang-format on
     compare(rows);
+}
+
+TEST_F(DeviationsTest, TheRevertQuestionSaysWhatIsLost)
+{
+    const std::string question = "The product information has been modified, would you like to save the changes?";
+    const std::string whole = question + " If you answer No, the whole list goes back to what it was.";
+    const Row rows[] = {
+        {"one is edited", kThreeProducts, "txtNote=a:~b Cancel close", question, whole + " Products that differ: 1."},
+        {"one is edited, one deleted", kThreeProducts, "txtNote=n cmdNext cmdDelete Cancel close", question,
+         whole + " Products that differ: 2."},
+        {"the list is too long", kThreeProducts, "txtNote=n limit Cancel close", question, whole},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        for (const auto way : {ui::EditingWay::classic, ui::EditingWay::careful}) {
+            const auto& shown = platform.messageBox().shown();
+            const auto first = static_cast<std::ptrdiff_t>(shown.size());
+            outcome(way, row);
+            const auto asked = std::find_if(shown.begin() + first, shown.end(), [&](const ui::Message& message) {
+                return message.text.starts_with(question);
+            });
+            ASSERT_NE(asked, shown.end());
+            EXPECT_EQ(asked->text, way == ui::EditingWay::classic ? row.classic : row.careful);
+        }
+    });
 }
 
 TEST_F(DeviationsTest, ANewProductThatCannotBeShownIsTakenBack)

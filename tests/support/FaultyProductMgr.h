@@ -14,6 +14,7 @@ struct Faults {
     std::int32_t seekMovesBy = 0;                 ///< Added to every index that a seek has found.
     std::int32_t notFoundFrom = 0;                ///< Seeks at this index or beyond find nothing; 0: all are found.
     std::optional<std::int32_t> maxDataSize = {}; ///< In place of the manager's own limit.
+    bool restoringFails = false;                  ///< A list cannot be put back.
     int managersAlive = 0;
 };
 
@@ -40,6 +41,9 @@ public:
     void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
                            const std::string& fieldSeparator, bool flag) override
     {
+        if (faults_.restoringFails && flag) {
+            throw RuntimeError(1000, "FaultyProductMgr", "scripted failure");
+        }
         call().SetProductsString(sProducts, recordSeparator, fieldSeparator, flag);
     }
     std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) override
