@@ -277,6 +277,9 @@ bool MainWindow::isUnsaved() const
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->setAccepted(mayDiscard());
+    if (event->isAccepted()) {
+        file_.unlock();
+    }
 }
 
 void MainWindow::updateTitle()

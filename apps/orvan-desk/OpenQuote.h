@@ -26,6 +26,8 @@ public:
     void setNew(const Quote& quote);
     /// A quote that has just been read from a file, with the lock that was taken before.
     void setRead(const QString& path, const QuoteOnDisk& onDisk, files::EditLock lock);
+    /// Other desks may have the quote from now on.
+    void unlock() { lock_ = {}; }
     /// What the list view gives back is what counts as saved: it may write a list in another way than the file.
     void setShown(const Quote& quote) { saved_ = quote; }
 

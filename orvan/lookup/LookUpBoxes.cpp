@@ -2,7 +2,7 @@
 
 #include "orvan/base/Text.h"
 #include "orvan/core/Deviations.h"
-#include "orvan/lookup/BusyPointer.h"
+#include "orvan/lookup/LookUpKind.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
@@ -17,11 +17,6 @@ namespace {
 
 constexpr std::int32_t kPause = 500; ///< Milliseconds from the last keystroke to the search.
 constexpr std::int16_t kEnter = 13;
-
-std::int32_t length(const std::string& text)
-{
-    return static_cast<std::int32_t>(characterCount(text));
-}
 
 char folded(char c)
 {
@@ -56,29 +51,6 @@ std::optional<std::int32_t> entryFor(const LookUpList& rows, const std::string& 
 }
 
 } // namespace
-
-/// The points in which the two boxes differ. Every difference is deliberate.
-struct LookUpBoxes::Kind {
-    std::string_view combo;
-    std::string_view timer;
-    std::string_view changeLabel;
-    std::string_view clickLabel;
-    std::string_view keyPressLabel;
-    std::string_view timerLabel;
-    LookUpList (ProductLkpMgr::*getList)(std::string_view, bool);
-
-    bool State::*left; ///< Points to the flag that a change of the box clears and that leaving the box sets.
-    bool State::*
-        wanted; ///< Points to the flag that choosing a row sets. A save finishes a look-up only where it is set.
-    bool leftClearedFirst;  ///< A change clears `left` before it marks the session dirty; if false, after it.
-    bool typingWants;       ///< Typing sets `wanted`, as choosing a row does.
-    bool leavingAsksWanted; ///< Leaving the box applies the pending entry only where `wanted` is set.
-    bool applyingEndsIt;    ///< Applying an entry clears `wanted`; nothing does so otherwise.
-    bool nameFromCatalogue; ///< The product is named by the entry, not by what the box shows.
-    bool leavingSearches;   ///< In the careful way, leaving the box searches what was typed within the pause.
-    bool busyPointer;       ///< The search shows the busy pointer.
-    bool paintsRefilled;    ///< The search paints the refilled list at once.
-};
 
 // The tables have no label for cboPartNum_LostFocus and cboProductName_LostFocus, because leaving a box is not traced.
 const LookUpBoxes::Kind LookUpBoxes::kPartNum = {
@@ -334,98 +306,6 @@ void LookUpBoxes::finishPendingLookUps()
         if (state_.*box->kind.wanted && !(state_.*box->kind.left)) {
             timerFired(*box);
             lostFocus(*box);
-        }
-    }
-}
-
-// --- the search -------------------------------------------------------------------------------------
-
-// The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. In the
-// classic way an error leaves it set, because the dialog closes; but its user may keep the dialog open.
-void LookUpBoxes::timerFired(const Box& box)
-{
-    session_.handleEvent(box.kind.timerLabel, [&] {
-        std::optional<ScopedFlag> busy;
-        if (differs(session_.platform(), Deviation::lookUpGoesOnAfterAnError)) {
-            busy.emplace(state_.bLkpBusy);
-        }
-        state_.bLkpBusy = true;
-        box.timer.setEnabled(false);
-        BusyPointer pointer(session_.platform().pointer());
-        if (box.kind.busyPointer) {
-            pointer.PrvSetBusyPointer();
-        }
-        if (const LookUpList matches = list(box, box.combo.text(), false)) {
-            showMatches(box, *matches);
-        } else {
-            showWholeList(box);
-        }
-        state_.bLkpBusy = false;
-        pointer.PrvRestorePointer();
-    });
-}
-
-void LookUpBoxes::showMatches(const Box& box, const std::vector<LookUpRow>& rows)
-{
-    ui::ComboBox& combo = box.combo;
-    const std::int32_t typed = length(combo.text());
-    combo.clear();
-    // The box moves to the left and back because clearing a list that is dropped down does not redraw it; a move does.
-    combo.move(combo.left() - 1, combo.top());
-    combo.move(combo.left() + 1, combo.top());
-    combo.refresh();
-    // Here the text is set before the rows are added; showWholeList sets it after them.
-    const std::string& best = rows.front().text;
-    combo.setText(best);
-    combo.setSelectionStart(typed);
-    combo.setSelectionLength(length(best) - typed);
-    makePending(box, 0);
-    addRows(box, rows);
-    if (box.kind.paintsRefilled) {
-        combo.refresh();
-        surface_.repaint();
-    }
-}
-
-void LookUpBoxes::showWholeList(const Box& box)
-{
-    ui::ComboBox& combo = box.combo;
-    state_.lLkpListIdx = -1;
-    const LookUpList all = list(box, {}, true);
-    if (!all) {
-        return;
-    }
-    const std::string typed = combo.text();
-    combo.clear();
-    if (box.kind.paintsRefilled) {
-        combo.refresh();
-    }
-    addRows(box, *all);
-    combo.setText(typed);
-    combo.setSelectionStart(length(typed));
-    combo.setSelectionLength(0);
-    if (box.kind.paintsRefilled) {
-        combo.refresh();
-    }
-}
-
-void LookUpBoxes::fillList(const Box& box)
-{
-    if (const LookUpList all = list(box, {}, true)) {
-        addRows(box, *all);
-    } else {
-        state_.bLkpBusy = true;
-        box.combo.clear();
-        state_.bLkpBusy = false;
-    }
-}
-
-void LookUpBoxes::addRows(const Box& box, const std::vector<LookUpRow>& rows)
-{
-    for (const LookUpRow& row : rows) {
-        if (!row.text.empty()) {
-            box.combo.addItem(row.text);
-            box.combo.setItemData(box.combo.newIndex(), toItemData(row.itemId));
         }
     }
 }

@@ -222,8 +222,7 @@ TEST_F(ProductViewReentryTest, AChangeMarksTheViewWhateverFailsAfterIt)
     const auto hooked = std::make_shared<HookedTrace>(trace.trace());
     const struct {
         const char *name, *action, *operation, *leaving;
-    } rows[] = {{"an added product that the editor cannot show", "cmdNew", "GetProduct", ""},
-                {"an edit, and the trace refuses the dialog's end", "double click", "", "ProductDlg::Show"},
+    } rows[] = {{"an edit, and the trace refuses the dialog's end", "double click", "", "ProductDlg::Show"},
                 {"a move, and the refresh fails", "cmdMoveUp", "GetProductCount", ""},
                 {"a move, and the trace refuses its end", "cmdMoveUp", "", "PrvMoveProduct"},
                 {"a deletion, and the refresh fails", "cmdDelete", "GetProductCount", ""}};
