@@ -81,7 +81,10 @@ void frmProduct::takeBackNewProduct()
 {
     const ResumeNext<false> step; // the caller is told of the error of Init
     if (productAdded_) {
-        step([&] { productMgr()->DeleteProduct(productMgr()->GetProductCount()); });
+        step([&] {
+            productMgr()->DeleteProduct(productMgr()->GetProductCount());
+            dirty_ = false; // the list is what it was
+        });
     }
 }
 
