@@ -162,7 +162,7 @@ TEST_F(CatalogueImportTest, DesksReadOnWhileItRunsAndCancellingLeavesNothing)
         EXPECT_EQ(progress.bytesTotal, content.size());
         if (reading == 1) {
             EXPECT_THAT(raisedBy([&] { importCatalogue(folder / "list.csv", file()); }).description,
-                        HasSubstr("another import"));
+                        HasSubstr("another program is replacing it"));
         }
         ++(progress.indexesTotal > 0 ? indexing : reading);
         return reading + indexing != cancelAt;

@@ -7,11 +7,12 @@
 #include "orvan/components/catalogue/CatalogueColumns.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/components/catalogue/CsvReader.h"
-#include "orvan/components/catalogue/FileReplacement.h"
 #include "orvan/components/catalogue/PriceText.h"
+#include "orvan/files/NewFile.h"
 
 #include <charconv>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -28,6 +29,17 @@ constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a r
 [[noreturn]] void raise(std::int32_t number, const fs::path& source, const std::string& reason)
 {
     throw RuntimeError(number, {}, source.string().append(": ").append(reason));
+}
+
+/// Runs a step that makes the catalogue's new file. Its errors are told with the catalogue's name.
+template <class Step>
+auto naming(const fs::path& catalogue, Step&& step)
+{
+    try {
+        return step();
+    } catch (const RuntimeError& error) {
+        raiseCatalogueError(error.number(), catalogue, error.text());
+    }
 }
 
 /// Opens the source file and reads its header; the rows follow.
@@ -85,9 +97,12 @@ public:
     CatalogueImportResult run(const fs::path& catalogue)
     {
         if (findDecimalSeparator()) {
-            FileReplacement replacement(catalogue);
-            if (write(replacement.newFile())) {
-                replacement.commit();
+            const auto file = naming(catalogue, [&] {
+                return std::make_unique<files::NewFile>(catalogue, files::NewFile::Others::refused);
+            });
+            if (write(file->path())) {
+                // The new catalogue stands. That a power failure could bring the former one back is no failure of it.
+                static_cast<void>(naming(catalogue, [&] { return file->commit(); }));
                 return std::move(result_);
             }
         }

@@ -2,7 +2,7 @@
 //
 // An import is complete or has no effect: if a single row is refused, or the import fails or is cancelled, the old
 // catalogue stays. The new catalogue is written beside the old one and takes its place at the end
-// (orvan/components/catalogue/FileReplacement.h). Programs that use the old one never see half of the new one; each
+// (orvan/files/NewFile.h). Programs that use the old one never see half of the new one; each
 // finds the new one with its next look-up. The memory that is needed does not depend on the length of the file.
 //
 // The file: CSV as orvan/components/catalogue/CsvReader.h says, UTF-8 with or without a byte order mark. The first

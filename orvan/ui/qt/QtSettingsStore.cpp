@@ -1,15 +1,16 @@
 #include "orvan/ui/qt/QtSettingsStore.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/WholeFile.h"
 #include "orvan/ui/qt/QtText.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
+#include <filesystem>
 #include <optional>
 
 // The store does not use QSettings: all QSettings objects for one file share what was read and what could not be
@@ -149,15 +150,14 @@ QList<QByteArray> QtSettingsStore::readLines() const
 
 void QtSettingsStore::writeLines(const QList<QByteArray>& lines) const
 {
-    QSaveFile file(path_);
-    if (!file.open(QIODevice::WriteOnly)) {
-        raise("written", file.errorString());
-    }
+    std::string text;
     for (const QByteArray& line : lines) {
-        file.write(line + '\n');
+        text.append(line.constData(), static_cast<std::size_t>(line.size())).append("\n");
     }
-    if (!file.commit()) {
-        raise("written", file.errorString());
+    try {
+        static_cast<void>(files::replaceFile(std::filesystem::path(path_.toStdU16String()), text));
+    } catch (const RuntimeError& error) {
+        raise("written", QString::fromUtf8(error.what()));
     }
 }
 
