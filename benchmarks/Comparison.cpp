@@ -161,7 +161,7 @@ std::vector<std::string> runAll(const std::vector<const Item*>& items, std::vect
 
 } // namespace
 
-Side timed(std::string name, std::function<void(benchmark::State&)> loop, Timing timing, double seconds)
+Side timed(const std::string& name, const std::function<void(benchmark::State&)>& loop, Timing timing, double seconds)
 {
     // Each repetition registers the benchmark again as the only one, with the number of iterations that the first
     // found.

@@ -35,7 +35,7 @@ enum class Timing { thread, clock, parts };
 
 /// A side whose figure is the time of one iteration of `loop`. The first repetition finds how many iterations take
 /// `seconds`; the other repetitions run as many.
-Side timed(std::string name, std::function<void(benchmark::State&)> loop, Timing timing = Timing::thread,
+Side timed(const std::string& name, const std::function<void(benchmark::State&)>& loop, Timing timing = Timing::thread,
            double seconds = 0.05);
 
 /// In a loop with Timing::parts, runs the part of an iteration that is measured; to be called once per iteration. It

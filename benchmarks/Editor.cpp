@@ -66,7 +66,7 @@ private:
 };
 
 /// The time of one key in the quantity box: keys alternately add a digit to `text` and remove it.
-Side keystroke(const Manager& manager, std::string text)
+Side keystroke(const Manager& manager, const std::string& text)
 {
     const auto pressed = std::make_shared<KeyedBox*>();
     const Side loop = timed("", [pressed](benchmark::State& state) {

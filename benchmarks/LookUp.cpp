@@ -92,7 +92,7 @@ private:
 /// Opens the editor on a product of a short list, with a catalogue that has that many entries.
 void lookUpInWindow(std::size_t entries, const std::function<void(ui::Form&, OpenedAnew&)>& act)
 {
-    const auto catalogue = std::make_shared<OpenedAnew>(catalogueFile(entries));
+    auto catalogue = std::make_shared<OpenedAnew>(catalogueFile(entries));
     windowHost().components().registerClass(std::string(kProductLkpMgrClassName), [=] { return catalogue; });
     editInWindow(sampleManager(10), [&](ui::Form& form) { act(form, *catalogue); });
 }

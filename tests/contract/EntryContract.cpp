@@ -104,7 +104,11 @@ TEST_P(EntryContract, TheFilterSeesEachCharacterAndDecides)
         box.setSelectionStart(1);
         box.onKeyPress = [&](std::int16_t& keyAscii) {
             seen.push_back(keyAscii);
-            keyAscii = keyAscii == 'o' ? '0' : keyAscii >= 'a' || keyAscii == 13 || keyAscii == 24 ? 0 : keyAscii;
+            if (keyAscii == 'o') {
+                keyAscii = '0';
+            } else if (keyAscii >= 'a' || keyAscii == 13 || keyAscii == 24) {
+                keyAscii = 0;
+            }
         };
         driver->type(box, "2ox\n\U0001F600");
         for (const char letter : {'A', 'X', 'Z'}) {

@@ -82,7 +82,11 @@ TEST_F(QtEntryTest, EveryWayIntoABoxKeepsItsFilterAndItsLimit)
         QWidget& widget = QtDriver::focus(box);
         int changes = 0;
         box.onChange = [&] { ++changes; };
-        box.onKeyPress = [](std::int16_t& keyAscii) { keyAscii = keyAscii == 'x' ? 0 : keyAscii; };
+        box.onKeyPress = [](std::int16_t& keyAscii) {
+            if (keyAscii == 'x') {
+                keyAscii = 0;
+            }
+        };
         compose(widget, "^x", "");
         EXPECT_EQ(changes, 0) << "a proposal is no text yet";
         box.setMaxLength(4);

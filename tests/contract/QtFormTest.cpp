@@ -33,7 +33,7 @@ protected:
             return stays;
         };
     }
-    void show(std::function<void()> user)
+    void show(const std::function<void()>& user)
     {
         driver.showModal(*form, [this, user] {
             user();

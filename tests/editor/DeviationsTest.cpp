@@ -70,12 +70,12 @@ public:
     DeviationsTest()
     {
         registry.registerClass(std::string(kProductLkpMgrClassName),
-                               [this] { return std::make_shared<SmallCatalogue>(catalogueFails_); });
+                               [this] { return std::make_shared<SmallCatalogue>(catalogueFails); });
         platform.messageBox().onWaiting = [this](const ui::Message& message) {
             platform.messageBox().answer(message.buttons == ui::MessageButtons::ok      ? ui::MessageResult::ok
                                          : message.buttons == ui::MessageButtons::yesNo ? ui::MessageResult::yes
                                          : message.text.starts_with("Are you sure")     ? ui::MessageResult::yes
-                                                                                        : answer_);
+                                                                                        : answer);
         };
     }
 
@@ -89,9 +89,9 @@ public:
         if (word[0] == '+') {
             platform.clock().advance(std::stoi(word));
         } else if (word == "Yes" || word == "No" || word == "Cancel") {
-            answer_ = word == "Yes"  ? ui::MessageResult::yes
-                      : word == "No" ? ui::MessageResult::no
-                                     : ui::MessageResult::cancel;
+            answer = word == "Yes"  ? ui::MessageResult::yes
+                     : word == "No" ? ui::MessageResult::no
+                                    : ui::MessageResult::cancel;
         } else if (word == "limit") {
             faults.maxDataSize = 1;
         } else if (word == "frozen") {
@@ -99,7 +99,7 @@ public:
         } else if (word.starts_with("fail")) {
             faults.failAtCall = word.back() - '0';
         } else if (word == "broken" || word == "mended") {
-            catalogueFails_ = word == "broken";
+            catalogueFails = word == "broken";
         } else if (word == "close") {
             form.clickCloseBox();
         } else if (word.starts_with("ID_")) {
@@ -119,7 +119,7 @@ public:
     std::string outcome(ui::EditingWay way, const Row& row)
     {
         load(row.list);
-        answer_ = ui::MessageResult::yes;
+        answer = ui::MessageResult::yes;
         platform.editing = way;
         const ScopedTrace own;
         allowEntriesOfLoading(*own.trace());
@@ -135,7 +135,7 @@ public:
             faults = {.managersAlive = faults.managersAlive};
             outcome = prompts(prompt) + (form.loaded() ? " open" : " closed") + (editor.Dirty() ? " dirty " : " ") +
                       products();
-            answer_ = ui::MessageResult::no;
+            answer = ui::MessageResult::no;
             if (form.loaded()) {
                 form.clickCloseBox();
             }
@@ -157,8 +157,8 @@ public:
     }
 
 protected:
-    bool catalogueFails_ = false;
-    ui::MessageResult answer_ = ui::MessageResult::yes;
+    bool catalogueFails = false;
+    ui::MessageResult answer = ui::MessageResult::yes;
 };
 
 TEST_F(DeviationsTest, Closing)
@@ -256,7 +256,7 @@ TEST_F(DeviationsTest, ANewProductThatCannotBeShownIsTakenBack)
             platform.drive([&](HeadlessForm& form) {
                 opened = true; // also where the failing call is the size check, which only tells the user
                 reached = std::exchange(faults.failAtCall, 0) == 0;
-                answer_ = ui::MessageResult::no;
+                answer = ui::MessageResult::no;
                 form.clickCloseBox();
             });
             const std::int32_t raised = errorOf([&] { dialog.ShowAddNew(manager); });

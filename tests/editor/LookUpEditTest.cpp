@@ -52,7 +52,8 @@ public:
     {
         std::string text = box.text();
         if (form.loaded()) {
-            text.insert(static_cast<std::size_t>(box.selectionStart() + box.selectionLength()), "|");
+            text.insert(
+                static_cast<std::size_t>(box.selectionStart()) + static_cast<std::size_t>(box.selectionLength()), "|");
             text.insert(static_cast<std::size_t>(box.selectionStart()), "|");
         } else {
             text = "closed";

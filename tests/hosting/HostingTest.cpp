@@ -173,6 +173,7 @@ TEST(ComponentRegistry, ThreadsCreateAtOnceWhileClassesComeAndGo)
     ComponentRegistry registry;
     registry.registerLibrary("Test.Trace", LIBRARY_Good);
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int i = 0; i < 8; ++i) {
         threads.emplace_back([&registry, i] {
             const std::string own = "Own" + std::to_string(i);

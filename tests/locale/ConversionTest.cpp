@@ -108,8 +108,9 @@ TEST(ModConversion, WholeAmountsHaveNoDecimalsAndOthersExactlyThoseAskedFor)
         EXPECT_EQ(FormatPercentValue(locale, amount, row.digits, false), row.shown);
         EXPECT_EQ(FormatPercentValue(locale, amount, row.digits, true), std::string(row.shown) + "%");
     });
-    EXPECT_THROW(FormatNumberValue(locale, Currency::fromScaled(1), -1), RuntimeError);
-    EXPECT_THROW(FormatNumberValue(locale, Currency::fromScaled(1), icu::kMostDigits + 1), RuntimeError);
+    EXPECT_THROW(static_cast<void>(FormatNumberValue(locale, Currency::fromScaled(1), -1)), RuntimeError);
+    EXPECT_THROW(static_cast<void>(FormatNumberValue(locale, Currency::fromScaled(1), icu::kMostDigits + 1)),
+                 RuntimeError);
 }
 
 TEST(ModConversion, TheSymbolAloneIsTakenOutWhereverItStands)
