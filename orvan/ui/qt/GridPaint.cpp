@@ -65,7 +65,7 @@ void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt
 
 RowColours rowColours(const QWidget& grid, int row, bool current)
 {
-    const QPalette palette = grid.palette();
+    const QPalette& palette = grid.palette();
     const QPalette::ColorGroup group = !grid.isEnabled()       ? QPalette::Disabled
                                        : grid.isActiveWindow() ? QPalette::Active
                                                                : QPalette::Inactive;
