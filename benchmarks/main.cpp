@@ -19,7 +19,7 @@ constexpr const char* kHelp =
     "Prints each path of the library beside its peer and its bound; medians, measured in turn.\n"
     "Exits with 1 and names the rows that fall short of their bound by more than half.\n"
     "\n"
-    "  NAME      only the rows whose names begin so, such as E or \"E amount\"\n"
+    "  NAME      only the rows whose names begin so, such as E or \"E format\"\n"
     "  --growth  how each path grows with the size of what it works on, instead\n"
     "  --list    the names of all rows\n";
 
