@@ -15,9 +15,9 @@ namespace orvan::bench {
 namespace {
 
 /// Presses keys without returning to the event loop, so that nothing is painted.
-Side keys(std::string name, const std::shared_ptr<QLineEdit*>& line)
+Side keys(const std::string& name, const std::shared_ptr<QLineEdit*>& line)
 {
-    return timed(std::move(name), [line](benchmark::State& state) {
+    return timed(name, [line](benchmark::State& state) {
         KeyedLine keyed(**line, QStringLiteral("12"));
         for ([[maybe_unused]] auto _ : state) {
             keyed.press();

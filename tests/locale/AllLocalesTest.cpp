@@ -28,6 +28,7 @@ std::vector<std::string> allLocales()
     std::int32_t count = 0;
     const ::icu::Locale* const locales = ::icu::Locale::getAvailableLocales(count);
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (std::int32_t i = 0; i < count; ++i) {
         names.emplace_back(locales[i].getName());
     }

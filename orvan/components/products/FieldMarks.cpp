@@ -29,7 +29,8 @@ FieldMarks::FieldMarks(std::string_view text, char recordSep, char fieldSep, cha
     // The index of the last block. This block is never full (it may be empty), because it also marks the text's end.
     const std::size_t last = text.size() / kByteBlock;
     const std::size_t rest = text.size() % kByteBlock;
-    marks_.reset(new Marks[last + 2]); // not make_unique, which would fill the array with 0 before it is written below
+    // Not make_unique, which would fill the array with 0 before it is written below.
+    marks_.reset(new Marks[last + 2]); // NOLINT(modernize-make-unique)
     std::uint64_t escapedFirst = 0;
     const auto mark = [&](const char* block) {
         const std::uint64_t backslashes = equalBytes(block, escape);
