@@ -278,6 +278,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->setAccepted(mayDiscard());
     if (event->isAccepted()) {
+        recoveryTimer_.stop(); // what has just been discarded is not kept again
         file_.unlock();
     }
 }

@@ -35,8 +35,9 @@ public:
 
     /// Offers what desks have left that ended with unsaved work. To be called once the window is shown.
     void offerAbandonedWork();
-    /// The session ends without asking anybody: returns when the unsaved work is on the disk.
-    void keepUnsavedWork();
+    /// The session ends without asking anybody: returns when the unsaved work is on the disk. False where it could not
+    /// be written.
+    bool keepUnsavedWork();
 
     void useTheme(Theme theme);
     /// Adds the menu of the catalogue of products where the editor looks them up (lookUpProductsIn).

@@ -223,10 +223,10 @@ void MainWindow::updateRecoveryCopy()
     }
 }
 
-void MainWindow::keepUnsavedWork()
+bool MainWindow::keepUnsavedWork()
 {
     updateRecoveryCopy();
-    recovery_.finish();
+    return recovery_.finish();
 }
 
 void MainWindow::offerAbandonedWork()
@@ -269,8 +269,9 @@ void MainWindow::recover(const AbandonedWork& abandoned)
             file_.setRead(work.path, onDisk, files::EditLock(std::filesystem::path(work.path.toStdU16String())));
         }
         showQuote(work.quote);
-        keepUnsavedWork(); // the copy is this desk's own now; only then the other one may go
-        QFile::remove(abandoned.file);
+        if (keepUnsavedWork()) { // the copy is this desk's own now; only then may the other one go
+            QFile::remove(abandoned.file);
+        }
         updateTitle();
     } catch (const std::exception& error) {
         tell(tr("The unsaved changes could not be recovered."), QString::fromUtf8(error.what()));

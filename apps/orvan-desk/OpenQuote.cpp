@@ -78,10 +78,12 @@ void OpenQuote::setNew(const Quote& quote)
 
 void OpenQuote::setRead(const QString& path, const QuoteOnDisk& onDisk, files::EditLock lock)
 {
+    if (path != path_ || lock.held()) { // who opens the same quote again has its lock already
+        lock_ = std::move(lock);
+    }
     path_ = path;
     saved_ = onDisk.quote;
     stamp_ = onDisk.stamp;
-    lock_ = std::move(lock);
 }
 
 OpenQuote::Saving OpenQuote::save(const QString& path, const Quote& quote, QWidget* window, QString& warning)

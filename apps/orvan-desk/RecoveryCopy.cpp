@@ -103,10 +103,11 @@ void RecoveryKeeper::keep(const UnsavedWork& work)
     changed_.notify_all();
 }
 
-void RecoveryKeeper::finish()
+bool RecoveryKeeper::finish()
 {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !waiting_ && !writing_; });
+    return written_;
 }
 
 void RecoveryKeeper::discard()
@@ -134,14 +135,15 @@ void RecoveryKeeper::run()
         const UnsavedWork work = *std::exchange(waiting_, std::nullopt);
         writing_ = true;
         lock.unlock();
-        write(work);
+        const bool written = write(work);
         lock.lock();
+        written_ = written;
         writing_ = false;
         changed_.notify_all();
     }
 }
 
-void RecoveryKeeper::write(const UnsavedWork& work)
+bool RecoveryKeeper::write(const UnsavedWork& work)
 {
     try {
         std::filesystem::create_directories(pathOf(folder_));
@@ -149,12 +151,14 @@ void RecoveryKeeper::write(const UnsavedWork& work)
         if (warning.empty()) {
             const std::lock_guard lock(mutex_);
             reported_ = false; // a disk that fills up again is told again
-            return;
+            return true;
         }
         report(QString::fromStdString(warning));
+        return true;
     } catch (const std::exception& error) {
         report(QStringLiteral("No recovery copy of the unsaved changes could be written: %1.")
                    .arg(QString::fromUtf8(error.what())));
+        return false;
     }
 }
 

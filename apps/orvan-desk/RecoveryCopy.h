@@ -45,14 +45,14 @@ public:
 
     /// Has the copy written soon; of several calls the last one counts.
     void keep(const UnsavedWork& work);
-    /// Returns when what was handed to keep() is on the disk, or could not be written.
-    void finish();
+    /// Waits for what was handed to keep(). False where it could not be written.
+    [[nodiscard]] bool finish();
     /// Nothing is unsaved any more: removes the copy.
     void discard();
 
 private:
     void run();
-    void write(const UnsavedWork& work);
+    [[nodiscard]] bool write(const UnsavedWork& work);
     void report(const QString& problem);
 
     const QString folder_;
@@ -63,6 +63,7 @@ private:
     std::condition_variable changed_;
     std::optional<UnsavedWork> waiting_;
     bool writing_ = false;
+    bool written_ = true; ///< The last copy reached the disk.
     bool ending_ = false;
     bool reported_ = false;
     std::thread thread_; ///< Last: it uses all the others.

@@ -124,6 +124,7 @@ TEST_F(UnsavedWorkTest, AQuoteThatIsOpenElsewhereIsToldAndCanBeRead)
     MainWindow first;
     first.show();
     ASSERT_TRUE(first.open(path()));
+    ASSERT_TRUE(first.open(path())) << "again, as its own lock is no other desk's";
     MainWindow second;
     second.show();
     answerNext("Cancel");
@@ -194,7 +195,7 @@ TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)
         quote.customer += u'?';
         quote.products = "2~Lamp:::5:1:0:5:~Desk:::9:1:0:9:~";
         keeper.keep({.quote = quote, .path = path()});
-        keeper.finish();
+        ASSERT_TRUE(keeper.finish());
         copy = QDir(copies).filePath(
             QDir(copies).entryList({QStringLiteral("*.recovery.json")}, QDir::Files).constFirst());
     }
