@@ -6,7 +6,7 @@
 
 namespace orvan::bench {
 
-Table::Table(std::ostream& out, std::vector<std::string> heads, std::size_t firstWidth)
+Table::Table(std::ostream& out, const std::vector<std::string>& heads, std::size_t firstWidth)
     : out_(out), firstWidth_(firstWidth)
 {
     print(heads);

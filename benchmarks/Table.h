@@ -13,7 +13,7 @@ namespace orvan::bench {
 class Table {
 public:
     /// Prints the column headings. The first column is at least `firstWidth` characters wide.
-    Table(std::ostream& out, std::vector<std::string> heads, std::size_t firstWidth);
+    Table(std::ostream& out, const std::vector<std::string>& heads, std::size_t firstWidth);
 
     void print(const std::vector<std::string>& cells);
 
