@@ -171,7 +171,7 @@ void ProductColumns::PrvRefreshColumnIndices()
             chosen.column = PrvGetColIndexByEnum(chosen.field);
             PrvSetColumnFormat(chosen.column, chosen.field);
         }
-        if (std::ranges::min(columnIndices_) < 0) {
+        if (*std::min_element(std::begin(columnIndices_), std::end(columnIndices_)) < 0) {
             raiseApplicationError(kLabel, "Invalid column index");
         }
     });

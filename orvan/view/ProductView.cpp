@@ -229,7 +229,9 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
     if (readsFirst) {
         flexGrid_.setRedraw(false);
         flexGrid_.setRowCount(count + 1);
-        std::ranges::for_each(rows, [&](ProductColumns::Cells& cells) { showRow(std::move(cells)); });
+        for (ProductColumns::Cells& cells : rows) {
+            showRow(std::move(cells));
+        }
     }
     if (updateTotal) {
         txtTotal_.setText(totalText);
