@@ -1,0 +1,84 @@
+"""Kills the programs (SIGKILL) at random moments while they write.
+
+Afterwards the file is wholly old or wholly new, and the next run of the program finishes and leaves nothing behind.
+usage: kills.py DESK GRID CATALOGUE_TOOL FOLDER
+Kills each program 12 times; 200 times where the environment has ORVAN_SWEEPS=whole. Prints the seed of the random
+moments; ORVAN_SEED gives another one.
+"""
+
+import os
+import random
+import sys
+import time
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+from programs import LargeCatalogueImported, QuoteSaved, RecoveryCopyKept, SettingChanged, TraceWritten
+
+SCENARIOS = (QuoteSaved, SettingChanged, RecoveryCopyKept, TraceWritten, LargeCatalogueImported)
+base = Path(sys.argv[4]) / "kills"
+
+
+def killed(kind, place, seconds):
+    """Returns the file's state after a kill in the middle, and what is wrong."""
+    scenario = kind(base / f"{kind.__name__}-{place % 4}")
+    scenario.prepare()
+    program = scenario.start(steps=scenario.endless)
+    if scenario.endless:
+        program.stdout.readline()  # the first line comes when the window is there
+    time.sleep(seconds)
+    ended = program.poll() is not None
+    program.kill()
+    output = program.communicate()[0]
+    try:
+        state = scenario.state("") if scenario.endless and kind is not SettingChanged else scenario.state()
+    except (OSError, ValueError) as problem:
+        state = f"unreadable, {problem}"
+    where = f"{kind.__name__} after {seconds:.3f} s"
+    if state not in ("old", "new"):
+        return state, f"{where}: the file is {state}\n{output}"
+    if ended and scenario.endless:
+        return state, f"{where}: it had ended by itself: {output}"
+    again = scenario.start()
+    output = again.communicate(timeout=60)[0]
+    if again.returncode != 0 or scenario.leftovers():
+        return state, f"{where}: the next run ends with {again.returncode}, leaves {scenario.leftovers()}: {output}"
+    return state, None
+
+
+def longest(kind):
+    """The seconds within which the program is killed: somewhat more than it takes, if it ends by itself."""
+    scenario = kind(base / f"{kind.__name__}-0")
+    scenario.prepare()
+    if scenario.endless:
+        return 2.5 if kind is RecoveryCopyKept else 0.5
+    begin = time.monotonic()
+    scenario.start().communicate(timeout=60)
+    return 1.3 * (time.monotonic() - begin)
+
+
+def main():
+    times = 200 if os.environ.get("ORVAN_SWEEPS") == "whole" else 12
+    seed = int(os.environ.get("ORVAN_SEED", random.randrange(1_000_000)))
+    print("ORVAN_SEED", seed)
+    moments = random.Random(seed)
+    problems = 0
+    base.mkdir(parents=True, exist_ok=True)
+    for kind in SCENARIOS:
+        most = longest(kind)
+        jobs = [moments.uniform(0, most) for _ in range(times)]
+
+        def worker(first, kind=kind, jobs=jobs):  # each thread has a folder of its own
+            return [killed(kind, place, jobs[place]) for place in range(first, len(jobs), 4)]
+
+        with ThreadPoolExecutor(4) as threads:
+            results = [result for each in threads.map(worker, range(4)) for result in each]
+        found = [problem for _, problem in results if problem]
+        states = [state for state, _ in results]
+        print(f"{kind.__name__}: killed {times} times, then {states.count('old')} old, {states.count('new')} new, "
+              f"{len(found)} with a fault", *found, sep="\n", flush=True)
+        problems += len(found)
+    return 1 if problems else 0
+
+
+sys.exit(main())

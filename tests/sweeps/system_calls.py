@@ -1,0 +1,103 @@
+"""Fails each system call on a program's files in turn, with a full disk, a failing one and a signal.
+
+Afterwards the file is wholly old or wholly new, and whoever finds the old one has been told.
+usage: system_calls.py DESK GRID CATALOGUE_TOOL FOLDER
+Each call fails with one of the errors; with each of them where the environment has ORVAN_SWEEPS=whole. Ends with 77
+where strace is not installed or may not trace.
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+from programs import CatalogueImported, QuoteSaved, RecoveryCopyKept, SettingChanged, TraceWritten
+
+CALLS = "openat write pwrite64 fsync fdatasync ftruncate rename link unlink close read pread64 flock fcntl mkdir".split()
+ERRORS = ("ENOSPC", "EIO", "EINTR")
+SCENARIOS = (QuoteSaved, SettingChanged, RecoveryCopyKept, TraceWritten, CatalogueImported)
+base = Path(sys.argv[4]) / "system_calls"
+
+
+def traced(scenario, log, *options):
+    wrapper = ["strace", "-f", "-qq", "-y", "-s", "4096", "-o", str(log), "-e", "trace=" + ",".join(CALLS), *options]
+    program = scenario.start(wrapper)
+    try:
+        output = program.communicate(timeout=60)[0]
+    except subprocess.TimeoutExpired:
+        subprocess.run(["pkill", "-9", "-P", str(program.pid)], check=False)
+        output = "hangs: " + program.communicate()[0]
+    return output, program.returncode, log.read_text(errors="replace").splitlines()
+
+
+def calls_on(lines, folder):
+    """The calls on files in the folder: (name, how manyth of its name in its thread)."""
+    counts, found = {}, []
+    for line in lines:
+        call = re.match(r"(\d+) +(\w+)\(", line)
+        if call:
+            counts[call.groups()] = counts.get(call.groups(), 0) + 1
+            if str(folder) in line:
+                found.append((call[2], counts[call.groups()]))
+    return sorted(set(found))
+
+
+def disturb(kind, call, number, error, place):
+    """Returns whether the call failed, and what is wrong after it."""
+    scenario = kind(base / f"{kind.__name__}-{place}")
+    scenario.prepare()
+    log = base / f"{kind.__name__}-{place}.strace"
+    output, code, lines = traced(scenario, log, "-e", f"inject={call}:error={error}:when={number}")
+    failed = [line for line in lines if "(INJECTED)" in line and str(scenario.folder) in line]
+    shutil.rmtree(scenario.folder / "home", ignore_errors=True)
+    if not failed:
+        return False, None
+    where = f"{kind.__name__}: {call} {number} failed with {error}: {failed[0][:200]}"
+    try:
+        state = scenario.state()
+    except (OSError, ValueError) as problem:
+        state = f"unreadable, {problem}"
+    if output.startswith("hangs"):
+        return True, f"{where}\n  the program {output}"
+    if state not in ("old", "new"):
+        return True, f"{where}\n  the file is {state}\n  told: {output}"
+    if state == "old" and not scenario.told(output, code):
+        return True, f"{where}\n  the file is the old one, and nobody is told (exit status {code}): {output}"
+    if call != "unlink" and scenario.leftovers():
+        return True, f"{where}\n  left behind: {scenario.leftovers()}"
+    return True, None
+
+
+def main():
+    whole = os.environ.get("ORVAN_SWEEPS") == "whole"
+    base.mkdir(parents=True, exist_ok=True)
+    try:
+        subprocess.run(["strace", "-f", "-o", "/dev/null", "true"], capture_output=True, check=True)
+    except (OSError, subprocess.CalledProcessError) as problem:
+        print("Skipped: strace cannot trace here:", problem)
+        return 77
+    problems = 0
+    for kind in SCENARIOS:
+        scenario = kind(base / f"{kind.__name__}-0")
+        scenario.prepare()
+        output, code, lines = traced(scenario, base / "undisturbed.strace")
+        if scenario.state() != "new":
+            print(f"{kind.__name__} does not work undisturbed (exit status {code}): {output}")
+            return 1
+        calls = calls_on(lines, scenario.folder)
+        jobs = [(call, number, error) for at, (call, number) in enumerate(calls)
+                for error in (ERRORS if whole else ERRORS[at % 3:at % 3 + 1])]
+        with ThreadPoolExecutor(4) as threads:
+            results = list(threads.map(lambda job: disturb(kind, *job[1], job[0]), enumerate(jobs)))
+        found = [problem for _, problem in results if problem]
+        hit = sum(failed for failed, _ in results)
+        print(f"{kind.__name__}: {len(calls)} calls, {len(jobs)} runs, {hit} of them failed a call, "
+              f"{len(found)} with a fault", *found, sep="\n", flush=True)
+        problems += len(found) + (hit == 0)
+    return 1 if problems else 0
+
+
+sys.exit(main())
