@@ -16,15 +16,15 @@ namespace orvan::bench {
 
 namespace {
 
-using headless::HeadlessForm;
+using headless::FormDriver;
 using Manager = std::shared_ptr<ProductMgr>;
 
 /// Opens the editor on the product at lIndex, calls `act`, then closes the editor and saves.
-void edit(const Manager& manager, std::int32_t lIndex, const std::function<void(HeadlessForm&)>& act)
+void edit(const Manager& manager, std::int32_t lIndex, const std::function<void(FormDriver&)>& act)
 {
     headless::HeadlessPlatform& platform = headlessHost().platform();
     platform.messageBox().answer(ui::MessageResult::yes);
-    platform.drive([&](HeadlessForm& form) {
+    platform.drive([&](FormDriver& form) {
         act(form);
         form.clickCloseBox();
     });
@@ -32,11 +32,11 @@ void edit(const Manager& manager, std::int32_t lIndex, const std::function<void(
 }
 
 /// A side whose figure is measured while the editor is open.
-Side inEditor(const Manager& manager, std::function<double(HeadlessForm&)> measure)
+Side inEditor(const Manager& manager, std::function<double(FormDriver&)> measure)
 {
     return {"", [manager, measure = std::move(measure)] {
                 double figure = 0;
-                edit(manager, 1, [&](HeadlessForm& form) { figure = measure(form); });
+                edit(manager, 1, [&](FormDriver& form) { figure = measure(form); });
                 return figure;
             }};
 }
@@ -44,7 +44,7 @@ Side inEditor(const Manager& manager, std::function<double(HeadlessForm&)> measu
 /// A box in which keys alternately type a digit and remove it, so that every second key restores the text.
 class KeyedBox {
 public:
-    KeyedBox(HeadlessForm& form, std::string_view name, std::string_view text) : box_(form.textBox(name))
+    KeyedBox(FormDriver& form, std::string_view name, std::string_view text) : box_(form.textBox(name))
     {
         form.focus(name);
         box_.select(0, static_cast<std::int32_t>(box_.text().size()));
@@ -61,7 +61,7 @@ public:
     }
 
 private:
-    headless::HeadlessTextBox& box_;
+    headless::EntryDriver& box_;
     bool typed_ = false;
 };
 
@@ -74,7 +74,7 @@ Side keystroke(const Manager& manager, const std::string& text)
             (*pressed)->press();
         }
     });
-    return inEditor(manager, [=](HeadlessForm& form) {
+    return inEditor(manager, [=](FormDriver& form) {
         KeyedBox box(form, "txtQty", text);
         *pressed = &box;
         return loop.repeat();
@@ -84,7 +84,7 @@ Side keystroke(const Manager& manager, const std::string& text)
 /// The number of calls of operator new in two thousand keystrokes; before each thousand, as many are not counted.
 Side keystrokeAllocations(const Manager& manager)
 {
-    return inEditor(manager, [](HeadlessForm& form) {
+    return inEditor(manager, [](FormDriver& form) {
         constexpr int kKeys = 1'000;
         std::uint64_t calls = 0;
         for (const char* const text : {"12", ""}) {
@@ -105,9 +105,9 @@ Side keystrokeAllocations(const Manager& manager)
 /// Types a quantity, then chooses the tool that saves and moves to the next product; the next iteration moves back.
 Side nextProduct(const Manager& manager)
 {
-    const auto open = std::make_shared<HeadlessForm*>();
+    const auto open = std::make_shared<FormDriver*>();
     const Side loop = timed("", [open](benchmark::State& state) {
-        auto& tools = (*open)->control<headless::HeadlessToolBar>("atbMain");
+        auto& tools = (*open)->toolBar("atbMain");
         auto& quantity = (*open)->textBox("txtQty");
         (*open)->focus("txtQty");
         std::size_t i = 0;
@@ -117,7 +117,7 @@ Side nextProduct(const Manager& manager)
             tools.choose(i++ % 2 == 0 ? "ID_GotoNext" : "ID_GotoPrevious");
         }
     });
-    return inEditor(manager, [=](HeadlessForm& form) {
+    return inEditor(manager, [=](FormDriver& form) {
         *open = &form;
         return loop.repeat();
     });
@@ -170,7 +170,7 @@ public:
     bool dirty = false;
 
 private:
-    HeadlessForm form_{kProductFormDesign, headlessHost().platform()};
+    headless::HeadlessForm form_{kProductFormDesign, headlessHost().platform()};
 
 public:
     FieldEntry fields{*this, form_};

@@ -28,6 +28,7 @@ INSTALLED_HOSTS = ("apps/quick-host/", "apps/orvan-grid/")
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
+MOST_PUBLIC_HEADERS = 40
 FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
 DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/performance.md"]
 
@@ -113,6 +114,8 @@ def main() -> int:
                for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
     public = public_headers()
     findings = [f"{header}: public, and does not exist" for header in sorted(public - sources.keys())]
+    if len(public) > MOST_PUBLIC_HEADERS:
+        findings.append(f"{len(public)} public headers, more than {MOST_PUBLIC_HEADERS}")
     for path, text in sources.items():
         findings += check_includes(path, text) + check_public(path, text, public) + check_size(path, text)
     for name in DOCUMENTS:

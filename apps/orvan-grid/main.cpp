@@ -21,7 +21,7 @@ std::size_t characterCount(std::string_view text)
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-Rows gridRows(const orvan::headless::HeadlessGrid& grid)
+Rows gridRows(const orvan::headless::GridDriver& grid)
 {
     Rows rows;
     for (std::int32_t row = 0; row < grid.rowCount(); ++row) {

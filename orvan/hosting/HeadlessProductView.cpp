@@ -1,5 +1,6 @@
 #include "orvan/hosting/HeadlessProductView.h"
 
+#include "orvan/ui/headless/HeadlessSurface.h"
 #include "orvan/view/ProductView.h"
 #include "orvan/view/ProductViewDesign.h"
 
@@ -7,33 +8,55 @@
 
 namespace orvan {
 
-HeadlessProductView::HeadlessProductView(ui::Platform& platform, std::string hostTypeName)
-    : surface_(kProductViewDesign, platform), site_(std::move(hostTypeName)),
-      view_(std::make_unique<ProductView>(platform, surface_, site_))
+/// The view is the last part, so that it is destroyed before the surface and the site.
+struct HeadlessProductView::Parts {
+    Parts(ui::Platform& platform, std::string hostTypeName, std::int32_t ownerWindow)
+        : surface(kProductViewDesign, platform), site(std::move(hostTypeName), ownerWindow),
+          view(platform, surface, site)
+    {
+    }
+
+    headless::HeadlessSurface surface;
+    headless::HeadlessSite site;
+    ProductView view;
+};
+
+HeadlessProductView::HeadlessProductView(ui::Platform& platform, std::string hostTypeName, std::int32_t ownerWindow)
+    : parts_(std::make_unique<Parts>(platform, std::move(hostTypeName), ownerWindow))
 {
-    view_->UserControl_ReadProperties();
+    parts_->view.UserControl_ReadProperties();
 }
 
 HeadlessProductView::~HeadlessProductView() = default;
 
 void HeadlessProductView::Show(std::string_view sProducts)
 {
-    view_->Show(sProducts);
+    parts_->view.Show(sProducts);
 }
 
 std::string HeadlessProductView::Products()
 {
-    return view_->Products();
+    return parts_->view.Products();
 }
 
 Currency HeadlessProductView::TotalValue()
 {
-    return view_->TotalValue();
+    return parts_->view.TotalValue();
 }
 
 bool HeadlessProductView::Dirty() const
 {
-    return view_->Dirty();
+    return parts_->view.Dirty();
+}
+
+headless::SurfaceDriver& HeadlessProductView::surface()
+{
+    return parts_->surface;
+}
+
+const std::vector<std::string>& HeadlessProductView::changedProperties() const
+{
+    return parts_->site.changedProperties();
 }
 
 } // namespace orvan

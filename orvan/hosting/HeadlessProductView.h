@@ -1,30 +1,29 @@
 // HeadlessProductView: a list view without a window, for hosts without a toolkit.
 //
-// It has the same four operations as ProductViewWidget, and access to the controls, which a program uses in the place
-// of a user. Thread: the one that made the platform. Errors: the constructor, Show, Products and TotalValue raise
-// RuntimeError (orvan/base/RuntimeError.h). Lengths are in twips.
+// It has the same four operations as ProductViewWidget, and the drivers of its controls (orvan/ui/headless/Drivers.h),
+// with which a program takes the place of the user. Thread: the one that made the platform. Errors: the constructor,
+// Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h).
 #pragma once
 
 #include "orvan/hosting/Host.h"
-#include "orvan/ui/headless/HeadlessControls.h"
-#include "orvan/ui/headless/HeadlessEntries.h"
+#include "orvan/ui/headless/Drivers.h"
 #include "orvan/ui/headless/HeadlessPlatform.h"
-#include "orvan/ui/headless/HeadlessSurface.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvan {
-
-class ProductView;
 
 using HeadlessHost = Host<headless::HeadlessPlatform>;
 
 class HeadlessProductView {
 public:
-    /// The view's preferences are kept under `hostTypeName` in the platform's settings store.
-    explicit HeadlessProductView(ui::Platform& platform, std::string hostTypeName = "HeadlessHost");
+    /// The view's preferences are kept under `hostTypeName` in the platform's settings store. The view's message boxes
+    /// belong to `ownerWindow` (see ui::Message).
+    explicit HeadlessProductView(ui::Platform& platform, std::string hostTypeName = "HeadlessHost",
+                                 std::int32_t ownerWindow = 0);
     HeadlessProductView(const HeadlessProductView&) = delete;
     HeadlessProductView& operator=(const HeadlessProductView&) = delete;
     ~HeadlessProductView();
@@ -34,15 +33,15 @@ public:
     [[nodiscard]] Currency TotalValue();
     [[nodiscard]] bool Dirty() const;
 
-    headless::HeadlessSurface& surface() { return surface_; }
-    headless::HeadlessSite& site() { return site_; }
-    headless::HeadlessGrid& flexGrid() { return surface_.control<headless::HeadlessGrid>("flexGrid"); }
-    headless::HeadlessTextBox& txtTotal() { return surface_.control<headless::HeadlessTextBox>("txtTotal"); }
+    headless::SurfaceDriver& surface();
+    headless::GridDriver& flexGrid() { return surface().grid("flexGrid"); }
+    headless::EntryDriver& txtTotal() { return surface().textBox("txtTotal"); }
+    /// The properties that the view has asked its container to save, oldest first.
+    const std::vector<std::string>& changedProperties() const;
 
 private:
-    headless::HeadlessSurface surface_;
-    headless::HeadlessSite site_;
-    std::unique_ptr<ProductView> view_; ///< Last, so that it is destroyed before the surface and the site.
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
 };
 
 } // namespace orvan

@@ -11,6 +11,7 @@
 // Ownership: a Surface owns its controls. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/ui/FormDesign.h"
 #include "orvan/ui/Platform.h"
 
@@ -64,7 +65,7 @@ protected:
     void raise(const std::function<void(Parameters...)>& handler, Arguments&&... arguments) const
     {
         if (Platform* platform = eventPlatform()) {
-            platform->raise(handler, std::forward<Arguments>(arguments)...);
+            platform->dispatch([&] { runHandler(handler, std::forward<Arguments>(arguments)...); });
         }
     }
     /// Whether the user can act on the control: neither it nor a frame around it is disabled.

@@ -1,5 +1,6 @@
 #include "orvan/ui/Form.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/Button.h"
 
@@ -33,12 +34,12 @@ void Form::unload(UnloadMode mode)
     if (!loaded_) {
         return;
     }
-    const bool stays = platform().raise(onQueryUnload, mode);
+    const bool stays = platform().dispatch([&] { return runHandler(onQueryUnload, mode); });
     if (stays || !loaded_) { // something else may have closed the form while the handler asked the user
         return;
     }
     loaded_ = false;
-    platform().raise(onUnload);
+    platform().dispatch([this] { runHandler(onUnload); });
     doUnload();
 }
 

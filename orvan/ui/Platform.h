@@ -4,7 +4,6 @@
 // user-interface thread (a host with several such threads makes one platform for each).
 #pragma once
 
-#include "orvan/base/RunHandler.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/ui/ComponentFactory.h"
 #include "orvan/ui/EditingWay.h"
@@ -14,7 +13,6 @@
 
 #include <functional>
 #include <type_traits>
-#include <utility>
 
 namespace orvan::ui {
 
@@ -55,13 +53,6 @@ public:
             }
         }
         return std::invoke_result_t<Work>();
-    }
-
-    /// Raises an event: runs its handler, if there is one, by runHandler inside dispatch.
-    template <class Result, class... Parameters, class... Arguments>
-    Result raise(const std::function<Result(Parameters...)>& handler, Arguments&&... arguments) noexcept
-    {
-        return dispatch([&] { return runHandler(handler, std::forward<Arguments>(arguments)...); });
     }
 };
 

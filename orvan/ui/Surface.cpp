@@ -1,5 +1,6 @@
 #include "orvan/ui/Surface.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/base/RuntimeError.h"
 
 #include <algorithm>
@@ -27,7 +28,7 @@ void Surface::setInnerSize(float width, float height)
     innerWidth_ = width;
     innerHeight_ = height;
     if (live()) {
-        platform_.raise(onResize);
+        platform_.dispatch([this] { runHandler(onResize); });
     }
 }
 

@@ -60,7 +60,7 @@ public:
 
     void showModal(ui::Form& form, std::function<void()> user) override
     {
-        platform_.drive([user](HeadlessForm&) { user(); });
+        platform_.drive([user](FormDriver&) { user(); });
         form.showModal();
     }
     void goTo(ui::Form& form, std::string_view box) override { as<HeadlessForm>(form).focus(box); }

@@ -5,7 +5,7 @@
 namespace orvan::test {
 namespace {
 
-using headless::HeadlessForm;
+using headless::FormDriver;
 using Answers = std::vector<ui::MessageResult>;
 constexpr auto kYes = ui::MessageResult::yes;
 constexpr auto kNo = ui::MessageResult::no;
@@ -32,7 +32,7 @@ struct Outcome {
 
 class ClosingTest : public EditorFixture {
 public:
-    void act(std::string_view way, HeadlessForm& form)
+    void act(std::string_view way, FormDriver& form)
     {
         if (way == "save") {
             form.button("cmdSaveClose").click();
@@ -112,7 +112,7 @@ TEST_F(ClosingTest, EachWayToCloseAsksAndLeavesTheListAsAnswered)
             load(alone ? kOne : kTwo);
             answer(way.answers);
             faults.maxDataSize.reset();
-            platform.drive([&](HeadlessForm& form) {
+            platform.drive([&](FormDriver& form) {
                 if (outcome.edit != Edit::none) {
                     form.textBox("txtNote").type(outcome.edit == Edit::fits ? "new" : std::string(90, 'x'));
                 }
@@ -148,7 +148,7 @@ TEST_F(ClosingTest, TheSizeMessageShowsTheLimitOfTheMoment)
     load(kTwo);
     answer({kOk, kOk, kYes});
     trace->declareError(ErrorNumber::outOfStringSpace, 2);
-    edit(1, [&](HeadlessForm& form) {
+    edit(1, [&](FormDriver& form) {
         form.textBox("txtNote").type("new");
         for (const std::int32_t limit : {40, 7}) {
             faults.maxDataSize = limit;
@@ -158,7 +158,7 @@ TEST_F(ClosingTest, TheSizeMessageShowsTheLimitOfTheMoment)
                           std::to_string(limit) +
                           " bytes. Please try limiting the amount of data you put in the product note field "
                           "(this or other products in this IBO) and try saving the product info again.");
-            EXPECT_TRUE(form.button("cmdCancel").hasFocus());
+            EXPECT_EQ(form.focusedControl(), "cmdCancel");
         }
         faults.maxDataSize.reset();
         form.button("cmdSaveClose").click();

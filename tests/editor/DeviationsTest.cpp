@@ -9,7 +9,7 @@
 namespace orvan::test {
 namespace {
 
-using headless::HeadlessForm;
+using headless::FormDriver;
 
 /// What a user does, and what comes of it in each way of editing: the message boxes (letters as in
 /// EditorFixture::prompts), whether the form is still open, whether the session is dirty, and the list.
@@ -83,7 +83,7 @@ public:
     /// types, "+500" lets time pass, "Yes", "No" and "Cancel" answer the question whether to save from now on, "limit"
     /// makes the list too large, "broken" and "mended" are the catalogue, "frozen" lets no list be put back, "fail2"
     /// lets the manager fail at its second call from now.
-    void act(HeadlessForm& form, const std::string& word)
+    void act(FormDriver& form, const std::string& word)
     {
         const std::size_t equals = word.find('=');
         if (word[0] == '+') {
@@ -103,7 +103,7 @@ public:
         } else if (word == "close") {
             form.clickCloseBox();
         } else if (word.starts_with("ID_")) {
-            form.control<headless::HeadlessToolBar>("atbMain").choose(word);
+            form.toolBar("atbMain").choose(word);
         } else if (word.starts_with("cmd")) {
             form.button(word).click();
         } else if (equals == std::string::npos) {
@@ -127,7 +127,7 @@ public:
         std::string outcome;
         frmProduct editor(platform);
         editor.Init(manager, 1, false);
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](FormDriver& form) {
             std::istringstream words(row.doings);
             for (std::string word; words >> word && form.loaded();) {
                 act(form, word);
@@ -253,7 +253,7 @@ TEST_F(DeviationsTest, ANewProductThatCannotBeShownIsTakenBack)
             allowEntriesOfLoading(*own.trace());
             faults.failAtCall = call;
             bool opened = false, reached = true;
-            platform.drive([&](HeadlessForm& form) {
+            platform.drive([&](FormDriver& form) {
                 opened = true; // also where the failing call is the size check, which only tells the user
                 reached = std::exchange(faults.failAtCall, 0) == 0;
                 answer = ui::MessageResult::no;

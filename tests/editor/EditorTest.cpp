@@ -1,4 +1,5 @@
 #include "orvan/editor/frmProductDesign.h"
+#include "orvan/ui/Surface.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
@@ -6,27 +7,24 @@
 namespace orvan::test {
 namespace {
 
-using headless::HeadlessForm;
+using headless::FormDriver;
 
 class EditorTest : public EditorFixture {
 public:
     /// Which of first, previous, next, last can be pressed; each tool is as its button.
-    static std::string ways(HeadlessForm& form)
+    static std::string ways(FormDriver& form)
     {
         std::string letters;
-        const auto& tools = form.control<ui::ToolBar>("atbMain");
+        const auto& tools = form.toolBar("atbMain");
         for (const auto& [button, tool, letter] :
              {std::tuple("cmdGotoFirst", "ID_GotoFirst", 'f'), std::tuple("cmdPrevious", "ID_GotoPrevious", 'p'),
               std::tuple("cmdNext", "ID_GotoNext", 'n'), std::tuple("cmdGotoLast", "ID_GotoLast", 'l')}) {
-            EXPECT_EQ(form.button(button).enabled(), tools.toolEnabled(tool)) << button;
-            letters += form.button(button).enabled() ? letter : '-';
+            EXPECT_EQ(form.button(button).canTakeFocus(), tools.toolEnabled(tool)) << button;
+            letters += form.button(button).canTakeFocus() ? letter : '-';
         }
         return letters;
     }
-    static void choose(HeadlessForm& form, std::string_view tool)
-    {
-        form.control<headless::HeadlessToolBar>("atbMain").choose(tool);
-    }
+    static void choose(FormDriver& form, std::string_view tool) { form.toolBar("atbMain").choose(tool); }
 };
 
 TEST_F(EditorTest, AProductIsShownInEveryBox)
@@ -34,7 +32,7 @@ TEST_F(EditorTest, AProductIsShownInEveryBox)
     const std::string longName(300, 'n');
     const std::string longNote(5000, 'x');
     load("2~" + longName + "::P:1234.5:2.5:12.5:2700.4688:" + longNote + "~:::0:3:10:0:~");
-    edit(1, [&](HeadlessForm& form) {
+    edit(1, [&](FormDriver& form) {
         EXPECT_EQ(form.caption(), std::string(25, 'n') + " (1/2)");
         struct Row {
             const char* name;
@@ -49,8 +47,8 @@ TEST_F(EditorTest, AProductIsShownInEveryBox)
             {"txtExtPrice", "$2,700.47"},
             {"txtTotal", "$2,700.47"},
         };
-        forEachRow(rows, [&](const Row& row) { EXPECT_EQ(form.control<ui::TextEntry>(row.name).text(), row.text); });
-        EXPECT_TRUE(form.comboBox("cboPartNum").hasFocus());
+        forEachRow(rows, [&](const Row& row) { EXPECT_EQ(entry(form, row.name).text(), row.text); });
+        EXPECT_EQ(form.focusedControl(), "cboPartNum");
         form.button("cmdNext").click();
         EXPECT_EQ(form.caption(), " (2/2)");
         EXPECT_EQ(form.textBox("txtQty").text(), "3");
@@ -64,7 +62,7 @@ TEST_F(EditorTest, AProductIsShownInEveryBox)
 TEST_F(EditorTest, ButtonsAndMenuMoveThroughTheList)
 {
     load(kThreeProducts);
-    edit(2, [&](HeadlessForm& form) {
+    edit(2, [&](FormDriver& form) {
         EXPECT_EQ(ways(form), "fpnl");
         struct Row {
             const char *name, *tool, *caption, *ways, *focus;
@@ -77,7 +75,7 @@ TEST_F(EditorTest, ButtonsAndMenuMoveThroughTheList)
         };
         forEachRow(rows, [&](const Row& row) {
             form.button(row.name).click();
-            EXPECT_EQ(form.focused()->name(), row.focus) << "a button that went grey hands the focus on";
+            EXPECT_EQ(form.focusedControl(), row.focus) << "a button that went grey hands the focus on";
             for (const bool byMenu : {false, true}) {
                 if (byMenu) {
                     choose(form, row.tool);
@@ -113,10 +111,10 @@ TEST_F(EditorTest, AProductIsAddedAtTheEndAndMarksTheSession)
     forEachRow(rows, [&](const Row& row) {
         load(row.list);
         answer({ui::MessageResult::yes});
-        edit(row.byButton ? 1 : 0, [&](HeadlessForm& form) {
+        edit(row.byButton ? 1 : 0, [&](FormDriver& form) {
             if (row.byButton) {
                 form.button("cmdNew").click();
-                EXPECT_TRUE(form.comboBox("cboProductName").hasFocus());
+                EXPECT_EQ(form.focusedControl(), "cboProductName");
             }
             EXPECT_EQ(form.caption(), row.caption);
             EXPECT_EQ(form.textBox("txtQty").text(), "1");
@@ -133,11 +131,11 @@ TEST_F(EditorTest, AFormKeptOpenOnAnEmptyListHasOnlyANewProductToOffer)
     using enum ui::MessageResult;
     load("1~Desk::D-1:489:2:0:978:~");
     answer({yes, cancel, no});
-    edit(1, [&](HeadlessForm& form) {
+    edit(1, [&](FormDriver& form) {
         form.textBox("txtNote").type("n");
         form.button("cmdDelete").click();
         EXPECT_EQ(form.caption(), " (0/0)");
-        EXPECT_EQ(form.focused()->name(), "cmdNew");
+        EXPECT_EQ(form.focusedControl(), "cmdNew");
         EXPECT_FALSE(form.textBox("txtQty").canTakeFocus());
         EXPECT_EQ(errorOf([&] { choose(form, "ID_DeleteProduct"); }), 5);
         form.button("cmdNew").click();
@@ -152,7 +150,7 @@ TEST_F(EditorTest, NothingMovesNorIsAddedWhileTheListIsTooLarge)
 {
     load(kThreeProducts);
     const auto ok = ui::MessageResult::ok;
-    edit(2, [&](HeadlessForm& form) {
+    edit(2, [&](FormDriver& form) {
         faults.maxDataSize = 10;
         answer({ok, ok, ok, ok}); // the seek that follows the refused product saves again
         trace->declareError(ErrorNumber::outOfStringSpace, 4);
@@ -171,7 +169,7 @@ TEST_F(EditorTest, TheManagerSaysWhichPositionsHoldAProduct)
     const auto yes = ui::MessageResult::yes;
     load(kThreeProducts);
     faults.seekMovesBy = 1; // a position further than asked for
-    edit(1, [&](HeadlessForm& form) {
+    edit(1, [&](FormDriver& form) {
         EXPECT_EQ(form.caption(), "Lamp (2/3)") << "opening asks for the product's own position";
         faults.seekMovesBy = 0;
         faults.notFoundFrom = 3;
@@ -200,7 +198,7 @@ TEST_F(EditorTest, AHandlerMayFindItsFormClosed)
     };
     load(kThreeProducts);
     answer({MessageResult::ok, MessageResult::yes, MessageResult::ok});
-    edit(2, [&](HeadlessForm& form) {
+    edit(2, [&](FormDriver& form) {
         platform.messageBox().onWaiting = [&, asked = false](const ui::Message&) mutable {
             if (!std::exchange(asked, true)) { // while the question waits, another event fails and closes the dialog
                 failing("PrvSaveNoteFld", [&] { form.textBox("txtNote").paste("x"); });
@@ -211,7 +209,7 @@ TEST_F(EditorTest, AHandlerMayFindItsFormClosed)
     });
     EXPECT_EQ(manager->GetProductCount(), 3);
     platform.messageBox().onWaiting = nullptr;
-    edit(2, [&](HeadlessForm& form) {
+    edit(2, [&](FormDriver& form) {
         form.focus("txtQty"); // the box that is left closes the form: the button pressed does nothing more
         failing("PrvSaveQtyFld", [&] { form.button("cmdSaveClose").click(); });
         EXPECT_FALSE(form.loaded());
@@ -222,12 +220,12 @@ TEST_F(EditorTest, AHandlerMayFindItsFormClosed)
 TEST_F(EditorTest, TheFieldsFillTheWindowAndTheButtonsFollow)
 {
     load(kThreeProducts);
-    edit(1, [&](HeadlessForm& form) {
+    edit(1, [&](FormDriver& form) {
         using Places = std::vector<float>;
         const auto places = [&] {
             Places all;
             for (const char* name : {"fraWizProducts", "fraLeftButtons", "cmdSaveClose", "cmdCancel"}) {
-                const auto& control = form.control<ui::Control>(name);
+                const auto& control = dynamic_cast<ui::Surface&>(form).control<ui::Control>(name);
                 all.insert(all.end(), {control.left(), control.top(), control.width(), control.height()});
             }
             return all;

@@ -4,7 +4,7 @@
 namespace orvan::test {
 namespace {
 
-using headless::HeadlessForm;
+using headless::FormDriver;
 
 class FaultsTest : public EditorFixture {
 public:
@@ -18,11 +18,11 @@ public:
     }
 
     /// Everything a person can do, as far as the form stays open for it.
-    void wholeSession(HeadlessForm& form)
+    void wholeSession(FormDriver& form)
     {
         const auto click = [&](const char* name) {
             return [&form, name] {
-                if (form.button(name).enabled()) {
+                if (form.button(name).canTakeFocus()) {
                     form.button(name).click();
                 }
             };
@@ -38,7 +38,7 @@ public:
             click("cmdGotoFirst"),
             click("cmdNew"),
             [&] { form.comboBox("cboProductName").type("New"); },
-            [&] { form.control<headless::HeadlessToolBar>("atbMain").choose("ID_DeleteProduct"); },
+            [&] { form.toolBar("atbMain").choose("ID_DeleteProduct"); },
             click("cmdDelete"),
             click("cmdSaveClose"),
         };
@@ -63,7 +63,7 @@ TEST_F(FaultsTest, AManagerThatFailsAtAnyOfItsCallsEndsTheSessionInOrder)
         const std::size_t prompt = platform.messageBox().shown().size();
         faults.failAtCall = call;
         bool shown = false;
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](FormDriver& form) {
             shown = true;
             wholeSession(form);
         });

@@ -7,7 +7,7 @@
 namespace orvan::test {
 namespace {
 
-using headless::HeadlessForm;
+using headless::FormDriver;
 
 class OneEntry final : public ProductLkpMgr {
 public:
@@ -33,7 +33,7 @@ public:
     }
 
     /// "verb control argument", several with "; " between.
-    void perform(HeadlessForm& form, const std::string& doings)
+    void perform(FormDriver& form, const std::string& doings)
     {
         std::istringstream all(doings);
         for (std::string doing; std::getline(all >> std::ws, doing, ';');) {
@@ -45,14 +45,13 @@ public:
             } else if (verb == "focus") {
                 form.focus(control);
             } else if (verb == "type") {
-                auto& entry = form.control<ui::TextEntry>(control);
-                dynamic_cast<headless::EntryDriver&>(entry).type(argument == "Enter" ? "\n" : argument);
+                entry(form, control).type(argument == "Enter" ? "\n" : argument);
             } else if (verb == "pick") {
                 form.comboBox(control).chooseRow(std::stoi(argument));
             } else if (verb == "click") {
                 form.button(control).click();
             } else if (verb == "choose") {
-                form.control<headless::HeadlessToolBar>("atbMain").choose(control);
+                form.toolBar("atbMain").choose(control);
             } else if (verb == "wait") {
                 platform.clock().advance(std::stoi(control));
             } else if (verb == "closeBox") {
@@ -76,7 +75,7 @@ public:
         const auto arm = [&] { own.trace()->failEntering(failing.empty() ? "" : label, kFailure); };
         const bool whole = doings.starts_with("open");
         const std::size_t bar = doings.find('|');
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](FormDriver& form) {
             if (bar != std::string::npos) {
                 perform(form, doings.substr(0, bar));
             }

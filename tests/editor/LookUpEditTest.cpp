@@ -11,8 +11,8 @@
 namespace orvan::test {
 namespace {
 
-using headless::HeadlessComboBox;
-using headless::HeadlessForm;
+using headless::ComboBoxDriver;
+using headless::FormDriver;
 
 /// The editor with a catalogue, on the first of two products.
 class LookUpEditTest : public EditorFixture {
@@ -30,7 +30,7 @@ public:
     }
 
     /// What the user does: "+500" lets time pass, "row1" chooses a row, other words but those below are typed.
-    void act(HeadlessForm& form, HeadlessComboBox& box, const std::string& word)
+    void act(FormDriver& form, ComboBoxDriver& box, const std::string& word)
     {
         if (word[0] == '+') {
             platform.clock().advance(std::stoi(word));
@@ -48,7 +48,7 @@ public:
     }
 
     /// Text with bars around its selection, rows of the list, pending row.
-    static std::string shown(const HeadlessForm& form, const HeadlessComboBox& box, const LookUpBoxes::State& state)
+    static std::string shown(const FormDriver& form, const ComboBoxDriver& box, const LookUpBoxes::State& state)
     {
         std::string text = box.text();
         if (form.loaded()) {
@@ -99,7 +99,7 @@ public:
         frmProduct editor(platform);
         editor.Init(manager, 1, false);
         std::string state;
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](FormDriver& form) {
             auto& box = form.comboBox(boxName);
             box.select(0, 3);
             alwaysAnswer(ui::MessageResult::yes);

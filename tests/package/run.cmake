@@ -23,4 +23,4 @@ endfunction()
 file(WRITE ${WORK}/products.txt "1~Desk lamp:::74.95:2:0:149.9:~\n")
 expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n"
     ${WORK}/host/orvan-grid ${WORK}/products.txt)
-expect_output("74.95 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)
+expect_output("1  Desk lamp  2  $149.90  $149.90\n149.9 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)

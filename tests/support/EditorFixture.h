@@ -2,7 +2,6 @@
 #pragma once
 
 #include "orvan/editor/ProductDlg.h"
-#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/LibraryFixture.h"
 
 namespace orvan::test {
@@ -37,6 +36,11 @@ public:
         } else {
             dialog.ShowAddNew(manager);
         }
+    }
+    /// A text box or a combo box.
+    static headless::EntryDriver& entry(headless::FormDriver& form, std::string_view name)
+    {
+        return name.starts_with("cbo") ? form.comboBox(name) : form.textBox(name);
     }
     void answer(const std::vector<ui::MessageResult>& answers)
     {

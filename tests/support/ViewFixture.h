@@ -2,6 +2,7 @@
 #pragma once
 
 #include "orvan/hosting/HeadlessProductView.h"
+#include "orvan/ui/headless/HeadlessSurface.h"
 #include "tests/support/LibraryFixture.h"
 
 #include <optional>
@@ -16,10 +17,10 @@ public:
         expectNothingLeft();
     }
 
-    HeadlessProductView& makeView(const std::string& hostTypeName = "TestForm")
+    HeadlessProductView& makeView(const std::string& hostTypeName = "TestForm", std::int32_t ownerWindow = 0)
     {
         view.reset();
-        return view.emplace(platform, hostTypeName);
+        return view.emplace(platform, hostTypeName, ownerWindow);
     }
 
     std::string storedPrefs(const std::string& hostTypeName = "TestForm")
@@ -31,10 +32,10 @@ public:
         platform.settings().set("Orvan", "KTVOrvanProduct_ProductView_Prefs", "ViewSettings_TestForm", value);
     }
 
-    headless::HeadlessButton& button(std::string_view name)
-    {
-        return view->surface().control<headless::HeadlessButton>(name);
-    }
+    headless::ButtonDriver& button(std::string_view name) { return view->surface().button(name); }
+    /// What no user sees, such as the keys of the columns.
+    ui::Surface& surface() { return dynamic_cast<ui::Surface&>(view->surface()); }
+    ui::Grid& grid() { return surface().control<ui::Grid>("flexGrid"); }
 
     /// What `text` gives for each number from `first` to before `end`, blanks between.
     template <class Text>
@@ -49,15 +50,14 @@ public:
     /// The keys in grid order, hidden ones in brackets.
     std::string columns()
     {
-        const auto& grid = view->flexGrid();
-        return joined(0, grid.columnCount(), [&](std::int32_t column) {
-            return grid.columnHidden(column) ? '[' + grid.columnKey(column) + ']' : grid.columnKey(column);
+        return joined(0, grid().columnCount(), [&](std::int32_t column) {
+            const std::string& key = grid().columnKey(column);
+            return grid().columnHidden(column) ? '[' + key + ']' : key;
         });
     }
     std::string widths()
     {
-        const auto& grid = view->flexGrid();
-        return joined(0, grid.columnCount(), [&](auto column) { return std::to_string(grid.columnWidth(column)); });
+        return joined(0, grid().columnCount(), [&](auto column) { return std::to_string(grid().columnWidth(column)); });
     }
     /// The names in list order.
     std::string names()

@@ -1,4 +1,3 @@
-#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ViewFixture.h"
 
@@ -103,9 +102,7 @@ TEST_F(ProductViewCommandsTest, AnErrorIsShownWithTheHostWindowAsOwner)
         {.name = "the refresh after a deletion", .button = "cmdDelete", .failAtCall = 2, .recorded = 3},
     };
     forEachRow(rows, [&](const Row& row) {
-        makeView();
-        view->site() = headless::HeadlessSite("TestForm", 77);
-        view->Show(kThreeProducts);
+        makeView("TestForm", 77).Show(kThreeProducts);
         view->flexGrid().chooseRow(2);
         if (std::string_view(row.button) == "cmdDelete") {
             platform.messageBox().answer(ui::MessageResult::yes);
@@ -145,7 +142,7 @@ TEST_F(ProductViewCommandsTest, TheEditorOpensOnARowOrOnANewProduct)
         makeView().Show(kThreeProducts);
         bool opened = false;
         if (row.caption) {
-            platform.drive([&](headless::HeadlessForm& form) {
+            platform.drive([&](headless::FormDriver& form) {
                 opened = true;
                 EXPECT_EQ(form.caption(), row.caption);
                 if (row.typed) {
@@ -168,7 +165,7 @@ TEST_F(ProductViewCommandsTest, TheEditorOpensOnARowOrOnANewProduct)
 TEST_F(ProductViewCommandsTest, AHostMayDestroyTheViewWhileTheEditorIsOpen)
 {
     makeView().Show(kThreeProducts);
-    platform.drive([&](headless::HeadlessForm& form) {
+    platform.drive([&](headless::FormDriver& form) {
         view.reset();
         form.button("cmdNext").click();
         EXPECT_EQ(form.caption(), "Chair (3/3)");

@@ -23,12 +23,9 @@ constexpr const char* kMenus[] = {"mnuViewCboOne", "mnuViewCboTwo"};
 
 class ProductViewMenusTest : public ViewFixture {
 protected:
-    headless::HeadlessPopupMenu& menu(std::size_t which)
-    {
-        return view->surface().control<headless::HeadlessPopupMenu>(kMenus[which]);
-    }
+    headless::PopupMenuDriver& menu(std::size_t which) { return view->surface().popupMenu(kMenus[which]); }
     /// The user opens the menu at the header of column One (0) or Two (1).
-    headless::HeadlessPopupMenu& open(std::size_t which)
+    headless::PopupMenuDriver& open(std::size_t which)
     {
         view->flexGrid().rightClick(0, 2 + static_cast<std::int32_t>(which));
         return menu(which);
@@ -60,8 +57,8 @@ protected:
         EXPECT_EQ(columns().substr(0, keys.size()), keys);
         EXPECT_EQ(row(0), std::string("# | Product | ") + kFields[one].header + " | " + kFields[two].header);
         EXPECT_EQ(row(1), std::string("1 | n | ") + kFields[one].cell + " | " + kFields[two].cell);
-        EXPECT_EQ(view->flexGrid().columnType(2), kFields[one].type);
-        EXPECT_EQ(view->flexGrid().columnType(3), kFields[two].type);
+        EXPECT_EQ(grid().columnType(2), kFields[one].type);
+        EXPECT_EQ(grid().columnType(3), kFields[two].type);
         for (const std::size_t which : {0U, 1U}) {
             auto& opened = open(which);
             EXPECT_EQ(opened.offered(), allBut(which, which == 0 ? two : one));
@@ -122,11 +119,11 @@ TEST_F(ProductViewMenusTest, AnErrorOfAMenuReachesThePlatform)
     std::vector<std::int32_t> unhandled;
     start("");
     platform.onUnhandledError = [&](const RuntimeError& error) { unhandled.push_back(error.number()); };
-    view->flexGrid().setColumnKey(view->flexGrid().columnIndex("Note"), "");
+    grid().setColumnKey(grid().columnIndex("Note"), "");
     choose(1, 5);
     EXPECT_EQ(unhandled, std::vector<std::int32_t>{9}) << "no such column";
     EXPECT_EQ(storedPrefs(), "");
-    EXPECT_TRUE(view->flexGrid().redraw()) << "the grid still reacts";
+    EXPECT_TRUE(grid().redraw()) << "the grid still reacts";
     start("");
     open(0);
     makeView();

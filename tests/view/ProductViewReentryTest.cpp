@@ -1,7 +1,6 @@
 // What happens when the host acts while a procedure of the view runs: from a manager, the trace, a message box or an
 // open editor.
 
-#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/Raised.h"
 #include "tests/support/ViewFixture.h"
 #include "tests/view/HookedProductMgr.h"
@@ -86,10 +85,10 @@ protected:
     void expectOtherList(bool dirty = false)
     {
         EXPECT_EQ(names(), "Shelf Sofa");
-        EXPECT_EQ(view->flexGrid().displayText(1, 0), "1");
+        EXPECT_EQ(grid().displayText(1, 0), "1");
         EXPECT_EQ(view->Products(), kOtherList);
         EXPECT_EQ(view->txtTotal().text(), "$12");
-        EXPECT_TRUE(view->flexGrid().redraw());
+        EXPECT_TRUE(grid().redraw());
         EXPECT_EQ(view->Dirty(), dirty);
     }
 
@@ -204,7 +203,7 @@ TEST_F(ProductViewReentryTest, AnEditorBelongsToTheListThatItWasOpenedOn)
             SCOPED_TRACE(action);
             platform.editing = way;
             makeReady(action);
-            platform.drive([&](headless::HeadlessForm& form) {
+            platform.drive([&](headless::FormDriver& form) {
                 view->Show(kOtherList);
                 form.focus("txtQty");
                 form.textBox("txtQty").type("4");
@@ -230,7 +229,7 @@ TEST_F(ProductViewReentryTest, AChangeMarksTheViewWhateverFailsAfterIt)
         SCOPED_TRACE(row.name);
         makeReady(row.action);
         if (std::string_view(row.action) == "double click") {
-            platform.drive([&](headless::HeadlessForm& form) {
+            platform.drive([&](headless::FormDriver& form) {
                 form.focus("txtQty");
                 form.textBox("txtQty").type("4");
                 platform.messageBox().answer(ui::MessageResult::yes);
@@ -283,7 +282,7 @@ TEST_F(ProductViewReentryTest, AWrongCountIsAnErrorBeforeAnythingIsChanged)
         EXPECT_EQ(this->row(0), "# | Product | Qty | Ext Price");
         EXPECT_EQ(this->row(3), "3 | Chair | 1 | $875.00");
         view->Show(kThreeProducts);
-        EXPECT_TRUE(view->flexGrid().redraw());
+        EXPECT_TRUE(grid().redraw());
     }
 }
 

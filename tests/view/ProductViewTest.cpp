@@ -26,7 +26,7 @@ TEST_F(ProductViewTest, StartsEmptyAndShowsWhatItIsGiven)
     EXPECT_EQ(view->flexGrid().rowCount(), 1);
     EXPECT_EQ(columns(), "Number Name Qty ExtPrice [Key] [PartNum] [DiscPrcnt] [UnitPrice] [Note]");
     EXPECT_EQ(row(0), "# | Product | Qty | Ext Price");
-    EXPECT_THAT(view->site().changedProperties(), ElementsAre("Dummy"));
+    EXPECT_THAT(view->changedProperties(), ElementsAre("Dummy"));
 
     const int painted = view->flexGrid().paintCount();
     const std::size_t traced = trace->lines().size();
@@ -60,11 +60,10 @@ TEST_F(ProductViewTest, CellsAreCutInCharacters)
     }
     makeView();
     view->Show("1~" + longText + ':' + longText + ':' + longText + ":0:1:0:0:a\n" + longText + '~');
-    const auto& grid = view->flexGrid();
     for (const char* key : {"Name", "Key", "PartNum"}) {
-        EXPECT_EQ(grid.displayText(1, grid.columnIndex(key)), longText.substr(0, 510)) << key;
+        EXPECT_EQ(grid().displayText(1, grid().columnIndex(key)), longText.substr(0, 510)) << key;
     }
-    EXPECT_EQ(grid.displayText(1, grid.columnIndex("Note")), "a\n" + longText.substr(0, 506));
+    EXPECT_EQ(grid().displayText(1, grid().columnIndex("Note")), "a\n" + longText.substr(0, 506));
     EXPECT_GT(view->Products().size(), 4U * 2 * 300) << "the list itself is not cut";
 }
 
@@ -91,9 +90,9 @@ TEST_F(ProductViewTest, EveryFailingManagerCallIsRaisedAndRecovered)
         faults.failAtCall = nth;
         trace->declareError(1000, inRefresh ? 2 : 1);
         EXPECT_THROW(view->Show(kThreeProducts), RuntimeError) << "call " << nth;
-        EXPECT_EQ(view->flexGrid().redraw(), !inRefresh) << "call " << nth;
+        EXPECT_EQ(grid().redraw(), !inRefresh) << "call " << nth;
         view->Show(kThreeProducts);
-        EXPECT_TRUE(view->flexGrid().redraw()) << "call " << nth;
+        EXPECT_TRUE(grid().redraw()) << "call " << nth;
         EXPECT_EQ(row(3), "3 | Chair | 1 | $875.00") << "call " << nth;
     }
     faults.failAtCall = kCallsOfShow + 1;
@@ -119,7 +118,7 @@ TEST_F(ProductViewTest, AFailedRefreshShowsTheFormerRows)
         EXPECT_EQ(row(3), "3 | Chair | 1 | $875");
         EXPECT_EQ(view->flexGrid().currentRow(), 3);
         EXPECT_EQ(view->txtTotal().text(), "$1,965.43");
-        EXPECT_TRUE(view->flexGrid().redraw());
+        EXPECT_TRUE(grid().redraw());
         EXPECT_EQ(view->flexGrid().paintCount(), painted);
     }
     for (const char* command : {"cmdDelete", "cmdMoveUp", "double click"}) { // shows the list, and no more
@@ -176,15 +175,17 @@ TEST_F(ProductViewTest, AmountsOfTheGridFollowTheWayOfEditing)
         };
         EXPECT_EQ(texts(1), expected.rowOne);
         EXPECT_EQ(texts(2), expected.rowTwo);
-        EXPECT_EQ(list.flexGrid().columnType(2), ui::GridType::currency) << "aligned as in the classic way";
+        EXPECT_EQ(dynamic_cast<ui::Grid&>(list.flexGrid()).columnType(2), ui::GridType::currency)
+            << "aligned as in the classic way";
     });
 }
 
 TEST_F(ProductViewTest, LostColumnKeysAreReported)
 {
     makeView();
-    ProductView second(platform, view->surface(), view->site());
-    view->flexGrid().setColumnKey(8, "");
+    headless::HeadlessSite site("TestForm");
+    ProductView second(platform, surface(), site);
+    grid().setColumnKey(8, "");
     trace->declareError(1000);
     second.UserControl_ReadProperties();
     ASSERT_EQ(trace->errors().size(), 1U);
@@ -195,8 +196,8 @@ TEST_F(ProductViewTest, LostColumnKeysAreReported)
 TEST_F(ProductViewTest, LayoutFollowsTheSize)
 {
     makeView();
-    const auto& left = view->surface().control<ui::Frame>("fraBottomLeft");
-    const auto& right = view->surface().control<ui::Frame>("fraBottomRight");
+    const auto& left = surface().control<ui::Frame>("fraBottomLeft");
+    const auto& right = surface().control<ui::Frame>("fraBottomRight");
     struct Row {
         const char* name;
         float width, height, gridWidth, gridHeight, bandTop;
@@ -217,8 +218,7 @@ TEST_F(ProductViewTest, LayoutFollowsTheSize)
     forEachRow(rows, [&](const Row& row) {
         view->surface().resize(row.width, row.height);
         EXPECT_THAT(
-            (std::vector{view->flexGrid().width(), view->flexGrid().height(), left.left(), left.top(), right.left(),
-                         right.top()}),
+            (std::vector{grid().width(), grid().height(), left.left(), left.top(), right.left(), right.top()}),
             ElementsAre(row.gridWidth, row.gridHeight, 0, row.bandTop, row.gridWidth - right.width(), row.bandTop));
     });
 }
@@ -228,7 +228,6 @@ TEST_F(ProductViewTest, LoadingAndEndingNeverFail)
 {
     makeView();
     gobjTrace.reset();
-    view->site() = headless::HeadlessSite("Other");
     EXPECT_THROW(view->Show(""), RuntimeError);
     EXPECT_THROW(static_cast<void>(view->Products()), RuntimeError);
     EXPECT_THROW(static_cast<void>(view->TotalValue()), RuntimeError);

@@ -1,6 +1,5 @@
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/hosting/HeadlessProductView.h"
-#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <fstream>
@@ -42,7 +41,7 @@ public:
                 platform_.messageBox().answer(ui::MessageResult::yes);
             }
         }
-        platform_.drive([this](headless::HeadlessForm& form) {
+        platform_.drive([this](headless::FormDriver& form) {
             while (++at_ < steps_.size()) {
                 inEditor(form);
             }
@@ -55,7 +54,7 @@ public:
     }
 
 private:
-    void inEditor(headless::HeadlessForm& form)
+    void inEditor(headless::FormDriver& form)
     {
         const std::string& step = steps_[at_];
         const std::string verb = step.substr(0, step.find(' '));
@@ -64,7 +63,7 @@ private:
             EXPECT_EQ(form.caption(), what);
         } else if (verb == "go" || verb == "tab") {
             form.focus(what);
-            box_ = dynamic_cast<headless::EntryDriver*>(&form.control<ui::TextEntry>(what));
+            box_ = what.starts_with("cbo") ? &form.comboBox(what) : &form.textBox(what);
         } else if (verb == "all") {
             box_->pressControl('A', clipboard_);
         } else if (verb == "type") {

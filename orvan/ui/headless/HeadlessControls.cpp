@@ -142,7 +142,7 @@ void HeadlessPopupMenu::dismiss()
 }
 
 HeadlessGrid::HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform)
-    : Grid(design, ui::gridSeparators(platform.locale()))
+    : DrivenControl(design, ui::gridSeparators(platform.locale()))
 {
 }
 

@@ -33,13 +33,13 @@ std::size_t bytesBefore(std::string_view text, std::int32_t characters)
 
 } // namespace
 
-EntryDriver::EntryDriver(ui::EntryPort& port, const ui::ControlDesign& design, ui::LocaleService& locale)
+EntryHand::EntryHand(ui::EntryPort& port, const ui::ControlDesign& design, ui::LocaleService& locale)
     : port_(port), readOnly_(design.readOnly), multiLine_(design.multiLine),
       keypadDecimal_(ui::keypadDecimal(locale, design.use))
 {
 }
 
-bool EntryDriver::pressKey(char32_t key)
+bool EntryHand::pressKey(char32_t key)
 {
     if (!port_.entry().hasFocus()) {
         port_.entry().setFocus();
@@ -55,7 +55,7 @@ bool EntryDriver::pressKey(char32_t key)
     return typed == key;
 }
 
-void EntryDriver::type(std::string_view text)
+void EntryHand::type(std::string_view text)
 {
     const LifetimeWatch watch = lifetime_.watch();
     for (std::size_t at = 0; at < text.size() && !watch.ended();) {
@@ -68,12 +68,12 @@ void EntryDriver::type(std::string_view text)
     }
 }
 
-void EntryDriver::pressKeypadDecimal()
+void EntryHand::pressKeypadDecimal()
 {
     type(keypadDecimal_);
 }
 
-void EntryDriver::backspace()
+void EntryHand::backspace()
 {
     if (!pressKey(kBackspace)) {
         return;
@@ -85,13 +85,13 @@ void EntryDriver::backspace()
     }
 }
 
-void EntryDriver::deleteForward()
+void EntryHand::deleteForward()
 {
     port_.entry().setFocus();
     replace(port_.entry().selectionStart(), std::max(port_.entry().selectionLength(), 1), {});
 }
 
-void EntryDriver::pressControl(char letter, std::string& clipboard)
+void EntryHand::pressControl(char letter, std::string& clipboard)
 {
     if (letter < 'A' || letter > 'Z') {
         raiseImpossible("Ctrl goes with a letter from A to Z");
@@ -111,7 +111,7 @@ void EntryDriver::pressControl(char letter, std::string& clipboard)
     }
 }
 
-void EntryDriver::paste(std::string_view text)
+void EntryHand::paste(std::string_view text)
 {
     if (!port_.entry().hasFocus()) {
         port_.entry().setFocus();
@@ -119,7 +119,7 @@ void EntryDriver::paste(std::string_view text)
     replaceSelection(text);
 }
 
-void EntryDriver::select(std::int32_t start, std::int32_t length)
+void EntryHand::select(std::int32_t start, std::int32_t length)
 {
     const auto characters = static_cast<std::int32_t>(characterCount(port_.entry().text()));
     if (start < 0 || length < 0 || start + length > characters) {
@@ -128,19 +128,19 @@ void EntryDriver::select(std::int32_t start, std::int32_t length)
     port_.reportSelection(start, length);
 }
 
-std::string EntryDriver::selectedText()
+std::string EntryHand::selectedText()
 {
     const std::string& text = port_.entry().text();
     const std::size_t from = bytesBefore(text, port_.entry().selectionStart());
     return text.substr(from, bytesBefore(std::string_view(text).substr(from), port_.entry().selectionLength()));
 }
 
-void EntryDriver::replaceSelection(std::string_view text)
+void EntryHand::replaceSelection(std::string_view text)
 {
     replace(port_.entry().selectionStart(), port_.entry().selectionLength(), text);
 }
 
-void EntryDriver::replace(std::int32_t start, std::int32_t length, std::string_view text)
+void EntryHand::replace(std::int32_t start, std::int32_t length, std::string_view text)
 {
     if (readOnly_) {
         return;

@@ -1,14 +1,13 @@
-// HeadlessEntries: the in-memory boxes, with typing, keys, pasting, selecting and choosing from a list.
+// HeadlessEntries: the in-memory boxes. Their drivers (orvan/ui/headless/Drivers.h) are what a user does with them.
 //
-// Positions and lengths are in characters, from 0. A user who types or pastes first moves the focus to the box, and so
-// do these methods. A read-only box takes no text. An action that no user could do raises 5. Ownership: the surface.
-// Thread: the platform's.
+// Ownership: the surface. Thread: the platform's.
 #pragma once
 
 #include "orvan/base/Lifetime.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/EntryPort.h"
 #include "orvan/ui/TextEntry.h"
+#include "orvan/ui/headless/HeadlessControls.h"
 
 #include <string>
 #include <string_view>
@@ -19,26 +18,18 @@ class LocaleService;
 
 namespace orvan::headless {
 
-/// The actions of a user in a text box or in the edit part of a combo box.
-class EntryDriver {
+/// Does the actions of EntryDriver, for text boxes and combo boxes alike.
+class EntryHand {
 public:
-    virtual ~EntryDriver() = default;
+    EntryHand(ui::EntryPort& port, const ui::ControlDesign& design, ui::LocaleService& locale);
 
-    /// Types each character in turn. A "\n" presses Enter, which puts a line end only into a box of several lines.
     void type(std::string_view text);
     void backspace();
     void deleteForward();
-    /// Presses Ctrl with a letter. onKeyPress gets its control character first; then C, X and V work on `clipboard`, A
-    /// selects all, and other letters do nothing.
     void pressControl(char letter, std::string& clipboard);
-    /// Pastes without a key, as a menu, the middle mouse button or a drop does; onKeyPress is not raised.
     void paste(std::string_view text);
-    /// Presses the keypad's decimal key, which types the separator for what the box is used for.
     void pressKeypadDecimal();
     void select(std::int32_t start, std::int32_t length);
-
-protected:
-    EntryDriver(ui::EntryPort& port, const ui::ControlDesign& design, ui::LocaleService& locale);
 
 private:
     /// Returns whether the key is to have its own effect: false if the handler replaced it or destroyed the box.
@@ -55,32 +46,47 @@ private:
     std::string keypadDecimal_;
 };
 
-template <class Box>
-class HeadlessEntry : public ui::EntryWithPort<Box>, public EntryDriver {
+template <class Box, class Driver>
+class HeadlessEntry : public DrivenControl<ui::EntryWithPort<Box>, Driver> {
 public:
     HeadlessEntry(const ui::ControlDesign& design, ui::LocaleService& locale)
-        : ui::EntryWithPort<Box>(design), EntryDriver(*this, design, locale)
+        : DrivenControl<ui::EntryWithPort<Box>, Driver>(design), hand_(*this, design, locale)
     {
     }
 
+    void type(std::string_view text) final { hand_.type(text); }
+    void backspace() final { hand_.backspace(); }
+    void deleteForward() final { hand_.deleteForward(); }
+    void pressControl(char letter, std::string& clipboard) final { hand_.pressControl(letter, clipboard); }
+    void paste(std::string_view text) final { hand_.paste(text); }
+    void pressKeypadDecimal() final { hand_.pressKeypadDecimal(); }
+    void select(std::int32_t start, std::int32_t length) final { hand_.select(start, length); }
+
+    const std::string& text() const final { return Box::text(); }
+    std::int32_t selectionStart() const final { return Box::selectionStart(); }
+    std::int32_t selectionLength() const final { return Box::selectionLength(); }
+    std::int32_t maxLength() const final { return Box::maxLength(); }
+
 private:
-    void doMove() override {}
     void doSetText() override {}
     void doSetMaxLength() override {}
     void doSelect() override {}
+
+    EntryHand hand_;
 };
 
-class HeadlessTextBox final : public HeadlessEntry<ui::TextBox> {
+class HeadlessTextBox final : public HeadlessEntry<ui::TextBox, EntryDriver> {
 public:
     using HeadlessEntry::HeadlessEntry;
 };
 
-class HeadlessComboBox final : public HeadlessEntry<ui::ComboBox> {
+class HeadlessComboBox final : public HeadlessEntry<ui::ComboBox, ComboBoxDriver> {
 public:
     using HeadlessEntry::HeadlessEntry;
 
-    /// The user chooses a row of the list, by mouse or keyboard. Raises 9 where there is no such row.
-    void chooseRow(std::int32_t row);
+    void chooseRow(std::int32_t row) override;
+    std::int32_t count() const override { return ComboBox::count(); }
+    const std::string& itemText(std::int32_t row) const override { return ComboBox::itemText(row); }
 
 private:
     void doListChanged() override {}

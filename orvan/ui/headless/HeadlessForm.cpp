@@ -5,7 +5,7 @@
 namespace orvan::headless {
 
 HeadlessForm::HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform)
-    : Form(design, platform), platform_(platform)
+    : DrivenSurface(design, platform), platform_(platform)
 {
     buildControls();
 }
@@ -13,11 +13,6 @@ HeadlessForm::HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platf
 std::unique_ptr<ui::Control> HeadlessForm::make(const ui::ControlDesign& design, ui::Control* /*parent*/)
 {
     return makeHeadlessControl(design, platform_, &platform_.clock());
-}
-
-void HeadlessForm::focus(std::string_view name)
-{
-    userMovedFocus(control<ui::Control>(name));
 }
 
 void HeadlessForm::doShowModal()

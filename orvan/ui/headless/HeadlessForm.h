@@ -6,35 +6,25 @@
 #pragma once
 
 #include "orvan/ui/Form.h"
-#include "orvan/ui/headless/HeadlessControls.h"
-#include "orvan/ui/headless/HeadlessEntries.h"
-
-#include <string_view>
+#include "orvan/ui/headless/HeadlessSurface.h"
 
 namespace orvan::headless {
 
 class HeadlessPlatform;
 
-class HeadlessForm final : public ui::Form {
+class HeadlessForm final : public DrivenSurface<ui::Form, FormDriver> {
 public:
     HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform);
 
-    HeadlessButton& button(std::string_view name) { return control<HeadlessButton>(name); }
-    HeadlessTextBox& textBox(std::string_view name) { return control<HeadlessTextBox>(name); }
-    HeadlessComboBox& comboBox(std::string_view name) { return control<HeadlessComboBox>(name); }
-
-    /// The user moves the focus by mouse or with Tab.
-    void focus(std::string_view name);
-    void clickCloseBox() { unload(ui::UnloadMode::closeBox); }
-    void pressEscape() { userPressedEscape(); }
-    /// The user changes the inner size of the window, in twips.
-    void resize(float width, float height) { setInnerSize(width, height); }
+    void clickCloseBox() override { unload(ui::UnloadMode::closeBox); }
+    void pressEscape() override { userPressedEscape(); }
+    const std::string& caption() const override { return Form::caption(); }
+    bool loaded() const override { return Form::loaded(); }
 
     std::int32_t window() override { return 0; }
 
 private:
     std::unique_ptr<ui::Control> make(const ui::ControlDesign& design, ui::Control* parent) override;
-    void doSetFocus(ui::Control& /*to*/) override {}
     void doSetCaption() override {}
     void doShowModal() override;
     void doUnload() override {}

@@ -8,6 +8,7 @@
 
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/ScreenPointer.h"
+#include "orvan/ui/headless/Drivers.h"
 #include "orvan/ui/headless/HeadlessClock.h"
 
 #include <deque>
@@ -80,7 +81,7 @@ public:
     HeadlessPointer& pointer() override { return pointer_; }
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
-    using Driver = std::function<void(HeadlessForm& form)>;
+    using Driver = std::function<void(FormDriver& form)>;
     /// Adds a driver to the queue: what a user does in a form. Each form that is shown takes the first one. A form that
     /// finds no driver, or is still open when its driver has returned, is unloaded and raises 51.
     void drive(Driver driver) { drivers_.push_back(std::move(driver)); }

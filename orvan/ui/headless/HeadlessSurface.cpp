@@ -1,10 +1,8 @@
 #include "orvan/ui/headless/HeadlessSurface.h"
 
-#include "orvan/ui/headless/HeadlessControls.h"
-
 namespace orvan::headless {
 
-HeadlessSurface::HeadlessSurface(const ui::FormDesign& design, ui::Platform& platform) : Surface(design, platform)
+HeadlessSurface::HeadlessSurface(const ui::FormDesign& design, ui::Platform& platform) : DrivenSurface(design, platform)
 {
     buildControls();
 }

@@ -5,24 +5,52 @@
 
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/Surface.h"
+#include "orvan/ui/headless/HeadlessControls.h"
+#include "orvan/ui/headless/HeadlessEntries.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvan::headless {
 
-class HeadlessSurface final : public ui::Surface {
+/// A surface or a form that is its own driver. Its controls are found as controls and as drivers at once.
+template <class Kind, class Driver>
+class DrivenSurface : public Kind, public Driver {
+public:
+    using Kind::Kind;
+
+    HeadlessButton& button(std::string_view name) final { return find<HeadlessButton>(name); }
+    HeadlessTextBox& textBox(std::string_view name) final { return find<HeadlessTextBox>(name); }
+    HeadlessComboBox& comboBox(std::string_view name) final { return find<HeadlessComboBox>(name); }
+    HeadlessGrid& grid(std::string_view name) final { return find<HeadlessGrid>(name); }
+    HeadlessToolBar& toolBar(std::string_view name) final { return find<HeadlessToolBar>(name); }
+    HeadlessPopupMenu& popupMenu(std::string_view name) final { return find<HeadlessPopupMenu>(name); }
+
+    void focus(std::string_view name) final { this->userMovedFocus(find<ui::Control>(name)); }
+    std::string_view focusedControl() const final
+    {
+        return this->focused() ? std::string_view(this->focused()->name()) : std::string_view();
+    }
+    void resize(float width, float height) final { this->setInnerSize(width, height); }
+
+private:
+    template <class Control>
+    Control& find(std::string_view name) const
+    {
+        return this->template control<Control>(name);
+    }
+    void doSetFocus(ui::Control& /*to*/) final {}
+};
+
+class HeadlessSurface final : public DrivenSurface<ui::Surface, SurfaceDriver> {
 public:
     /// Makes every control of the design. The platform must outlive the surface. Raises 51 for a timer:
     /// only a form has a clock for timers.
     HeadlessSurface(const ui::FormDesign& design, ui::Platform& platform);
 
-    /// The container gives the control another size, in twips.
-    void resize(float width, float height) { setInnerSize(width, height); }
-
 private:
     std::unique_ptr<ui::Control> make(const ui::ControlDesign& design, ui::Control* parent) override;
-    void doSetFocus(ui::Control& /*to*/) override {}
 };
 
 class HeadlessSite final : public ui::ContainerSite {
