@@ -11,6 +11,7 @@ ROOT = Path(__file__).resolve().parents[1]
 
 # The lowest layer stands first: a folder may include itself and folders that stand before it in this list.
 LAYERS = ["orvan/base", "orvan/files", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view",
+          "orvan/testing",
           "orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt",
           "orvan/components/products", "orvan/components/catalogue", "orvan/components/trace",
           "orvan/hosting", "apps", "benchmarks"]

@@ -13,21 +13,21 @@ namespace orvan::testkit {
 namespace {
 
 /// A wrapper's own part: it reports a call, then gives the wrapped object to pass the call on to.
-template <class Inner>
+template <class Pointer>
 class Wrapped {
 public:
-    Wrapped(Inner inner, OutsideCalls& calls) : inner_(std::move(inner)), calls_(calls) {}
+    Wrapped(Pointer inner, OutsideCalls& calls) : inner_(std::move(inner)), calls_(calls) {}
 
 protected:
-    Inner& inner(std::string_view name) const
+    auto& inner(std::string_view name) const
     {
         calls_.report(name);
-        return inner_;
+        return *inner_;
     }
     OutsideCalls& calls() const { return calls_; }
 
 private:
-    mutable Inner inner_;
+    Pointer inner_;
     OutsideCalls& calls_;
 };
 
@@ -35,30 +35,30 @@ class WrappedRecord final : public ProductRecord, Wrapped<std::shared_ptr<Produc
 public:
     using Wrapped::Wrapped;
 
-    std::string Name() const override { return inner("ProductRecord::Name")->Name(); }
-    void SetName(std::string_view name) override { inner("ProductRecord::SetName")->SetName(name); }
-    std::string Key() const override { return inner("ProductRecord::Key")->Key(); }
-    void SetKey(std::string_view key) override { inner("ProductRecord::SetKey")->SetKey(key); }
-    std::string PartNum() const override { return inner("ProductRecord::PartNum")->PartNum(); }
-    void SetPartNum(std::string_view partNum) override { inner("ProductRecord::SetPartNum")->SetPartNum(partNum); }
-    Currency UnitPrice() const override { return inner("ProductRecord::UnitPrice")->UnitPrice(); }
-    void SetUnitPrice(Currency value) override { inner("ProductRecord::SetUnitPrice")->SetUnitPrice(value); }
-    Currency Qty() const override { return inner("ProductRecord::Qty")->Qty(); }
-    void SetQty(Currency value) override { inner("ProductRecord::SetQty")->SetQty(value); }
-    Currency DiscPrcnt() const override { return inner("ProductRecord::DiscPrcnt")->DiscPrcnt(); }
-    void SetDiscPrcnt(Currency value) override { inner("ProductRecord::SetDiscPrcnt")->SetDiscPrcnt(value); }
-    Currency ExtPrice() const override { return inner("ProductRecord::ExtPrice")->ExtPrice(); }
-    void SetExtPrice(Currency value) override { inner("ProductRecord::SetExtPrice")->SetExtPrice(value); }
-    std::string Note() const override { return inner("ProductRecord::Note")->Note(); }
-    void SetNote(std::string_view note) override { inner("ProductRecord::SetNote")->SetNote(note); }
+    std::string Name() const override { return inner("ProductRecord::Name").Name(); }
+    void SetName(std::string_view name) override { inner("ProductRecord::SetName").SetName(name); }
+    std::string Key() const override { return inner("ProductRecord::Key").Key(); }
+    void SetKey(std::string_view key) override { inner("ProductRecord::SetKey").SetKey(key); }
+    std::string PartNum() const override { return inner("ProductRecord::PartNum").PartNum(); }
+    void SetPartNum(std::string_view partNum) override { inner("ProductRecord::SetPartNum").SetPartNum(partNum); }
+    Currency UnitPrice() const override { return inner("ProductRecord::UnitPrice").UnitPrice(); }
+    void SetUnitPrice(Currency value) override { inner("ProductRecord::SetUnitPrice").SetUnitPrice(value); }
+    Currency Qty() const override { return inner("ProductRecord::Qty").Qty(); }
+    void SetQty(Currency value) override { inner("ProductRecord::SetQty").SetQty(value); }
+    Currency DiscPrcnt() const override { return inner("ProductRecord::DiscPrcnt").DiscPrcnt(); }
+    void SetDiscPrcnt(Currency value) override { inner("ProductRecord::SetDiscPrcnt").SetDiscPrcnt(value); }
+    Currency ExtPrice() const override { return inner("ProductRecord::ExtPrice").ExtPrice(); }
+    void SetExtPrice(Currency value) override { inner("ProductRecord::SetExtPrice").SetExtPrice(value); }
+    std::string Note() const override { return inner("ProductRecord::Note").Note(); }
+    void SetNote(std::string_view note) override { inner("ProductRecord::SetNote").SetNote(note); }
     bool IsValidUnitPrice(Currency value) const override
     {
-        return inner("ProductRecord::IsValidUnitPrice")->IsValidUnitPrice(value);
+        return inner("ProductRecord::IsValidUnitPrice").IsValidUnitPrice(value);
     }
-    bool IsValidQty(Currency value) const override { return inner("ProductRecord::IsValidQty")->IsValidQty(value); }
+    bool IsValidQty(Currency value) const override { return inner("ProductRecord::IsValidQty").IsValidQty(value); }
     bool IsValidDiscPrcnt(Currency value) const override
     {
-        return inner("ProductRecord::IsValidDiscPrcnt")->IsValidDiscPrcnt(value);
+        return inner("ProductRecord::IsValidDiscPrcnt").IsValidDiscPrcnt(value);
     }
 };
 
@@ -66,35 +66,35 @@ class WrappedProductMgr final : public ProductMgr, Wrapped<std::shared_ptr<Produ
 public:
     using Wrapped::Wrapped;
 
-    std::int32_t GetProductCount() override { return inner("ProductMgr::GetProductCount")->GetProductCount(); }
-    Currency GetTotalValue() override { return inner("ProductMgr::GetTotalValue")->GetTotalValue(); }
+    std::int32_t GetProductCount() override { return inner("ProductMgr::GetProductCount").GetProductCount(); }
+    Currency GetTotalValue() override { return inner("ProductMgr::GetTotalValue").GetTotalValue(); }
     void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) override
     {
-        inner("ProductMgr::SeekIndex")->SeekIndex(lIndex, lOffset, found);
+        inner("ProductMgr::SeekIndex").SeekIndex(lIndex, lOffset, found);
     }
     std::shared_ptr<ProductRecord> AddNewProduct() override
     {
-        return std::make_shared<WrappedRecord>(inner("ProductMgr::AddNewProduct")->AddNewProduct(), calls());
+        return std::make_shared<WrappedRecord>(inner("ProductMgr::AddNewProduct").AddNewProduct(), calls());
     }
     std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override
     {
-        return std::make_shared<WrappedRecord>(inner("ProductMgr::GetProduct")->GetProduct(lIndex), calls());
+        return std::make_shared<WrappedRecord>(inner("ProductMgr::GetProduct").GetProduct(lIndex), calls());
     }
-    void DeleteProduct(std::int32_t lIndex) override { inner("ProductMgr::DeleteProduct")->DeleteProduct(lIndex); }
+    void DeleteProduct(std::int32_t lIndex) override { inner("ProductMgr::DeleteProduct").DeleteProduct(lIndex); }
     void MoveProduct(std::int32_t from, std::int32_t to) override
     {
-        inner("ProductMgr::MoveProduct")->MoveProduct(from, to);
+        inner("ProductMgr::MoveProduct").MoveProduct(from, to);
     }
     void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
                            const std::string& fieldSeparator, bool flag) override
     {
-        inner("ProductMgr::SetProductsString")->SetProductsString(sProducts, recordSeparator, fieldSeparator, flag);
+        inner("ProductMgr::SetProductsString").SetProductsString(sProducts, recordSeparator, fieldSeparator, flag);
     }
     std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) override
     {
-        return inner("ProductMgr::GetProductsString")->GetProductsString(recordSeparator, fieldSeparator);
+        return inner("ProductMgr::GetProductsString").GetProductsString(recordSeparator, fieldSeparator);
     }
-    std::int32_t GetMaxDataSize() override { return inner("ProductMgr::GetMaxDataSize")->GetMaxDataSize(); }
+    std::int32_t GetMaxDataSize() override { return inner("ProductMgr::GetMaxDataSize").GetMaxDataSize(); }
 };
 
 class WrappedLookUp final : public ProductLkpMgr, Wrapped<std::shared_ptr<ProductLkpMgr>> {
@@ -103,17 +103,17 @@ public:
 
     LookUpList GetPartNumList(std::string_view sText, bool all) override
     {
-        return inner("ProductLkpMgr::GetPartNumList")->GetPartNumList(sText, all);
+        return inner("ProductLkpMgr::GetPartNumList").GetPartNumList(sText, all);
     }
     LookUpList GetProductNameList(std::string_view sText, bool all) override
     {
-        return inner("ProductLkpMgr::GetProductNameList")->GetProductNameList(sText, all);
+        return inner("ProductLkpMgr::GetProductNameList").GetProductNameList(sText, all);
     }
-    void SeekItem(std::int32_t itemId) override { inner("ProductLkpMgr::SeekItem")->SeekItem(itemId); }
-    bool IsEOF() override { return inner("ProductLkpMgr::IsEOF")->IsEOF(); }
+    void SeekItem(std::int32_t itemId) override { inner("ProductLkpMgr::SeekItem").SeekItem(itemId); }
+    bool IsEOF() override { return inner("ProductLkpMgr::IsEOF").IsEOF(); }
     LookUpValue GetFieldValue(std::int32_t column) override
     {
-        return inner("ProductLkpMgr::GetFieldValue")->GetFieldValue(column);
+        return inner("ProductLkpMgr::GetFieldValue").GetFieldValue(column);
     }
 };
 
@@ -121,22 +121,22 @@ class WrappedTrace final : public Trace, Wrapped<std::shared_ptr<Trace>> {
 public:
     using Wrapped::Wrapped;
 
-    std::int32_t LastErrorNumber() override { return inner("Trace::LastErrorNumber")->LastErrorNumber(); }
-    void TraceError(std::string_view sText) override { inner("Trace::TraceError")->TraceError(sText); }
-    void TraceEnter(std::string_view label) override { inner("Trace::TraceEnter")->TraceEnter(label); }
-    void TraceExit(std::string_view label) override { inner("Trace::TraceExit")->TraceExit(label); }
-    std::int32_t AppErrorNumber() override { return inner("Trace::AppErrorNumber")->AppErrorNumber(); }
-    void ShowLastError(std::int32_t hWnd) override { inner("Trace::ShowLastError")->ShowLastError(hWnd); }
+    std::int32_t LastErrorNumber() override { return inner("Trace::LastErrorNumber").LastErrorNumber(); }
+    void TraceError(std::string_view sText) override { inner("Trace::TraceError").TraceError(sText); }
+    void TraceEnter(std::string_view label) override { inner("Trace::TraceEnter").TraceEnter(label); }
+    void TraceExit(std::string_view label) override { inner("Trace::TraceExit").TraceExit(label); }
+    std::int32_t AppErrorNumber() override { return inner("Trace::AppErrorNumber").AppErrorNumber(); }
+    void ShowLastError(std::int32_t hWnd) override { inner("Trace::ShowLastError").ShowLastError(hWnd); }
 };
 
-class WrappedMessageBox final : public ui::MessageBox, Wrapped<ui::MessageBox&> {
+class WrappedMessageBox final : public ui::MessageBox, Wrapped<ui::MessageBox*> {
 public:
     using Wrapped::Wrapped;
 
     ui::MessageResult show(const ui::Message& message) override { return inner("MessageBox::show").show(message); }
 };
 
-class WrappedSettings final : public ui::SettingsStore, Wrapped<ui::SettingsStore&> {
+class WrappedSettings final : public ui::SettingsStore, Wrapped<ui::SettingsStore*> {
 public:
     using Wrapped::Wrapped;
 
@@ -151,7 +151,7 @@ public:
     }
 };
 
-class WrappedLocale final : public ui::LocaleService, Wrapped<ui::LocaleService&> {
+class WrappedLocale final : public ui::LocaleService, Wrapped<ui::LocaleService*> {
 public:
     using Wrapped::Wrapped;
 
@@ -173,7 +173,7 @@ public:
     }
 };
 
-class WrappedPointer final : public ui::ScreenPointer, Wrapped<ui::ScreenPointer&> {
+class WrappedPointer final : public ui::ScreenPointer, Wrapped<ui::ScreenPointer*> {
 public:
     using Wrapped::Wrapped;
 
@@ -229,9 +229,9 @@ std::shared_ptr<ui::Component> WrappedFactory::create(std::string_view className
 }
 
 struct WrappedPlatform::Services {
-    Services(ui::Platform& inner, OutsideCalls& calls)
-        : messageBox(inner.messageBox(), calls), settings(inner.settings(), calls), locale(inner.locale(), calls),
-          components(inner.components(), calls), pointer(inner.pointer(), calls)
+    Services(ui::Platform& inner, ui::ComponentFactory& factory, ui::MessageBox& box, OutsideCalls& calls)
+        : messageBox(&box, calls), settings(&inner.settings(), calls), locale(&inner.locale(), calls),
+          components(factory, calls), pointer(&inner.pointer(), calls)
     {
     }
 
@@ -242,8 +242,9 @@ struct WrappedPlatform::Services {
     WrappedPointer pointer;
 };
 
-WrappedPlatform::WrappedPlatform(ui::Platform& inner, OutsideCalls& calls)
-    : inner_(inner), calls_(calls), services_(std::make_unique<Services>(inner, calls))
+WrappedPlatform::WrappedPlatform(ui::Platform& inner, ui::ComponentFactory& components, ui::MessageBox& messageBox,
+                                 OutsideCalls& calls)
+    : inner_(inner), calls_(calls), services_(std::make_unique<Services>(inner, components, messageBox, calls))
 {
     editing = inner.editing;
     onUnhandledError = [&inner](const RuntimeError& error) {
@@ -283,7 +284,11 @@ ui::ScreenPointer& WrappedPlatform::pointer()
 std::unique_ptr<ui::Form> WrappedPlatform::loadForm(const ui::FormDesign& design)
 {
     calls_.report("Platform::loadForm");
-    return inner_.loadForm(design);
+    std::unique_ptr<ui::Form> form = inner_.loadForm(design);
+    if (onFormLoaded) {
+        onFormLoaded(*form);
+    }
+    return form;
 }
 
 } // namespace orvan::testkit

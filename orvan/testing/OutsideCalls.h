@@ -1,4 +1,5 @@
-// OutsideCalls: wrappers around all that the library calls outside of itself, so that a test can fail each call in turn.
+// OutsideCalls: wrappers around all that the library calls outside of itself, so that a test can fail each call in
+// turn.
 //
 // A test makes an OutsideCalls, hands the library a WrappedPlatform and a WrappedFactory in the place of its own, and
 // runs a session once to count the calls. Then it runs the same session again, with failAt(1), failAt(2) and so on, and
@@ -57,10 +58,12 @@ private:
     OutsideCalls& calls_;
 };
 
-/// Wraps the services of another platform. Forms are the inner platform's.
+/// Wraps the services of another platform, but components and message boxes are the test's. Forms are the inner
+/// platform's, and unhandled errors go to it.
 class WrappedPlatform final : public ui::Platform {
 public:
-    WrappedPlatform(ui::Platform& inner, OutsideCalls& calls);
+    WrappedPlatform(ui::Platform& inner, ui::ComponentFactory& components, ui::MessageBox& messageBox,
+                    OutsideCalls& calls);
     ~WrappedPlatform() override;
 
     ui::MessageBox& messageBox() override;
@@ -69,6 +72,9 @@ public:
     ui::ComponentFactory& components() override;
     ui::ScreenPointer& pointer() override;
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
+
+    /// Gets each form that loadForm has made, before it is shown.
+    std::function<void(ui::Form& form)> onFormLoaded;
 
 private:
     struct Services;

@@ -86,8 +86,15 @@ public:
     virtual void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) = 0;
     virtual void chooseRow(ui::ComboBox& box, std::int32_t row) = 0;
 
-    /// Shows the form and runs `user`, which has to unload it in the end.
-    virtual void showModal(ui::Form& form, std::function<void()> user) = 0;
+    /// Runs `user`, which has to unload the form in the end, as soon as the form is shown.
+    virtual void whenShown(ui::Form& form, std::function<void()> user) = 0;
+    /// A form for which whenShown was called has not been shown, and does not exist any more.
+    virtual void forgetShown() = 0;
+    void showModal(ui::Form& form, std::function<void()> user)
+    {
+        whenShown(form, std::move(user));
+        form.showModal();
+    }
     /// The user clicks into a box.
     virtual void goTo(ui::Form& form, std::string_view box) = 0;
     virtual void choose(ui::ToolBar& bar, std::string_view tool) = 0;

@@ -1,4 +1,4 @@
-#include "ContractDriver.h"
+#include "tests/contract/HeadlessDriver.h"
 
 #include <cmath>
 #include <limits>
@@ -332,6 +332,17 @@ TEST_P(PlatformContract, SettingsHoldAnyTextUnderAnyName)
     store.set("application", "section", "k", "again");
     EXPECT_EQ(store.get("application", "section", "k"), "again");
 }
+
+} // namespace
+namespace {
+
+std::unique_ptr<Driver> makeHeadless()
+{
+    return std::make_unique<HeadlessDriver>();
+}
+INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract, testing::Values(makeHeadless));
+INSTANTIATE_TEST_SUITE_P(Headless, FormContract, testing::Values(makeHeadless));
+INSTANTIATE_TEST_SUITE_P(Headless, EntryContract, testing::Values(makeHeadless));
 
 } // namespace
 } // namespace orvan::contract

@@ -1,13 +1,13 @@
 // QtDriver: the Qt platform under the contract, driven with the events of mouse and keyboard.
 #pragma once
 
-#include "ContractDriver.h"
 #include "orvan/base/Text.h"
 #include "orvan/ui/qt/QtPlatform.h"
 #include "orvan/ui/qt/QtSettingsStore.h"
 #include "orvan/ui/qt/QtSurface.h"
 #include "orvan/ui/qt/SurfaceWidgets.h"
 #include "orvan/ui/qt/WindowHandles.h"
+#include "tests/contract/ContractDriver.h"
 #include "tests/support/QtEnvironment.h"
 
 #include <QAbstractButton>
@@ -171,14 +171,15 @@ public:
         QTest::keyClick(&list, Qt::Key_Return);
     }
 
-    void showModal(ui::Form& form, std::function<void()> user) override
+    void whenShown(ui::Form& form, std::function<void()> user) override
     {
-        QTimer::singleShot(0, qApp, [&form, user = std::move(user)] {
+        shown_ = std::make_unique<QObject>();
+        QTimer::singleShot(0, shown_.get(), [&form, user = std::move(user)] {
             awaitActive(form);
             user();
         });
-        form.showModal();
     }
+    void forgetShown() override { shown_.reset(); }
     void goTo(ui::Form& form, std::string_view box) override
     {
         awaitActive(form);
@@ -245,6 +246,7 @@ private:
     QTemporaryDir folder_;
     qt::QtPlatform platform_{locale, components, settingsPath()};
     std::vector<std::unique_ptr<QWidget>> hosts_;
+    std::unique_ptr<QObject> shown_; ///< What waits for a form that is to be shown.
 };
 
 /// What only the Qt platform can get wrong.

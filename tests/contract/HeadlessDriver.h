@@ -1,4 +1,7 @@
-#include "ContractDriver.h"
+// HeadlessDriver: the in-memory platform under the contract.
+#pragma once
+
+#include "tests/contract/ContractDriver.h"
 
 #include "orvan/ui/headless/HeadlessControls.h"
 #include "orvan/ui/headless/HeadlessEntries.h"
@@ -7,40 +10,38 @@
 #include "orvan/ui/headless/HeadlessSurface.h"
 
 namespace orvan::contract {
-namespace {
-
-using namespace headless;
 
 class HeadlessDriver final : public Driver {
 public:
     ui::Platform& platform() override { return platform_; }
     std::unique_ptr<ui::Surface> load(const ui::FormDesign& design) override
     {
-        return std::make_unique<HeadlessSurface>(design, platform_);
+        return std::make_unique<headless::HeadlessSurface>(design, platform_);
     }
     void resize(ui::Surface& surface, int widthTwips, int heightTwips) override
     {
-        as<HeadlessSurface>(surface).resize(static_cast<float>(widthTwips), static_cast<float>(heightTwips));
+        as<headless::HeadlessSurface>(surface).resize(static_cast<float>(widthTwips), static_cast<float>(heightTwips));
     }
-    void click(ui::Button& button) override { as<HeadlessButton>(button).click(); }
+    void click(ui::Button& button) override { as<headless::HeadlessButton>(button).click(); }
     void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) override
     {
-        as<HeadlessGrid>(grid).dragColumn(column, twips);
+        as<headless::HeadlessGrid>(grid).dragColumn(column, twips);
     }
-    void chooseRow(ui::Grid& grid, std::int32_t row) override { as<HeadlessGrid>(grid).chooseRow(row); }
-    void doubleClick(ui::Grid& grid, std::int32_t row) override { as<HeadlessGrid>(grid).doubleClick(row); }
+    void chooseRow(ui::Grid& grid, std::int32_t row) override { as<headless::HeadlessGrid>(grid).chooseRow(row); }
+    void doubleClick(ui::Grid& grid, std::int32_t row) override { as<headless::HeadlessGrid>(grid).doubleClick(row); }
     void rightClick(ui::Grid& grid, std::int32_t row, std::int32_t column) override
     {
-        as<HeadlessGrid>(grid).rightClick(row, column);
+        as<headless::HeadlessGrid>(grid).rightClick(row, column);
     }
     void choose(ui::PopupMenu& menu, std::string_view tool) override
     {
-        tool.empty() ? as<HeadlessPopupMenu>(menu).dismiss() : as<HeadlessPopupMenu>(menu).choose(tool);
+        tool.empty() ? as<headless::HeadlessPopupMenu>(menu).dismiss()
+                     : as<headless::HeadlessPopupMenu>(menu).choose(tool);
     }
-    bool isUp(ui::PopupMenu& menu) override { return as<HeadlessPopupMenu>(menu).isUp(); }
+    bool isUp(ui::PopupMenu& menu) override { return as<headless::HeadlessPopupMenu>(menu).isUp(); }
     std::vector<std::string> shown(ui::Grid& grid, std::int32_t row) override
     {
-        return as<HeadlessGrid>(grid).visibleTexts(row);
+        return as<headless::HeadlessGrid>(grid).visibleTexts(row);
     }
     void answer(ui::MessageResult result, std::function<void()> meanwhile) override
     {
@@ -56,17 +57,22 @@ public:
     void pressKeypadDecimal(ui::TextEntry& box) override { at(box).pressKeypadDecimal(); }
     void paste(ui::TextEntry& box, std::string_view text) override { at(box).paste(text); }
     void select(ui::TextEntry& box, std::int32_t start, std::int32_t length) override { at(box).select(start, length); }
-    void chooseRow(ui::ComboBox& box, std::int32_t row) override { as<HeadlessComboBox>(box).chooseRow(row); }
+    void chooseRow(ui::ComboBox& box, std::int32_t row) override { as<headless::HeadlessComboBox>(box).chooseRow(row); }
 
-    void showModal(ui::Form& form, std::function<void()> user) override
+    void whenShown(ui::Form& /*form*/, std::function<void()> user) override
     {
-        platform_.drive([user](FormDriver&) { user(); });
-        form.showModal();
+        platform_.drive([user = std::move(user)](headless::FormDriver&) { user(); });
     }
-    void goTo(ui::Form& form, std::string_view box) override { as<HeadlessForm>(form).focus(box); }
-    void choose(ui::ToolBar& bar, std::string_view tool) override { as<HeadlessToolBar>(bar).choose(tool); }
-    void pressEscape(ui::Form& form) override { as<HeadlessForm>(form).pressEscape(); }
-    void clickCloseBox(ui::Form& form) override { as<HeadlessForm>(form).clickCloseBox(); }
+    void forgetShown() override
+    {
+        while (platform_.unusedDrivers() > 0) {
+            platform_.dropDriver();
+        }
+    }
+    void goTo(ui::Form& form, std::string_view box) override { as<headless::HeadlessForm>(form).focus(box); }
+    void choose(ui::ToolBar& bar, std::string_view tool) override { as<headless::HeadlessToolBar>(bar).choose(tool); }
+    void pressEscape(ui::Form& form) override { as<headless::HeadlessForm>(form).pressEscape(); }
+    void clickCloseBox(ui::Form& form) override { as<headless::HeadlessForm>(form).clickCloseBox(); }
     void wait(std::int64_t milliseconds) override { platform_.clock().advance(milliseconds); }
     std::int64_t now() override { return platform_.clock().now(); }
 
@@ -76,19 +82,10 @@ private:
     {
         return dynamic_cast<Its&>(it);
     }
-    static EntryDriver& at(ui::TextEntry& box) { return as<EntryDriver>(box); }
+    static headless::EntryDriver& at(ui::TextEntry& box) { return as<headless::EntryDriver>(box); }
 
-    HeadlessPlatform platform_{locale, components};
+    headless::HeadlessPlatform platform_{locale, components};
     std::string clipboard_;
 };
 
-std::unique_ptr<Driver> make()
-{
-    return std::make_unique<HeadlessDriver>();
-}
-INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract, testing::Values(make));
-INSTANTIATE_TEST_SUITE_P(Headless, FormContract, testing::Values(make));
-INSTANTIATE_TEST_SUITE_P(Headless, EntryContract, testing::Values(make));
-
-} // namespace
 } // namespace orvan::contract

@@ -1,0 +1,101 @@
+// Each call that leaves the library fails in turn, on each platform and in both ways of editing.
+
+#include "tests/contract/HeadlessDriver.h"
+#include "tests/support/Rows.h"
+#include "tests/sweeps/WholeSession.h"
+#ifdef ORVAN_SWEEP_QT
+#include "tests/contract/QtDriver.h"
+#endif
+
+#include <cstdlib>
+#include <iostream>
+
+namespace orvan::sweeps {
+namespace {
+
+using testkit::OutsideCalls;
+
+struct Sweep {
+    const char* name;
+    std::unique_ptr<contract::Driver> (*makeDriver)();
+    ui::EditingWay editing;
+    OutsideCalls::Repeat repeat;
+    OutsideCalls::Failure failure;
+    std::size_t stride; ///< Of the calls that fail; 1 when the sweep runs whole.
+};
+
+template <class Driver>
+std::unique_ptr<contract::Driver> make()
+{
+    return std::make_unique<Driver>();
+}
+
+/// Runs the session; the first failure is the call `number` (0: none).
+std::size_t runSession(const Sweep& sweep, OutsideCalls& calls, std::size_t number)
+{
+    const std::unique_ptr<contract::Driver> driver = sweep.makeDriver();
+    WholeSession session(*driver, calls, sweep.editing);
+    std::size_t made = 0;
+    session.endFailing = [&] {
+        made = std::max(made, calls.count());
+        const std::string failed = calls.failed();
+        calls.failAt(0);
+        session.failed = failed;
+    };
+    calls.failAt(number, sweep.repeat, sweep.failure);
+    session.run();
+    for (const std::string& fault : session.faults) {
+        ADD_FAILURE() << "call " << number << ", " << session.failed << ": " << fault;
+    }
+    EXPECT_TRUE(number != 0 || session.errors == 0) << "errors where nothing failed";
+    return made;
+}
+
+void expectOrderWhateverFails(const Sweep& sweep)
+{
+    const char* const size = std::getenv("ORVAN_SWEEPS");
+    const std::size_t stride = size && std::string_view(size) == "whole" ? 1 : sweep.stride;
+    OutsideCalls calls;
+    const std::size_t all = runSession(sweep, calls, 0);
+    std::size_t runs = 0;
+    for (std::size_t number = 1; number <= all; number += stride, ++runs) {
+        runSession(sweep, calls, number);
+    }
+    std::cout << sweep.name << ": " << all << " calls, " << runs << " of them failed\n";
+    EXPECT_GT(all, 300U);
+}
+
+TEST(OutsideCallsTest, InMemory)
+{
+    using enum ui::EditingWay;
+    using enum OutsideCalls::Repeat;
+    using enum OutsideCalls::Failure;
+    test::forEachRow(
+        std::vector<Sweep>{
+            {"classic, once", make<contract::HeadlessDriver>, classic, once, runtimeError, 1},
+            {"careful, once", make<contract::HeadlessDriver>, careful, once, runtimeError, 1},
+            {"classic, from then on", make<contract::HeadlessDriver>, classic, fromThenOn, runtimeError, 3},
+            {"careful, from then on", make<contract::HeadlessDriver>, careful, fromThenOn, runtimeError, 3},
+            {"classic, no exception class", make<contract::HeadlessDriver>, classic, once, foreign, 3},
+            {"careful, no exception class", make<contract::HeadlessDriver>, careful, once, foreign, 3},
+        },
+        expectOrderWhateverFails);
+}
+
+#ifdef ORVAN_SWEEP_QT
+TEST(OutsideCallsTest, InWindows)
+{
+    using enum ui::EditingWay;
+    test::forEachRow(
+        std::vector<Sweep>{
+            {"classic, in windows", make<contract::QtDriver>, classic, OutsideCalls::Repeat::once,
+             OutsideCalls::Failure::runtimeError, 40},
+            {"careful, in windows", make<contract::QtDriver>, careful, OutsideCalls::Repeat::once,
+             OutsideCalls::Failure::runtimeError, 40},
+        },
+        expectOrderWhateverFails);
+}
+#endif
+
+} // namespace
+} // namespace orvan::sweeps

@@ -1,0 +1,357 @@
+#include "tests/sweeps/WholeSession.h"
+
+#include "orvan/components/products/InProcessProductMgr.h"
+#include "orvan/core/modInit.h"
+#include "orvan/lookup/ProductLkpMgr.h"
+#include "orvan/view/ProductViewDesign.h"
+
+#include <algorithm>
+
+namespace orvan::sweeps {
+
+namespace {
+
+constexpr std::string_view kProducts = "3~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1.5:0:112.425:~"
+                                       "Chair::C-3:1000:1:12.5:875:blue~";
+constexpr std::string_view kOtherProducts = "1~Shelf::S-1:20:1:0:20:~";
+
+/// A catalogue of one entry.
+class OneEntry final : public ProductLkpMgr {
+public:
+    LookUpList GetPartNumList(std::string_view sText, bool all) override { return find(sText, all, "T-9"); }
+    LookUpList GetProductNameList(std::string_view sText, bool all) override { return find(sText, all, "Table"); }
+    void SeekItem(std::int32_t itemId) override { found_ = itemId == kItem; }
+    bool IsEOF() override { return !found_; }
+    LookUpValue GetFieldValue(std::int32_t column) override
+    {
+        switch (static_cast<LookUpColumn>(column)) {
+        case LookUpColumn::name: return "Table";
+        case LookUpColumn::key: return "k9";
+        case LookUpColumn::partNum: return "T-9";
+        case LookUpColumn::unitPrice: return Currency::fromText("55.5");
+        case LookUpColumn::note: return "from the catalogue, and too long for a text without memory of its own";
+        }
+        return {};
+    }
+
+private:
+    static constexpr std::int32_t kItem = 9;
+
+    static LookUpList find(std::string_view text, bool all, const char* own)
+    {
+        const bool matches = all || (!text.empty() && std::string_view(own).starts_with(text));
+        return matches ? LookUpList({LookUpRow{kItem, own}}) : std::nullopt;
+    }
+
+    bool found_ = false;
+};
+
+/// Hands calls on without failing an allocation in the test's own trace.
+class PausingTrace final : public Trace {
+public:
+    explicit PausingTrace(std::shared_ptr<Trace> inner) : inner_(std::move(inner)) {}
+
+    std::int32_t LastErrorNumber() override { return paused().LastErrorNumber(); }
+    void TraceError(std::string_view sText) override
+    {
+        const AllocationPause pause;
+        inner_->TraceError(sText);
+    }
+    void TraceEnter(std::string_view label) override
+    {
+        const AllocationPause pause;
+        inner_->TraceEnter(label);
+    }
+    void TraceExit(std::string_view label) override
+    {
+        const AllocationPause pause;
+        inner_->TraceExit(label);
+    }
+    std::int32_t AppErrorNumber() override { return paused().AppErrorNumber(); }
+    void ShowLastError(std::int32_t /*hWnd*/) override {}
+
+private:
+    Trace& paused() const { return *inner_; }
+
+    std::shared_ptr<Trace> inner_;
+};
+
+/// The products of a products string, in order.
+std::vector<std::string> productsOf(std::string_view sProducts)
+{
+    std::vector<std::string> products;
+    for (std::size_t end = 0; (end = sProducts.find(kRecordSeparator)) != std::string_view::npos;) {
+        products.emplace_back(sProducts.substr(0, end));
+        sProducts.remove_prefix(end + 1);
+    }
+    if (!products.empty()) {
+        products.erase(products.begin()); // the count
+    }
+    return products;
+}
+
+/// Whether one product was added, removed or changed, or two neighbours were exchanged, or nothing happened.
+bool isOneStep(std::string_view before, std::string_view after)
+{
+    std::vector<std::string> was = productsOf(before);
+    std::vector<std::string> is = productsOf(after);
+    while (!was.empty() && !is.empty() && was.back() == is.back()) {
+        was.pop_back();
+        is.pop_back();
+    }
+    const auto [first, other] = std::mismatch(was.begin(), was.end(), is.begin(), is.end());
+    was.erase(was.begin(), first);
+    is.erase(is.begin(), other);
+    return (was.size() <= 1 && is.size() <= 1) ||
+           (was.size() == 2 && is.size() == 2 && was[0] == is[1] && was[1] == is[0]);
+}
+
+} // namespace
+
+/// A container that no program could have less of.
+class Site final : public ui::ContainerSite {
+public:
+    std::string parentTypeName() override { return "SweepForm"; }
+    std::int32_t parentWindow() override { return 0; }
+    void propertyChanged(std::string_view /*property*/) override {}
+};
+
+class WholeSession::Components final : public ui::ComponentFactory {
+public:
+    std::shared_ptr<ui::Component> create(std::string_view className) override
+    {
+        if (className == kTraceClassName) {
+            const AllocationPause pause;
+            return std::make_shared<PausingTrace>(trace);
+        }
+        if (className == kProductLkpMgrClassName) {
+            return std::make_shared<OneEntry>();
+        }
+        std::shared_ptr<ui::Component> made = productMgrFactory()();
+        manager = std::dynamic_pointer_cast<ProductMgr>(made);
+        return made;
+    }
+
+    std::shared_ptr<test::RecordingTrace> trace = std::make_shared<test::RecordingTrace>();
+    std::weak_ptr<ProductMgr> manager; ///< The one that was made last.
+};
+
+/// A user who reads nothing.
+class WholeSession::Box final : public ui::MessageBox {
+public:
+    ui::MessageResult answer = ui::MessageResult::yes;
+
+    ui::MessageResult show(const ui::Message& message) override
+    {
+        return message.buttons == ui::MessageButtons::ok ? ui::MessageResult::ok : answer;
+    }
+};
+
+WholeSession::WholeSession(contract::Driver& driver, testkit::OutsideCalls& calls, ui::EditingWay editing)
+    : driver_(driver), components_(std::make_unique<Components>()), box_(std::make_unique<Box>()),
+      platform_(driver.platform(), *components_, *box_, calls), trace_(components_->trace)
+{
+    platform_.editing = editing;
+    driver.platform().onUnhandledError = [this](const RuntimeError&) { ++errors; };
+    trace_->allowNoExit("KTVOrvanProduct.frmProduct::cboPartNum_Change");
+    trace_->allowNoExit("KTVOrvanProduct.frmProduct::cboProductName_Change");
+}
+
+WholeSession::~WholeSession()
+{
+    driver_.platform().onUnhandledError = nullptr;
+}
+
+std::string WholeSession::list() const
+{
+    const AllocationPause pause;
+    const std::shared_ptr<ProductMgr> manager = components_->manager.lock();
+    return manager ? manager->GetProductsString(kRecordSeparator, kFieldSeparator) : std::string();
+}
+
+void WholeSession::step(const char* name, const std::function<void()>& act)
+{
+    const std::string before = list();
+    try {
+        act();
+    } catch (...) { // of a host's call, and of the driver itself
+        ++errors;
+    }
+    const AllocationPause pause;
+    const std::string after = list();
+    if (!isOneStep(before, after) && after != shown_ && after != kProducts && after != kOtherProducts) {
+        faults.push_back(std::string(name) + " made of " + before + " the list " + after);
+    }
+}
+
+void WholeSession::run()
+{
+    const std::shared_ptr<Trace> outer = std::exchange(gobjTrace, nullptr);
+    std::weak_ptr<ProductMgr> manager;
+    {
+        Site site;
+        std::unique_ptr<ui::Surface> surface;
+        std::unique_ptr<ProductView> view;
+        // The library makes its trace object once per thread; each session here is to have its own.
+        step("making the trace",
+             [&] { gobjTrace = ui::createComponent<Trace>(platform_.components(), kTraceClassName); });
+        step("making the view", [&] {
+            surface = driver_.load(kProductViewDesign);
+            view = std::make_unique<ProductView>(platform_, *surface, site);
+            view->UserControl_ReadProperties();
+        });
+        if (view) {
+            work(*surface, *view);
+            endFailing();
+            checkWhatIsLeft(*surface, *view);
+        } else {
+            endFailing();
+        }
+        manager = components_->manager;
+        view.reset();
+    }
+    if (!manager.expired()) {
+        faults.emplace_back("the manager outlives its view");
+    }
+    gobjTrace = outer;
+    errors += trace_->errors().size();
+    checkTrace();
+}
+
+void WholeSession::work(ui::Surface& surface, ProductView& view)
+{
+    auto& grid = surface.control<ui::Grid>("flexGrid");
+    step("showing", [&] { view.Show(kProducts); });
+    shown_ = list();
+    step("choosing a column", [&] {
+        driver_.rightClick(grid, 0, 2);
+        for (const char* const name : {"mnuViewCboOne", "mnuViewCboTwo"}) {
+            auto& menu = surface.control<ui::PopupMenu>(name);
+            if (driver_.isUp(menu)) {
+                driver_.choose(menu, std::string(name) + "UnitPrice");
+            }
+        }
+    });
+    step("dragging a column", [&] { driver_.dragColumn(grid, 1, 2400); });
+    const auto click = [&](const char* name) {
+        step(name, [&] {
+            if (auto& button = surface.control<ui::Button>(name); button.enabled()) {
+                driver_.chooseRow(grid, std::min(2, grid.rowCount() - 1));
+                driver_.click(button);
+            }
+        });
+    };
+    click("cmdMoveUp");
+    click("cmdMoveDown");
+    edit(surface, true);
+    click("cmdDelete");
+    edit(surface, false);
+    step("reading", [&] {
+        static_cast<void>(view.Products());
+        static_cast<void>(view.TotalValue());
+    });
+    step("showing another list", [&] { view.Show(kOtherProducts); });
+}
+
+void WholeSession::edit(ui::Surface& surface, bool save)
+{
+    shown_ = list();
+    platform_.onFormLoaded = [this, save](ui::Form& form) {
+        driver_.whenShown(form, [this, save, &form] { inEditor(form, save); });
+    };
+    step(save ? "editing" : "reverting", [&] {
+        auto& grid = surface.control<ui::Grid>("flexGrid");
+        if (grid.rowCount() > 1) {
+            driver_.doubleClick(grid, 1);
+        }
+    });
+    driver_.forgetShown();
+    box_->answer = ui::MessageResult::yes;
+    platform_.onFormLoaded = nullptr;
+    shown_ = list();
+}
+
+void WholeSession::inEditor(ui::Form& form, bool save)
+{
+    const auto inForm = [&](const char* name, const std::function<void()>& act) {
+        if (form.loaded()) {
+            step(name, act);
+        }
+    };
+    const auto click = [&](const char* name) {
+        inForm(name, [&] {
+            if (auto& button = form.control<ui::Button>(name); button.enabled()) {
+                driver_.click(button);
+            }
+        });
+    };
+    const auto type = [&](const char* name, const char* text) {
+        inForm(name, [&] { driver_.type(form.control<ui::TextEntry>(name), text); });
+    };
+    type("txtQty", "4");
+    type("txtUnitPrice", "9");
+    type("txtNote", "n");
+    type("cboPartNum", "T");
+    inForm("waiting for the look-up", [&] { driver_.wait(500); });
+    type("txtDiscount", "1");
+    click("cmdNext");
+    click("cmdPrevious");
+    click("cmdNew");
+    type("cboProductName", "Tab");
+    click("cmdGotoFirst");
+    click("cmdGotoLast");
+    click("cmdDelete");
+    if (save) {
+        click("cmdSaveClose");
+    } else {
+        box_->answer = ui::MessageResult::no;
+    }
+    for (int attempt = 0; attempt < 3; ++attempt) { // a failed save keeps the form open
+        inForm("closing", [&] { driver_.clickCloseBox(form); });
+    }
+    if (form.loaded()) {
+        endFailing();
+        step("closing in the end", [&] { form.unload(ui::UnloadMode::code); });
+    }
+}
+
+void WholeSession::checkWhatIsLeft(ui::Surface& surface, ProductView& view)
+{
+    const auto expect = [&](bool holds, const char* what) {
+        if (!holds) {
+            faults.emplace_back(what);
+        }
+    };
+    try {
+        const std::string products = list();
+        const std::shared_ptr<ProductMgr> manager = components_->manager.lock();
+        Currency sum;
+        for (std::int32_t i = 1; i <= manager->GetProductCount(); ++i) {
+            sum = sum + manager->GetProduct(i)->ExtPrice();
+        }
+        expect(view.TotalValue() == sum, "the total is not the sum of the rows");
+        expect(view.Products() == products, "the host reads another list than the manager's");
+        view.Show(kProducts);
+        expect(view.Products() == kProducts, "a later Show does not work");
+        auto& grid = surface.control<ui::Grid>("flexGrid");
+        expect(grid.rowCount() == 4, "a later Show does not fill the grid");
+        expect(driver_.shown(grid, 3)[1] == "Chair", "a later Show does not paint the grid");
+    } catch (...) {
+        faults.push_back("an error in what is left: " + std::string(currentError().text()));
+    }
+}
+
+void WholeSession::checkTrace()
+{
+    if (failed.starts_with("Trace::")) {
+        return; // a trace that fails cannot be complete
+    }
+    for (const std::int32_t number : trace_->numbersSince(0)) {
+        trace_->declareError(number);
+    }
+    for (const std::string& line : trace_->unpaired()) {
+        faults.push_back("trace: " + line);
+    }
+}
+
+} // namespace orvan::sweeps

@@ -1,0 +1,68 @@
+// WholeSession: a user who does everything once, on either platform, while calls or allocations fail.
+//
+// Each step is watched: whatever fails in it, the list is afterwards as before, or one product or two neighbours
+// differ.
+#pragma once
+
+#include "orvan/testing/OutsideCalls.h"
+#include "orvan/ui/ContainerSite.h"
+#include "orvan/view/ProductView.h"
+#include "tests/contract/ContractDriver.h"
+#include "tests/support/RecordingTrace.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvan::sweeps {
+
+/// While one of these lives, no allocation is failed: the test's own code must not fail.
+class AllocationPause {
+public:
+    AllocationPause() { ++depth; }
+    AllocationPause(const AllocationPause&) = delete;
+    AllocationPause& operator=(const AllocationPause&) = delete;
+    ~AllocationPause() { --depth; }
+
+    inline static int depth = 0;
+};
+
+class WholeSession {
+public:
+    WholeSession(contract::Driver& driver, testkit::OutsideCalls& calls, ui::EditingWay editing);
+    ~WholeSession();
+
+    /// Makes a view, works in it, and destroys it.
+    void run();
+
+    /// What is wrong after run(): a line each.
+    std::vector<std::string> faults;
+    /// The errors that the trace recorded, that were raised to the host and that no handler took.
+    std::size_t errors = 0;
+    /// Fails nothing any more; the session calls it before it looks at what is left.
+    std::function<void()> endFailing;
+    std::string failed; ///< The call that failed; endFailing sets it.
+
+private:
+    class Components;
+    class Box;
+
+    void work(ui::Surface& surface, ProductView& view);
+    void edit(ui::Surface& surface, bool save);
+    void inEditor(ui::Form& form, bool save);
+    void checkWhatIsLeft(ui::Surface& surface, ProductView& view);
+    void checkTrace();
+    /// Does one thing that a user or the host does. Where it fails, it is as if nobody had done it.
+    void step(const char* name, const std::function<void()>& act);
+    std::string list() const;
+
+    contract::Driver& driver_;
+    std::unique_ptr<Components> components_;
+    std::unique_ptr<Box> box_;
+    testkit::WrappedPlatform platform_;
+    std::shared_ptr<test::RecordingTrace> trace_;
+    std::string shown_; ///< The list at the last Show or at the opening of the editor.
+};
+
+} // namespace orvan::sweeps
