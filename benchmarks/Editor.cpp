@@ -151,13 +151,13 @@ public:
     /// Changes the quantity, so that each computed price differs from the last one and has to be stored.
     void setQuantity(std::size_t i)
     {
-        currentProduct().SetQty(Currency::fromScaled((1 + static_cast<std::int64_t>(i % 64)) * Currency::kScale));
+        currentProduct()->SetQty(Currency::fromScaled((1 + static_cast<std::int64_t>(i % 64)) * Currency::kScale));
     }
 
     /// Does the same as PrvCalcExtPrice, but with two operations in double instead of exact arithmetic.
     void priceInDouble()
     {
-        ProductRecord& product = currentProduct();
+        ProductRecord& product = *currentProduct();
         const double gross = product.Qty().toDouble() * product.UnitPrice().toDouble();
         const double price = (1 - product.DiscPrcnt().toDouble() / 100) * gross;
         const Currency extPrice = Currency::fromScaled(std::llround(price * double(Currency::kScale)));
@@ -182,9 +182,9 @@ Sides extendedPrice()
     for (std::size_t i = 0; i < 64; ++i) {
         session->setQuantity(i);
         session->fields.PrvCalcExtPrice();
-        const Currency ours = session->currentProduct().ExtPrice();
+        const Currency ours = session->currentProduct()->ExtPrice();
         session->priceInDouble();
-        requireSame(ours, session->currentProduct().ExtPrice(), "extended price");
+        requireSame(ours, session->currentProduct()->ExtPrice(), "extended price");
     }
     const auto priced = [session](std::string name, auto price) {
         return timed(std::move(name), [session, price](benchmark::State& state) {

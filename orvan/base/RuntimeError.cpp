@@ -64,22 +64,39 @@ const char* RuntimeError::what() const noexcept
     return text().data(); // null-terminated: text() gives a literal or the whole of a std::string
 }
 
-RuntimeError currentError()
+RuntimeError currentError() noexcept
+{
+    std::int32_t number = ErrorNumber::automationError;
+    try {
+        try {
+            throw;
+        } catch (const RuntimeError& error) {
+            number = error.number();
+            return error;
+        } catch (const std::bad_alloc&) {
+            return RuntimeError(ErrorNumber::outOfMemory);
+        } catch (const std::out_of_range& error) {
+            number = ErrorNumber::subscriptOutOfRange;
+            return RuntimeError(number, {}, error.what());
+        } catch (const std::bad_cast& error) {
+            number = ErrorNumber::typeMismatch;
+            return RuntimeError(number, {}, error.what());
+        } catch (const std::exception& error) {
+            return RuntimeError(number, {}, error.what());
+        }
+    } catch (...) { // a type without a text, or no memory for the text
+        return RuntimeError(number);
+    }
+}
+
+void raiseCurrentError()
 {
     try {
         throw;
-    } catch (const RuntimeError& error) {
-        return error;
-    } catch (const std::bad_alloc&) {
-        return RuntimeError(ErrorNumber::outOfMemory);
-    } catch (const std::out_of_range& error) {
-        return RuntimeError(ErrorNumber::subscriptOutOfRange, {}, error.what());
-    } catch (const std::bad_cast& error) {
-        return RuntimeError(ErrorNumber::typeMismatch, {}, error.what());
-    } catch (const std::exception& error) {
-        return RuntimeError(ErrorNumber::automationError, {}, error.what());
+    } catch (const RuntimeError&) {
+        throw;
     } catch (...) {
-        return RuntimeError(ErrorNumber::automationError);
+        throw currentError();
     }
 }
 

@@ -8,6 +8,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace orvan {
 
@@ -61,7 +62,24 @@ private:
 
 /// The error that the calling thread is handling, whatever type was thrown; to be called inside a catch block only.
 /// A component of a host may throw any type, and the library handles numbers only: std::bad_alloc becomes 7,
-/// std::out_of_range 9, std::bad_cast 13, and anything else 440 with what() as its text.
-[[nodiscard]] RuntimeError currentError();
+/// std::out_of_range 9, std::bad_cast 13, and anything else 440 with what() as its text. If there is no memory for the
+/// texts, the number comes without them.
+[[nodiscard]] RuntimeError currentError() noexcept;
+
+/// Raises the error that the calling thread is handling: a RuntimeError as it is, anything else as currentError() gives
+/// it. To be called inside a catch block only.
+[[noreturn]] void raiseCurrentError();
+
+/// Runs `body`, and raises whatever it throws by raiseCurrentError. Each operation that hosts call and that runs code
+/// of a host, or may run out of memory, uses it, so that hosts need to catch one type only.
+template <class Body>
+decltype(auto) asRuntimeError(Body&& body)
+{
+    try {
+        return std::forward<Body>(body)();
+    } catch (...) {
+        raiseCurrentError();
+    }
+}
 
 } // namespace orvan

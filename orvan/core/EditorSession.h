@@ -51,10 +51,12 @@ public:
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 
-    /// The manager and the record that the session holds. Each raises 91 when there is none. The manager is shared for
-    /// the time of the call that is made to it: the call may end the session, which lets go of it.
+    /// The manager and the record that the session holds. Each raises 91 when there is none. Each is shared for the
+    /// time of the call that is made to it: the call may run a host's code, which may end the session, and the session
+    /// then releases both. So a procedure calls them by these functions, or keeps what they return, and never a
+    /// reference.
     [[nodiscard]] std::shared_ptr<ProductMgr> productMgr() const { return required(objProductMgr), objProductMgr; }
-    [[nodiscard]] ProductRecord& currentProduct() const { return required(heldProduct); }
+    [[nodiscard]] std::shared_ptr<ProductRecord> currentProduct() const { return required(heldProduct), heldProduct; }
 
     /// Runs an event handler of the editor: an error is recorded, and closes the dialog.
     template <class Body>
@@ -64,9 +66,7 @@ public:
     }
 
     std::shared_ptr<ProductMgr> objProductMgr; ///< Set from the end of the form's set-up until the form unloads.
-    /// The current product, whose values the controls show; may be null. A record's own code may ask the user, and the
-    /// dialog may close meanwhile and release the record. So a procedure that calls the record keeps a copy of this
-    /// pointer.
+    /// The current product, whose values the controls show; may be null.
     std::shared_ptr<ProductRecord> heldProduct;
     LocaleStrings locale; ///< Read once for each session.
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
@@ -75,12 +75,11 @@ public:
 
 private:
     template <class T>
-    static T& required(const std::shared_ptr<T>& object)
+    static void required(const std::shared_ptr<T>& object)
     {
         if (!object) {
             throw RuntimeError(ErrorNumber::objectNotSet);
         }
-        return *object;
     }
 };
 

@@ -28,12 +28,14 @@ void Main(ui::Platform& platform)
     } catch (...) {
         const std::int32_t number = currentError().number();
         // Deliberately without a blank after the colon and with this title: support staff search for this text.
-        platform.messageBox().show({.text = "Could not create trace object. Module:"
-                                            "KTVOrvanProduct.modInit::"
-                                            "Main",
-                                    .title = "Automation error",
-                                    .buttons = ui::MessageButtons::ok,
-                                    .icon = ui::MessageIcon::exclamation});
+        asRuntimeError([&] {
+            platform.messageBox().show({.text = "Could not create trace object. Module:"
+                                                "KTVOrvanProduct.modInit::"
+                                                "Main",
+                                        .title = "Automation error",
+                                        .buttons = ui::MessageButtons::ok,
+                                        .icon = ui::MessageIcon::exclamation});
+        });
         throw RuntimeError(number);
     }
 }
@@ -63,14 +65,14 @@ void raiseApplicationError(std::string_view label, std::string message)
 
 void raiseLastError()
 {
-    throw RuntimeError(traceObject().LastErrorNumber());
+    throw RuntimeError(asRuntimeError([] { return traceObject().LastErrorNumber(); }));
 }
 
 namespace detail {
 
 void recordError()
 {
-    traceObject().TraceError("");
+    asRuntimeError([] { traceObject().TraceError(""); });
 }
 
 void recordAndRaise()

@@ -14,7 +14,8 @@
 //   traceIgnore        reading properties, terminating goes on; nothing is recorded
 //
 // A failure inside a handler (TraceError, LastErrorNumber, ShowLastError, the closing) is never
-// caught by the same shape: it leaves the procedure as an error to its caller.
+// caught by the same shape: it leaves the procedure as an error to its caller. What TraceError and LastErrorNumber
+// throw leaves it as a RuntimeError, whatever its type.
 //
 // Ownership: each thread that uses the library has a trace object of its own (orvan/core/Trace.h) and keeps it
 // to its end. Thread: any; nothing is locked, because threads share nothing.

@@ -5,35 +5,62 @@
 
 namespace orvan {
 
-ProductDlg::ProductDlg(ui::Platform& platform) : platform_((enterLibrary(platform), platform)) {}
+/// One call of Show or ShowAddNew. It keeps what it needs itself: while the session waits for the user, or calls the
+/// manager or the trace, a host may destroy the dialog, or let go of the pointer that it passed.
+class ProductDlg::Session {
+public:
+    Session(ProductDlg& dialog, std::shared_ptr<ProductMgr> manager)
+        : dialog_(dialog), watch_(dialog.lifetime_.watch()), platform_(dialog.platform_), manager_(std::move(manager))
+    {
+    }
+
+    void run(std::int32_t lProdIdx, bool bAddNew)
+    {
+        /// However the session ends: what an error interrupts may have changed the list.
+        struct DirtyRead {
+            Session& session;
+            const frmProduct& form;
+            ~DirtyRead()
+            {
+                if (!session.watch_.ended()) {
+                    session.dialog_.dirty_ = form.Dirty();
+                }
+            }
+        };
+        frmProduct form(platform_);
+        const DirtyRead read{*this, form};
+        try {
+            form.Init(manager_, lProdIdx, bAddNew);
+        } catch (...) {
+            form.takeBackNewProduct();
+            throw;
+        }
+        form.showModal();
+    }
+
+private:
+    ProductDlg& dialog_;
+    LifetimeWatch watch_;
+    ui::Platform& platform_;
+    std::shared_ptr<ProductMgr> manager_;
+};
+
+ProductDlg::ProductDlg(ui::Platform& platform)
+try : platform_((enterLibrary(platform), platform)) {
+} catch (...) {
+    raiseCurrentError();
+}
 
 void ProductDlg::Show(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx)
 {
-    tracePropagate("KTVOrvanProduct.ProductDlg::Show", [&] { runSession(objProductMgr, lProdIdx, false); });
+    Session session(*this, objProductMgr);
+    tracePropagate("KTVOrvanProduct.ProductDlg::Show", [&] { session.run(lProdIdx, false); });
 }
 
 void ProductDlg::ShowAddNew(const std::shared_ptr<ProductMgr>& objProductMgr)
 {
-    tracePropagate("KTVOrvanProduct.ProductDlg::ShowAddNew", [&] { runSession(objProductMgr, 0, true); });
-}
-
-void ProductDlg::runSession(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx, bool bAddNew)
-{
-    /// However the session ends: what an error interrupts may have changed the list.
-    struct DirtyRead {
-        const frmProduct& form;
-        bool& dirty;
-        ~DirtyRead() { dirty = form.Dirty(); }
-    };
-    frmProduct form(platform_);
-    const DirtyRead read{form, dirty_};
-    try {
-        form.Init(objProductMgr, lProdIdx, bAddNew);
-    } catch (...) {
-        form.takeBackNewProduct();
-        throw;
-    }
-    form.showModal();
+    Session session(*this, objProductMgr);
+    tracePropagate("KTVOrvanProduct.ProductDlg::ShowAddNew", [&] { session.run(0, true); });
 }
 
 } // namespace orvan

@@ -5,11 +5,13 @@
 // has the list put back as it was. An object may be used again: each call is a session of its own.
 //
 // Positions are 1-based. Ownership: the manager is shared for the time of the session; the platform
-// must outlive the object. Thread: the user-interface thread. Errors: where the dialog cannot be opened, Show and
+// must outlive the object and its sessions. The object itself may be destroyed while a session waits for the user: the
+// session goes on to its end. Thread: the user-interface thread. Errors: where the dialog cannot be opened, Show and
 // ShowAddNew raise a RuntimeError with a number alone; the trace has the texts. An error in an open dialog closes the
 // dialog with a message and is not raised.
 #pragma once
 
+#include "orvan/base/Lifetime.h"
 #include "orvan/core/ProductMgr.h"
 
 #include <cstdint>
@@ -24,6 +26,8 @@ class Platform;
 class ProductDlg {
 public:
     explicit ProductDlg(ui::Platform& platform);
+    ProductDlg(const ProductDlg&) = delete;
+    ProductDlg& operator=(const ProductDlg&) = delete;
 
     /// Opens the editor on the product at lProdIdx. The position is not checked: the manager decides what happens if
     /// it is outside the list (the library's own manager raises 9).
@@ -32,18 +36,21 @@ public:
     void ShowAddNew(const std::shared_ptr<ProductMgr>& objProductMgr);
 
     /// Whether the last session changed anything; saving does not clear it. False before the first session.
-    /// Two kinds of change do not count. The first is deleting a product: a host that must know compares the number of
-    /// products. The second is a loss that opening the dialog causes, because it saves the values as the boxes show
-    /// them: unit prices lose the decimals after the second, amounts their minus sign, and long texts are cut.
+    /// In the classic way of editing, two kinds of change do not count. The first is deleting a product: a host that
+    /// must know compares the number of products. The second is a loss that opening the dialog causes, because it saves
+    /// the values as the boxes show them: unit prices lose the decimals after the second, amounts their minus sign, and
+    /// long texts are cut. In the careful way (HostOptions::editing in orvan/hosting/Host.h) deleting counts as any
+    /// other change, and opening the dialog changes nothing.
     [[nodiscard]] bool Dirty() const { return dirty_; }
     /// Always 0, on purpose: hosts rely on it that a session does not pass back the position at which it ended.
     [[nodiscard]] std::int32_t CurrentProductIndex() const { return 0; }
 
 private:
-    void runSession(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx, bool bAddNew);
+    class Session;
 
     ui::Platform& platform_;
     bool dirty_ = false;
+    Lifetime lifetime_;
 };
 
 } // namespace orvan

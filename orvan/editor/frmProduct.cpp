@@ -106,7 +106,7 @@ void frmProduct::PrvInitForm()
 void frmProduct::PrvSetFormCaption()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvSetFormCaption", [&] {
-        const std::string name = currentProduct().Name();
+        const std::string name = currentProduct()->Name();
         std::string caption(firstCharacters(name, kCaptionNameLength));
         caption.append(" (").append(std::to_string(currentIndex_));
         caption.append("/").append(std::to_string(productMgr()->GetProductCount())).append(")");

@@ -70,6 +70,8 @@ private:
     void PrvInitForm();
     void PrvSetFormCaption();
 
+    /// Raises 91 where the manager returns no record.
+    [[nodiscard]] std::shared_ptr<ProductRecord> productAt(std::int32_t index);
     void PrvSaveCurrentProduct(bool& bOk);
     [[nodiscard]] ui::MessageResult PrvCancelEdit(bool& bSaveFailed);
     /// Puts the list back as it was when the session began. False: that failed, and the user has been told.

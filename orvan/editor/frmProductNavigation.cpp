@@ -27,7 +27,7 @@ void frmProduct::PrvSeekProduct(std::int32_t lOffset)
         if (found) {
             currentIndex_ = probe;
             heldProduct.reset();
-            heldProduct = productMgr()->GetProduct(currentIndex_);
+            heldProduct = productAt(currentIndex_);
             PrvLoadProductInfo();
             PrvSetFormCaption();
         }
@@ -78,9 +78,9 @@ void frmProduct::PrvAddNewProduct()
         heldProduct.reset();
         heldProduct = productMgr()->AddNewProduct();
         productAdded_ = heldProduct != nullptr;
-        currentProduct().SetKey("");
-        currentProduct().SetQty(Currency::fromInteger(1));
-        currentProduct().SetDiscPrcnt(Currency());
+        currentProduct()->SetKey("");
+        currentProduct()->SetQty(Currency::fromInteger(1));
+        currentProduct()->SetDiscPrcnt(Currency());
         currentIndex_ = productMgr()->GetProductCount();
         PrvLoadProductInfo();
         PrvSetFormCaption();

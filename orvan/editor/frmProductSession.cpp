@@ -47,10 +47,19 @@ std::size_t productsThatDiffer(std::string_view before, std::string_view now)
 
 } // namespace
 
+std::shared_ptr<ProductRecord> frmProduct::productAt(std::int32_t index)
+{
+    auto product = productMgr()->GetProduct(index);
+    if (!product) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return product;
+}
+
 void frmProduct::PrvLoadProductInfo()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvLoadProductInfo", [&] {
-        heldProduct = productMgr()->GetProduct(currentIndex_);
+        heldProduct = productAt(currentIndex_);
         setProductShown(true);
         lookUp_.forgetFormerText();
         fields_.showProduct();
@@ -59,7 +68,6 @@ void frmProduct::PrvLoadProductInfo()
 
 void frmProduct::priceAnew()
 {
-    const auto kept = heldProduct;
     fields_.PrvCalcExtPrice();
     fields_.PrvShowExtPriceAndTotal();
 }
@@ -71,7 +79,7 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
         "KTVOrvanProduct.frmProduct::PrvSaveCurrentProduct",
         [&] {
             lookUp_.finishPendingLookUps();
-            if (const auto kept = heldProduct) {
+            if (heldProduct) {
                 fields_.PrvSaveNameFld();
                 fields_.PrvSavePartNumFld();
                 fields_.PrvSaveUnitPriceFld();

@@ -174,7 +174,7 @@ void FieldEntry::gotFocus(AmountBox& amount)
 {
     session_.handleEvent(amount.field.gotFocusLabel, [&] {
         const ScopedFlag rewriting(session_.initializing); // its end clears the flag, even if it was set before
-        showAmount(amount, session_.currentProduct(), AmountForm::edit);
+        showAmount(amount, *session_.currentProduct(), AmountForm::edit);
         amount.box.setSelectionStart(0);
         amount.box.setSelectionLength(static_cast<std::int32_t>(characterCount(amount.box.text())));
     });
@@ -183,12 +183,11 @@ void FieldEntry::gotFocus(AmountBox& amount)
 void FieldEntry::lostFocus(AmountBox& amount)
 {
     session_.handleEvent(amount.field.lostFocusLabel, [&] {
-        const auto kept = session_.heldProduct;
         const bool unvisited = keepsUnvisited(amount);
         saveAmount(amount);
         {
             const ScopedFlag rewriting(session_.initializing);
-            showAmount(amount, session_.currentProduct(), AmountForm::display);
+            showAmount(amount, *session_.currentProduct(), AmountForm::display);
         }
         if (!unvisited) {
             PrvCalcExtPrice();
@@ -203,7 +202,6 @@ void FieldEntry::changed(AmountBox& amount)
         const bool shows = session_.showingProduct && differs(session_.platform(), Deviation::openingChangesNothing);
         if (!session_.initializing && !shows) {
             amount.edited = true;
-            const auto kept = session_.heldProduct;
             saveAmount(amount);
             PrvCalcExtPrice();
             PrvShowExtPriceAndTotal();
@@ -215,10 +213,7 @@ void FieldEntry::txtNote_Change()
 {
     // Unlike an amount, the note is saved even while the session initializes, on purpose. So where the box cuts a
     // long note while a product is loaded, the record's note is cut, too; the session is not marked dirty by that.
-    session_.handleEvent("KTVOrvanProduct.frmProduct::txtNote_Change", [&] {
-        const auto kept = session_.heldProduct;
-        PrvSaveNoteFld();
-    });
+    session_.handleEvent("KTVOrvanProduct.frmProduct::txtNote_Change", [&] { PrvSaveNoteFld(); });
 }
 
 std::string_view FieldEntry::shownPart(const TextField& field, const std::string& value)
@@ -229,16 +224,15 @@ std::string_view FieldEntry::shownPart(const TextField& field, const std::string
 void FieldEntry::saveText(const TextFieldBox& text)
 {
     tracePropagate(text.field.saveLabel, [&] {
-        const auto kept = session_.heldProduct;
-        ProductRecord& product = session_.currentProduct();
-        const std::string value = (product.*text.field.value)();
+        const auto product = session_.currentProduct();
+        const std::string value = ((*product).*text.field.value)();
         const bool asShown = text.box.text() == shownPart(text.field, value);
         if (asShown && differs(session_.platform(), Deviation::openingChangesNothing)) {
             return; // what is beyond the box's limit stays
         }
         if (value != text.box.text()) {
             const std::string typed = text.box.text(); // the record's own code may change the box
-            (product.*text.field.setValue)(typed);
+            ((*product).*text.field.setValue)(typed);
             session_.PrvSetDirty(true);
         }
     });
@@ -261,11 +255,11 @@ void FieldEntry::saveAmount(const AmountBox& amount)
         if (cyValue > field.most) {
             cyValue = Currency();
         }
-        if ((session_.currentProduct().*field.value)() != cyValue) {
+        if (((*session_.currentProduct()).*field.value)() != cyValue) {
             session_.PrvSetDirty(true); // on purpose also for an amount that the record rejects below
         }
-        const bool valid = (session_.currentProduct().*field.isValid)(cyValue);
-        (session_.currentProduct().*field.setValue)(valid ? cyValue : Currency());
+        const bool valid = ((*session_.currentProduct()).*field.isValid)(cyValue);
+        ((*session_.currentProduct()).*field.setValue)(valid ? cyValue : Currency());
     });
 }
 
@@ -277,52 +271,54 @@ void FieldEntry::PrvCalcExtPrice()
         // The error is not traced: a price that is too large comes from what the user types and is not a failure.
         const ResumeNext<false> step;
         step([&] {
-            if (session_.currentProduct().ExtPrice() != Currency()) {
+            if (session_.currentProduct()->ExtPrice() != Currency()) {
                 session_.PrvSetDirty(true);
             }
         });
-        step([&] { session_.currentProduct().SetExtPrice(Currency()); });
+        step([&] { session_.currentProduct()->SetExtPrice(Currency()); });
     }
 }
 
 void FieldEntry::calcExtPrice()
 {
-    ProductRecord& product = session_.currentProduct();
-    Currency discount = product.DiscPrcnt();
+    const auto product = session_.currentProduct();
+    Currency discount = product->DiscPrcnt();
     if (discount > kHundred) {
         discount = Currency(); // it counts as none, but stays in the record: it did not come from the discount box
     }
     const Currency rest = kHundred - discount;
-    const Currency gross = product.Qty() * product.UnitPrice();
+    // Two statements: in one expression each compiler would choose an order of its own, and the record may be a host's,
+    // which sees the order.
+    const Currency unitPrice = product->UnitPrice();
+    const Currency gross = product->Qty() * unitPrice;
     // The price is computed in double, and the percentage is divided before it is multiplied, because existing quotes
     // were priced this way and must get the same prices again. fromDouble raises for a result that is not a number or
     // is out of range.
     const Currency extPrice = Currency::fromDouble(rest.toDouble() / 100.0 * gross.toDouble());
-    if (product.ExtPrice() != extPrice) {
+    if (product->ExtPrice() != extPrice) {
         session_.PrvSetDirty(true);
     }
-    product.SetExtPrice(extPrice);
+    product->SetExtPrice(extPrice);
 }
 
 void FieldEntry::showProduct()
 {
-    const auto kept = session_.heldProduct; // setting a text raises a change event, which may end the session
     const ScopedFlag showing(session_.showingProduct);
-    const ProductRecord& product = session_.currentProduct();
+    const auto product = session_.currentProduct(); // setting a text raises a change event, which may end the session
     txtNote_.box.setMaxLength(kNote.mostShown);
-    showText(cboProductName_, product);
-    showText(cboPartNum_, product);
-    showAmount(txtUnitPrice_, product, AmountForm::display);
-    showAmount(txtDiscount_, product, AmountForm::display);
-    showAmount(txtQty_, product, AmountForm::display);
-    showMoney(txtExtPrice_, product.ExtPrice());
-    showText(txtNote_, product);
+    showText(cboProductName_, *product);
+    showText(cboPartNum_, *product);
+    showAmount(txtUnitPrice_, *product, AmountForm::display);
+    showAmount(txtDiscount_, *product, AmountForm::display);
+    showAmount(txtQty_, *product, AmountForm::display);
+    showMoney(txtExtPrice_, product->ExtPrice());
+    showText(txtNote_, *product);
     showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 
 void FieldEntry::PrvShowExtPriceAndTotal()
 {
-    showMoney(txtExtPrice_, session_.currentProduct().ExtPrice());
+    showMoney(txtExtPrice_, session_.currentProduct()->ExtPrice());
     showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 

@@ -33,9 +33,6 @@ public:
     /// Shows the current product in all boxes, and the list's total. The boxes raise their change events.
     void showProduct();
 
-    // The caller keeps a copy of the pointer EditorSession::heldProduct while one of these procedures runs, so that
-    // the product outlives the procedure even where an event ends the session.
-
     /// Saves a text. Where box and record are equal, nothing is written and the session is not marked dirty.
     void PrvSaveNameFld() { saveText(cboProductName_); }
     void PrvSavePartNumFld() { saveText(cboPartNum_); }

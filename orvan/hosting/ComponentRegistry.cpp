@@ -26,6 +26,40 @@ std::string lowerCase(std::string_view name)
     throw RuntimeError(ErrorNumber::cannotCreateComponent, {}, std::move(reason));
 }
 
+struct BuildTraitText {
+    BuildTrait trait;
+    std::string_view text;
+};
+constexpr BuildTraitText kBuildTraitTexts[] = {
+    {BuildTrait::debugContainers, "the option -D_GLIBCXX_DEBUG"},
+    {BuildTrait::formerStrings, "the option -D_GLIBCXX_USE_CXX11_ABI=0"},
+    {BuildTrait::libcxx, "the standard library libc++"},
+    {BuildTrait::unstableLibcxx, "libc++'s unstable ABI"},
+    {BuildTrait::versionedLibstdcxx, "libstdc++'s versioned namespace"},
+};
+
+/// Raises 429 where a component library's objects would not be as this program takes them. `word` is the library's.
+void requireSameForm(std::int32_t word)
+{
+    const std::int32_t version = word & kInterfaceVersionMask;
+    if (version != kComponentInterfaceVersion) {
+        raiseCannotCreate("interface version " + std::to_string(version) + " instead of " +
+                          std::to_string(kComponentInterfaceVersion));
+    }
+    const std::int32_t differing = word ^ kComponentInterfaceWord;
+    if (differing == 0) {
+        return;
+    }
+    std::string reason = "it is built";
+    for (const BuildTraitText& row : kBuildTraitTexts) {
+        const auto bit = static_cast<std::int32_t>(row.trait);
+        if ((differing & bit) != 0) {
+            reason.append((word & bit) != 0 ? " with " : " without ").append(row.text).append(",");
+        }
+    }
+    raiseCannotCreate(reason.append(" unlike this program: their objects differ"));
+}
+
 std::string loaderError()
 {
     const char* text = dlerror(); // the loader keeps its last error for each thread
@@ -42,12 +76,7 @@ public:
         if (!handle_) {
             raiseCannotCreate(loaderError());
         }
-        const std::int32_t version =
-            entryPoint<decltype(&OrvanComponentInterfaceVersion)>(kInterfaceVersionEntryPoint)();
-        if (version != kComponentInterfaceVersion) {
-            raiseCannotCreate("interface version " + std::to_string(version) + " instead of " +
-                              std::to_string(kComponentInterfaceVersion));
-        }
+        requireSameForm(entryPoint<decltype(&OrvanComponentInterfaceVersion)>(kInterfaceVersionEntryPoint)());
         create_ = entryPoint<decltype(&OrvanCreateComponent)>(kCreateComponentEntryPoint);
     }
 
@@ -82,14 +111,16 @@ ComponentRegistry::~ComponentRegistry() = default;
 
 void ComponentRegistry::registerClass(std::string className, Factory factory)
 {
-    setEntry(std::make_shared<Entry>(Entry{std::move(className), {}, std::move(factory)}));
+    asRuntimeError([&] { setEntry(std::make_shared<Entry>(Entry{std::move(className), {}, std::move(factory)})); });
 }
 
 void ComponentRegistry::registerLibrary(std::string className, const std::filesystem::path& library)
 {
-    const std::filesystem::path path = library.has_parent_path() ? std::filesystem::absolute(library) : library;
-    Factory factory = [this, className, path] { return createFromLibrary(className, path); };
-    setEntry(std::make_shared<Entry>(Entry{std::move(className), path, std::move(factory)}));
+    asRuntimeError([&] {
+        const std::filesystem::path path = library.has_parent_path() ? std::filesystem::absolute(library) : library;
+        Factory factory = [this, className, path] { return createFromLibrary(className, path); };
+        setEntry(std::make_shared<Entry>(Entry{std::move(className), path, std::move(factory)}));
+    });
 }
 
 void ComponentRegistry::setEntry(EntryPtr entry)
@@ -104,8 +135,9 @@ void ComponentRegistry::setEntry(EntryPtr entry)
 void ComponentRegistry::unregisterClass(std::string_view className)
 {
     EntryPtr removed; // destroyed after the lock is released, for the same reason as in setEntry
+    const std::string key = asRuntimeError([&] { return lowerCase(className); });
     const std::lock_guard lock(mutex_);
-    if (const auto found = entries_.find(lowerCase(className)); found != entries_.end()) {
+    if (const auto found = entries_.find(key); found != entries_.end()) {
         removed = std::move(found->second);
         entries_.erase(found);
     }
@@ -120,27 +152,33 @@ std::string ComponentRegistry::describe(const Entry& entry, std::string_view rea
     return text.append(" cannot be created: ").append(reason);
 }
 
+ComponentRegistry::EntryPtr ComponentRegistry::entryOf(std::string_view className)
+{
+    const std::lock_guard lock(mutex_);
+    const auto found = entries_.find(lowerCase(className));
+    if (found == entries_.end()) {
+        raiseCannotCreate("Class \"" + std::string(className) + "\" is not registered");
+    }
+    return found->second;
+}
+
 std::shared_ptr<ui::Component> ComponentRegistry::create(std::string_view className)
 {
-    EntryPtr entry;
-    {
-        const std::lock_guard lock(mutex_);
-        const auto found = entries_.find(lowerCase(className));
-        if (found == entries_.end()) {
-            raiseCannotCreate("Class \"" + std::string(className) + "\" is not registered");
-        }
-        entry = found->second;
-    }
+    return asRuntimeError([&] { return createBy(*entryOf(className)); });
+}
+
+std::shared_ptr<ui::Component> ComponentRegistry::createBy(const Entry& entry)
+{
     std::shared_ptr<ui::Component> object;
     try {
-        object = entry->factory();
+        object = entry.factory();
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.number(), error.source(), describe(*entry, error.text()));
+        throw RuntimeError(error.number(), error.source(), describe(entry, error.text()));
     } catch (...) {
-        raiseCannotCreate(describe(*entry, currentError().text()));
+        raiseCannotCreate(describe(entry, currentError().text()));
     }
     if (!object) {
-        raiseCannotCreate(describe(*entry, "no object was made"));
+        raiseCannotCreate(describe(entry, "no object was made"));
     }
     return object;
 }

@@ -22,9 +22,11 @@ public:
 void registerDefaultComponents(ComponentRegistry& registry, const DefaultComponentOptions& options)
 {
     static ThreadMessageBox messages; // may be shared, because it finds the thread's message box for each message
-    registry.registerClass(std::string(kProductMgrClassName), productMgrFactory(options.productMgr));
-    registry.registerClass(std::string(kProductLkpMgrClassName), catalogueFactory(options.catalogue));
-    registry.registerClass(std::string(kTraceClassName), traceLogFactory(options.trace, messages));
+    asRuntimeError([&] {
+        registry.registerClass(std::string(kProductMgrClassName), productMgrFactory(options.productMgr));
+        registry.registerClass(std::string(kProductLkpMgrClassName), catalogueFactory(options.catalogue));
+        registry.registerClass(std::string(kTraceClassName), traceLogFactory(options.trace, messages));
+    });
 }
 
 } // namespace orvan

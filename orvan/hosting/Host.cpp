@@ -6,7 +6,7 @@ namespace orvan {
 
 std::unique_ptr<ui::LocaleService> makeLocaleService(const icu::LocaleNames& names)
 {
-    return std::make_unique<icu::IcuLocaleService>(names);
+    return asRuntimeError([&] { return std::make_unique<icu::IcuLocaleService>(names); });
 }
 
 } // namespace orvan

@@ -3,7 +3,7 @@
 // Owns the component classes, the user's locale and the platform; the library's own components
 // (product manager, catalogue look-up, trace log) are registered. A program replaces any of them through components()
 // before it makes its first view. Thread: one host per thread; it outlives the views made on it.
-// The constructor raises 51 when the locale library's data is missing.
+// The constructor raises a RuntimeError, 51 when the locale library's data is missing.
 #pragma once
 
 #include "orvan/hosting/ComponentRegistry.h"
@@ -30,16 +30,17 @@ struct HostOptions {
 template <class PlatformType>
 class Host {
 public:
-    Host() : Host(HostOptions()) {}
+    Host() : Host(asRuntimeError([] { return HostOptions(); })) {}
     /// The arguments after the options are passed to the platform's constructor.
     template <class... PlatformArguments>
     explicit Host(const HostOptions& options, PlatformArguments&&... platformArguments)
-        : locale_(makeLocaleService(options.locale)),
-          platform_(*locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
-          messages_(platform_.messageBox())
-    {
+    try : locale_(makeLocaleService(options.locale)),
+        platform_(*locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
+        messages_(platform_.messageBox()) {
         platform_.editing = options.editing;
         registerDefaultComponents(components_, options.components);
+    } catch (...) {
+        raiseCurrentError();
     }
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;

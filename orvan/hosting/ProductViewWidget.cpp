@@ -53,8 +53,9 @@ private:
 ProductViewWidget::ProductViewWidget(QWidget* parent) : ProductViewWidget(qtHost().platform(), parent) {}
 
 ProductViewWidget::ProductViewWidget(qt::QtPlatform& platform, QWidget* parent)
-    : QWidget(parent), site_(std::make_unique<Site>(platform, *this))
-{
+try : QWidget(parent), site_(std::make_unique<Site>(platform, *this)) {
+} catch (...) {
+    raiseCurrentError();
 }
 
 ProductViewWidget::~ProductViewWidget() = default;

@@ -13,9 +13,11 @@ bool hostExists = false;
 
 QtHost& qtHost()
 {
-    static QtHost host(chosenOptions.value_or(HostOptions()));
-    hostExists = true;
-    return host;
+    return asRuntimeError([]() -> QtHost& {
+        static QtHost host(chosenOptions.value_or(HostOptions()));
+        hostExists = true;
+        return host;
+    });
 }
 
 void setQtHostOptions(const HostOptions& options)
@@ -23,7 +25,7 @@ void setQtHostOptions(const HostOptions& options)
     if (hostExists) {
         throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, "the host's options were set too late");
     }
-    chosenOptions = options;
+    asRuntimeError([&] { chosenOptions = options; });
 }
 
 } // namespace orvan

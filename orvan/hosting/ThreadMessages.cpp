@@ -1,5 +1,7 @@
 #include "orvan/hosting/ThreadMessages.h"
 
+#include "orvan/base/RuntimeError.h"
+
 namespace orvan {
 
 namespace {
@@ -26,7 +28,7 @@ ThreadMessages::~ThreadMessages()
 
 ui::MessageResult ThreadMessages::show(const ui::Message& message)
 {
-    return newest ? newest->messageBox_.show(message) : ui::MessageResult::ok;
+    return asRuntimeError([&] { return newest ? newest->messageBox_.show(message) : ui::MessageResult::ok; });
 }
 
 } // namespace orvan

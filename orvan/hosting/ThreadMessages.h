@@ -19,6 +19,7 @@ public:
     ~ThreadMessages();
 
     /// Shows the message in the message box of the thread's newest object; if there is none, the message is dropped.
+    /// Raises a RuntimeError, whatever the message box throws.
     static ui::MessageResult show(const ui::Message& message);
 
 private:

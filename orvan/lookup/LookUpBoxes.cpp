@@ -194,14 +194,13 @@ void LookUpBoxes::lostFocus(const Box& box)
 void LookUpBoxes::seekAndApply(const Box& box, const std::function<std::int32_t()>& itemId)
 {
     const ResumeNext<false> step;
-    state_.bLkpBusy = true;
+    const ScopedFlag busy(state_.bLkpBusy);
     step([&] { catalogue()->SeekItem(itemId()); });
     bool noEntry = false;
     step([&] { noEntry = catalogue()->IsEOF(); });
     if (!noEntry) { // otherwise the row stays pending, and the next time that the box is left tries it again
         applyEntry(box);
     }
-    state_.bLkpBusy = false;
 }
 
 void LookUpBoxes::searchOnLeaving(const Box& box)
@@ -211,7 +210,8 @@ void LookUpBoxes::searchOnLeaving(const Box& box)
     std::optional<std::int32_t> found;
     step([&] {
         box.timer.setEnabled(false);
-        found = entryFor(list(box, box.combo.text(), false), box.combo.text());
+        const LookUpList rows = list(box, box.combo.text(), false);
+        found = entryFor(rows, box.combo.text());
     });
     if (found) {
         seekAndApply(box, [&] { return *found; });
@@ -243,7 +243,10 @@ void LookUpBoxes::applyEntry(const Box& box)
     // A column that cannot be read is applied as 0 or an empty text.
     Currency unitPrice;
     std::string partNum, key, note, name;
-    step([&] { unitPrice = toCurrency(field(LookUpColumn::unitPrice), session_.platform().locale()); });
+    step([&] {
+        const LookUpValue value = field(LookUpColumn::unitPrice);
+        unitPrice = toCurrency(value, session_.platform().locale());
+    });
     step([&] { partNum = toText(field(LookUpColumn::partNum)); });
     step([&] { key = toText(field(LookUpColumn::key)); });
     step([&] { note = toText(field(LookUpColumn::note)); });
@@ -252,18 +255,18 @@ void LookUpBoxes::applyEntry(const Box& box)
     } else {
         name = box.combo.text();
     }
-    step([&] { session_.currentProduct().SetName(name); });
-    step([&] { session_.currentProduct().SetKey(key); });
-    step([&] { session_.currentProduct().SetPartNum(partNum); });
-    step([&] { session_.currentProduct().SetUnitPrice(unitPrice); });
+    step([&] { session_.currentProduct()->SetName(name); });
+    step([&] { session_.currentProduct()->SetKey(key); });
+    step([&] { session_.currentProduct()->SetPartNum(partNum); });
+    step([&] { session_.currentProduct()->SetUnitPrice(unitPrice); });
     bool ask = true; // stays true where the product's note cannot be read, because there may be one
-    step([&] { ask = !session_.currentProduct().Note().empty(); });
+    step([&] { ask = !session_.currentProduct()->Note().empty(); });
     bool takeNote = true; // stays true where the question itself fails
     if (ask) {
         step([&] { takeNote = wantsNote(); });
     }
     if (takeNote) {
-        step([&] { session_.currentProduct().SetNote(note); });
+        step([&] { session_.currentProduct()->SetNote(note); });
     }
     step([&] { box.combo.setSelectionStart(0); });
     step([&] { box.combo.setSelectionLength(0); });
@@ -320,9 +323,10 @@ std::shared_ptr<ProductLkpMgr> LookUpBoxes::catalogue() const
     return productLkpMgr;
 }
 
-LookUpList LookUpBoxes::list(const Box& box, const std::string& typed, bool all) const
+LookUpList LookUpBoxes::list(const Box& box, std::string typed, bool all) const
 {
-    LookUpList rows = (*catalogue().*box.kind.getList)(typed, all);
+    const auto asked = catalogue();
+    LookUpList rows = ((*asked).*box.kind.getList)(typed, all);
     if (rows && rows->empty()) {
         rows.reset();
     }

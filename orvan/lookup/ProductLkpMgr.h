@@ -6,13 +6,13 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/base/SafeVariant.h"
 #include "orvan/ui/ComponentFactory.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace orvan {
@@ -31,7 +31,7 @@ struct LookUpRow {
 using LookUpList = std::optional<std::vector<LookUpRow>>;
 
 /// A column's value as the catalogue holds it; monostate is Null.
-using LookUpValue = std::variant<std::monostate, std::int64_t, double, Currency, std::string>;
+using LookUpValue = SafeVariant<std::monostate, std::int64_t, double, Currency, std::string>;
 
 /// Columns of the current entry that the editor reads.
 enum class LookUpColumn : std::int32_t { name = 3, key = 4, partNum = 5, unitPrice = 6, note = 7 };

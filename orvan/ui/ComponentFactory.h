@@ -27,17 +27,19 @@ public:
     [[nodiscard]] virtual std::shared_ptr<Component> create(std::string_view className) = 0;
 };
 
-/// Creates an object and returns its interface T. Raises what create raises, and 430 with the class name in the
-/// description when the object does not implement T.
+/// Creates an object and returns its interface T. Raises what create raises, as a RuntimeError whatever its type, and
+/// 430 with the class name in the description when the object does not implement T.
 template <class T>
 [[nodiscard]] std::shared_ptr<T> createComponent(ComponentFactory& factory, std::string_view className)
 {
-    auto object = std::dynamic_pointer_cast<T>(factory.create(className));
-    if (!object) {
-        throw RuntimeError(ErrorNumber::interfaceNotSupported, {},
-                           "Class \"" + std::string(className) + "\" does not support the expected interface");
-    }
-    return object;
+    return asRuntimeError([&] {
+        auto object = std::dynamic_pointer_cast<T>(factory.create(className));
+        if (!object) {
+            throw RuntimeError(ErrorNumber::interfaceNotSupported, {},
+                               "Class \"" + std::string(className) + "\" does not support the expected interface");
+        }
+        return object;
+    });
 }
 
 } // namespace orvan::ui

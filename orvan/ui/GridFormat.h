@@ -8,16 +8,16 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/base/SafeVariant.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <variant>
 
 namespace orvan::ui {
 
 /// An empty cell, a whole number, an amount, or text.
-using GridValue = std::variant<std::monostate, std::int32_t, Currency, std::string>;
+using GridValue = SafeVariant<std::monostate, std::int32_t, Currency, std::string>;
 
 /// The user's separators, for amounts shown in cells.
 struct NumberSeparators {

@@ -16,7 +16,7 @@ namespace orvan {
 struct ColumnRow {
     std::string_view key;
     std::string_view caption; ///< Of the header and of the items of the View menus.
-    /// Until the column is first shown as One or Two; none: the column keeps what the grid gives a new one.
+    /// The type that the grid's column gets at first. `none`: it keeps the type that a new column of a grid has.
     ui::GridType type;
     /// What the cells show: a text or an amount of the record, or the product's position where both are null.
     std::string (ProductRecord::*text)() const = nullptr;
@@ -24,16 +24,16 @@ struct ColumnRow {
 
     // Only for columns that can be shown as One or Two.
     std::optional<ViewFieldEnum> field = std::nullopt;
-    ui::GridType shownType = ui::GridType::none; ///< From the first such showing on.
+    ui::GridType shownType = ui::GridType::none; ///< The type from the first time on that it is shown as One or Two.
     std::string_view shownFormat = {};
-    std::array<std::string_view, 2> menuItems = {}; ///< In mnuViewCboOne and in mnuViewCboTwo, by Place.
+    std::array<std::string_view, 2> menuItems = {}; ///< Its item in mnuViewCboOne and in mnuViewCboTwo; index: Place.
 };
 
 /// The dollar sign is literal, whatever the user's currency, unless Deviation::gridShowsTheUsersMoney applies.
 inline constexpr std::string_view kMoneyFormat = "$###,##0.00";
 
 // clang-format off
-/// In initial order, which is the order of ViewFieldEnum for those that can be chosen.
+/// In the order in which the grid has the columns at first. Those that can be chosen stand in the order of ViewFieldEnum.
 inline constexpr ColumnRow kColumns[] = {
     {.key = "Number", .caption = "#", .type = ui::GridType::int32},
     {.key = "Name", .caption = "Product", .type = ui::GridType::string, .text = &ProductRecord::Name},
@@ -64,7 +64,7 @@ inline constexpr std::size_t kNumberColumn = 0;
 inline constexpr std::size_t kNameColumn = 1;
 static_assert(kColumns[kNumberColumn].key == "Number" && kColumns[kNameColumn].key == "Name");
 
-/// The columns that can be chosen, by ViewFieldEnum value.
+/// The columns that can be chosen; a field's ViewFieldEnum value is the index of its column.
 inline constexpr auto kFieldColumns = std::span(kColumns).subspan<3>();
 static_assert([] {
     for (std::size_t i = 0; i < kFieldColumns.size(); ++i) {

@@ -11,8 +11,9 @@
 // The trace labels say ProductView, because those who read traces know the view as one object.
 //
 // Ownership: ProductView; the platform and the surface outlive it. Thread: the user-interface thread.
-// Errors: the preferences recover from theirs; everything else raises, and the right click and the menu
-// items, which are not traced, raise to the platform.
+// Errors: an error while preferences are read leads to the default columns, and preferences that cannot be saved stay
+// as they were; both errors are recorded. Everything else raises. The right click and the menu items are not traced:
+// their errors reach Platform::onUnhandledError.
 #pragma once
 
 #include "orvan/ui/GridFormat.h"
@@ -44,7 +45,7 @@ enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt =
 class ProductColumns {
 public:
     static constexpr std::int32_t kColumnCount = 9;
-    static constexpr std::int32_t kPositionOne = 2; ///< Of column One in the grid; column Two follows it.
+    static constexpr std::int32_t kPositionOne = 2; ///< The place of column One in the grid; Two is next to it.
     /// The two columns of the user's choice.
     enum Place : std::size_t { One, Two };
 
@@ -55,15 +56,15 @@ public:
 
     /// Gives the grid its columns and shows the default fields. Called first, and once.
     void setUp();
-    /// Column resizing, right clicks and the View menus.
+    /// Sets the handlers of the events that concern columns: resizing, right clicks, and the items of the View menus.
     void takeEvents(ScopedHandlers& handlers);
-    /// Whose preferences are read and saved from now on.
+    /// Sets the type name of the host's form, under which preferences are read and saved from now on.
     void setHostTypeName(std::string name) { hostTypeName_ = std::move(name); }
     /// Takes the stored fields and widths, or the defaults. PrvApplyColumnLayout then shows the fields.
     void PrvReadPrefs();
     void PrvApplyColumnLayout();
 
-    /// Of one row, by column of the table.
+    /// The values of one row, in the order of kColumns.
     using Cells = std::array<ui::GridValue, kColumnCount>;
     /// What a row shows of the product at position `index` of the list.
     [[nodiscard]] static Cells cells(std::int32_t index, const ProductRecord& record);
@@ -103,7 +104,7 @@ private:
 
     ui::Platform& platform_;
     ui::Grid& flexGrid_;
-    std::array<ChosenColumn, 2> chosen_; ///< By Place.
+    std::array<ChosenColumn, 2> chosen_; ///< The index is a Place.
     /// Where each column of the table stands in the grid now.
     std::array<std::int32_t, kColumnCount> columnIndices_{};
     /// For the grid's first four positions. Filled and cleared, but never read: widths come from the

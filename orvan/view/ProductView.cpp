@@ -22,12 +22,14 @@ namespace {
 
 constexpr float kGap = 60; // twips between the grid and the band below it
 
-/// What the grid shows of the product at `index`, which the manager may move; none where it finds no product.
+/// What the grid shows of the product at `index`. The manager may set the index to another product's; nothing is
+/// returned where it finds no product.
 std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32_t& index)
 {
     bool found = false;
     manager.SeekIndex(index, 0, found);
-    // Fetched before `found` is looked at, so that a manager's error is seen as an error.
+    // The record is fetched even where `found` is false, on purpose: an error of the manager is then told as an error
+    // and does not look like the end of the list.
     const auto record = manager.GetProduct(index);
     if (!found) {
         return std::nullopt;
@@ -38,7 +40,7 @@ std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32
     return ProductColumns::cells(index, *record);
 }
 
-/// A manager that counts wrongly is an error before the grid is touched.
+/// Raises an error for a count that no grid can show. Called before the grid is changed.
 void requireShowable(std::int32_t count)
 {
     if (count < 0) {
@@ -55,18 +57,19 @@ void requireShowable(std::int32_t count)
 } // namespace
 
 ProductView::ProductView(ui::Platform& platform, ui::Surface& surface, ui::ContainerSite& site)
-    : platform_((enterLibrary(platform), platform)), surface_(surface), site_(site),
-      flexGrid_(surface.control<ui::Grid>("flexGrid")), fraBottomLeft_(surface.control<ui::Frame>("fraBottomLeft")),
-      fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")),
-      txtTotal_(surface.control<ui::TextBox>("txtTotal")), cmdNew_(surface.control<ui::Button>("cmdNew")),
-      cmdDelete_(surface.control<ui::Button>("cmdDelete")), cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")),
-      cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")), columns_(platform, surface)
-{
+try : platform_((enterLibrary(platform), platform)), surface_(surface), site_(site),
+    flexGrid_(surface.control<ui::Grid>("flexGrid")), fraBottomLeft_(surface.control<ui::Frame>("fraBottomLeft")),
+    fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")), txtTotal_(surface.control<ui::TextBox>("txtTotal")),
+    cmdNew_(surface.control<ui::Button>("cmdNew")), cmdDelete_(surface.control<ui::Button>("cmdDelete")),
+    cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")), cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")),
+    columns_(platform, surface) {
     productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
     locale_ = PrvInitLocale(platform_.locale());
     columns_.setUp();
     takeEvents();
     UserControl_Resize(); // the surface may have had its size before
+} catch (...) {
+    raiseCurrentError();
 }
 
 ProductView::~ProductView()

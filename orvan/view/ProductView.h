@@ -85,7 +85,7 @@ private:
     void PrvSetDirty(bool bDirty);
     void PrvRefreshView(bool updateTotal);
     void refillGrid(const CurrentList& list, bool updateTotal);
-    /// Hands on each product's cells; false where the list is not shown any more.
+    /// Calls takeRow with the cells of each product. Returns false as soon as the list is not shown any more.
     template <class TakeRow>
     [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
 
@@ -97,20 +97,21 @@ private:
     void cmdMoveDown_Click();
     using EditorOpening = std::function<void(ProductDlg& dialog, const std::shared_ptr<ProductMgr>& manager)>;
     struct EditMark;
-    /// Where a refresh failed, makes up for it and returns true: the row that the user chose may be another product's.
+    /// If the last refresh failed and left the former rows, refreshes again and returns true. The caller then does
+    /// nothing else: the row that the user chose may show another product now.
     [[nodiscard]] bool refreshFormerRows();
     void openEditor(const CurrentList& list, const EditorOpening& open);
     void PrvDeleteProduct();
     void moveCurrentRow(std::int32_t offset);
     /// The product's new position; -1 when it cannot be moved.
     [[nodiscard]] std::int32_t PrvMoveProduct(const CurrentList& list, std::int32_t index, std::int32_t offset);
-    /// Owner of the view's message boxes; none when the container cannot tell.
+    /// The handle of the window that owns the view's message boxes; 0 (no owner) when the container raises an error.
     [[nodiscard]] std::int32_t messageOwner() const;
     /// Runs an event handler of the view: an error is recorded, and shown to the user.
     template <class Body>
     void handleEvent(std::string_view label, Body&& body);
 
-    ui::Platform& platform_; ///< First, because setting it enters the library.
+    ui::Platform& platform_; ///< First, because its initializer calls enterLibrary.
     ui::Surface& surface_;
     ui::ContainerSite& site_;
     ui::Grid& flexGrid_;
@@ -123,12 +124,13 @@ private:
     ui::Button& cmdMoveDown_;
     ProductColumns columns_;
 
-    Lifetime lifetime_;                      ///< Of the view: a host may destroy it while a procedure of it runs.
+    Lifetime lifetime_;                      ///< A host may destroy the view while one of its procedures runs.
     std::shared_ptr<ProductMgr> productMgr_; ///< Never null once the view is made.
     LocaleStrings locale_;                   ///< Read once; of the five only the symbol is used here, for the total.
     bool dirty_ = false;
     bool dirtyLock_ = false; ///< While true, the flag cannot be set. No procedure sets the lock so far.
-    /// Deviation::failedRefreshShowsFormerRows: the rows may not be those of the list any more.
+    /// True only where Deviation::failedRefreshShowsFormerRows applies: a refresh has failed, and the grid shows the
+    /// rows that it had before.
     bool showsFormerRows_ = false;
     ScopedHandlers handlers_;
 };

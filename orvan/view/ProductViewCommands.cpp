@@ -34,7 +34,8 @@ void ProductView::handleEvent(std::string_view label, Body&& body)
     traceShowToUser(label, bodyOfView, [&watch, &site = site_] { return watch.ended() ? 0 : site.parentWindow(); });
 }
 
-/// Marks the view, however the dialog ends: an error in it takes back no edit.
+/// Its destructor marks the view dirty if the session changed the list, also where an error ended the session: such an
+/// error takes back no edit.
 struct ProductView::EditMark {
     ProductView& view;
     const CurrentList& list;

@@ -25,7 +25,7 @@ std::string prefsKey(const std::string& hostTypeName)
     return "ViewSettings_" + hostTypeName;
 }
 
-/// An empty text has no pieces at all.
+/// The parts of the text between the separators; an empty text has no part, not an empty one.
 std::vector<std::string_view> split(std::string_view text, char separator)
 {
     std::vector<std::string_view> pieces;
@@ -44,9 +44,11 @@ std::vector<std::string_view> split(std::string_view text, char separator)
 
 void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& hostTypeName, std::string_view value)
 {
-    if (settings.get(ui::kSettingsApplication, kSection, prefsKey(hostTypeName)).empty()) {
-        settings.set(ui::kSettingsApplication, kSection, prefsKey(hostTypeName), value);
-    }
+    asRuntimeError([&] {
+        if (settings.get(ui::kSettingsApplication, kSection, prefsKey(hostTypeName)).empty()) {
+            settings.set(ui::kSettingsApplication, kSection, prefsKey(hostTypeName), value);
+        }
+    });
 }
 
 void ProductColumns::PrvSetDefaultProps()
@@ -100,8 +102,8 @@ bool ProductColumns::applyStoredPrefs()
     return true;
 }
 
-/// For each place in the grid, which of today's columns stands there when PrvShowChosenColumns has moved the chosen
-/// two: widths are stored by place.
+/// The order of the columns after PrvShowChosenColumns has moved the two chosen ones: for each place in the grid, the
+/// index that its column has now. Stored widths go by place in that order, but are set before the columns are moved.
 std::vector<std::int32_t> ProductColumns::columnsOnceMoved() const
 {
     std::vector<std::int32_t> order(static_cast<std::size_t>(flexGrid_.columnCount()));

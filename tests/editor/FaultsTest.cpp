@@ -16,40 +16,6 @@ public:
                                                                                    : ui::MessageResult::yes);
         };
     }
-
-    /// Everything a person can do, as far as the form stays open for it.
-    void wholeSession(FormDriver& form)
-    {
-        const auto click = [&](const char* name) {
-            return [&form, name] {
-                if (form.button(name).canTakeFocus()) {
-                    form.button(name).click();
-                }
-            };
-        };
-        const std::function<void()> steps[] = {
-            [&] { form.textBox("txtQty").type("4"); },
-            [&] { form.focus("txtUnitPrice"); },
-            [&] { form.textBox("txtUnitPrice").type("19.99"); },
-            [&] { form.textBox("txtNote").type("n"); },
-            click("cmdNext"),
-            click("cmdPrevious"),
-            click("cmdGotoLast"),
-            click("cmdGotoFirst"),
-            click("cmdNew"),
-            [&] { form.comboBox("cboProductName").type("New"); },
-            [&] { form.toolBar("atbMain").choose("ID_DeleteProduct"); },
-            click("cmdDelete"),
-            click("cmdSaveClose"),
-        };
-        for (const auto& step : steps) {
-            if (form.loaded()) {
-                step();
-            }
-        }
-        form.clickCloseBox();
-        form.clickCloseBox(); // where the first was kept open by a save that failed
-    }
 };
 
 TEST_F(FaultsTest, AManagerThatFailsAtAnyOfItsCallsEndsTheSessionInOrder)
@@ -103,6 +69,39 @@ TEST_F(FaultsTest, AManagerThatFailsAtAnyOfItsCallsEndsTheSessionInOrder)
         load(left); // whatever happened, the list is one that can be read
     }
     EXPECT_GT(failures, 40);
+}
+
+// In each way of editing, each call of GetProduct in turn returns no record.
+TEST_F(FaultsTest, AManagerThatReturnsNoRecordEndsTheSessionWithError91)
+{
+    for (const auto way : {ui::EditingWay::classic, ui::EditingWay::careful}) {
+        platform.editing = way;
+        int nothing = 0;
+        for (bool reached = true; reached;) {
+            SCOPED_TRACE(testing::Message() << (way == ui::EditingWay::classic ? "classic " : "careful ") << nothing);
+            load(kThreeProducts);
+            const ScopedTrace own;
+            allowEntriesOfLoading(*own.trace());
+            faults.nothingAtGetProduct = nothing + 1;
+            bool shown = false;
+            platform.drive([&](HeadlessForm& form) {
+                shown = true;
+                wholeSession(form);
+            });
+            const std::int32_t raised = errorOf([&] { dialog.Show(manager, 2); });
+            reached = faults.nothingAtGetProduct == 0;
+            const std::vector<std::int32_t> recorded = own.trace()->numbersSince(0);
+            own.trace()->declareError(ErrorNumber::objectNotSet, static_cast<int>(recorded.size()));
+            EXPECT_EQ(recorded.empty(), !reached);
+            EXPECT_EQ(raised, shown ? 0 : ErrorNumber::objectNotSet);
+            if (!shown) {
+                platform.dropDriver();
+            }
+            faults.nothingAtGetProduct = 0;
+            nothing += reached ? 1 : 0;
+        }
+        EXPECT_GT(nothing, 8);
+    }
 }
 
 } // namespace

@@ -176,7 +176,7 @@ TEST(FieldSaves, MarkDirtyWhatDiffersAndStoreNothingForWhatIsRejected)
 TEST(FieldSaves, EqualTextsWriteNothingAndTheNoteIsSavedWhileInitializingToo)
 {
     FieldsFixture fixture;
-    ProductRecord& record = fixture.currentProduct();
+    ProductRecord& record = *fixture.currentProduct();
     std::string saved;
     fixture.initializing = true;
     fixture.box("txtNote").setText("Note");

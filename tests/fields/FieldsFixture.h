@@ -39,14 +39,14 @@ public:
 
     void setProduct(const char* qty, const char* unitPrice, const char* discPrcnt)
     {
-        currentProduct().SetQty(Currency::fromText(qty));
-        currentProduct().SetUnitPrice(Currency::fromText(unitPrice));
-        currentProduct().SetDiscPrcnt(Currency::fromText(discPrcnt));
+        currentProduct()->SetQty(Currency::fromText(qty));
+        currentProduct()->SetUnitPrice(Currency::fromText(unitPrice));
+        currentProduct()->SetDiscPrcnt(Currency::fromText(discPrcnt));
     }
     /// Quantity, unit price, discount and extended price.
     std::string product() const
     {
-        const ProductRecord& record = currentProduct();
+        const ProductRecord& record = *currentProduct();
         return record.Qty().toText() + ' ' + record.UnitPrice().toText() + ' ' + record.DiscPrcnt().toText() + ' ' +
                record.ExtPrice().toText();
     }

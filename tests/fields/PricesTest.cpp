@@ -1,4 +1,5 @@
 #include "FieldsFixture.h"
+#include "tests/support/FaultyProductMgr.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,7 +27,7 @@ Currency rounded(double amount)
 TEST(Prices, AreComputedInDoubleWithTheDivisionFirst)
 {
     FieldsFixture fixture;
-    ProductRecord& record = fixture.currentProduct();
+    ProductRecord& record = *fixture.currentProduct();
     const auto hundred = Currency::fromInteger(100);
     std::mt19937_64 random(20260607);
     const auto upTo = [&](int bits) {
@@ -73,9 +74,9 @@ TEST(Prices, FollowQuantityUnitPriceAndDiscount)
     forEachRow(rows, [](const Row& row) {
         FieldsFixture fixture;
         fixture.setProduct(row.qty, row.unitPrice, row.discount);
-        fixture.currentProduct().SetExtPrice(Currency::fromScaled(-1));
+        fixture.currentProduct()->SetExtPrice(Currency::fromScaled(-1));
         fixture.fields.PrvCalcExtPrice();
-        EXPECT_EQ(fixture.currentProduct().ExtPrice().toText(), row.extPrice);
+        EXPECT_EQ(fixture.currentProduct()->ExtPrice().toText(), row.extPrice);
         EXPECT_TRUE(fixture.dirty);
         fixture.PrvSetDirty(false);
         fixture.fields.PrvCalcExtPrice();
@@ -84,6 +85,20 @@ TEST(Prices, FollowQuantityUnitPriceAndDiscount)
         fixture.fields.PrvCalcExtPrice(); // without a product: nothing to price, and no error
         EXPECT_TRUE(fixture.trace->lines().empty());
     });
+}
+
+// A host's record may note the order in which it is read, and every compiler has to give the same.
+TEST(Prices, TheRecordIsReadInOneOrder)
+{
+    FieldsFixture fixture;
+    test::Faults faults;
+    fixture.heldProduct = std::make_shared<test::FaultyRecord>(fixture.heldProduct, faults);
+    fixture.fields.PrvCalcExtPrice();
+    EXPECT_EQ(faults.recordCalls, "DiscPrcnt UnitPrice Qty ExtPrice SetExtPrice");
+    faults.recordCalls.clear();
+    fixture.fields.PrvSaveUnitPriceFld();
+    EXPECT_EQ(faults.recordCalls, "UnitPrice IsValid SetUnitPrice");
+    fixture.heldProduct.reset();
 }
 
 TEST(Prices, TheTotalOfALongListFollowsEachKeystroke)

@@ -78,6 +78,11 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
         {.name = "X.NoEntry", .library = "libm.so.6", .reason = "OrvanComponentInterfaceVersion"},
         {.name = "Test.Trace", .library = LIBRARY_OtherVersion, .reason = "version 2 instead of 1"},
         {.name = "Test.Trace", .library = LIBRARY_NoClasses, .reason = "OrvanCreateComponent"},
+#ifdef __GLIBCXX__ // another standard library does not know the option
+        {.name = "Test.Trace",
+         .library = LIBRARY_DebugContainers,
+         .reason = "built with the option -D_GLIBCXX_DEBUG, unlike this program"},
+#endif
         {.name = "Test.Unknown", .library = LIBRARY_Good, .reason = "no object"},
         {.name = "Test.Throws", .library = LIBRARY_Good, .reason = "no licence"},
         {.name = "Test.Raises", .library = LIBRARY_Good, .number = 75, .reason = "log is read-only"},

@@ -1,4 +1,4 @@
-// A component library, built in three kinds: see CMakeLists.txt.
+// A component library, built in several kinds: see CMakeLists.txt.
 #include "orvan/core/modInit.h"
 #include "orvan/hosting/ComponentLibrary.h"
 

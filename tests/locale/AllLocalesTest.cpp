@@ -1,6 +1,7 @@
 // What must hold for every locale that ICU knows, whatever its data holds today.
 #include "ShownAmounts.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
+#include "orvan/ui/icu/LocaleData.h"
 #include "tests/support/Rows.h"
 
 #include <unicode/locid.h>
@@ -93,6 +94,27 @@ TEST(AllLocales, TextIsIdenticalToIcusAndIsReadBackExactly)
         }
     });
     EXPECT_GT(replacedSymbols, 0);
+}
+
+TEST(AllLocales, EachTerritoryKeepsItsCurrencyWhateverTheLanguage)
+{
+    int withCurrency = 0;
+    for (const char* const* territory = ::icu::Locale::getISOCountries(); *territory != nullptr; ++territory) {
+        SCOPED_TRACE(*territory);
+        UErrorCode status = U_ZERO_ERROR;
+        char16_t code[4] = {};
+        ucurr_forLocale(::icu::Locale("und", *territory).getName(), code, 4, &status);
+        if (U_FAILURE(status)) {
+            continue; // for instance Antarctica
+        }
+        ++withCurrency;
+        std::string own;
+        ::icu::UnicodeString(code).toUTF8String(own);
+        for (const char* language : {"xx_", "yuw_", "en_"}) {
+            EXPECT_EQ(icu::currencyCode(icu::icuLocaleId(std::string(language).append(*territory))), own) << language;
+        }
+    }
+    EXPECT_GT(withCurrency, 200);
 }
 
 } // namespace

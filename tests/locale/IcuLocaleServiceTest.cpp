@@ -158,7 +158,17 @@ TEST(LocaleNames, NamesBecomeLocalesWithDataAndACurrency)
         {"eo", "eo", "XXX"},
         {"en_XY", "en_XY", "XXX"}, // no one currency
         {"nds_DE.UTF-8", "de_DE", "EUR"},
-        {"xx_CH@euro", "de_CH", "EUR"}, // no data for the language
+        {"xx_CH@euro", "de_CH", "EUR"},  // no data for the language
+        {"dv_MV.UTF-8", "en_MV", "MVR"}, // no data for the likely language either
+        {"ht_HT", "fr_HT", "HTG"},
+        {"pap_CW", "nl_CW", "ANG"},
+        {"aa_DJ", "ar_DJ", "DJF"},
+        {"bi_VU", "en_VU", "VUV"},
+        {"sm_WS", "en_WS", "WST"},
+        {"tpi_PG", "en_PG", "PGK"},
+        {"yuw_PG", "en_PG", "PGK"},
+        {"xx_MV@currency=EUR", "en_MV", "EUR"},
+        {"xx_AQ", "en_AQ", "XXX"}, // a territory without a currency
         {"english", "en_US", "USD"},
         {"xx", "en_US", "USD"},
         {"%s%n/../\x80", "en_US", "USD"},

@@ -103,6 +103,14 @@ TEST(ProductsString, UnreadableStringSaysWhereAndWhyAndChangesNothing)
         {"1~a:::1:1:0:1.50:~", 321, "product 1, field ExtPrice:", "not an amount"},
         {"1~a:::1:1:0:922337203685477.5808:~", 6, "product 1, field ExtPrice:", "beyond the range"},
         {"1~a:::-99999999999999999999.5:1:0:7:~", 6, "product 1, field UnitPrice:", "beyond the range"},
+        // An amount that is not written as amounts are is no amount, however large.
+        {"1~a:::925337203685477.:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::99999999999999999999.50:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::922337203685477.58075:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::00099999999999999999999:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::-.99999999999999999999:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::+99999999999999999999:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
+        {"1~a:::99999999999999999999e3:1:0:7:~", 321, "product 1, field UnitPrice:", "not an amount"},
     };
     forEachRow(rows, [&](const Row& row) {
         const Raised raised = raisedBy([&] { load(*manager, row.text); });

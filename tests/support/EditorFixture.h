@@ -42,6 +42,39 @@ public:
     {
         return name.starts_with("cbo") ? form.comboBox(name) : form.textBox(name);
     }
+    /// Everything a person can do, as far as the form stays open for it.
+    static void wholeSession(headless::FormDriver& form)
+    {
+        const auto click = [&](const char* name) {
+            return [&form, name] {
+                if (form.button(name).canTakeFocus()) {
+                    form.button(name).click();
+                }
+            };
+        };
+        const std::function<void()> steps[] = {
+            [&] { form.textBox("txtQty").type("4"); },
+            [&] { form.focus("txtUnitPrice"); },
+            [&] { form.textBox("txtUnitPrice").type("19.99"); },
+            [&] { form.textBox("txtNote").type("n"); },
+            click("cmdNext"),
+            click("cmdPrevious"),
+            click("cmdGotoLast"),
+            click("cmdGotoFirst"),
+            click("cmdNew"),
+            [&] { form.comboBox("cboProductName").type("New"); },
+            [&] { form.toolBar("atbMain").choose("ID_DeleteProduct"); },
+            click("cmdDelete"),
+            click("cmdSaveClose"),
+        };
+        for (const auto& step : steps) {
+            if (form.loaded()) {
+                step();
+            }
+        }
+        form.clickCloseBox();
+        form.clickCloseBox(); // where the first was kept open by a save that failed
+    }
     void answer(const std::vector<ui::MessageResult>& answers)
     {
         for (const ui::MessageResult result : answers) {

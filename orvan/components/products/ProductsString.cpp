@@ -66,14 +66,29 @@ void appendEscaped(std::string& out, std::string_view text, ProductsSeparators s
     out.append(text, begin);
 }
 
-/// Whether the text is a decimal number that is too large for an amount, and not something else than a number.
+/// Whether the text has the form in which amounts are written, whatever its size: a number that is too large counts as
+/// such only then. "-0" has it, too, although no amount is written so.
+bool isAmountForm(std::string_view text)
+{
+    text.remove_prefix(text.starts_with('-') ? 1 : 0);
+    const std::size_t point = text.find('.');
+    const std::string_view whole = text.substr(0, point);
+    const std::string_view decimals = point == text.npos ? std::string_view() : text.substr(point + 1);
+    const auto areDigits = [](std::string_view part) { return std::all_of(part.begin(), part.end(), isDigit); };
+    const bool wholeFits = !whole.empty() && areDigits(whole) && (whole.size() == 1 || whole.front() != '0');
+    const bool decimalsFit =
+        point == text.npos || (!decimals.empty() && decimals.size() <= std::size_t{Currency::kDecimals} &&
+                               areDigits(decimals) && decimals.back() != '0');
+    return wholeFits && decimalsFit;
+}
+
+/// Whether the text is written as an amount, but is too large for one.
 bool isBeyondRange(std::string_view text)
 try {
     static_cast<void>(Currency::fromText(text));
     return false;
 } catch (const RuntimeError& error) {
-    const std::size_t begin = text.starts_with('-') ? 1 : 0;
-    return error.number() == ErrorNumber::overflow && isDigit(text[begin]);
+    return error.number() == ErrorNumber::overflow && isAmountForm(text);
 }
 
 } // namespace

@@ -1,12 +1,15 @@
 #include "orvan/ui/icu/IcuLocaleService.h"
 
+#include "orvan/base/RuntimeError.h"
+
 #include <algorithm>
 
 namespace orvan::icu {
 
 IcuLocaleService::IcuLocaleService(const LocaleNames& names)
-    : money_(moneyPattern(icuLocaleId(names.monetary))), number_(numberPattern(icuLocaleId(names.numeric)))
-{
+try : money_(moneyPattern(icuLocaleId(names.monetary))), number_(numberPattern(icuLocaleId(names.numeric))) {
+} catch (...) {
+    raiseCurrentError();
 }
 
 std::int32_t IcuLocaleService::getLocaleInfo(std::int32_t localeId, ui::LocaleItem item, std::span<char> buffer)
@@ -21,12 +24,12 @@ std::int32_t IcuLocaleService::getLocaleInfo(std::int32_t localeId, ui::LocaleIt
 
 void IcuLocaleService::appendCurrency(std::string& text, Currency value, int digits)
 {
-    appendAmount(text, money_.pattern, value, digits);
+    asRuntimeError([&] { appendAmount(text, money_.pattern, value, digits); });
 }
 
 void IcuLocaleService::appendNumber(std::string& text, Currency value, int digits)
 {
-    appendAmount(text, number_, value, digits);
+    asRuntimeError([&] { appendAmount(text, number_, value, digits); });
 }
 
 Currency IcuLocaleService::textToCurrency(std::string_view text)

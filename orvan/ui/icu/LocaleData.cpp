@@ -74,6 +74,19 @@ Locale withLikelySubtags(Locale locale)
     return locale;
 }
 
+/// The first of ICU's locales for the territory; "" if there is none.
+std::string availableIn(std::string_view territory)
+{
+    std::string found;
+    static_cast<void>(anyAvailable([&](std::string_view name) {
+        const bool fits = name.size() > territory.size() && name.ends_with(territory) &&
+                          name[name.size() - territory.size() - 1] == '_';
+        found = fits ? name : "";
+        return fits;
+    }));
+    return found;
+}
+
 void setKeyword(Locale& locale, const char* key, const char* value)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -100,10 +113,16 @@ Locale knownLocale(const std::string& base)
         const bool known = !script.empty() && hasDataFor(locale.getLanguage(), script);
         return Locale((locale.getLanguage() + (known ? "_" + script : "")).c_str(), territory);
     }
-    const Locale spoken = withLikelySubtags(Locale("und", territory));
-    const bool found = *territory != '\0' && hasDataFor(spoken.getLanguage());
+    if (*territory == '\0') {
+        return Locale("");
+    }
     // The territory stays the one in the name, because it decides the currency.
-    return found ? Locale(spoken.getLanguage(), territory) : Locale("");
+    const Locale spoken = withLikelySubtags(Locale("und", territory));
+    if (hasDataFor(spoken.getLanguage())) {
+        return Locale(spoken.getLanguage(), territory);
+    }
+    const std::string other = availableIn(territory);
+    return other.empty() ? Locale("en", territory) : Locale(other.c_str());
 }
 
 /// Applies ICU's own "key=value;key=value". Only a currency of three letters is used: ICU itself would accept any three

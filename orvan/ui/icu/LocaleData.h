@@ -15,10 +15,11 @@ namespace orvan::icu {
 /// the digits 0 to 9 and the separators that belong to them.
 /// - "", "C" and "POSIX" are en_US: a user who chose nothing still wants money with cents.
 /// - The modifier "@euro" chooses the currency. A script modifier such as "@latin" chooses the script if ICU has data
-/// for
-///   it. Of ICU's "@key=value" only the currency is used. Other modifiers change no number and are dropped.
-/// - A language without data in ICU is replaced by the language most spoken in its territory. ICU itself would use the
-///   process's default locale without saying so.
+///   for it. Of ICU's "@key=value" only the currency is used. Other modifiers change no number and are dropped.
+/// - A language without data in ICU is replaced by the language most spoken in its territory. If that has no data
+///   either, it is replaced by the first language with which ICU knows the territory, and if there is none, by English.
+///   The territory stays, because it decides the currency. ICU itself would use the process's default locale without
+///   saying so.
 /// - Any other text that names no locale becomes en_US, as the C library falls back to "C".
 std::string icuLocaleId(std::string_view name);
 
