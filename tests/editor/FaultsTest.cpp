@@ -84,7 +84,7 @@ TEST_F(FaultsTest, AManagerThatReturnsNoRecordEndsTheSessionWithError91)
             allowEntriesOfLoading(*own.trace());
             faults.nothingAtGetProduct = nothing + 1;
             bool shown = false;
-            platform.drive([&](HeadlessForm& form) {
+            platform.drive([&](FormDriver& form) {
                 shown = true;
                 wholeSession(form);
             });

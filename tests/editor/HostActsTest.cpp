@@ -1,6 +1,7 @@
 // What happens when the host acts while the editor is open: in a call to the manager or to a record, while a message
 // box waits, or in an event of the form.
 
+#include "orvan/ui/headless/HeadlessForm.h"
 #include "tests/support/EditorFixture.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
@@ -30,9 +31,9 @@ public:
     {
         other = std::make_unique<ProductDlg>(platform);
         bool shown = false;
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](headless::FormDriver& form) {
             shown = true;
-            open = &form;
+            open = &dynamic_cast<HeadlessForm&>(form);
             wholeSession(form);
         });
         static_cast<void>(errorOf([&] { other->Show(manager, 2); }));
@@ -49,7 +50,7 @@ public:
             return;
         }
         bool shown = false;
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](headless::FormDriver& form) {
             shown = true;
             form.textBox("txtQty").type("7");
             form.clickCloseBox();
@@ -121,7 +122,7 @@ TEST_F(HostActsTest, TheDialogMayBeDestroyedWhileItWaits)
         load(kThreeProducts);
         other = std::make_unique<ProductDlg>(platform);
         const auto destroy = [&] { other.reset(); };
-        platform.drive([&](HeadlessForm& form) {
+        platform.drive([&](headless::FormDriver& form) {
             form.textBox("txtQty").type("4");
             if (row.inAMessageBox) {
                 whileWaiting = destroy;
@@ -140,8 +141,8 @@ TEST_F(HostActsTest, ADialogThatIsShownAgainTellsOfTheSessionThatEndedLast)
 {
     load(kThreeProducts);
     other = std::make_unique<ProductDlg>(platform);
-    platform.drive([&](HeadlessForm& form) {
-        open = &form;
+    platform.drive([&](headless::FormDriver& form) {
+        open = &dynamic_cast<HeadlessForm&>(form);
         showAgain();
         EXPECT_TRUE(other->Dirty());
         form.clickCloseBox();
