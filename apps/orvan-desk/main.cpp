@@ -3,26 +3,59 @@
 #include "CatalogueMenu.h"
 #include "EndSignals.h"
 #include "MainWindow.h"
+#include "OutsideText.h"
+#include "PlacePrinter.h"
 
+#include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/WholeFile.h"
+#include "orvan/hosting/QtHost.h"
 #include "orvan/hosting/Version.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 #include <QTextStream>
 #include <QTimer>
 
+#include <optional>
+
 namespace {
+
+constexpr int kFailed = 1, kWrongUse = 2;
+
+void complain(const QString& problem)
+{
+    QTextStream(stderr) << QString::fromStdString(orvan::shared::terminalText(problem.toStdString())) << '\n';
+}
+
+/// Writes a picture of the window. Raises 75 where it cannot be written.
+void writePicture(QWidget& window, const QString& path)
+{
+    QBuffer picture;
+    const QByteArray format = QFileInfo(path).suffix().toLatin1();
+    if (!picture.open(QIODevice::WriteOnly) || !window.grab().save(&picture, format.constData())) {
+        throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, "there is no such picture format");
+    }
+    const QByteArray& bytes = picture.data();
+    static_cast<void>(orvan::files::replaceFile(orvan::desk::pathOf(path),
+                                                {bytes.constData(), static_cast<std::size_t>(bytes.size())}));
+}
 
 int renderTo(QWidget& window, const QString& path)
 {
-    int result = 1;
+    int result = kFailed;
     // The timer fires in the event loop, when the window has been laid out and painted as on a screen.
     QTimer::singleShot(0, &window, [&] {
-        result = window.grab().save(path) ? 0 : 1;
-        QTextStream(result == 0 ? stdout : stderr) << (result == 0 ? "" : "Could not write ") << path << '\n';
+        try {
+            writePicture(window, path);
+            QTextStream(stdout) << path << '\n';
+            result = 0;
+        } catch (const orvan::RuntimeError& error) {
+            complain(QStringLiteral("Could not write %1: %2").arg(path, QString::fromUtf8(error.what())));
+        }
         QCoreApplication::quit();
     });
     QApplication::exec();
@@ -43,10 +76,14 @@ QString sampleNames()
 QString problemOf(const QCommandLineParser& parser)
 {
     const QString theme = parser.value(QStringLiteral("theme"));
+    const QString editing = parser.value(QStringLiteral("editing"));
     const QString sample = parser.value(QStringLiteral("sample"));
     const auto files = parser.positionalArguments().size();
     if (parser.isSet(QStringLiteral("theme")) && theme != u"light" && theme != u"dark") {
         return QStringLiteral("--theme must be light or dark, not \"%1\".").arg(theme);
+    }
+    if (editing != u"careful" && editing != u"classic") {
+        return QStringLiteral("--editing must be classic or careful, not \"%1\".").arg(editing);
     }
     if (parser.isSet(QStringLiteral("sample")) &&
         !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(sample))) {
@@ -81,23 +118,36 @@ int main(int argc, char** argv)
     const QCommandLineOption render(QStringLiteral("render"),
                                     QStringLiteral("Write a picture of the window to this file and exit."),
                                     QStringLiteral("png"));
-    parser.addOptions({sample, theme, catalogue, render});
-    parser.process(application);
-    if (const QString problem = problemOf(parser); !problem.isEmpty()) {
-        QTextStream(stderr) << problem << '\n';
-        return 1;
+    const QCommandLineOption editing(
+        QStringLiteral("editing"),
+        QStringLiteral("careful (the default): changes nothing that the user did not edit, and asks before edits are "
+                       "lost. classic: as the editor has always worked."),
+        QStringLiteral("way"), QStringLiteral("careful"));
+    QCommandLineOption printPlaces(QStringLiteral("print-places")); // PlacePrinter.h
+    printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({sample, theme, catalogue, editing, render, printPlaces});
+    const bool understood = parser.parse(QApplication::arguments());
+    if (understood) {
+        parser.process(application); // answers --help and --version
+    }
+    if (const QString problem = understood ? problemOf(parser) : parser.errorText(); !problem.isEmpty()) {
+        complain(problem);
+        return kWrongUse;
     }
 
     try {
         const bool ownCatalogue = parser.isSet(catalogue);
         const QString products = ownCatalogue ? parser.value(catalogue) : orvan::desk::defaultCatalogueFile();
-        orvan::desk::lookUpProductsIn(products);
+        orvan::HostOptions options = orvan::desk::lookUpProductsIn(products);
+        options.editing =
+            parser.value(editing) == u"classic" ? orvan::ui::EditingWay::classic : orvan::ui::EditingWay::careful;
+        orvan::setQtHostOptions(options);
         orvan::desk::MainWindow window;
         if (parser.isSet(theme)) {
             window.useTheme(orvan::desk::themeNamed(parser.value(theme)));
         }
         if (parser.isSet(render)) {
-            window.onProblem = [](const QString& problem) { QTextStream(stderr) << problem << '\n'; };
+            window.onProblem = complain;
         }
         window.useCatalogue(products, !ownCatalogue);
         window.show();
@@ -111,12 +161,17 @@ int main(int argc, char** argv)
                 QApplication::exit();
             });
             QTimer::singleShot(0, &window, &orvan::desk::MainWindow::offerAbandonedWork);
+            std::optional<orvan::desk::PlacePrinter> places;
+            if (parser.isSet(printPlaces)) {
+                places.emplace();
+            }
             return QApplication::exec();
         }
-        return opened ? renderTo(window, parser.value(render)) : 1;
+        return opened ? renderTo(window, parser.value(render)) : kFailed;
     } catch (const orvan::RuntimeError& error) {
-        QTextStream(stderr) << "orvan-desk cannot start: error " << error.number() << ", "
-                            << QString::fromUtf8(error.what()) << '\n';
-        return 1;
+        complain(QStringLiteral("orvan-desk cannot start: error %1, %2")
+                     .arg(error.number())
+                     .arg(QString::fromUtf8(error.what())));
+        return kFailed;
     }
 }
