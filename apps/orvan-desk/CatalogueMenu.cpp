@@ -141,7 +141,7 @@ bool CatalogueMenu::mayReplace(const QString& question)
                       "Catalogue” in the same menu gets it back.")
                        .arg(contentOrDamage(catalogue), question);
     if (const auto former = files::formerFileOf(catalogue)) {
-        text += tr(" The one that has been kept so far is deleted: %1.").arg(contentOrDamage(*former));
+        text += tr("\n\nThe one that has been kept so far is deleted: %1.").arg(contentOrDamage(*former));
     }
     PlainBox box(QMessageBox::Question, text, QMessageBox::Cancel, window_);
     const QPushButton* const replace = box.addButton(tr("&Replace"), QMessageBox::AcceptRole);
@@ -152,7 +152,7 @@ bool CatalogueMenu::mayReplace(const QString& question)
 
 void CatalogueMenu::useSample()
 {
-    if (mayReplace(tr("Replace it by the sample products?")) && importSample()) {
+    if (mayReplace(tr("Replace it with the sample products?")) && importSample()) {
         inform(tr("The catalogue now contains the sample products."));
     }
 }
@@ -212,7 +212,7 @@ bool CatalogueMenu::importFrom(const QString& source)
 {
     CatalogueImportResult result;
     try {
-        if (!mayReplace(tr("Replace it by the products of “%1”?").arg(shortFileName(source)))) {
+        if (!mayReplace(tr("Replace it with the products of “%1”?").arg(shortFileName(source)))) {
             return false;
         }
         QDir().mkpath(QFileInfo(catalogue_).path());
@@ -274,7 +274,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         connect(&look, &QTimer::timeout, &dialog, [&] {
             const QString rows = QLocale().toString(qulonglong(progress.rows));
             dialog.setLabelText(progress.indexing ? tr("Sorting %1 products…").arg(rows)
-                                                  : tr("Reading “%1”… %2 products").arg(shortFileName(source), rows));
+                                                  : tr("Reading “%1”: %2 products").arg(shortFileName(source), rows));
             dialog.setValue(progress.step);
             if (thread->isFinished()) { // not a signal of the thread, which may end before the signal is connected
                 dialog.accept();
