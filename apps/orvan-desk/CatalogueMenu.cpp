@@ -24,6 +24,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace orvan::desk {
@@ -63,6 +64,15 @@ QString contentOrDamage(const std::filesystem::path& catalogue)
         return contentOf(catalogue);
     } catch (const RuntimeError&) {
         return CatalogueMenu::tr("products that cannot be read");
+    }
+}
+
+std::optional<std::filesystem::path> formerOf(const std::filesystem::path& catalogue)
+{
+    try {
+        return files::formerFileOf(catalogue);
+    } catch (const std::exception&) {
+        return std::nullopt; // the catalogue is a link that leads nowhere
     }
 }
 
@@ -121,13 +131,8 @@ CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tel
     addAction(tr("Use the &Sample Products"), this, &CatalogueMenu::useSample);
     addSeparator();
     bringBack_ = addAction(tr("&Bring Back the Former Catalogue"), this, &CatalogueMenu::bringBackFormer);
-    connect(this, &QMenu::aboutToShow, this, [this] {
-        try {
-            bringBack_->setEnabled(files::formerFileOf(pathOf(catalogue_)).has_value());
-        } catch (const std::exception&) {
-            bringBack_->setEnabled(false); // the catalogue is a link that leads nowhere
-        }
-    });
+    connect(this, &QMenu::aboutToShow, this,
+            [this] { bringBack_->setEnabled(formerOf(pathOf(catalogue_)).has_value()); });
 }
 
 /// Asks the question only if there is a catalogue that would be replaced; what else has its name, an import refuses.
@@ -140,7 +145,7 @@ bool CatalogueMenu::mayReplace(const QString& question)
     QString text = tr("The catalogue contains %1.\n\n%2\n\nThe present catalogue is kept: “Bring Back the Former "
                       "Catalogue” in the same menu gets it back.")
                        .arg(contentOrDamage(catalogue), question);
-    if (const auto former = files::formerFileOf(catalogue)) {
+    if (const auto former = formerOf(catalogue)) {
         text += tr("\n\nThe one that has been kept so far is deleted: %1.").arg(contentOrDamage(*former));
     }
     PlainBox box(QMessageBox::Question, text, QMessageBox::Cancel, window_);
@@ -161,7 +166,7 @@ void CatalogueMenu::bringBackFormer()
 {
     try {
         const std::filesystem::path catalogue = pathOf(catalogue_);
-        if (const auto former = files::formerFileOf(catalogue)) {
+        if (const auto former = formerOf(catalogue)) {
             static_cast<void>(contentOf(*former)); // a damaged one does not become the catalogue
         }
         files::swapWithFormer(catalogue);
@@ -283,6 +288,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         look.start(kBetweenLooks);
         connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { progress.cancelled = true; });
         dialog.exec();
+        progress.cancelled = true; // if the thread still runs, the program is to end, or the user has cancelled
         thread->wait();
     }
     if (failure) {

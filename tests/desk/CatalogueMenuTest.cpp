@@ -55,7 +55,9 @@ private:
             const QString text = each->text().remove(u'&');
             pressed = text == QLatin1String(press_) || (!pressed && text == u"OK") ? each : pressed;
         }
-        QTest::mouseClick(pressed, Qt::LeftButton);
+        if (pressed) {
+            QTest::mouseClick(pressed, Qt::LeftButton);
+        }
     }
 
     const char* press_;
@@ -164,6 +166,25 @@ TEST_F(CatalogueMenuTest, ACatalogueOfAnEarlierProgramIsCountedToo)
     User user("Cancel");
     menu.useSample();
     EXPECT_THAT(user.told, HasSubstr("The catalogue contains 296 products.\n"));
+}
+
+TEST_F(CatalogueMenuTest, AnImportIsCancelledWhenTheProgramEnds)
+{
+    menu.importSampleIfNone();
+    const QString source = list("long.csv", QByteArray("A,Alpha,1.5\n").repeated(400'000));
+    QTimer ends;
+    QObject::connect(&ends, &QTimer::timeout, [] {
+        if (qobject_cast<QProgressDialog*>(QApplication::activeModalWidget())) {
+            QApplication::exit();
+        }
+    });
+    ends.start(10);
+    QTimer::singleShot(0, qApp, [&] {
+        const User user("Replace");
+        EXPECT_FALSE(menu.importFrom(source));
+    });
+    QApplication::exec();
+    EXPECT_EQ(state(), "296, none");
 }
 
 TEST_F(CatalogueMenuTest, TheProgressShowsAFilesNameAsItIs)
