@@ -168,6 +168,14 @@ TEST_F(CatalogueMenuTest, ACatalogueOfAnEarlierProgramIsCountedToo)
     EXPECT_THAT(user.told, HasSubstr("The catalogue contains 296 products.\n"));
 }
 
+TEST_F(CatalogueMenuTest, APriceIsCutWhereItIsAskedAbout)
+{
+    User user("Cancel");
+    menu.importFrom(list("wide.csv", "A,Alpha,\"1,234" + QByteArray(50'000, ' ') + "\"\n"));
+    EXPECT_THAT(user.told, HasSubstr("What does “1,234 "));
+    EXPECT_LT(user.told.size(), 200U) << "a question, and not a page";
+}
+
 TEST_F(CatalogueMenuTest, AnImportIsCancelledWhenTheProgramEnds)
 {
     menu.importSampleIfNone();

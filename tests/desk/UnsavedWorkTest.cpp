@@ -168,15 +168,6 @@ TEST_F(UnsavedWorkTest, TextsOfAFileAreKeptRefusedOrCutButNeverChanged)
     write(path("date.quote.json"), QByteArray(kQuote).replace("2026-11-20", QByteArray(50'000, '9')));
     EXPECT_FALSE(window.open(path("date.quote.json")));
     EXPECT_LT(problem.size(), 300U) << "a message box, and not a page";
-
-    window.onProblem = nullptr;
-    write(path("products.quote.json"), QByteArray(kQuote).replace("Lamp:::5", "Lamp:::" + QByteArray(50'000, '9')));
-    test::whenModal([&](QWidget& box) {
-        EXPECT_LT(box.height(), 600) << dynamic_cast<QMessageBox&>(box).text().size();
-        EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
-        box.close();
-    });
-    EXPECT_FALSE(window.open(path("products.quote.json")));
 }
 
 TEST_F(UnsavedWorkTest, ARecoveryCopyIsKeptUntilTheWorkIsSaved)
