@@ -1,5 +1,6 @@
 """Drives the desk in a real window, with mouse and keys (xdotool), on a virtual X server (xvfb). A window manager
-(openbox) runs there, too, because it gives the focus back to the desk when a dialog closes, as on a user's screen."""
+(openbox) runs there, too, because it gives the focus back to the desk when a dialog closes, as on a user's screen.
+Where things stand depends on the fonts, so the desk itself is asked (apps/orvan-desk/PlacePrinter.h)."""
 import json
 import os
 import pathlib
@@ -11,9 +12,7 @@ TITLE = "office.quote.json"
 DESK = f"{TITLE} – Orvan Desk"
 MODIFIED = f"{TITLE}* – Orvan Desk"
 PATIENCE = 20  # seconds
-FIRST_ROW, ROW_HEIGHT, ROW_X = 128, 22, 200  # pixels inside the desk's window
-COLUMN_ONE = (600, 104)  # the header of the first optional column
-SAVE = (174, 24)  # the Save button's distance from the editor's right and lower edge
+COLUMN_ONE = "flexGrid header Qty"  # the header of the first optional column
 
 
 def xdotool(*arguments: object) -> str:
@@ -49,46 +48,53 @@ def desk_window() -> str:
     return xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
 
 
-def click(place: tuple[int, int], *how: object) -> None:
-    xdotool("mousemove", "--window", desk_window(), *place, "click", *how)
-
-
-def double_click(row: int, times: int = 1) -> None:
-    click((ROW_X, FIRST_ROW + ROW_HEIGHT * (row - 1)), "--repeat", 2 * times, "--delay", 60, 1)
-
-
 def geometry(window: str) -> tuple[int, int, int, int]:
     """The window's left, top, width and height."""
     shell = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).split())
     return int(shell["X"]), int(shell["Y"]), int(shell["WIDTH"]), int(shell["HEIGHT"])
 
 
-def click_save() -> None:
-    window = xdotool("getactivewindow").strip()
-    _, _, width, height = geometry(window)
-    place = width - SAVE[0], height - SAVE[1]
-    xdotool("mousemove", "--window", window, *place, "click", 1)
-
-
 class Desk:
     """A running desk with a quote of its own, for a `with` statement. Its settings, trace and catalogue are in
     `folder`, so that the user's own are not touched."""
 
-    def __init__(self, program: str, folder: str, quote: dict):
+    def __init__(self, program: str, folder: str, quote: dict, *options: str):
         self.folder = pathlib.Path(folder)
         self.quote = self.folder / TITLE
         self.quote.write_text(json.dumps(quote))
-        self.program = program
+        self.command = [program, "--theme", "light", "--print-places", *options, str(self.quote)]
 
     def __enter__(self) -> "Desk":
         environment = dict(os.environ, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
                            **{f"XDG_{kind}_HOME": str(self.folder) for kind in ("CONFIG", "STATE", "DATA")})
         self.manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
         time.sleep(0.5)
-        self.process = subprocess.Popen([self.program, "--theme", "light", str(self.quote)], env=environment)
+        self.process = subprocess.Popen(self.command, env=environment, text=True, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE)
         wait_for_title(DESK)
         wait_for("the sample catalogue", lambda: (self.folder / "orvan-desk/products.catalogue").exists())
         return self
+
+    def places(self) -> dict[str, list[float]]:
+        """Left, top, width and height of what can be seen of the window in front, by its names."""
+        self.process.stdin.write("\n")
+        self.process.stdin.flush()
+        return json.loads(self.process.stdout.readline())
+
+    def click(self, name: str, *how: object) -> None:
+        """Clicks the middle of what has this name, once it stands still."""
+        seen: list = [None]
+
+        def stands_still() -> bool:
+            seen.append(self.places().get(name))
+            return seen[-1] is not None and seen[-1] == seen[-2]
+
+        wait_for(f"{name} in front", stands_still)
+        left, top, width, height = seen[-1]
+        xdotool("mousemove", round(left + width / 2), round(top + height / 2), "click", *how)
+
+    def double_click(self, row: int, times: int = 1) -> None:
+        self.click(f"flexGrid row {row}", "--repeat", 2 * times, "--delay", 60, 1)
 
     def saved(self) -> dict:
         """Presses Ctrl+S and returns what the quote's file then holds."""

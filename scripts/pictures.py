@@ -6,8 +6,7 @@ import sys
 import tempfile
 import time
 
-from desk_window import COLUMN_ONE, Desk, click, desk_window, double_click, geometry, keys, titles, wait_for
-from desk_window import wait_for_title, xdotool
+from desk_window import COLUMN_ONE, Desk, desk_window, geometry, keys, titles, wait_for, wait_for_title, xdotool
 
 FRAME_X, FRAME_TOP, FRAME_BOTTOM = 1, 20, 5  # pixels that the window manager adds
 LONG_LIST = 2_000_000  # enough rows that the import lasts until its picture is taken
@@ -23,8 +22,8 @@ def take(path: pathlib.Path) -> None:
     print(path)
 
 
-def edit(folder: pathlib.Path) -> None:
-    double_click(6)
+def edit(desk: Desk, folder: pathlib.Path) -> None:
+    desk.double_click(6)
     wait_for_title("Desk lamp, dimmable (6/14)")
     keys("alt+q")
     xdotool("type", "15")
@@ -40,8 +39,8 @@ def edit(folder: pathlib.Path) -> None:
     wait_for("the desk alone", lambda: len(titles()) == 1)
 
 
-def choose_column(folder: pathlib.Path) -> None:
-    click(COLUMN_ONE, 3)
+def choose_column(desk: Desk, folder: pathlib.Path) -> None:
+    desk.click(COLUMN_ONE, 3)
     take(folder / "view-menu.png")
     keys("Escape")
 
@@ -55,6 +54,8 @@ def import_list(desk: Desk, folder: pathlib.Path) -> None:
     wait_for_title("Import Price List")
     xdotool("type", str(prices))
     keys("Return")
+    wait_for_title("Orvan Desk")
+    keys("alt+r")  # replaces the sample products
     time.sleep(2)
     take(folder / "import.png")
     keys("Escape")
@@ -65,8 +66,8 @@ def main() -> None:
     program, sample, target = sys.argv[1:]
     folder = pathlib.Path(target)
     with tempfile.TemporaryDirectory() as home, Desk(program, home, json.loads(pathlib.Path(sample).read_text())) as desk:
-        edit(folder)
-        choose_column(folder)
+        edit(desk, folder)
+        choose_column(desk, folder)
         import_list(desk, folder)
 
 

@@ -1,5 +1,6 @@
 // orvan-catalogue: makes a catalogue from a CSV file, searches it, and counts its entries.
 
+#include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 #include "orvan/components/catalogue/Catalogue.h"
@@ -22,6 +23,7 @@ namespace {
 using orvan::CatalogueImportOptions;
 using orvan::CatalogueImportProgress;
 using orvan::CatalogueImportResult;
+using orvan::shared::terminalText;
 
 constexpr int kDone = 0, kNothing = 1, kFailed = 2, kCancelled = 130;
 
@@ -32,6 +34,7 @@ constexpr char kHelp[] = R"(usage: orvan-catalogue import FILE.csv CATALOGUE [op
 import      Makes CATALOGUE from a CSV or TSV file in UTF-8, or replaces it. If rows have errors, lists
             them with their line numbers and does not change CATALOGUE.
             Programs that have CATALOGUE open need not be closed: their next look-up uses the new one.
+            The catalogue that is replaced is kept as CATALOGUE.former until the next import.
   --delimiter C       the delimiter of the fields: , ; | or tab; by default found in the first line
   --decimal C         the decimal separator of the prices: . or ,; by default found in the prices
   --item-id NAME, --name NAME, --key NAME, --part-number NAME, --unit-price NAME, --note NAME
@@ -76,6 +79,18 @@ std::vector<std::string> positional(const std::vector<std::string>& words, Take&
 // --- import -----------------------------------------------------------------------------------------
 
 volatile std::sig_atomic_t interrupted = 0;
+
+/// The first signal cancels the import, which removes its unfinished file. A second one ends the program at once.
+/// Without SA_RESTART, a signal also ends a call of the system that waits.
+void endInOrderAtSignals()
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) { interrupted = 1; };
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        ::sigaction(signal, &action, nullptr);
+    }
+}
 
 /// A progress bar in one line, which each call overwrites. Shows nothing if the output is not a terminal.
 class ProgressBar {
@@ -124,11 +139,15 @@ char oneCharacter(const std::string& option, const std::string& value)
     return value.front();
 }
 
-int report(const CatalogueImportResult& result, const std::string& source, const std::string& catalogue)
+int report(const CatalogueImportResult& result, const std::string& sourceName, const std::string& catalogueName)
 {
+    const std::string source = terminalText(sourceName), catalogue = terminalText(catalogueName);
     using Outcome = CatalogueImportResult::Outcome;
     if (result.outcome == Outcome::imported) {
         std::cout << result.rows << " entries in " << catalogue << '\n';
+        if (!result.former.empty()) {
+            std::cout << "The former catalogue is kept as " << terminalText(result.former.string()) << '\n';
+        }
         return kDone;
     }
     if (result.outcome == Outcome::cancelled) {
@@ -136,12 +155,12 @@ int report(const CatalogueImportResult& result, const std::string& source, const
         return kCancelled;
     }
     if (result.outcome == Outcome::ambiguous) {
-        std::cerr << "orvan-catalogue: prices such as \"" << result.ambiguousPrice
+        std::cerr << "orvan-catalogue: prices such as \"" << terminalText(result.ambiguousPrice)
                   << "\" can be read in two ways; name the decimal separator with --decimal\n";
         return kNothing;
     }
     for (const orvan::RefusedRow& row : result.refused) {
-        std::cerr << source << ':' << row.line << ": " << row.reason << '\n';
+        std::cerr << source << ':' << row.line << ": " << terminalText(row.reason) << '\n';
     }
     if (result.refusedCount > result.refused.size()) {
         std::cerr << "... and " << result.refusedCount - result.refused.size() << " more\n";
@@ -181,8 +200,8 @@ int import(const std::vector<std::string>& words)
     if (files.size() != 2) {
         throw WrongUse{"import needs two arguments, a file and a catalogue"};
     }
-    std::signal(SIGINT, [](int) { interrupted = 1; });
-    std::signal(SIGTERM, [](int) { interrupted = 1; });
+    endInOrderAtSignals();
+    options.keepFormer = true;
     CatalogueImportResult result;
     {
         ProgressBar bar(!quiet);
@@ -200,7 +219,7 @@ int import(const std::vector<std::string>& words)
 std::string shown(orvan::SqliteCatalogue& catalogue, orvan::LookUpColumn column)
 {
     const orvan::LookUpValue value = catalogue.GetFieldValue(static_cast<std::int32_t>(column));
-    return std::holds_alternative<std::monostate>(value) ? std::string() : orvan::toText(value);
+    return std::holds_alternative<std::monostate>(value) ? std::string() : terminalText(orvan::toText(value));
 }
 
 /// Prints two lists, the ones that the editor's two look-up boxes would show.
@@ -283,9 +302,9 @@ int main(int argc, char** argv)
         }
         throw WrongUse{command.empty() ? "no command" : "there is no command \"" + command + "\""};
     } catch (const WrongUse& wrong) {
-        std::cerr << "orvan-catalogue: " << wrong.problem << "; see orvan-catalogue --help\n";
+        std::cerr << "orvan-catalogue: " << terminalText(wrong.problem) << "; see orvan-catalogue --help\n";
     } catch (const std::exception& error) {
-        std::cerr << "orvan-catalogue: " << error.what() << '\n';
+        std::cerr << "orvan-catalogue: " << terminalText(error.what()) << '\n';
     }
     return kFailed;
 }

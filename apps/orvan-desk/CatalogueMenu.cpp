@@ -1,14 +1,18 @@
 #include "CatalogueMenu.h"
 
+#include "OutsideText.h"
+#include "PlainBox.h"
+
 #include "orvan/base/RuntimeError.h"
-#include "orvan/hosting/QtHost.h"
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/files/FormerFile.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLocale>
-#include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -20,6 +24,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace orvan::desk {
@@ -29,6 +34,7 @@ namespace {
 using Outcome = CatalogueImportResult::Outcome;
 
 const QString kSample = QStringLiteral(":/catalogue/products.csv");
+constexpr const char* kSampleName = "sample products";
 const QString kFilter = QStringLiteral("Price lists (*.csv *.tsv *.txt);;All files (*)");
 
 /// Milliseconds. An import that ends within this time shows no progress window, which would only flicker.
@@ -38,14 +44,45 @@ constexpr int kSteps = 1000;
 /// How many refused rows the message itself shows; its details show all that are described.
 constexpr qsizetype kRowsInMessage = 5;
 
-std::filesystem::path pathOf(const QString& name)
+/// "1,234 products from “prices.csv”"
+QString contentOf(const std::filesystem::path& catalogue)
 {
-    return std::filesystem::path(name.toStdU16String());
+    SqliteFile file = openCatalogue(catalogue);
+    const CatalogueOrigin origin = catalogueOrigin(file);
+    const QString count = QLocale().toString(qlonglong(origin.entries));
+    const QString products =
+        origin.entries == 1 ? CatalogueMenu::tr("1 product") : CatalogueMenu::tr("%1 products").arg(count);
+    return origin.source.empty()
+               ? products
+               : CatalogueMenu::tr("%1 from “%2”").arg(products, shortened(QString::fromStdString(origin.source)));
 }
 
-QString shortName(const QString& path)
+/// The same for a question, which is asked about a damaged catalogue, too.
+QString contentOrDamage(const std::filesystem::path& catalogue)
 {
-    return QFileInfo(path).fileName();
+    try {
+        return contentOf(catalogue);
+    } catch (const RuntimeError&) {
+        return CatalogueMenu::tr("products that cannot be read");
+    }
+}
+
+std::optional<std::filesystem::path> formerOf(const std::filesystem::path& catalogue)
+{
+    try {
+        return files::formerFileOf(catalogue);
+    } catch (const std::exception&) {
+        return std::nullopt; // the catalogue is a link that leads nowhere
+    }
+}
+
+/// A label for a text with names from outside, which must not be taken for markup.
+QLabel* plainLabel()
+{
+    auto* const label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    return label;
 }
 
 /// An import's progress, written by the import's thread and read by the user-interface thread.
@@ -75,29 +112,74 @@ QString defaultCatalogueFile()
         .filePath(QStringLiteral("products.catalogue"));
 }
 
-void lookUpProductsIn(const QString& catalogue)
+HostOptions lookUpProductsIn(const QString& catalogue)
 {
     HostOptions options;
     options.components.catalogue.file = pathOf(catalogue);
     options.components.catalogue.report = [](std::string_view problem) {
-        QMessageBox box(QMessageBox::Warning, QStringLiteral("Orvan Desk"),
-                        QString::fromUtf8(problem.data(), static_cast<qsizetype>(problem.size())), QMessageBox::Ok,
-                        QApplication::activeWindow());
-        box.setTextFormat(Qt::PlainText);
-        box.exec();
+        PlainBox(QMessageBox::Warning, QString::fromUtf8(problem.data(), static_cast<qsizetype>(problem.size())),
+                 QMessageBox::Ok, QApplication::activeWindow())
+            .exec();
     };
-    setQtHostOptions(options);
+    return options;
 }
 
 CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tell)
     : QMenu(tr("Ca&talogue"), window), catalogue_(catalogue), window_(window), tell_(std::move(tell))
 {
     addAction(tr("&Import Price List…"), this, &CatalogueMenu::chooseAndImport);
-    addAction(tr("Use the &Sample Products"), this, [this] {
-        if (importSample()) {
-            QMessageBox::information(window_, tr("Orvan Desk"), tr("The catalogue now contains the sample products."));
+    addAction(tr("Use the &Sample Products"), this, &CatalogueMenu::useSample);
+    addSeparator();
+    bringBack_ = addAction(tr("&Bring Back the Former Catalogue"), this, &CatalogueMenu::bringBackFormer);
+    connect(this, &QMenu::aboutToShow, this,
+            [this] { bringBack_->setEnabled(formerOf(pathOf(catalogue_)).has_value()); });
+}
+
+/// Asks the question only if there is a catalogue that would be replaced; what else has its name, an import refuses.
+bool CatalogueMenu::mayReplace(const QString& question)
+{
+    const std::filesystem::path catalogue = pathOf(catalogue_);
+    if (!isCatalogue(catalogue)) {
+        return true;
+    }
+    QString text = tr("The catalogue contains %1.\n\n%2\n\nThe present catalogue is kept: “Bring Back the Former "
+                      "Catalogue” in the same menu gets it back.")
+                       .arg(contentOrDamage(catalogue), question);
+    if (const auto former = formerOf(catalogue)) {
+        text += tr("\n\nThe one that has been kept so far is deleted: %1.").arg(contentOrDamage(*former));
+    }
+    PlainBox box(QMessageBox::Question, text, QMessageBox::Cancel, window_);
+    const QPushButton* const replace = box.addButton(tr("&Replace"), QMessageBox::AcceptRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == replace;
+}
+
+void CatalogueMenu::useSample()
+{
+    if (mayReplace(tr("Replace it with the sample products?")) && importSample()) {
+        inform(tr("The catalogue now contains the sample products."));
+    }
+}
+
+void CatalogueMenu::bringBackFormer()
+{
+    try {
+        const std::filesystem::path catalogue = pathOf(catalogue_);
+        if (const auto former = formerOf(catalogue)) {
+            static_cast<void>(contentOf(*former)); // a damaged one does not become the catalogue
         }
-    });
+        files::swapWithFormer(catalogue);
+        inform(tr("The catalogue now contains %1.\n\nThe same command brings the other one back.")
+                   .arg(contentOf(catalogue)));
+    } catch (const std::exception& error) {
+        tell_(tr("The former catalogue could not be brought back."), QString::fromUtf8(error.what()), {});
+    }
+}
+
+void CatalogueMenu::inform(const QString& text)
+{
+    PlainBox(QMessageBox::Information, text, QMessageBox::Ok, window_).exec();
 }
 
 void CatalogueMenu::importSampleIfNone()
@@ -111,12 +193,12 @@ void CatalogueMenu::importSampleIfNone()
 bool CatalogueMenu::importSample()
 {
     const QTemporaryDir folder;
-    const QString copy = folder.filePath(shortName(kSample));
+    const QString copy = folder.filePath(QFileInfo(kSample).fileName());
     try {
         if (!QDir().mkpath(QFileInfo(catalogue_).path()) || !QFile::copy(kSample, copy)) {
             throw RuntimeError(ErrorNumber::pathFileAccess, {}, "The folder cannot be written to.");
         }
-        return importShowingProgress(copy, '.').outcome == Outcome::imported;
+        return importShowingProgress(copy, '.', kSampleName).outcome == Outcome::imported;
     } catch (const std::exception& error) {
         tell_(tr("The sample products could not be imported into the catalogue."), QString::fromUtf8(error.what()), {});
         return false;
@@ -135,18 +217,19 @@ bool CatalogueMenu::importFrom(const QString& source)
 {
     CatalogueImportResult result;
     try {
+        if (!mayReplace(tr("Replace it with the products of “%1”?").arg(shortFileName(source)))) {
+            return false;
+        }
         QDir().mkpath(QFileInfo(catalogue_).path());
         result = import(source);
     } catch (const std::exception& error) {
-        tell_(tr("“%1” could not be imported.").arg(shortName(source)), QString::fromUtf8(error.what()), {});
+        tell_(tr("“%1” could not be imported.").arg(shortFileName(source)), QString::fromUtf8(error.what()), {});
         return false;
     }
     if (result.outcome == Outcome::refused) {
         tellRefused(source, result);
     } else if (result.outcome == Outcome::imported) {
-        QMessageBox::information(
-            window_, tr("Orvan Desk"),
-            tr("The catalogue now contains %1 products.").arg(QLocale().toString(qulonglong(result.rows))));
+        inform(tr("The catalogue now contains %1 products.").arg(QLocale().toString(qulonglong(result.rows))));
     }
     return result.outcome == Outcome::imported;
 }
@@ -164,7 +247,8 @@ CatalogueImportResult CatalogueMenu::import(const QString& source)
     return result;
 }
 
-CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source, char decimalSeparator)
+CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source, char decimalSeparator,
+                                                           const std::string& sourceName)
 {
     Progress progress;
     CatalogueImportResult result;
@@ -173,6 +257,8 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         try {
             CatalogueImportOptions options;
             options.decimalSeparator = decimalSeparator;
+            options.sourceName = sourceName;
+            options.keepFormer = true;
             options.progress = [&](const CatalogueImportProgress& state) { return progress.take(state); };
             result = importCatalogue(pathOf(source), pathOf(catalogue_), options);
         } catch (...) {
@@ -181,7 +267,9 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
     }));
     thread->start();
     if (!thread->wait(kUnnoticed)) {
-        QProgressDialog dialog(tr("Reading “%1”…").arg(shortName(source)), tr("Cancel"), 0, kSteps, window_);
+        QProgressDialog dialog({}, tr("Cancel"), 0, kSteps, window_);
+        dialog.setLabel(plainLabel());
+        dialog.setLabelText(tr("Reading “%1”…").arg(shortFileName(source)));
         dialog.setWindowTitle(tr("Import Price List"));
         dialog.setWindowModality(Qt::WindowModal);
         dialog.setMinimumDuration(0);
@@ -191,7 +279,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         connect(&look, &QTimer::timeout, &dialog, [&] {
             const QString rows = QLocale().toString(qulonglong(progress.rows));
             dialog.setLabelText(progress.indexing ? tr("Sorting %1 products…").arg(rows)
-                                                  : tr("Reading “%1”… %2 products").arg(shortName(source), rows));
+                                                  : tr("Reading “%1”: %2 products").arg(shortFileName(source), rows));
             dialog.setValue(progress.step);
             if (thread->isFinished()) { // not a signal of the thread, which may end before the signal is connected
                 dialog.accept();
@@ -200,6 +288,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         look.start(kBetweenLooks);
         connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { progress.cancelled = true; });
         dialog.exec();
+        progress.cancelled = true; // if the thread still runs, the program is to end, or the user has cancelled
         thread->wait();
     }
     if (failure) {
@@ -213,9 +302,9 @@ char CatalogueMenu::askDecimalSeparator(const QString& price)
     QString asPoint = price, asComma = price;
     asPoint.remove(u',');
     asComma.remove(u'.').replace(u',', u'.');
-    QMessageBox box(QMessageBox::Question, tr("Orvan Desk"),
-                    tr("The prices of this list can be read in two ways. What does “%1” mean?").arg(price),
-                    QMessageBox::Cancel, window_);
+    PlainBox box(QMessageBox::Question,
+                 tr("The prices of this list can be read in two ways. What does “%1” mean?").arg(shortened(price)),
+                 QMessageBox::Cancel, window_);
     const auto choice = [&](const QString& number) {
         return box.addButton(QLocale().toString(number.toDouble(), 'f', number.contains(u'.') ? 3 : 2),
                              QMessageBox::AcceptRole);
@@ -237,9 +326,9 @@ void CatalogueMenu::tellRefused(const QString& source, const CatalogueImportResu
         rows << tr("… and %1 more").arg(result.refusedCount - result.refused.size());
     }
     const QString what = result.refusedCount == 1
-                             ? tr("“%1” was not imported: one row has an error.").arg(shortName(source))
+                             ? tr("“%1” was not imported: one row has an error.").arg(shortFileName(source))
                              : tr("“%1” was not imported: %2 rows have errors.")
-                                   .arg(shortName(source), QString::number(result.refusedCount));
+                                   .arg(shortFileName(source), QString::number(result.refusedCount));
     const bool all = rows.size() <= kRowsInMessage;
     tell_(what,
           rows.mid(0, kRowsInMessage).join(u'\n') + (all ? QString() : QStringLiteral("\n…")) +

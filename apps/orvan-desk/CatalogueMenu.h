@@ -1,9 +1,11 @@
 // The desk's catalogue of products: its file, and the menu that replaces its content by importing a price list.
 //
+// Replacing is asked about. The catalogue that is replaced is kept until the next import, and the menu brings it back.
 // Thread: the user-interface thread. An import runs in a thread of its own while its progress is shown.
 #pragma once
 
 #include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/hosting/Host.h"
 
 #include <QMenu>
 
@@ -14,9 +16,9 @@ namespace orvan::desk {
 /// The file of this user's catalogue; its folder need not exist yet.
 QString defaultCatalogueFile();
 
-/// Makes the editor look products up in this file; to be called before a window is made. If the file cannot be used,
-/// the user is told why once, when the editor first looks something up, and the editor works without entries.
-void lookUpProductsIn(const QString& catalogue);
+/// Options with which the editor looks products up in this file. If the file cannot be used, the user is told why once,
+/// when the editor first looks something up, and the editor works without entries.
+[[nodiscard]] HostOptions lookUpProductsIn(const QString& catalogue);
 
 class CatalogueMenu : public QMenu {
     Q_OBJECT
@@ -29,21 +31,29 @@ public:
 
     /// Imports the products that come with the desk, where there is no catalogue yet.
     void importSampleIfNone();
-    /// Imports a price list and tells the user the result. If the list does not tell how its prices are to be read,
-    /// asks the user. True when the catalogue now holds this list.
+    /// Asks whether the catalogue may be replaced, imports a price list and tells the user the result. If the list does
+    /// not tell how its prices are to be read, asks the user. True when the catalogue now holds this list.
     bool importFrom(const QString& source);
+    /// Replaces the catalogue by the products that come with the desk, after asking.
+    void useSample();
+    /// Exchanges the catalogue and the former one.
+    void bringBackFormer();
 
 private:
     bool importSample();
     void chooseAndImport();
-    CatalogueImportResult importShowingProgress(const QString& source, char decimalSeparator);
+    [[nodiscard]] bool mayReplace(const QString& question);
+    CatalogueImportResult importShowingProgress(const QString& source, char decimalSeparator,
+                                                const std::string& sourceName = {});
     CatalogueImportResult import(const QString& source);
+    void inform(const QString& text);
     char askDecimalSeparator(const QString& price);
     void tellRefused(const QString& source, const CatalogueImportResult& result);
 
     const QString catalogue_;
     QWidget* const window_;
     const Tell tell_;
+    QAction* bringBack_ = nullptr;
 };
 
 } // namespace orvan::desk

@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
 #include "CatalogueMenu.h"
+#include "OutsideText.h"
+#include "PlainBox.h"
 #include "WatchedProducts.h"
 
 #include "orvan/base/RuntimeError.h"
@@ -20,10 +22,10 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <limits>
@@ -75,13 +77,30 @@ QLabel* labelFor(QWidget* field, const QString& text)
     return label;
 }
 
+/// The mouse wheel changes the date only while the box has the focus. Otherwise a user who scrolls, and whose pointer
+/// merely rests on the box, would change the quote unnoticed.
+class DateField final : public QDateEdit {
+public:
+    DateField() { setFocusPolicy(Qt::StrongFocus); } // by default the wheel gives the box the focus
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus()) {
+            QDateEdit::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
 } // namespace
 
 MainWindow::MainWindow()
     : recovery_(defaultRecoveryFolder(), [this](const QString& problem) {
           // From the writing thread. A message box would be in the way of a user who types.
           QMetaObject::invokeMethod(
-              this, [this, problem] { statusBar()->showMessage(problem); }, Qt::QueuedConnection);
+              this, [this, problem] { statusBar()->showMessage(qt::boundedText(problem)); }, Qt::QueuedConnection);
       })
 {
     watchProducts(); // before there is a list view
@@ -155,7 +174,7 @@ QWidget* MainWindow::makeFields()
     for (QLineEdit* const field : {customer_, number_}) {
         field->setMaxLength(std::numeric_limits<int>::max()); // by default it cuts what a file holds
     }
-    date_ = new QDateEdit;
+    date_ = new DateField;
     date_->setCalendarPopup(true);
     date_->setDisplayFormat(dateFormat());
     date_->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31)); // every date that a file can hold
@@ -286,23 +305,20 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::updateTitle()
 {
     titleUpdatePending_ = false;
-    const QString name = !file_.path().isEmpty()      ? QFileInfo(file_.path()).fileName()
-                         : !number_->text().isEmpty() ? number_->text()
+    const QString name = !file_.path().isEmpty()      ? shortFileName(file_.path())
+                         : !number_->text().isEmpty() ? shortened(number_->text())
                                                       : tr("New quote");
-    // The title takes "[*]" for the place of its mark, but for two of them in a row.
-    setWindowTitle(
-        tr("%1[*] – Orvan Desk").arg(QString(name).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"))));
+    setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(name)));
     setWindowModified(isUnsaved());
 }
 
 void MainWindow::tell(const QString& what, const QString& why, const QString& details)
 {
     if (onProblem) {
-        onProblem(what + u' ' + why);
+        onProblem(qt::boundedText(what + u' ' + why));
         return;
     }
-    QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText); // a file's name or content must not be taken for HTML
+    PlainBox box(QMessageBox::Warning, what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
     box.setDetailedText(details);
     box.exec();
 }

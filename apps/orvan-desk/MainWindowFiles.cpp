@@ -1,6 +1,8 @@
 // The window's quotes in files: opened, saved, asked about, and kept for the case that the desk ends.
 
 #include "MainWindow.h"
+#include "OutsideText.h"
+#include "PlainBox.h"
 #include "WatchedProducts.h"
 
 #include "orvan/base/RuntimeError.h"
@@ -12,7 +14,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
 
@@ -74,7 +75,7 @@ bool MainWindow::open(const QString& path)
     if (!mayDiscard()) {
         return false;
     }
-    const std::filesystem::path file(path.toStdU16String());
+    const std::filesystem::path file = pathOf(path);
     files::EditLock lock(file);
     if (lock.holder() && path != file_.path() && !onProblem) {
         switch (askAboutHolder(path, *lock.holder(), this)) {
@@ -157,7 +158,7 @@ bool MainWindow::save()
 
 bool MainWindow::saveAs()
 {
-    QString name = number_->text().isEmpty() ? tr("Quote") : number_->text();
+    QString name = number_->text().isEmpty() ? tr("Quote") : shortened(number_->text());
     name.replace(u'/', u'-'); // a quote's number may contain a slash, but a file name may not
     QFileDialog dialog(this, tr("Save Quote"), {}, kFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -193,8 +194,8 @@ bool MainWindow::mayDiscard()
     if (!isUnsaved()) {
         return true;
     }
-    QMessageBox box(QMessageBox::Question, tr("Orvan Desk"), tr("Save the changes to this quote?"),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    PlainBox box(QMessageBox::Question, tr("Save the changes to this quote?"),
+                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     box.setInformativeText(tr("Changes that are not saved will be lost."));
     box.setDefaultButton(QMessageBox::Save);
     const int answer = box.exec();
@@ -234,14 +235,13 @@ void MainWindow::offerAbandonedWork()
     std::vector<QString> unreadable;
     for (const AbandonedWork& abandoned : claimAbandonedWork(defaultRecoveryFolder(), unreadable)) {
         const UnsavedWork& work = abandoned.work;
-        const QString name = work.path.isEmpty() ? tr("a quote without a file")
-                                                 : tr("“%1”").arg(shortened(QFileInfo(work.path).fileName()));
-        QMessageBox box(QMessageBox::Question, tr("Orvan Desk"),
-                        tr("The desk ended at %1 with unsaved changes to %2.\n\nChanged: %3.")
-                            .arg(QLocale().toString(abandoned.time, QLocale::ShortFormat), name,
-                                 differences(work.quote, onDiskNow(work.path).quote)),
-                        QMessageBox::NoButton, this);
-        box.setTextFormat(Qt::PlainText);
+        const QString name =
+            work.path.isEmpty() ? tr("a quote without a file") : tr("“%1”").arg(shortFileName(work.path));
+        PlainBox box(QMessageBox::Question,
+                     tr("The desk ended at %1 with unsaved changes to %2.\n\nChanged: %3.")
+                         .arg(QLocale().toString(abandoned.time, QLocale::ShortFormat), name,
+                              differences(work.quote, onDiskNow(work.path).quote)),
+                     QMessageBox::NoButton, this);
         const QPushButton* const take = box.addButton(tr("&Recover"), QMessageBox::AcceptRole);
         const QPushButton* const drop = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
         box.addButton(tr("&Later"), QMessageBox::RejectRole);
@@ -253,7 +253,8 @@ void MainWindow::offerAbandonedWork()
         }
     }
     for (const QString& file : unreadable) {
-        statusBar()->showMessage(tr("The recovery copy “%1” cannot be read.").arg(QDir::toNativeSeparators(file)));
+        statusBar()->showMessage(
+            tr("The recovery copy “%1” cannot be read.").arg(shortened(QDir::toNativeSeparators(file))));
     }
 }
 
@@ -266,7 +267,7 @@ void MainWindow::recover(const AbandonedWork& abandoned)
         if (work.path.isEmpty()) {
             file_.setNew(onDisk.quote);
         } else {
-            file_.setRead(work.path, onDisk, files::EditLock(std::filesystem::path(work.path.toStdU16String())));
+            file_.setRead(work.path, onDisk, files::EditLock(pathOf(work.path)));
         }
         showQuote(work.quote);
         if (keepUnsavedWork()) { // the copy is this desk's own now; only then may the other one go

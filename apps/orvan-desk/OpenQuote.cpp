@@ -1,5 +1,8 @@
 #include "OpenQuote.h"
 
+#include "OutsideText.h"
+#include "PlainBox.h"
+
 #include "orvan/base/RuntimeError.h"
 
 #include <QCoreApplication>
@@ -7,10 +10,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 
-#include <filesystem>
 #include <utility>
 
 namespace orvan::desk {
@@ -20,11 +21,6 @@ namespace {
 QString tr(const char* text)
 {
     return QCoreApplication::translate("OpenQuote", text);
-}
-
-std::filesystem::path pathOf(const QString& name)
-{
-    return std::filesystem::path(name.toStdU16String());
 }
 
 QString timeText(const QDateTime& time)
@@ -37,18 +33,12 @@ QString timeText(const QDateTime& time)
 /// A question with two ways to go on; Cancel is the default, so that Enter loses nothing.
 int ask(QWidget* window, const QString& text, const QString& first, const QString& second)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Orvan Desk"), text, QMessageBox::Cancel, window);
-    box.setTextFormat(Qt::PlainText);
+    PlainBox box(QMessageBox::Warning, text, QMessageBox::Cancel, window);
     const QPushButton* const one = box.addButton(first, QMessageBox::AcceptRole);
     const QPushButton* const two = box.addButton(second, QMessageBox::AcceptRole);
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
     return box.clickedButton() == one ? 1 : box.clickedButton() == two ? 2 : 0;
-}
-
-QString nameOf(const QString& path)
-{
-    return shortened(QFileInfo(path).fileName());
 }
 
 } // namespace
@@ -64,7 +54,7 @@ OpeningChoice askAboutHolder(const QString& path, const files::LockHolder& holde
 {
     const int answer = ask(window,
                            tr("“%1” is open elsewhere: %2.\n\nWho saves last would overwrite the other's work.")
-                               .arg(nameOf(path), describe(holder)),
+                               .arg(shortFileName(path), describe(holder)),
                            tr("Open to &Read"), tr("Open &Anyway"));
     return answer == 1 ? OpeningChoice::openToRead : answer == 2 ? OpeningChoice::openAnyway : OpeningChoice::cancel;
 }
@@ -112,7 +102,7 @@ OpenQuote::Saving OpenQuote::askAboutTheDisk(const QString& path, QWidget* windo
         if (!lock.holder()) {
             return Saving::saved; // whether a file of that name may be replaced has been asked by the file dialog
         }
-        problem = tr("“%1” is open elsewhere: %2.").arg(nameOf(path), describe(*lock.holder()));
+        problem = tr("“%1” is open elsewhere: %2.").arg(shortFileName(path), describe(*lock.holder()));
     } else {
         std::optional<files::FileStamp> now;
         try {
@@ -126,9 +116,9 @@ OpenQuote::Saving OpenQuote::askAboutTheDisk(const QString& path, QWidget* windo
         if (now) {
             problem = tr("Another program has changed “%1” since it was opened here, at %2.\n\nSaving would overwrite "
                          "these changes.")
-                          .arg(nameOf(path), timeText(QFileInfo(path).lastModified()));
+                          .arg(shortFileName(path), timeText(QFileInfo(path).lastModified()));
         } else {
-            problem = tr("“%1” has been deleted or moved since it was opened here.").arg(nameOf(path));
+            problem = tr("“%1” has been deleted or moved since it was opened here.").arg(shortFileName(path));
             overwrite = tr("&Save There Again");
         }
     }

@@ -1,18 +1,17 @@
 #include "QuoteFile.h"
 
+#include "OutsideText.h"
+
 #include "orvan/base/RuntimeError.h"
 
 #include <QFile>
 #include <QJsonDocument>
-
-#include <filesystem>
 
 namespace orvan::desk {
 
 namespace {
 
 constexpr int kVersion = 1;
-constexpr qsizetype kMostInMessage = 60; // characters
 const QString kFormat = QStringLiteral("orvan-desk-quote");
 const QString kFormatName = QStringLiteral("format");
 const QString kVersionName = QStringLiteral("version");
@@ -76,18 +75,13 @@ files::WholeFile bytesOf(const QString& path)
         return {.bytes = resource.readAll().toStdString(), .stamp = {}};
     }
     try {
-        return files::readFile(std::filesystem::path(path.toStdU16String()), kMostQuoteBytes);
+        return files::readFile(pathOf(path), kMostQuoteBytes);
     } catch (const RuntimeError& error) {
         throw QuoteFileError(QStringLiteral("It cannot be opened: %1.").arg(QString::fromUtf8(error.what())));
     }
 }
 
 } // namespace
-
-QString shortened(const QString& text)
-{
-    return text.size() <= kMostInMessage ? text : text.left(kMostInMessage) + QStringLiteral("…");
-}
 
 QJsonObject parseDeskFile(const QByteArray& bytes, const QString& format, int version)
 {
@@ -149,8 +143,7 @@ files::ReplacedFile writeQuote(const QString& path, const Quote& quote)
 {
     const QByteArray bytes = QJsonDocument(quoteToJson(quote)).toJson();
     try {
-        return files::replaceFile(std::filesystem::path(path.toStdU16String()),
-                                  {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        return files::replaceFile(pathOf(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
     } catch (const RuntimeError& error) {
         throw QuoteFileError(QStringLiteral("It cannot be written: %1.").arg(QString::fromUtf8(error.what())));
     }

@@ -57,7 +57,4 @@ struct QuoteOnDisk {
 [[nodiscard]] QJsonObject quoteToJson(const Quote& quote);
 [[nodiscard]] Quote quoteFromJson(const QJsonObject& object);
 
-/// A text from a file, short enough for a message: a damaged file may hold a megabyte where a date belongs.
-[[nodiscard]] QString shortened(const QString& text);
-
 } // namespace orvan::desk

@@ -1,5 +1,7 @@
 #include "RecoveryCopy.h"
 
+#include "OutsideText.h"
+
 #include "orvan/base/RuntimeError.h"
 #include "orvan/files/ProcessIdentity.h"
 #include "orvan/files/WholeFile.h"
@@ -25,11 +27,6 @@ namespace {
 const QString kFormat = QStringLiteral("orvan-desk-recovery");
 const QString kSuffix = QStringLiteral(".recovery.json");
 constexpr int kVersion = 1;
-
-std::filesystem::path pathOf(const QString& name)
-{
-    return std::filesystem::path(name.toStdU16String());
-}
 
 QString newFileName()
 {
@@ -99,6 +96,7 @@ void RecoveryKeeper::keep(const UnsavedWork& work)
     {
         const std::lock_guard lock(mutex_);
         waiting_ = work;
+        discards_ = false; // the copy that is there is replaced
     }
     changed_.notify_all();
 }
@@ -106,36 +104,33 @@ void RecoveryKeeper::keep(const UnsavedWork& work)
 bool RecoveryKeeper::finish()
 {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !waiting_ && !writing_; });
+    changed_.wait(lock, [this] { return !isBusy(); });
     return written_;
 }
 
 void RecoveryKeeper::discard()
 {
-    std::unique_lock lock(mutex_);
-    waiting_.reset();
-    changed_.wait(lock, [this] { return !writing_; });
-    std::error_code error;
-    std::filesystem::remove(pathOf(file_), error);
-    if (error) {
-        lock.unlock();
-        report(QStringLiteral("The recovery copy “%1” could not be removed: %2.")
-                   .arg(file_, QString::fromStdString(error.message())));
+    {
+        const std::lock_guard lock(mutex_);
+        waiting_.reset();
+        discards_ = true;
     }
+    changed_.notify_all();
 }
 
 void RecoveryKeeper::run()
 {
     std::unique_lock lock(mutex_);
     for (;;) {
-        changed_.wait(lock, [this] { return waiting_ || ending_; });
-        if (!waiting_) {
+        changed_.wait(lock, [this] { return waiting_ || discards_ || ending_; });
+        if (!waiting_ && !discards_) {
             return;
         }
-        const UnsavedWork work = *std::exchange(waiting_, std::nullopt);
+        discards_ = false;
+        const std::optional<UnsavedWork> work = std::exchange(waiting_, std::nullopt);
         writing_ = true;
         lock.unlock();
-        const bool written = write(work);
+        const bool written = work ? write(*work) : remove();
         lock.lock();
         written_ = written;
         writing_ = false;
@@ -160,6 +155,17 @@ bool RecoveryKeeper::write(const UnsavedWork& work)
                    .arg(QString::fromUtf8(error.what())));
         return false;
     }
+}
+
+bool RecoveryKeeper::remove()
+{
+    std::error_code error;
+    std::filesystem::remove(pathOf(file_), error);
+    if (error) {
+        report(QStringLiteral("The recovery copy “%1” could not be removed: %2.")
+                   .arg(shortened(file_), QString::fromStdString(error.message())));
+    }
+    return true; // nothing is unsaved, so nothing is left unwritten
 }
 
 void RecoveryKeeper::report(const QString& problem)

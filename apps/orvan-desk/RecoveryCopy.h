@@ -40,19 +40,22 @@ public:
     RecoveryKeeper(const QString& folder, Report report);
     RecoveryKeeper(const RecoveryKeeper&) = delete;
     RecoveryKeeper& operator=(const RecoveryKeeper&) = delete;
-    /// Finishes what is being written. The copy stays: only discard() removes it.
+    /// Finishes what is being written or removed. The copy stays: only discard() removes it.
     ~RecoveryKeeper();
 
     /// Has the copy written soon; of several calls the last one counts.
     void keep(const UnsavedWork& work);
-    /// Waits for what was handed to keep(). False where it could not be written.
+    /// Waits until what was handed to keep() is written, or what discard() asked for is removed. False where the copy
+    /// could not be written.
     [[nodiscard]] bool finish();
-    /// Nothing is unsaved any more: removes the copy.
+    /// Nothing is unsaved any more: has the copy removed soon. It does not wait for a disk that is still writing.
     void discard();
 
 private:
     void run();
     [[nodiscard]] bool write(const UnsavedWork& work);
+    [[nodiscard]] bool remove();
+    [[nodiscard]] bool isBusy() const { return waiting_ || discards_ || writing_; }
     void report(const QString& problem);
 
     const QString folder_;
@@ -62,8 +65,9 @@ private:
     std::mutex mutex_; ///< Guards the members below.
     std::condition_variable changed_;
     std::optional<UnsavedWork> waiting_;
-    bool writing_ = false;
-    bool written_ = true; ///< The last copy reached the disk.
+    bool discards_ = false; ///< The copy is to be removed.
+    bool writing_ = false;  ///< The thread is writing or removing the copy.
+    bool written_ = true;   ///< The last copy reached the disk.
     bool ending_ = false;
     bool reported_ = false;
     std::thread thread_; ///< Last: it uses all the others.

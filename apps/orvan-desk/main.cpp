@@ -3,26 +3,59 @@
 #include "CatalogueMenu.h"
 #include "EndSignals.h"
 #include "MainWindow.h"
+#include "OutsideText.h"
+#include "PlacePrinter.h"
 
+#include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/WholeFile.h"
+#include "orvan/hosting/QtHost.h"
 #include "orvan/hosting/Version.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 #include <QTextStream>
 #include <QTimer>
 
+#include <optional>
+
 namespace {
+
+constexpr int kFailed = 1, kWrongUse = 2;
+
+void complain(const QString& problem)
+{
+    QTextStream(stderr) << QString::fromStdString(orvan::shared::terminalText(problem.toStdString())) << '\n';
+}
+
+/// Writes a picture of the window. Raises 75 where it cannot be written.
+void writePicture(QWidget& window, const QString& path)
+{
+    QBuffer picture;
+    const QByteArray format = QFileInfo(path).suffix().toLatin1();
+    if (!picture.open(QIODevice::WriteOnly) || !window.grab().save(&picture, format.constData())) {
+        throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, "there is no such picture format");
+    }
+    const QByteArray& bytes = picture.data();
+    static_cast<void>(orvan::files::replaceFile(orvan::desk::pathOf(path),
+                                                {bytes.constData(), static_cast<std::size_t>(bytes.size())}));
+}
 
 int renderTo(QWidget& window, const QString& path)
 {
-    int result = 1;
+    int result = kFailed;
     // The timer fires in the event loop, when the window has been laid out and painted as on a screen.
     QTimer::singleShot(0, &window, [&] {
-        result = window.grab().save(path) ? 0 : 1;
-        QTextStream(result == 0 ? stdout : stderr) << (result == 0 ? "" : "Could not write ") << path << '\n';
+        try {
+            writePicture(window, path);
+            QTextStream(stdout) << path << '\n';
+            result = 0;
+        } catch (const orvan::RuntimeError& error) {
+            complain(QStringLiteral("Could not write %1: %2").arg(path, QString::fromUtf8(error.what())));
+        }
         QCoreApplication::quit();
     });
     QApplication::exec();
@@ -39,22 +72,104 @@ QString sampleNames()
     return names.join(QStringLiteral(", "));
 }
 
-/// Says what is wrong with the arguments; empty if nothing is.
-QString problemOf(const QCommandLineParser& parser)
+/// The options and arguments that the desk was called with.
+class CommandLine {
+public:
+    CommandLine()
+    {
+        parser.setApplicationDescription(QStringLiteral("Opens, edits and saves quotes."));
+        parser.addHelpOption();
+        parser.addVersionOption();
+        parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."),
+                                     QStringLiteral("[file]"));
+        printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser.addOptions({sample, theme, catalogue, editing, render, printPlaces});
+    }
+
+    /// Reads the command line, and answers --help and --version. Says what is wrong with it; empty if nothing is.
+    QString read(const QApplication& application)
+    {
+        if (!parser.parse(QApplication::arguments())) {
+            return parser.errorText();
+        }
+        parser.process(application); // ends the program after --help and --version
+        return problem();
+    }
+
+    QCommandLineParser parser;
+    const QCommandLineOption sample{QStringLiteral("sample"),
+                                    QStringLiteral("Open a quote that comes with the desk: %1.").arg(sampleNames()),
+                                    QStringLiteral("name")};
+    const QCommandLineOption theme{QStringLiteral("theme"), QStringLiteral("Use light or dark colours in this run."),
+                                   QStringLiteral("theme")};
+    const QCommandLineOption catalogue{QStringLiteral("catalogue"),
+                                       QStringLiteral("Look products up in this catalogue instead of the user's own."),
+                                       QStringLiteral("file")};
+    const QCommandLineOption editing{
+        QStringLiteral("editing"),
+        QStringLiteral("careful (the default): changes nothing that the user did not edit, and asks before edits are "
+                       "lost. classic: as the editor has always worked."),
+        QStringLiteral("way"), QStringLiteral("careful")};
+    const QCommandLineOption render{QStringLiteral("render"),
+                                    QStringLiteral("Write a picture of the window to this file and exit."),
+                                    QStringLiteral("png")};
+    QCommandLineOption printPlaces{QStringLiteral("print-places")}; ///< For tests: see PlacePrinter.h.
+
+private:
+    [[nodiscard]] QString problem() const
+    {
+        const QString colours = parser.value(theme), way = parser.value(editing), name = parser.value(sample);
+        if (parser.isSet(theme) && colours != u"light" && colours != u"dark") {
+            return QStringLiteral("--theme must be light or dark, not \"%1\".").arg(colours);
+        }
+        if (way != u"careful" && way != u"classic") {
+            return QStringLiteral("--editing must be classic or careful, not \"%1\".").arg(way);
+        }
+        if (parser.isSet(sample) && !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(name))) {
+            return QStringLiteral("There is no sample \"%1\". The samples are: %2.").arg(name, sampleNames());
+        }
+        return parser.positionalArguments().size() + (parser.isSet(sample) ? 1 : 0) > 1
+                   ? QStringLiteral("Only one quote can be opened at a time.")
+                   : QString();
+    }
+};
+
+/// Opens the window as the command line asks, and runs until the user or the system ends it.
+int run(const CommandLine& line)
 {
-    const QString theme = parser.value(QStringLiteral("theme"));
-    const QString sample = parser.value(QStringLiteral("sample"));
-    const auto files = parser.positionalArguments().size();
-    if (parser.isSet(QStringLiteral("theme")) && theme != u"light" && theme != u"dark") {
-        return QStringLiteral("--theme must be light or dark, not \"%1\".").arg(theme);
+    const QCommandLineParser& parser = line.parser;
+    const bool ownCatalogue = parser.isSet(line.catalogue);
+    const QString products = ownCatalogue ? parser.value(line.catalogue) : orvan::desk::defaultCatalogueFile();
+    orvan::HostOptions options = orvan::desk::lookUpProductsIn(products);
+    options.editing =
+        parser.value(line.editing) == u"classic" ? orvan::ui::EditingWay::classic : orvan::ui::EditingWay::careful;
+    orvan::setQtHostOptions(options);
+    orvan::desk::MainWindow window;
+    if (parser.isSet(line.theme)) {
+        window.useTheme(orvan::desk::themeNamed(parser.value(line.theme)));
     }
-    if (parser.isSet(QStringLiteral("sample")) &&
-        !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(sample))) {
-        return QStringLiteral("There is no sample \"%1\". The samples are: %2.").arg(sample, sampleNames());
+    if (parser.isSet(line.render)) {
+        window.onProblem = complain;
     }
-    return files + (parser.isSet(QStringLiteral("sample")) ? 1 : 0) > 1
-               ? QStringLiteral("Only one quote can be opened at a time.")
-               : QString();
+    window.useCatalogue(products, !ownCatalogue);
+    window.show();
+    const QStringList files = parser.positionalArguments();
+    const bool opened = !files.isEmpty()            ? window.open(files.constFirst())
+                        : parser.isSet(line.sample) ? window.openSample(parser.value(line.sample))
+                                                    : true;
+    if (parser.isSet(line.render)) {
+        return opened ? renderTo(window, parser.value(line.render)) : kFailed;
+    }
+    const orvan::desk::EndSignals endSignals([&window] {
+        window.keepUnsavedWork(); // asks nobody: whoever sends a signal does not wait for an answer
+        QApplication::exit();
+    });
+    QTimer::singleShot(0, &window, &orvan::desk::MainWindow::offerAbandonedWork);
+    std::optional<orvan::desk::PlacePrinter> places;
+    if (parser.isSet(line.printPlaces)) {
+        places.emplace();
+    }
+    return QApplication::exec();
 }
 
 } // namespace
@@ -64,59 +179,17 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvan-desk"));
     QApplication::setApplicationVersion(QString::fromStdString(std::string(orvan::libraryVersion())));
-
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Opens, edits and saves quotes."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."), QStringLiteral("[file]"));
-    const QCommandLineOption sample(QStringLiteral("sample"),
-                                    QStringLiteral("Open a quote that comes with the desk: %1.").arg(sampleNames()),
-                                    QStringLiteral("name"));
-    const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Use light or dark colours in this run."),
-                                   QStringLiteral("theme"));
-    const QCommandLineOption catalogue(QStringLiteral("catalogue"),
-                                       QStringLiteral("Look products up in this catalogue instead of the user's own."),
-                                       QStringLiteral("file"));
-    const QCommandLineOption render(QStringLiteral("render"),
-                                    QStringLiteral("Write a picture of the window to this file and exit."),
-                                    QStringLiteral("png"));
-    parser.addOptions({sample, theme, catalogue, render});
-    parser.process(application);
-    if (const QString problem = problemOf(parser); !problem.isEmpty()) {
-        QTextStream(stderr) << problem << '\n';
-        return 1;
+    CommandLine line;
+    if (const QString problem = line.read(application); !problem.isEmpty()) {
+        complain(problem);
+        return kWrongUse;
     }
-
     try {
-        const bool ownCatalogue = parser.isSet(catalogue);
-        const QString products = ownCatalogue ? parser.value(catalogue) : orvan::desk::defaultCatalogueFile();
-        orvan::desk::lookUpProductsIn(products);
-        orvan::desk::MainWindow window;
-        if (parser.isSet(theme)) {
-            window.useTheme(orvan::desk::themeNamed(parser.value(theme)));
-        }
-        if (parser.isSet(render)) {
-            window.onProblem = [](const QString& problem) { QTextStream(stderr) << problem << '\n'; };
-        }
-        window.useCatalogue(products, !ownCatalogue);
-        window.show();
-        const QStringList files = parser.positionalArguments();
-        const bool opened = !files.isEmpty()       ? window.open(files.constFirst())
-                            : parser.isSet(sample) ? window.openSample(parser.value(sample))
-                                                   : true;
-        if (!parser.isSet(render)) {
-            const orvan::desk::EndSignals endSignals([&window] {
-                window.keepUnsavedWork(); // asks nobody: whoever sends a signal does not wait for an answer
-                QApplication::exit();
-            });
-            QTimer::singleShot(0, &window, &orvan::desk::MainWindow::offerAbandonedWork);
-            return QApplication::exec();
-        }
-        return opened ? renderTo(window, parser.value(render)) : 1;
+        return run(line);
     } catch (const orvan::RuntimeError& error) {
-        QTextStream(stderr) << "orvan-desk cannot start: error " << error.number() << ", "
-                            << QString::fromUtf8(error.what()) << '\n';
-        return 1;
+        complain(QStringLiteral("orvan-desk cannot start: error %1, %2")
+                     .arg(error.number())
+                     .arg(QString::fromUtf8(error.what())));
+        return kFailed;
     }
 }

@@ -3,13 +3,17 @@
 #include <orvan/core/ProductMgr.h>
 #include <orvan/hosting/HeadlessProductView.h>
 
+#include <shared/TerminalText.h>
+
 #include <algorithm>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -25,7 +29,10 @@ Rows gridRows(const orvan::headless::GridDriver& grid)
 {
     Rows rows;
     for (std::int32_t row = 0; row < grid.rowCount(); ++row) {
-        rows.push_back(grid.visibleTexts(row));
+        auto& texts = rows.emplace_back();
+        for (const std::string& text : grid.visibleTexts(row)) {
+            texts.push_back(orvan::shared::terminalText(text));
+        }
     }
     return rows;
 }
@@ -48,14 +55,38 @@ void print(const Rows& rows)
     }
 }
 
-std::string readAll(std::istream& input)
+[[noreturn]] void fail(const std::string& problem)
 {
-    std::ostringstream content;
-    content << input.rdbuf();
-    if (!input || input.bad()) {
-        throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, "the input is empty or cannot be read");
+    throw orvan::RuntimeError(orvan::ErrorNumber::pathFileAccess, {}, problem);
+}
+
+/// Opens a file. A pipe or a device is refused, because reading it might never end; the kind of file is tested after
+/// it has been opened, so that nothing else can take its place in between. O_NONBLOCK: opening a pipe would otherwise
+/// wait for a writer.
+int openFile(const char* name)
+{
+    const int file = ::open(name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    struct stat status = {};
+    if (file < 0 || ::fstat(file, &status) != 0) {
+        fail(std::string("cannot open ") + name);
     }
-    std::string text = content.str();
+    if (!S_ISREG(status.st_mode)) {
+        fail(std::string(name) + " is not a file; a pipe can be read from the standard input");
+    }
+    return file;
+}
+
+std::string readAll(int input)
+{
+    std::string text;
+    char part[65536];
+    ssize_t got = 0;
+    while ((got = ::read(input, part, sizeof part)) > 0) {
+        text.append(part, static_cast<std::size_t>(got));
+    }
+    if (got < 0 || text.empty()) {
+        fail("the input is empty or cannot be read");
+    }
     text.erase(text.find_last_not_of('\n') + 1); // text editors add a last line break, which is not part of the list
     return text;
 }
@@ -70,15 +101,7 @@ int main(int argc, char** argv)
         return 1;
     }
     try {
-        std::ifstream file;
-        if (argc > 1) {
-            file.open(argv[1]);
-            if (!file) {
-                std::cerr << "orvan-grid: cannot open " << argv[1] << '\n';
-                return 1;
-            }
-        }
-        const std::string products = readAll(argc > 1 ? file : std::cin);
+        const std::string products = readAll(argc > 1 ? openFile(argv[1]) : STDIN_FILENO);
         orvan::HeadlessHost host;
         orvan::HeadlessProductView view(host.platform());
         // view.Show reports an error as a number alone. So the string is first given to a separate product manager,
@@ -87,10 +110,11 @@ int main(int argc, char** argv)
             ->SetProductsString(products, orvan::kRecordSeparator, orvan::kFieldSeparator, false);
         view.Show(products);
         print(gridRows(view.flexGrid()));
-        std::cout << "Total  " << view.txtTotal().text() << '\n';
+        std::cout << "Total  " << orvan::shared::terminalText(view.txtTotal().text()) << '\n';
         return 0;
     } catch (const orvan::RuntimeError& error) {
-        std::cerr << "orvan-grid: " << error.what() << " (error " << error.number() << ")\n";
+        std::cerr << "orvan-grid: " << orvan::shared::terminalText(error.what()) << " (error " << error.number()
+                  << ")\n";
         return 1;
     }
 }

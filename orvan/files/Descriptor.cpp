@@ -29,7 +29,17 @@ constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 
 const char* kindOf(mode_t mode)
 {
-    return S_ISDIR(mode) ? "it is a folder" : S_ISFIFO(mode) ? "it is a pipe" : "it is a device";
+    return S_ISDIR(mode)    ? "it is a folder"
+           : S_ISFIFO(mode) ? "it is a pipe"
+           : S_ISSOCK(mode) ? "it is a socket"
+                            : "it is a device";
+}
+
+void refuseUnlessRegular(mode_t mode)
+{
+    if (!S_ISREG(mode)) {
+        throw RuntimeError(ErrorNumber::pathFileAccess, {}, kindOf(mode));
+    }
 }
 
 } // namespace
@@ -37,6 +47,14 @@ const char* kindOf(mode_t mode)
 void raiseSystemError(int code)
 {
     throw RuntimeError(ErrorNumber::pathFileAccess, {}, std::system_category().message(code));
+}
+
+void refuseOtherThanFile(const std::filesystem::path& path)
+{
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) == 0) {
+        refuseUnlessRegular(status.st_mode);
+    }
 }
 
 Descriptor::~Descriptor()
@@ -65,11 +83,13 @@ Descriptor Descriptor::openRegular(const std::filesystem::path& path)
     // The kind of file is tested after it has been opened, so that no other file can take its place in between.
     // O_NONBLOCK: opening a pipe would otherwise wait for a writer.
     Descriptor file = open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
-    const mode_t mode = file.status().st_mode;
-    if (!S_ISREG(mode)) {
-        throw RuntimeError(ErrorNumber::pathFileAccess, {}, kindOf(mode));
-    }
+    refuseUnlessRegular(file.status().st_mode);
     return file;
+}
+
+Descriptor Descriptor::openFolder(const std::filesystem::path& path)
+{
+    return open(path, O_RDONLY | O_DIRECTORY);
 }
 
 struct stat Descriptor::status() const

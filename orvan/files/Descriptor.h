@@ -16,6 +16,11 @@ namespace orvan::files {
 /// Raises 75 with the system's text for an errno value.
 [[noreturn]] void raiseSystemError(int code);
 
+/// Raises 75 if the path is that of a folder, a device, a pipe or a socket; returns if there is a regular file or
+/// nothing at all. For files that a library opens by name, and would wait for: it does not open the file, because
+/// closing one that the process has open elsewhere would end that file's locks.
+void refuseOtherThanFile(const std::filesystem::path& path);
+
 class Descriptor {
 public:
     Descriptor() = default;
@@ -36,6 +41,8 @@ public:
     /// Opens an existing regular file for reading. Raises for a folder, a device, a pipe or a socket; it does not wait
     /// for a program at the other end of a pipe.
     [[nodiscard]] static Descriptor openRegular(const std::filesystem::path& path);
+    /// Opens a folder, so that it can be flushed.
+    [[nodiscard]] static Descriptor openFolder(const std::filesystem::path& path);
 
     int get() const { return descriptor_; }
     explicit operator bool() const { return descriptor_ >= 0; }

@@ -1,6 +1,7 @@
 #include "orvan/files/NewFile.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/FormerFile.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -30,21 +31,6 @@ std::string hexadecimal(std::uint64_t value)
     return text;
 }
 
-/// The path of the file that `target` leads to, with symbolic links resolved. The file need not exist.
-fs::path resolved(const fs::path& target)
-{
-    std::error_code error;
-    const fs::path absolute = fs::absolute(target);
-    if (fs::is_symlink(fs::symlink_status(absolute, error))) {
-        fs::path real = fs::canonical(absolute, error);
-        if (error) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "it is a link that leads nowhere");
-        }
-        return real;
-    }
-    return fs::weakly_canonical(absolute.parent_path()) / absolute.filename();
-}
-
 /// The beginning of the names of all new files for a target. Its length is always the same, so that a target can be
 /// replaced even if its own name has 255 bytes, the most that a file system takes.
 std::string namePrefix(const fs::path& target)
@@ -59,7 +45,21 @@ bool lock(const Descriptor& file)
 
 } // namespace
 
-NewFile::NewFile(const fs::path& target, Others others) : target_(resolved(target))
+fs::path resolvedTarget(const fs::path& target)
+{
+    std::error_code error;
+    const fs::path absolute = fs::absolute(target);
+    if (fs::is_symlink(fs::symlink_status(absolute, error))) {
+        fs::path real = fs::canonical(absolute, error);
+        if (error) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "it is a link that leads nowhere");
+        }
+        return real;
+    }
+    return fs::weakly_canonical(absolute.parent_path()) / absolute.filename();
+}
+
+NewFile::NewFile(const fs::path& target, Others others) : target_(resolvedTarget(target))
 {
     const std::string prefix = namePrefix(target_);
     std::random_device random;
@@ -116,10 +116,11 @@ void NewFile::write(std::string_view bytes)
     file_.write(bytes);
 }
 
-std::string NewFile::commit()
+std::string NewFile::commit(Former former)
 {
     struct stat old = {};
-    if (::stat(target_.c_str(), &old) == 0) {
+    const bool replaces = ::stat(target_.c_str(), &old) == 0;
+    if (replaces) {
         if (!S_ISREG(old.st_mode)) {
             throw RuntimeError(ErrorNumber::pathFileAccess, {}, "there is something else of this name");
         }
@@ -128,12 +129,14 @@ std::string NewFile::commit()
         raiseSystemError(errno);
     }
     file_.sync();
-    if (::rename(path_.c_str(), target_.c_str()) != 0) {
+    if (replaces && former == Former::kept) {
+        replaceKeepingFormer(path_, target_);
+    } else if (::rename(path_.c_str(), target_.c_str()) != 0) {
         raiseSystemError(errno);
     }
     committed_ = true;
     try {
-        Descriptor::open(target_.parent_path(), O_RDONLY | O_DIRECTORY).sync();
+        Descriptor::openFolder(target_.parent_path()).sync();
     } catch (const RuntimeError& error) {
         return "It has been written, but a power failure now could bring the former one back: " +
                std::string(error.text()) + ".";

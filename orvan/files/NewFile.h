@@ -21,6 +21,10 @@
 
 namespace orvan::files {
 
+/// The path of the file that `target` leads to, with symbolic links resolved. The file need not exist. Raises 75 for a
+/// link that leads nowhere.
+[[nodiscard]] std::filesystem::path resolvedTarget(const std::filesystem::path& target);
+
 class NewFile {
 public:
     /// Whether other programs may make new files for the same target at the same time.
@@ -40,9 +44,12 @@ public:
     const std::filesystem::path& path() const { return path_; }
     /// Appends bytes. All of them are handed to the system when it returns.
     void write(std::string_view bytes);
+    /// What becomes of the file that is replaced. One that is kept needs Others::refused (FormerFile.h).
+    enum class Former { dropped, kept };
+
     /// Writes the content to the disk, then gives the new file its target's name. Returns "", or a warning for the
     /// user if the folder could not be flushed: the file has been replaced then, but a power cut could undo it.
-    [[nodiscard]] std::string commit();
+    [[nodiscard]] std::string commit(Former former = Former::dropped);
 
     /// The system's information about the new file; can be called after commit, too.
     [[nodiscard]] struct stat status() const { return file_.status(); }

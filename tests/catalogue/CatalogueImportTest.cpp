@@ -1,3 +1,4 @@
+#include "orvan/components/catalogue/CatalogueFile.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
 namespace orvan {
@@ -179,6 +180,29 @@ TEST_F(CatalogueImportTest, DesksReadOnWhileItRunsAndCancellingLeavesNothing)
     EXPECT_EQ(import(content, options).outcome, Outcome::cancelled);
     const std::filesystem::directory_iterator files(folder.path()), none;
     EXPECT_EQ(std::distance(files, none), 2) << "nothing but the list and the catalogue";
+}
+
+TEST_F(CatalogueImportTest, TheFormerCatalogueIsKeptWhereAHostAsksForIt)
+{
+    const std::string head = "name,part number,price\n";
+    EXPECT_TRUE(import(head + "one,K,1\n", {.keepFormer = true}).former.empty()) << "there was none";
+    EXPECT_TRUE(import(head + "two,K,1\n").former.empty());
+    EXPECT_EQ(folder.count(), 2) << "the list and the catalogue";
+    const CatalogueImportResult third = import(head + "three,K,1\n", {.sourceName = "third", .keepFormer = true});
+    EXPECT_EQ(third.former, folder / "goods.catalogue.former");
+    EXPECT_EQ(imported(), "three|K|10000||");
+    SqliteFile former = openCatalogue(third.former), present = openCatalogue(file());
+    EXPECT_EQ(catalogueOrigin(former).source, "list.csv");
+    EXPECT_EQ(catalogueOrigin(former).entries, 1);
+    EXPECT_EQ(catalogueOrigin(present).source, "third");
+    EXPECT_EQ(import(head + "bad,K,x\n", {.keepFormer = true}).outcome, Outcome::refused);
+    EXPECT_EQ(imported(), "three|K|10000||");
+    EXPECT_EQ(catalogueOrigin(former).source, "list.csv");
+
+    std::filesystem::remove(third.former);
+    std::filesystem::resize_file(file(), 0); // an empty file is no catalogue, and nobody wants it back
+    EXPECT_TRUE(import(head + "four,K,1\n", {.keepFormer = true}).former.empty());
+    EXPECT_EQ(folder.count(), 2);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
+#include <sys/stat.h>
+
 namespace orvan {
 namespace {
 
@@ -151,6 +153,8 @@ TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
         {"a folder in its place",
          [](const auto& path) { std::filesystem::remove(path), std::filesystem::create_directory(path); },
          75, "it is a directory"},
+        {"a pipe in its place",
+         [](const auto& path) { std::filesystem::remove(path), ::mkfifo(path.c_str(), 0600); }, 75, "it is a pipe"},
         {"cut off", [](const auto& path) { std::filesystem::resize_file(path, 9000); }, 321, "it is damaged"},
         {"a price list", [](const auto& path) { std::ofstream(path) << "name,price\n" << std::string(2000, 'x'); },
          321, "no catalogue"},

@@ -86,6 +86,14 @@ TEST_F(QtFormTest, EnterGoesToTheFocusedControlAndEscapeToTheCancelButton)
     });
 }
 
+TEST_F(QtFormTest, TheTitleIsTheWholeCaption)
+{
+    show([this] {
+        form->setCaption("Pipe [*] (1/2)"); // Qt has a use of its own for "[*]"
+        EXPECT_EQ(window().windowHandle()->title(), QStringLiteral("Pipe [*] (1/2)"));
+    });
+}
+
 TEST_F(QtFormTest, MnemonicsReachBoxesButtonsAndMenus)
 {
     struct Row {

@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
+#include <QWindow>
 
 namespace orvan::contract {
 namespace {
@@ -331,6 +332,51 @@ TEST_F(QtPlatformTest, AMessageBoxClosesAsItsButtonsAllow)
     EXPECT_GT(windowHandle(&driver.host()), handle) << "a number is never used again";
     EXPECT_EQ(windowHandle(&driver.host()), windowHandle(&driver.host()));
     EXPECT_EQ(windowHandle(nullptr), 0);
+}
+
+TEST_F(QtPlatformTest, TextsOfAnyLengthKeepBoxesAndToolTipsSmall)
+{
+    struct Row {
+        const char *name, *piece;
+    };
+    const Row rows[] = {{"one word", "x"}, {"words", "word "}, {"lines", "x\n"}, {"pairs", "\xF0\x9D\x84\x9E"}};
+    forEachRow(rows, [&](const Row& row) {
+        const std::string text = QString::fromUtf8(row.piece).repeated(200'000).toStdString();
+        whenModal([](QWidget& window) {
+            EXPECT_LT(window.height(), 750);
+            EXPECT_LT(window.width(), 1200);
+            EXPECT_TRUE(dynamic_cast<QMessageBox&>(window).text().isValidUtf16());
+            EXPECT_EQ(window.windowHandle()->title(), QStringLiteral("a[*]b"));
+            window.close();
+        });
+        driver.platform().messageBox().show({.text = text, .title = "a[*]b"});
+        surface->control<ui::TextBox>("box").setText(text);
+        QHelpEvent ask(QEvent::ToolTip, {1, 1}, {1, 1});
+        QApplication::sendEvent(&driver.widget("box"), &ask);
+        EXPECT_LT(QToolTip::text().size(), 2000);
+    });
+}
+
+TEST_F(QtPlatformTest, AnAmountStandsAtTheRightEdgeInEveryScript)
+{
+    const char* const amounts[] = {"5", "\u200F5", "\u061C5", "\u0665"};
+    forEachRow(amounts, [&](const char* amount) {
+        surface->control<ui::TextBox>("box").setText(amount);
+        const QImage image = driver.widget("box").grab().toImage();
+        const int border = 4, middle = image.width() / 2;
+        const QRgb ground = image.pixel(middle, image.height() / 2);
+        const auto isInked = [&](int from, int to) {
+            bool inked = false;
+            for (int x = from; x < to; ++x) {
+                for (int y = border; y < image.height() - border; ++y) {
+                    inked = inked || image.pixel(x, y) != ground;
+                }
+            }
+            return inked;
+        };
+        EXPECT_FALSE(isInked(border, middle));
+        EXPECT_TRUE(isInked(middle, image.width() - border));
+    });
 }
 
 TEST_F(QtPlatformTest, AnErrorThatNobodyTookIsShownOnce)

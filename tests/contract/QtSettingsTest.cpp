@@ -9,6 +9,8 @@
 
 #include <thread>
 
+#include <sys/stat.h>
+
 namespace orvan::contract {
 namespace {
 
@@ -74,6 +76,17 @@ TEST(QtSettings, AStoreThatCannotBeUsedRaises75AndStaysAsItWas)
         }
         EXPECT_FALSE(QFile::exists(path + QStringLiteral(".lock")));
     });
+}
+
+TEST(QtSettings, APipeIsRefusedAndNotWaitedFor)
+{
+    const test::TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::mkfifo((folder / "new.ini.lock").c_str(), 0600), 0);
+    QtSettingsStore pipe(folder / "pipe"), locked(folder / "new.ini");
+    EXPECT_EQ(errorOf([&] { pipe.get("Orvan", "s", "k"); }), 75);
+    EXPECT_EQ(errorOf([&] { pipe.set("Orvan", "s", "k", "v"); }), 75);
+    EXPECT_EQ(errorOf([&] { locked.set("Orvan", "s", "k", "v"); }), 75);
 }
 
 } // namespace

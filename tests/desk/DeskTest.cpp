@@ -15,12 +15,17 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QDateEdit>
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
 
 namespace orvan::desk {
 namespace {
@@ -168,7 +173,7 @@ TEST_F(DeskTest, APriceListIsImportedAsAWholeOrNotAtAll)
     struct Row {
         const char* name;
         QByteArray list;
-        const char* press = ""; // a button, in each window that comes up; OK where there is no such one
+        const char* press = ""; // a button, in each window that comes up but the first; OK where there is no such one
         std::int64_t entries;
         const char* problem = "";
     };
@@ -193,6 +198,10 @@ TEST_F(DeskTest, APriceListIsImportedAsAWholeOrNotAtAll)
                 for (auto* each : window->findChildren<QAbstractButton*>()) {
                     const std::string text = each->text().remove(u'&').toStdString();
                     button = text == row.press || (!button && text == "OK") ? each : button;
+                    if (text == "Replace") { // the question whether the catalogue may be replaced
+                        button = each;
+                        break;
+                    }
                 }
                 QTest::mouseClick(button, Qt::LeftButton);
             }
@@ -203,7 +212,8 @@ TEST_F(DeskTest, APriceListIsImportedAsAWholeOrNotAtAll)
         EXPECT_THAT(problem, HasSubstr(row.problem));
         EXPECT_EQ(problem.empty(), std::string_view(row.problem).empty()) << problem;
     });
-    EXPECT_EQ(QDir(folder.filePath(QStringLiteral("new"))).entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(QDir(folder.filePath(QStringLiteral("new"))).entryList(QDir::Files),
+              QStringList({QStringLiteral("goods.catalogue"), QStringLiteral("goods.catalogue.former")}));
     menu.importSampleIfNone();
     EXPECT_EQ(entriesIn(catalogue), 1) << "the user's own catalogue stays";
 }
@@ -302,6 +312,48 @@ TEST_F(DeskTest, TheEditorOutlivesTheListItWasOpenedFrom)
     const QPoint row = grid->visualRect(grid->model()->index(0, 1)).center();
     QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, row);
     EXPECT_FALSE(view);
+}
+
+TEST_F(DeskTest, TheWheelChangesTheDateOnlyWithTheFocus)
+{
+    MainWindow window;
+    window.show();
+    window.openSample(QStringLiteral("coffee-bar"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* const date = window.findChild<QDateEdit*>();
+    const QDate before = date->date();
+    const auto turn = [&] {
+        QWheelEvent wheel({5, 5}, date->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(date, &wheel);
+        return date->date() != before;
+    };
+    window.findChild<QLineEdit*>()->setFocus();
+    EXPECT_FALSE(turn());
+    date->setFocus();
+    EXPECT_TRUE(turn());
+    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+        EXPECT_NE(widget->focusPolicy(), Qt::WheelFocus) << widget->objectName().toStdString();
+    }
+}
+
+TEST_F(DeskTest, TheTitleShowsWhateverNameAsItIs)
+{
+    MainWindow window;
+    window.show();
+    const char* const names[] = {"[*]", "a[*]b[*][*]", "[*].quote.json"}; // Qt has a use of its own for "[*]"
+    forEachRow(names, [&](const char* name) {
+        ASSERT_TRUE(window.open(write(kGood, QString::fromUtf8(name))));
+        EXPECT_EQ(window.windowHandle()->title().toStdString(), name + std::string(" – Orvan Desk"));
+    });
+    MainWindow without;
+    without.show();
+    auto* const number = without.findChildren<QLineEdit*>().at(1);
+    number->setText(QStringLiteral("\u202e[*]").repeated(20'000)); // \u202e turns the writing direction round
+    QTest::keyClick(number, Qt::Key_End);
+    const QString title = QStringLiteral("\ufffd[*]").repeated(15) + QStringLiteral("…* – Orvan Desk");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return without.windowHandle()->title() == title; }, 2000));
+    EXPECT_EQ(without.windowHandle()->title().toStdString(), title.toStdString());
+    without.onProblem = [](const QString&) {};
 }
 
 TEST_F(DeskTest, AMovedRowStaysInView)

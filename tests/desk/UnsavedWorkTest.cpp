@@ -20,6 +20,9 @@
 #include <QMessageBox>
 #include <QTest>
 
+#include <chrono>
+#include <future>
+
 namespace orvan::desk {
 namespace {
 
@@ -181,7 +184,22 @@ TEST_F(UnsavedWorkTest, ARecoveryCopyIsKeptUntilTheWorkIsSaved)
     std::vector<QString> unreadable;
     EXPECT_TRUE(claimAbandonedWork(copies, unreadable).empty()) << "its desk still runs";
     save(window);
-    EXPECT_EQ(count(), countOnceIdle);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count() == countOnceIdle; }, 3000));
+}
+
+TEST_F(UnsavedWorkTest, DiscardingDoesNotWaitForADiskThatStillWrites)
+{
+    write(path("file"), "in the way of a folder");
+    std::promise<void> writes, mayEnd;
+    RecoveryKeeper keeper(path("file"), [&](const QString&) { // called by the thread that writes
+        writes.set_value();
+        mayEnd.get_future().wait();
+    });
+    keeper.keep({.quote = {}, .path = path()});
+    writes.get_future().wait();
+    const auto discarding = std::async(std::launch::async, [&] { keeper.discard(); });
+    EXPECT_EQ(discarding.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+    mayEnd.set_value();
 }
 
 TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)

@@ -16,6 +16,7 @@
 #include <sstream>
 #include <thread>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace orvan {
@@ -193,6 +194,7 @@ TEST_F(TraceLogTest, RotationKeepsTheNewestLinesWithinTheSizes)
 TEST_F(TraceLogTest, FileThatCannotBeWrittenIsReportedOnce)
 {
     std::ofstream(folder / "file") << "no directory";
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     options.report = [this](std::string_view text) {
         reports.emplace_back(text);
         makeTrace()->TraceError("from the report"); // must not wait for itself
@@ -208,6 +210,7 @@ TEST_F(TraceLogTest, FileThatCannotBeWrittenIsReportedOnce)
         {.name = "no name", .file = ""},
         {.name = "full disk", .file = "/dev/full"},
         {.name = "a folder", .file = folder.path()},
+        {.name = "a pipe without a reader", .file = folder / "pipe"},
         {.name = "no size", .file = folder / "zero.log", .maxFileSize = 0},
     };
     forEachRow(rows, [&](const Row& row) {

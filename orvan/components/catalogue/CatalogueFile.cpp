@@ -2,9 +2,11 @@
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CaseFolding.h"
+#include "orvan/files/Descriptor.h"
 
-#include <fstream>
 #include <iterator>
+
+#include <unistd.h>
 
 namespace orvan {
 
@@ -34,6 +36,10 @@ CREATE TABLE product (
     unit_price, -- in ten-thousandths
     note TEXT
 );
+CREATE TABLE origin (
+    source TEXT,
+    entries INTEGER
+);
 )";
 
 constexpr const char* kIndexes[] = {
@@ -48,12 +54,19 @@ constexpr const char* kIndexes[] = {
 bool isCatalogue(const std::filesystem::path& file)
 {
     // SQLite's file format has the application id at this place, in big-endian order.
-    constexpr std::size_t kIdAt = 68;
-    unsigned char header[kIdAt + 4] = {};
-    std::ifstream(file, std::ios::binary).read(reinterpret_cast<char*>(header), sizeof header);
+    constexpr off_t kIdAt = 68;
+    unsigned char bytes[4] = {};
+    try {
+        const files::Descriptor opened = files::Descriptor::openRegular(file);
+        if (::pread(opened.get(), bytes, sizeof bytes, kIdAt) != sizeof bytes) {
+            return false;
+        }
+    } catch (const RuntimeError&) {
+        return false; // there is no such file, or something else has this name
+    }
     std::int64_t id = 0;
-    for (std::size_t at = kIdAt; at < sizeof header; ++at) {
-        id = id * 256 + header[at];
+    for (const unsigned char byte : bytes) {
+        id = id * 256 + byte;
     }
     return id == kApplicationId;
 }
@@ -68,6 +81,22 @@ SqliteFile openCatalogue(const std::filesystem::path& file)
         raiseCatalogueError(ErrorNumber::invalidFileFormat, file, "a newer version of this program has made it");
     }
     return catalogue;
+}
+
+CatalogueOrigin catalogueOrigin(SqliteFile& catalogue)
+{
+    CatalogueOrigin origin;
+    if (catalogue.number("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'origin'") == 0) {
+        origin.entries = catalogue.number("SELECT count(*) FROM product");
+        return origin;
+    }
+    SqliteStatement query(catalogue, "SELECT source, entries FROM origin");
+    SqliteRows rows = query.query();
+    if (rows.next()) {
+        origin.source = rows.text(0);
+        origin.entries = rows.integer(1);
+    }
+    return origin;
 }
 
 CatalogueStatistics catalogueStatistics(SqliteFile& catalogue)
@@ -102,6 +131,11 @@ bool CatalogueWriter::add(const CatalogueEntry& entry)
                                entry.partNum, unitPrice, entry.note);
     };
     return (entry.unitPrice ? insert(entry.unitPrice->scaled()) : insert(nullptr)) == 1;
+}
+
+void CatalogueWriter::setOrigin(const CatalogueOrigin& origin)
+{
+    SqliteStatement(file_, "INSERT INTO origin VALUES (?, ?)").execute(std::string_view(origin.source), origin.entries);
 }
 
 bool CatalogueWriter::finish(const std::function<bool(int built, int all)>& goOn)

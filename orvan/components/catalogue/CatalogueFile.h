@@ -4,7 +4,9 @@
 // GetFieldValue: item id, folded name, folded part number, name, key, part number, unit price (a whole
 // number of ten-thousandths; a value that another program wrote is not converted), note. Two indexes over the
 // names and two over the part numbers, by exact and by folded text, hold all that a list shows, so that
-// a list is read from consecutive pages. The format's version is the user version in SQLite's file header.
+// a list is read from consecutive pages. A second table, `origin`, has one row, which tells where the entries come
+// from; catalogues of earlier programs do not have it, and those programs do not look at it. The format's version is
+// the user version in SQLite's file header.
 //
 // A finished file, which programs may have open, is never written to: a new file takes its place (CatalogueImport.h).
 // Thread: one at a time.
@@ -38,6 +40,12 @@ struct CatalogueEntry {
 /// Opens a finished catalogue.
 [[nodiscard]] SqliteFile openCatalogue(const std::filesystem::path& file);
 
+struct CatalogueOrigin {
+    std::string source;       ///< The name of the price list; empty for a catalogue of an earlier program.
+    std::int64_t entries = 0; ///< How many entries the catalogue holds.
+};
+[[nodiscard]] CatalogueOrigin catalogueOrigin(SqliteFile& catalogue);
+
 struct CatalogueStatistics {
     std::int64_t entries = 0;
     std::int64_t withoutPrice = 0;
@@ -56,6 +64,8 @@ public:
 
     /// Returns false, and adds nothing, when there is already an entry with this id.
     bool add(const CatalogueEntry& entry);
+    /// Records where the entries come from.
+    void setOrigin(const CatalogueOrigin& origin);
     /// Builds the indexes and marks the file as a catalogue. Calls `goOn` now and then with the number of indexes
     /// built so far and the number of all indexes. If `goOn` returns false, this stops and returns false, and the file
     /// is useless.

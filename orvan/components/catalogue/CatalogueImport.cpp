@@ -8,6 +8,7 @@
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/components/catalogue/CsvReader.h"
 #include "orvan/components/catalogue/PriceText.h"
+#include "orvan/files/FormerFile.h"
 #include "orvan/files/NewFile.h"
 
 #include <charconv>
@@ -102,7 +103,7 @@ public:
             });
             if (write(file->path())) {
                 // The new catalogue stands. That a power failure could bring the former one back is no failure of it.
-                static_cast<void>(naming(catalogue, [&] { return file->commit(); }));
+                static_cast<void>(naming(catalogue, [&] { return commit(*file); }));
                 return std::move(result_);
             }
         }
@@ -113,6 +114,17 @@ public:
     }
 
 private:
+    /// Gives the new catalogue its name. An empty file that it replaces is no catalogue, and is not kept.
+    std::string commit(files::NewFile& file)
+    {
+        const bool keeps = options_.keepFormer && isCatalogue(file.target());
+        std::string warning = file.commit(keeps ? files::NewFile::Former::kept : files::NewFile::Former::dropped);
+        if (keeps) {
+            result_.former = files::formerFileOf(file.target()).value_or(fs::path());
+        }
+        return warning;
+    }
+
     bool goesOn() const { return !options_.progress || options_.progress(progress_); }
 
     /// Reads the file from its beginning up to the first price that tells the decimal separator. Returns false when
@@ -167,6 +179,8 @@ private:
         if (progress_.rows == 0) {
             raise(ErrorNumber::invalidFileFormat, file_, "it holds no rows");
         }
+        writer.setOrigin({.source = options_.sourceName.empty() ? file_.filename().string() : options_.sourceName,
+                          .entries = static_cast<std::int64_t>(result_.rows)});
         return result_.refusedCount == 0 && writer.finish([&](int built, int all) {
             progress_.indexesBuilt = built;
             progress_.indexesTotal = all;

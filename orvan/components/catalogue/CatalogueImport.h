@@ -57,6 +57,10 @@ struct CatalogueImportOptions {
         std::string unitPrice = {};
         std::string note = {};
     } columns = {};
+    /// What the catalogue keeps as the name of its source; if empty, the source file's own name.
+    std::string sourceName = {};
+    /// Keeps the catalogue that is replaced, until the next import, as CatalogueImportResult::former.
+    bool keepFormer = false;
     std::size_t mostRefused = 100; ///< How many refused rows are described; all are counted.
     /// Called every thousand rows while reading, and every few milliseconds while the indexes are built. Returning
     /// false cancels the import; an exception ends it and is passed on.
@@ -83,6 +87,7 @@ struct CatalogueImportResult {
     std::string ambiguousPrice; ///< One such price when the outcome is `ambiguous`.
     char delimiter = 0;         ///< The delimiter that was found or named.
     char decimalSeparator = 0;
+    std::filesystem::path former = {}; ///< The catalogue that was replaced; empty if none was, or none is kept.
 };
 
 CatalogueImportResult importCatalogue(const std::filesystem::path& source, const std::filesystem::path& catalogue,

@@ -1,6 +1,7 @@
 #include "orvan/components/catalogue/SqliteFile.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/Descriptor.h"
 
 #include <sqlite3.h>
 
@@ -64,6 +65,13 @@ void SqliteFile::Close::operator()(sqlite3* connection) const noexcept
 SqliteFile::SqliteFile(const std::filesystem::path& file, Access access)
     : path_(std::filesystem::absolute(file)) // a relative name may mean something else to SQLite (":memory:")
 {
+    if (std::error_code error; !std::filesystem::is_directory(path_, error)) { // SQLite itself refuses a folder
+        try {
+            files::refuseOtherThanFile(path_); // SQLite would wait at a pipe for another program
+        } catch (const RuntimeError& notAFile) {
+            raiseCatalogueError(notAFile.number(), path_, notAFile.text());
+        }
+    }
     const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     sqlite3* connection = nullptr;
     const int code = sqlite3_open_v2(path_.c_str(), &connection, flags, nullptr);

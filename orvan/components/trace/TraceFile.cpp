@@ -141,6 +141,9 @@ void TraceFile::writeLocked(std::string_view line, bool flushNow)
         if (options_.file.empty()) {
             throw RuntimeError(ErrorNumber::pathFileAccess, {}, "no file is named");
         }
+        if (std::error_code error; fs::is_fifo(options_.file, error)) { // opening it would wait for a reader
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "it is a pipe");
+        }
         sink_ = std::make_unique<Sink>(options_);
         if (processOf(options_.file) == ::getpid()) {
             removeOldFiles(options_.file.parent_path());

@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/EntryLine.h"
 
+#include "orvan/ui/qt/Alignment.h"
 #include "orvan/ui/qt/QtText.h"
 
 #include <QAction>
@@ -35,7 +36,7 @@ EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platf
     // Qt counts UTF-16 units and would cut a character in two; the limit is kept in fit() instead.
     setMaxLength(std::numeric_limits<int>::max());
     setReadOnly(design.readOnly);
-    setAlignment((design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    setAlignment(alignmentOf(design.alignment));
     if (design.alignment == ui::Alignment::right) {
         // Boxes that are aligned to the right hold amounts. Without text shaping their digits are exactly below each
         // other, and drawing them at each keystroke is faster. Qt still shapes the scripts that need it.

@@ -47,7 +47,9 @@ public:
         if (!port || (role != Qt::DisplayRole && role != Qt::EditRole) || index.row() >= port->combo().count()) {
             return {};
         }
-        return toQt(port->combo().itemText(index.row()));
+        const QString text = toQt(port->combo().itemText(index.row()));
+        return role == Qt::DisplayRole ? boundedText(text)
+                                       : text; // Qt measures and paints the one, and takes the other
     }
 
 private:

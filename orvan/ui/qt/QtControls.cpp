@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/QtControls.h"
 
+#include "orvan/ui/qt/Alignment.h"
 #include "orvan/ui/qt/ButtonPicture.h"
 #include "orvan/ui/qt/Colours.h"
 #include "orvan/ui/qt/FieldCard.h"
@@ -16,17 +17,12 @@ namespace {
 
 constexpr float kLineShade = 0.15F;
 
-Qt::Alignment alignmentOf(const ui::ControlDesign& design)
-{
-    return (design.alignment == ui::Alignment::right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
-}
-
 QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setText(plainCaption(design.caption)); // until nameFor sets a buddy, QLabel would show the '&' of a mnemonic
-    label->setAlignment(alignmentOf(design));
+    label->setAlignment(alignmentOf(design.alignment));
     return label;
 }
 

@@ -158,7 +158,7 @@ std::int32_t QtForm::window()
 void QtForm::doSetCaption()
 {
     if (window_) {
-        window_->setWindowTitle(toQt(caption()));
+        window_->setWindowTitle(titleText(toQt(caption())));
     }
 }
 

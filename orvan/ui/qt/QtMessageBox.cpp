@@ -57,8 +57,8 @@ ui::MessageResult QtMessageBox::show(const ui::Message& message)
     // The box is not on the stack, because its owner may be destroyed while it is open and then destroys it.
     QPointer<QMessageBox> box = new QMessageBox(owner ? owner->window() : nullptr);
     box->setTextFormat(Qt::PlainText);
-    box->setText(toQt(message.text));
-    box->setWindowTitle(toQt(message.title));
+    box->setText(boundedText(toQt(message.text)));
+    box->setWindowTitle(titleText(toQt(message.title)));
     box->setIcon(iconOf(message.icon));
     box->setStandardButtons(buttons.shown);
     box->setDefaultButton(buttons.preset);

@@ -1,16 +1,15 @@
 #include "orvan/ui/qt/QtSettingsStore.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/Descriptor.h"
 #include "orvan/files/WholeFile.h"
 #include "orvan/ui/qt/QtText.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QStandardPaths>
 
-#include <filesystem>
 #include <optional>
 
 // The store does not use QSettings: all QSettings objects for one file share what was read and what could not be
@@ -23,6 +22,8 @@ namespace {
 /// How long a change waits for the lock: far longer than another change takes. QLockFile itself takes over the lock of
 /// a program that has crashed.
 constexpr int kLockMilliseconds = 5000;
+constexpr std::int64_t kMostBytes =
+    64LL * 1024 * 1024; ///< A larger file cannot be settings, and would fill the memory.
 
 /// Percent-encodes all characters except those in `plain`, letters, digits and "-._~". '%' is always encoded.
 QByteArray encoded(std::string_view text, const QByteArray& plain)
@@ -100,7 +101,13 @@ void QtSettingsStore::set(std::string_view application, std::string_view section
     if (!QDir().mkpath(QFileInfo(path_).path())) {
         raise("written", QStringLiteral("its folder cannot be made"));
     }
-    QLockFile lock(path_ + QStringLiteral(".lock"));
+    const QString lockName = path_ + QStringLiteral(".lock");
+    try {
+        files::refuseOtherThanFile(pathOf(lockName)); // QLockFile would wait at a pipe for a writer
+    } catch (const RuntimeError& error) {
+        raise("written", QStringLiteral("of its lock file, ") + QString::fromUtf8(error.what()));
+    }
+    QLockFile lock(lockName);
     if (!lock.tryLock(kLockMilliseconds)) {
         raise("written", QStringLiteral("it cannot be locked"));
     }
@@ -121,16 +128,14 @@ void QtSettingsStore::set(std::string_view application, std::string_view section
 
 QList<QByteArray> QtSettingsStore::readLines() const
 {
-    QFile file(path_);
-    if (!file.exists()) {
+    if (!QFileInfo::exists(path_)) {
         return {};
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        raise("read", file.errorString());
-    }
-    QByteArray text = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        raise("read", file.errorString());
+    QByteArray text;
+    try {
+        text = QByteArray::fromStdString(files::readFile(pathOf(path_), kMostBytes).bytes);
+    } catch (const RuntimeError& error) {
+        raise("read", QString::fromUtf8(error.what()));
     }
     if (text.startsWith("\xEF\xBB\xBF")) {
         text.remove(0, 3); // a byte order mark that an editor has written
@@ -155,7 +160,7 @@ void QtSettingsStore::writeLines(const QList<QByteArray>& lines) const
         text.append(line.constData(), static_cast<std::size_t>(line.size())).append("\n");
     }
     try {
-        static_cast<void>(files::replaceFile(std::filesystem::path(path_.toStdU16String()), text));
+        static_cast<void>(files::replaceFile(pathOf(path_), text));
     } catch (const RuntimeError& error) {
         raise("written", QString::fromUtf8(error.what()));
     }

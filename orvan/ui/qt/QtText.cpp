@@ -3,12 +3,17 @@
 #include <QTextDocument>
 #include <Qt>
 
+#include <algorithm>
+
 namespace orvan::qt {
 
 namespace {
 
 /// A tool tip of more characters is given to Qt as markup, because Qt wraps only markup.
 constexpr qsizetype kUnwrappedTip = 80;
+/// The most characters and line ends of a text in a message box or a tool tip.
+constexpr qsizetype kMostCharacters = 1200;
+constexpr qsizetype kMostLineEnds = 24;
 
 } // namespace
 
@@ -27,8 +32,35 @@ QString markedCaption(std::string_view caption, char mnemonic)
     return marked;
 }
 
-QString toolTipText(const QString& plain)
+QString boundedText(const QString& text)
 {
+    qsizetype end = std::min(text.size(), kMostCharacters);
+    qsizetype lineEnd = -1;
+    for (qsizetype line = 0; line <= kMostLineEnds; ++line) {
+        lineEnd = text.indexOf(u'\n', lineEnd + 1);
+        if (lineEnd < 0) {
+            break;
+        }
+    }
+    end = lineEnd < 0 ? end : std::min(end, lineEnd);
+    if (end == text.size()) {
+        return text;
+    }
+    if (text[end].isLowSurrogate()) {
+        --end; // so that no character is cut in two
+    }
+    return text.left(end) + QStringLiteral("…");
+}
+
+QString titleText(const QString& plain)
+{
+    // Qt takes "[*]" for the place of its mark, but for two of them in a row.
+    return boundedText(plain).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+QString toolTipText(const QString& text)
+{
+    const QString plain = boundedText(text);
     if (plain.size() <= kUnwrappedTip && !Qt::mightBeRichText(plain)) {
         return plain;
     }

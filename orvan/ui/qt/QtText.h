@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -24,13 +25,25 @@ inline std::string fromQt(const QString& text)
     return text.toStdString();
 }
 
+inline std::filesystem::path pathOf(const QString& name)
+{
+    return std::filesystem::path(name.toStdU16String());
+}
+
 /// A design's caption as the user reads it: "&&" becomes one ampersand.
 QString plainCaption(std::string_view caption);
 
 /// A design's caption as Qt needs it: with '&' before the first character that equals the mnemonic, case included.
 QString markedCaption(std::string_view caption, char mnemonic);
 
-/// Text for a tool tip, changed so that Qt never takes the text itself for markup.
-QString toolTipText(const QString& plain);
+/// The beginning of a text, short enough for a message box or a tool tip that fits on a screen. A text that comes from
+/// a file may have a megabyte.
+QString boundedText(const QString& text);
+
+/// Text for a window's title, changed so that Qt never takes a "[*]" in it for the place of its own mark.
+QString titleText(const QString& plain);
+
+/// Text for a tool tip, bounded, and changed so that Qt never takes the text itself for markup.
+QString toolTipText(const QString& text);
 
 } // namespace orvan::qt

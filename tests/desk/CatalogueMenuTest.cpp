@@ -1,0 +1,206 @@
+// The desk's catalogue: what is asked before it is replaced, what is kept of it, and how that comes back.
+
+#include "CatalogueMenu.h"
+
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/files/FormerFile.h"
+#include "tests/support/QtEnvironment.h"
+#include "tests/support/Rows.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QTest>
+
+namespace orvan::desk {
+namespace {
+
+using test::forEachRow;
+using testing::HasSubstr;
+
+/// Presses a button in each window that comes up: the one that is named if the window has it, else OK. Keeps the texts.
+class User {
+public:
+    explicit User(const char* press) : press_(press)
+    {
+        QObject::connect(&timer_, &QTimer::timeout, [this] {
+            if (QWidget* const window = QApplication::activeModalWidget()) {
+                answer(*window);
+            }
+        });
+        timer_.start(10);
+    }
+
+    std::string told;
+
+private:
+    void answer(QWidget& window)
+    {
+        if (const auto* const box = qobject_cast<QMessageBox*>(&window)) {
+            told += box->text().toStdString() + '\n';
+            EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        }
+        if (qobject_cast<QProgressDialog*>(&window)) {
+            const auto* const label = window.findChild<QLabel*>();
+            told += label->text().toStdString() + '\n';
+            EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        }
+        QAbstractButton* pressed = nullptr;
+        for (auto* each : window.findChildren<QAbstractButton*>()) {
+            const QString text = each->text().remove(u'&');
+            pressed = text == QLatin1String(press_) || (!pressed && text == u"OK") ? each : pressed;
+        }
+        if (pressed) {
+            QTest::mouseClick(pressed, Qt::LeftButton);
+        }
+    }
+
+    const char* press_;
+    QTimer timer_;
+};
+
+class CatalogueMenuTest : public testing::Test {
+protected:
+    QString list(const char* name, const QByteArray& rows) const
+    {
+        const QString csv = folder.filePath(QString::fromUtf8(name));
+        QFile file(csv);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("part number,product,price\n" + rows);
+        return csv;
+    }
+    /// "present, former", as numbers of entries.
+    std::string state() const
+    {
+        const auto count = [](const std::filesystem::path& file) {
+            SqliteFile opened = openCatalogue(file);
+            return std::to_string(catalogueStatistics(opened).entries);
+        };
+        const auto former = files::formerFileOf(file());
+        return count(file()) + ", " + (former ? count(*former) : "none");
+    }
+    std::filesystem::path file() const { return path.toStdString(); }
+    bool canBringBack()
+    {
+        emit menu.aboutToShow();
+        return menu.actions().constLast()->isEnabled();
+    }
+
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("goods.catalogue"));
+    std::string problem;
+    CatalogueMenu menu{path, nullptr, [this](const QString& what, const QString& why, const QString& details) {
+                           problem = (what + why + details).toStdString();
+                       }};
+};
+
+TEST_F(CatalogueMenuTest, ReplacingIsAskedAboutAndTheFormerCatalogueComesBack)
+{
+    const QString two = list("two.csv", "A,Alpha,1\nB,Beta,2.5\n"), one = list("<b>.csv", "A,Alpha,1.5\n");
+    menu.importSampleIfNone();
+    EXPECT_EQ(state(), "296, none");
+    EXPECT_FALSE(canBringBack());
+    const auto import = [this](const QString& source) { return [this, source] { menu.importFrom(source); }; };
+    const auto sample = [this] { menu.useSample(); };
+    const auto bringBack = [this] { menu.bringBackFormer(); };
+    struct Row {
+        const char* name;
+        std::function<void()> action;
+        const char* press;
+        std::vector<const char*> told;
+        const char* state;
+    };
+    const Row rows[] = {
+        {"the sample, Cancel",
+         sample,
+         "Cancel",
+         {"296 products from “sample products”", "with the sample products?"},
+         "296, none"},
+        {"a list, Cancel", import(two), "Cancel", {"with the products of “two.csv”?"}, "296, none"},
+        {"a list", import(two), "Replace", {"now contains 2 products"}, "2, 296"},
+        {"another list",
+         import(one),
+         "Replace",
+         {"2 products from “two.csv”", "“<b>.csv”?", "is deleted: 296 products from “sample products”."},
+         "1, 2"},
+        {"bring back", bringBack, "", {"now contains 2 products from “two.csv”"}, "2, 1"},
+        {"bring back again", bringBack, "", {"now contains 1 product from “<b>.csv”"}, "1, 2"},
+        {"the sample", sample, "Replace", {"1 product from “<b>.csv”"}, "296, 1"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        User user(row.press);
+        row.action();
+        for (const char* const text : row.told) {
+            EXPECT_THAT(user.told, HasSubstr(text));
+        }
+        EXPECT_EQ(state(), row.state);
+        EXPECT_EQ(canBringBack(), !QLatin1String(row.state).endsWith(QLatin1String("none")));
+    });
+    EXPECT_EQ(problem, "");
+}
+
+TEST_F(CatalogueMenuTest, ADamagedCatalogueIsAskedAboutAndDoesNotComeBack)
+{
+    menu.importSampleIfNone();
+    QFile(path).resize(8192);
+    {
+        User user("Replace");
+        menu.useSample();
+        EXPECT_THAT(user.told, HasSubstr("contains products that cannot be read"));
+    }
+    menu.bringBackFormer();
+    EXPECT_THAT(problem, HasSubstr("it is damaged"));
+    SqliteFile opened = openCatalogue(file());
+    EXPECT_EQ(catalogueStatistics(opened).entries, 296);
+}
+
+TEST_F(CatalogueMenuTest, ACatalogueOfAnEarlierProgramIsCountedToo)
+{
+    menu.importSampleIfNone();
+    SqliteFile(file(), SqliteFile::Access::create).run("DROP TABLE origin");
+    User user("Cancel");
+    menu.useSample();
+    EXPECT_THAT(user.told, HasSubstr("The catalogue contains 296 products.\n"));
+}
+
+TEST_F(CatalogueMenuTest, APriceIsCutWhereItIsAskedAbout)
+{
+    User user("Cancel");
+    menu.importFrom(list("wide.csv", "A,Alpha,\"1,234" + QByteArray(50'000, ' ') + "\"\n"));
+    EXPECT_THAT(user.told, HasSubstr("What does “1,234 "));
+    EXPECT_LT(user.told.size(), 200U) << "a question, and not a page";
+}
+
+TEST_F(CatalogueMenuTest, AnImportIsCancelledWhenTheProgramEnds)
+{
+    menu.importSampleIfNone();
+    const QString source = list("long.csv", QByteArray("A,Alpha,1.5\n").repeated(400'000));
+    QTimer ends;
+    QObject::connect(&ends, &QTimer::timeout, [] {
+        if (qobject_cast<QProgressDialog*>(QApplication::activeModalWidget())) {
+            QApplication::exit();
+        }
+    });
+    ends.start(10);
+    QTimer::singleShot(0, qApp, [&] {
+        const User user("Replace");
+        EXPECT_FALSE(menu.importFrom(source));
+    });
+    QApplication::exec();
+    EXPECT_EQ(state(), "296, none");
+}
+
+TEST_F(CatalogueMenuTest, TheProgressShowsAFilesNameAsItIs)
+{
+    User user("Cancel");
+    menu.importFrom(list("<h1>long<h1>.csv", QByteArray("A,Alpha,1.5\n").repeated(400'000)));
+    EXPECT_THAT(user.told, HasSubstr("“<h1>long<h1>.csv”"));
+}
+
+} // namespace
+} // namespace orvan::desk

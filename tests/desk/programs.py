@@ -1,0 +1,104 @@
+"""Calls the programs as a user does, with what they have to refuse. Usage: programs.py DESK CATALOGUE GRID"""
+import json
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+PATIENCE = 20  # seconds; a program that waits for a pipe waits for ever
+DESK, CATALOGUE, GRID = (os.path.abspath(program) for program in sys.argv[1:])
+PRICES = "name,part number,price\nBolt,B-1,1.50\nNut \x1b[31m\u202egnp,B-2,2\n"
+QUOTE = {"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n", "date": "2026-11-20",
+         "products": ""}
+
+
+def call(folder: pathlib.Path, *words: str) -> tuple[int, str, str]:
+    """Exit status, output and errors; a status of -9 is that of a program that was still running."""
+    environment = dict(os.environ, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="offscreen",
+                       **{f"XDG_{kind}_HOME": str(folder / "home") for kind in ("CONFIG", "STATE", "DATA")})
+    with subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                          cwd=folder, env=environment) as process:
+        try:
+            output, errors = process.communicate(timeout=PATIENCE)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            output, errors = process.communicate()
+        return process.returncode, output, errors
+
+
+# The arguments; the exit status; what stands in the output or the errors.
+ROWS = [
+    ("import", [CATALOGUE, "import", "prices.csv", "goods"], 0, "2 entries in goods\n"),
+    ("import again", [CATALOGUE, "import", "prices.csv", "goods"], 0, "The former catalogue is kept as "),
+    ("control characters of a catalogue", [CATALOGUE, "search", "goods", "nut"], 0, "Nut \\x1B[31m\\u202Egnp\n"),
+    ("control characters of a name", [CATALOGUE, "search", "\x1b]0;x\x07", "nut"], 2, "\\x1B]0;x\\x07"),
+    ("control characters of a product", [GRID, "products"], 0, "Nut \\x1B[31m\\u202Egnp "),
+    ("a byte that is no text", [GRID, "bytes"], 0, "Nut \\x9B1m "),
+    ("search a pipe", [CATALOGUE, "search", "pipe", "x"], 2, "it is a pipe"),
+    ("search a device", [CATALOGUE, "search", "/dev/zero", "x"], 2, "it is a device"),
+    ("search a folder", [CATALOGUE, "search", ".", "x"], 2, "it is a directory"),
+    ("statistics of a pipe", [CATALOGUE, "statistics", "pipe"], 2, "it is a pipe"),
+    ("import a pipe", [CATALOGUE, "import", "pipe", "goods"], 2, "it is no file"),
+    ("import into a pipe", [CATALOGUE, "import", "prices.csv", "pipe"], 2, "there is another file of this name"),
+    ("a grid of a pipe", [GRID, "pipe"], 1, "is not a file"),
+    ("a grid of a device", [GRID, "/dev/zero"], 1, "is not a file"),
+    ("a grid of a folder", [GRID, "."], 1, "is not a file"),
+    ("a picture into a pipe", [DESK, "--render", "pipe.png"], 1, "there is something else of this name"),
+    ("a quote that is a pipe", [DESK, "--render", "desk.png", "pipe"], 1, "it is a pipe"),
+    ("a picture", [DESK, "--render", "desk.png", "n.quote.json"], 0, "desk.png\n"),
+    ("a way of editing", [DESK, "--render", "desk.png", "--editing", "classic"], 0, "desk.png\n"),
+    ("no way of editing", [DESK, "--editing", "careless"], 2, "must be classic or careful, not \"careless\""),
+    ("no theme", [DESK, "--theme", "blue"], 2, "must be light or dark"),
+    ("no sample", [DESK, "--sample", "x\x1b"], 2, "There is no sample \"x\\x1B\""),
+    ("two quotes", [DESK, "a", "b"], 2, "Only one quote"),
+    ("no option", [DESK, "--bogus"], 2, "bogus"),
+    ("the help", [DESK, "--help"], 0, "--editing"),
+]
+
+
+def check_rows(folder: pathlib.Path) -> list[str]:
+    failures = []
+    for name, words, status, text in ROWS:
+        found, output, errors = call(folder, *words)
+        if found != status or text not in output + errors or any(c in output + errors for c in "\x1b\u202e"):
+            failures.append(f"{name}: status {found}, {output!r}, {errors!r}")
+    return failures
+
+
+def check_signal(folder: pathlib.Path) -> list[str]:
+    """SIGTERM cancels an import, which leaves the catalogue as it was and no file of its own."""
+    with (folder / "long.csv").open("w") as file:
+        file.write("name,part number,price\n")
+        file.writelines(f"Product {row},P{row},1.50\n" for row in range(500_000))
+    before = sorted(path.name for path in folder.iterdir()), (folder / "goods").read_bytes()
+    with subprocess.Popen([CATALOGUE, "import", "long.csv", "goods"], cwd=folder, stderr=subprocess.PIPE) as process:
+        end = time.monotonic() + PATIENCE
+        while not list(folder.glob(".orvan-new-*")) and time.monotonic() < end:
+            time.sleep(0.01)
+        process.send_signal(signal.SIGTERM)
+        try:
+            status = process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            status = None
+    after = sorted(path.name for path in folder.iterdir()), (folder / "goods").read_bytes()
+    return [] if status == 130 and before == after else [f"SIGTERM: status {status}, {before[0]}, {after[0]}"]
+
+
+def main() -> None:
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        (folder / "prices.csv").write_text(PRICES)
+        (folder / "products").write_text("1~Nut \x1b[31m\u202egnp:::5:1:0:5:~")
+        (folder / "bytes").write_bytes(b"1~Nut \x9b1m:::5:1:0:5:~")
+        (folder / "n.quote.json").write_text(json.dumps(QUOTE))
+        for pipe in ("pipe", "pipe.png"):
+            os.mkfifo(folder / pipe)
+        failures = check_rows(folder) + check_signal(folder)
+    sys.exit("\n".join(failures) or None)
+
+
+main()
