@@ -132,11 +132,21 @@ Quote quoteFromJson(const QJsonObject& object)
     return quote;
 }
 
+QByteArray quoteToBytes(const Quote& quote)
+{
+    return QJsonDocument(quoteToJson(quote)).toJson();
+}
+
+Quote quoteFromBytes(const QByteArray& bytes)
+{
+    return quoteFromJson(parseDeskFile(bytes, kFormat, kVersion));
+}
+
 QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts)
 {
     const files::WholeFile file = bytesOf(path);
     const QByteArray bytes = QByteArray::fromRawData(file.bytes.data(), static_cast<qsizetype>(file.bytes.size()));
-    const Quote quote = quoteFromJson(parseDeskFile(bytes, kFormat, kVersion));
+    const Quote quote = quoteFromBytes(bytes);
     try {
         checkProducts(quote.products);
     } catch (const std::exception& error) {
@@ -147,7 +157,7 @@ QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts)
 
 files::ReplacedFile writeQuote(const QString& path, const Quote& quote)
 {
-    const QByteArray bytes = QJsonDocument(quoteToJson(quote)).toJson();
+    const QByteArray bytes = quoteToBytes(quote);
     try {
         return files::replaceFile(std::filesystem::path(path.toStdU16String()),
                                   {bytes.constData(), static_cast<std::size_t>(bytes.size())});

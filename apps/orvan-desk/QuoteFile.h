@@ -56,6 +56,9 @@ struct QuoteOnDisk {
 [[nodiscard]] QJsonObject parseDeskFile(const QByteArray& bytes, const QString& format, int version);
 [[nodiscard]] QJsonObject quoteToJson(const Quote& quote);
 [[nodiscard]] Quote quoteFromJson(const QJsonObject& object);
+/// A quote file's bytes.
+[[nodiscard]] QByteArray quoteToBytes(const Quote& quote);
+[[nodiscard]] Quote quoteFromBytes(const QByteArray& bytes);
 
 /// A text from a file, short enough for a message: a damaged file may hold a megabyte where a date belongs.
 [[nodiscard]] QString shortened(const QString& text);
