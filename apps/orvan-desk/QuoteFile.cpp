@@ -49,7 +49,8 @@ QDate dateOf(const QJsonObject& object)
 {
     const QString text = textOf(object, kDateName);
     const QDate date = QDate::fromString(text, Qt::ISODate);
-    if (!date.isValid()) {
+    // Qt also reads a date with more behind it, such as a time, which would be lost when the quote is saved.
+    if (date.toString(Qt::ISODate) != text || !date.isValid()) {
         throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(shortened(text)));
     }
     return date;

@@ -3,6 +3,8 @@
 #include "QuoteFile.h"
 #include "tests/fuzz/FuzzTarget.h"
 
+#include <QJsonDocument>
+
 namespace orvan::fuzz {
 namespace {
 
@@ -14,8 +16,9 @@ void checkFile(const QByteArray& bytes)
         const Quote quote = desk::quoteFromBytes(bytes);
         const QByteArray written = desk::quoteToBytes(quote);
         require(desk::quoteFromBytes(written) == quote, "what was read from a file is written and read again");
-        require(bytes.contains(quote.date.toString(Qt::ISODate).toUtf8()) || bytes.contains('\\'),
-                "the date is one that stands in the file");
+        const QJsonObject object = QJsonDocument::fromJson(bytes).object();
+        require(object[u"date"].toString() == quote.date.toString(Qt::ISODate), "the date is the whole text");
+        require(object[u"products"].toString().toUtf8().toStdString() == quote.products, "the products");
     } catch (const desk::QuoteFileError& error) {
         require(*error.what() != '\0', "the user is told what is wrong");
     }
