@@ -4,6 +4,9 @@ include(GNUInstallDirs)
 
 set(ORVAN_SOURCE_ROOT ${CMAKE_CURRENT_SOURCE_DIR})
 
+if(ORVAN_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 if(ORVAN_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)

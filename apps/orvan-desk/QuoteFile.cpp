@@ -48,7 +48,8 @@ QDate dateOf(const QJsonObject& object)
 {
     const QString text = textOf(object, kDateName);
     const QDate date = QDate::fromString(text, Qt::ISODate);
-    if (!date.isValid()) {
+    // Qt also reads a date with more behind it, such as a time, which would be lost when the quote is saved.
+    if (date.toString(Qt::ISODate) != text || !date.isValid()) {
         throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(shortened(text)));
     }
     return date;
@@ -126,11 +127,21 @@ Quote quoteFromJson(const QJsonObject& object)
     return quote;
 }
 
+QByteArray quoteToBytes(const Quote& quote)
+{
+    return QJsonDocument(quoteToJson(quote)).toJson();
+}
+
+Quote quoteFromBytes(const QByteArray& bytes)
+{
+    return quoteFromJson(parseDeskFile(bytes, kFormat, kVersion));
+}
+
 QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts)
 {
     const files::WholeFile file = bytesOf(path);
     const QByteArray bytes = QByteArray::fromRawData(file.bytes.data(), static_cast<qsizetype>(file.bytes.size()));
-    const Quote quote = quoteFromJson(parseDeskFile(bytes, kFormat, kVersion));
+    const Quote quote = quoteFromBytes(bytes);
     try {
         checkProducts(quote.products);
     } catch (const std::exception& error) {
@@ -141,7 +152,7 @@ QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts)
 
 files::ReplacedFile writeQuote(const QString& path, const Quote& quote)
 {
-    const QByteArray bytes = QJsonDocument(quoteToJson(quote)).toJson();
+    const QByteArray bytes = quoteToBytes(quote);
     try {
         return files::replaceFile(pathOf(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
     } catch (const RuntimeError& error) {

@@ -56,5 +56,8 @@ struct QuoteOnDisk {
 [[nodiscard]] QJsonObject parseDeskFile(const QByteArray& bytes, const QString& format, int version);
 [[nodiscard]] QJsonObject quoteToJson(const Quote& quote);
 [[nodiscard]] Quote quoteFromJson(const QJsonObject& object);
+/// A quote file's bytes.
+[[nodiscard]] QByteArray quoteToBytes(const Quote& quote);
+[[nodiscard]] Quote quoteFromBytes(const QByteArray& bytes);
 
 } // namespace orvan::desk

@@ -33,18 +33,14 @@ QString newFileName()
     return QString::number(::getpid()) + u'-' + QUuid::createUuid().toString(QUuid::Id128) + kSuffix;
 }
 
-QByteArray copyBytes(const UnsavedWork& work)
+/// The copy of a desk that is this process.
+RecoveryCopy ownCopy(const UnsavedWork& work)
 {
-    const QJsonObject object{
-        {QStringLiteral("format"), kFormat},
-        {QStringLiteral("version"), kVersion},
-        {QStringLiteral("time"), QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs)},
-        {QStringLiteral("host"), QString::fromStdString(files::hostName())},
-        {QStringLiteral("process"), qint64(::getpid())},
-        {QStringLiteral("processIdentity"), QString::fromStdString(files::processIdentity(::getpid()))},
-        {QStringLiteral("path"), work.path},
-        {QStringLiteral("quote"), quoteToJson(work.quote)}};
-    return QJsonDocument(object).toJson();
+    return {.work = work,
+            .time = QDateTime::currentDateTimeUtc(),
+            .host = QString::fromStdString(files::hostName()),
+            .process = ::getpid(),
+            .processIdentity = QString::fromStdString(files::processIdentity(::getpid()))};
 }
 
 struct Copy {
@@ -55,18 +51,37 @@ struct Copy {
 Copy readCopy(const QString& file)
 {
     const std::string bytes = files::readFile(pathOf(file), kMostQuoteBytes).bytes;
-    const QJsonObject object = parseDeskFile(QByteArray::fromStdString(bytes), kFormat, kVersion);
-    const bool thisHost = object[u"host"].toString().toStdString() == files::hostName();
-    const bool runs =
-        files::isRunning(object[u"process"].toInteger(), object[u"processIdentity"].toString().toStdString());
-    return {.abandoned = {.file = file,
-                          .time = QDateTime::fromString(object[u"time"].toString(), Qt::ISODateWithMs).toLocalTime(),
-                          .work = {.quote = quoteFromJson(object[u"quote"].toObject()),
-                                   .path = object[u"path"].toString()}},
+    const RecoveryCopy copy = copyFromBytes(QByteArray::fromStdString(bytes));
+    const bool thisHost = copy.host.toStdString() == files::hostName();
+    const bool runs = files::isRunning(copy.process, copy.processIdentity.toStdString());
+    return {.abandoned = {.file = file, .time = copy.time.toLocalTime(), .work = copy.work},
             .running = !thisHost || runs};
 }
 
 } // namespace
+
+QByteArray copyToBytes(const RecoveryCopy& copy)
+{
+    const QJsonObject object{{QStringLiteral("format"), kFormat},
+                             {QStringLiteral("version"), kVersion},
+                             {QStringLiteral("time"), copy.time.toString(Qt::ISODateWithMs)},
+                             {QStringLiteral("host"), copy.host},
+                             {QStringLiteral("process"), copy.process},
+                             {QStringLiteral("processIdentity"), copy.processIdentity},
+                             {QStringLiteral("path"), copy.work.path},
+                             {QStringLiteral("quote"), quoteToJson(copy.work.quote)}};
+    return QJsonDocument(object).toJson();
+}
+
+RecoveryCopy copyFromBytes(const QByteArray& bytes)
+{
+    const QJsonObject object = parseDeskFile(bytes, kFormat, kVersion);
+    return {.work = {.quote = quoteFromJson(object[u"quote"].toObject()), .path = object[u"path"].toString()},
+            .time = QDateTime::fromString(object[u"time"].toString(), Qt::ISODateWithMs),
+            .host = object[u"host"].toString(),
+            .process = object[u"process"].toInteger(),
+            .processIdentity = object[u"processIdentity"].toString()};
+}
 
 QString defaultRecoveryFolder()
 {
@@ -142,7 +157,7 @@ bool RecoveryKeeper::write(const UnsavedWork& work)
 {
     try {
         std::filesystem::create_directories(pathOf(folder_));
-        const std::string warning = files::replaceFile(pathOf(file_), copyBytes(work).toStdString()).warning;
+        const std::string warning = files::replaceFile(pathOf(file_), copyToBytes(ownCopy(work)).toStdString()).warning;
         if (warning.empty()) {
             const std::lock_guard lock(mutex_);
             reported_ = false; // a disk that fills up again is told again

@@ -73,6 +73,19 @@ private:
     std::thread thread_; ///< Last: it uses all the others.
 };
 
+/// What a copy's bytes say: the work, and which desk has kept it.
+struct RecoveryCopy {
+    UnsavedWork work;
+    QDateTime time;
+    QString host;
+    qint64 process = 0;
+    QString processIdentity; ///< Tells a process from a later one with the same number.
+};
+
+[[nodiscard]] QByteArray copyToBytes(const RecoveryCopy& copy);
+/// Raises QuoteFileError for bytes that are no copy.
+[[nodiscard]] RecoveryCopy copyFromBytes(const QByteArray& bytes);
+
 /// A copy whose desk has ended.
 struct AbandonedWork {
     QString file; ///< The copy.

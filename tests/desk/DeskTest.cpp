@@ -103,6 +103,7 @@ TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
         {"no customer", with("customer", "costumer"), "\"customer\" is missing"},
         {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
         {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
+        {"a date and a time", with("2026-11-20", "2026-11-20T10:00"), "\"2026-11-20T10:00\" is not a date"},
         {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"},
     };
     forEachRow(rows, [&](const Row& row) {

@@ -199,6 +199,7 @@ TEST(NumberPattern, SeparatorsThatCannotBeReadBackGiveWay)
         {"both too long", "::", ".'", ".", "\u00A0"},
         {"both the same", ".", ".", ".", "\u00A0"},
         {"a digit as the group separator", ".", "1", ".", "\u00A0"},
+        {"both a no-break space", "\u00A0", "\u00A0", "\u00A0", "'"},
     };
     forEachRow(rows, [](const Row& row) {
         NumberPattern pattern{.decimalSeparator = row.decimal, .groupSeparator = row.group};

@@ -10,7 +10,6 @@ namespace orvan {
 
 namespace {
 
-constexpr std::size_t kReadSize = std::size_t{256} * 1024;
 constexpr std::size_t kLongestRecord = std::size_t{1024} * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kDelimiters = ",;\t|";
@@ -33,8 +32,8 @@ std::uint64_t lineBreaks(std::string_view text)
 
 } // namespace
 
-CsvReader::CsvReader(std::istream& input, std::string name, char delimiter)
-    : input_(input), name_(std::move(name)), delimiter_(delimiter)
+CsvReader::CsvReader(std::istream& input, std::string name, char delimiter, std::size_t readSize)
+    : input_(input), name_(std::move(name)), delimiter_(delimiter), readSize_(readSize)
 {
 }
 
@@ -51,7 +50,7 @@ bool CsvReader::fill()
     if (end_ > kLongestRecord) {
         raise(ErrorNumber::invalidFileFormat, "a quote in line " + std::to_string(nextLine_) + " is never closed");
     }
-    buffer_.resize(std::max(buffer_.size(), end_ + kReadSize));
+    buffer_.resize(std::max(buffer_.size(), end_ + readSize_));
     input_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
     if (input_.bad()) {
         raise(ErrorNumber::pathFileAccess, "it cannot be read");

@@ -10,6 +10,7 @@
 // the file's name.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <istream>
 #include <string>
@@ -20,9 +21,12 @@ namespace orvan {
 
 class CsvReader {
 public:
+    static constexpr std::size_t kReadSize = std::size_t{256} * 1024;
+
     /// With the delimiter 0, the reader takes the one that is most frequent in the first line: comma, semicolon, tab or
-    /// vertical bar.
-    CsvReader(std::istream& input, std::string name, char delimiter = 0);
+    /// vertical bar. `readSize` is how many bytes are read at a time: at least three, the size of a byte order mark,
+    /// and with the delimiter 0 the whole first line. A short file needs no large buffer.
+    CsvReader(std::istream& input, std::string name, char delimiter = 0, std::size_t readSize = kReadSize);
 
     /// Reads the next record. Returns false at the end of the file.
     bool next();
@@ -49,6 +53,7 @@ private:
     std::istream& input_;
     const std::string name_;
     char delimiter_;
+    const std::size_t readSize_;
     std::string buffer_;
     std::size_t at_ = 0;  ///< Where the next record begins in the buffer.
     std::size_t end_ = 0; ///< Where the bytes that have been read end in the buffer.

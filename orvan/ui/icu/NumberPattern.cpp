@@ -79,7 +79,8 @@ void makeReadable(NumberPattern& pattern)
         pattern.decimalSeparator.assign(1, pattern.groupSeparator == "." ? ',' : '.');
     }
     if (looksLikeDigits(pattern.groupSeparator, pattern.decimalSeparator)) {
-        pattern.groupSeparator = "\u00A0";
+        constexpr std::string_view kNoBreakSpace = "\u00A0";
+        pattern.groupSeparator = looksLikeDigits(kNoBreakSpace, pattern.decimalSeparator) ? "'" : kNoBreakSpace;
     }
 }
 

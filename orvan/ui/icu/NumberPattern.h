@@ -46,8 +46,7 @@ void appendAmount(std::string& text, const NumberPattern& pattern, Currency valu
 /// - a decimal separator that is a digit, or not exactly one character, would be lost: it is replaced by ".", or by ","
 ///   if "." separates the groups;
 /// - a group separator that contains a digit or the decimal separator would be kept as part of the number: it is
-/// replaced
-///   by a no-break space.
+///   replaced by a no-break space, or by an apostrophe if the no-break space is the decimal separator.
 void makeReadable(NumberPattern& pattern);
 
 /// Reads digits with at most one decimal separator, of either pattern. Group separators of either pattern are skipped

@@ -1,0 +1,188 @@
+#include "orvan/components/catalogue/ImportRun.h"
+
+#include "orvan/base/Ascii.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/CaseFolding.h"
+#include "orvan/components/catalogue/PriceText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+namespace orvan {
+
+namespace {
+
+using Outcome = CatalogueImportResult::Outcome;
+
+constexpr std::uint64_t kRowsBetweenReports = 1000;
+constexpr std::uint64_t kLeastRead = 4096;    // bytes at a time, in a list that is shorter, or grows meanwhile
+constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
+
+[[noreturn]] void raise(const ImportSource& source, std::string_view reason)
+{
+    throw RuntimeError(ErrorNumber::invalidFileFormat, {}, std::string(source.name).append(": ").append(reason));
+}
+
+bool readId(std::string_view text, std::int32_t& id)
+{
+    const std::string_view digits = trimmed(text);
+    const char* const end = digits.data() + digits.size();
+    const auto [rest, error] = std::from_chars(digits.data(), end, id);
+    return error == std::errc() && rest == end;
+}
+
+std::string refusal(std::string_view what, std::string_view value, std::string_view problem)
+{
+    std::string text(what);
+    return text.append(" \"").append(firstCharacters(value, kQuotedCharacters)).append("\" ").append(problem);
+}
+
+/// The first read has to hold the whole first line, in which the delimiter is found.
+std::size_t readSize(const ImportSource& source)
+{
+    return std::clamp<std::size_t>(source.bytes + 1, kLeastRead, CsvReader::kReadSize);
+}
+
+} // namespace
+
+ImportRun::Rows::Rows(const ImportSource& source, const CatalogueImportOptions& options)
+    : stream_(source.open()), reader_(*stream_, source.name, options.delimiter, readSize(source))
+{
+    if (!reader_.next() || !reader_.problem().empty()) {
+        raise(source, "it does not begin with the names of its columns");
+    }
+    columns_ = findColumns(reader_.fields(), options.columns, source.name);
+    width_ = reader_.fields().size();
+}
+
+std::string_view ImportRun::Rows::field(const std::optional<std::size_t>& column) const
+{
+    return column ? reader_.fields()[*column] : std::string_view();
+}
+
+ImportRun::ImportRun(ImportSource source, const CatalogueImportOptions& options)
+    : source_(std::move(source)), options_(options), rows_(source_, options)
+{
+    progress_.bytesTotal = source_.bytes;
+    result_.delimiter = rows_.reader().delimiter();
+}
+
+CatalogueImportResult ImportRun::end(bool imported)
+{
+    if (!imported) {
+        result_.outcome = result_.refusedCount > 0          ? Outcome::refused
+                          : !result_.ambiguousPrice.empty() ? Outcome::ambiguous
+                                                            : Outcome::cancelled;
+    }
+    return std::move(result_);
+}
+
+bool ImportRun::findDecimalSeparator()
+{
+    result_.decimalSeparator = options_.decimalSeparator;
+    if (result_.decimalSeparator != 0) {
+        return true;
+    }
+    result_.decimalSeparator = '.';
+    Rows all(source_, options_);
+    std::string ambiguous;
+    for (std::uint64_t rows = 0; all.reader().next(); ++rows) {
+        if (rows % kRowsBetweenReports == 0 && !goesOn()) {
+            return false;
+        }
+        if (!all.isComplete()) {
+            continue; // write() refuses this row
+        }
+        const std::string_view price = all.field(all.columns().unitPrice);
+        switch (decimalEvidence(price)) {
+        case DecimalEvidence::none: break;
+        case DecimalEvidence::ambiguous: ambiguous = price; break;
+        case DecimalEvidence::comma: result_.decimalSeparator = ','; return true;
+        case DecimalEvidence::point: return true;
+        }
+    }
+    result_.ambiguousPrice = ambiguous;
+    return ambiguous.empty();
+}
+
+bool ImportRun::write(const std::filesystem::path& catalogue)
+{
+    CatalogueWriter writer(catalogue);
+    CsvReader& reader = rows_.reader();
+    while (reader.next()) {
+        if (const std::string reason = add(writer); reason.empty()) {
+            ++result_.rows;
+        } else {
+            refuse(reader.line(), reason);
+        }
+        ++progress_.rows;
+        progress_.bytesRead = reader.bytesRead();
+        if (progress_.rows % kRowsBetweenReports == 0 && !goesOn()) {
+            result_.refusedCount = 0; // so that the outcome is `cancelled` and not `refused`
+            result_.refused.clear();
+            return false;
+        }
+    }
+    if (progress_.rows == 0) {
+        raise(source_, "it holds no rows");
+    }
+    writer.setOrigin({.source = source_.origin, .entries = static_cast<std::int64_t>(result_.rows)});
+    return result_.refusedCount == 0 && writer.finish([&](int built, int all) {
+        progress_.indexesBuilt = built;
+        progress_.indexesTotal = all;
+        return goesOn();
+    });
+}
+
+void ImportRun::refuse(std::uint64_t line, const std::string& reason)
+{
+    ++result_.refusedCount;
+    if (result_.refused.size() < options_.mostRefused) {
+        result_.refused.push_back({line, reason});
+    }
+}
+
+/// Adds the current record. Returns the reason when it is refused, and an empty text when it was added.
+std::string ImportRun::add(CatalogueWriter& writer)
+{
+    const CsvReader& reader = rows_.reader();
+    const CatalogueColumns& columns = rows_.columns();
+    if (!reader.problem().empty()) {
+        return std::string(reader.problem());
+    }
+    if (!rows_.isComplete()) {
+        return std::to_string(reader.fields().size()) + " fields where the first line has " +
+               std::to_string(rows_.width());
+    }
+    CatalogueEntry entry{.itemId = 0,
+                         .name = rows_.field(columns.name),
+                         .key = rows_.field(columns.key),
+                         .partNum = rows_.field(columns.partNum),
+                         .unitPrice = {},
+                         .note = rows_.field(columns.note)};
+    for (const std::string_view text : {entry.name, entry.key, entry.partNum, entry.note}) {
+        if (!isUtf8(text)) {
+            return "text that is not UTF-8";
+        }
+    }
+    if (entry.name.empty() && entry.partNum.empty()) {
+        return "neither a name nor a part number";
+    }
+    const std::string_view price = trimmed(rows_.field(columns.unitPrice));
+    entry.unitPrice = readPrice(price, result_.decimalSeparator);
+    if (!price.empty() && !entry.unitPrice) {
+        return refusal("the unit price", price, "is no amount with a decimal ")
+            .append(result_.decimalSeparator == '.' ? "point" : "comma");
+    }
+    if (!columns.itemId) {
+        entry.itemId = static_cast<std::int32_t>(progress_.rows + 1);
+    } else if (const std::string_view id = rows_.field(columns.itemId); !readId(id, entry.itemId)) {
+        return refusal("the item id", id, "is no whole number of 32 bits");
+    }
+    return writer.add(entry) ? std::string()
+                             : refusal("the item id", std::to_string(entry.itemId), "is in an earlier row, too");
+}
+
+} // namespace orvan
