@@ -7,6 +7,8 @@
 #include "orvan/core/Trace.h"
 #include "orvan/hosting/ComponentRegistry.h"
 #include "orvan/hosting/HeadlessProductView.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/ui/Surface.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
 #include "tests/fuzz/FuzzTarget.h"
 #include "tests/fuzz/PlainNumbers.h"
@@ -120,10 +122,11 @@ Layout expectedOf(const std::string& text)
 
 Layout layoutOf(HeadlessProductView& view)
 {
+    const auto& grid = dynamic_cast<ui::Surface&>(view.surface()).control<ui::Grid>("flexGrid");
     Layout layout;
-    for (std::int32_t column = 0; column < view.flexGrid().columnCount(); ++column) {
-        layout.keys.push_back((view.flexGrid().columnHidden(column) ? "-" : "") + view.flexGrid().columnKey(column));
-        layout.widths.push_back(view.flexGrid().columnWidth(column));
+    for (std::int32_t column = 0; column < grid.columnCount(); ++column) {
+        layout.keys.push_back((grid.columnHidden(column) ? "-" : "") + grid.columnKey(column));
+        layout.widths.push_back(grid.columnWidth(column));
     }
     return layout;
 }
