@@ -12,14 +12,19 @@ thread_local long allocationsLeft = -1;
 
 } // namespace
 
-// The other forms of new and delete call these.
+void* operator new(std::size_t size, const std::nothrow_t& /*unused*/) noexcept
+{
+    if (allocationsLeft == 0) {
+        return nullptr;
+    }
+    allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
 void* operator new(std::size_t size)
 {
-    if (allocationsLeft != 0) {
-        allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
-        if (void* const memory = std::malloc(size == 0 ? 1 : size)) {
-            return memory;
-        }
+    if (void* const memory = operator new(size, std::nothrow)) {
+        return memory;
     }
     throw std::bad_alloc();
 }

@@ -100,6 +100,7 @@ TEST_F(ForeignErrorsTest, WhateverATraceThrowsArrivesAsARuntimeError)
 
 TEST_F(ForeignErrorsTest, WhateverAServiceThrowsArrivesAsARuntimeError)
 {
+    makeView(); // enters the library, which every thread does only once
     forEachRow(kKinds, [&](const Kind& kind) {
         const auto makeViewOn = [&](ui::ComponentFactory& components) {
             headless::HeadlessPlatform own(locale, components);
