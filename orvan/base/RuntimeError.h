@@ -40,7 +40,7 @@ struct ErrorNumber {
 /// The standard text of an error number; "Application-defined or object-defined error" for a number without one.
 [[nodiscard]] std::string_view standardErrorText(std::int32_t number);
 
-class RuntimeError : public std::exception {
+class [[gnu::visibility("default")]] RuntimeError : public std::exception {
 public:
     /// Number 0 means "no error" and cannot be raised: it becomes 5 (invalid procedure call), as in the
     /// runtime that the numbers come from.

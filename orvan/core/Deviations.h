@@ -34,6 +34,7 @@ enum class Deviation {
     failedRevertKeepsTheForm,
     gridShowsTheUsersMoney,
     failedRefreshShowsFormerRows,
+    halfShownProductIsNotSaved,
 };
 
 struct DeviationRow {
@@ -96,6 +97,9 @@ inline constexpr DeviationRow kDeviations[] = {
     {Deviation::failedRefreshShowsFormerRows,
      "A refresh of the list that fails leaves redrawing off until the next one.",
      "The former rows are shown again: a list that does not react looks like a crash."},
+    {Deviation::halfShownProductIsNotSaved,
+     "After an error while a product is loaded, the boxes, which still show the former product, are saved into it.",
+     "Nothing is saved until a product is shown whole: otherwise one product is overwritten with another."},
 };
 
 namespace detail {
@@ -108,7 +112,7 @@ constexpr bool deviationsAreComplete()
             return false;
         }
     }
-    return std::size(kDeviations) == static_cast<std::size_t>(Deviation::failedRefreshShowsFormerRows) + 1;
+    return std::size(kDeviations) == static_cast<std::size_t>(Deviation::halfShownProductIsNotSaved) + 1;
 }
 static_assert(deviationsAreComplete());
 

@@ -72,6 +72,8 @@ public:
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
     bool initializing = false;
     bool showingProduct = false; ///< The program writes a product into the boxes.
+    /// The session has gone on to another product, and not all boxes show it yet. Stays true when an error ends that.
+    bool halfShown = false;
 
 private:
     template <class T>

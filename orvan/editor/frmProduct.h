@@ -20,6 +20,7 @@
 #include "orvan/ui/MessageBox.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -89,6 +90,9 @@ private:
     /// Does the work of PrvDeleteProduct and of cmdDelete_Click, which trace it under different labels.
     void askAndDelete();
     /// Enables each command that moves to another product if there is such a product, else disables it.
+    /// Runs `load`, which makes another product the current one and shows it.
+    void goOnToProduct(const std::function<void()>& load);
+    void beginNewProduct();
     void showNavigationState();
     /// Enables or disables the fields and the delete commands, which can be used only while a product is shown.
     void setProductShown(bool shown);

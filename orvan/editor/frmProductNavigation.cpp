@@ -25,14 +25,30 @@ void frmProduct::PrvSeekProduct(std::int32_t lOffset)
         bool found = false;
         productMgr()->SeekIndex(probe, lOffset, found);
         if (found) {
-            currentIndex_ = probe;
-            heldProduct.reset();
-            heldProduct = productAt(currentIndex_);
-            PrvLoadProductInfo();
+            goOnToProduct([&] {
+                currentIndex_ = probe;
+                heldProduct.reset();
+                heldProduct = productAt(currentIndex_);
+                PrvLoadProductInfo();
+            });
             PrvSetFormCaption();
         }
         showNavigationState();
     });
+}
+
+void frmProduct::goOnToProduct(const std::function<void()>& load)
+{
+    halfShown = true;
+    try {
+        load();
+    } catch (...) {
+        if (differs(platform_, Deviation::halfShownProductIsNotSaved)) {
+            setProductShown(false); // where the user keeps the form, nothing is typed that would not be saved
+        }
+        throw;
+    }
+    halfShown = false;
 }
 
 void frmProduct::showNavigationState()
@@ -75,16 +91,21 @@ void frmProduct::PrvAddNewProduct()
             return;
         }
         dirty_ = true; // PrvSetDirty would do nothing while initializing, but a new product always counts as a change
-        heldProduct.reset();
-        heldProduct = productMgr()->AddNewProduct();
-        productAdded_ = heldProduct != nullptr;
-        currentProduct()->SetKey("");
-        currentProduct()->SetQty(Currency::fromInteger(1));
-        currentProduct()->SetDiscPrcnt(Currency());
-        currentIndex_ = productMgr()->GetProductCount();
-        PrvLoadProductInfo();
+        goOnToProduct([&] { beginNewProduct(); });
         PrvSetFormCaption();
     });
+}
+
+void frmProduct::beginNewProduct()
+{
+    heldProduct.reset();
+    heldProduct = productMgr()->AddNewProduct();
+    productAdded_ = heldProduct != nullptr;
+    currentProduct()->SetKey("");
+    currentProduct()->SetQty(Currency::fromInteger(1));
+    currentProduct()->SetDiscPrcnt(Currency());
+    currentIndex_ = productMgr()->GetProductCount();
+    PrvLoadProductInfo();
 }
 
 void frmProduct::PrvDeleteProduct()

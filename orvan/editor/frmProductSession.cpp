@@ -59,10 +59,12 @@ std::shared_ptr<ProductRecord> frmProduct::productAt(std::int32_t index)
 void frmProduct::PrvLoadProductInfo()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvLoadProductInfo", [&] {
-        heldProduct = productAt(currentIndex_);
-        setProductShown(true);
-        lookUp_.forgetFormerText();
-        fields_.showProduct();
+        goOnToProduct([&] {
+            heldProduct = productAt(currentIndex_);
+            setProductShown(true);
+            lookUp_.forgetFormerText();
+            fields_.showProduct();
+        });
     });
 }
 

@@ -221,9 +221,17 @@ std::string_view FieldEntry::shownPart(const TextField& field, const std::string
     return firstCharacters(value, static_cast<std::size_t>(field.mostShown));
 }
 
+bool FieldEntry::mustNotSave() const
+{
+    return session_.halfShown && differs(session_.platform(), Deviation::halfShownProductIsNotSaved);
+}
+
 void FieldEntry::saveText(const TextFieldBox& text)
 {
     tracePropagate(text.field.saveLabel, [&] {
+        if (mustNotSave()) {
+            return;
+        }
         const auto product = session_.currentProduct();
         const std::string value = ((*product).*text.field.value)();
         const bool asShown = text.box.text() == shownPart(text.field, value);
@@ -247,7 +255,7 @@ void FieldEntry::saveAmount(const AmountBox& amount)
 {
     const AmountField& field = amount.field;
     tracePropagate(field.saveLabel, [&] {
-        if (keepsUnvisited(amount)) {
+        if (mustNotSave() || keepsUnvisited(amount)) {
             return;
         }
         Currency cyValue =
@@ -265,6 +273,9 @@ void FieldEntry::saveAmount(const AmountBox& amount)
 
 void FieldEntry::PrvCalcExtPrice()
 {
+    if (mustNotSave()) {
+        return;
+    }
     try {
         calcExtPrice();
     } catch (...) {

@@ -78,6 +78,8 @@ private:
 
     void saveText(const TextFieldBox& text);
     /// Whether a save leaves the record's amount as it is: the box may show less of it than the record holds.
+    /// Deviation::halfShownProductIsNotSaved: the boxes still show another product.
+    [[nodiscard]] bool mustNotSave() const;
     [[nodiscard]] bool keepsUnvisited(const AmountBox& amount) const;
     void saveAmount(const AmountBox& amount);
     /// The part of the record's text that the box takes; a view into value.

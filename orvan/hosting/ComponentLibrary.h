@@ -17,7 +17,8 @@
 // headers of this library. The word that OrvanComponentInterfaceVersion returns tells all but the compiler; where it
 // differs from the host's, the library is refused before any object passes. A component library that links parts of
 // this library has its own copies of their variables: it does not see the trace object of the calling thread
-// (gobjTrace).
+// (gobjTrace). With libc++, which compares types by their addresses, the host has to export its symbols (in CMake:
+// ENABLE_EXPORTS); otherwise it does not recognise the library's classes and errors.
 #pragma once
 
 #include "orvan/ui/ComponentFactory.h"

@@ -1,5 +1,6 @@
 #include "orvan/hosting/HeadlessProductView.h"
 
+#include "orvan/base/RuntimeError.h"
 #include "orvan/ui/headless/HeadlessSurface.h"
 #include "orvan/view/ProductView.h"
 #include "orvan/view/ProductViewDesign.h"
@@ -22,7 +23,7 @@ struct HeadlessProductView::Parts {
 };
 
 HeadlessProductView::HeadlessProductView(ui::Platform& platform, std::string hostTypeName, std::int32_t ownerWindow)
-    : parts_(std::make_unique<Parts>(platform, std::move(hostTypeName), ownerWindow))
+    : parts_(asRuntimeError([&] { return std::make_unique<Parts>(platform, std::move(hostTypeName), ownerWindow); }))
 {
     parts_->view.UserControl_ReadProperties();
 }

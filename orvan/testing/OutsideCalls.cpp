@@ -229,9 +229,9 @@ std::shared_ptr<ui::Component> WrappedFactory::create(std::string_view className
 }
 
 struct WrappedPlatform::Services {
-    Services(ui::Platform& inner, ui::ComponentFactory& factory, ui::MessageBox& box, OutsideCalls& calls)
-        : messageBox(&box, calls), settings(&inner.settings(), calls), locale(&inner.locale(), calls),
-          components(factory, calls), pointer(&inner.pointer(), calls)
+    Services(ui::Platform& inner, const Own& own, OutsideCalls& calls)
+        : messageBox(&own.messageBox, calls), settings(&inner.settings(), calls), locale(&own.locale, calls),
+          components(own.components, calls), pointer(&inner.pointer(), calls)
     {
     }
 
@@ -242,9 +242,8 @@ struct WrappedPlatform::Services {
     WrappedPointer pointer;
 };
 
-WrappedPlatform::WrappedPlatform(ui::Platform& inner, ui::ComponentFactory& components, ui::MessageBox& messageBox,
-                                 OutsideCalls& calls)
-    : inner_(inner), calls_(calls), services_(std::make_unique<Services>(inner, components, messageBox, calls))
+WrappedPlatform::WrappedPlatform(ui::Platform& inner, const Own& own, OutsideCalls& calls)
+    : inner_(inner), calls_(calls), services_(std::make_unique<Services>(inner, own, calls))
 {
     editing = inner.editing;
     onUnhandledError = [&inner](const RuntimeError& error) {

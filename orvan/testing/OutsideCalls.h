@@ -58,12 +58,17 @@ private:
     OutsideCalls& calls_;
 };
 
-/// Wraps the services of another platform, but components and message boxes are the test's. Forms are the inner
-/// platform's, and unhandled errors go to it.
+/// Wraps the services of another platform, but those in Own are the test's. Forms are the inner platform's, and
+/// unhandled errors go to it.
 class WrappedPlatform final : public ui::Platform {
 public:
-    WrappedPlatform(ui::Platform& inner, ui::ComponentFactory& components, ui::MessageBox& messageBox,
-                    OutsideCalls& calls);
+    struct Own {
+        ui::ComponentFactory& components;
+        ui::MessageBox& messageBox;
+        ui::LocaleService& locale;
+    };
+
+    WrappedPlatform(ui::Platform& inner, const Own& own, OutsideCalls& calls);
     ~WrappedPlatform() override;
 
     ui::MessageBox& messageBox() override;

@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orvan::sweeps {
@@ -26,6 +27,18 @@ public:
     ~AllocationPause() { --depth; }
 
     inline static int depth = 0;
+};
+
+/// Ends the pauses for what is under test.
+class AllocationTrial {
+public:
+    AllocationTrial() : former_(std::exchange(AllocationPause::depth, 0)) {}
+    AllocationTrial(const AllocationTrial&) = delete;
+    AllocationTrial& operator=(const AllocationTrial&) = delete;
+    ~AllocationTrial() { AllocationPause::depth = former_; }
+
+private:
+    int former_;
 };
 
 class WholeSession {
@@ -42,7 +55,7 @@ public:
     std::size_t errors = 0;
     /// Fails nothing any more; the session calls it before it looks at what is left.
     std::function<void()> endFailing;
-    std::string failed; ///< The call that failed; endFailing sets it.
+    bool traceFailed = false; ///< endFailing sets it where a call of the trace was among those that failed.
 
 private:
     class Components;
@@ -55,6 +68,8 @@ private:
     void checkTrace();
     /// Does one thing that a user or the host does. Where it fails, it is as if nobody had done it.
     void step(const char* name, const std::function<void()>& act);
+    /// Checks, too, that little of the list differs afterwards.
+    void smallStep(const char* name, const std::function<void()>& act);
     std::string list() const;
 
     contract::Driver& driver_;
