@@ -10,6 +10,10 @@
 #include <string_view>
 #include <utility>
 
+/// Marks a function that a shared library exports, or a class whose objects pass between a host and a shared library,
+/// even where the library is built with hidden symbols.
+#define ORVAN_EXPORT __attribute__((visibility("default")))
+
 namespace orvan {
 
 /// The error numbers that the library raises, as the runtime of existing hosts numbers its errors.
@@ -40,7 +44,7 @@ struct ErrorNumber {
 /// The standard text of an error number; "Application-defined or object-defined error" for a number without one.
 [[nodiscard]] std::string_view standardErrorText(std::int32_t number);
 
-class [[gnu::visibility("default")]] RuntimeError : public std::exception {
+class ORVAN_EXPORT RuntimeError : public std::exception {
 public:
     /// Number 0 means "no error" and cannot be raised: it becomes 5 (invalid procedure call), as in the
     /// runtime that the numbers come from.

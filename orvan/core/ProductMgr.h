@@ -29,7 +29,7 @@ inline const std::string kFieldSeparator = ":";
 
 /// One line item, read and written in place: the manager sees every write at once. A record outlives
 /// its deletion from the list, and its manager, as long as somebody holds it.
-class [[gnu::visibility("default")]] ProductRecord {
+class ORVAN_EXPORT ProductRecord {
 public:
     virtual ~ProductRecord() = default;
 
@@ -62,7 +62,7 @@ public:
     [[nodiscard]] virtual bool IsValidDiscPrcnt(Currency cyValue) const = 0;
 };
 
-class [[gnu::visibility("default")]] ProductMgr : public ui::Component {
+class ORVAN_EXPORT ProductMgr : public ui::Component {
 public:
     virtual std::int32_t GetProductCount() = 0;
     /// Sum of all extended prices. Raises 6 when it does not fit.

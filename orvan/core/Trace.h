@@ -16,7 +16,7 @@ namespace orvan {
 inline constexpr std::string_view kTraceClassName = "OrvnTWrp.Trace";
 
 /// The operations in the order of the component's interface.
-class [[gnu::visibility("default")]] Trace : public ui::Component {
+class ORVAN_EXPORT Trace : public ui::Component {
 public:
     /// Number of the error that the last TraceError recorded.
     [[nodiscard]] virtual std::int32_t LastErrorNumber() = 0;

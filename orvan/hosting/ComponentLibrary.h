@@ -21,13 +21,11 @@
 // ENABLE_EXPORTS); otherwise it does not recognise the library's classes and errors.
 #pragma once
 
+#include "orvan/base/RuntimeError.h"
 #include "orvan/ui/ComponentFactory.h"
 
 #include <cstdint>
 #include <memory>
-
-/// Marks a function that a shared library exports, even where it is built with hidden symbols.
-#define ORVAN_EXPORT __attribute__((visibility("default")))
 
 namespace orvan {
 

@@ -36,7 +36,7 @@ using LookUpValue = SafeVariant<std::monostate, std::int64_t, double, Currency, 
 /// Columns of the current entry that the editor reads.
 enum class LookUpColumn : std::int32_t { name = 3, key = 4, partNum = 5, unitPrice = 6, note = 7 };
 
-class [[gnu::visibility("default")]] ProductLkpMgr : public ui::Component {
+class ORVAN_EXPORT ProductLkpMgr : public ui::Component {
 public:
     /// The entries whose part number begins with sText. The best completion comes first: row 0's text begins with
     /// sText. Must return no list for an empty sText, because the box of a new product is empty, and the best match

@@ -15,8 +15,7 @@ namespace orvan::ui {
 /// The base of every object that can be created by name; createComponent asks it for the wanted interface. Its symbols
 /// are visible, and so are those of each interface and of RuntimeError, because they pass between a host and a
 /// component library that hides its symbols.
-class [[gnu::visibility("default")]] Component
-{
+class ORVAN_EXPORT Component {
 public:
     virtual ~Component() = default;
 };
