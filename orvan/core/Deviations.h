@@ -93,7 +93,8 @@ inline constexpr DeviationRow kDeviations[] = {
      "When the user answers No and the restoring fails, the form closes with the edits.",
      "The form stays and says so: the list is not what the user asked for."},
     {Deviation::gridShowsTheUsersMoney, "The grid's amounts have a literal dollar sign.",
-     "They have the user's own money, as the total has it."},
+     "They have the user's own money, as the total has it. Decimals stay where they are zero, because in a column they "
+     "stand below each other."},
     {Deviation::failedRefreshShowsFormerRows,
      "A refresh of the list that fails leaves redrawing off until the next one.",
      "The former rows are shown again: a list that does not react looks like a crash."},

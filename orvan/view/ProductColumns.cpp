@@ -4,7 +4,6 @@
 #include "orvan/base/ScopedHandlers.h"
 #include "orvan/base/Text.h"
 #include "orvan/core/Deviations.h"
-#include "orvan/core/modConversion.h"
 #include "orvan/core/modInit.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/ToolSet.h"
@@ -19,7 +18,7 @@ namespace {
 
 constexpr std::int32_t kNumberColumnWidth = 250; // twips
 constexpr std::size_t kMostCellCharacters = 255;
-constexpr std::int16_t kMoneyDigits = 2;
+constexpr int kMoneyDigits = 2;
 
 /// The row of a field that can be chosen; null for a value outside the enumeration.
 const ColumnRow* rowOf(ViewFieldEnum field)
@@ -129,10 +128,9 @@ void ProductColumns::PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field
     flexGrid_.setColumnType(column, row ? row->shownType : ui::GridType::none);
     ui::Grid::AmountText text;
     if (row && row->shownFormat == kMoneyFormat && differs(platform_, Deviation::gridShowsTheUsersMoney)) {
-        // Captures the locale alone: the grid outlives this object.
-        text = [&locale = platform_.locale()](Currency amount) {
-            return FormatCurrencyValue(locale, amount, kMoneyDigits, {}, true);
-        };
+        // Captures the locale alone: the grid outlives this object. The total has no decimals where it is whole, but in
+        // a column the decimals stand below each other.
+        text = [&locale = platform_.locale()](Currency amount) { return locale.formatCurrency(amount, kMoneyDigits); };
     }
     flexGrid_.setColumnFormat(column, row ? row->shownFormat : "", std::move(text));
 }

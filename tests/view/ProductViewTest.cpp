@@ -149,8 +149,8 @@ TEST_F(ProductViewTest, AManagerMayEndTheListOrMoveTheIndex)
     EXPECT_EQ(row(2), "4 | D | 1 | $0.00");
 }
 
-/// The user's own money in the careful way, as in the total; the literal dollar sign in the classic one. One rule for
-/// the sign: a negative amount that rounds to zero keeps it.
+/// The user's own money in the careful way, always with its decimals; the literal dollar sign in the classic one. One
+/// rule for the sign: a negative amount that rounds to zero keeps it.
 TEST_F(ProductViewTest, AmountsOfTheGridFollowTheWayOfEditing)
 {
     icu::IcuLocaleService german{{.monetary = "de_DE", .numeric = "de_DE"}};
@@ -163,7 +163,7 @@ TEST_F(ProductViewTest, AmountsOfTheGridFollowTheWayOfEditing)
     };
     const Row rows[] = {
         {"classic", ui::EditingWay::classic, "1 n $1.234,50 -$5,00", "2 m $12,00 -$0,00"},
-        {"careful", ui::EditingWay::careful, "1 n 1.234,50\u00A0€ -5\u00A0€", "2 m 12\u00A0€ -0,00\u00A0€"},
+        {"careful", ui::EditingWay::careful, "1 n 1.234,50\u00A0€ -5,00\u00A0€", "2 m 12,00\u00A0€ -0,00\u00A0€"},
     };
     forEachRow(rows, [&](const Row& expected) {
         here.editing = expected.way;
