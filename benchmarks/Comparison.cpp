@@ -142,14 +142,14 @@ std::string label(const Growth& growth)
 }
 
 template <class Item>
-std::vector<std::string> runAll(const std::vector<const Item*>& items, std::vector<std::string> heads,
+std::vector<std::string> runAll(const std::vector<const Item*>& items, const std::vector<std::string>& heads,
                                 bool (*run)(const Item&, Table&))
 {
     std::size_t widest = 0;
     for (const Item* item : items) {
         widest = std::max(widest, item->name.size());
     }
-    Table table(std::cout, std::move(heads), widest);
+    Table table(std::cout, heads, widest);
     std::vector<std::string> failed;
     for (const Item* item : items) {
         if (!run(*item, table)) {

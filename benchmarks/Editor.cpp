@@ -123,9 +123,9 @@ Side nextProduct(const Manager& manager)
     });
 }
 
-Side copyOfString(std::string name, std::string text)
+Side copyOfString(const std::string& name, std::string text)
 {
-    return timed(std::move(name), [text = std::move(text)](benchmark::State& state) {
+    return timed(name, [text = std::move(text)](benchmark::State& state) {
         for ([[maybe_unused]] auto _ : state) {
             std::string copy = text;
             benchmark::DoNotOptimize(copy.data());
@@ -200,11 +200,11 @@ Sides extendedPrice()
 }
 
 /// The time to change one record's price and then ask for the total.
-Side totalAfterChange(std::string name, std::size_t products)
+Side totalAfterChange(const std::string& name, std::size_t products)
 {
     const Manager manager = sampleManager(products);
     const std::shared_ptr<ProductRecord> record = manager->GetProduct(static_cast<std::int32_t>(products / 2));
-    return timed(std::move(name), [manager, record](benchmark::State& state) {
+    return timed(name, [manager, record](benchmark::State& state) {
         std::int64_t scaled = 0;
         for ([[maybe_unused]] auto _ : state) {
             record->SetExtPrice(Currency::fromScaled(++scaled));

@@ -229,11 +229,11 @@ struct Painted {
     void paint() { grid.render(&image); }
 };
 
-Side firstPaint(std::string name, std::size_t products)
+Side firstPaint(const std::string& name, std::size_t products)
 {
     const std::string text = productsString(sampleProducts(products));
     return timed(
-        std::move(name),
+        name,
         [text](benchmark::State& state) {
             for ([[maybe_unused]] auto _ : state) {
                 Painted painted;
@@ -244,11 +244,11 @@ Side firstPaint(std::string name, std::size_t products)
         Timing::parts);
 }
 
-Side repaint(std::string name, std::size_t products)
+Side repaint(const std::string& name, std::size_t products)
 {
     const auto painted = std::make_shared<Painted>();
     painted->view->Show(productsString(sampleProducts(products)));
-    return timed(std::move(name), [painted](benchmark::State& state) {
+    return timed(name, [painted](benchmark::State& state) {
         for ([[maybe_unused]] auto _ : state) {
             painted->paint();
         }

@@ -40,7 +40,7 @@ std::vector<std::string> recordsOf(const std::string& products)
 void watchProducts()
 {
     qtHost().components().registerClass(std::string(kProductMgrClassName), [] {
-        const auto manager = makeManager();
+        auto manager = makeManager();
         newest = manager;
         return manager;
     });

@@ -323,10 +323,11 @@ std::shared_ptr<ProductLkpMgr> LookUpBoxes::catalogue() const
     return productLkpMgr;
 }
 
-LookUpList LookUpBoxes::list(const Box& box, std::string typed, bool all) const
+LookUpList LookUpBoxes::list(const Box& box, std::string_view typed, bool all) const
 {
+    const std::string text(typed); // a copy, because the catalogue's code may change the box that `typed` comes from
     const auto asked = catalogue();
-    LookUpList rows = ((*asked).*box.kind.getList)(typed, all);
+    LookUpList rows = ((*asked).*box.kind.getList)(text, all);
     if (rows && rows->empty()) {
         rows.reset();
     }

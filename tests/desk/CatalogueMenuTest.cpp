@@ -68,7 +68,7 @@ class CatalogueMenuTest : public testing::Test {
 protected:
     QString list(const char* name, const QByteArray& rows) const
     {
-        const QString csv = folder.filePath(QString::fromUtf8(name));
+        QString csv = folder.filePath(QString::fromUtf8(name));
         QFile file(csv);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("part number,product,price\n" + rows);

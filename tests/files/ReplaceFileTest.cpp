@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using files::NewFile;
 
-constexpr std::int64_t kMost = 1024 * 1024;
+constexpr std::int64_t kMost = 1 << 20;
 
 /// The text of the error that an action raises; "" for none.
 std::string problemOf(const std::function<void()>& action)

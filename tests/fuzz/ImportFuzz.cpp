@@ -181,6 +181,7 @@ std::vector<std::pair<std::int64_t, std::string>> plainRows(const PlainImport& i
     }
     std::sort(found.begin(), found.end());
     std::vector<std::pair<std::int64_t, std::string>> rows;
+    rows.reserve(found.size());
     for (const auto& [folded, key, own, id] : found) {
         rows.emplace_back(id, own);
     }

@@ -38,13 +38,13 @@ std::string grouped(const std::string& digits, const std::string& separator, std
 {
     std::string text;
     std::size_t inGroup = 0, size = primary;
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+    for (std::size_t at = digits.size(); at-- > 0;) {
         if (size > 0 && inGroup == size) {
             text.insert(0, separator);
             inGroup = 0;
             size = secondary;
         }
-        text.insert(0, 1, *digit);
+        text.insert(0, 1, digits[at]);
         ++inGroup;
     }
     return text;

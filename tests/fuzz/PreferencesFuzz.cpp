@@ -98,7 +98,7 @@ Layout expectedOf(const std::string& text)
 {
     static const std::vector<std::string> fields{"PartNum", "ExtPrice", "DiscPrcnt", "UnitPrice", "Qty", "Note"};
     std::vector<std::int32_t> widths{250, 960, 700, 700, 700, 700, 700, 700, 700};
-    const Layout standard = layoutWith("Qty", "ExtPrice", widths);
+    Layout standard = layoutWith("Qty", "ExtPrice", widths);
     const std::vector<std::string> parts = pieces(text, '~');
     if (parts.size() != 3) {
         return standard;

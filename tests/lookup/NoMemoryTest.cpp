@@ -66,7 +66,7 @@ void expectCopiesThatFailInOrder(const Value& text)
     for (const int former : {0x00, 0x55, 0xFF}) {
         std::memset(memory, former, sizeof memory);
         const int failures = failuresOf([&] {
-            Value* const copy = new (memory) Value(text);
+            auto* const copy = new (memory) Value(text);
             EXPECT_TRUE(*copy == text);
             copy->~Value();
         });

@@ -60,7 +60,7 @@ QString titleText(const QString& plain)
 
 QString toolTipText(const QString& text)
 {
-    const QString plain = boundedText(text);
+    QString plain = boundedText(text);
     if (plain.size() <= kUnwrappedTip && !Qt::mightBeRichText(plain)) {
         return plain;
     }
