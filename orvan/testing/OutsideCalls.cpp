@@ -5,6 +5,7 @@
 #include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/Form.h"
 #include "orvan/ui/ScreenPointer.h"
+#include "orvan/ui/Timer.h"
 
 #include <utility>
 
@@ -284,6 +285,11 @@ std::unique_ptr<ui::Form> WrappedPlatform::loadForm(const ui::FormDesign& design
 {
     calls_.report("Platform::loadForm");
     std::unique_ptr<ui::Form> form = inner_.loadForm(design);
+    for (const ui::ControlDesign& control : design.controls) {
+        if (control.kind == ui::ControlKind::timer) {
+            form->control<ui::Timer>(control.name).beforeSchedule = [this] { calls_.report("Timer::schedule"); };
+        }
+    }
     if (onFormLoaded) {
         onFormLoaded(*form);
     }

@@ -4,7 +4,7 @@
 // A test makes an OutsideCalls, hands the library a WrappedPlatform and a WrappedFactory in the place of its own, and
 // runs a session once to count the calls. Then it runs the same session again, with failAt(1), failAt(2) and so on, and
 // looks at what is left after each. What is wrapped: components as they are created (product manager with its records,
-// catalogue, trace), message boxes, settings, the locale service and the mouse pointer.
+// catalogue, trace), message boxes, settings, the locale service, the mouse pointer and the timers of forms.
 //
 // Ownership: the wrapped objects and the OutsideCalls must outlive the wrappers; the components are shared. Thread: the
 // user-interface thread.

@@ -10,15 +10,23 @@ void Timer::setInterval(std::int32_t milliseconds)
         throw RuntimeError(ErrorNumber::invalidPropertyValue, {}, name() + ": an interval cannot be negative");
     }
     interval_ = milliseconds;
-    doSchedule();
+    schedule();
 }
 
 void Timer::setEnabled(bool enabled)
 {
     if (enabled != enabled_) {
         enabled_ = enabled;
-        doSchedule();
+        schedule();
     }
+}
+
+void Timer::schedule()
+{
+    if (beforeSchedule) {
+        beforeSchedule();
+    }
+    doSchedule();
 }
 
 void Timer::elapsed()

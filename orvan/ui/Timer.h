@@ -23,6 +23,8 @@ public:
     void setEnabled(bool enabled);
 
     std::function<void()> onTimer;
+    /// For tests: runs before the platform is asked to wait, and may throw as a platform's timer may.
+    std::function<void()> beforeSchedule;
 
 protected:
     /// The platform starts the wait from the beginning if the timer is enabled and interval() is above 0; otherwise it
@@ -32,6 +34,8 @@ protected:
     void elapsed();
 
 private:
+    void schedule();
+
     std::int32_t interval_ = 0;
     bool enabled_ = true;
 };
