@@ -50,7 +50,7 @@ bool isFile(const fs::path& path)
     return fs::is_regular_file(path, error);
 }
 
-/// Gives the present file its second name. File systems without second names get a copy.
+/// Gives the present file its second name. Where the file system has no second names, a copy gets that name.
 void setAside(const fs::path& target, const fs::path& aside)
 {
     if (::link(target.c_str(), aside.c_str()) == 0) {
@@ -93,7 +93,7 @@ void flushFolderOf(const fs::path& target)
     try {
         Descriptor::openFolder(target.parent_path()).sync();
     } catch (const RuntimeError&) {
-        // Only a power failure could now undo the change, and it would bring back the state before it.
+        // Only a power failure could undo the change now, and would bring back the state before the change.
     }
 }
 

@@ -1,4 +1,4 @@
-// Drivers: what the user of a form or a list view in memory does, and what this user sees.
+// Drivers: what a user does with a form or a list view in memory, and what this user sees.
 //
 // A program plays the user. HeadlessPlatform::drive gives it the FormDriver of each form that is shown, and
 // HeadlessProductView::surface the SurfaceDriver of a list view. These give it the drivers of their controls by name.
