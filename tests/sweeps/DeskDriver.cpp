@@ -1,18 +1,21 @@
-// DeskDriver: a plug-in that works the real orvan-desk without a screen, for the sweeps over system calls and kills.
+// DeskDriver: a plug-in that plays the user of the real orvan-desk without a screen, for the sweeps over system calls
+// and kills.
 //
-// Qt loads it where QT_QPA_GENERIC_PLUGINS names "desk-driver". It does the steps of ORVAN_DESK_STEPS, separated by
-// ";", one after the other, whenever no dialog is open:
+// Qt loads it if the environment variable QT_QPA_GENERIC_PLUGINS names "desk-driver". It does the steps that
+// ORVAN_DESK_STEPS lists, separated by ";", one after the other, whenever no dialog is open:
 //
-//     type TEXT       into the customer's field
-//     trigger TEXT    the menu command of that caption
-//     await MS        goes on after that many milliseconds
-//     copied          goes on when there is a recovery copy, or a status message since the last step (at most 20
-//     seconds) again N         goes back to the first step, N times signal NUMBER   sends a signal to this process end
-//     ends the process without asking
+//     type TEXT       types the text into the customer's field
+//     trigger TEXT    chooses the menu command with this caption
+//     await MS        waits for this many milliseconds
+//     copied          waits until there is a recovery copy, or a status message since this step began
+//                     (at most 20 seconds)
+//     again N         goes back to the first step, N times in all
+//     signal NUMBER   sends this signal to the process
+//     end             ends the process without asking
 //
-// A dialog is refused (its Escape button), or answered with the button whose caption ORVAN_DESK_ANSWER names. What a
-// user would read goes to the standard output, a line each: "box: TEXT", "status: TEXT", and "saved" or "unsaved" when
-// the window's mark has changed after a step.
+// A dialog is closed as with Escape, or by the button whose caption is in ORVAN_DESK_ANSWER. The plug-in writes what a
+// user would read to the standard output, a line each: "box: TEXT" and "status: TEXT". After a step that changes the
+// window's mark for unsaved changes it writes "saved" or "unsaved".
 
 #include <QAbstractButton>
 #include <QAction>
@@ -35,7 +38,7 @@ namespace {
 
 constexpr int kPause = 2; // milliseconds between two looks at the window
 constexpr int kMostPauses = 10'000;
-constexpr int kPausesBetweenLooks = 50; // at a folder: each look is a system call that the sweep would fail, too
+constexpr int kPausesBetweenLooks = 50; // at the folder of copies: each look is a system call that may be made to fail
 
 void print(const char* kind, const QString& text)
 {
@@ -66,8 +69,8 @@ private:
             }
         } else if (!inStep_ && --pauses_ < 0) {
             inStep_ = true;
-            // A step may open a dialog and stay in it. Qt does not raise a timer again within its own slot, so the step
-            // must not run there.
+            // The step may open a dialog and return only when the dialog closes. It must not run in the timer's slot:
+            // Qt does not call a timer's slot again before the slot has returned, and nobody would answer the dialog.
             QMetaObject::invokeMethod(
                 this,
                 [this] {
@@ -124,7 +127,7 @@ private:
             auto* const customer = window_->findChild<QLineEdit*>();
             customer->setFocus();
             customer->insert(text);
-            // The desk looks for changes after each key, and this one is released only.
+            // The desk looks for changes at each key press, and insert() presses none. Shift alone changes nothing.
             QKeyEvent key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
             QCoreApplication::sendEvent(customer, &key);
         } else if (word == u"trigger") {
@@ -178,7 +181,7 @@ class DeskDriverPlugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "DeskDriver.json")
 
 public:
-    QObject* create(const QString& name, const QString& /*specification*/) override
+    QObject* create(const QString& name, const QString& /*arguments*/) override
     {
         return name == u"desk-driver" ? new DeskDriver : nullptr;
     }
