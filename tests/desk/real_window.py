@@ -48,7 +48,7 @@ def edit_walk_delete_and_revert(desk: Desk, way: str) -> None:
     wait_for_title("Orvan")
     keys("alt+y")
     wait_for_title("Visitor chair, stackable (2/13)")
-    if way == CLASSIC:  # the next product's name is looked up, and asks about its note
+    if way == CLASSIC:  # looking up the next product's name leads to the question about its note
         wait_for_title("Orvan")
         keys("alt+n")
     wait_for("an answer taken", lambda: "Orvan" not in titles())

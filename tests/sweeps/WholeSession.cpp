@@ -198,7 +198,7 @@ void WholeSession::smallStep(const char* name, const std::function<void()>& act)
     const std::string before = list();
     step(name, act);
     const std::string after = list();
-    if (!isOneStep(before, after) && after != shown_) { // the editor puts back what it was opened on
+    if (!isOneStep(before, after) && after != shown_) { // reverting puts back the list of the editor's opening
         faults.push_back(std::string(name) + " made of " + before + " the list " + after);
     }
 }
@@ -365,7 +365,7 @@ void WholeSession::checkWhatIsLeft(ui::Surface& surface, ProductView& view)
 void WholeSession::checkTrace()
 {
     if (traceFailed) {
-        return; // it cannot be complete
+        return; // a trace that failed has gaps
     }
     for (const std::int32_t number : trace_->numbersSince(0)) {
         trace_->declareError(number);

@@ -1,6 +1,6 @@
-// ImportRun: reads a price list into a new catalogue file. It does not care where the list's bytes come from and what
-// becomes of the new file: importCatalogue (orvan/components/catalogue/CatalogueImport.h, which says what is read and
-// what is refused) gives it files; the fuzzer gives it texts in memory.
+// ImportRun: reads a price list into a new catalogue file. It does not decide where the list's bytes come from and what
+// becomes of the new file: importCatalogue gives it files, and the fuzzer gives it texts in memory. What is read and
+// what is refused is described in orvan/components/catalogue/CatalogueImport.h.
 //
 // Thread: one at a time. Errors: those of importCatalogue.
 #pragma once
