@@ -97,7 +97,8 @@ TEST_F(HostActsTest, ManagerAndRecordLiveThroughEachCallToThem)
                 session();
                 reached = std::exchange(faults.failAtCall, 0) == 0;
                 for (const std::int32_t number : own.trace()->numbersSince(0)) {
-                    // 91: a procedure went on after the form had closed. 9: another session has changed the list.
+                    // 91: a procedure goes on after the form has closed. 9: two sessions work on one list, and one of
+                    // them asks for a position that the list does not have any more.
                     EXPECT_TRUE(number == ErrorNumber::objectNotSet || number == ErrorNumber::subscriptOutOfRange)
                         << number;
                     own.trace()->declareError(number);
