@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks rules that the compiler does not know: the direction of includes, that public headers include only public
-headers, and how many they are, the size of files, and that the documents name only what exists. Prints every finding;
-exits with 1 when there is one."""
+headers, the number of public headers, the size of files, and that the documents name only what exists. Prints every
+finding; exits with 1 when there is one."""
 
 import re
 import sys

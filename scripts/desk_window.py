@@ -1,6 +1,6 @@
 """Drives the desk in a real window, with mouse and keys (xdotool), on a virtual X server (xvfb). A window manager
 (openbox) runs there, too, because it gives the focus back to the desk when a dialog closes, as on a user's screen.
-Where things stand depends on the fonts, so the desk itself is asked (apps/orvan-desk/PlacePrinter.h)."""
+Where things stand depends on the fonts, so the desk itself is asked for it (apps/orvan-desk/PlacePrinter.h)."""
 import json
 import os
 import pathlib
@@ -76,13 +76,13 @@ class Desk:
         return self
 
     def places(self) -> dict[str, list[float]]:
-        """Left, top, width and height of what can be seen of the window in front, by its names."""
+        """Returns left, top, width and height of each thing that can be seen of the window in front, by its name."""
         self.process.stdin.write("\n")
         self.process.stdin.flush()
         return json.loads(self.process.stdout.readline())
 
     def click(self, name: str, *how: object) -> None:
-        """Clicks the middle of what has this name, once it stands still."""
+        """Clicks the middle of the thing with this name, as soon as it stands still."""
         seen: list = [None]
 
         def stands_still() -> bool:

@@ -81,7 +81,7 @@ std::vector<std::string> positional(const std::vector<std::string>& words, Take&
 volatile std::sig_atomic_t interrupted = 0;
 
 /// The first signal cancels the import, which removes its unfinished file. A second one ends the program at once.
-/// Without SA_RESTART, a signal also ends a call of the system that waits.
+/// Without SA_RESTART, a signal also ends a system call that waits.
 void endInOrderAtSignals()
 {
     struct sigaction action = {};

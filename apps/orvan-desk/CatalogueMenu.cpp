@@ -44,20 +44,24 @@ constexpr int kSteps = 1000;
 /// How many refused rows the message itself shows; its details show all that are described.
 constexpr qsizetype kRowsInMessage = 5;
 
-/// "1,234 products from “prices.csv”"
+QString productCount(qint64 count)
+{
+    return count == 1 ? CatalogueMenu::tr("1 product")
+                      : CatalogueMenu::tr("%1 products").arg(QLocale().toString(count));
+}
+
+/// What a catalogue contains, as a text for the user: "1,234 products from “prices.csv”"
 QString contentOf(const std::filesystem::path& catalogue)
 {
     SqliteFile file = openCatalogue(catalogue);
     const CatalogueOrigin origin = catalogueOrigin(file);
-    const QString count = QLocale().toString(qlonglong(origin.entries));
-    const QString products =
-        origin.entries == 1 ? CatalogueMenu::tr("1 product") : CatalogueMenu::tr("%1 products").arg(count);
+    const QString products = productCount(origin.entries);
     return origin.source.empty()
                ? products
                : CatalogueMenu::tr("%1 from “%2”").arg(products, shortened(QString::fromStdString(origin.source)));
 }
 
-/// The same for a question, which is asked about a damaged catalogue, too.
+/// The same for a question, which must be possible about a damaged catalogue, too.
 QString contentOrDamage(const std::filesystem::path& catalogue)
 {
     try {
@@ -135,7 +139,7 @@ CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tel
             [this] { bringBack_->setEnabled(formerOf(pathOf(catalogue_)).has_value()); });
 }
 
-/// Asks the question only if there is a catalogue that would be replaced; what else has its name, an import refuses.
+/// Asks only if there is a catalogue. If something else has its name, the import itself refuses to replace it.
 bool CatalogueMenu::mayReplace(const QString& question)
 {
     const std::filesystem::path catalogue = pathOf(catalogue_);
@@ -143,10 +147,10 @@ bool CatalogueMenu::mayReplace(const QString& question)
         return true;
     }
     QString text = tr("The catalogue contains %1.\n\n%2\n\nThe present catalogue is kept: “Bring Back the Former "
-                      "Catalogue” in the same menu gets it back.")
+                      "Catalogue” in the same menu brings it back.")
                        .arg(contentOrDamage(catalogue), question);
     if (const auto former = formerOf(catalogue)) {
-        text += tr("\n\nThe one that has been kept so far is deleted: %1.").arg(contentOrDamage(*former));
+        text += tr("\n\nThe former catalogue that has been kept so far is deleted: %1.").arg(contentOrDamage(*former));
     }
     PlainBox box(QMessageBox::Question, text, QMessageBox::Cancel, window_);
     const QPushButton* const replace = box.addButton(tr("&Replace"), QMessageBox::AcceptRole);
@@ -229,7 +233,7 @@ bool CatalogueMenu::importFrom(const QString& source)
     if (result.outcome == Outcome::refused) {
         tellRefused(source, result);
     } else if (result.outcome == Outcome::imported) {
-        inform(tr("The catalogue now contains %1 products.").arg(QLocale().toString(qulonglong(result.rows))));
+        inform(tr("The catalogue now contains %1.").arg(productCount(static_cast<qint64>(result.rows))));
     }
     return result.outcome == Outcome::imported;
 }
@@ -288,7 +292,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         look.start(kBetweenLooks);
         connect(&dialog, &QProgressDialog::canceled, &dialog, [&] { progress.cancelled = true; });
         dialog.exec();
-        progress.cancelled = true; // if the thread still runs, the program is to end, or the user has cancelled
+        progress.cancelled = true; // the thread may still run: the user has cancelled, or the program is to end
         thread->wait();
     }
     if (failure) {

@@ -1,6 +1,7 @@
 // The desk's catalogue of products: its file, and the menu that replaces its content by importing a price list.
 //
-// Replacing is asked about. The catalogue that is replaced is kept until the next import, and the menu brings it back.
+// The user is asked before a catalogue is replaced. The replaced one is kept until the next import, and the menu can
+// bring it back.
 // Thread: the user-interface thread. An import runs in a thread of its own while its progress is shown.
 #pragma once
 
@@ -34,7 +35,7 @@ public:
     /// Asks whether the catalogue may be replaced, imports a price list and tells the user the result. If the list does
     /// not tell how its prices are to be read, asks the user. True when the catalogue now holds this list.
     bool importFrom(const QString& source);
-    /// Replaces the catalogue by the products that come with the desk, after asking.
+    /// Asks whether the catalogue may be replaced, and replaces it by the products that come with the desk.
     void useSample();
     /// Exchanges the catalogue and the former one.
     void bringBackFormer();

@@ -14,7 +14,7 @@ constexpr qsizetype kMostInMessage = 60; // characters
 
 QString shortened(const QString& text)
 {
-    // Twice as many units as characters, because a character may take two.
+    // Twice as many of QString's units as characters are taken, because a character may have two.
     QList<uint> characters = text.left(2 * kMostInMessage + 2).toUcs4();
     const bool cut = characters.size() > kMostInMessage;
     characters.resize(std::min(characters.size(), kMostInMessage));

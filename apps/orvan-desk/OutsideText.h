@@ -10,7 +10,7 @@ namespace orvan::desk {
 using qt::pathOf;
 
 /// A text from outside, as a short piece of one line for a message, a label or a title: a damaged file may hold a
-/// megabyte where a date belongs. Characters that would break the line or turn it round are replaced.
+/// megabyte where a date belongs. Characters that would break the line or turn its writing direction are replaced.
 [[nodiscard]] QString shortened(const QString& text);
 
 /// The file's name without its folder, shortened.

@@ -48,7 +48,7 @@ QDate dateOf(const QJsonObject& object)
 {
     const QString text = textOf(object, kDateName);
     const QDate date = QDate::fromString(text, Qt::ISODate);
-    // Qt also reads a date with more behind it, such as a time, which would be lost when the quote is saved.
+    // Qt also reads a date with more text behind it, such as a time; saving the quote would lose that text.
     if (date.toString(Qt::ISODate) != text || !date.isValid()) {
         throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(shortened(text)));
     }

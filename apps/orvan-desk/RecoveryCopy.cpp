@@ -33,7 +33,7 @@ QString newFileName()
     return QString::number(::getpid()) + u'-' + QUuid::createUuid().toString(QUuid::Id128) + kSuffix;
 }
 
-/// The copy of a desk that is this process.
+/// The copy that this process keeps.
 RecoveryCopy ownCopy(const UnsavedWork& work)
 {
     return {.work = work,
@@ -111,7 +111,7 @@ void RecoveryKeeper::keep(const UnsavedWork& work)
     {
         const std::lock_guard lock(mutex_);
         waiting_ = work;
-        discards_ = false; // the copy that is there is replaced
+        discards_ = false; // the former copy is replaced, so it need not be removed
     }
     changed_.notify_all();
 }
@@ -180,7 +180,7 @@ bool RecoveryKeeper::remove()
         report(QStringLiteral("The recovery copy “%1” could not be removed: %2.")
                    .arg(shortened(file_), QString::fromStdString(error.message())));
     }
-    return true; // nothing is unsaved, so nothing is left unwritten
+    return true; // finish() asks whether unsaved work was written, and there is none now
 }
 
 void RecoveryKeeper::report(const QString& problem)

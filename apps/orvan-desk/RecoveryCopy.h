@@ -1,8 +1,8 @@
 // RecoveryCopy: the unsaved work of a desk, on disk, for the case that the desk ends without saving.
 //
-// A desk keeps one copy while anything is unsaved. It is written by a thread of its own, so that a slow
+// A desk keeps one copy while anything is unsaved. The copy is written by a thread of its own, so that a slow
 // disk never holds up a keystroke. Copies stand in one folder of the user's, one file for each desk that
-// runs. What a desk has left that ended without saving or discarding is offered by the next one.
+// runs. If a desk ends without saving or discarding, the next desk offers its copy.
 //
 // Thread: the user-interface thread. Errors: keep() raises none; what went wrong is reported once.
 #pragma once
@@ -34,7 +34,7 @@ struct UnsavedWork {
 
 class RecoveryKeeper {
 public:
-    /// Takes what went wrong, for the user, from the writing thread.
+    /// Called by the writing thread with a text that tells the user what went wrong.
     using Report = std::function<void(const QString& problem)>;
 
     RecoveryKeeper(const QString& folder, Report report);
@@ -48,7 +48,8 @@ public:
     /// Waits until what was handed to keep() is written, or what discard() asked for is removed. False where the copy
     /// could not be written.
     [[nodiscard]] bool finish();
-    /// Nothing is unsaved any more: has the copy removed soon. It does not wait for a disk that is still writing.
+    /// To be called when nothing is unsaved any more. Has the copy removed soon, and does not wait for a disk that is
+    /// still writing.
     void discard();
 
 private:

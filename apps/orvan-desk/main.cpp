@@ -86,7 +86,7 @@ public:
         parser.addOptions({sample, theme, catalogue, editing, render, printPlaces});
     }
 
-    /// Reads the command line, and answers --help and --version. Says what is wrong with it; empty if nothing is.
+    /// Reads the command line, and answers --help and --version. Returns what is wrong with it, or an empty text.
     QString read(const QApplication& application)
     {
         if (!parser.parse(QApplication::arguments())) {
@@ -107,8 +107,8 @@ public:
                                        QStringLiteral("file")};
     const QCommandLineOption editing{
         QStringLiteral("editing"),
-        QStringLiteral("careful (the default): changes nothing that the user did not edit, and asks before edits are "
-                       "lost. classic: as the editor has always worked."),
+        QStringLiteral("Edit in the careful way (the default), which changes nothing that the user has not edited and "
+                       "asks before edits are lost, or in the classic way, in which the editor has always worked."),
         QStringLiteral("way"), QStringLiteral("careful")};
     const QCommandLineOption render{QStringLiteral("render"),
                                     QStringLiteral("Write a picture of the window to this file and exit."),

@@ -1,7 +1,8 @@
 // TerminalText: texts from outside the program, changed so that they can be shown safely.
 //
-// A text from a file may hold characters that move a terminal's cursor, change its title or, as the embedding of
-// another writing direction, reorder what stands around it. They are shown as what they are: \x1B, \u202E. Thread: any.
+// A text from a file may hold characters that move a terminal's cursor or change its title, or that switch the writing
+// direction and so reorder the texts around them. Such characters are shown by their numbers: \x1B, \u202E.
+// Thread: any.
 #pragma once
 
 #include <array>
@@ -13,8 +14,8 @@
 
 namespace orvan::shared {
 
-/// Whether a character steers what is shown, instead of being shown. The plain marks for a writing direction do not
-/// count: amounts in Arabic and Hebrew have them.
+/// Whether a character steers what is shown, instead of being shown. The marks U+200E, U+200F and U+061C do not
+/// count, although they concern the writing direction: amounts in Arabic and Hebrew have them.
 [[nodiscard]] constexpr bool steersOutput(char32_t c) noexcept
 {
     return c < 0x20 || (c >= 0x7F && c < 0xA0) || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);

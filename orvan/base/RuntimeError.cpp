@@ -84,7 +84,7 @@ RuntimeError currentError() noexcept
         } catch (const std::exception& error) {
             return RuntimeError(number, {}, error.what());
         }
-    } catch (...) { // a type without a text, or no memory for the text
+    } catch (...) { // the type has no text, or there is no memory for the text
         return RuntimeError(number);
     }
 }

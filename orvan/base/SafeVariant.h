@@ -1,4 +1,4 @@
-// SafeVariant: a std::variant whose copying may fail.
+// SafeVariant: a std::variant that stays in order when copying it fails, for instance because memory runs out.
 //
 // The copy constructor of libstdc++'s std::variant has a fault where every alternative is a small plain type or a
 // std::string: if the copying of the string throws, it destroys an alternative that was never made. This class copies

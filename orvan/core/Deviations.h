@@ -99,7 +99,7 @@ inline constexpr DeviationRow kDeviations[] = {
      "A refresh of the list that fails leaves redrawing off until the next one.",
      "The former rows are shown again: a list that does not react looks like a crash."},
     {Deviation::halfShownProductIsNotSaved,
-     "After an error while a product is loaded, the boxes, which still show the former product, are saved into it.",
+     "After an error while a product is loaded, the boxes still show the former one and are saved into this one.",
      "Nothing is saved until a product is shown whole: otherwise one product is overwritten with another."},
 };
 

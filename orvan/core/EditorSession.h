@@ -72,7 +72,7 @@ public:
     /// While true, requests to mark the session dirty are dropped and changes of amount boxes ignored.
     bool initializing = false;
     bool showingProduct = false; ///< The program writes a product into the boxes.
-    /// The session has gone on to another product, and not all boxes show it yet. Stays true when an error ends that.
+    /// The session has gone on to another product, and not all boxes show it yet. Stays true if an error interrupts it.
     bool halfShown = false;
 
 private:

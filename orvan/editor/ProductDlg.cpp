@@ -16,7 +16,7 @@ public:
 
     void run(std::int32_t lProdIdx, bool bAddNew)
     {
-        /// However the session ends: what an error interrupts may have changed the list.
+        /// Its destructor reads Dirty however the session ends: a session that an error ends may have changed the list.
         struct DirtyRead {
             Session& session;
             const frmProduct& form;

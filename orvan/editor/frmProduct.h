@@ -89,10 +89,12 @@ private:
     void PrvDeleteCurrentProduct();
     /// Does the work of PrvDeleteProduct and of cmdDelete_Click, which trace it under different labels.
     void askAndDelete();
-    /// Enables each command that moves to another product if there is such a product, else disables it.
-    /// Runs `load`, which makes another product the current one and shows it.
+    /// Runs `load`, which makes another product the current one and shows it. While it runs, and after it has failed,
+    /// halfShown is true.
     void goOnToProduct(const std::function<void()>& load);
+    /// Adds a product to the list and shows it.
     void beginNewProduct();
+    /// Enables each command that moves to another product if there is such a product, else disables it.
     void showNavigationState();
     /// Enables or disables the fields and the delete commands, which can be used only while a product is shown.
     void setProductShown(bool shown);

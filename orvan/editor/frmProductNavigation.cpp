@@ -44,7 +44,7 @@ void frmProduct::goOnToProduct(const std::function<void()>& load)
         load();
     } catch (...) {
         if (differs(platform_, Deviation::halfShownProductIsNotSaved)) {
-            setProductShown(false); // where the user keeps the form, nothing is typed that would not be saved
+            setProductShown(false); // the form may stay open, and what is typed now would not be saved
         }
         throw;
     }

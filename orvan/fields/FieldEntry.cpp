@@ -298,8 +298,8 @@ void FieldEntry::calcExtPrice()
         discount = Currency(); // it counts as none, but stays in the record: it did not come from the discount box
     }
     const Currency rest = kHundred - discount;
-    // Two statements: in one expression each compiler would choose an order of its own, and the record may be a host's,
-    // which sees the order.
+    // These are two statements on purpose: in one expression each compiler would choose its own order of the two reads,
+    // and a host's record sees the order.
     const Currency unitPrice = product->UnitPrice();
     const Currency gross = product->Qty() * unitPrice;
     // The price is computed in double, and the percentage is divided before it is multiplied, because existing quotes

@@ -77,9 +77,9 @@ private:
     void txtNote_Change();
 
     void saveText(const TextFieldBox& text);
-    /// Whether a save leaves the record's amount as it is: the box may show less of it than the record holds.
-    /// Deviation::halfShownProductIsNotSaved: the boxes still show another product.
+    /// Whether nothing is saved, because the boxes still show another product (Deviation::halfShownProductIsNotSaved).
     [[nodiscard]] bool mustNotSave() const;
+    /// Whether a save leaves the record's amount as it is: the box may show less of it than the record holds.
     [[nodiscard]] bool keepsUnvisited(const AmountBox& amount) const;
     void saveAmount(const AmountBox& amount);
     /// The part of the record's text that the box takes; a view into value.

@@ -17,8 +17,8 @@ namespace orvan::files {
 [[noreturn]] void raiseSystemError(int code);
 
 /// Raises 75 if the path is that of a folder, a device, a pipe or a socket; returns if there is a regular file or
-/// nothing at all. For files that a library opens by name, and would wait for: it does not open the file, because
-/// closing one that the process has open elsewhere would end that file's locks.
+/// nothing at all. For a file that another library opens by its name, and where it would wait for a pipe. This
+/// function does not open the file: to close a file that the process has open elsewhere, too, would release its locks.
 void refuseOtherThanFile(const std::filesystem::path& path);
 
 class Descriptor {

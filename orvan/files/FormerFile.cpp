@@ -50,9 +50,12 @@ bool isFile(const fs::path& path)
     return fs::is_regular_file(path, error);
 }
 
-/// Gives the present file its second name. File systems without second names get a copy.
+/// Gives the present file its second name. Where the file system has no second names, a copy gets that name.
 void setAside(const fs::path& target, const fs::path& aside)
 {
+    // Something may have this name that could not become the former file, because a folder has its name. It was kept
+    // until this replacement.
+    ::unlink(aside.c_str());
     if (::link(target.c_str(), aside.c_str()) == 0) {
         return;
     }
@@ -93,7 +96,7 @@ void flushFolderOf(const fs::path& target)
     try {
         Descriptor::openFolder(target.parent_path()).sync();
     } catch (const RuntimeError&) {
-        // Only a power failure could now undo the change, and it would bring back the state before it.
+        // Only a power failure could undo the change now, and would bring back the state before the change.
     }
 }
 
@@ -131,7 +134,9 @@ void swapWithFormer(const fs::path& file)
     finishFormerReplacement(target);
     const fs::path former = formerPath(target);
     if (!isFile(former)) {
-        throw RuntimeError(ErrorNumber::pathFileAccess, {}, "there is no former one");
+        const bool kept = formerFileOf(file).has_value(); // under its hidden name
+        throw RuntimeError(ErrorNumber::pathFileAccess, {},
+                           kept ? "something that is no file has the former one's name" : "there is no former one");
     }
     if (isFile(target)) {
         replaceKeepingFormer(former, target);

@@ -44,7 +44,7 @@ public:
     const std::filesystem::path& path() const { return path_; }
     /// Appends bytes. All of them are handed to the system when it returns.
     void write(std::string_view bytes);
-    /// What becomes of the file that is replaced. One that is kept needs Others::refused (FormerFile.h).
+    /// What becomes of the file that is replaced. It can be kept (FormerFile.h) only with Others::refused.
     enum class Former { dropped, kept };
 
     /// Writes the content to the disk, then gives the new file its target's name. Returns "", or a warning for the

@@ -38,7 +38,7 @@ constexpr BuildTraitText kBuildTraitTexts[] = {
     {BuildTrait::versionedLibstdcxx, "libstdc++'s versioned namespace"},
 };
 
-/// Raises 429 where a component library's objects would not be as this program takes them. `word` is the library's.
+/// Raises 429 if a component library's objects have another form than this program's. `word` is the library's.
 void requireSameForm(std::int32_t word)
 {
     const std::int32_t version = word & kInterfaceVersionMask;

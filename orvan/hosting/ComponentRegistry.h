@@ -46,8 +46,8 @@ public:
     /// Raises 429 when the name is unknown, its library cannot be used, or nothing is created; the
     /// description holds the class name, the library's path and the reason. A RuntimeError that the factory throws
     /// keeps its number and source, and any other exception becomes 429; both get a description of the same form. No
-    /// operation throws anything but a RuntimeError. A
-    /// library that could not be loaded is tried again when the next object is asked for.
+    /// operation throws anything but a RuntimeError. A library that could not be loaded is tried again when the next
+    /// object is asked for.
     std::shared_ptr<ui::Component> create(std::string_view className) override;
 
 private:

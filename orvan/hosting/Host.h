@@ -3,7 +3,7 @@
 // Owns the component classes, the user's locale and the platform; the library's own components
 // (product manager, catalogue look-up, trace log) are registered. A program replaces any of them through components()
 // before it makes its first view. Thread: one host per thread; it outlives the views made on it.
-// The constructor raises a RuntimeError, 51 when the locale library's data is missing.
+// The constructor raises a RuntimeError: 51 when the locale library's data is missing.
 #pragma once
 
 #include "orvan/hosting/ComponentRegistry.h"

@@ -99,7 +99,7 @@ private:
     /// Returns a shared pointer, because a call to the catalogue may end the session, which then releases its own.
     /// Raises 91 where there is no catalogue.
     std::shared_ptr<ProductLkpMgr> catalogue() const;
-    /// The entries that begin with `typed`, or with `all` every entry. No list (nullopt) where there are no entries.
+    /// The entries that begin with `typed`; with `all`, every entry. No list (nullopt) where there are no entries.
     LookUpList list(const Box& box, std::string_view typed, bool all) const;
     LookUpValue field(LookUpColumn column) const;
 

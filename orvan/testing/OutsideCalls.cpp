@@ -211,7 +211,7 @@ void OutsideCalls::report(std::string_view name)
         failed_ = name;
     }
     if (failure_ == Failure::foreign) {
-        throw std::string(name); // what is not derived from std::exception must be caught as well
+        throw std::string(name); // the library must catch even what is not derived from std::exception
     }
     throw RuntimeError(kErrorNumber, "OutsideCalls", std::string(name) + " was told to fail");
 }

@@ -1,4 +1,4 @@
-// OutsideCalls: wrappers around all that the library calls outside of itself, so that a test can fail each call in
+// OutsideCalls: wrappers around all that the library calls outside of itself, so that a test can make each call fail in
 // turn.
 //
 // A test makes an OutsideCalls, hands the library a WrappedPlatform and a WrappedFactory in the place of its own, and
@@ -20,21 +20,22 @@ namespace orvan::testkit {
 
 class OutsideCalls {
 public:
-    /// What a failed call throws: an error of its own, or an object that is no exception class, as foreign code may.
+    /// What a failed call throws: a RuntimeError, or an object of another type, as code of a host may throw.
     enum class Failure { runtimeError, foreign };
     enum class Repeat { once, fromThenOn };
 
-    /// The error number that Failure::runtimeError throws.
+    /// The number of the error that is thrown for Failure::runtimeError.
     static constexpr std::int32_t kErrorNumber = 1000;
 
-    /// The `number`th call from now on fails (1: the next one; 0: none), alone or with all that follow. Counts anew.
+    /// Makes the call with this number fail, counted from now on (1: the next one; 0: none), alone or together with all
+    /// that follow it.
     void failAt(std::size_t number, Repeat repeat = Repeat::once, Failure failure = Failure::runtimeError);
     /// The calls since failAt, or since the beginning.
     std::size_t count() const { return count_; }
     /// The name of the first call that failed, such as "ProductMgr::GetProduct"; empty if none has.
     const std::string& failed() const { return failed_; }
 
-    /// A wrapper reports the call that it is about to pass on. Throws if that call is to fail.
+    /// To be called by a wrapper before it passes a call on. Throws if that call is to fail.
     void report(std::string_view name);
 
 private:
@@ -58,8 +59,8 @@ private:
     OutsideCalls& calls_;
 };
 
-/// Wraps the services of another platform, but those in Own are the test's. Forms are the inner platform's, and
-/// unhandled errors go to it.
+/// Wraps the services that the test gives in Own and, for the others, those of another platform, the inner one. Forms
+/// are the inner platform's, and unhandled errors go to it.
 class WrappedPlatform final : public ui::Platform {
 public:
     struct Own {
@@ -78,7 +79,7 @@ public:
     ui::ScreenPointer& pointer() override;
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
-    /// Gets each form that loadForm has made, before it is shown.
+    /// Called with each form that loadForm has made, before the form is shown.
     std::function<void(ui::Form& form)> onFormLoaded;
 
 private:

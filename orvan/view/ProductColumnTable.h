@@ -33,7 +33,7 @@ struct ColumnRow {
 inline constexpr std::string_view kMoneyFormat = "$###,##0.00";
 
 // clang-format off
-/// In the order in which the grid has the columns at first. Those that can be chosen stand in the order of ViewFieldEnum.
+/// The columns in the order that they have in the grid at first. Those that can be chosen are in ViewFieldEnum's order.
 inline constexpr ColumnRow kColumns[] = {
     {.key = "Number", .caption = "#", .type = ui::GridType::int32},
     {.key = "Name", .caption = "Product", .type = ui::GridType::string, .text = &ProductRecord::Name},

@@ -88,7 +88,7 @@ public:
 
     /// Runs `user`, which has to unload the form in the end, as soon as the form is shown.
     virtual void whenShown(ui::Form& form, std::function<void()> user) = 0;
-    /// A form for which whenShown was called has not been shown, and does not exist any more.
+    /// To be called after whenShown if the form was never shown and does not exist any more: `user` is not run then.
     virtual void forgetShown() = 0;
     void showModal(ui::Form& form, std::function<void()> user)
     {

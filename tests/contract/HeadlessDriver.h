@@ -1,4 +1,4 @@
-// HeadlessDriver: the in-memory platform under the contract.
+// HeadlessDriver: plays the user of the in-memory platform for the tests of the contract.
 #pragma once
 
 #include "tests/contract/ContractDriver.h"

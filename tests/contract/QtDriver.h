@@ -246,7 +246,7 @@ private:
     QTemporaryDir folder_;
     qt::QtPlatform platform_{locale, components, settingsPath()};
     std::vector<std::unique_ptr<QWidget>> hosts_;
-    std::unique_ptr<QObject> shown_; ///< What waits for a form that is to be shown.
+    std::unique_ptr<QObject> shown_; ///< The timer of whenShown fires only while this exists.
 };
 
 /// What only the Qt platform can get wrong.

@@ -1,4 +1,4 @@
-// The desk's catalogue: what is asked before it is replaced, what is kept of it, and how that comes back.
+// The desk's catalogue: what the user is asked before it is replaced, and how the replaced one is kept and comes back.
 
 #include "CatalogueMenu.h"
 
@@ -23,7 +23,7 @@ namespace {
 using test::forEachRow;
 using testing::HasSubstr;
 
-/// Presses a button in each window that comes up: the one that is named if the window has it, else OK. Keeps the texts.
+/// Presses a button in each window that comes up: the one with the given caption, or else OK. Keeps all texts.
 class User {
 public:
     explicit User(const char* press) : press_(press)

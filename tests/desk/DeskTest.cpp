@@ -174,7 +174,7 @@ TEST_F(DeskTest, APriceListIsImportedAsAWholeOrNotAtAll)
     struct Row {
         const char* name;
         QByteArray list;
-        const char* press = ""; // a button, in each window that comes up but the first; OK where there is no such one
+        const char* press = ""; // the button that is pressed after "Replace"; OK where a window does not have it
         std::int64_t entries;
         const char* problem = "";
     };

@@ -1,4 +1,4 @@
-"""Calls the programs as a user does, with what they have to refuse. Usage: programs.py DESK CATALOGUE GRID"""
+"""Calls the programs as a user does, above all with what they have to refuse. Usage: programs.py DESK CATALOGUE GRID"""
 import json
 import os
 import pathlib
@@ -8,7 +8,7 @@ import sys
 import tempfile
 import time
 
-PATIENCE = 20  # seconds; a program that waits for a pipe waits for ever
+PATIENCE = 20  # seconds, after which a program is taken to be waiting for a pipe for ever
 DESK, CATALOGUE, GRID = (os.path.abspath(program) for program in sys.argv[1:])
 PRICES = "name,part number,price\nBolt,B-1,1.50\nNut \x1b[31m\u202egnp,B-2,2\n"
 QUOTE = {"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n", "date": "2026-11-20",
@@ -16,7 +16,7 @@ QUOTE = {"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": 
 
 
 def call(folder: pathlib.Path, *words: str) -> tuple[int, str, str]:
-    """Exit status, output and errors; a status of -9 is that of a program that was still running."""
+    """Returns exit status, output and errors. The status is -9 if the program had to be killed."""
     environment = dict(os.environ, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="offscreen",
                        **{f"XDG_{kind}_HOME": str(folder / "home") for kind in ("CONFIG", "STATE", "DATA")})
     with subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
@@ -29,7 +29,7 @@ def call(folder: pathlib.Path, *words: str) -> tuple[int, str, str]:
         return process.returncode, output, errors
 
 
-# The arguments; the exit status; what stands in the output or the errors.
+# What is tried; the arguments; the exit status; a text that the output or the errors contain.
 ROWS = [
     ("import", [CATALOGUE, "import", "prices.csv", "goods"], 0, "2 entries in goods\n"),
     ("import again", [CATALOGUE, "import", "prices.csv", "goods"], 0, "The former catalogue is kept as "),

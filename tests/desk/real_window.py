@@ -1,8 +1,9 @@
 """Works at the desk in a real window. Usage: xvfb-run python3 real_window.py DESK QUOTE TYPICAL_EDIT
 
-In both ways of editing, a column is chosen from its menu, a product edited, the list walked and a product deleted; the
-answer No leaves the quote as it was, saving changes the one field that was edited. Then the typical edit: its products,
-and the trace of the classic way, must be those that it has in memory (tests/walk/)."""
+In both ways of editing, a column is chosen from its menu, a product is edited, the list is walked through and a product
+is deleted. The answer No then leaves the quote as it was, and saving changes only the field that was edited. The
+typical edit follows: its products and, in the classic way, its trace must be those that it has in memory
+(tests/walk/)."""
 import json
 import pathlib
 import sys
@@ -12,7 +13,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "scripts"))
 from desk_window import COLUMN_ONE, DESK, MODIFIED, Desk, keys, titles, wait_for, wait_for_title, xdotool
 
-CLASSIC, CAREFUL = "classic", "careful"  # what --editing names; without the option the desk is careful
+CLASSIC, CAREFUL = "classic", "careful"  # the values of --editing; without it the desk edits in the careful way
 
 
 def choose_last_field(desk: Desk) -> None:
@@ -47,7 +48,7 @@ def edit_walk_delete_and_revert(desk: Desk, way: str) -> None:
     wait_for_title("Orvan")
     keys("alt+y")
     wait_for_title("Visitor chair, stackable (2/13)")
-    if way == CLASSIC:  # the next product's name is looked up, and asks about its note
+    if way == CLASSIC:  # looking up the next product's name leads to the question about its note
         wait_for_title("Orvan")
         keys("alt+n")
     wait_for("an answer taken", lambda: "Orvan" not in titles())
@@ -113,7 +114,7 @@ def typical_edit(program: str, quote: dict, path: str, way: str) -> None:
             Desk(program, folder, quote | {"products": sections["list"][0]}, *options(way)) as desk:
         steps = sections["steps"]
         if way == CAREFUL and steps[-2:] == ["save", "answer yes"]:
-            steps = steps[:-1]  # who has pressed Save is not asked again
+            steps = steps[:-1]  # a user who has pressed Save is not asked
         for step in steps:
             play(desk, step)
         wait_for("a quote that is not saved", lambda: titles() == [MODIFIED])

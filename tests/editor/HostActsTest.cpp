@@ -26,7 +26,7 @@ public:
     }
     ~HostActsTest() override { EXPECT_EQ(faults.goneInACall, 0) << "objects destroyed while they were called"; }
 
-    /// Opens the editor on the second product, for somebody who does everything that a person can do.
+    /// Opens the editor on the second product, and does everything there that a person can do.
     void session()
     {
         other = std::make_unique<ProductDlg>(platform);
@@ -43,7 +43,7 @@ public:
         }
     }
 
-    /// Once the session's form is shown, the dialog is shown again, on the first product, and its quantity changed.
+    /// If the session's form is open, the host shows the dialog again, on the first product, whose quantity is changed.
     void showAgain()
     {
         if (!open) {
@@ -97,7 +97,8 @@ TEST_F(HostActsTest, ManagerAndRecordLiveThroughEachCallToThem)
                 session();
                 reached = std::exchange(faults.failAtCall, 0) == 0;
                 for (const std::int32_t number : own.trace()->numbersSince(0)) {
-                    // 91: what goes on once the form is closed. 9: the list is not as the session left it.
+                    // 91: a procedure goes on after the form has closed. 9: two sessions work on one list, and one of
+                    // them asks for a position that the list does not have any more.
                     EXPECT_TRUE(number == ErrorNumber::objectNotSet || number == ErrorNumber::subscriptOutOfRange)
                         << number;
                     own.trace()->declareError(number);

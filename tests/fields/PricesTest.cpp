@@ -87,7 +87,7 @@ TEST(Prices, FollowQuantityUnitPriceAndDiscount)
     });
 }
 
-// A host's record may note the order in which it is read, and every compiler has to give the same.
+// A host's record may notice the order in which it is read. The order must not depend on the compiler.
 TEST(Prices, TheRecordIsReadInOneOrder)
 {
     FieldsFixture fixture;

@@ -67,16 +67,16 @@ TEST_F(FormerFileTest, AReplacementThatIsInterruptedOrFailsLosesNothing)
     struct Row {
         const char* name;
         std::function<void()> interrupt;
-        const char* found;    ///< State before the next call,
-        const char* swapped;  ///< after a swap instead,
-        const char* replaced; ///< and after the next replacement instead.
+        const char* found;    ///< The state after the interruption.
+        const char* swapped;  ///< The state if a swap follows.
+        const char* replaced; ///< The state if a replacement follows.
     };
     const Row rows[] = {
-        {"before the new file had the name", [&] { fs::create_hard_link(file(), aside()); }, "now, old", "old, now",
-         "next, now"},
-        {"after it", [&] { fs::rename(file(), aside()), writeText(file(), "newer"); }, "newer, now", "now, newer",
-         "next, newer"},
-        {"a program replaces it now", [] {}, "now, old", "old, now", "next, now"},
+        {"interrupted before the new file had the name", [&] { fs::create_hard_link(file(), aside()); }, "now, old",
+         "old, now", "next, now"},
+        {"interrupted after that", [&] { fs::rename(file(), aside()), writeText(file(), "newer"); }, "newer, now",
+         "now, newer", "next, newer"},
+        {"not interrupted", [] {}, "now, old", "old, now", "next, now"},
         {"the former file is the present one", [&] { fs::remove(former()), fs::create_hard_link(file(), former()); },
          "now, now", "now, now", "next, now"},
     };
@@ -109,7 +109,7 @@ TEST_F(FormerFileTest, AReplacementThatIsInterruptedOrFailsLosesNothing)
 TEST_F(FormerFileTest, WhereTheFormerCannotStandNothingIsReplacedOrItKeepsItsHiddenName)
 {
     replace("one");
-    fs::create_directory(aside()); // the second name cannot be given: as on a disk that is full
+    fs::create_directory(aside()); // so that the second name cannot be given, as on a full disk
     NewFile next(file(), NewFile::Others::refused);
     EXPECT_EQ(raisedBy([&] { static_cast<void>(next.commit(NewFile::Former::kept)); }).number, 75);
     EXPECT_EQ(state(), "one, -");
@@ -117,6 +117,11 @@ TEST_F(FormerFileTest, WhereTheFormerCannotStandNothingIsReplacedOrItKeepsItsHid
     fs::create_directory(former());
     EXPECT_EQ(next.commit(NewFile::Former::kept), "");
     EXPECT_EQ(state(), ", one");
+    NewFile later(file(), NewFile::Others::refused);
+    later.write("two");
+    EXPECT_EQ(later.commit(NewFile::Former::kept), "");
+    EXPECT_EQ(state(), "two, ") << "the former one is the one before this replacement";
+    EXPECT_EQ(raisedBy([&] { files::swapWithFormer(file()); }).number, 75);
 }
 
 TEST_F(FormerFileTest, ALongNameAndALinkHaveOneToo)

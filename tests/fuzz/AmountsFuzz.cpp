@@ -1,4 +1,5 @@
-// Amounts: the input as a text in each of the ways in which amounts are read, and its first bytes as two numbers.
+// Amounts: the input is read as a text in each of the ways in which amounts are read, and its first 16 bytes are taken
+// for two numbers to calculate with.
 
 #include "orvan/base/Currency.h"
 #include "orvan/base/Integer.h"
@@ -17,7 +18,8 @@
 namespace orvan::fuzz {
 namespace {
 
-/// A sign or none, digits with a point or none, perhaps an exponent, and blanks around; the value is the C library's.
+/// Reads an optional sign, digits with at most one point, an optional exponent, and blanks around all this. The C
+/// library computes the value.
 std::optional<double> readPlainNumber(std::string_view text)
 {
     const std::string number(withoutBlanks(text));
@@ -39,6 +41,7 @@ std::optional<double> readPlainNumber(std::string_view text)
         }
     }
     const double value = std::strtod(number.c_str(), nullptr);
+    // Deliberately as in the library: a number that a double cannot tell from 0 is an overflow, too.
     const bool lost = value == 0 && mantissa.find_first_not_of('0') != mantissa.npos;
     return lost ? HUGE_VAL : value;
 }
@@ -48,12 +51,14 @@ void checkInteger(std::string_view text)
     const std::optional<double> number = readPlainNumber(text);
     try {
         const std::int32_t value = textToInteger32(text);
-        // Half a unit at most, and an even value where it is half a unit.
+        // The value differs by half a unit at most; where it is exactly half a unit, the value is even.
         require(number && std::abs(value - *number) <= 0.5, "an integer is the nearest one");
         require(std::abs(value - *number) < 0.5 || value % 2 == 0, "a tie becomes even");
     } catch (const RuntimeError& error) {
-        require(error.number() == (number ? ErrorNumber::overflow : ErrorNumber::typeMismatch), "13 or 6");
-        require(!number || *number >= 2147483647.5 || *number < -2147483648.5, "an integer that fits is read");
+        require(error.number() == (number ? ErrorNumber::overflow : ErrorNumber::typeMismatch),
+                "6 for a number, 13 for another text");
+        require(!number || *number >= 2147483647.5 || *number < -2147483648.5,
+                "an integer is refused only if it does not fit");
     }
 }
 
@@ -62,16 +67,18 @@ void checkText(std::string_view text)
     const PlainAmount expected = readPlainAmount(text);
     try {
         const Currency amount = Currency::fromText(text);
-        require(expected.kind == PlainAmount::amount && amount.scaled() == expected.scaled, "fromText");
-        require(isShortest(amount.toText()) && Currency::fromText(amount.toText()) == amount, "toText");
+        require(expected.kind == PlainAmount::amount && amount.scaled() == expected.scaled,
+                "fromText gives the amount");
+        require(isShortest(amount.toText()) && Currency::fromText(amount.toText()) == amount,
+                "toText gives the shortest text, which is read again");
     } catch (const RuntimeError& error) {
         require(expected.kind ==
                     (error.number() == ErrorNumber::overflow ? PlainAmount::tooLarge : PlainAmount::noNumber),
-                "fromText raises what is wrong");
+                "fromText raises 6 for an amount that is too large, 13 for another text");
     }
     const std::optional<Currency> shortest = Currency::fromShortestText(text);
     require(shortest.has_value() == isShortest(text), "fromShortestText reads the shortest text alone");
-    require(!shortest || shortest->scaled() == expected.scaled, "fromShortestText");
+    require(!shortest || shortest->scaled() == expected.scaled, "fromShortestText gives the amount");
 }
 
 struct Locale {
@@ -102,20 +109,20 @@ void checkTyped(std::string_view text, Currency amount)
     Locale& locale = locales[amount.magnitude() % locales.size()];
     const LocaleStrings& own = locale.strings;
     require(NumberTextToValue(locale.service, text, own.decimalSep) == readTyped(text, own.decimalSep),
-            "a number that is typed");
+            "a number is read as it is typed");
     require(CurrencyTextToValue(locale.service, text, own.monDecimalSep) == readTyped(text, own.monDecimalSep),
-            "an amount of money that is typed");
+            "an amount of money is read as it is typed");
     if (amount >= Currency()) {
         const std::string number = FormatNumberValue(locale.service, amount, 4);
-        require(NumberTextToValue(locale.service, number, own.decimalSep) == amount, "a number that is shown");
+        require(NumberTextToValue(locale.service, number, own.decimalSep) == amount, "a shown number is read again");
         const std::string money = FormatCurrencyValue(locale.service, amount, 4, own.currencySymbol, true);
-        require(CurrencyTextToValue(locale.service, money, own.monDecimalSep) == amount, "money that is shown");
+        require(CurrencyTextToValue(locale.service, money, own.monDecimalSep) == amount, "shown money is read again");
     }
 }
 
 void checkDouble(double value)
 {
-    char text[1600]; // every decimal that a double can have
+    char text[1600]; // enough for every decimal that a double can have
     PlainAmount expected{.kind = PlainAmount::tooLarge};
     if (std::abs(value) < 1e16) {
         std::snprintf(text, sizeof text, "%.1100f", value);
@@ -123,9 +130,10 @@ void checkDouble(double value)
     }
     try {
         require(Currency::fromDouble(value).scaled() == expected.scaled && expected.kind == PlainAmount::amount,
-                "fromDouble");
+                "fromDouble gives the nearest amount");
     } catch (const RuntimeError& error) {
-        require(error.number() == ErrorNumber::overflow && expected.kind == PlainAmount::tooLarge, "fromDouble fits");
+        require(error.number() == ErrorNumber::overflow && expected.kind == PlainAmount::tooLarge,
+                "fromDouble raises 6 only for a number that does not fit");
     }
 }
 
@@ -151,13 +159,15 @@ void checkCalculation(Currency a, Currency b)
     try {
         require(isNearest((a * b).scaled(), x * y, Currency::kScale), "a product is the nearest amount");
     } catch (const RuntimeError& error) {
-        require(error.number() == ErrorNumber::overflow && !within(x * y, Currency::kScale), "a product that fits");
+        require(error.number() == ErrorNumber::overflow && !within(x * y, Currency::kScale),
+                "a product raises 6 only if it does not fit");
     }
     try {
         require(isNearest((a / b).scaled(), x * Currency::kScale, y), "a quotient is the nearest amount");
     } catch (const RuntimeError& error) {
-        require(error.number() == (y == 0 ? ErrorNumber::divisionByZero : ErrorNumber::overflow), "11 or 6");
-        require(y == 0 || !within(x * Currency::kScale, y), "a quotient that fits");
+        require(error.number() == (y == 0 ? ErrorNumber::divisionByZero : ErrorNumber::overflow),
+                "a quotient raises 11 for a division by 0, and otherwise 6");
+        require(y == 0 || !within(x * Currency::kScale, y), "a quotient raises 6 only if it does not fit");
     }
 }
 

@@ -1,5 +1,5 @@
-// CSV with prices: the first byte is the delimiter, or "?" where the reader finds it; the second byte says how many
-// bytes are read at a time, "?" for the whole; the rest is the file. Each field is also read as a price.
+// CSV with prices: the first byte is the delimiter, or "?" if the reader is to find it. The second byte says how many
+// bytes are read at a time, or "?" for all at once. The rest is the file. Each field is also read as a price.
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CsvReader.h"
@@ -20,13 +20,13 @@ std::optional<std::int64_t> scaled(const std::optional<Currency>& amount)
 void checkPrice(std::string_view text)
 {
     const auto point = readPlainPrice(text, '.'), comma = readPlainPrice(text, ',');
-    require(scaled(readPrice(text, '.')) == point, "a price with a decimal point");
-    require(scaled(readPrice(text, ',')) == comma, "a price with a decimal comma");
+    require(scaled(readPrice(text, '.')) == point, "a price with a decimal point is read");
+    require(scaled(readPrice(text, ',')) == comma, "a price with a decimal comma is read");
     const DecimalEvidence evidence = point == comma   ? DecimalEvidence::none
                                      : point && comma ? DecimalEvidence::ambiguous
                                      : point          ? DecimalEvidence::point
                                                       : DecimalEvidence::comma;
-    require(decimalEvidence(text) == evidence, "what the price tells about the file");
+    require(decimalEvidence(text) == evidence, "a price tells the right decimal separator");
 }
 
 void checkRecords(CsvReader& reader, std::string_view text, char delimiter)
@@ -34,7 +34,7 @@ void checkRecords(CsvReader& reader, std::string_view text, char delimiter)
     std::uint64_t bytes = 0;
     for (const PlainRecord& record : readPlainCsv(text, delimiter)) {
         require(reader.next(), "no record is lost");
-        require(reader.line() == record.line, "the line of a record");
+        require(reader.line() == record.line, "a record has the right line");
         require(reader.problem().empty() == !record.malformed, "a malformed record is told");
         require(reader.bytesRead() > bytes && reader.bytesRead() <= text.size(), "the bytes grow to the file's size");
         bytes = reader.bytesRead();
@@ -42,7 +42,8 @@ void checkRecords(CsvReader& reader, std::string_view text, char delimiter)
             continue;
         }
         const auto& fields = reader.fields();
-        require(std::equal(fields.begin(), fields.end(), record.fields.begin(), record.fields.end()), "the fields");
+        require(std::equal(fields.begin(), fields.end(), record.fields.begin(), record.fields.end()),
+                "the fields are read");
         for (const std::string_view field : fields) {
             checkPrice(field);
         }

@@ -1,4 +1,5 @@
-// The way from libFuzzer to a target; without libFuzzer, a main program that runs a target over files.
+// The function that libFuzzer calls, which runs a target. Without libFuzzer there is a main program instead, which runs
+// the target over files.
 
 #include "tests/fuzz/FuzzTarget.h"
 

@@ -1,7 +1,7 @@
-// FuzzTarget: what every fuzz target consists of, and what it is written with.
+// FuzzTarget: the function that every fuzz target defines, and helpers to write one with.
 //
-// A target takes any bytes, hands them to a reader of the library or the desk, and compares the result with that of an
-// independent reader, which is written in the target in the plainest way, or reads what it has written again.
+// A target takes any bytes and hands them to a reader of the library or the desk. It compares the result with that of
+// an independent reader, which is written as plainly as possible, or has the result written and read again.
 #pragma once
 
 #include <cstdio>

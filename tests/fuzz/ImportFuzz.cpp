@@ -22,7 +22,7 @@ struct PlainEntry {
     std::optional<std::int64_t> unitPrice;
 };
 
-/// What a list says.
+/// What the plain reader finds in a list.
 struct PlainImport {
     bool readable = false;
     char decimal = '.';
@@ -60,7 +60,8 @@ bool isPlainUtf8(const std::string& text)
     return true;
 }
 
-/// The place of the first of the names that the header has, in the form without capitals, blanks and punctuation.
+/// The place in the header of the first of the names that it has. Capitals, blanks and punctuation are left out of the
+/// comparison.
 std::optional<std::size_t> columnOf(const std::vector<std::string>& header, const std::vector<std::string>& names)
 {
     std::vector<std::string> simple;
@@ -129,7 +130,7 @@ void readRows(PlainImport& import, const std::vector<PlainRecord>& records, cons
     }
 }
 
-/// The first price that can be read in one way only tells the decimal separator.
+/// Finds the decimal separator: the first price that can be read in only one way tells it.
 void findDecimal(PlainImport& import, const std::vector<PlainRecord>& records, std::size_t column)
 {
     for (std::size_t row = 1; row < records.size(); ++row) {
@@ -198,7 +199,8 @@ void compareRows(const LookUpList& shown, const PlainImport& import, std::string
     for (std::size_t i = 0; i < rows.size(); ++i) {
         require(rows[i].itemId == expected[i].first, "the matches are in order");
         require(i == 0 || rows[i].text == expected[i].second, "each row has its entry's text");
-        require(foldCase(rows[i].text) == foldCase(expected[i].second), "the first row, too, but for capitals");
+        require(foldCase(rows[i].text) == foldCase(expected[i].second),
+                "the first row has its entry's text, too, except for capitals");
     }
 }
 
@@ -228,8 +230,8 @@ void checkCatalogue(const PlainImport& import, const std::string& file)
     }
 }
 
-/// Where the header has letters that are not ASCII, its names are compared in a way that the plain reader does not
-/// know.
+/// Whether the plain reader can say what is imported. It cannot if the header has letters that are not ASCII, because
+/// it does not know how the library compares these.
 bool isComparable(const std::vector<PlainRecord>& records)
 {
     const auto ascii = [](const std::string& text) {
@@ -265,18 +267,18 @@ void runTarget(std::string_view input)
             return;
         }
         require(expected.readable, "a list that cannot be understood is refused");
-        // The price of a malformed row may be any part of it.
+        // Which part of a malformed row is its price is left open, and with it which decimal separator is found.
         const bool anyMalformed =
             std::any_of(records.begin(), records.end(), [](const PlainRecord& record) { return record.malformed; });
         if (anyMalformed && options.decimalSeparator == 0) {
             require(!imported, "a list with a malformed row is not imported");
             return;
         }
-        require((result.outcome == Outcome::ambiguous) == expected.ambiguous, "prices that can be read in two ways");
+        require((result.outcome == Outcome::ambiguous) == expected.ambiguous, "ambiguous prices are reported");
         if (expected.ambiguous) {
             return;
         }
-        require(result.decimalSeparator == expected.decimal, "the decimal separator");
+        require(result.decimalSeparator == expected.decimal, "the decimal separator is found");
         require(imported == expected.refused.empty(), "a list is imported as a whole or not at all");
         require(result.refusedCount == expected.refused.size(), "each bad row is refused");
         for (std::size_t i = 0; i < result.refused.size(); ++i) {
@@ -288,7 +290,7 @@ void runTarget(std::string_view input)
         }
     } catch (const RuntimeError& error) {
         const bool utf16 = input.starts_with("\xFF\xFE") || input.starts_with("\xFE\xFF");
-        require(error.number() == ErrorNumber::invalidFileFormat, "321");
+        require(error.number() == ErrorNumber::invalidFileFormat, "a list that is refused raises 321");
         require(!comparable || utf16 || !expected.readable, "a list that can be understood is read");
     }
 }

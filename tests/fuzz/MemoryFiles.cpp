@@ -18,7 +18,7 @@ Files& files()
     return all;
 }
 
-/// An open file. SQLite makes it and knows its first member alone.
+/// An open file. SQLite allocates it, and knows only its first member.
 struct OpenFile {
     sqlite3_file base;
     std::string* bytes;
@@ -50,7 +50,7 @@ int writeBytes(sqlite3_file* file, const void* from, int size, sqlite3_int64 at)
 const sqlite3_io_methods& methods()
 {
     static const sqlite3_io_methods all = [] {
-        sqlite3_io_methods io = {}; // version 0 has what the first one has
+        sqlite3_io_methods io = {}; // SQLite calls only the first methods: iVersion is 0
         io.xClose = [](sqlite3_file* /*file*/) { return SQLITE_OK; };
         io.xRead = readBytes;
         io.xWrite = writeBytes;
@@ -86,7 +86,7 @@ int openFile(sqlite3_vfs* /*system*/, const char* name, sqlite3_file* file, int 
     return SQLITE_OK;
 }
 
-/// The usual file system's clock and random numbers, and files of our own.
+/// A file system with the clock and the random numbers of the usual one, and with files in memory.
 sqlite3_vfs memorySystem()
 {
     sqlite3_initialize();

@@ -128,8 +128,10 @@ void runTarget(std::string_view input)
     for (int& size : sizes) {
         size = std::abs(size);
     }
-    require(ui::GridFormat(picture).display(value, separators) == plainPicture(picture, value, separators), "picture");
-    require(ui::GridFormat().display(value, separators) == plainPicture("0.####", value, separators), "no picture");
+    require(ui::GridFormat(picture).display(value, separators) == plainPicture(picture, value, separators),
+            "an amount is shown as the picture says");
+    require(ui::GridFormat().display(value, separators) == plainPicture("0.####", value, separators),
+            "an amount is shown without a picture");
     checkPattern({.decimalSeparator = separators.decimal,
                   .groupSeparator = separators.thousands,
                   .primaryGroup = sizes[0] % 10,

@@ -33,7 +33,7 @@ struct PlainAmount {
     std::int64_t scaled = 0; ///< Ten-thousandths, rounded to the nearest, ties to even.
 };
 
-/// A sign or none, digits, and perhaps a point with digits; one digit at least.
+/// Reads an optional sign, then digits with at most one point; there is at least one digit.
 inline PlainAmount readPlainAmount(std::string_view text)
 {
     const bool negative = text.starts_with('-');
@@ -62,7 +62,7 @@ inline PlainAmount readPlainAmount(std::string_view text)
     return {.kind = PlainAmount::amount, .scaled = static_cast<std::int64_t>(negative ? 0 - value : value)};
 }
 
-/// Whether the text is the only one that the amount may have in a products string.
+/// Whether the text is an amount in its shortest form, which is the only one that a products string may have.
 inline bool isShortest(std::string_view text)
 {
     const std::size_t point = text.find('.');

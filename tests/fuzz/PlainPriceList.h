@@ -82,7 +82,7 @@ inline std::vector<PlainRecord> readPlainCsv(std::string_view text, char delimit
     return records;
 }
 
-/// The most frequent one of the usual delimiters in the first line, quoted ones left out.
+/// The one of the usual delimiters that is most frequent in the first line; those inside quotes do not count.
 inline char plainDelimiter(std::string_view text)
 {
     text.remove_prefix(text.starts_with("\xEF\xBB\xBF") ? 3 : 0);
@@ -101,7 +101,7 @@ inline char plainDelimiter(std::string_view text)
     return best;
 }
 
-/// The digits of a number with groups, without its separators; nothing where the groups are not of the right sizes.
+/// The digits of a number that is written with groups; nothing where a group has a wrong size.
 inline std::optional<std::string> withoutGroups(const std::string& text, const std::string& separator)
 {
     std::vector<std::string> groups(1);

@@ -58,7 +58,7 @@ std::vector<std::string> pieces(const std::string& text, char separator)
     return all;
 }
 
-/// A number of 32 bits that fits an int, in the forms that people write; the exponent is the C library's.
+/// Reads a whole number of 32 bits, in the forms that people write. The C library computes the value.
 std::optional<std::int32_t> readInteger(const std::string& text)
 {
     const std::string number(withoutBlanks(text));
@@ -112,7 +112,7 @@ Layout expectedOf(const std::string& text)
     for (const std::string& piece : pieces(parts[2], '^')) {
         const auto width = readInteger(piece);
         if (!width || *width < 0 || place == widths.size()) {
-            std::fill(widths.begin() + 2, widths.end(), 700); // the first two stay as far as they were read
+            std::fill(widths.begin() + 2, widths.end(), 700); // the first two keep what was read for them
             return layoutWith("Qty", "ExtPrice", widths);
         }
         widths[place++] = *width;

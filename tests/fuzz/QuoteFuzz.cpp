@@ -1,4 +1,5 @@
-// Quote files: the input as a file, and its lines as the texts of a quote. What is read is written and read again.
+// Quote files: the input is read as a file, and its lines are taken for the texts of a quote. What was read is written
+// and read again.
 
 #include "QuoteFile.h"
 #include "tests/fuzz/FuzzTarget.h"
@@ -17,8 +18,9 @@ void checkFile(const QByteArray& bytes)
         const QByteArray written = desk::quoteToBytes(quote);
         require(desk::quoteFromBytes(written) == quote, "what was read from a file is written and read again");
         const QJsonObject object = QJsonDocument::fromJson(bytes).object();
-        require(object[u"date"].toString() == quote.date.toString(Qt::ISODate), "the date is the whole text");
-        require(object[u"products"].toString().toUtf8().toStdString() == quote.products, "the products");
+        require(object[u"date"].toString() == quote.date.toString(Qt::ISODate),
+                "the text of the date holds the date alone");
+        require(object[u"products"].toString().toUtf8().toStdString() == quote.products, "the products are kept");
     } catch (const desk::QuoteFileError& error) {
         require(*error.what() != '\0', "the user is told what is wrong");
     }

@@ -1,5 +1,5 @@
-// Recovery copies: the input as a copy's file, and its lines as what a desk keeps. What is read is written and read
-// again.
+// Recovery copies: the input is read as the file of a copy, and its lines are taken for what a desk keeps. What was
+// read is written and read again.
 
 #include "RecoveryCopy.h"
 #include "tests/fuzz/FuzzTarget.h"
@@ -46,7 +46,7 @@ void runTarget(std::string_view input)
         const RecoveryCopy read = desk::copyFromBytes(QByteArray(input.data(), static_cast<qsizetype>(input.size())));
         requireSame(desk::copyFromBytes(desk::copyToBytes(read)), read);
     } catch (const desk::QuoteFileError& error) {
-        require(*error.what() != '\0', "it is told what is wrong");
+        require(*error.what() != '\0', "the error tells what is wrong");
     }
 }
 

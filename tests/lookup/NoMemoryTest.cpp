@@ -1,4 +1,4 @@
-// Values of a catalogue where memory runs out. This program's operator new fails when it is told to.
+// A catalogue's values are copied while memory runs out. This program's operator new fails when it is told to.
 #include "LookUpBench.h"
 
 #include <cstdlib>
@@ -7,7 +7,7 @@
 
 namespace {
 
-/// How many allocations still succeed; below 0: all.
+/// How many allocations still succeed; all of them while it is below 0.
 thread_local long allocationsLeft = -1;
 
 } // namespace

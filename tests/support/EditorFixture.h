@@ -73,7 +73,7 @@ public:
             }
         }
         form.clickCloseBox();
-        form.clickCloseBox(); // where the first was kept open by a save that failed
+        form.clickCloseBox(); // again, because a save that failed keeps the form open
     }
     void answer(const std::vector<ui::MessageResult>& answers)
     {

@@ -1,5 +1,5 @@
-// FaultyProductMgr: forwards to another manager and fails at its nth call, or lets the test act there as a host would,
-// or moves the index. FaultyRecord does so for a record.
+// FaultyProductMgr: passes calls on to another manager. At its nth call it fails, or lets the test act as a host would;
+// it can also move the index. FaultyRecord fails or lets the test act in the calls to a record.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
@@ -15,8 +15,8 @@ namespace orvan::test {
 struct Faults {
     int failAtCall = 0;                           ///< 1: the next call; 0: never.
     std::function<void()> act = {};               ///< Runs at that call, which then does not fail.
-    bool recordsCount = false;                    ///< Calls to records count, too.
-    std::string recordCalls = {};                 ///< What is read from records, and written into them, while they do.
+    bool recordsCount = false;                    ///< Calls to records are counted, too.
+    std::string recordCalls = {};                 ///< What was called on each FaultyRecord, blanks between.
     int goneInACall = 0;                          ///< Objects that were destroyed while a call to them ran.
     int nothingAtGetProduct = 0;                  ///< 1: the next GetProduct returns nothing; 0: none.
     std::int32_t seekMovesBy = 0;                 ///< Added to every index that a seek has found.
@@ -70,7 +70,7 @@ public:
 private:
     ProductRecord& call(const char* operation) const
     {
-        const auto inner = inner_; // the test may act, and this object may not live on
+        const auto inner = inner_; // the test may act, and by that destroy this object
         faults_.recordCalls.append(faults_.recordCalls.empty() ? "" : " ").append(operation);
         faults_.called(this);
         return *inner;

@@ -33,7 +33,7 @@ public:
     }
 
     headless::ButtonDriver& button(std::string_view name) { return view->surface().button(name); }
-    /// What no user sees, such as the keys of the columns.
+    /// For what no user sees, such as the keys of the columns.
     ui::Surface& surface() { return dynamic_cast<ui::Surface&>(view->surface()); }
     ui::Grid& grid() { return surface().control<ui::Grid>("flexGrid"); }
 

@@ -1,4 +1,4 @@
-// Each allocation of a whole session in memory fails in turn, alone and from then on.
+// Each memory allocation of a whole session on the in-memory platform fails in turn, alone and with all that follow it.
 
 #include "tests/contract/HeadlessDriver.h"
 #include "tests/support/Rows.h"

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kPause = 2; // milliseconds between two looks at the window
 constexpr int kMostPauses = 10'000;
-constexpr int kPausesBetweenLooks = 50; // at a folder: each look is a system call that the sweep would fail, too
+constexpr int kPausesBetweenLooks = 50; // at the folder of copies: each look is a system call that may be made to fail
 
 void print(const char* kind, const QString& text)
 {
@@ -51,8 +51,8 @@ private:
             }
         } else if (!inStep_ && --pauses_ < 0) {
             inStep_ = true;
-            // A step may open a dialog and stay in it. Qt does not raise a timer again within its own slot, so the step
-            // must not run there.
+            // The step may open a dialog and return only when the dialog closes. It must not run in the timer's slot:
+            // Qt does not call a timer's slot again before the slot has returned, and nobody would answer the dialog.
             QMetaObject::invokeMethod(
                 this,
                 [this] {
@@ -109,7 +109,7 @@ private:
             auto* const customer = window_->findChild<QLineEdit*>();
             customer->setFocus();
             customer->insert(text);
-            // The desk looks for changes after each key, and this one is released only.
+            // The desk looks for changes at each key press, and insert() presses none. Shift alone changes nothing.
             QKeyEvent key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
             QCoreApplication::sendEvent(customer, &key);
         } else if (word == u"trigger") {
@@ -160,7 +160,7 @@ private:
 
 } // namespace
 
-QObject* DeskDriverPlugin::create(const QString& name, const QString& /*specification*/)
+QObject* DeskDriverPlugin::create(const QString& name, const QString& /*arguments*/)
 {
     return name == u"desk-driver" ? new DeskDriver : nullptr;
 }

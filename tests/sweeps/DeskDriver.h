@@ -1,19 +1,21 @@
-// DeskDriver: a plug-in that works the real orvan-desk without a screen, for the sweeps over system calls and kills.
+// DeskDriver: a plug-in that plays the user of the real orvan-desk without a screen, for the sweeps over system calls
+// and kills.
 //
-// Qt loads it where QT_QPA_GENERIC_PLUGINS names "desk-driver". It does the steps of ORVAN_DESK_STEPS, separated by
-// ";", one after the other, whenever no dialog is open:
+// Qt loads it if the environment variable QT_QPA_GENERIC_PLUGINS names "desk-driver". It does the steps that
+// ORVAN_DESK_STEPS lists, separated by ";", one after the other, whenever no dialog is open:
 //
-//     type TEXT       into the customer's field
-//     trigger TEXT    the menu command of that caption
-//     await MS        goes on after that many milliseconds
-//     copied          goes on when there is a recovery copy, or a status message since the last step
-//     again N         goes back to the first step, N times
-//     signal NUMBER   sends a signal to this process
+//     type TEXT       types the text into the customer's field
+//     trigger TEXT    chooses the menu command with this caption
+//     await MS        waits for this many milliseconds
+//     copied          waits until there is a recovery copy, or a status message since this step began
+//                     (at most 20 seconds)
+//     again N         goes back to the first step, N times in all
+//     signal NUMBER   sends this signal to the process
 //     end             ends the process without asking
 //
-// "copied" waits for at most 20 seconds. A dialog is refused (its Escape button), or answered with the button whose
-// caption ORVAN_DESK_ANSWER names. What a user would read goes to the standard output, a line each: "box: TEXT",
-// "status: TEXT", and "saved" or "unsaved" when the window's mark has changed after a step.
+// A dialog is closed as with Escape, or by the button whose caption is in ORVAN_DESK_ANSWER. The plug-in writes what a
+// user would read to the standard output, a line each: "box: TEXT" and "status: TEXT". After a step that changes the
+// window's mark for unsaved changes it writes "saved" or "unsaved".
 #pragma once
 
 #include <QGenericPlugin>
@@ -23,5 +25,5 @@ class DeskDriverPlugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "DeskDriver.json")
 
 public:
-    QObject* create(const QString& name, const QString& specification) override;
+    QObject* create(const QString& name, const QString& arguments) override;
 };

@@ -21,7 +21,7 @@ struct Sweep {
     ui::EditingWay editing;
     OutsideCalls::Repeat repeat;
     OutsideCalls::Failure failure;
-    std::size_t stride; ///< Of the calls that fail; 1 when the sweep runs whole.
+    std::size_t stride; ///< Every stride-th call is made to fail; where the sweep runs whole, each call.
 };
 
 template <class Driver>

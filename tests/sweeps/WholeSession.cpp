@@ -47,12 +47,12 @@ private:
     bool found_ = false;
 };
 
-/// Hands calls on without failing an allocation in the test's own trace.
+/// Passes calls on. No allocation fails meanwhile, because the trace is the test's own.
 class PausingTrace final : public Trace {
 public:
     explicit PausingTrace(std::shared_ptr<Trace> inner) : inner_(std::move(inner)) {}
 
-    std::int32_t LastErrorNumber() override { return paused().LastErrorNumber(); }
+    std::int32_t LastErrorNumber() override { return inner_->LastErrorNumber(); }
     void TraceError(std::string_view sText) override
     {
         const AllocationPause pause;
@@ -68,12 +68,10 @@ public:
         const AllocationPause pause;
         inner_->TraceExit(label);
     }
-    std::int32_t AppErrorNumber() override { return paused().AppErrorNumber(); }
+    std::int32_t AppErrorNumber() override { return inner_->AppErrorNumber(); }
     void ShowLastError(std::int32_t /*hWnd*/) override {}
 
 private:
-    Trace& paused() const { return *inner_; }
-
     std::shared_ptr<Trace> inner_;
 };
 
@@ -91,8 +89,8 @@ std::vector<std::string> productsOf(std::string_view sProducts)
     return products;
 }
 
-/// Whether at most one product was changed or removed, and at most one was added behind it, or two neighbours were
-/// exchanged.
+/// Whether one thing that a user does can have made one list of the other: at most one product was changed or removed,
+/// and at most one was added behind it; or two neighbours were exchanged.
 bool isOneStep(std::string_view before, std::string_view after)
 {
     std::vector<std::string> was = productsOf(before);
@@ -110,7 +108,7 @@ bool isOneStep(std::string_view before, std::string_view after)
 
 } // namespace
 
-/// A container that no program could have less of.
+/// A container that does nothing but what every container has to.
 class Site final : public ui::ContainerSite {
 public:
     std::string parentTypeName() override { return "SweepForm"; }
@@ -135,7 +133,7 @@ public:
         return made;
     }
 
-    /// The view's manager; a Show that fails may have made another one and let it go again.
+    /// The view's manager: the oldest that still exists. A Show that fails may have made another one and released it.
     std::shared_ptr<ProductMgr> manager() const
     {
         for (const std::weak_ptr<ProductMgr>& made : managers) {
@@ -151,7 +149,7 @@ public:
     std::vector<std::weak_ptr<ProductMgr>> managers;
 };
 
-/// A user who reads nothing.
+/// Answers every question in the same way, whatever it asks.
 class WholeSession::Box final : public ui::MessageBox {
 public:
     ui::MessageResult answer = ui::MessageResult::yes;
@@ -188,7 +186,7 @@ void WholeSession::step(const char* /*name*/, const std::function<void()>& act)
     try {
         const AllocationTrial trial;
         act();
-    } catch (...) { // of a host's call, and of the driver itself
+    } catch (...) { // an operation of the view may raise, and so may the driver
         ++errors;
     }
 }
@@ -198,7 +196,7 @@ void WholeSession::smallStep(const char* name, const std::function<void()>& act)
     const std::string before = list();
     step(name, act);
     const std::string after = list();
-    if (!isOneStep(before, after) && after != shown_) { // the editor puts back what it was opened on
+    if (!isOneStep(before, after) && after != shown_) { // reverting puts back the list of the editor's opening
         faults.push_back(std::string(name) + " made of " + before + " the list " + after);
     }
 }
@@ -365,7 +363,7 @@ void WholeSession::checkWhatIsLeft(ui::Surface& surface, ProductView& view)
 void WholeSession::checkTrace()
 {
     if (traceFailed) {
-        return; // it cannot be complete
+        return; // a trace that failed has gaps
     }
     for (const std::int32_t number : trace_->numbersSince(0)) {
         trace_->declareError(number);

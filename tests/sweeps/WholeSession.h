@@ -1,6 +1,6 @@
-// WholeSession: a user who does everything once, on either platform, while calls or allocations fail.
+// WholeSession: plays a user who does everything once, on either platform, while calls or allocations fail.
 //
-// Each step is watched: whatever fails in it, the list is afterwards as before, or one product or two neighbours
+// It checks each step: whatever fails in it, the list is then as it was before, or only one product or two neighbours
 // differ.
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace orvan::sweeps {
 
-/// While one of these lives, no allocation is failed: the test's own code must not fail.
+/// While one of these lives, no allocation is made to fail: the test's own code must not fail.
 class AllocationPause {
 public:
     AllocationPause() { ++depth; }
@@ -29,7 +29,7 @@ public:
     inline static int depth = 0;
 };
 
-/// Ends the pauses for what is under test.
+/// While one of these lives, the pauses do not count: it is for the calls that are under test.
 class AllocationTrial {
 public:
     AllocationTrial() : former_(std::exchange(AllocationPause::depth, 0)) {}
@@ -51,9 +51,9 @@ public:
 
     /// What is wrong after run(): a line each.
     std::vector<std::string> faults;
-    /// The errors that the trace recorded, that were raised to the host and that no handler took.
+    /// How many errors the trace recorded, were raised to the host, or left an event handler.
     std::size_t errors = 0;
-    /// Fails nothing any more; the session calls it before it looks at what is left.
+    /// Set by the test; from its call on, nothing is made to fail. The session calls it before it checks what is left.
     std::function<void()> endFailing;
     bool traceFailed = false; ///< endFailing sets it where a call of the trace was among those that failed.
 
@@ -66,9 +66,9 @@ private:
     void inEditor(ui::Form& form, bool save);
     void checkWhatIsLeft(ui::Surface& surface, ProductView& view);
     void checkTrace();
-    /// Does one thing that a user or the host does. Where it fails, it is as if nobody had done it.
+    /// Does one thing that a user or the host does. An error that it raises is counted, and the session goes on.
     void step(const char* name, const std::function<void()>& act);
-    /// Checks, too, that little of the list differs afterwards.
+    /// Does the same, and checks that the list then differs by no more than one such thing can change.
     void smallStep(const char* name, const std::function<void()>& act);
     std::string list() const;
 

@@ -1,9 +1,10 @@
 """Kills the programs (SIGKILL) at random moments while they write.
 
-Afterwards the file is wholly old or wholly new, and the next run of the program finishes and leaves nothing behind.
+After each kill the file must be wholly the old or wholly the new one, and the next run of the program must finish and
+leave no unfinished file behind.
 usage: kills.py DESK GRID CATALOGUE_TOOL FOLDER
 Kills each program 12 times; 200 times where the environment has ORVAN_SWEEPS=whole. Prints the seed of the random
-moments; ORVAN_SEED gives another one.
+moments; with this seed in ORVAN_SEED, it chooses the same moments again.
 """
 
 import os
@@ -20,7 +21,7 @@ base = Path(sys.argv[4]) / "kills"
 
 
 def killed(kind, place, seconds):
-    """Returns the file's state after a kill in the middle, and what is wrong."""
+    """Kills the program after that time. Returns the file's state then, and what is wrong (None if nothing is)."""
     scenario = kind(base / f"{kind.__name__}-{place % 4}")
     scenario.prepare()
     program = scenario.start(steps=scenario.endless)
@@ -47,7 +48,7 @@ def killed(kind, place, seconds):
 
 
 def longest(kind):
-    """The seconds within which the program is killed: somewhat more than it takes, if it ends by itself."""
+    """Returns within how many seconds the program is killed: somewhat more than it takes, if it ends by itself."""
     scenario = kind(base / f"{kind.__name__}-0")
     scenario.prepare()
     if scenario.endless:

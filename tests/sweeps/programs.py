@@ -1,7 +1,7 @@
 """The real programs that write files, for the sweeps that disturb them: orvan-desk, orvan-grid and orvan-catalogue.
 
-A scenario makes a folder with the old state and runs a program that brings the new state about. Afterwards its `state`
-says what the file is: "old", "new", or what is wrong with it.
+A scenario makes a folder with the old file and runs a program that replaces it by the new one. Then its `state` says
+which of them the file is: "old", "new", or what is wrong with it.
 """
 
 import json
@@ -19,8 +19,8 @@ OLD_SETTINGS = "[Own/Section]\nKey=value\n[Orvan/Desk]\nTheme=light\n"
 
 
 class Scenario:
-    steps = ""  # of DeskDriver; empty where the program is not the desk
-    endless = ""  # the same, again and again, for a program that is killed
+    steps = ""  # what DeskDriver does; empty where the program is not the desk
+    endless = ""  # what it does again and again, until the program is killed
     told_words = ("box: ", "status: ")
 
     def __init__(self, folder):
@@ -50,7 +50,7 @@ class Scenario:
         return any(word in output for word in self.told_words)
 
     def leftovers(self):
-        return [str(path) for path in self.folder.rglob(".orvan-new-*")]
+        return [str(path) for path in self.folder.rglob(".orvan-*") if not path.name.startswith(".orvan-lock-")]
 
 
 class QuoteSaved(Scenario):
@@ -89,7 +89,7 @@ class RecoveryCopyKept(Scenario):
             return "old"
         kept = json.loads(copies[0].read_text())["quote"]["customer"]
         if kept == "new":
-            return "new"  # the quote could not be opened, and the program told so
+            return "new"  # the old quote could not be opened, so the text was typed into a new one
         return "new" if len(copies) == 1 and customer in ("", kept) else "another copy: " + kept
 
 

@@ -1,9 +1,10 @@
-"""Fails each system call on a program's files in turn, with a full disk, a failing one and a signal.
+"""Makes each system call on a program's files fail in turn: as on a full disk, on a failing disk, and at a signal.
 
-Afterwards the file is wholly old or wholly new, and whoever finds the old one has been told.
+After each failure the file must be wholly the old or wholly the new one, and if it is the old one, the user must have
+been told.
 usage: system_calls.py DESK GRID CATALOGUE_TOOL FOLDER
-Each call fails as on a full disk; with each of the three errors where the environment has ORVAN_SWEEPS=whole. Ends with 77
-where strace is not installed or may not trace.
+Each call fails as on a full disk; where the environment has ORVAN_SWEEPS=whole, with each of the three errors. Ends
+with status 77 where strace is not installed or may not trace.
 """
 
 import os
@@ -16,7 +17,8 @@ from pathlib import Path
 
 from programs import CatalogueImported, QuoteSaved, RecoveryCopyKept, SettingChanged, TraceWritten
 
-CALLS = "openat write pwrite64 fsync fdatasync ftruncate rename link unlink close read pread64 flock fcntl mkdir".split()
+CALLS = ("openat write pwrite64 fsync fdatasync ftruncate rename link unlink close read pread64 flock fcntl "
+         "mkdir").split()
 ERRORS = ("ENOSPC", "EIO", "EINTR")
 SCENARIOS = (QuoteSaved, SettingChanged, RecoveryCopyKept, TraceWritten, CatalogueImported)
 base = Path(sys.argv[4]) / "system_calls"
@@ -34,7 +36,7 @@ def traced(scenario, log, *options):
 
 
 def calls_on(lines, folder):
-    """The calls on files in the folder: (name, how manyth of its name in its thread)."""
+    """Returns the calls on files in the folder: the name, and the number among its thread's calls of that name."""
     counts, found = {}, []
     for line in lines:
         call = re.match(r"(\d+) +(\w+)\(", line)
@@ -46,7 +48,7 @@ def calls_on(lines, folder):
 
 
 def disturb(kind, call, number, error, place):
-    """Returns whether the call failed, and what is wrong after it."""
+    """Runs the program while that call fails. Returns whether it failed, and what is wrong (None if nothing is)."""
     scenario = kind(base / f"{kind.__name__}-{place}")
     scenario.prepare()
     log = base / f"{kind.__name__}-{place}.strace"

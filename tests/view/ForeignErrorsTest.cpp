@@ -32,7 +32,7 @@ const Kind kKinds[] = {
     {"RuntimeError", [] { throw RuntimeError(1234); }, 1234},
 };
 
-/// A trace whose error handling fails, or the reading of the number after it.
+/// A trace that fails when it records an error or, with `atNumber`, when it is then asked for the number.
 struct FailingTrace final : Trace {
     FailingTrace(const Kind& thrown, bool atNumber) : kind(thrown), failsAtNumber(atNumber) {}
     std::int32_t LastErrorNumber() override { return kind.raise(), 0; }
@@ -69,7 +69,7 @@ struct NoPlatform {
 
 class ForeignErrorsTest : public ViewFixture {
 protected:
-    /// With a trace of that kind, each operation of the list view and of the editor that fails.
+    /// Each operation of the list view and of the editor fails, and while it is handled the trace fails in that way.
     void failAtTheTrace(const Kind& kind, bool atNumber)
     {
         const auto before = std::exchange(gobjTrace, std::make_shared<FailingTrace>(kind, atNumber));
@@ -125,7 +125,7 @@ TEST_F(ForeignErrorsTest, WhateverAMessageBoxThrowsArrivesAsARuntimeError)
         const ThreadMessages messages(box);
         EXPECT_EQ(errorOf([] { static_cast<void>(ThreadMessages::show({.text = "a"})); }), kind.number);
         std::int32_t raised = 0;
-        std::thread([&] { // has no trace object, and tells so
+        std::thread([&] { // a new thread: it cannot make its trace object, and tells so in a message box
             FailingComponents components(kKinds[0]);
             headless::HeadlessPlatform own(locale, components);
             own.messageBox().onWaiting = box.onWaiting;

@@ -68,7 +68,7 @@ bool replaceCatalogue(ImportRun& run, const fs::path& catalogue, bool keepFormer
     if (!run.write(file->path())) {
         return false;
     }
-    // The new catalogue stands. That a power failure could bring the former one back is no failure of it.
+    // The warning that a power failure could bring the former catalogue back is dropped: the import has succeeded.
     static_cast<void>(naming(catalogue, [&] { return commit(run, *file, keepFormer); }));
     return true;
 }
@@ -93,7 +93,7 @@ CatalogueImportResult importCatalogue(const fs::path& source, const fs::path& ca
     }
     ImportRun run({.name = source.string(),
                    .origin = options.sourceName.empty() ? source.filename().string() : options.sourceName,
-                   .bytes = fs::is_regular_file(source, error) ? fs::file_size(source) : 0, // else openSource raises
+                   .bytes = fs::is_regular_file(source, error) ? fs::file_size(source) : 0, // openSource refuses others
                    .open = [&source] { return openSource(source); }},
                   options);
     return run.end(replaceCatalogue(run, catalogue, options.keepFormer));

@@ -59,7 +59,7 @@ struct CatalogueImportOptions {
     } columns = {};
     /// What the catalogue keeps as the name of its source; if empty, the source file's own name.
     std::string sourceName = {};
-    /// Keeps the catalogue that is replaced, until the next import, as CatalogueImportResult::former.
+    /// Whether the replaced catalogue is kept until the next import. CatalogueImportResult::former then names its file.
     bool keepFormer = false;
     std::size_t mostRefused = 100; ///< How many refused rows are described; all are counted.
     /// Called every thousand rows while reading, and every few milliseconds while the indexes are built. Returning
@@ -87,7 +87,7 @@ struct CatalogueImportResult {
     std::string ambiguousPrice; ///< One such price when the outcome is `ambiguous`.
     char delimiter = 0;         ///< The delimiter that was found or named.
     char decimalSeparator = 0;
-    std::filesystem::path former = {}; ///< The catalogue that was replaced; empty if none was, or none is kept.
+    std::filesystem::path former = {}; ///< Where the replaced catalogue is kept; empty if none is kept.
 };
 
 CatalogueImportResult importCatalogue(const std::filesystem::path& source, const std::filesystem::path& catalogue,

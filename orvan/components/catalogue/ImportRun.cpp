@@ -17,7 +17,7 @@ namespace {
 using Outcome = CatalogueImportResult::Outcome;
 
 constexpr std::uint64_t kRowsBetweenReports = 1000;
-constexpr std::uint64_t kLeastRead = 4096;    // bytes at a time, in a list that is shorter, or grows meanwhile
+constexpr std::uint64_t kLeastRead = 4096;    // bytes: a short list may have grown since its size was asked for
 constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
 
 [[noreturn]] void raise(const ImportSource& source, std::string_view reason)

@@ -1,6 +1,6 @@
-// ImportRun: reads a price list into a new catalogue file. It does not care where the list's bytes come from and what
-// becomes of the new file: importCatalogue (orvan/components/catalogue/CatalogueImport.h, which says what is read and
-// what is refused) gives it files; the fuzzer gives it texts in memory.
+// ImportRun: reads a price list into a new catalogue file. It does not decide where the list's bytes come from and what
+// becomes of the new file: importCatalogue gives it files, and the fuzzer gives it texts in memory. What is read and
+// what is refused is described in orvan/components/catalogue/CatalogueImport.h.
 //
 // Thread: one at a time. Errors: those of importCatalogue.
 #pragma once
@@ -24,10 +24,10 @@ namespace orvan {
 
 /// A price list.
 struct ImportSource {
-    std::string name;        ///< For messages.
+    std::string name;        ///< How messages name the list.
     std::string origin = {}; ///< What the catalogue keeps as the name of the list that it was made from.
-    std::uint64_t bytes = 0; ///< Its size.
-    /// Opens it at its beginning. It is opened twice: to find the decimal separator, and to read the rows.
+    std::uint64_t bytes = 0; ///< The list's size.
+    /// Opens the list at its beginning. Called for the rows, and once more if the decimal separator is to be found.
     std::function<std::unique_ptr<std::istream>()> open;
 };
 
@@ -37,11 +37,11 @@ public:
     ImportRun(ImportSource source, const CatalogueImportOptions& options);
 
     /// Reads the list from its beginning up to the first price that tells the decimal separator. Returns false when
-    /// the import was cancelled, and when there are ambiguous prices but none that tells.
+    /// the import was cancelled, and when there are ambiguous prices but none that tells the separator.
     [[nodiscard]] bool findDecimalSeparator();
     /// Writes the new catalogue. Returns false when it is not to be used: rows were refused, or the user cancelled.
     [[nodiscard]] bool write(const std::filesystem::path& catalogue);
-    /// Where the catalogue that was replaced is kept; empty if it is not.
+    /// Puts into the result where the replaced catalogue is kept; an empty path if it is not kept.
     void setFormer(std::filesystem::path former) { result_.former = std::move(former); }
     /// The result; `imported` says whether both steps returned true. To be called once, at the end.
     [[nodiscard]] CatalogueImportResult end(bool imported);

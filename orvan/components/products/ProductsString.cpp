@@ -66,8 +66,8 @@ void appendEscaped(std::string& out, std::string_view text, ProductsSeparators s
     out.append(text, begin);
 }
 
-/// Whether the text has the form in which amounts are written, whatever its size: a number that is too large counts as
-/// such only then. "-0" has it, too, although no amount is written so.
+/// Whether the text has the form in which amounts are written, however large the number is. Only a number in this form
+/// is refused as too large; every other text is refused as no amount. "-0" passes here, too: it is never too large.
 bool isAmountForm(std::string_view text)
 {
     text.remove_prefix(text.starts_with('-') ? 1 : 0);

@@ -1,4 +1,4 @@
-// Drivers: what the user of a form or a list view in memory does, and what this user sees.
+// Drivers: what a user does with a form or a list view in memory, and what this user sees.
 //
 // A program plays the user. HeadlessPlatform::drive gives it the FormDriver of each form that is shown, and
 // HeadlessProductView::surface the SurfaceDriver of a list view. These give it the drivers of their controls by name.
@@ -62,8 +62,8 @@ public:
     virtual void dismiss() = 0;
 };
 
-/// Rows and columns count the headers and the hidden columns, too. In the list view row 0 is the header, and the hidden
-/// columns are the last ones. Raises 9 for a row or column outside the grid.
+/// The numbers of rows and columns include headers and hidden columns. In the list view row 0 is the header, and the
+/// hidden columns are the last ones. Raises 9 for a row or column outside the grid.
 class GridDriver : public ControlDriver {
 public:
     /// Drags the column's right edge until it is `twips` wide. Raises 5 where the grid does not let columns be resized

@@ -1,4 +1,4 @@
-// HeadlessControls: the in-memory controls. Their drivers (orvan/ui/headless/Drivers.h) are what a user does with them.
+// HeadlessControls: the in-memory controls. A user acts on them through their drivers (orvan/ui/headless/Drivers.h).
 //
 // Ownership: the surface. Thread: the platform's.
 #pragma once
@@ -25,7 +25,8 @@ class HeadlessClock;
 [[nodiscard]] std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design, ui::Platform& platform,
                                                                HeadlessClock* clock);
 
-/// A control of the kind `Kind` that is its own driver. Of what both have, it shows the user what the control has.
+/// A control of the kind `Kind` that is its own driver. Where both declare a function of the same name, the driver's
+/// calls the control's.
 template <class Kind, class Driver>
 class DrivenControl : public Kind, public Driver {
 public:

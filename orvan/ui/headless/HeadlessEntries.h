@@ -1,4 +1,4 @@
-// HeadlessEntries: the in-memory boxes. Their drivers (orvan/ui/headless/Drivers.h) are what a user does with them.
+// HeadlessEntries: the in-memory boxes. A user acts on them through their drivers (orvan/ui/headless/Drivers.h).
 //
 // Ownership: the surface. Thread: the platform's.
 #pragma once

@@ -81,9 +81,11 @@ public:
     HeadlessPointer& pointer() override { return pointer_; }
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
+    /// A function of the host that plays the user of one form. "Driver" means such a function in the names below;
+    /// the interface that it uses is a FormDriver.
     using Driver = std::function<void(FormDriver& form)>;
-    /// Adds a driver to the queue: what a user does in a form. Each form that is shown takes the first one. A form that
-    /// finds no driver, or is still open when its driver has returned, is unloaded and raises 51.
+    /// Adds a driver to the queue. Each form that is shown takes the first one from it. A form that finds no driver, or
+    /// is still open when its driver has returned, is unloaded and raises 51.
     void drive(Driver driver) { drivers_.push_back(std::move(driver)); }
     /// Removes the first driver of the queue, which the next form would have taken.
     void dropDriver() { static_cast<void>(nextDriver()); }

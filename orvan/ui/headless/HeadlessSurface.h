@@ -14,7 +14,7 @@
 
 namespace orvan::headless {
 
-/// A surface or a form that is its own driver. Its controls are found as controls and as drivers at once.
+/// A surface or a form that is its own driver. It gives its controls as in-memory controls, which are drivers, too.
 template <class Kind, class Driver>
 class DrivenSurface : public Kind, public Driver {
 public:

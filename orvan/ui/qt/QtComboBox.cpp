@@ -48,8 +48,8 @@ public:
             return {};
         }
         const QString text = toQt(port->combo().itemText(index.row()));
-        return role == Qt::DisplayRole ? boundedText(text)
-                                       : text; // Qt measures and paints the one, and takes the other
+        // Qt measures and paints the display text, which may be cut, and puts the other one into the box.
+        return role == Qt::DisplayRole ? boundedText(text) : text;
     }
 
 private:

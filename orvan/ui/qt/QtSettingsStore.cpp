@@ -22,8 +22,8 @@ namespace {
 /// How long a change waits for the lock: far longer than another change takes. QLockFile itself takes over the lock of
 /// a program that has crashed.
 constexpr int kLockMilliseconds = 5000;
-constexpr std::int64_t kMostBytes =
-    64LL * 1024 * 1024; ///< A larger file cannot be settings, and would fill the memory.
+/// A larger file cannot be settings, and would fill the memory.
+constexpr std::int64_t kMostBytes = 64LL * 1024 * 1024;
 
 /// Percent-encodes all characters except those in `plain`, letters, digits and "-._~". '%' is always encoded.
 QByteArray encoded(std::string_view text, const QByteArray& plain)
@@ -105,7 +105,7 @@ void QtSettingsStore::set(std::string_view application, std::string_view section
     try {
         files::refuseOtherThanFile(pathOf(lockName)); // QLockFile would wait at a pipe for a writer
     } catch (const RuntimeError& error) {
-        raise("written", QStringLiteral("of its lock file, ") + QString::fromUtf8(error.what()));
+        raise("written", QStringLiteral("its lock file cannot be used: ") + QString::fromUtf8(error.what()));
     }
     QLockFile lock(lockName);
     if (!lock.tryLock(kLockMilliseconds)) {

@@ -54,7 +54,7 @@ QString boundedText(const QString& text)
 
 QString titleText(const QString& plain)
 {
-    // Qt takes "[*]" for the place of its mark, but for two of them in a row.
+    // Qt puts its mark for changes in the place of "[*]". It shows two of them in a row as one "[*]".
     return boundedText(plain).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
