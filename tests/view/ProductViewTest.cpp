@@ -115,7 +115,7 @@ TEST_F(ProductViewTest, AFailedRefreshShowsTheFormerRows)
         trace->declareError(1000, nth > 1 ? 2 : 1);
         EXPECT_EQ(errorOf([&] { view->Show("2~A:::0:1:0:5:~B:::0:1:0:0:~"); }), 1000);
         EXPECT_EQ(names(), "Desk Lamp Chair");
-        EXPECT_EQ(row(3), "3 | Chair | 1 | $875");
+        EXPECT_EQ(row(3), "3 | Chair | 1 | $875.00");
         EXPECT_EQ(view->flexGrid().currentRow(), 3);
         EXPECT_EQ(view->txtTotal().text(), "$1,965.43");
         EXPECT_TRUE(grid().redraw());
