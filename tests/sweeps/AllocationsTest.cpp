@@ -4,49 +4,8 @@
 #include "tests/support/Rows.h"
 #include "tests/sweeps/WholeSession.h"
 
-#include <cstdlib>
+#include <cstdint>
 #include <iostream>
-#include <new>
-
-namespace {
-
-std::size_t allocations = 0;
-std::size_t failFrom = 0; ///< 0: none fails.
-std::size_t failTo = 0;
-
-void* allocate(std::size_t size)
-{
-    if (orvan::sweeps::AllocationPause::depth == 0) {
-        ++allocations;
-        if (failFrom != 0 && allocations >= failFrom && allocations <= failTo) {
-            return nullptr;
-        }
-    }
-    return std::malloc(size == 0 ? 1 : size);
-}
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    void* const memory = allocate(size);
-    return memory ? memory : throw std::bad_alloc();
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return allocate(size);
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace orvan::sweeps {
 namespace {
@@ -65,12 +24,10 @@ std::size_t runSession(const Sweep& sweep, std::size_t number)
     WholeSession session(driver, calls, sweep.editing);
     std::size_t made = 0;
     session.endFailing = [&] {
-        made = std::max(made, allocations);
-        failFrom = 0;
+        made = std::max(made, allocationCount());
+        failAllocations(0, 0);
     };
-    allocations = 0;
-    failTo = sweep.fromThenOn ? SIZE_MAX : number;
-    failFrom = number;
+    failAllocations(number, sweep.fromThenOn ? SIZE_MAX : number);
     session.run();
     for (const std::string& fault : session.faults) {
         ADD_FAILURE() << "allocation " << number << ": " << fault;

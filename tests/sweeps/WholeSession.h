@@ -9,6 +9,7 @@
 #include "orvan/view/ProductView.h"
 #include "tests/contract/ContractDriver.h"
 #include "tests/support/RecordingTrace.h"
+#include "tests/sweeps/FailingAllocations.h"
 
 #include <memory>
 #include <optional>
@@ -17,29 +18,6 @@
 #include <vector>
 
 namespace orvan::sweeps {
-
-/// While one of these lives, no allocation is made to fail: the test's own code must not fail.
-class AllocationPause {
-public:
-    AllocationPause() { ++depth; }
-    AllocationPause(const AllocationPause&) = delete;
-    AllocationPause& operator=(const AllocationPause&) = delete;
-    ~AllocationPause() { --depth; }
-
-    inline static int depth = 0;
-};
-
-/// While one of these lives, the pauses do not count: it is for the calls that are under test.
-class AllocationTrial {
-public:
-    AllocationTrial() : former_(std::exchange(AllocationPause::depth, 0)) {}
-    AllocationTrial(const AllocationTrial&) = delete;
-    AllocationTrial& operator=(const AllocationTrial&) = delete;
-    ~AllocationTrial() { AllocationPause::depth = former_; }
-
-private:
-    int former_;
-};
 
 class WholeSession {
 public:
