@@ -1,43 +1,10 @@
-// A catalogue's values are copied while memory runs out. This program's operator new fails when it is told to.
+// A catalogue's values are copied while memory runs out.
 #include "LookUpBench.h"
+#include "tests/support/FailingAllocations.h"
 
-#include <cstdlib>
+#include <cstdint>
 #include <cstring>
 #include <new>
-
-namespace {
-
-/// How many allocations still succeed; all of them while it is below 0.
-thread_local long allocationsLeft = -1;
-
-} // namespace
-
-void* operator new(std::size_t size, const std::nothrow_t& /*unused*/) noexcept
-{
-    if (allocationsLeft == 0) {
-        return nullptr;
-    }
-    allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
-    return std::malloc(size == 0 ? 1 : size);
-}
-
-void* operator new(std::size_t size)
-{
-    if (void* const memory = operator new(size, std::nothrow)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t /*size*/) noexcept
-{
-    std::free(memory);
-}
 
 namespace orvan::test {
 namespace {
@@ -46,14 +13,14 @@ namespace {
 template <class Action>
 int failuresOf(const Action& action)
 {
-    for (int allocations = 0;; ++allocations) {
-        allocationsLeft = allocations;
+    for (int failures = 0;; ++failures) {
+        failAllocations(static_cast<std::size_t>(failures) + 1, SIZE_MAX);
         try {
             action();
-            allocationsLeft = -1;
-            return allocations;
+            failAllocations(0, 0);
+            return failures;
         } catch (const std::bad_alloc&) {
-            allocationsLeft = -1;
+            failAllocations(0, 0);
         }
     }
 }

@@ -24,10 +24,10 @@ std::size_t runSession(const Sweep& sweep, std::size_t number)
     WholeSession session(driver, calls, sweep.editing);
     std::size_t made = 0;
     session.endFailing = [&] {
-        made = std::max(made, allocationCount());
-        failAllocations(0, 0);
+        made = std::max(made, test::allocationCount());
+        test::failAllocations(0, 0);
     };
-    failAllocations(number, sweep.fromThenOn ? SIZE_MAX : number);
+    test::failAllocations(number, sweep.fromThenOn ? SIZE_MAX : number);
     session.run();
     for (const std::string& fault : session.faults) {
         ADD_FAILURE() << "allocation " << number << ": " << fault;

@@ -8,8 +8,8 @@
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/view/ProductView.h"
 #include "tests/contract/ContractDriver.h"
+#include "tests/support/FailingAllocations.h"
 #include "tests/support/RecordingTrace.h"
-#include "tests/sweeps/FailingAllocations.h"
 
 #include <memory>
 #include <optional>
@@ -18,6 +18,9 @@
 #include <vector>
 
 namespace orvan::sweeps {
+
+using test::AllocationPause;
+using test::AllocationTrial;
 
 class WholeSession {
 public:

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace orvan::sweeps {
+namespace orvan::test {
 
 /// Counts the allocations anew. Those from `first` to `last` fail (1 is the next one; 0: none fails).
 void failAllocations(std::size_t first, std::size_t last);
@@ -37,4 +37,4 @@ private:
     int former_;
 };
 
-} // namespace orvan::sweeps
+} // namespace orvan::test

@@ -1,4 +1,4 @@
-#include "tests/sweeps/FailingAllocations.h"
+#include "tests/support/FailingAllocations.h"
 
 #include <cstdlib>
 #include <new>
@@ -11,7 +11,7 @@ std::size_t failTo = 0;
 
 void* allocate(std::size_t size)
 {
-    if (orvan::sweeps::AllocationPause::depth == 0) {
+    if (orvan::test::AllocationPause::depth == 0) {
         ++allocations;
         if (failFrom != 0 && allocations >= failFrom && allocations <= failTo) {
             return nullptr;
@@ -43,7 +43,7 @@ void operator delete(void* memory, std::size_t) noexcept
     std::free(memory);
 }
 
-namespace orvan::sweeps {
+namespace orvan::test {
 
 void failAllocations(std::size_t first, std::size_t last)
 {
@@ -57,4 +57,4 @@ std::size_t allocationCount()
     return allocations;
 }
 
-} // namespace orvan::sweeps
+} // namespace orvan::test
