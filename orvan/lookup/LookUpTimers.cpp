@@ -23,7 +23,7 @@ std::int32_t length(const std::string& text)
 
 } // namespace
 
-// --- the search -------------------------------------------------------------------------------------
+// The search: what both timers do when the wait is over.
 
 // The texts that are set here raise change events; bLkpBusy keeps those from starting the timer again. In the
 // classic way an error leaves it set, because the dialog closes; but its user may keep the dialog open.
