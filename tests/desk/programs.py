@@ -29,7 +29,7 @@ def call(folder: pathlib.Path, *words: str) -> tuple[int, str, str]:
         return process.returncode, output, errors
 
 
-# Each row has a name, the command with its arguments, the expected exit status, and a text that the output must contain.
+# Each row has a name, the command with its arguments, the expected exit status, and a text that the output contains.
 ROWS = [
     ("import", [CATALOGUE, "import", "prices.csv", "goods"], 0, "2 entries in goods\n"),
     ("import again", [CATALOGUE, "import", "prices.csv", "goods"], 0, "The former catalogue is kept as "),

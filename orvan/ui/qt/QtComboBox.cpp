@@ -48,7 +48,7 @@ public:
             return {};
         }
         const QString text = toQt(port->combo().itemText(index.row()));
-        // Qt paints the display text in the list, so it may be cut. A row that is chosen puts its edit text into the box.
+        // Qt paints the display text in the list, so it may be cut. The edit text of a chosen row goes into the box.
         return role == Qt::DisplayRole ? boundedText(text) : text;
     }
 
