@@ -44,7 +44,7 @@ std::string machineDescription()
     std::ostringstream text;
     text << "- processor: " << valueIn("/proc/cpuinfo", "model name") << ", " << std::thread::hardware_concurrency()
          << " of them, cache " << valueIn("/proc/cpuinfo", "cache size") << '\n'
-         << "- memory: " << info.totalram * info.mem_unit / (1024 * 1024) << " MiB; load at the start "
+         << "- memory: " << info.totalram * info.mem_unit / (1UL << 20U) << " MiB; load at the start "
          << std::setprecision(2) << load << '\n'
          << "- system: " << valueIn("/etc/os-release", "PRETTY_NAME") << "; compiler " << __VERSION__ << '\n'
          << "- peers: Qt " << qVersion() << ", ICU " << U_ICU_VERSION << ", SQLite " << sqlite3_libversion() << '\n';

@@ -6,12 +6,12 @@
 #include <cstddef>
 #include <cstdint>
 
-// The name is libFuzzer's.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data,
-                                      std::size_t size); // NOLINT(readability-identifier-naming)
+// libFuzzer has chosen the name.
+// NOLINTBEGIN(readability-identifier-naming)
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data,
-                                      std::size_t size) // NOLINT(readability-identifier-naming)
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+// NOLINTEND(readability-identifier-naming)
 {
     orvan::fuzz::runTarget({reinterpret_cast<const char*>(data), size});
     return 0;
