@@ -43,8 +43,6 @@ constexpr std::string_view kThemeKey = "Theme";
 /// The list view's own defaults are made for a narrower window.
 constexpr std::string_view kFirstPreferences = "4~1~480^7500^1200^1755^1200^1800^1200^1800^3600";
 
-/// Milliseconds; see MainWindow::eventFilter.
-constexpr int kAfterDialog = 100;
 /// Milliseconds from a change to its recovery copy. Later changes do not prolong it, so that a user who types without a
 /// pause has a copy, too.
 constexpr int kBeforeRecoveryCopy = 1000;
@@ -128,37 +126,25 @@ MainWindow::MainWindow()
     connect(&recoveryTimer_, &QTimer::timeout, this, &MainWindow::updateRecoveryCopy);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepUnsavedWork);
     showNew();
-
-    // The list view does not report changes, so the desk compares the quote with the saved one after each input of the
-    // user. It does not do so at every event, because reading the list takes time and writes to the trace, nor while a
-    // dialog is open, because the user may still cancel what is typed there.
-    qApp->installEventFilter(this);
+    connect(products_, &ProductViewWidget::changed, this, [this] {
+        listChanged_ = true;
+        quoteChanged();
+    });
+    connect(products_, &ProductViewWidget::editorClosed, this, &MainWindow::updateTitle);
+    for (QLineEdit* const field : {customer_, number_}) {
+        connect(field, &QLineEdit::textChanged, this, &MainWindow::quoteChanged);
+    }
+    connect(date_, &QDateEdit::dateChanged, this, &MainWindow::quoteChanged);
 }
 
-bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+void MainWindow::quoteChanged()
 {
-    switch (event->type()) {
-    case QEvent::KeyPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::Wheel:
-    case QEvent::InputMethod:
-    case QEvent::Drop:
-    case QEvent::WindowActivate: // comes when a message box has been answered
-        if (!recoveryTimer_.isActive()) {
-            recoveryTimer_.start();
-        }
-        if (!QApplication::activeModalWidget() && !std::exchange(titleUpdatePending_, true)) {
-            QMetaObject::invokeMethod(this, &MainWindow::updateTitle, Qt::QueuedConnection);
-        }
-        break;
-    case QEvent::WindowUnblocked: // a dialog has closed; the delay lets the procedure that opened it finish first
-        if (watched == windowHandle()) {
-            QTimer::singleShot(kAfterDialog, this, &MainWindow::updateTitle);
-        }
-        break;
-    default: break;
+    if (!recoveryTimer_.isActive()) {
+        recoveryTimer_.start();
     }
-    return QMainWindow::eventFilter(watched, event);
+    if (!QApplication::activeModalWidget()) { // in an open editor the user may still take the change back
+        updateTitle();
+    }
 }
 
 QWidget* MainWindow::makeFields()
@@ -273,6 +259,7 @@ Quote MainWindow::currentQuote() const
 void MainWindow::showQuote(const Quote& quote)
 {
     products_->Show(quote.products);
+    listChanged_ = false;
     customer_->setText(quote.customer);
     number_->setText(quote.number);
     date_->setDate(quote.date);
@@ -286,8 +273,7 @@ bool MainWindow::isUnsaved() const
         return true;
     }
     try {
-        // Saving does not clear the list's dirty flag. The flag only saves reading a list that was never changed.
-        return products_->Dirty() && products_->Products() != file_.saved().products;
+        return listChanged_ && watchedProducts() != file_.saved().products;
     } catch (const RuntimeError&) {
         return true; // the list has exceeded the manager's size limit, so it cannot be read and has not been saved
     }
@@ -304,7 +290,6 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::updateTitle()
 {
-    titleUpdatePending_ = false;
     const QString name = !file_.path().isEmpty()      ? shortFileName(file_.path())
                          : !number_->text().isEmpty() ? shortened(number_->text())
                                                       : tr("New quote");

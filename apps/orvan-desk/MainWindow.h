@@ -49,7 +49,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeMenus();
@@ -70,6 +69,8 @@ private:
     /// Without a lock the quote is for reading: it is shown as one without a file, so that saving asks for a name.
     [[nodiscard]] bool openLocked(const QString& path, std::optional<files::EditLock> lock);
     void recover(const AbandonedWork& abandoned);
+    /// The quote has changed, or may have: marks it, and keeps a copy of it soon.
+    void quoteChanged();
     void updateRecoveryCopy();
     bool isUnsaved() const;
     /// True when nothing would be lost, or the user agreed to lose it.
@@ -83,8 +84,8 @@ private:
     ProductViewWidget* products_ = nullptr;
     OpenQuote file_;
     RecoveryKeeper recovery_;
-    QTimer recoveryTimer_; ///< Runs from a change to the copy of it.
-    bool titleUpdatePending_ = false;
+    QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.
+    bool listChanged_ = false; ///< The user has changed the products since they were last shown.
     Theme theme_ = Theme::system;
 };
 

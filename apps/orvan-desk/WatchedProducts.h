@@ -1,8 +1,8 @@
 // WatchedProducts: the products of the desk's list view, read without a word in the trace.
 //
 // The list view reports what it is asked in the trace. A recovery copy that is made every second must not: the trace
-// shows what the user did. The desk's product managers are therefore made here, and the newest one, which is the list
-// view's, is remembered. Thread: the user-interface thread.
+// shows what the user did. The desk's product managers are therefore made here, and the one that was last given
+// products, which is the list view's, is remembered. Thread: the user-interface thread.
 #pragma once
 
 #include <string>

@@ -36,6 +36,20 @@ std::size_t characterSize(std::string_view text, std::size_t at)
     return size;
 }
 
+char32_t characterAt(std::string_view text, std::size_t at)
+{
+    const std::size_t size = characterSize(text, at);
+    const auto lead = static_cast<unsigned char>(text[at]);
+    if (size == 1) {
+        return lead < 0x80 ? lead : U'\uFFFD';
+    }
+    char32_t character = lead & (0x7FU >> size); // the lead byte has as many high bits set as there are bytes
+    for (std::size_t i = 1; i < size; ++i) {
+        character = (character << 6U) | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
+    }
+    return character;
+}
+
 std::size_t characterCount(std::string_view text)
 {
     std::size_t count = 0;

@@ -13,6 +13,9 @@ namespace orvan {
 /// Bytes taken by the character that starts at text[at]; at must be less than text.size().
 [[nodiscard]] std::size_t characterSize(std::string_view text, std::size_t at);
 
+/// The character that starts at text[at], as a code point; U+FFFD for a byte that is not UTF-8.
+[[nodiscard]] char32_t characterAt(std::string_view text, std::size_t at);
+
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 
 /// The first `count` characters of text (all of it when it is shorter); a view into text.

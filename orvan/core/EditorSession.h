@@ -48,6 +48,8 @@ public:
     virtual void PrvLoadProductInfo() = 0;
     /// A catalogue entry has changed the current product's unit price: the extended price follows.
     virtual void priceAnew() {}
+    /// Called at the end of each event handler.
+    virtual void eventHandled() {}
     /// Tells the user that the dialog closes because of an error, and closes it.
     virtual void PrvCloseOnError() = 0;
 
@@ -63,6 +65,7 @@ public:
     void handleEvent(std::string_view label, Body&& body)
     {
         traceCloseDialog(label, std::forward<Body>(body), [this] { PrvCloseOnError(); });
+        eventHandled();
     }
 
     std::shared_ptr<ProductMgr> objProductMgr; ///< Set from the end of the form's set-up until the form unloads.

@@ -10,7 +10,8 @@ namespace orvan {
 class ProductDlg::Session {
 public:
     Session(ProductDlg& dialog, std::shared_ptr<ProductMgr> manager)
-        : dialog_(dialog), watch_(dialog.lifetime_.watch()), platform_(dialog.platform_), manager_(std::move(manager))
+        : dialog_(dialog), watch_(dialog.lifetime_.watch()), platform_(dialog.platform_), manager_(std::move(manager)),
+          onChange_(dialog.onChange)
     {
     }
 
@@ -28,6 +29,7 @@ public:
             }
         };
         frmProduct form(platform_);
+        form.onChange = onChange_;
         const DirtyRead read{*this, form};
         try {
             form.Init(manager_, lProdIdx, bAddNew);
@@ -43,6 +45,7 @@ private:
     LifetimeWatch watch_;
     ui::Platform& platform_;
     std::shared_ptr<ProductMgr> manager_;
+    std::function<void()> onChange_;
 };
 
 ProductDlg::ProductDlg(ui::Platform& platform)

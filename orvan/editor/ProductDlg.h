@@ -15,6 +15,7 @@
 #include "orvan/core/ProductMgr.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace orvan {
@@ -44,6 +45,10 @@ public:
     [[nodiscard]] bool Dirty() const { return dirty_; }
     /// Always 0, on purpose: hosts rely on it that a session does not pass back the position at which it ended.
     [[nodiscard]] std::int32_t CurrentProductIndex() const { return 0; }
+
+    /// Called after each event of an open editor that may have changed the list. The editor's procedures are still
+    /// running, so the handler only notes it. It is copied when a session begins.
+    std::function<void()> onChange;
 
 private:
     class Session;

@@ -58,6 +58,9 @@ public:
     [[nodiscard]] bool DialogError() const { return dialogError_; }
     [[nodiscard]] const LookUpBoxes::State& lookUpState() const { return lookUp_.state(); }
 
+    /// Called after each event that may have changed the list.
+    std::function<void()> onChange;
+
 private:
     // The operations of EditorSession:
     ui::Platform& platform() override { return platform_; }
@@ -65,6 +68,7 @@ private:
     void PrvSetDirty(bool bDirty) override;
     void PrvLoadProductInfo() override;
     void priceAnew() override;
+    void eventHandled() override;
     void PrvCloseOnError() override;
 
     void takeEvents();
@@ -144,6 +148,7 @@ private:
     std::string productsSnapshot_;  ///< The list as it was when the session began.
     std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.
     bool productAdded_ = false;     ///< The session has added a product.
+    bool listTouched_ = false;      ///< The session has changed the list, or may have.
     bool dirty_ = false;
     bool dialogError_ = false;
     bool closingOnError_ = false; ///< PrvCloseOnError is running.

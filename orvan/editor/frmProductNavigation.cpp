@@ -90,6 +90,7 @@ void frmProduct::PrvAddNewProduct()
         if (!bOk) {
             return;
         }
+        listTouched_ = true;
         dirty_ = true; // PrvSetDirty would do nothing while initializing, but a new product always counts as a change
         goOnToProduct([&] { beginNewProduct(); });
         PrvSetFormCaption();
@@ -134,6 +135,7 @@ void frmProduct::PrvDeleteCurrentProduct()
 {
     tracePropagate("KTVOrvanProduct.frmProduct::PrvDeleteCurrentProduct", [&] {
         heldProduct.reset();
+        listTouched_ = true;
         productMgr()->DeleteProduct(currentIndex_);
         if (differs(platform_, Deviation::deletingMarksDirty)) {
             dirty_ = true; // before the form is unloaded, so that closing asks

@@ -1,5 +1,6 @@
 // An editing session: loading a product into the controls, saving it, cancelling, closing.
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/core/Deviations.h"
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
@@ -170,11 +171,19 @@ bool frmProduct::revert()
     return restored;
 }
 
+void frmProduct::eventHandled()
+{
+    if (listTouched_) {
+        runHandler(onChange);
+    }
+}
+
 void frmProduct::PrvSetDirty(bool bDirty)
 {
     if (!bDirty) {
         dirty_ = false;
     } else if (!initializing) {
+        listTouched_ = true;
         dirty_ = true;
     }
 }

@@ -4,14 +4,21 @@
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/qt/QtPlatform.h"
 #include "orvan/ui/qt/QtSurface.h"
+#include "orvan/ui/qt/QtText.h"
 #include "orvan/ui/qt/Twips.h"
 #include "orvan/ui/qt/WindowHandles.h"
 #include "orvan/view/ProductView.h"
 #include "orvan/view/ProductViewDesign.h"
 
+#include <QAction>
+#include <QKeySequence>
+#include <QPointer>
 #include <QShowEvent>
 
+#include <algorithm>
+#include <array>
 #include <utility>
+#include <vector>
 
 namespace orvan {
 
@@ -19,9 +26,13 @@ namespace orvan {
 /// declared before the view, because it has to be destroyed after it.
 class ProductViewWidget::Site final : public ui::ContainerSite {
 public:
-    Site(qt::QtPlatform& platform, QWidget& widget)
+    Site(qt::QtPlatform& platform, ProductViewWidget& widget)
         : widget_(widget), surface_(kProductViewDesign, platform, &widget), view_(platform, surface_, *this)
     {
+        view_.events = {.changed = [this] { note(&ProductViewWidget::changed); },
+                        .refreshed = [this] { note(nullptr); },
+                        .editorOpened = [this] { note(&ProductViewWidget::editorOpened); },
+                        .editorClosed = [this] { note(&ProductViewWidget::editorClosed); }};
     }
 
     std::string parentTypeName() override
@@ -42,8 +53,68 @@ public:
 
     ProductView& view() { return view_; }
 
+    QAction* action(Command command)
+    {
+        QAction*& action = actions_[static_cast<std::size_t>(command)];
+        if (!action) {
+            const CommandRow& row = rowOf(command);
+            action = new QAction(qt::plainCaption(row.text), &widget_);
+            action->setShortcut(QKeySequence(qt::toQt(row.key)));
+            action->setShortcutContext(Qt::WidgetShortcut); // shown only: the list handles its keys itself
+            QObject::connect(action, &QAction::triggered, &widget_, [this, command] { view_.run(command); });
+            action->setEnabled(view_.enabled(command));
+        }
+        return action;
+    }
+
 private:
-    QWidget& widget_;
+    using Signal = void (ProductViewWidget::*)();
+
+    /// Has a signal sent from the event loop, once however often it is noted until then; null: only looks what has
+    /// changed in the view.
+    void note(Signal signal)
+    {
+        if (signal && std::find(noted_.begin(), noted_.end(), signal) == noted_.end()) {
+            noted_.push_back(signal);
+        }
+        if (!std::exchange(tells_, true)) {
+            QMetaObject::invokeMethod(
+                &widget_, [this] { tell(); }, Qt::QueuedConnection);
+        }
+    }
+
+    void tell()
+    {
+        tells_ = false;
+        for (const CommandRow& row : kCommands) {
+            if (QAction* const action = actions_[static_cast<std::size_t>(row.command)]) {
+                action->setEnabled(view_.enabled(row.command));
+            }
+        }
+        const std::vector<Signal> noted = std::exchange(noted_, {});
+        const bool total = std::exchange(total_, view_.totalText()) != view_.totalText();
+        const std::int32_t current = view_.currentProduct();
+        const bool moved = std::exchange(current_, current) != current;
+        const QPointer<ProductViewWidget> widget(&widget_); // a slot may destroy it, and this object with it
+        for (const Signal signal : noted) {
+            if (widget) {
+                (widget->*signal)();
+            }
+        }
+        if (widget && total) {
+            Q_EMIT widget->totalChanged();
+        }
+        if (widget && moved) {
+            Q_EMIT widget->currentProductChanged(current);
+        }
+    }
+
+    ProductViewWidget& widget_;
+    std::array<QAction*, kCommands.size()> actions_{}; ///< Null until somebody asks for them. The widget owns them.
+    std::vector<Signal> noted_;
+    bool tells_ = false;       ///< tell() is going to run.
+    std::string total_;        ///< As last told.
+    std::int32_t current_ = 0; ///< As last told.
     QString hostTypeName_;
     bool propertiesRead_ = false;
     qt::QtSurface surface_;
@@ -83,6 +154,11 @@ Currency ProductViewWidget::TotalValue() const
 bool ProductViewWidget::Dirty() const
 {
     return site_->view().Dirty();
+}
+
+QAction* ProductViewWidget::action(Command command)
+{
+    return site_->action(command);
 }
 
 QSize ProductViewWidget::sizeHint() const

@@ -5,22 +5,29 @@
 //     view.Show(products);
 //     view.show();
 //
-// `Show` loads products, `show` makes the widget visible. The widget has no signals: a host reads Dirty, Products and
-// TotalValue when it needs them. Thread: the user-interface thread, once there is a QApplication.
-// Errors: the constructor, Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h).
+// `Show` loads products, `show` makes the widget visible. The signals come from the event loop, after the procedure
+// that caused them has ended, so a slot may do anything, also destroy the widget. Several changes in one procedure give
+// one signal. Thread: the user-interface thread, once there is a QApplication. Errors: the constructor, Show, Products
+// and TotalValue raise RuntimeError (orvan/base/RuntimeError.h).
 #pragma once
 
 #ifndef Q_MOC_RUN // the meta-object compiler cannot read the standard library's concepts
 #include "orvan/base/Currency.h"
+#include "orvan/core/Command.h"
 #endif
 
 #include <QWidget>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 
+class QAction;
+
 namespace orvan {
+
+enum class Command : std::uint8_t;
 
 namespace qt {
 class QtPlatform;
@@ -49,8 +56,23 @@ public:
     /// Whether the user changed anything since the widget was made.
     bool Dirty() const;
 
+    /// What the user can do with the list, for menus and tool bars of the host. The action does the same as the
+    /// command's key, is disabled while the command would do nothing, and shows the key; the key itself acts only while
+    /// the list has the focus. The widget owns the action.
+    QAction* action(Command command);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user has changed the list. While the editor is open: what the user did there may have changed it.
+    void changed();
+    /// The total that is shown has changed, also by Show.
+    void totalChanged();
+    /// Another row has become the current one; `position` is its product's, from 1 on, or 0 if there is none.
+    void currentProductChanged(int position);
+    void editorOpened();
+    void editorClosed();
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -172,6 +172,10 @@ public:
     {
         return inner("LocaleService::textToCurrency").textToCurrency(text);
     }
+    char32_t foldCase(char32_t character) override
+    {
+        return inner("LocaleService::foldCase").foldCase(character);
+    }
 };
 
 class WrappedPointer final : public ui::ScreenPointer, Wrapped<ui::ScreenPointer*> {

@@ -39,6 +39,7 @@ struct ToolDesign {
     std::string_view caption = {};
     std::string_view menu = {}; ///< ID of the menu that holds the tool; empty: the menu bar or the pop-up menu itself.
     char mnemonic = 0;
+    std::string_view key = {}; ///< Shown beside the caption: the key that does the same (see orvan/ui/KeyStroke.h).
     std::string_view category = "General";
 };
 

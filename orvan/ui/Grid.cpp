@@ -97,8 +97,11 @@ void Grid::setRowCount(std::int32_t count)
     for (const auto& column : columns_) {
         column->cells.resize(rows);
     }
-    rowCount_ = count;
-    currentRow_ = std::clamp(currentRow_, 0, std::max(count - 1, 0));
+    if (count != rowCount_) {
+        rowCount_ = count;
+        currentRow_ = std::clamp(currentRow_, 0, std::max(count - 1, 0));
+        selectCurrentRow();
+    }
     changed(&GridChanges::layout);
 }
 
@@ -210,7 +213,41 @@ void Grid::setCurrentRow(std::int32_t row)
 {
     requireRow(row);
     currentRow_ = row;
+    selectCurrentRow();
     changed(&GridChanges::currentRow);
+}
+
+void Grid::selectCurrentRow()
+{
+    anchorRow_ = currentRow_;
+    selection_.clear();
+    if (currentRow_ >= fixedRows_ && currentRow_ < rowCount_) {
+        selection_.replace({currentRow_, currentRow_});
+    }
+}
+
+void Grid::selectRows(RowSelection rows, std::int32_t current)
+{
+    requireRow(current);
+    for (const RowRange& range : rows.ranges()) {
+        requireRow(range.first);
+        requireRow(range.last);
+        if (range.first < fixedRows_) {
+            throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, name() + ": a header cannot be selected");
+        }
+    }
+    selection_ = std::move(rows);
+    currentRow_ = current;
+    anchorRow_ = current;
+    changed(&GridChanges::currentRow);
+}
+
+void Grid::setSearchText(std::string text)
+{
+    if (text != searchText_) {
+        searchText_ = std::move(text);
+        doShowSearchText();
+    }
 }
 
 void Grid::userResizedColumn(std::int32_t column, std::int32_t twips)
@@ -232,10 +269,57 @@ void Grid::userRightClicked(std::int32_t row, std::int32_t column)
     raise(onRightClick);
 }
 
-void Grid::userChoseRow(std::int32_t row)
+void Grid::userChoseRow(std::int32_t row, RowChoice choice)
 {
     requireRow(row);
     currentRow_ = row;
+    if (!multiSelect_ || choice == RowChoice::only || row < fixedRows_) {
+        selectCurrentRow();
+    } else if (choice == RowChoice::upTo) {
+        const std::int32_t anchor = std::clamp(anchorRow_, fixedRows_, rowCount_ - 1);
+        selection_.replace({std::min(anchor, row), std::max(anchor, row)});
+    } else {
+        selection_.toggle(row);
+        anchorRow_ = row;
+    }
+    doSelect();
+    raise(onSelect);
+}
+
+void Grid::userDraggedRows(std::int32_t before)
+{
+    raise(onDragRows, before);
+}
+
+bool Grid::userPressedKey(KeyStroke key)
+{
+    raise(onKeyDown, key);
+    return key.key == Key::none || moveByKey(key); // a handler that has destroyed the grid has taken the key
+}
+
+bool Grid::moveByKey(const KeyStroke& key)
+{
+    if (rowCount_ <= fixedRows_ || key.alt) {
+        return false;
+    }
+    if (key.control && key.key == Key::character && key.character == U' ' && currentRow_ >= fixedRows_) {
+        userChoseRow(currentRow_, RowChoice::toggle);
+        return true;
+    }
+    const bool none = currentRow_ < fixedRows_; // each key but End goes to the first row then
+    std::int32_t to = fixedRows_;
+    switch (key.key) {
+    case Key::home: break;
+    case Key::end: to = rowCount_ - 1; break;
+    case Key::up: to = none ? to : currentRow_ - 1; break;
+    case Key::down: to = none ? to : currentRow_ + 1; break;
+    case Key::pageUp: to = none ? to : currentRow_ - rowsPerPage(); break;
+    case Key::pageDown: to = none ? to : currentRow_ + rowsPerPage(); break;
+    default: return false;
+    }
+    to = std::clamp(to, fixedRows_, rowCount_ - 1);
+    userChoseRow(to, key.shift ? RowChoice::upTo : RowChoice::only);
+    return true;
 }
 
 } // namespace orvan::ui

@@ -6,13 +6,15 @@
 // show.
 //
 // Redraw: while it is off, changes are collected; turning it on hands them to the platform once.
-// Raises 9 for a row or column outside the grid 380 for a negative width or count, and 7 for more rows
+// Raises 9 for a row or column outside the grid, 380 for a negative width or count, and 7 for more rows
 // than kMostRows.
 // Ownership: the Surface. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
 #include "orvan/ui/GridFormat.h"
+#include "orvan/ui/KeyStroke.h"
+#include "orvan/ui/RowSelection.h"
 
 #include <functional>
 #include <memory>
@@ -28,7 +30,14 @@ enum class GridType { none, string, int32, currency, decimal, float64 };
 struct GridChanges {
     bool cells = false;      ///< Values, types or formats.
     bool layout = false;     ///< Rows, columns, keys, order, widths, hidden columns.
-    bool currentRow = false; ///< The program chose another current row.
+    bool currentRow = false; ///< The program chose another current row or selected other rows.
+};
+
+/// What choosing a row does to the selection.
+enum class RowChoice {
+    only,   ///< The row alone is selected.
+    upTo,   ///< The rows from the last one that was chosen otherwise up to this one are selected (Shift).
+    toggle, ///< The row is added to the selection or taken out of it (Ctrl).
 };
 
 class Grid : public Control {
@@ -78,8 +87,29 @@ public:
 
     /// The current row; 0 (the header) until the user or the program chooses a row.
     std::int32_t currentRow() const { return currentRow_; }
+    /// Makes the row the current one and the only one that is selected.
     void setCurrentRow(std::int32_t row);
+    /// Whether the user can select several rows. If not, only the current row is selected.
+    bool multiSelect() const { return multiSelect_; }
+    void setMultiSelect(bool allowed) { multiSelect_ = allowed; }
+    /// Header rows are never selected. A change of the row count leaves only the current row selected.
+    const RowSelection& selection() const { return selection_; }
+    /// Selects rows, and makes `current` the current row. Raises 5 if a header row is among them.
+    void selectRows(RowSelection rows, std::int32_t current);
+    /// What the user has typed to find a row. The grid shows it over its rows until it is set to an empty text.
+    const std::string& searchText() const { return searchText_; }
+    void setSearchText(std::string text);
 
+    /// The user pressed a key while the grid had the focus. A handler that takes the key sets its `key` to Key::none;
+    /// otherwise the keys that move the current row do so.
+    std::function<void(KeyStroke& key)> onKeyDown;
+    /// Whether that handler would take the key now. Asked first, so that a window does not use the key as a shortcut of
+    /// its own. Changes nothing.
+    std::function<bool(const KeyStroke& key)> takesKey;
+    /// The user chose a row, or changed the selection.
+    std::function<void()> onSelect;
+    /// The user dragged the selected rows to the place above the row `before`; the row count stands for the end.
+    std::function<void(std::int32_t before)> onDragRows;
     /// The user changed a column's width; columnWidth gives the new width.
     std::function<void()> onAfterUserResize;
     /// The user double clicked, on a row or elsewhere; mouseRow() says where.
@@ -96,11 +126,18 @@ protected:
     virtual void doUpdate(const GridChanges& changes) = 0;
     /// Called when redraw is turned off, before any change: the platform stops painting until doUpdate.
     virtual void doSuspend() = 0;
+    /// The platform shows the current row and the selection, which the user has changed, and reveals the current row.
+    virtual void doSelect() = 0;
+    virtual void doShowSearchText() = 0;
+    /// How many rows a page of the list has; at least 1.
+    virtual std::int32_t rowsPerPage() const = 0;
 
-    /// The platform reports here what the user did; -1 stands for no row or no column. Each report but userChoseRow
-    /// raises its event.
+    /// The platform reports here what the user did; -1 stands for no row or no column. Each report raises its event.
     void userResizedColumn(std::int32_t column, std::int32_t twips);
-    void userChoseRow(std::int32_t row);
+    void userChoseRow(std::int32_t row, RowChoice choice = RowChoice::only);
+    /// Returns whether the key has been taken. The event's handler may destroy the grid, and has then taken it.
+    [[nodiscard]] bool userPressedKey(KeyStroke key);
+    void userDraggedRows(std::int32_t before);
     void userDoubleClicked(std::int32_t row);
     void userRightClicked(std::int32_t row, std::int32_t column);
 
@@ -119,6 +156,9 @@ private:
     Column& at(std::int32_t column);
     void appendColumns(std::int32_t count);
     void requireRow(std::int32_t row) const;
+    void selectCurrentRow();
+    /// Moves the current row as the key says. Returns false for a key that does not do this.
+    bool moveByKey(const KeyStroke& key);
     void changed(bool GridChanges::*what);
 
     NumberSeparators separators_;
@@ -126,6 +166,10 @@ private:
     std::int32_t rowCount_ = 1;
     std::int32_t fixedRows_ = 1;
     std::int32_t currentRow_ = 0;
+    std::int32_t anchorRow_ = 0; ///< Where a selection of several rows begins.
+    bool multiSelect_ = false;
+    RowSelection selection_;
+    std::string searchText_;
     bool userResizing_ = false;
     std::int32_t mouseRow_ = -1;
     std::int32_t mouseColumn_ = -1;

@@ -57,6 +57,12 @@ public:
     /// separators are skipped unless they are also a decimal separator. Rounds to four decimals, ties to even. Raises
     /// 13 for any other text, and 6 beyond the range.
     virtual Currency textToCurrency(std::string_view text) = 0;
+
+    /// The character as it is compared where upper and lower case are the same. By default only A to Z have two cases.
+    [[nodiscard]] virtual char32_t foldCase(char32_t character)
+    {
+        return character >= U'A' && character <= U'Z' ? character + (U'a' - U'A') : character;
+    }
 };
 
 } // namespace orvan::ui

@@ -7,7 +7,7 @@
 namespace orvan::ui {
 
 ToolSet::ToolSet(const ControlDesign& design)
-    : Control(design), tools_(design.tools), enabled_(design.tools.size(), true)
+    : Control(design), tools_(design.tools), enabled_(design.tools.size(), true), checked_(design.tools.size(), false)
 {
 }
 
@@ -26,6 +26,13 @@ void ToolSet::setToolEnabled(std::string_view id, bool enabled)
     const std::size_t index = indexOf(id);
     enabled_[index] = enabled;
     doSetToolEnabled(index, enabled);
+}
+
+void ToolSet::setToolChecked(std::string_view id, bool checked)
+{
+    const std::size_t index = indexOf(id);
+    checked_[index] = checked;
+    doSetToolChecked(index, checked);
 }
 
 bool ToolSet::opensMenu(std::string_view id) const

@@ -20,6 +20,9 @@ public:
     bool toolEnabled(std::string_view id) const { return enabled_[indexOf(id)]; }
     /// A tool that is not enabled is shown greyed and cannot be chosen.
     void setToolEnabled(std::string_view id, bool enabled);
+    bool toolChecked(std::string_view id) const { return checked_[indexOf(id)]; }
+    /// A tool that is checked is shown with a mark.
+    void setToolChecked(std::string_view id, bool checked);
 
     /// The user chose a tool. Opening a menu does not raise this event.
     std::function<void(std::string_view id)> onToolClick;
@@ -27,6 +30,8 @@ public:
 protected:
     /// The platform shows whether the tool is enabled; `index` is its place in tools().
     virtual void doSetToolEnabled(std::size_t index, bool enabled) = 0;
+    /// The platform shows whether the tool is checked.
+    virtual void doSetToolChecked(std::size_t index, bool checked) = 0;
     /// The platform reports that the user chose a tool. Raises onToolClick; does nothing for a tool that is not
     /// enabled.
     void userChoseTool(std::string_view id);
@@ -36,6 +41,7 @@ private:
 
     std::span<const ToolDesign> tools_;
     std::vector<bool> enabled_;
+    std::vector<bool> checked_;
 };
 
 /// A menu bar with menus and sub-menus.
@@ -44,14 +50,18 @@ public:
     using ToolSet::ToolSet;
 };
 
-/// A menu that belongs to no bar and opens at the mouse pointer. A tool that the user chooses raises onToolClick later;
-/// closing the menu without a choice raises no event.
+class Grid;
+
+/// A menu that belongs to no bar and opens at the mouse pointer, or at a grid's current row. A tool that the user
+/// chooses raises onToolClick later; closing the menu without a choice raises no event.
 class PopupMenu : public ToolSet {
 public:
     using ToolSet::ToolSet;
 
     /// Shows the menu and returns at once.
     virtual void popUp() = 0;
+    /// Shows the menu at the grid's current row, for a user who has no pointer there. Returns at once.
+    virtual void popUpAt(Grid& grid) = 0;
 };
 
 } // namespace orvan::ui

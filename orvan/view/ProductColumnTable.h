@@ -62,7 +62,9 @@ static_assert(std::size(kColumns) == ProductColumns::kColumnCount);
 
 inline constexpr std::size_t kNumberColumn = 0;
 inline constexpr std::size_t kNameColumn = 1;
-static_assert(kColumns[kNumberColumn].key == "Number" && kColumns[kNameColumn].key == "Name");
+inline constexpr std::size_t kPartNumColumn = 3;
+static_assert(kColumns[kNumberColumn].key == "Number" && kColumns[kNameColumn].key == "Name" &&
+              kColumns[kPartNumColumn].key == "PartNum");
 
 /// The columns that can be chosen; a field's ViewFieldEnum value is the index of its column.
 inline constexpr auto kFieldColumns = std::span(kColumns).subspan<3>();

@@ -60,10 +60,8 @@ void ProductColumns::setUp()
 void ProductColumns::takeEvents(ScopedHandlers& handlers)
 {
     handlers.set(flexGrid_.onAfterUserResize, [this] { PrvSaveViewPrefs(); });
-    handlers.set(flexGrid_.onRightClick, [this] { flexGrid_RightClick(); });
-    for (const Place own : {One, Two}) {
-        handlers.set(chosen_[own].menu.onToolClick,
-                     [this, own](std::string_view item) { mnuViewCbo_Click(own, item); });
+    for (const ChosenColumn& chosen : chosen_) {
+        handlers.set(chosen.menu.onToolClick, [this](std::string_view item) { mnuViewCbo_Click(item); });
     }
 }
 
@@ -177,37 +175,42 @@ void ProductColumns::PrvRefreshColumnIndices()
 
 void ProductColumns::flexGrid_RightClick()
 {
-    if (flexGrid_.mouseRow() != 0) {
-        return;
-    }
     for (const Place own : {One, Two}) {
         if (flexGrid_.mouseColumn() == chosen_[own].column) {
-            setViewMenu(own, chosen_[1 - own].field);
+            setViewMenu(chosen_[own].menu, own);
             chosen_[own].menu.popUp();
             return;
         }
     }
 }
 
-/// PrvSetViewMenuOne and PrvSetViewMenuTwo. A menu does not offer the field that the other column shows.
-void ProductColumns::setViewMenu(Place own, ViewFieldEnum taken)
+void ProductColumns::prepareItems(ui::PopupMenu& menu)
 {
-    ui::PopupMenu& menu = chosen_[own].menu;
+    setViewMenu(menu, One);
+    setViewMenu(menu, Two);
+}
+
+/// PrvSetViewMenuOne and PrvSetViewMenuTwo. A menu marks the field that its column shows, and does not offer the field
+/// that the other column shows.
+void ProductColumns::setViewMenu(ui::PopupMenu& menu, Place own)
+{
+    const ColumnRow* const shown = rowOf(chosen_[own].field);
+    const ColumnRow* const taken = rowOf(chosen_[1 - own].field);
     for (const ColumnRow& column : kFieldColumns) {
-        menu.setToolEnabled(column.menuItems[own], true);
-    }
-    if (const ColumnRow* column = rowOf(taken)) {
-        menu.setToolEnabled(column->menuItems[own], false);
+        menu.setToolEnabled(column.menuItems[own], &column != taken);
+        menu.setToolChecked(column.menuItems[own], &column == shown);
     }
 }
 
 /// The items of mnuViewCboOne and of mnuViewCboTwo.
-void ProductColumns::mnuViewCbo_Click(Place own, std::string_view item)
+void ProductColumns::mnuViewCbo_Click(std::string_view item)
 {
-    for (const ColumnRow& column : kFieldColumns) {
-        if (column.menuItems[own] == item) {
-            chooseColumn(own, flexGrid_.columnIndex(column.key), *column.field);
-            return;
+    for (const Place own : {One, Two}) {
+        for (const ColumnRow& column : kFieldColumns) {
+            if (column.menuItems[own] == item) {
+                chooseColumn(own, flexGrid_.columnIndex(column.key), *column.field);
+                return;
+            }
         }
     }
 }

@@ -56,13 +56,20 @@ public:
 
     /// Gives the grid its columns and shows the default fields. Called first, and once.
     void setUp();
-    /// Sets the handlers of the events that concern columns: resizing, right clicks, and the items of the View menus.
+    /// Sets the handlers of the events that concern columns: resizing, and the items of the View menus.
     void takeEvents(ScopedHandlers& handlers);
     /// Sets the type name of the host's form, under which preferences are read and saved from now on.
     void setHostTypeName(std::string name) { hostTypeName_ = std::move(name); }
     /// Takes the stored fields and widths, or the defaults. PrvApplyColumnLayout then shows the fields.
     void PrvReadPrefs();
     void PrvApplyColumnLayout();
+
+    /// A right click on a header: opens the View menu of column One or Two.
+    void flexGrid_RightClick();
+    /// Prepares the items of both View menus, which the menu of a row has, too.
+    void prepareItems(ui::PopupMenu& menu);
+    /// The user chose an item of a View menu, in that menu or in another one.
+    void mnuViewCbo_Click(std::string_view item);
 
     /// The values of one row, in the order of kColumns.
     using Cells = std::array<ui::GridValue, kColumnCount>;
@@ -89,9 +96,7 @@ private:
     void PrvSetColumnFormat(std::int32_t column, ViewFieldEnum field);
     void PrvShowChosenColumns();
     void PrvRefreshColumnIndices();
-    void flexGrid_RightClick();
-    void setViewMenu(Place own, ViewFieldEnum taken);
-    void mnuViewCbo_Click(Place own, std::string_view item);
+    void setViewMenu(ui::PopupMenu& menu, Place own);
     void chooseColumn(Place own, std::int32_t column, ViewFieldEnum field);
 
     // ProductViewPrefs.cpp

@@ -62,7 +62,7 @@ try : platform_((enterLibrary(platform), platform)), surface_(surface), site_(si
     fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")), txtTotal_(surface.control<ui::TextBox>("txtTotal")),
     cmdNew_(surface.control<ui::Button>("cmdNew")), cmdDelete_(surface.control<ui::Button>("cmdDelete")),
     cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")), cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")),
-    columns_(platform, surface) {
+    columns_(platform, surface), commands_(*this, columns_, surface, platform.locale()) {
     productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
     locale_ = PrvInitLocale(platform_.locale());
     columns_.setUp();
@@ -87,6 +87,7 @@ void ProductView::takeEvents()
     handlers_.set(cmdMoveUp_.onClick, [this] { cmdMoveUp_Click(); });
     handlers_.set(cmdMoveDown_.onClick, [this] { cmdMoveDown_Click(); });
     columns_.takeEvents(handlers_);
+    commands_.takeEvents(handlers_);
 }
 
 void ProductView::UserControl_Resize()
@@ -167,7 +168,19 @@ void ProductView::PrvSetDirty(bool bDirty)
         dirty_ = false;
     } else if (!dirtyLock_) {
         dirty_ = true;
+        runHandler(events.changed);
     }
+}
+
+std::int32_t ProductView::currentProduct() const
+{
+    const std::int32_t row = flexGrid_.currentRow();
+    return row >= flexGrid_.fixedRows() && row < flexGrid_.rowCount() ? row : 0;
+}
+
+const std::string& ProductView::totalText() const
+{
+    return txtTotal_.text();
 }
 
 template <class TakeRow>
@@ -241,6 +254,7 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
     }
     flexGrid_.setRedraw(true);
     showsFormerRows_ = false;
+    runHandler(events.refreshed);
 }
 
 } // namespace orvan

@@ -13,9 +13,11 @@
 
 #include "orvan/base/Currency.h"
 #include "orvan/base/Lifetime.h"
+#include "orvan/base/RunHandler.h"
 #include "orvan/base/ScopedHandlers.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/modLocale.h"
+#include "orvan/view/ListCommands.h"
 #include "orvan/view/ProductColumns.h"
 
 #include <cstdint>
@@ -23,6 +25,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvan {
 
@@ -34,6 +37,18 @@ class ContainerSite;
 class Frame;
 class TextBox;
 } // namespace ui
+
+/// What a list view tells the control that contains it, which may tell the host. The procedure that calls a handler is
+/// still running, so a handler only notes what it is told, and tells the host later.
+struct ProductViewEvents {
+    /// The user changed the list. While the editor is open: what the user did there may have changed it.
+    std::function<void()> changed;
+    /// The rows, the total, or the current row may be others than before.
+    std::function<void()> refreshed;
+    /// Also where the editor then cannot be opened; editorClosed follows in any case.
+    std::function<void()> editorOpened;
+    std::function<void()> editorClosed;
+};
 
 class ProductView {
 public:
@@ -59,11 +74,23 @@ public:
     /// form's type name. Never raises.
     void UserControl_ReadProperties();
 
+    /// Runs a command as its key does; see ListCommands.
+    void run(Command command) { commands_.run(command); }
+    [[nodiscard]] bool enabled(Command command) const { return commands_.enabled(command); }
+    /// The product in the current row, 1-based; 0 if there is none.
+    [[nodiscard]] std::int32_t currentProduct() const;
+    [[nodiscard]] const std::string& totalText() const;
+
+    ProductViewEvents events;
+
 private:
+    friend class ListCommands; ///< Runs the procedures that the buttons run.
+
     // ProductView.cpp
     void takeEvents();
     void UserControl_Resize();
     void UserControl_Terminate();
+    void tellRowChosen() { runHandler(events.refreshed); }
     /// The list that a procedure begins with. A wait for the user and a call into a manager let the host in, which may
     /// destroy the view meanwhile or hand it another list: the procedure then ends, and touches the view no more.
     class CurrentList {
@@ -92,6 +119,7 @@ private:
     // ProductViewCommands.cpp
     void cmdNew_Click();
     void flexGrid_DblClick();
+    void editRow(std::int32_t row);
     void cmdDelete_Click();
     void cmdMoveUp_Click();
     void cmdMoveDown_Click();
@@ -102,14 +130,28 @@ private:
     [[nodiscard]] bool refreshFormerRows();
     void openEditor(const CurrentList& list, const EditorOpening& open);
     void PrvDeleteProduct();
+    [[nodiscard]] bool userAgreesToDelete(std::size_t count);
+    /// The selected rows, or else the current row, from the first to the last.
+    [[nodiscard]] std::vector<std::int32_t> rowsToActOn() const;
     void moveCurrentRow(std::int32_t offset);
     /// The product's new position; -1 when it cannot be moved.
     [[nodiscard]] std::int32_t PrvMoveProduct(const CurrentList& list, std::int32_t index, std::int32_t offset);
+    // ProductViewRows.cpp
+    void duplicateRows();
+    void PrvDuplicateProduct();
+    /// Whether the list with copies of these rows can still be saved. If not, the user is told.
+    [[nodiscard]] bool fitsMaxDataSize(const CurrentList& list, const std::vector<std::int32_t>& rows);
+    /// Moves each selected row by one position, past a neighbour.
+    void moveSelectedRows(std::int32_t offset);
+    /// Moves the selected rows to the place above the row `before`.
+    void dropRows(std::int32_t before);
+    /// Puts the products from row `first` on into the order that `order` has their rows in.
+    void PrvMoveProducts(std::int32_t first, const std::vector<std::int32_t>& order);
+
     /// The handle of the window that owns the view's message boxes; 0 (no owner) when the container raises an error.
     [[nodiscard]] std::int32_t messageOwner() const;
     /// Runs an event handler of the view: an error is recorded, and shown to the user.
-    template <class Body>
-    void handleEvent(std::string_view label, Body&& body);
+    void handleEvent(std::string_view label, const std::function<void()>& body);
 
     ui::Platform& platform_; ///< First, because its initializer calls enterLibrary.
     ui::Surface& surface_;
@@ -123,6 +165,7 @@ private:
     ui::Button& cmdMoveUp_;
     ui::Button& cmdMoveDown_;
     ProductColumns columns_;
+    ListCommands commands_;
 
     Lifetime lifetime_;                      ///< A host may destroy the view while one of its procedures runs.
     std::shared_ptr<ProductMgr> productMgr_; ///< Never null once the view is made.

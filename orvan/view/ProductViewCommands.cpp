@@ -10,6 +10,8 @@
 #include "orvan/ui/Platform.h"
 #include "orvan/view/ProductView.h"
 
+#include <algorithm>
+
 namespace orvan {
 
 std::int32_t ProductView::messageOwner() const
@@ -21,8 +23,7 @@ std::int32_t ProductView::messageOwner() const
     }
 }
 
-template <class Body>
-void ProductView::handleEvent(std::string_view label, Body&& body)
+void ProductView::handleEvent(std::string_view label, const std::function<void()>& body)
 {
     // The host may destroy the view while the body waits for the user; the message then has no owner.
     const LifetimeWatch watch = lifetime_.watch();
@@ -34,15 +35,19 @@ void ProductView::handleEvent(std::string_view label, Body&& body)
     traceShowToUser(label, bodyOfView, [&watch, &site = site_] { return watch.ended() ? 0 : site.parentWindow(); });
 }
 
-/// Its destructor marks the view dirty if the session changed the list, also where an error ended the session: such an
-/// error takes back no edit.
+/// Its destructor tells that the editor has closed, and marks the view dirty if the session changed the list. It does
+/// so also where an error ended the session: such an error takes back no edit.
 struct ProductView::EditMark {
     ProductView& view;
+    LifetimeWatch watch;
     const CurrentList& list;
     const ProductDlg& dialog;
 
     ~EditMark()
     {
+        if (!watch.ended()) {
+            runHandler(view.events.editorClosed);
+        }
         if (dialog.Dirty() && list.stillShown()) {
             view.PrvSetDirty(true);
         }
@@ -51,9 +56,15 @@ struct ProductView::EditMark {
 
 void ProductView::openEditor(const CurrentList& list, const EditorOpening& open)
 {
+    runHandler(events.editorOpened);
     {
         ProductDlg dialog(platform_);
-        const EditMark mark{*this, list, dialog};
+        dialog.onChange = [this, watch = lifetime_.watch()] {
+            if (!watch.ended()) { // the editor goes on where the host destroys the view
+                runHandler(events.changed);
+            }
+        };
+        const EditMark mark{*this, lifetime_.watch(), list, dialog};
         open(dialog, list.manager());
     }
     if (list.stillShown()) {
@@ -80,9 +91,13 @@ void ProductView::cmdNew_Click()
 
 void ProductView::flexGrid_DblClick()
 {
+    editRow(flexGrid_.mouseRow());
+}
+
+void ProductView::editRow(std::int32_t row)
+{
     // The label is deliberately the add button's: both open the editor, and readers of traces look for one name.
     handleEvent("KTVOrvanProduct.ProductView::cmdNew_Click", [&] {
-        const std::int32_t row = flexGrid_.mouseRow();
         if (row < 1 || refreshFormerRows()) {
             return;
         }
@@ -118,25 +133,47 @@ void ProductView::PrvDeleteProduct()
         if (refreshFormerRows()) {
             return;
         }
-        const std::int32_t row = flexGrid_.currentRow();
-        if (row < 1) {
+        // From the last to the first, so that the positions of the others stay what they are.
+        std::vector<std::int32_t> rows = rowsToActOn();
+        if (rows.empty()) {
             platform_.messageBox().show({.text = "Please select a product first", .ownerWindow = messageOwner()});
             return;
         }
-        const auto answer =
-            platform_.messageBox().show({.text = "Are you sure you want to delete the selected product?",
-                                         .buttons = ui::MessageButtons::yesNo,
-                                         .icon = ui::MessageIcon::question,
-                                         .ownerWindow = messageOwner()});
-        if (answer != ui::MessageResult::yes || !list.stillShown()) {
+        if (!userAgreesToDelete(rows.size()) || !list.stillShown()) {
             return;
         }
-        list->DeleteProduct(row);
-        if (list.stillShown()) {
-            PrvSetDirty(true);
-            PrvRefreshView(true);
+        for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+            list->DeleteProduct(*row);
+            if (!list.stillShown()) {
+                return;
+            }
+            PrvSetDirty(true); // at once: if the next one cannot be deleted, this one is still gone
+        }
+        PrvRefreshView(true);
+        if (rows.size() > 1 && list.stillShown()) {
+            flexGrid_.setCurrentRow(std::min(rows.front(), flexGrid_.rowCount() - 1));
         }
     });
+}
+
+std::vector<std::int32_t> ProductView::rowsToActOn() const
+{
+    // A user can take the current row out of the selection. If no row is selected, the current one is meant.
+    std::vector<std::int32_t> rows = flexGrid_.selection().rows();
+    if (rows.empty() && flexGrid_.currentRow() >= 1) {
+        rows.push_back(flexGrid_.currentRow());
+    }
+    return rows;
+}
+
+bool ProductView::userAgreesToDelete(std::size_t count)
+{
+    const std::string which = count > 1 ? std::to_string(count) + " selected products" : "selected product";
+    const auto answer = platform_.messageBox().show({.text = "Are you sure you want to delete the " + which + "?",
+                                                     .buttons = ui::MessageButtons::yesNo,
+                                                     .icon = ui::MessageIcon::question,
+                                                     .ownerWindow = messageOwner()});
+    return answer == ui::MessageResult::yes;
 }
 
 void ProductView::cmdMoveUp_Click()
@@ -155,10 +192,15 @@ void ProductView::moveCurrentRow(std::int32_t offset)
     if (row <= 0 || refreshFormerRows()) {
         return;
     }
+    if (flexGrid_.selection().count() > 1) {
+        moveSelectedRows(offset);
+        return;
+    }
     const CurrentList list(*this);
     const std::int32_t moved = PrvMoveProduct(list, row, offset);
     if (moved > 0 && list.stillShown()) {
         flexGrid_.setCurrentRow(moved); // stays with the product and is scrolled into view
+        tellRowChosen();
     }
 }
 

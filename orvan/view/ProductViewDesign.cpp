@@ -1,6 +1,9 @@
 #include "orvan/view/ProductViewDesign.h"
 
+#include "orvan/core/Command.h"
 #include "orvan/view/ProductColumnTable.h"
+
+#include <optional>
 
 namespace orvan {
 
@@ -24,6 +27,40 @@ constexpr auto menuTools(ProductColumns::Place menu)
     return tools;
 }
 
+/// The commands in the menu of a row. A separator stands for an empty place.
+constexpr std::optional<Command> kRowCommands[] = {
+    Command::edit,      Command::add, Command::duplicate, Command::remove, {}, Command::moveUp, Command::moveDown,
+    Command::selectAll, {},
+};
+
+/// The commands, and a menu for each of the two columns with the fields that it can show.
+constexpr auto rowTools()
+{
+    constexpr std::string_view kColumnMenus[] = {"mnuRowOne", "mnuRowTwo"};
+    constexpr std::string_view kColumnCaptions[] = {"First Column", "Second Column"};
+    std::array<ui::ToolDesign, std::size(kRowCommands) + 2 * (1 + kFieldColumns.size())> tools;
+    std::size_t at = 0;
+    for (const auto& command : kRowCommands) {
+        if (command) {
+            tools[at].id = rowOf(*command).id;
+            tools[at].caption = rowOf(*command).text;
+            tools[at].key = rowOf(*command).key;
+        }
+        ++at;
+    }
+    for (const ProductColumns::Place place : {ProductColumns::One, ProductColumns::Two}) {
+        tools[at].id = kColumnMenus[place];
+        tools[at++].caption = kColumnCaptions[place];
+        for (const ColumnRow& column : kFieldColumns) {
+            tools[at].id = column.menuItems[place];
+            tools[at].caption = column.caption;
+            tools[at++].menu = kColumnMenus[place];
+        }
+    }
+    return tools;
+}
+
+constexpr auto kRowMenu = rowTools();
 constexpr auto kMenuOne = menuTools(ProductColumns::One);
 constexpr auto kMenuTwo = menuTools(ProductColumns::Two);
 
@@ -48,6 +85,7 @@ constexpr ui::ControlDesign kControls[] = {
      .tabIndex = 5},
     {.name = "mnuViewCboOne", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuOne},
     {.name = "mnuViewCboTwo", .kind = ControlKind::popupMenu, .caption = "View", .tools = kMenuTwo},
+    {.name = "mnuRow", .kind = ControlKind::popupMenu, .caption = "Product", .tools = kRowMenu},
 };
 // clang-format on
 

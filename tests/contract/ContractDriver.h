@@ -64,7 +64,13 @@ public:
     virtual void resize(ui::Surface& surface, int widthTwips, int heightTwips) = 0;
     virtual void click(ui::Button& button) = 0;
     virtual void dragColumn(ui::Grid& grid, std::int32_t column, std::int32_t twips) = 0;
-    virtual void chooseRow(ui::Grid& grid, std::int32_t row) = 0;
+    virtual void chooseRow(ui::Grid& grid, std::int32_t row, ui::RowChoice choice = ui::RowChoice::only) = 0;
+    /// Drags the selected rows by one of them, which is `from`.
+    virtual void dragRows(ui::Grid& grid, std::int32_t from, std::int32_t before) = 0;
+    /// Presses a key in the grid or button, which has the focus.
+    virtual void pressKey(ui::Control& control, std::string_view key) = 0;
+    /// The rows that a user sees selected.
+    virtual std::vector<std::int32_t> selectedRows(ui::Grid& grid) = 0;
     /// -1: below all rows.
     virtual void doubleClick(ui::Grid& grid, std::int32_t row) = 0;
     /// -1: below all rows, right of all columns.
@@ -122,6 +128,18 @@ protected:
     std::unique_ptr<ui::Surface> surface;
     std::vector<std::int32_t> unhandled;
     std::vector<std::int32_t> expectedUnhandled;
+};
+
+/// A grid of five rows, which has the focus.
+class GridContract : public PlatformContract {
+protected:
+    void SetUp() override
+    {
+        PlatformContract::SetUp();
+        grid().setRowCount(6);
+        grid().setMultiSelect(true);
+        grid().setFocus();
+    }
 };
 
 class EntryContract : public PlatformContract {

@@ -16,7 +16,9 @@ public:
     ui::Platform& platform() override { return platform_; }
     std::unique_ptr<ui::Surface> load(const ui::FormDesign& design) override
     {
-        return std::make_unique<headless::HeadlessSurface>(design, platform_);
+        auto surface = std::make_unique<headless::HeadlessSurface>(design, platform_);
+        surface_ = surface.get();
+        return surface;
     }
     void resize(ui::Surface& surface, int widthTwips, int heightTwips) override
     {
@@ -27,7 +29,22 @@ public:
     {
         as<headless::HeadlessGrid>(grid).dragColumn(column, twips);
     }
-    void chooseRow(ui::Grid& grid, std::int32_t row) override { as<headless::HeadlessGrid>(grid).chooseRow(row); }
+    void chooseRow(ui::Grid& grid, std::int32_t row, ui::RowChoice choice) override
+    {
+        auto& driven = as<headless::HeadlessGrid>(grid);
+        choice == ui::RowChoice::only   ? driven.chooseRow(row)
+        : choice == ui::RowChoice::upTo ? driven.chooseUpTo(row)
+                                        : driven.toggleRow(row);
+    }
+    void dragRows(ui::Grid& grid, std::int32_t /*from*/, std::int32_t before) override
+    {
+        as<headless::HeadlessGrid>(grid).dragRows(before);
+    }
+    void pressKey(ui::Control& /*control*/, std::string_view key) override { surface_->pressKey(key); }
+    std::vector<std::int32_t> selectedRows(ui::Grid& grid) override
+    {
+        return as<headless::HeadlessGrid>(grid).selectedRows();
+    }
     void doubleClick(ui::Grid& grid, std::int32_t row) override { as<headless::HeadlessGrid>(grid).doubleClick(row); }
     void rightClick(ui::Grid& grid, std::int32_t row, std::int32_t column) override
     {
@@ -85,6 +102,7 @@ private:
     static headless::EntryDriver& at(ui::TextEntry& box) { return as<headless::EntryDriver>(box); }
 
     headless::HeadlessPlatform platform_{locale, components};
+    headless::HeadlessSurface* surface_ = nullptr; ///< The one that was loaded last.
     std::string clipboard_;
 };
 

@@ -342,6 +342,7 @@ std::unique_ptr<Driver> makeHeadless()
 }
 INSTANTIATE_TEST_SUITE_P(Headless, PlatformContract, testing::Values(makeHeadless));
 INSTANTIATE_TEST_SUITE_P(Headless, FormContract, testing::Values(makeHeadless));
+INSTANTIATE_TEST_SUITE_P(Headless, GridContract, testing::Values(makeHeadless));
 INSTANTIATE_TEST_SUITE_P(Headless, EntryContract, testing::Values(makeHeadless));
 
 } // namespace

@@ -68,11 +68,45 @@ public:
         }
         QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, {edge + way, middle});
     }
-    void chooseRow(ui::Grid& grid, std::int32_t row) override
+    void chooseRow(ui::Grid& grid, std::int32_t row, ui::RowChoice choice = ui::RowChoice::only) override
+    {
+        const Qt::KeyboardModifiers held = choice == ui::RowChoice::upTo     ? Qt::ShiftModifier
+                                           : choice == ui::RowChoice::toggle ? Qt::ControlModifier
+                                                                             : Qt::NoModifier;
+        QTest::mouseClick(viewOf(grid).viewport(), Qt::LeftButton, held, middleOf(grid, row));
+    }
+    void dragRows(ui::Grid& grid, std::int32_t from, std::int32_t before) override
     {
         QTableView& view = viewOf(grid);
-        const QModelIndex index = view.model()->index(row - grid.fixedRows(), 1);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+        const QPoint start = middleOf(grid, from);
+        const bool atEnd = before == grid.rowCount();
+        QPoint end = middleOf(grid, atEnd ? before - 1 : before);
+        end.ry() += (atEnd ? 1 : -1) * view.rowHeight(0) / 3;
+        QTest::mousePress(view.viewport(), Qt::LeftButton, {}, start);
+        for (const QPoint to : {(start + end) / 2, end}) {
+            QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(QPointF(to)), Qt::NoButton,
+                             Qt::LeftButton, {});
+            QApplication::sendEvent(view.viewport(), &move);
+        }
+        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, end);
+    }
+    void pressKey(ui::Control& control, std::string_view key) override
+    {
+        const QKeySequence sequence(qString(key));
+        const auto combined = sequence[0];
+        QWidget* widget = qt::widgetOf(control);
+        const bool typed = key.size() == 1;
+        typed ? QTest::keyClicks(widget, qString(key))
+              : QTest::keyClick(widget, combined.key(), combined.keyboardModifiers());
+    }
+    std::vector<std::int32_t> selectedRows(ui::Grid& grid) override
+    {
+        std::vector<std::int32_t> rows;
+        for (const QModelIndex& row : viewOf(grid).selectionModel()->selectedRows()) {
+            rows.push_back(row.row() + grid.fixedRows());
+        }
+        std::sort(rows.begin(), rows.end());
+        return rows;
     }
     void doubleClick(ui::Grid& grid, std::int32_t row) override
     {
@@ -224,6 +258,11 @@ public:
     }
 
 private:
+    static QPoint middleOf(ui::Grid& grid, std::int32_t row)
+    {
+        QTableView& view = viewOf(grid);
+        return view.visualRect(view.model()->index(row - grid.fixedRows(), 1)).center();
+    }
     static QTableView& viewOf(ui::Grid& grid) { return dynamic_cast<QTableView&>(*qt::widgetOf(grid)); }
     /// Where a cell or header is clicked; -1: below all rows, beside all columns.
     static std::pair<QWidget*, QPoint> placeOf(ui::Grid& grid, std::int32_t row, std::int32_t column)

@@ -20,6 +20,7 @@ std::unique_ptr<Driver> make()
 }
 INSTANTIATE_TEST_SUITE_P(Qt, PlatformContract, testing::Values(make));
 INSTANTIATE_TEST_SUITE_P(Qt, FormContract, testing::Values(make));
+INSTANTIATE_TEST_SUITE_P(Qt, GridContract, testing::Values(make));
 INSTANTIATE_TEST_SUITE_P(Qt, EntryContract, testing::Values(make));
 
 class QtPlatformTest : public QtTest {
@@ -164,12 +165,9 @@ TEST_F(QtPlatformTest, OnlyTheUserChoosesRowsAndOnlyWithTheLeftButtonOrArrows)
     QTest::mouseClick(&viewport, Qt::LeftButton, Qt::ControlModifier, at(2));
     EXPECT_EQ(grid().currentRow(), 2);
     EXPECT_EQ(table().selectionModel()->selectedRows().size(), 1) << "the current row is always selected";
-    QTest::keyClick(&table(), Qt::Key_Down, Qt::ControlModifier);
     QTest::keyClick(&table(), Qt::Key_Right);
     QTest::keyClicks(&table(), "6");
-    EXPECT_EQ(grid().currentRow(), 3);
-    QTest::keyClick(&table(), Qt::Key_End, Qt::ControlModifier);
-    EXPECT_EQ(grid().currentRow(), 60);
+    EXPECT_EQ(grid().currentRow(), 2);
     grid().setCurrentRow(0);
     EXPECT_TRUE(table().selectionModel()->selection().isEmpty());
 }

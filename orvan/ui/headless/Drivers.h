@@ -47,8 +47,8 @@ public:
     virtual bool toolEnabled(std::string_view id) const = 0;
 };
 
-/// A menu that opens at the mouse pointer. The user of an open menu has to choose or dismiss: otherwise error 51
-/// reaches the platform's onUnhandledError when the menu is to open again, or is destroyed.
+/// A menu that opens at the mouse pointer or at the current row. The user of an open menu has to choose or dismiss:
+/// otherwise error 51 reaches the platform's onUnhandledError when the menu is to open again, or is destroyed.
 class PopupMenuDriver {
 public:
     virtual ~PopupMenuDriver() = default;
@@ -56,6 +56,8 @@ public:
     virtual bool isUp() const = 0;
     /// The IDs of the tools that can be chosen, separated by blanks.
     virtual std::string offered() const = 0;
+    /// The IDs of the tools that have a mark, separated by blanks.
+    virtual std::string checked() const = 0;
     /// Chooses the tool, which closes the menu. Raises 5 if the menu is not open.
     virtual void choose(std::string_view id) = 0;
     /// Presses Escape or clicks elsewhere, which closes the menu. Raises 5 if the menu is not open.
@@ -71,6 +73,12 @@ public:
     virtual void dragColumn(std::int32_t column, std::int32_t twips) = 0;
     /// Clicks a row below the header. Raises 5 for a header row.
     virtual void chooseRow(std::int32_t row) = 0;
+    /// Clicks a row with Shift, which selects the rows from the one chosen before up to this one.
+    virtual void chooseUpTo(std::int32_t row) = 0;
+    /// Clicks a row with Ctrl, which adds it to the selected rows or takes it out of them.
+    virtual void toggleRow(std::int32_t row) = 0;
+    /// Drags the selected rows to the place above the row `before`; the row count stands for the end of the list.
+    virtual void dragRows(std::int32_t before) = 0;
     /// Double clicks a row (-1: where there is no row). The first click chooses the row unless it is a header.
     virtual void doubleClick(std::int32_t row) = 0;
     /// Clicks a cell or header with the right button (-1: where there is no row or column). Raises 5 for a hidden
@@ -80,6 +88,10 @@ public:
     virtual std::int32_t rowCount() const = 0;
     /// The chosen row; 0 (the header) until the user or the program chooses one.
     virtual std::int32_t currentRow() const = 0;
+    /// From the first to the last.
+    virtual std::vector<std::int32_t> selectedRows() const = 0;
+    /// What has been typed to find a row, as long as it is shown.
+    virtual const std::string& searchText() const = 0;
     virtual std::int32_t columnWidth(std::int32_t column) const = 0;
     /// The texts that are seen in a row, hidden columns left out.
     virtual std::vector<std::string> visibleTexts(std::int32_t row) const = 0;
@@ -140,6 +152,9 @@ public:
     virtual void focus(std::string_view name) = 0;
     /// The name of the control with the focus; empty until a control has had it.
     virtual std::string_view focusedControl() const = 0;
+    /// Presses a key in the grid or button that has the focus: "Return", "Alt+Up", "Ctrl+D", "Shift+F10", or a
+    /// character, which is typed. Other controls have drivers for their keys. Raises 5 for a key that does not exist.
+    virtual void pressKey(std::string_view key) = 0;
     /// Gives the area of the controls another size: the form's window is resized, or the list view by its container.
     virtual void resize(float width, float height) = 0;
 };

@@ -9,9 +9,13 @@
 #include "orvan/ui/headless/HeadlessTimer.h"
 #include "orvan/ui/headless/Impossible.h"
 
+#include <algorithm>
+
 namespace orvan::headless {
 
 namespace {
+
+constexpr std::int32_t kRowHeight = 285; // twips: 19 pixels
 
 class HeadlessFrame final : public ui::Frame {
 public:
@@ -113,15 +117,31 @@ void HeadlessPopupMenu::popUp()
     up_ = true;
 }
 
-std::string HeadlessPopupMenu::offered() const
+namespace {
+
+/// The IDs of the tools of which `has` is true, separated by blanks.
+template <class Has>
+std::string toolIds(const ui::ToolSet& set, const Has& has)
 {
     std::string ids;
-    for (const ui::ToolDesign& tool : tools()) {
-        if (!tool.id.empty() && toolEnabled(tool.id)) {
+    for (const ui::ToolDesign& tool : set.tools()) {
+        if (!tool.id.empty() && !set.opensMenu(tool.id) && has(tool.id)) {
             ids.append(ids.empty() ? "" : " ").append(tool.id);
         }
     }
     return ids;
+}
+
+} // namespace
+
+std::string HeadlessPopupMenu::offered() const
+{
+    return toolIds(*this, [this](std::string_view id) { return toolEnabled(id); });
+}
+
+std::string HeadlessPopupMenu::checked() const
+{
+    return toolIds(*this, [this](std::string_view id) { return toolChecked(id); });
 }
 
 void HeadlessPopupMenu::choose(std::string_view id)
@@ -154,12 +174,25 @@ void HeadlessGrid::dragColumn(std::int32_t column, std::int32_t twips)
     userResizedColumn(column, twips);
 }
 
-void HeadlessGrid::chooseRow(std::int32_t row)
+void HeadlessGrid::choose(std::int32_t row, ui::RowChoice choice)
 {
     if (row < fixedRows()) {
         raiseImpossible(name() + ": a user cannot choose row " + std::to_string(row));
     }
-    userChoseRow(row);
+    userChoseRow(row, choice);
+}
+
+void HeadlessGrid::dragRows(std::int32_t before)
+{
+    if (selection().count() == 0 || before < fixedRows() || before > rowCount()) {
+        raiseImpossible(name() + ": a user cannot drag the selected rows to row " + std::to_string(before));
+    }
+    userDraggedRows(before);
+}
+
+std::int32_t HeadlessGrid::rowsPerPage() const
+{
+    return std::max(static_cast<std::int32_t>(height()) / kRowHeight - fixedRows(), 1);
 }
 
 void HeadlessGrid::doubleClick(std::int32_t row)

@@ -59,6 +59,7 @@ public:
 private:
     void doMove() override {}
     void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+    void doSetToolChecked(std::size_t /*index*/, bool /*checked*/) override {}
 };
 
 class HeadlessPopupMenu final : public ui::PopupMenu, public PopupMenuDriver {
@@ -70,14 +71,17 @@ public:
 
     /// Opens the menu. Raises 51 if it is open already, because nobody has chosen from it or dismissed it.
     void popUp() override;
+    void popUpAt(ui::Grid& /*grid*/) override { popUp(); }
     bool isUp() const override { return up_; }
     std::string offered() const override;
+    std::string checked() const override;
     void choose(std::string_view id) override;
     void dismiss() override;
 
 private:
     void doMove() override {}
     void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+    void doSetToolChecked(std::size_t /*index*/, bool /*checked*/) override {}
     [[noreturn]] void raiseUndriven() const;
 
     ui::Platform& platform_;
@@ -89,12 +93,18 @@ public:
     HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform);
 
     void dragColumn(std::int32_t column, std::int32_t twips) override;
-    void chooseRow(std::int32_t row) override;
+    void chooseRow(std::int32_t row) override { choose(row, ui::RowChoice::only); }
+    void chooseUpTo(std::int32_t row) override { choose(row, ui::RowChoice::upTo); }
+    void toggleRow(std::int32_t row) override { choose(row, ui::RowChoice::toggle); }
+    void dragRows(std::int32_t before) override;
     void doubleClick(std::int32_t row) override;
     void rightClick(std::int32_t row, std::int32_t column) override;
+    void press(const ui::KeyStroke& key) { static_cast<void>(userPressedKey(key)); }
 
     std::int32_t rowCount() const override { return Grid::rowCount(); }
     std::int32_t currentRow() const override { return Grid::currentRow(); }
+    std::vector<std::int32_t> selectedRows() const override { return selection().rows(); }
+    const std::string& searchText() const override { return Grid::searchText(); }
     std::int32_t columnWidth(std::int32_t column) const override { return Grid::columnWidth(column); }
     std::vector<std::string> visibleTexts(std::int32_t row) const override;
     int paintCount() const override { return paintCount_; }
@@ -102,6 +112,10 @@ public:
 private:
     void doUpdate(const ui::GridChanges& changes) override;
     void doSuspend() override {}
+    void doSelect() override {}
+    void doShowSearchText() override {}
+    std::int32_t rowsPerPage() const override;
+    void choose(std::int32_t row, ui::RowChoice choice);
 
     int paintCount_ = 0;
 };

@@ -3,6 +3,7 @@
 // Ownership: the host. Thread: the platform's.
 #pragma once
 
+#include "orvan/base/Text.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/headless/HeadlessControls.h"
@@ -31,6 +32,19 @@ public:
     std::string_view focusedControl() const final
     {
         return this->focused() ? std::string_view(this->focused()->name()) : std::string_view();
+    }
+    void pressKey(std::string_view key) final
+    {
+        const bool typed = characterCount(key) == 1;
+        const ui::KeyStroke stroke =
+            typed ? ui::KeyStroke{.key = ui::Key::character, .character = characterAt(key, 0)} : ui::keyStroke(key);
+        if (auto* grid = dynamic_cast<HeadlessGrid*>(this->focused())) {
+            grid->press(stroke);
+        } else if (auto* button = dynamic_cast<HeadlessButton*>(this->focused())) {
+            if (stroke == ui::keyStroke("Return") || stroke == ui::keyStroke("Space")) {
+                button->press();
+            }
+        }
     }
     void resize(float width, float height) final { this->setInnerSize(width, height); }
 

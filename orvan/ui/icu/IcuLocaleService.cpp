@@ -2,6 +2,8 @@
 
 #include "orvan/base/RuntimeError.h"
 
+#include <unicode/uchar.h>
+
 #include <algorithm>
 
 namespace orvan::icu {
@@ -47,6 +49,11 @@ const std::string* IcuLocaleService::item(ui::LocaleItem item) const
     case ui::LocaleItem::monetaryThousandsSeparator: return &money_.pattern.groupSeparator;
     }
     return nullptr;
+}
+
+char32_t IcuLocaleService::foldCase(char32_t character)
+{
+    return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(character), U_FOLD_CASE_DEFAULT));
 }
 
 } // namespace orvan::icu

@@ -26,6 +26,7 @@ public:
     void appendCurrency(std::string& text, Currency value, int digits) override;
     void appendNumber(std::string& text, Currency value, int digits) override;
     Currency textToCurrency(std::string_view text) override;
+    char32_t foldCase(char32_t character) override;
 
 private:
     /// The text of an item; null for an unknown item.

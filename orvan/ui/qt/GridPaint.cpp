@@ -1,9 +1,9 @@
 #include "orvan/ui/qt/GridPaint.h"
 
 #include "orvan/ui/qt/Colours.h"
+#include "orvan/ui/qt/GridView.h"
 
 #include <QPainter>
-#include <QTableView>
 
 #include <algorithm>
 
@@ -63,7 +63,7 @@ void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt
                      static_cast<int>(alignment.toInt()) | Qt::AlignAbsolute | Qt::TextSingleLine, text.text);
 }
 
-RowColours rowColours(const QWidget& grid, int row, bool current)
+RowColours rowColours(const QWidget& grid, int row, bool selected)
 {
     const QPalette& palette = grid.palette();
     const QPalette::ColorGroup group = !grid.isEnabled()       ? QPalette::Disabled
@@ -71,10 +71,10 @@ RowColours rowColours(const QWidget& grid, int row, bool current)
                                                                : QPalette::Inactive;
     const QColor base = palette.color(group, QPalette::Base);
     const QColor text = palette.color(group, QPalette::Text);
-    if (current && grid.hasFocus()) {
+    if (selected && grid.hasFocus()) {
         return {palette.color(group, QPalette::Highlight), palette.color(group, QPalette::HighlightedText)};
     }
-    if (current) {
+    if (selected) {
         return {between(base, palette.color(QPalette::Active, QPalette::Highlight), kUnfocusedSelection), text};
     }
     return {row % 2 == 0 ? base : between(base, text, kAlternateShade), text};
@@ -98,11 +98,11 @@ HeaderColours headerColours(const QPalette& palette)
             between(base, text, kSeparatorShade)};
 }
 
-GridDelegate::GridDelegate(QTableView* view) : QStyledItemDelegate(view), view_(*view) {}
+GridDelegate::GridDelegate(GridView* view) : QStyledItemDelegate(view), view_(*view) {}
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const RowColours colours = rowColours(view_, index.row(), index.row() == view_.currentIndex().row());
+    const RowColours colours = rowColours(view_, index.row(), view_.rowSelected(index.row()));
     painter->fillRect(option.rect, colours.ground);
     const QString text = index.data(Qt::DisplayRole).toString();
     if (text.isEmpty()) {

@@ -12,10 +12,11 @@
 #include <QStyledItemDelegate>
 
 class QPainter;
-class QTableView;
 class QWidget;
 
 namespace orvan::qt {
+
+class GridView;
 
 /// A text as it is shown in a cell of a given width.
 struct FittedText {
@@ -35,9 +36,9 @@ struct RowColours {
     QColor ground;
     QColor text;
 };
-/// The colours of a row. The `current` row is highlighted, and less strongly when the grid does not have the focus, so
+/// The colours of a row. A selected row is highlighted, and less strongly when the grid does not have the focus, so
 /// that the user can see where the focus is.
-RowColours rowColours(const QWidget& grid, int row, bool current);
+RowColours rowColours(const QWidget& grid, int row, bool selected);
 
 int gridRowHeight(const QFontMetrics& metrics);
 int gridHeaderHeight(const QFontMetrics& metrics);
@@ -53,13 +54,13 @@ HeaderColours headerColours(const QPalette& palette);
 /// Paints a cell's background and text, nothing else.
 class GridDelegate final : public QStyledItemDelegate {
 public:
-    explicit GridDelegate(QTableView* view);
+    explicit GridDelegate(GridView* view);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
-    const QTableView& view_;
+    const GridView& view_;
 };
 
 } // namespace orvan::qt

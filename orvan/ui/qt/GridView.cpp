@@ -3,11 +3,9 @@
 #include "orvan/base/RunHandler.h"
 #include "orvan/ui/qt/GridHeader.h"
 #include "orvan/ui/qt/GridPaint.h"
+#include "orvan/ui/qt/KeyStrokes.h"
 
-#include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -23,7 +21,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent), header_(new GridHeader
     setCornerButtonEnabled(false);
     setTabKeyNavigation(false);
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setSelectionBehavior(SelectRows);
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
@@ -57,21 +55,44 @@ int GridView::firstShownColumn() const
     return 0;
 }
 
-void GridView::setCurrentRow(int row, bool reveal)
+void GridView::showRows(int current, const std::vector<ui::RowRange>& selected, bool reveal)
 {
     const QScopedValueRollback program(programActs_, true);
     const QScopedValueRollback still(mayScroll_, reveal);
     const QModelIndex now = currentIndex();
     const bool keepsColumn = now.isValid() && !header_->isSectionHidden(now.column());
-    const QModelIndex index = model()->index(row, keepsColumn ? now.column() : firstShownColumn());
+    const QModelIndex index = model()->index(current, keepsColumn ? now.column() : firstShownColumn());
     if (!index.isValid()) {
         selectionModel()->clear();
         return;
     }
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    QItemSelection rows;
+    for (const ui::RowRange& range : selected) {
+        rows.select(model()->index(range.first, 0), model()->index(range.last, model()->columnCount() - 1));
+    }
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
     if (reveal) {
         scrollTo(index);
     }
+    viewport()->update();
+}
+
+bool GridView::rowSelected(int row) const
+{
+    return selectionModel() && selectionModel()->rowIntersectsSelection(row);
+}
+
+bool GridView::severalRowsSelected() const
+{
+    const QItemSelection ranges = selectionModel()->selection(); // not its rows, of which there may be very many
+    return ranges.size() > 1 || (ranges.size() == 1 && ranges.constFirst().height() > 1);
+}
+
+int GridView::rowsPerPage() const
+{
+    const int rowHeight = std::max(verticalHeader()->defaultSectionSize(), 1);
+    return std::max(viewport()->height() / rowHeight - 1, 1);
 }
 
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
@@ -90,13 +111,13 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QTableView::currentChanged(current, previous);
     viewport()->update(); // paints the whole row, including the area to the right of its cells
     if (!programActs_ && current.isValid() && current.row() != previous.row()) {
-        runHandler(onUserRow, current.row());
+        runHandler(onUserRow, current.row(), ui::RowChoice::only);
     }
 }
 
 QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* /*event*/) const
 {
-    // The current row is always the only selected one, also while Shift or Ctrl is held.
+    // What reaches this comes from assistive technology: clicks and keys are handled in this class.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
 }
@@ -112,13 +133,13 @@ void GridView::changeEvent(QEvent* event)
 void GridView::focusInEvent(QFocusEvent* event)
 {
     // QTableView would make the first row current if there is no current row. Getting the focus must not choose a row.
-    const int row = currentIndex().isValid() ? currentIndex().row() : -1;
-    {
-        const QScopedValueRollback program(programActs_, true);
-        const QScopedValueRollback still(mayScroll_, false);
-        QTableView::focusInEvent(event);
+    const bool hadCurrent = currentIndex().isValid();
+    const QScopedValueRollback program(programActs_, true);
+    const QScopedValueRollback still(mayScroll_, false);
+    QTableView::focusInEvent(event);
+    if (!hadCurrent) {
+        selectionModel()->clear();
     }
-    setCurrentRow(row, false);
     viewport()->update();
 }
 
@@ -126,6 +147,18 @@ void GridView::focusOutEvent(QFocusEvent* event)
 {
     QTableView::focusOutEvent(event);
     viewport()->update();
+}
+
+bool GridView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const ui::KeyStroke key = keyStrokeOf(*static_cast<QKeyEvent*>(event));
+        if (key.key != ui::Key::none && runHandler(takesKey, key)) {
+            event->accept(); // the key comes to keyPressEvent then, and to no shortcut of the window
+            return true;
+        }
+    }
+    return QTableView::event(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event)
@@ -136,64 +169,13 @@ void GridView::keyPressEvent(QKeyEvent* event)
         across->triggerAction(right ? QScrollBar::SliderSingleStepAdd : QScrollBar::SliderSingleStepSub);
         return;
     }
-    QTableView::keyPressEvent(event);
-}
-
-void GridView::mousePressEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton) {
-        QTableView::mousePressEvent(event);
-    }
-}
-
-void GridView::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    if (event->button() != Qt::LeftButton) {
+    if (event->key() == Qt::Key_Escape && drag_.before >= 0) {
+        endDrag();
         return;
     }
-    const int row = rowAt(qRound(event->position().y()));
-    const QPointer<GridView> alive(this); // choosing the row may destroy the grid
-    QTableView::mouseDoubleClickEvent(event);
-    if (alive && row >= 0 && row != currentIndex().row()) { // to the right of the last cell QTableView chooses no row
-        selectionModel()->setCurrentIndex(model()->index(row, firstShownColumn()),
-                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    }
-    if (alive) {
-        runHandler(onUserDoubleClick, row);
-    }
-}
-
-void GridView::contextMenuEvent(QContextMenuEvent* event)
-{
-    if (event->reason() == QContextMenuEvent::Keyboard) {
-        // The grid's menu is about one column, and the keyboard names none. The window may show a menu of its own.
-        event->ignore();
-    } else {
-        runHandler(onUserRightClick, rowAt(event->y()), columnAt(event->x()));
-    }
-}
-
-void GridView::paintEvent(QPaintEvent* event)
-{
-    // The background of a row is painted beyond its last cell, up to the right edge.
-    const QRect rest = event->rect() & header_->restBeyondColumns(viewport()->rect());
-    if (!rest.isEmpty() && model()) {
-        QPainter painter(viewport());
-        for (int row = rowAt(rest.top()); row >= 0 && row < model()->rowCount(); ++row) {
-            const int top = rowViewportPosition(row);
-            if (top > rest.bottom()) {
-                break;
-            }
-            painter.fillRect(rest.left(), top, rest.width(), rowHeight(row),
-                             rowColours(*this, row, row == currentIndex().row()).ground);
-        }
-    }
-    QTableView::paintEvent(event);
-    if (hasFocus() && !currentIndex().isValid()) { // without a current row, a border shows that the grid has the focus
-        QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
-    }
+    const ui::KeyStroke key = keyStrokeOf(*event);
+    // QTableView's own keys would choose rows and copy single cells, past the grid.
+    event->setAccepted(key.key != ui::Key::none && runHandler(onUserKey, key));
 }
 
 } // namespace orvan::qt

@@ -7,6 +7,7 @@
 #include "orvan/ui/qt/QtText.h"
 
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -46,10 +47,28 @@ protected:
     }
 };
 
+/// A button that Enter presses, too, while it has the focus. A repeated key is ignored, because the user may have pressed
+/// it in another window.
+class PushButton final : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!enter || (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+            QPushButton::keyPressEvent(event);
+        } else if (!event->isAutoRepeat()) {
+            click();
+        }
+    }
+};
+
 QPushButton* newButton(const ui::ControlDesign& design, QWidget* parent)
 {
-    auto* button = new QPushButton(markedCaption(design.caption, design.mnemonic), parent);
-    button->setAutoDefault(false); // Enter presses the default button of the host's window
+    auto* button = new PushButton(markedCaption(design.caption, design.mnemonic), parent);
+    button->setAutoDefault(false); // it must not become the default button of the host's window
     return button;
 }
 

@@ -12,7 +12,6 @@
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QPointer>
-#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
@@ -88,14 +87,10 @@ protected:
     {
         // Only keys that no control has handled come here. A repeated key is ignored, because the user may have pressed
         // it in another window.
-        auto* button = dynamic_cast<QPushButton*>(focusWidget());
-        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (event->isAutoRepeat() || !form_) {
             event->accept();
         } else if (event->key() == Qt::Key_Escape) {
             form_->userPressedEscape();
-        } else if (enter && button) {
-            button->click();
         } else {
             QWidget::keyPressEvent(event);
         }

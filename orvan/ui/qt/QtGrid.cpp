@@ -1,11 +1,13 @@
 #include "orvan/ui/qt/QtGrid.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/ui/LocaleSeparators.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/qt/GridHeader.h"
 #include "orvan/ui/qt/GridModel.h"
 #include "orvan/ui/qt/GridPaint.h"
 #include "orvan/ui/qt/GridView.h"
+#include "orvan/ui/qt/QtText.h"
 #include "orvan/ui/qt/Twips.h"
 
 namespace orvan::qt {
@@ -26,7 +28,11 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     handlers_.set(model_->isCut, [this](const QString& text, int column) {
         return fitText(view()->fontMetrics(), text, view()->columnWidth(column)).cut;
     });
-    handlers_.set(view()->onUserRow, [this](int row) { takeUserRow(row); });
+    handlers_.set(view()->onUserRow, [this](int row, ui::RowChoice choice) { takeUserRow(row, choice); });
+    handlers_.set(view()->onUserKey, [this](const ui::KeyStroke& key) { return userPressedKey(key); });
+    handlers_.set(view()->takesKey, [this](const ui::KeyStroke& key) { return runHandler(takesKey, key); });
+    handlers_.set(view()->rowsCanBeDragged, [this] { return onDragRows != nullptr; });
+    handlers_.set(view()->onUserDragRows, [this](int before) { userDraggedRows(before + fixedRows()); });
     handlers_.set(header.onUserResize, [this](int column, int pixels) { takeUserWidth(column, pixels); });
     handlers_.set(view()->onUserDoubleClick, [this](int row) { userDoubleClicked(clickedRow(row)); });
     handlers_.set(header.onUserDoubleClick, [this] { userDoubleClicked(0); });
@@ -94,14 +100,38 @@ void QtGrid::applyColumns()
 
 void QtGrid::applyCurrentRow(bool reveal)
 {
-    view()->setCurrentRow(model_->modelRow(currentRow()), reveal);
+    if (!view()) {
+        return;
+    }
+    std::vector<ui::RowRange> selected = selection().ranges();
+    for (ui::RowRange& range : selected) {
+        range = {model_->modelRow(range.first), model_->modelRow(range.last)};
+    }
+    view()->showRows(model_->modelRow(currentRow()), selected, reveal);
 }
 
-void QtGrid::takeUserRow(int row)
+void QtGrid::doShowSearchText()
+{
+    if (view()) {
+        view()->showSearchText(toQt(searchText()));
+    }
+}
+
+std::int32_t QtGrid::rowsPerPage() const
+{
+    return view() ? view()->rowsPerPage() : 1;
+}
+
+QPoint QtGrid::menuPlace() const
+{
+    return view() ? view()->menuPlace() : QPoint();
+}
+
+void QtGrid::takeUserRow(int row, ui::RowChoice choice)
 {
     const std::int32_t chosen = model_->gridRow(row);
     if (chosen < rowCount()) { // the view may still show a row that has been removed from the grid
-        userChoseRow(chosen);
+        userChoseRow(chosen, choice);
     }
 }
 

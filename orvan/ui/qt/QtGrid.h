@@ -23,16 +23,22 @@ public:
     QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform);
     ~QtGrid() override;
 
+    /// Where the context menu of the current row opens, on the screen.
+    [[nodiscard]] QPoint menuPlace() const;
+
 private:
     void doMove() override { place(*this); }
     void doUpdate(const ui::GridChanges& changes) override;
     void doSuspend() override;
+    void doSelect() override { applyCurrentRow(true); }
+    void doShowSearchText() override;
+    std::int32_t rowsPerPage() const override;
 
     /// Null once the widget has been destroyed.
     GridView* view() const;
     void applyColumns();
     void applyCurrentRow(bool reveal);
-    void takeUserRow(int row);
+    void takeUserRow(int row, ui::RowChoice choice);
     void takeRightClick(std::int32_t row, int column);
     /// The grid's row for a row of the view. -1 if there is none, which includes a row that has been removed from the
     /// grid and that the view still shows.

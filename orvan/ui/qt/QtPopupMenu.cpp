@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/QtPopupMenu.h"
 
+#include "orvan/ui/qt/QtGrid.h"
 #include "orvan/ui/qt/QtText.h"
 #include "orvan/ui/qt/QtTools.h"
 
@@ -31,10 +32,27 @@ void QtPopupMenu::popUp()
     }
 }
 
+void QtPopupMenu::popUpAt(ui::Grid& grid)
+{
+    const auto* qtGrid = dynamic_cast<QtGrid*>(&grid);
+    if (menu_ && qtGrid) {
+        menu_->popup(qtGrid->menuPlace());
+        menu_->setActiveAction(menu_->actions().value(0)); // the arrow keys go on from there
+    }
+}
+
 void QtPopupMenu::doSetToolEnabled(std::size_t index, bool enabled)
 {
     if (menu_) {
         actions_[index]->setEnabled(enabled);
+    }
+}
+
+void QtPopupMenu::doSetToolChecked(std::size_t index, bool checked)
+{
+    if (menu_) {
+        actions_[index]->setCheckable(checked); // a place for a mark is kept only in menus that have one
+        actions_[index]->setChecked(checked);
     }
 }
 

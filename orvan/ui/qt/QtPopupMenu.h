@@ -17,10 +17,12 @@ public:
     ~QtPopupMenu() override;
 
     void popUp() override;
+    void popUpAt(ui::Grid& grid) override;
 
 private:
     void doMove() override {}
     void doSetToolEnabled(std::size_t index, bool enabled) override;
+    void doSetToolChecked(std::size_t index, bool checked) override;
 
     QPointer<QMenu> menu_;
     QObject context_;               ///< Receives the tools' signals, so that none is reported after it is destroyed.

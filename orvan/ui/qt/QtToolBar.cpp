@@ -61,4 +61,12 @@ void QtToolBar::doSetToolEnabled(std::size_t index, bool enabled)
     }
 }
 
+void QtToolBar::doSetToolChecked(std::size_t index, bool checked)
+{
+    if (widget()) {
+        actions_[index]->setCheckable(checked);
+        actions_[index]->setChecked(checked);
+    }
+}
+
 } // namespace orvan::qt

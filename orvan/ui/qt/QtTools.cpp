@@ -2,6 +2,7 @@
 
 #include "orvan/ui/qt/QtText.h"
 
+#include <QKeySequence>
 #include <QMenu>
 
 #include <map>
@@ -24,6 +25,10 @@ std::vector<QAction*> addTools(QWidget& to, const ui::ToolSet& set, QObject* con
             auto* action = new QAction(caption, place);
             action->setObjectName(toQt(tool.id));
             action->setSeparator(tool.id.empty());
+            // The menu only shows the key. The control that the menu belongs to handles it while it has the focus.
+            action->setShortcut(QKeySequence(toQt(tool.key)));
+            action->setShortcutContext(Qt::WidgetShortcut);
+            action->setShortcutVisibleInContextMenu(true);
             QObject::connect(action, &QAction::triggered, context, [chosen, id = tool.id] { chosen(id); });
             actions.push_back(action);
         }

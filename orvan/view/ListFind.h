@@ -1,0 +1,51 @@
+// ListFind: finds a row of the list view by what the user types in it.
+//
+// A row is found whose name begins with the text. If there is none, one whose part number begins with it, and then one
+// whose name contains it. Upper and lower case are the same. The search begins at the current row and goes on from the
+// top at the end of the list. It reads what the grid shows, so it calls no manager and leaves no trace.
+//
+// Ownership: ListCommands; the grid and the locale service outlive it. Thread: the user-interface thread.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace orvan {
+
+namespace ui {
+class Grid;
+class LocaleService;
+struct KeyStroke;
+} // namespace ui
+
+class ListFind {
+public:
+    ListFind(ui::Grid& grid, ui::LocaleService& locale) : grid_(grid), locale_(locale) {}
+
+    /// Whether the key types or changes the text that is searched for.
+    [[nodiscard]] bool takes(const ui::KeyStroke& key) const;
+    /// Takes the key, searches, and shows the text. Returns true if another row has become the current one.
+    bool press(const ui::KeyStroke& key);
+    /// Goes on to the next row (+1) or back to the previous one (-1) that fits the last text.
+    bool next(std::int32_t step);
+    /// Stops showing the text. It stays the last one for next().
+    void end();
+    [[nodiscard]] bool hasText() const { return !text_.empty(); }
+
+private:
+    enum class Rule { nameBegins, partNumberBegins, nameContains };
+
+    bool find(std::int32_t from, std::int32_t step);
+    /// The first row that fits, from `from` on; 0 if there is none.
+    [[nodiscard]] std::int32_t search(Rule rule, std::int32_t from, std::int32_t step) const;
+    [[nodiscard]] bool fits(Rule rule, const std::string& cell) const;
+    void show(bool found);
+
+    ui::Grid& grid_;
+    ui::LocaleService& locale_;
+    std::string text_;
+    std::u32string folded_; ///< The text without the difference between upper and lower case.
+    bool shown_ = false;
+};
+
+} // namespace orvan

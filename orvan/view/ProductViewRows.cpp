@@ -1,0 +1,213 @@
+// What the user does to several rows of the list: duplicate, move as a block, drag to another place.
+//
+// A manager promises only that a product can be moved past its neighbour, so every longer way is made of such moves.
+
+#include "orvan/core/modInit.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/ui/Platform.h"
+#include "orvan/view/ProductView.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace orvan {
+
+namespace {
+
+void copyProduct(const ProductRecord& from, ProductRecord& to)
+{
+    to.SetKey(from.Key());
+    to.SetName(from.Name());
+    to.SetPartNum(from.PartNum());
+    to.SetUnitPrice(from.UnitPrice());
+    to.SetQty(from.Qty());
+    to.SetDiscPrcnt(from.DiscPrcnt());
+    to.SetExtPrice(from.ExtPrice());
+    to.SetNote(from.Note());
+}
+
+std::shared_ptr<ProductRecord> required(std::shared_ptr<ProductRecord> record)
+{
+    if (!record) {
+        throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    return record;
+}
+
+/// Appends copies of the products at these positions.
+void appendCopies(ProductMgr& from, const std::vector<std::int32_t>& positions, ProductMgr& to)
+{
+    for (const std::int32_t position : positions) {
+        const auto original = required(from.GetProduct(position));
+        copyProduct(*original, *required(to.AddNewProduct()));
+    }
+}
+
+/// Takes the products after the first `count` out of the list again, after an error whose failure to do so would hide.
+void takeBackProducts(ProductMgr& manager, std::int32_t count)
+{
+    try {
+        for (std::int32_t last = manager.GetProductCount(); last > count; --last) {
+            manager.DeleteProduct(last);
+        }
+    } catch (...) { // the first error is the one that counts
+    }
+}
+
+/// Puts the products from position `first` on into another order: `order` has their present positions.
+void arrange(ProductMgr& manager, std::int32_t first, const std::vector<std::int32_t>& order)
+{
+    std::vector<std::int32_t> present(order.size());
+    std::iota(present.begin(), present.end(), first);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const auto place = present.begin() + static_cast<std::ptrdiff_t>(i);
+        const auto found = std::find(place, present.end(), order[i]);
+        for (auto at = static_cast<std::int32_t>(found - present.begin()); at > static_cast<std::int32_t>(i); --at) {
+            manager.MoveProduct(first + at, first + at - 1);
+        }
+        std::rotate(place, found, found + 1);
+    }
+}
+
+} // namespace
+
+/// The command has no button, and so no procedure of its own beside the one that does its work.
+void ProductView::duplicateRows()
+{
+    handleEvent("KTVOrvanProduct.ProductView::PrvDuplicateProduct", [&] { PrvDuplicateProduct(); });
+}
+
+void ProductView::PrvDuplicateProduct()
+{
+    const std::vector<std::int32_t> rows = rowsToActOn();
+    if (rows.empty() || refreshFormerRows()) {
+        return;
+    }
+    const CurrentList list(*this);
+    if (!fitsMaxDataSize(list, rows)) {
+        return;
+    }
+    const std::int32_t count = list->GetProductCount();
+    const auto copies = static_cast<std::int32_t>(rows.size());
+    const std::int32_t first = rows.back() + 1; // where the copies are to stand: below the last of the originals
+    try {
+        appendCopies(*list.manager(), rows, *list.manager());
+    } catch (...) {
+        takeBackProducts(*list.manager(), count);
+        throw;
+    }
+    if (!list.stillShown()) {
+        return;
+    }
+    PrvSetDirty(true);
+    std::vector<std::int32_t> order(static_cast<std::size_t>(copies));
+    std::iota(order.begin(), order.end(), count + 1);
+    for (std::int32_t position = first; position <= count; ++position) {
+        order.push_back(position);
+    }
+    arrange(*list.manager(), first, order);
+    if (list.stillShown()) {
+        PrvRefreshView(true);
+    }
+    if (list.stillShown()) {
+        ui::RowSelection selected;
+        selected.replace({first, first + copies - 1});
+        flexGrid_.selectRows(selected, first);
+        tellRowChosen();
+    }
+}
+
+bool ProductView::fitsMaxDataSize(const CurrentList& list, const std::vector<std::int32_t>& rows)
+{
+    // The same manager class says how large the copies are: its string is its own.
+    const auto copies = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+    appendCopies(*list.manager(), rows, *copies);
+    const auto sizeOf = [](ProductMgr& manager) {
+        return manager.GetProductsString(kRecordSeparator, kFieldSeparator).size();
+    };
+    const std::size_t size = sizeOf(*list.manager()) + kRecordSeparator.size() + sizeOf(*copies);
+    const auto most = static_cast<std::size_t>(std::max(list->GetMaxDataSize(), 0));
+    if (size > most) {
+        platform_.messageBox().show(
+            {.text = "Nothing was added, because the list would be too large to be saved: " + std::to_string(size) +
+                     " bytes, and at most " + std::to_string(most) + " are possible.",
+             .icon = ui::MessageIcon::exclamation,
+             .ownerWindow = messageOwner()});
+    }
+    return size <= most;
+}
+
+void ProductView::moveSelectedRows(std::int32_t offset)
+{
+    // The whole list in its new order: each selected row has changed places with the row before or after it.
+    const ui::RowSelection& selection = flexGrid_.selection();
+    const std::vector<std::int32_t> rows = selection.rows();
+    const std::int32_t first = std::max(rows.front() - 1, 1);
+    const std::int32_t last = std::min(rows.back() + 1, flexGrid_.rowCount() - 1);
+    if (offset < 0 ? rows.front() == 1 : rows.back() == last) {
+        return; // nothing moves at the ends of the list
+    }
+    std::vector<std::int32_t> order(static_cast<std::size_t>(last - first + 1));
+    std::iota(order.begin(), order.end(), first);
+    const auto at = [&](std::int32_t row) { return order.begin() + (row - first); };
+    if (offset < 0) {
+        std::for_each(rows.begin(), rows.end(), [&](auto row) { std::iter_swap(at(row), at(row - 1)); });
+    } else {
+        std::for_each(rows.rbegin(), rows.rend(), [&](auto row) { std::iter_swap(at(row), at(row + 1)); });
+    }
+    PrvMoveProducts(first, order);
+}
+
+void ProductView::dropRows(std::int32_t before)
+{
+    handleEvent("KTVOrvanProduct.ProductView::flexGrid_DragRows", [&] {
+        const std::vector<std::int32_t> rows = flexGrid_.selection().rows();
+        if (rows.empty() || refreshFormerRows()) {
+            return;
+        }
+        const std::int32_t first = std::min(rows.front(), before);
+        const std::int32_t last = std::max(rows.back(), before - 1);
+        std::vector<std::int32_t> order;
+        const auto addOthers = [&](std::int32_t from, std::int32_t end) {
+            for (std::int32_t row = from; row < end; ++row) {
+                if (!flexGrid_.selection().contains(row)) {
+                    order.push_back(row);
+                }
+            }
+        };
+        addOthers(first, before);
+        order.insert(order.end(), rows.begin(), rows.end());
+        addOthers(before, last + 1);
+        if (!std::is_sorted(order.begin(), order.end())) { // dropped where they are: nothing moves
+            PrvMoveProducts(first, order);
+        }
+    });
+}
+
+void ProductView::PrvMoveProducts(std::int32_t first, const std::vector<std::int32_t>& order)
+{
+    const CurrentList list(*this);
+    const ui::RowSelection& selection = flexGrid_.selection();
+    std::vector<std::int32_t> selected;
+    std::int32_t current = flexGrid_.currentRow();
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const std::int32_t row = first + static_cast<std::int32_t>(i);
+        if (selection.contains(order[i])) {
+            selected.push_back(row);
+        }
+        current = order[i] == flexGrid_.currentRow() ? row : current;
+    }
+    tracePropagate("KTVOrvanProduct.ProductView::PrvMoveProducts", [&] {
+        arrange(*list.manager(), first, order);
+        if (list.stillShown()) {
+            PrvSetDirty(true);
+            PrvRefreshView(false); // a move cannot change the total
+        }
+        if (list.stillShown()) {
+            flexGrid_.selectRows(ui::RowSelection(selected), current);
+            tellRowChosen();
+        }
+    });
+}
+
+} // namespace orvan
