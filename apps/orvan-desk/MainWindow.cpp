@@ -125,6 +125,11 @@ MainWindow::MainWindow()
     recoveryTimer_.setInterval(kBeforeRecoveryCopy);
     connect(&recoveryTimer_, &QTimer::timeout, this, &MainWindow::updateRecoveryCopy);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepUnsavedWork);
+    history_ = new QuoteHistory(*products_, this);
+    history_->watch(*customer_, tr("Customer"));
+    history_->watch(*number_, tr("Quote Number"));
+    history_->watch(*date_, tr("Date"));
+    makeListMenus();
     showNew();
     connect(products_, &ProductViewWidget::changed, this, [this] {
         listChanged_ = true;
@@ -135,6 +140,9 @@ MainWindow::MainWindow()
         connect(field, &QLineEdit::textChanged, this, &MainWindow::quoteChanged);
     }
     connect(date_, &QDateEdit::dateChanged, this, &MainWindow::quoteChanged);
+    connect(history_, &QuoteHistory::applied, this, &MainWindow::quoteChanged);
+    connect(history_, &QuoteHistory::failed, this,
+            [this](const QString& why) { tell(tr("This could not be undone."), why); });
 }
 
 void MainWindow::quoteChanged()
@@ -229,6 +237,34 @@ void MainWindow::makeMenus()
     });
 }
 
+void MainWindow::makeListMenus()
+{
+    QMenu* const edit = new QMenu(tr("&Edit"), this);
+    QAction* const undo = history_->stack().createUndoAction(this, tr("&Undo"));
+    undo->setShortcut(QKeySequence::Undo);
+    QAction* const redo = history_->stack().createRedoAction(this, tr("&Redo"));
+    redo->setShortcut(QKeySequence(tr("Ctrl+Shift+Z")));
+    edit->addActions({undo, redo});
+    QMenu* const product = new QMenu(tr("&Product"), this);
+    const std::optional<Command> commands[] = {Command::edit,
+                                               Command::add,
+                                               Command::duplicate,
+                                               Command::remove,
+                                               {},
+                                               Command::moveUp,
+                                               Command::moveDown,
+                                               {},
+                                               Command::selectAll,
+                                               Command::findNext,
+                                               Command::findPrevious};
+    for (const auto& command : commands) {
+        command ? product->addAction(products_->action(*command)) : static_cast<void>(product->addSeparator());
+    }
+    const QList<QAction*> menus = menuBar()->actions();
+    menuBar()->insertMenu(menus.value(1), edit); // after the file menu
+    menuBar()->insertMenu(menus.value(1), product);
+}
+
 void MainWindow::useTheme(Theme theme)
 {
     theme_ = theme;
@@ -263,6 +299,7 @@ void MainWindow::showQuote(const Quote& quote)
     customer_->setText(quote.customer);
     number_->setText(quote.number);
     date_->setDate(quote.date);
+    history_->restart();
     updateTitle();
 }
 

@@ -4,6 +4,7 @@
 #include "OpenQuote.h"
 #include "RecoveryCopy.h"
 #include "Theme.h"
+#include "apps/orvan-desk/undo/QuoteHistory.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -52,6 +53,8 @@ protected:
 
 private:
     void makeMenus();
+    /// The menus of the list's commands, and of undoing them.
+    void makeListMenus();
     QWidget* makeFields();
     QAction* addFileAction(const QString& text, const QKeySequence& keys, void (MainWindow::*slot)());
 
@@ -82,6 +85,7 @@ private:
     QLineEdit* number_ = nullptr;
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
+    QuoteHistory* history_ = nullptr;
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.

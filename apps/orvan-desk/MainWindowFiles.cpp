@@ -270,7 +270,7 @@ void MainWindow::recover(const AbandonedWork& abandoned)
             file_.setRead(work.path, onDisk, files::EditLock(pathOf(work.path)));
         }
         showQuote(work.quote);
-        listChanged_ = true; // what is shown is not what the file has
+        listChanged_ = true;     // what is shown is not what the file has
         if (keepUnsavedWork()) { // the copy is this desk's own now; only then may the other one go
             QFile::remove(abandoned.file);
         }

@@ -13,7 +13,7 @@ namespace orvan::desk {
 
 namespace {
 
-std::weak_ptr<ProductMgr> newest;
+std::weak_ptr<JournalledProductMgr> newest;
 
 std::shared_ptr<ProductMgr> makeManager()
 {
@@ -23,33 +23,10 @@ std::shared_ptr<ProductMgr> makeManager()
 
 /// A manager of the desk. The list view hands its products to the one that it shows; others that it makes only help it
 /// to reckon.
-class WatchedProductMgr final : public ProductMgr, public std::enable_shared_from_this<WatchedProductMgr> {
-public:
-    std::int32_t GetProductCount() override { return inner_->GetProductCount(); }
-    Currency GetTotalValue() override { return inner_->GetTotalValue(); }
-    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) override
-    {
-        inner_->SeekIndex(lIndex, lOffset, found);
-    }
-    std::shared_ptr<ProductRecord> AddNewProduct() override { return inner_->AddNewProduct(); }
-    std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return inner_->GetProduct(lIndex); }
-    void DeleteProduct(std::int32_t lIndex) override { inner_->DeleteProduct(lIndex); }
-    void MoveProduct(std::int32_t from, std::int32_t to) override { inner_->MoveProduct(from, to); }
-    void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
-                           const std::string& fieldSeparator, bool flag) override
-    {
-        newest = shared_from_this();
-        inner_->SetProductsString(sProducts, recordSeparator, fieldSeparator, flag);
-    }
-    std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) override
-    {
-        return inner_->GetProductsString(recordSeparator, fieldSeparator);
-    }
-    std::int32_t GetMaxDataSize() override { return inner_->GetMaxDataSize(); }
-
-private:
-    std::shared_ptr<ProductMgr> inner_ = makeManager();
-};
+std::shared_ptr<JournalledProductMgr> makeWatched()
+{
+    return journalled(makeManager(), [](const std::shared_ptr<JournalledProductMgr>& manager) { newest = manager; });
+}
 
 /// Each record as a text.
 std::vector<std::string> recordsOf(const std::string& products)
@@ -69,14 +46,26 @@ std::vector<std::string> recordsOf(const std::string& products)
 
 void watchProducts()
 {
-    qtHost().components().registerClass(std::string(kProductMgrClassName),
-                                        [] { return std::make_shared<WatchedProductMgr>(); });
+    qtHost().components().registerClass(std::string(kProductMgrClassName), makeWatched);
 }
 
 std::string watchedProducts()
 {
     const auto manager = newest.lock();
     return manager ? manager->GetProductsString(kRecordSeparator, kFieldSeparator) : std::string();
+}
+
+std::vector<ListChange> takeWatchedChanges()
+{
+    const auto manager = newest.lock();
+    return manager ? manager->takeChanges() : std::vector<ListChange>();
+}
+
+void applyToWatched(const ListChange& change, bool backwards)
+{
+    if (const auto manager = newest.lock()) {
+        manager->apply(change, backwards);
+    }
 }
 
 void checkProducts(const std::string& products)

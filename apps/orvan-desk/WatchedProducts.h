@@ -5,7 +5,10 @@
 // products, which is the list view's, is remembered. Thread: the user-interface thread.
 #pragma once
 
+#include "apps/orvan-desk/undo/ProductsJournal.h"
+
 #include <string>
+#include <vector>
 
 namespace orvan::desk {
 
@@ -14,6 +17,11 @@ void watchProducts();
 
 /// The products string of the list view's manager; "" while there is none. Raises what the manager raises.
 [[nodiscard]] std::string watchedProducts();
+
+/// What has changed in the list view's list since the last call, or since it was shown; see ProductsJournal.h.
+[[nodiscard]] std::vector<ListChange> takeWatchedChanges();
+/// Makes a change of the list view's list again, or takes it back. The list view has to be refreshed then.
+void applyToWatched(const ListChange& change, bool backwards);
 
 /// Raises where a product manager cannot read a list, or could not give it back: such a list must not reach the list
 /// view, because showing it would lose the list that is shown.

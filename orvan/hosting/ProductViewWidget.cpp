@@ -156,6 +156,21 @@ bool ProductViewWidget::Dirty() const
     return site_->view().Dirty();
 }
 
+void ProductViewWidget::Refresh()
+{
+    site_->view().Refresh();
+}
+
+int ProductViewWidget::currentProduct() const
+{
+    return site_->view().currentProduct();
+}
+
+void ProductViewWidget::setCurrentProduct(int position)
+{
+    site_->view().setCurrentProduct(position);
+}
+
 QAction* ProductViewWidget::action(Command command)
 {
     return site_->action(command);

@@ -56,6 +56,13 @@ public:
     /// Whether the user changed anything since the widget was made.
     bool Dirty() const;
 
+    /// Shows the list anew, after the host has changed it through the product manager itself.
+    void Refresh();
+    /// The position of the product in the current row, from 1 on; 0 if there is none.
+    int currentProduct() const;
+    /// Makes the product's row the current one, as far as there is one: 0 and positions beyond the end are no errors.
+    void setCurrentProduct(int position);
+
     /// What the user can do with the list, for menus and tool bars of the host. The action does the same as the
     /// command's key, is disabled while the command would do nothing, and shows the key; the key itself acts only while
     /// the list has the focus. The widget owns the action.

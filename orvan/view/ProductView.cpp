@@ -178,6 +178,12 @@ std::int32_t ProductView::currentProduct() const
     return row >= flexGrid_.fixedRows() && row < flexGrid_.rowCount() ? row : 0;
 }
 
+void ProductView::setCurrentProduct(std::int32_t position)
+{
+    flexGrid_.setCurrentRow(std::clamp(position, 0, flexGrid_.rowCount() - 1));
+    tellRowChosen();
+}
+
 const std::string& ProductView::totalText() const
 {
     return txtTotal_.text();

@@ -79,7 +79,11 @@ public:
     [[nodiscard]] bool enabled(Command command) const { return commands_.enabled(command); }
     /// The product in the current row, 1-based; 0 if there is none.
     [[nodiscard]] std::int32_t currentProduct() const;
+    /// Makes the product's row the current one; the last row if the position is beyond it.
+    void setCurrentProduct(std::int32_t position);
     [[nodiscard]] const std::string& totalText() const;
+    /// Reads the list anew, after the host has changed it through the product manager itself.
+    void Refresh() { PrvRefreshView(true); }
 
     ProductViewEvents events;
 

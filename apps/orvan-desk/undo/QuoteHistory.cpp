@@ -1,0 +1,258 @@
+#include "apps/orvan-desk/undo/QuoteHistory.h"
+
+#include "apps/orvan-desk/OutsideText.h"
+#include "apps/orvan-desk/WatchedProducts.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/hosting/ProductViewWidget.h"
+
+#include <QDateEdit>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace orvan::desk {
+
+namespace {
+
+using Kind = ListChange::Kind;
+
+QString quoted(const ProductFields& fields)
+{
+    const std::string& text = !fields.name.empty() ? fields.name : fields.partNum;
+    return u'\'' + qt::titleText(shortened(QString::fromStdString(text))) + u'\'';
+}
+
+/// Where a product that stands at `position` stood before the change; 0 if the change has inserted it.
+std::int32_t placeBefore(const ListChange& change, std::int32_t position)
+{
+    switch (change.kind) {
+    case Kind::edit: return position;
+    case Kind::insert: return position == change.position ? 0 : position - (position > change.position ? 1 : 0);
+    case Kind::remove: return position + (position >= change.position ? 1 : 0);
+    case Kind::move: break;
+    }
+    if (position == change.to) {
+        return change.position;
+    }
+    const std::int32_t without = position - (position > change.to ? 1 : 0);
+    return without + (without >= change.position ? 1 : 0);
+}
+
+/// Adds an edit to the step before that made or edited the same product. False if there is none.
+bool mergeEdit(std::vector<ListChange>& changes, const ListChange& edit)
+{
+    std::int32_t position = edit.position;
+    for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
+        const bool about = change->position == position && (change->kind == Kind::edit || change->kind == Kind::insert);
+        if (about) {
+            change->after = edit.after;
+            return true;
+        }
+        position = placeBefore(*change, position);
+    }
+    return false;
+}
+
+/// The changes of an editor's session, with all edits of a product in one.
+std::vector<ListChange> merged(const std::vector<ListChange>& changes)
+{
+    std::vector<ListChange> result;
+    for (const ListChange& change : changes) {
+        if (change.kind != Kind::edit || !mergeEdit(result, change)) {
+            result.push_back(change);
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+class QuoteHistory::ListStep final : public QUndoCommand {
+public:
+    ListStep(QuoteHistory& history, std::vector<ListChange> changes, bool inEditor, int rowBefore, int rowAfter)
+        : history_(history), changes_(std::move(changes)), rowBefore_(rowBefore), rowAfter_(rowAfter)
+    {
+        setText(describe(inEditor));
+    }
+
+    void undo() override
+    {
+        history_.perform([this] {
+            for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
+                applyToWatched(*change, true);
+            }
+            show(rowBefore_);
+        });
+    }
+
+    void redo() override
+    {
+        if (std::exchange(done_, false)) { // QUndoStack calls this when the step is pushed
+            return;
+        }
+        history_.perform([this] {
+            for (const ListChange& change : changes_) {
+                applyToWatched(change, false);
+            }
+            show(rowAfter_);
+        });
+    }
+
+private:
+    void show(int row)
+    {
+        history_.products_.Refresh();
+        history_.products_.setCurrentProduct(row);
+    }
+
+    QString describe(bool inEditor) const
+    {
+        const ListChange& first = changes_.front();
+        const auto count = [this](Kind kind) {
+            return static_cast<int>(std::count_if(changes_.begin(), changes_.end(),
+                                                  [kind](const ListChange& change) { return change.kind == kind; }));
+        };
+        if (const int inserted = count(Kind::insert); inserted > 0) {
+            return inEditor        ? tr("Add %1").arg(quoted(first.after))
+                   : inserted == 1 ? tr("Duplicate %1").arg(quoted(first.after))
+                                   : tr("Duplicate %n Products", nullptr, inserted);
+        }
+        if (const int removed = count(Kind::remove); removed > 0) {
+            return removed == 1 ? tr("Delete %1").arg(quoted(first.before))
+                                : tr("Delete %n Products", nullptr, removed);
+        }
+        if (first.kind == Kind::edit) {
+            return tr("Edit %1").arg(quoted(first.after.name.empty() ? first.before : first.after));
+        }
+        return tr("Move Products");
+    }
+
+    QuoteHistory& history_;
+    std::vector<ListChange> changes_;
+    int rowBefore_;
+    int rowAfter_;
+    bool done_ = true;
+};
+
+/// A field's change from one value to another.
+template <class Value>
+class QuoteHistory::FieldStep final : public QUndoCommand {
+public:
+    FieldStep(QuoteHistory& history, const QString& name, Value before, Value after,
+              std::function<void(const Value&)> set)
+        : QUndoCommand(name), history_(history), before_(std::move(before)), after_(std::move(after)),
+          set_(std::move(set))
+    {
+    }
+
+    void undo() override
+    {
+        history_.perform([this] { set_(before_); });
+    }
+    void redo() override
+    {
+        if (!std::exchange(done_, false)) {
+            history_.perform([this] { set_(after_); });
+        }
+    }
+
+private:
+    QuoteHistory& history_;
+    Value before_;
+    Value after_;
+    std::function<void(const Value&)> set_;
+    bool done_ = true;
+};
+
+QuoteHistory::QuoteHistory(ProductViewWidget& products, QObject* parent) : QObject(parent), products_(products)
+{
+    connect(&products, &ProductViewWidget::editorOpened, this, [this] { editorOpen_ = true; });
+    connect(&products, &ProductViewWidget::editorClosed, this, [this] {
+        takeListChanges();
+        editorOpen_ = false;
+    });
+    connect(&products, &ProductViewWidget::changed, this, [this] {
+        if (!editorOpen_) {
+            takeListChanges();
+        }
+    });
+    connect(&products, &ProductViewWidget::currentProductChanged, this, [this](int row) { row_ = row; });
+}
+
+void QuoteHistory::takeListChanges()
+{
+    std::vector<ListChange> changes = takeWatchedChanges();
+    const int row = products_.currentProduct();
+    if (!changes.empty() && !editorOpen_) {
+        stack_.push(new ListStep(*this, std::move(changes), false, row_, row));
+    } else if (!changes.empty()) {
+        for (ListChange& change : merged(changes)) {
+            const int place = change.position;
+            stack_.push(new ListStep(*this, {std::move(change)}, true, place, place));
+        }
+    }
+    row_ = row;
+}
+
+void QuoteHistory::watch(QLineEdit& field, const QString& name)
+{
+    const auto known = std::make_shared<QString>(field.text());
+    const auto set = [&field, known](const QString& text) {
+        field.setText(text);
+        *known = text;
+    };
+    connect(&field, &QLineEdit::editingFinished, this, [this, &field, known, set, name] {
+        if (field.text() != *known) {
+            stack_.push(new FieldStep<QString>(*this, name, std::exchange(*known, field.text()), field.text(), set));
+        }
+    });
+    forgetters_.push_back([&field, known] { *known = field.text(); });
+}
+
+void QuoteHistory::watch(QDateEdit& field, const QString& name)
+{
+    const auto known = std::make_shared<QDate>(field.date());
+    const auto set = [&field, known](const QDate& date) {
+        field.setDate(date);
+        *known = date;
+    };
+    connect(&field, &QDateEdit::editingFinished, this, [this, &field, known, set, name] {
+        if (field.date() != *known) {
+            stack_.push(new FieldStep<QDate>(*this, name, std::exchange(*known, field.date()), field.date(), set));
+        }
+    });
+    forgetters_.push_back([&field, known] { *known = field.date(); });
+}
+
+void QuoteHistory::restart()
+{
+    static_cast<void>(takeWatchedChanges());
+    stack_.clear();
+    for (const auto& forget : forgetters_) {
+        forget();
+    }
+    row_ = products_.currentProduct();
+}
+
+void QuoteHistory::perform(const std::function<void()>& work)
+{
+    try {
+        work();
+        row_ = products_.currentProduct();
+    } catch (const RuntimeError& error) {
+        // Half a step is not a state to go on from. What is shown stays, and can be saved or closed without saving.
+        QMetaObject::invokeMethod(
+            this,
+            [this, why = QString::fromUtf8(error.what())] {
+                restart();
+                Q_EMIT failed(why);
+            },
+            Qt::QueuedConnection);
+    }
+    Q_EMIT applied();
+}
+
+} // namespace orvan::desk
