@@ -82,6 +82,9 @@ public:
     DateField() { setFocusPolicy(Qt::StrongFocus); } // by default the wheel gives the box the focus
 
 protected:
+    /// Tab leaves the box, and does not go from the day to the month: the arrow keys do that.
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+
     void wheelEvent(QWheelEvent* event) override
     {
         if (hasFocus()) {

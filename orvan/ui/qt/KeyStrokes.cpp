@@ -50,8 +50,9 @@ ui::KeyStroke keyStrokeOf(const QKeyEvent& event)
         stroke.key = named->key;
     } else if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12) {
         stroke.key = static_cast<ui::Key>(static_cast<int>(ui::Key::f1) + event.key() - Qt::Key_F1);
-    } else if (const std::u32string typed = charactersOf(event); !typed.empty() && !isControl(typed)) {
-        // Also AltGr, which some systems report as Ctrl with Alt.
+    } else if (const std::u32string typed = charactersOf(event);
+               !typed.empty() && !isControl(typed) && stroke.alt == stroke.control) {
+        // With both, because some systems report AltGr so. Alt alone opens a menu.
         stroke = {.key = ui::Key::character, .character = typed.front()};
     } else if (event.key() >= Qt::Key_Space && event.key() <= Qt::Key_AsciiTilde) {
         stroke.key = ui::Key::character;
