@@ -248,6 +248,10 @@ void MainWindow::makeListMenus()
     QAction* const redo = history_->stack().createRedoAction(this, tr("&Redo"));
     redo->setShortcut(QKeySequence(tr("Ctrl+Shift+Z")));
     edit->addActions({undo, redo});
+    edit->addSeparator();
+    for (const Command command : {Command::cut, Command::copy, Command::paste}) {
+        edit->addAction(products_->action(command));
+    }
     QMenu* const product = new QMenu(tr("&Product"), this);
     const std::optional<Command> commands[] = {Command::edit,
                                                Command::add,

@@ -2,6 +2,7 @@
 
 #include "orvan/base/Text.h"
 #include "orvan/core/Deviations.h"
+#include "orvan/core/ProductValues.h"
 #include "orvan/core/modConversion.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
@@ -293,19 +294,13 @@ void FieldEntry::PrvCalcExtPrice()
 void FieldEntry::calcExtPrice()
 {
     const auto product = session_.currentProduct();
-    Currency discount = product->DiscPrcnt();
-    if (discount > kHundred) {
-        discount = Currency(); // it counts as none, but stays in the record: it did not come from the discount box
-    }
-    const Currency rest = kHundred - discount;
-    // These are two statements on purpose: in one expression each compiler would choose its own order of the two reads,
-    // and a host's record sees the order.
+    // Three statements on purpose: in one expression each compiler would choose its own order of the reads, and a host's
+    // record sees the order.
+    const Currency discount = product->DiscPrcnt();
     const Currency unitPrice = product->UnitPrice();
-    const Currency gross = product->Qty() * unitPrice;
-    // The price is computed in double, and the percentage is divided before it is multiplied, because existing quotes
-    // were priced this way and must get the same prices again. fromDouble raises for a result that is not a number or
-    // is out of range.
-    const Currency extPrice = Currency::fromDouble(rest.toDouble() / 100.0 * gross.toDouble());
+    const Currency qty = product->Qty();
+    // A discount above 100 counts as none, but stays in the record: it did not come from the discount box.
+    const Currency extPrice = extendedPrice(unitPrice, qty, discount);
     if (product->ExtPrice() != extPrice) {
         session_.PrvSetDirty(true);
     }

@@ -172,10 +172,7 @@ public:
     {
         return inner("LocaleService::textToCurrency").textToCurrency(text);
     }
-    char32_t foldCase(char32_t character) override
-    {
-        return inner("LocaleService::foldCase").foldCase(character);
-    }
+    char32_t foldCase(char32_t character) override { return inner("LocaleService::foldCase").foldCase(character); }
 };
 
 class WrappedPointer final : public ui::ScreenPointer, Wrapped<ui::ScreenPointer*> {
@@ -278,6 +275,11 @@ ui::LocaleService& WrappedPlatform::locale()
 ui::ComponentFactory& WrappedPlatform::components()
 {
     return services_->components;
+}
+
+ui::Clipboard& WrappedPlatform::clipboard()
+{
+    return inner_.clipboard();
 }
 
 ui::ScreenPointer& WrappedPlatform::pointer()

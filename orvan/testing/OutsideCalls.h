@@ -77,6 +77,7 @@ public:
     ui::LocaleService& locale() override;
     ui::ComponentFactory& components() override;
     ui::ScreenPointer& pointer() override;
+    ui::Clipboard& clipboard() override;
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
     /// Called with each form that loadForm has made, before the form is shown.

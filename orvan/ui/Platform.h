@@ -5,6 +5,7 @@
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/ui/Clipboard.h"
 #include "orvan/ui/ComponentFactory.h"
 #include "orvan/ui/EditingWay.h"
 #include "orvan/ui/LocaleService.h"
@@ -29,6 +30,8 @@ public:
     virtual LocaleService& locale() = 0;
     virtual ComponentFactory& components() = 0;
     virtual ScreenPointer& pointer() = 0;
+    /// By default one that only this platform uses.
+    virtual Clipboard& clipboard() { return clipboard_; }
     /// Makes a form and all its controls without showing it (see orvan/ui/Form.h). Never null. The platform must
     /// outlive the form. Raises what making a Surface of the same design raises.
     [[nodiscard]] virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
@@ -54,6 +57,9 @@ public:
         }
         return std::invoke_result_t<Work>();
     }
+
+private:
+    Clipboard clipboard_;
 };
 
 } // namespace orvan::ui

@@ -31,6 +31,9 @@ const ListCommands::Binding& ListCommands::bindingOf(Command command)
         Binding{Command::remove, &List::remove, &List::hasCurrentRow},
         Binding{Command::moveUp, &List::moveUp, &List::canMoveUp},
         Binding{Command::moveDown, &List::moveDown, &List::canMoveDown},
+        Binding{Command::cut, &List::cut, &List::hasCurrentRow},
+        Binding{Command::copy, &List::copy, &List::hasCurrentRow},
+        Binding{Command::paste, &List::paste, &List::always},
         Binding{Command::selectAll, &List::selectAll, &List::hasRows},
         Binding{Command::findNext, &List::findNext, &List::hasSearched},
         Binding{Command::findPrevious, &List::findPrevious, &List::hasSearched},
@@ -177,6 +180,24 @@ void ListCommands::moveUp()
 void ListCommands::moveDown()
 {
     view_.cmdMoveDown_Click();
+}
+
+void ListCommands::cut()
+{
+    if (hasCurrentRow()) {
+        view_.copyRows();
+        view_.cmdDelete_Click(); // asks
+    }
+}
+
+void ListCommands::copy()
+{
+    view_.copyRows();
+}
+
+void ListCommands::paste()
+{
+    view_.pasteRows();
 }
 
 void ListCommands::selectAll()

@@ -59,6 +59,9 @@ private:
     void remove();
     void moveUp();
     void moveDown();
+    void cut();
+    void copy();
+    void paste();
     void selectAll();
     void findNext();
     void findPrevious();

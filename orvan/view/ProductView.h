@@ -16,6 +16,7 @@
 #include "orvan/base/RunHandler.h"
 #include "orvan/base/ScopedHandlers.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/core/ProductValues.h"
 #include "orvan/core/modLocale.h"
 #include "orvan/view/ListCommands.h"
 #include "orvan/view/ProductColumns.h"
@@ -143,14 +144,22 @@ private:
     // ProductViewRows.cpp
     void duplicateRows();
     void PrvDuplicateProduct();
-    /// Whether the list with copies of these rows can still be saved. If not, the user is told.
-    [[nodiscard]] bool fitsMaxDataSize(const CurrentList& list, const std::vector<std::int32_t>& rows);
+    [[nodiscard]] std::vector<ProductValues> valuesInRows(const std::vector<std::int32_t>& rows) const;
+    /// Adds the products below the row and selects them. All of them are added, or none.
+    void addBelow(const CurrentList& list, std::int32_t row, const std::vector<ProductValues>& products);
+    /// Whether the list with these products, too, can still be saved. If not, the user is told.
+    [[nodiscard]] bool fitsMaxDataSize(const CurrentList& list, const std::vector<ProductValues>& products);
     /// Moves each selected row by one position, past a neighbour.
     void moveSelectedRows(std::int32_t offset);
     /// Moves the selected rows to the place above the row `before`.
     void dropRows(std::int32_t before);
     /// Puts the products from row `first` on into the order that `order` has their rows in.
     void PrvMoveProducts(std::int32_t first, const std::vector<std::int32_t>& order);
+
+    // ProductViewPaste.cpp
+    void copyRows();
+    void pasteRows();
+    void PrvPasteProducts();
 
     /// The handle of the window that owns the view's message boxes; 0 (no owner) when the container raises an error.
     [[nodiscard]] std::int32_t messageOwner() const;

@@ -29,8 +29,8 @@ constexpr auto menuTools(ProductColumns::Place menu)
 
 /// The commands in the menu of a row. A separator stands for an empty place.
 constexpr std::optional<Command> kRowCommands[] = {
-    Command::edit,      Command::add, Command::duplicate, Command::remove, {}, Command::moveUp, Command::moveDown,
-    Command::selectAll, {},
+    Command::edit,  Command::add, Command::duplicate, Command::remove,   {}, Command::cut,       Command::copy,
+    Command::paste, {},           Command::moveUp,    Command::moveDown, {}, Command::selectAll, {},
 };
 
 /// The commands, and a menu for each of the two columns with the fields that it can show.

@@ -14,18 +14,6 @@ namespace orvan {
 
 namespace {
 
-void copyProduct(const ProductRecord& from, ProductRecord& to)
-{
-    to.SetKey(from.Key());
-    to.SetName(from.Name());
-    to.SetPartNum(from.PartNum());
-    to.SetUnitPrice(from.UnitPrice());
-    to.SetQty(from.Qty());
-    to.SetDiscPrcnt(from.DiscPrcnt());
-    to.SetExtPrice(from.ExtPrice());
-    to.SetNote(from.Note());
-}
-
 std::shared_ptr<ProductRecord> required(std::shared_ptr<ProductRecord> record)
 {
     if (!record) {
@@ -34,24 +22,23 @@ std::shared_ptr<ProductRecord> required(std::shared_ptr<ProductRecord> record)
     return record;
 }
 
-/// Appends copies of the products at these positions.
-void appendCopies(ProductMgr& from, const std::vector<std::int32_t>& positions, ProductMgr& to)
+void append(ProductMgr& manager, const std::vector<ProductValues>& products)
 {
-    for (const std::int32_t position : positions) {
-        const auto original = required(from.GetProduct(position));
-        copyProduct(*original, *required(to.AddNewProduct()));
+    for (const ProductValues& values : products) {
+        setValues(*required(manager.AddNewProduct()), values);
     }
 }
 
-/// Takes the products after the first `count` out of the list again, after an error whose failure to do so would hide.
-void takeBackProducts(ProductMgr& manager, std::int32_t count)
+/// After an error while products were added at the end of a list of `count`: takes them out again. Its own failure is
+/// ignored, because the first error is the one that counts.
+void takeBack(ProductMgr& manager, std::int32_t count)
 {
-    try {
+    const ResumeNext<false> step;
+    step([&] {
         for (std::int32_t last = manager.GetProductCount(); last > count; --last) {
             manager.DeleteProduct(last);
         }
-    } catch (...) { // the first error is the one that counts
-    }
+    });
 }
 
 /// Puts the products from position `first` on into another order: `order` has their present positions.
@@ -84,23 +71,38 @@ void ProductView::PrvDuplicateProduct()
         return;
     }
     const CurrentList list(*this);
-    if (!fitsMaxDataSize(list, rows)) {
+    const std::vector<ProductValues> products = valuesInRows(rows);
+    if (list.stillShown()) {
+        addBelow(list, rows.back(), products);
+    }
+}
+
+std::vector<ProductValues> ProductView::valuesInRows(const std::vector<std::int32_t>& rows) const
+{
+    const CurrentList list(*this);
+    std::vector<ProductValues> products;
+    for (const std::int32_t row : rows) {
+        products.push_back(valuesOf(*required(list->GetProduct(row))));
+    }
+    return products;
+}
+
+void ProductView::addBelow(const CurrentList& list, std::int32_t row, const std::vector<ProductValues>& products)
+{
+    if (!fitsMaxDataSize(list, products) || !list.stillShown()) {
         return;
     }
     const std::int32_t count = list->GetProductCount();
-    const auto copies = static_cast<std::int32_t>(rows.size());
-    const std::int32_t first = rows.back() + 1; // where the copies are to stand: below the last of the originals
+    const auto added = static_cast<std::int32_t>(products.size());
+    const std::int32_t first = row + 1;
     try {
-        appendCopies(*list.manager(), rows, *list.manager());
+        append(*list.manager(), products);
     } catch (...) {
-        takeBackProducts(*list.manager(), count);
+        takeBack(*list.manager(), count);
         throw;
     }
-    if (!list.stillShown()) {
-        return;
-    }
-    PrvSetDirty(true);
-    std::vector<std::int32_t> order(static_cast<std::size_t>(copies));
+    PrvSetDirty(true); // at once: an error while they are moved leaves them at the end of the list
+    std::vector<std::int32_t> order(products.size());
     std::iota(order.begin(), order.end(), count + 1);
     for (std::int32_t position = first; position <= count; ++position) {
         order.push_back(position);
@@ -111,23 +113,23 @@ void ProductView::PrvDuplicateProduct()
     }
     if (list.stillShown()) {
         ui::RowSelection selected;
-        selected.replace({first, first + copies - 1});
+        selected.replace({first, first + added - 1});
         flexGrid_.selectRows(selected, first);
         tellRowChosen();
     }
 }
 
-bool ProductView::fitsMaxDataSize(const CurrentList& list, const std::vector<std::int32_t>& rows)
+bool ProductView::fitsMaxDataSize(const CurrentList& list, const std::vector<ProductValues>& products)
 {
-    // The same manager class says how large the copies are: its string is its own.
-    const auto copies = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
-    appendCopies(*list.manager(), rows, *copies);
+    // The same manager class says how large the new products are: its string is its own.
+    const auto added = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
+    append(*added, products);
     const auto sizeOf = [](ProductMgr& manager) {
         return manager.GetProductsString(kRecordSeparator, kFieldSeparator).size();
     };
-    const std::size_t size = sizeOf(*list.manager()) + kRecordSeparator.size() + sizeOf(*copies);
+    const std::size_t size = sizeOf(*list.manager()) + kRecordSeparator.size() + sizeOf(*added);
     const auto most = static_cast<std::size_t>(std::max(list->GetMaxDataSize(), 0));
-    if (size > most) {
+    if (size > most && list.stillShown()) {
         platform_.messageBox().show(
             {.text = "Nothing was added, because the list would be too large to be saved: " + std::to_string(size) +
                      " bytes, and at most " + std::to_string(most) + " are possible.",

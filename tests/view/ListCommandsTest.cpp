@@ -152,12 +152,77 @@ TEST_F(ListCommandsTest, AListThatWouldBecomeTooLargeIsLeftAsItIs)
     EXPECT_NE(told.find(std::to_string(*faults.maxDataSize)), std::string::npos) << told;
 }
 
+TEST_F(ListCommandsTest, CopiedRowsArePastedAsTheyWere)
+{
+    struct Row {
+        const char *name, *product, *text;
+        bool accepted = true;
+    };
+    const Row rows[] = {
+        {"plain", "n:k:p:1.5:2:10:2.7:note", "p\tn\t2\t1.5\t10\t2.7\tnote\tk\r\n"},
+        {"formulas", "=1+2:@k:-p:1:1:0:1:+note", "'-p\t'=1+2\t1\t1\t0\t1\t'+note\t'@k\r\n"},
+        {"an apostrophe", "'n:'':p:1:1:0:1:a'", "p\t''n\t1\t1\t0\t1\ta'\t'''\r\n"},
+        {"tabs, lines and marks", "a\tb:\tk:p:1:1:0:1:x\r\ny\"z",
+         "p\t\"a\tb\"\t1\t1\t0\t1\t\"x\r\ny\"\"z\"\t\"'\tk\"\r\n"},
+        {"an amount that the manager does not take again", "n:k:p:-1.5:1:0:-1.5:", "p\tn\t1\t-1.5\t0\t-1.5\t\tk\r\n",
+         false},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        const std::string product = row.product;
+        show("1~" + product + "~");
+        press("End Ctrl+C");
+        EXPECT_EQ(platform.clipboard().text(), row.text);
+        answer(row.accepted ? ui::MessageResult::yes : ui::MessageResult::ok);
+        press("Ctrl+V");
+        EXPECT_EQ(view->Products(), row.accepted ? "2~" + product + "~" + product + "~" : "1~" + product + "~");
+        EXPECT_EQ(selected(), row.accepted ? "2" : "1");
+    });
+}
+
+TEST_F(ListCommandsTest, PastingAddsAllOrNothingAndSaysWhy)
+{
+    struct Row {
+        const char *name, *text, *names, *said;
+        ui::MessageResult answer = ui::MessageResult::ok;
+    };
+    const auto yes = ui::MessageResult::yes;
+    const Row rows[] = {
+        {"captions in another order", "Product\tColour\tQty\nRug\tred\t2\nMat\t\t1\n", "A Rug Mat B",
+         "Add these 2 products to the list?\n\n2 × Rug\n1 × Mat", yes},
+        {"not agreed to", "p\tRug\n", "A B", "Add this product to the list?\n\n1 × Rug", ui::MessageResult::no},
+        {"empty lines", "\n\np\tRug\n\n", "A Rug B", "Add this product to the list?\n\n1 × Rug", yes},
+        {"no line end at the end", "p\tRug", "A Rug B", "Add this product to the list?\n\n1 × Rug", yes},
+        {"nothing", "", "A B", "There are no products to paste."},
+        {"no number", "p\tRug\t1\np\tMat\tmany\n", "A B",
+         "Nothing was pasted.\n\nRow 2, column \"Qty\": \"many\" is not a number"},
+        {"another country's number", "p\tRug\t1,5\n", "A B",
+         "Nothing was pasted.\n\nRow 1, column \"Qty\": \"1,5\" is not a number"},
+        {"too large", "p\tRug\t1\t99999999999999999\n", "A B",
+         "Nothing was pasted.\n\nRow 1, column \"Unit Price\": \"99999999999999999\" is too large"},
+        {"not possible", "p\tRug\t-1\n", "A B", "Nothing was pasted.\n\nProduct 1: this quantity is not possible"},
+        {"too many cells", "1\t2\t3\t4\t5\t6\t7\t8\t9\n", "A B",
+         "Nothing was pasted.\n\nRow 1 has 9 cells, and there are only 8 columns"},
+        {"an open mark", "p\t\"Rug\n", "A B", "Nothing was pasted.\n\nRow 1: a quotation mark is not closed"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        show(list("A B"));
+        press("Home");
+        platform.clipboard().setText(row.text);
+        answer(row.answer);
+        press("Ctrl+V");
+        EXPECT_EQ(platform.messageBox().shown().back().text, row.said);
+        EXPECT_EQ(names(), row.names);
+        EXPECT_EQ(view->Dirty(), row.answer == yes);
+    });
+}
+
 TEST_F(ListCommandsTest, TheMenuOfARowOffersWhatCanBeDoneAndMarksTheColumns)
 {
     show(list("A B"));
     auto& menu = view->surface().popupMenu("mnuRow");
     press("End Menu");
-    EXPECT_EQ(menu.offered().substr(0, menu.offered().find(" mnu")), "edit add duplicate delete moveUp selectAll");
+    EXPECT_EQ(menu.offered().substr(0, menu.offered().find(" mnu")),
+              "edit add duplicate delete cut copy paste moveUp selectAll");
     EXPECT_EQ(menu.checked(), "mnuViewCboOneQty mnuViewCboTwoExtPrice");
     menu.choose("moveUp");
     EXPECT_EQ(names(), "B A");

@@ -1,6 +1,5 @@
 #include "apps/orvan-desk/undo/ProductsJournal.h"
 
-#include <tuple>
 #include <utility>
 
 namespace orvan::desk {
@@ -8,27 +7,6 @@ namespace orvan::desk {
 namespace {
 
 using Kind = ListChange::Kind;
-
-bool same(const ProductFields& one, const ProductFields& other)
-{
-    const auto all = [](const ProductFields& fields) {
-        return std::tie(fields.name, fields.key, fields.partNum, fields.unitPrice, fields.qty, fields.discPrcnt,
-                        fields.extPrice, fields.note);
-    };
-    return all(one) == all(other);
-}
-
-void setFields(ProductRecord& record, const ProductFields& fields)
-{
-    record.SetName(fields.name);
-    record.SetKey(fields.key);
-    record.SetPartNum(fields.partNum);
-    record.SetUnitPrice(fields.unitPrice);
-    record.SetQty(fields.qty);
-    record.SetDiscPrcnt(fields.discPrcnt);
-    record.SetExtPrice(fields.extPrice);
-    record.SetNote(fields.note);
-}
 
 /// The changes of one list. The record that is being edited is compared with what it was before as soon as something
 /// else happens, so that an edit of many fields is one change.
@@ -41,7 +19,7 @@ public:
     {
         if (record != touched_) {
             settle();
-            before_ = fieldsOf(*record);
+            before_ = valuesOf(*record);
             touched_ = record;
             position_ = position;
         }
@@ -66,8 +44,8 @@ public:
         if (position < 1) {
             return; // the product is not in the list any more
         }
-        ProductFields after = fieldsOf(*record);
-        if (same(before_, after)) {
+        ProductValues after = valuesOf(*record);
+        if (before_ == after) {
             return;
         }
         if (!changes_.empty() && changes_.back().kind == Kind::insert && changes_.back().position == position) {
@@ -109,7 +87,7 @@ private:
     ProductMgr& manager_;
     std::vector<ListChange> changes_;
     std::shared_ptr<ProductRecord> touched_; ///< Has been written, and not yet been compared.
-    ProductFields before_;
+    ProductValues before_;
     std::int32_t position_ = 0;
 };
 
@@ -171,7 +149,7 @@ public:
     {
         const auto record = inner_->AddNewProduct();
         const std::int32_t position = inner_->GetProductCount();
-        journal_->note({.kind = Kind::insert, .position = position, .after = fieldsOf(*record)});
+        journal_->note({.kind = Kind::insert, .position = position, .after = valuesOf(*record)});
         return wrapped(record, position);
     }
     std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override
@@ -181,7 +159,7 @@ public:
     void DeleteProduct(std::int32_t lIndex) override
     {
         journal_->settle(); // while the edited product is still in the list
-        ListChange change{.kind = Kind::remove, .position = lIndex, .before = fieldsOf(*inner_->GetProduct(lIndex))};
+        ListChange change{.kind = Kind::remove, .position = lIndex, .before = valuesOf(*inner_->GetProduct(lIndex))};
         inner_->DeleteProduct(lIndex);
         journal_->note(std::move(change));
     }
@@ -210,7 +188,7 @@ public:
     {
         switch (change.kind) {
         case Kind::edit:
-            setFields(*inner_->GetProduct(change.position), backwards ? change.before : change.after);
+            setValues(*inner_->GetProduct(change.position), backwards ? change.before : change.after);
             break;
         case Kind::move:
             inner_->MoveProduct(backwards ? change.to : change.position, backwards ? change.position : change.to);
@@ -230,9 +208,9 @@ private:
         return std::make_shared<JournalledRecord>(record, journal_, position);
     }
 
-    void insert(std::int32_t position, const ProductFields& fields)
+    void insert(std::int32_t position, const ProductValues& fields)
     {
-        setFields(*inner_->AddNewProduct(), fields);
+        setValues(*inner_->AddNewProduct(), fields);
         inner_->MoveProduct(inner_->GetProductCount(), position);
     }
 
@@ -242,18 +220,6 @@ private:
 };
 
 } // namespace
-
-ProductFields fieldsOf(const ProductRecord& record)
-{
-    return {.name = record.Name(),
-            .key = record.Key(),
-            .partNum = record.PartNum(),
-            .unitPrice = record.UnitPrice(),
-            .qty = record.Qty(),
-            .discPrcnt = record.DiscPrcnt(),
-            .extPrice = record.ExtPrice(),
-            .note = record.Note()};
-}
 
 std::shared_ptr<JournalledProductMgr>
 journalled(std::shared_ptr<ProductMgr> inner,

@@ -5,8 +5,8 @@
 // user-interface thread.
 #pragma once
 
-#include "orvan/components/products/ProductsString.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/core/ProductValues.h"
 
 #include <cstdint>
 #include <functional>
@@ -21,11 +21,9 @@ struct ListChange {
     Kind kind = Kind::edit;
     std::int32_t position = 0; ///< Of a move: where the product was.
     std::int32_t to = 0;       ///< Of a move: where it is.
-    ProductFields before = {}; ///< Of a removed or edited product.
-    ProductFields after = {};  ///< Of an inserted or edited product.
+    ProductValues before = {}; ///< Of a removed or edited product.
+    ProductValues after = {};  ///< Of an inserted or edited product.
 };
-
-[[nodiscard]] ProductFields fieldsOf(const ProductRecord& record);
 
 class JournalledProductMgr : public ProductMgr {
 public:

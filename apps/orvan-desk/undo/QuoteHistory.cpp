@@ -19,7 +19,7 @@ namespace {
 
 using Kind = ListChange::Kind;
 
-QString quoted(const ProductFields& fields)
+QString quoted(const ProductValues& fields)
 {
     const std::string& text = !fields.name.empty() ? fields.name : fields.partNum;
     return u'\'' + qt::titleText(shortened(QString::fromStdString(text))) + u'\'';

@@ -8,16 +8,29 @@
 #include "orvan/ui/qt/WindowHandles.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QScopedValueRollback>
 #include <QtDebug>
 
 namespace orvan::qt {
+
+namespace {
+
+/// The clipboard of the system.
+class QtClipboard final : public ui::Clipboard {
+public:
+    std::string text() override { return fromQt(QApplication::clipboard()->text()); }
+    void setText(std::string_view text) override { QApplication::clipboard()->setText(toQt(text)); }
+};
+
+} // namespace
 
 /// The parts of the platform. They are not in its header, because hosts include that.
 struct QtPlatform::Services {
     QtSettingsStore settings;
     QtMessageBox messageBox = {};
     QtScreenPointer pointer = {};
+    QtClipboard clipboard = {};
 };
 
 QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components)
@@ -46,6 +59,11 @@ ui::SettingsStore& QtPlatform::settings()
 ui::ScreenPointer& QtPlatform::pointer()
 {
     return services_->pointer;
+}
+
+ui::Clipboard& QtPlatform::clipboard()
+{
+    return services_->clipboard;
 }
 
 std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design)

@@ -26,6 +26,7 @@ public:
     ui::LocaleService& locale() override { return locale_; }
     ui::ComponentFactory& components() override { return components_; }
     ui::ScreenPointer& pointer() override;
+    ui::Clipboard& clipboard() override;
     std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
 
 private:

@@ -1,0 +1,42 @@
+#include "orvan/core/ProductValues.h"
+
+#include "orvan/core/ProductMgr.h"
+
+namespace orvan {
+
+ProductValues valuesOf(const ProductRecord& record)
+{
+    return {.name = record.Name(),
+            .key = record.Key(),
+            .partNum = record.PartNum(),
+            .unitPrice = record.UnitPrice(),
+            .qty = record.Qty(),
+            .discPrcnt = record.DiscPrcnt(),
+            .extPrice = record.ExtPrice(),
+            .note = record.Note()};
+}
+
+void setValues(ProductRecord& record, const ProductValues& values)
+{
+    record.SetName(values.name);
+    record.SetKey(values.key);
+    record.SetPartNum(values.partNum);
+    record.SetUnitPrice(values.unitPrice);
+    record.SetQty(values.qty);
+    record.SetDiscPrcnt(values.discPrcnt);
+    record.SetExtPrice(values.extPrice);
+    record.SetNote(values.note);
+}
+
+Currency extendedPrice(Currency unitPrice, Currency qty, Currency discPrcnt)
+{
+    const Currency hundred = Currency::fromScaled(100 * Currency::kScale);
+    const Currency rest = discPrcnt > hundred ? hundred : hundred - discPrcnt;
+    const Currency gross = qty * unitPrice;
+    // The price is computed in double, and the percentage is divided before it is multiplied, because existing quotes
+    // were priced this way and must get the same prices again. fromDouble raises for a result that is not a number or
+    // is out of range.
+    return Currency::fromDouble(rest.toDouble() / 100.0 * gross.toDouble());
+}
+
+} // namespace orvan
