@@ -29,6 +29,7 @@ frmProduct::frmProduct(ui::Platform& platform)
       cmdGotoFirst_(form_->control<ui::Button>("cmdGotoFirst")),
       cmdGotoLast_(form_->control<ui::Button>("cmdGotoLast")),
       cmdSaveClose_(form_->control<ui::Button>("cmdSaveClose")), cmdCancel_(form_->control<ui::Button>("cmdCancel")),
+      cboPartNum_(form_->control<ui::ComboBox>("cboPartNum")),
       cboProductName_(form_->control<ui::ComboBox>("cboProductName"))
 {
     takeEvents();
@@ -42,6 +43,8 @@ void frmProduct::takeEvents()
     handlers_.set(form_->onResize, [this] { Form_Resize(); });
     handlers_.set(form_->onQueryUnload, [this](ui::UnloadMode mode) { return Form_QueryUnload(mode); });
     handlers_.set(form_->onUnload, [this] { Form_Unload(); });
+    handlers_.set(form_->onKeyDown, [this](ui::KeyStroke& key) { Form_KeyDown(key); });
+    handlers_.set(form_->takesKey, [this](const ui::KeyStroke& key) { return toolOf(key) != nullptr; });
     handlers_.set(atbMain_.onToolClick, [this](std::string_view toolId) { atbMain_ToolClick(toolId); });
     handlers_.set(cmdNew_.onClick, [this] { cmdNew_Click(); });
     handlers_.set(cmdDelete_.onClick, [this] { cmdDelete_Click(); });

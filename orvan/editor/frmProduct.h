@@ -4,9 +4,9 @@
 // the user's events until it unloads itself, which releases the list and the records.
 //
 // The procedures stand in files by subject: frmProduct.cpp (construction, set-up, caption), frmProductSession.cpp
-// (load, save, cancel, close), frmProductNavigation.cpp (seek, add, delete, the tool bar), frmProductLayout.cpp
-// (resize). orvan/fields/FieldEntry.h shows a product in the boxes and saves it from them; orvan/lookup/LookUpBoxes.h
-// searches the catalogue for what is typed in two of them.
+// (load, save, cancel, close), frmProductNavigation.cpp (seek, add, delete, the tool bar), frmProductKeys.cpp (keys,
+// duplicate), frmProductLayout.cpp (resize). orvan/fields/FieldEntry.h shows a product in the boxes and saves it from
+// them; orvan/lookup/LookUpBoxes.h searches the catalogue for what is typed in two of them.
 //
 // Positions are 1-based. Ownership: ProductDlg owns the form during a session; the platform outlives it. Thread: the
 // user-interface thread. Errors: Init raises errors as a number alone; an error in an event handler closes the form
@@ -34,6 +34,8 @@ class Control;
 class Form;
 class Frame;
 class ToolBar;
+struct KeyStroke;
+struct ToolDesign;
 enum class UnloadMode : std::int16_t;
 } // namespace ui
 
@@ -103,6 +105,13 @@ private:
     /// Enables or disables the fields and the delete commands, which can be used only while a product is shown.
     void setProductShown(bool shown);
     void atbMain_ToolClick(std::string_view toolId);
+
+    // frmProductKeys.cpp
+    void Form_KeyDown(ui::KeyStroke& key);
+    /// The menu entry that shows the key; null if there is none.
+    [[nodiscard]] const ui::ToolDesign* toolOf(const ui::KeyStroke& key) const;
+    void PrvDuplicateProduct();
+
     void cmdNew_Click();
     void cmdDelete_Click();
     void cmdGotoFirst_Click();
@@ -143,7 +152,9 @@ private:
     ui::Button& cmdGotoLast_;
     ui::Button& cmdSaveClose_;
     ui::Button& cmdCancel_;
-    ui::ComboBox& cboProductName_; ///< Used only to set the focus; fields_ and lookUp_ do everything else with it.
+    // Used only to set the focus; fields_ and lookUp_ do everything else with them.
+    ui::ComboBox& cboPartNum_;
+    ui::ComboBox& cboProductName_;
 
     std::string productsSnapshot_;  ///< The list as it was when the session began.
     std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.

@@ -21,14 +21,21 @@ constexpr float kRightWidth = 1830;
 
 constexpr ui::ToolDesign kTools[] = {
     {.id = "ID_Product", .caption = "Product", .mnemonic = 'P'},
-    {.id = "ID_NewProduct", .caption = "New Product", .menu = "ID_Product", .mnemonic = 'N'},
+    {.id = "ID_NewProduct", .caption = "New Product", .menu = "ID_Product", .mnemonic = 'N', .key = "Ctrl+N"},
+    {.id = "ID_DuplicateProduct",
+     .caption = "Duplicate Product",
+     .menu = "ID_Product",
+     .mnemonic = 'u',
+     .key = "Ctrl+D"},
     {.menu = "ID_Product"},
     {.id = "ID_DeleteProduct", .caption = "Delete Product", .menu = "ID_Product", .mnemonic = 'D'},
+    {.menu = "ID_Product"},
+    {.id = "ID_SaveClose", .caption = "Save && Close", .menu = "ID_Product", .mnemonic = 'S', .key = "Ctrl+Return"},
     {.id = "ID_Goto", .caption = "Goto Product", .menu = "ID_Product", .mnemonic = 'G'},
-    {.id = "ID_GotoFirst", .caption = "First", .menu = "ID_Goto", .mnemonic = 'F'},
-    {.id = "ID_GotoPrevious", .caption = "Previous", .menu = "ID_Goto", .mnemonic = 'P'},
-    {.id = "ID_GotoNext", .caption = "Next", .menu = "ID_Goto", .mnemonic = 'N'},
-    {.id = "ID_GotoLast", .caption = "Last", .menu = "ID_Goto", .mnemonic = 'L'},
+    {.id = "ID_GotoFirst", .caption = "First", .menu = "ID_Goto", .mnemonic = 'F', .key = "Ctrl+Home"},
+    {.id = "ID_GotoPrevious", .caption = "Previous", .menu = "ID_Goto", .mnemonic = 'P', .key = "Ctrl+PgUp"},
+    {.id = "ID_GotoNext", .caption = "Next", .menu = "ID_Goto", .mnemonic = 'N', .key = "Ctrl+PgDown"},
+    {.id = "ID_GotoLast", .caption = "Last", .menu = "ID_Goto", .mnemonic = 'L', .key = "Ctrl+End"},
 };
 
 // The Tab key goes through the fields in reading order, then to the record buttons, then to the two that close.

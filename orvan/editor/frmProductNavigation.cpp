@@ -162,6 +162,7 @@ void frmProduct::setProductShown(bool shown)
     fraWizProducts_.setEnabled(shown);
     cmdDelete_.setEnabled(shown);
     atbMain_.setToolEnabled("ID_DeleteProduct", shown);
+    atbMain_.setToolEnabled("ID_DuplicateProduct", shown);
     if (!shown) {
         form_->setCaption(" (0/0)");
     }
@@ -169,10 +170,16 @@ void frmProduct::setProductShown(bool shown)
 
 void frmProduct::atbMain_ToolClick(std::string_view toolId)
 {
+    if (toolId == "ID_SaveClose") {
+        cmdSaveClose_Click(); // the button's own procedure, under the button's own label
+        return;
+    }
     handleEvent("KTVOrvanProduct.frmProduct::atbMain_ToolClick", [&] {
         if (toolId == "ID_NewProduct") {
             PrvAddNewProduct();
             PrvSeekProduct(0);
+        } else if (toolId == "ID_DuplicateProduct") {
+            PrvDuplicateProduct();
         } else if (toolId == "ID_DeleteProduct") {
             PrvDeleteProduct();
         } else if (toolId == "ID_GotoFirst") {

@@ -54,6 +54,15 @@ void Form::userPressedEscape()
     }
 }
 
+bool Form::userPressedKey(KeyStroke key)
+{
+    if (!loaded_ || !runHandler(takesKey, key)) {
+        return false;
+    }
+    platform().dispatch([&] { runHandler(onKeyDown, key); });
+    return key.key == Key::none;
+}
+
 void Form::focusFirst()
 {
     if (Control* first = focused() ? focused() : firstTabStop()) {

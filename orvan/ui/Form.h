@@ -9,6 +9,7 @@
 // user-interface thread.
 #pragma once
 
+#include "orvan/ui/KeyStroke.h"
 #include "orvan/ui/Surface.h"
 
 #include <cstdint>
@@ -44,6 +45,12 @@ public:
     /// Owner for message boxes about the form (see orvan/ui/MessageBox.h); 0 where there is no window.
     virtual std::int32_t window() = 0;
 
+    /// The user pressed a key in the form, which no control has seen yet. A handler that takes the key sets its `key`
+    /// to Key::none; no control gets it then, and no key filter.
+    std::function<void(KeyStroke& key)> onKeyDown;
+    /// Whether that handler would take the key now. Asked first, because keys that are typed must not wait for a
+    /// handler. Changes nothing.
+    std::function<bool(const KeyStroke& key)> takesKey;
     /// Returns whether the form is to stay open.
     std::function<bool(UnloadMode mode)> onQueryUnload;
     std::function<void()> onUnload;
@@ -59,6 +66,8 @@ protected:
     /// The platform reports that the user pressed Escape. Presses the cancel button; if the form has none, asks the
     /// form to close as the close box does.
     void userPressedEscape();
+    /// The platform reports a key. Returns whether it has been taken; the handler may have unloaded the form.
+    [[nodiscard]] bool userPressedKey(KeyStroke key);
     /// Gives the first control the focus, or again the one that has it. doShowModal calls this when the window can take
     /// keys.
     void focusFirst();

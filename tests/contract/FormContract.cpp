@@ -239,5 +239,23 @@ TEST_P(FormContract, ErrorsOfHandlersStopNothing)
     expectedUnhandled = {1, 2, 4, 3, 5, 6};
 }
 
+TEST_P(FormContract, AKeyGoesToTheFormBeforeTheBox)
+{
+    std::string seen;
+    form->takesKey = [](const ui::KeyStroke& key) { return key == ui::keyStroke("Ctrl+D"); };
+    form->onKeyDown = [&](ui::KeyStroke& key) {
+        seen += "form ";
+        key.key = ui::Key::none;
+    };
+    box("one").onKeyPress = [&](std::int16_t& /*KeyAscii*/) { seen += "box "; };
+    driver->showModal(*form, [&] {
+        driver->goTo(*form, "one");
+        driver->pressControl(box("one"), 'D');
+        driver->pressControl(box("one"), 'E');
+        form->unload();
+    });
+    EXPECT_EQ(seen, "form box ");
+}
+
 } // namespace
 } // namespace orvan::contract

@@ -59,6 +59,59 @@ TEST_F(EditorTest, AProductIsShownInEveryBox)
     EXPECT_EQ(dialog.CurrentProductIndex(), 0);
 }
 
+TEST_F(EditorTest, EachKeyDoesWhatItsMenuEntryDoes)
+{
+    struct Row {
+        const char *name, *box;
+        std::vector<const char*> keys;
+        const char *caption, *focus, *names;
+        bool dirty = false;
+    };
+    const Row rows[] = {
+        {"next and previous",
+         "txtQty",
+         {"Ctrl+PgDown", "Ctrl+PgDown", "Ctrl+PgUp"},
+         "Lamp (2/3)",
+         "txtQty",
+         "Desk Lamp Chair"},
+        {"last and first", "txtQty", {"Ctrl+End", "Ctrl+Home"}, "Desk (1/3)", "txtQty", "Desk Lamp Chair"},
+        {"greyed at the end", "txtQty", {"Ctrl+End", "Ctrl+PgDown"}, "Chair (3/3)", "txtQty", "Desk Lamp Chair"},
+        {"the note's own", "txtNote", {"Ctrl+End", "Ctrl+Home"}, "Desk (1/3)", "txtNote", "Desk Lamp Chair"},
+        {"next from the note", "txtNote", {"Ctrl+PgDown"}, "Lamp (2/3)", "txtNote", "Desk Lamp Chair"},
+        {"new, at its part number", "txtQty", {"Ctrl+N"}, " (4/4)", "cboPartNum", "Desk Lamp Chair ", true},
+        {"duplicate", "txtQty", {"Ctrl+D"}, "Desk (2/4)", "txtQty", "Desk Desk Lamp Chair", true},
+        {"a letter that no entry shows", "txtQty", {"Ctrl+Q"}, "Desk (1/3)", "txtQty", "Desk Lamp Chair"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        load(kThreeProducts);
+        edit(1, [&](FormDriver& form) {
+            form.focus(row.box);
+            for (const char* key : row.keys) {
+                form.pressKey(key);
+            }
+            EXPECT_EQ(form.caption(), row.caption);
+            EXPECT_EQ(form.focusedControl(), row.focus);
+            if (row.dirty) {
+                platform.messageBox().answer(ui::MessageResult::yes);
+            }
+            form.clickCloseBox();
+        });
+        std::string names;
+        for (std::int32_t i = 1; i <= manager->GetProductCount(); ++i) {
+            names.append(i > 1 ? " " : "").append(manager->GetProduct(i)->Name());
+        }
+        EXPECT_EQ(names, row.names);
+        EXPECT_EQ(dialog.Dirty(), row.dirty);
+    });
+    platform.editing = ui::EditingWay::careful;
+    edit(1, [&](FormDriver& form) {
+        form.textBox("txtQty").type("7");
+        form.pressKey("Ctrl+Return");
+        EXPECT_FALSE(form.loaded()) << "saved and closed";
+    });
+    EXPECT_NE(products().find("Desk::D-1:489:7"), std::string::npos) << products();
+}
+
 TEST_F(EditorTest, ButtonsAndMenuMoveThroughTheList)
 {
     load(kThreeProducts);

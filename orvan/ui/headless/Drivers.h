@@ -152,8 +152,9 @@ public:
     virtual void focus(std::string_view name) = 0;
     /// The name of the control with the focus; empty until a control has had it.
     virtual std::string_view focusedControl() const = 0;
-    /// Presses a key in the grid or button that has the focus: "Return", "Alt+Up", "Ctrl+D", "Shift+F10", or a
-    /// character, which is typed. Other controls have drivers for their keys. Raises 5 for a key that does not exist.
+    /// Presses a key in the form, and where the form does not take it, in the grid or button that has the focus:
+    /// "Return", "Alt+Up", "Ctrl+D", "Shift+F10", or a character, which is typed. Other controls have drivers for their
+    /// keys. Raises 5 for a key that does not exist.
     virtual void pressKey(std::string_view key) = 0;
     /// Gives the area of the controls another size: the form's window is resized, or the list view by its container.
     virtual void resize(float width, float height) = 0;

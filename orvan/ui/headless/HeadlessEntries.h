@@ -6,6 +6,7 @@
 #include "orvan/base/Lifetime.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/EntryPort.h"
+#include "orvan/ui/KeyStroke.h"
 #include "orvan/ui/TextEntry.h"
 #include "orvan/ui/headless/HeadlessControls.h"
 
@@ -46,6 +47,9 @@ private:
     std::string keypadDecimal_;
 };
 
+/// Whether the surface is a form that takes the key before the box gets it.
+[[nodiscard]] bool formTakes(ui::Surface& surface, const ui::KeyStroke& key);
+
 template <class Box, class Driver>
 class HeadlessEntry : public DrivenControl<ui::EntryWithPort<Box>, Driver> {
 public:
@@ -57,7 +61,13 @@ public:
     void type(std::string_view text) final { hand_.type(text); }
     void backspace() final { hand_.backspace(); }
     void deleteForward() final { hand_.deleteForward(); }
-    void pressControl(char letter, std::string& clipboard) final { hand_.pressControl(letter, clipboard); }
+    void pressControl(char letter, std::string& clipboard) final
+    {
+        const std::string key = std::string("Ctrl+") + letter;
+        if (letter < 'A' || letter > 'Z' || !formTakes(*this->surface(), ui::keyStroke(key))) {
+            hand_.pressControl(letter, clipboard);
+        }
+    }
     void paste(std::string_view text) final { hand_.paste(text); }
     void pressKeypadDecimal() final { hand_.pressKeypadDecimal(); }
     void select(std::int32_t start, std::int32_t length) final { hand_.select(start, length); }

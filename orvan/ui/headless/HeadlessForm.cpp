@@ -30,4 +30,10 @@ void HeadlessForm::doShowModal()
     }
 }
 
+bool formTakes(ui::Surface& surface, const ui::KeyStroke& key)
+{
+    auto* const form = dynamic_cast<HeadlessForm*>(&surface);
+    return form && form->press(key);
+}
+
 } // namespace orvan::headless

@@ -18,6 +18,8 @@ public:
 
     void clickCloseBox() override { unload(ui::UnloadMode::closeBox); }
     void pressEscape() override { userPressedEscape(); }
+    /// Returns whether the form has taken the key.
+    [[nodiscard]] bool press(const ui::KeyStroke& key) { return userPressedKey(key); }
     const std::string& caption() const override { return Form::caption(); }
     bool loaded() const override { return Form::loaded(); }
 

@@ -5,12 +5,14 @@
 
 #include "orvan/base/Text.h"
 #include "orvan/ui/ContainerSite.h"
+#include "orvan/ui/Form.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/headless/HeadlessControls.h"
 #include "orvan/ui/headless/HeadlessEntries.h"
 
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace orvan::headless {
@@ -38,6 +40,11 @@ public:
         const bool typed = characterCount(key) == 1;
         const ui::KeyStroke stroke =
             typed ? ui::KeyStroke{.key = ui::Key::character, .character = characterAt(key, 0)} : ui::keyStroke(key);
+        if constexpr (std::is_base_of_v<ui::Form, Kind>) {
+            if (this->userPressedKey(stroke)) {
+                return;
+            }
+        }
         if (auto* grid = dynamic_cast<HeadlessGrid*>(this->focused())) {
             grid->press(stroke);
         } else if (auto* button = dynamic_cast<HeadlessButton*>(this->focused())) {

@@ -1,6 +1,8 @@
 #include "orvan/ui/qt/QtForm.h"
 
+#include "orvan/base/RunHandler.h"
 #include "orvan/ui/qt/FormFit.h"
+#include "orvan/ui/qt/KeyStrokes.h"
 #include "orvan/ui/qt/QtText.h"
 #include "orvan/ui/qt/QtTimer.h"
 #include "orvan/ui/qt/Twips.h"
@@ -10,6 +12,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -97,8 +100,11 @@ protected:
     }
 
     /// Filters the application's events while the form is shown.
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    bool eventFilter(QObject* watched, QEvent* event) override
     {
+        if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
+            return takesKey(watched, static_cast<QKeyEvent*>(event));
+        }
         if (event->type() != QEvent::Quit || !form_ || !form_->loaded()) {
             return false;
         }
@@ -109,6 +115,25 @@ protected:
     }
 
 private:
+    /// Gives the form a key before the control that has the focus.
+    bool takesKey(QObject* watched, QKeyEvent* event)
+    {
+        const auto* const widget = qobject_cast<QWidget*>(watched);
+        if (!form_ || !widget || widget->window() != this) {
+            return false; // also the list of a combo box, which is a window of its own
+        }
+        const ui::KeyStroke key = keyStrokeOf(*event);
+        if (key.key == ui::Key::none) {
+            return false;
+        }
+        if (event->type() == QEvent::KeyPress) {
+            return form_->userPressedKey(key);
+        }
+        const bool takes = form_->loaded() && runHandler(form_->takesKey, key);
+        event->setAccepted(takes); // the key then comes as a key press, and to no menu
+        return takes;
+    }
+
     QtForm* form_;
 };
 
