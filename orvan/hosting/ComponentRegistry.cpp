@@ -169,6 +169,9 @@ std::shared_ptr<ui::Component> ComponentRegistry::create(std::string_view classN
 
 std::shared_ptr<ui::Component> ComponentRegistry::createBy(const Entry& entry)
 {
+    if (!entry.factory) { // a standard library's own text about this says nothing
+        raiseCannotCreate(describe(entry, "it was registered with an empty factory"));
+    }
     std::shared_ptr<ui::Component> object;
     try {
         object = entry.factory();

@@ -68,7 +68,7 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
     };
     const Row rows[] = {
         {.name = "X.Null", .factory = [] { return nullptr; }, .reason = "no object"},
-        {.name = "X.Empty", .reason = "bad_function_call"},
+        {.name = "X.Empty", .reason = "empty factory"},
         {.name = "X.Raises", .factory = throws(RuntimeError(75, "Log", "full")), .number = 75, .reason = "full"},
         {.name = "X.Throws", .factory = throws(std::runtime_error("no licence")), .reason = "no licence"},
         {.name = "X.Memory", .factory = throws(std::bad_alloc()), .reason = "Out of memory"},
