@@ -81,6 +81,7 @@ private:
     QLineEdit* number_ = nullptr;
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
+    QString currency_; ///< The ISO code of the shown quote's currency.
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_; ///< Runs from a change to the copy of it.
