@@ -92,7 +92,7 @@ void QuotePainter::paintBlock(QPainter& painter, const PlacedBlock& block)
         const double y = top + block.texts.offset(block.endText - 1) - block.texts.offset(block.firstText);
         const double width = totalsWidth();
         const double left = quote_.rightToLeft ? area.left() : area.right() - width;
-        rule(painter, y, kThick, left, left + width);
+        rule(painter, y - pages_.kPadding / 2, kThick, left, left + width);
     }
 }
 
