@@ -140,6 +140,28 @@ TEST(PrintedQuote, AMissingLogoIsToldAndTheRestIsPrinted)
     });
 }
 
+TEST(QuotePdf, HasThePagesThatTheUserHasChosen)
+{
+    PrintedQuote quote = printed({}, "en_US");
+    quote.lines.resize(300, quote.lines.front());
+    const auto all = static_cast<qsizetype>(layOut(quote, usualPage()).pages.size());
+    ASSERT_GT(all, 3);
+    struct Row {
+        const char* name;
+        PageRange range;
+        qsizetype pages;
+    };
+    const Row rows[] = {{"all", {}, all},
+                        {"two", {2, 3}, 2},
+                        {"from the second on", {2, 0}, all - 1},
+                        {"up to the second", {0, 2}, 2},
+                        {"more than there are", {1, 1'000}, all},
+                        {"behind the last", {1'000, 1'001}, 1}};
+    forEachRow(rows, [&](const Row& row) {
+        EXPECT_EQ(quoteToPdf(quote, usualPage(), row.range).count("/Type /Page\n"), row.pages);
+    });
+}
+
 TEST(PrintOptions, AreKeptAndWhatCannotBeUsedIsTold)
 {
     headless::HeadlessSettingsStore settings;

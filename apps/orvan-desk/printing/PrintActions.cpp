@@ -1,8 +1,6 @@
 #include "PrintActions.h"
 
 #include "LetterheadDialog.h"
-#include "QuotePages.h"
-#include "QuotePainter.h"
 #include "QuotePdf.h"
 #include "apps/orvan-desk/OutsideText.h"
 
@@ -18,7 +16,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
-#include <algorithm>
 #include <utility>
 
 namespace orvan::desk {
@@ -141,21 +138,17 @@ void PrintActions::printOn(QPrinter& printer, const PrintedQuote& quote)
 {
     run(tr("The quote could not be printed."), [&] {
         const QPageLayout page = standardPage(printer.pageLayout());
+        const PageRange range{printer.fromPage(), printer.toPage()};
         const bool isPreview = printer.paintEngine()->type() == QPaintEngine::Picture;
         if (!isPreview && printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
-            if (const QString warning = writePdf(printer.outputFileName(), quote, page); !warning.isEmpty()) {
+            const QString warning = writePdf(printer.outputFileName(), quote, page, range);
+            if (!warning.isEmpty()) {
                 tell_(tr("The quote has been printed."), warning);
             }
             return;
         }
-        const QPageLayout full = fullPage(page);
-        printer.setPageLayout(full); // the dialogs of Qt may have changed the mode
-        const QuotePages pages = layOut(quote, page);
-        const auto count = static_cast<int>(pages.pages.size());
-        const int first = printer.fromPage() > 0 ? std::min(printer.fromPage(), count) : 1;
-        const int last = printer.toPage() > 0 ? std::clamp(printer.toPage(), first, count) : count;
-        if (!paintPages(printer, quote, pages, static_cast<std::size_t>(first) - 1,
-                        static_cast<std::size_t>(last) - 1)) {
+        printer.setPageLayout(fullPage(page)); // the dialogs of Qt may have changed the mode
+        if (!paintPages(printer, quote, layOut(quote, page), range)) {
             tell_(tr("The quote could not be printed."),
                   tr("The printer “%1” does not take it.").arg(printer.printerName()));
         }

@@ -176,19 +176,21 @@ void QuotePainter::addTotals(Pieces& pieces) const
     }
 }
 
-bool paintPages(QPagedPaintDevice& device, const PrintedQuote& quote, const QuotePages& pages, std::size_t first,
-                std::size_t last)
+bool paintPages(QPagedPaintDevice& device, const PrintedQuote& quote, const QuotePages& pages, PageRange range)
 {
+    const auto count = static_cast<int>(pages.pages.size());
+    const int first = std::clamp(range.first, 1, count);
+    const int last = range.last > 0 ? std::clamp(range.last, first, count) : count;
     QPainter painter;
     if (!painter.begin(&device)) {
         return false;
     }
     QuotePainter quotePainter(quote, pages);
-    for (std::size_t page = first; page <= last; ++page) {
+    for (int page = first; page <= last; ++page) {
         if (page > first && !device.newPage()) {
             return false;
         }
-        quotePainter.paint(painter, page);
+        quotePainter.paint(painter, static_cast<std::size_t>(page) - 1);
     }
     return painter.end();
 }

@@ -53,8 +53,13 @@ private:
     std::pair<BlockKind, std::size_t> partedBlock_;
 };
 
-/// Paints the pages from `first` to `last` on a device that is in full-page mode. False where the device failed.
+/// Pages counted from 1, the last one included; 0 stands for the first or the last page of the quote.
+struct PageRange {
+    int first = 0, last = 0;
+};
+
+/// Paints pages on a device that is in full-page mode. False where the device failed.
 [[nodiscard]] bool paintPages(QPagedPaintDevice& device, const PrintedQuote& quote, const QuotePages& pages,
-                              std::size_t first, std::size_t last);
+                              PageRange range);
 
 } // namespace orvan::desk

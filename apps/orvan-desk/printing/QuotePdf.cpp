@@ -1,7 +1,6 @@
 #include "QuotePdf.h"
 
 #include "QuotePages.h"
-#include "QuotePainter.h"
 #include "apps/orvan-desk/OutsideText.h"
 
 #include "orvan/base/RuntimeError.h"
@@ -12,7 +11,7 @@
 
 namespace orvan::desk {
 
-QByteArray quoteToPdf(const PrintedQuote& quote, const QPageLayout& page)
+QByteArray quoteToPdf(const PrintedQuote& quote, const QPageLayout& page, PageRange range)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -25,8 +24,7 @@ QByteArray quoteToPdf(const PrintedQuote& quote, const QPageLayout& page)
         writer.setResolution(kUnitsPerInch);
         writer.setTitle(quote.runningHead);
         writer.setCreator(QStringLiteral("Orvan Desk"));
-        const QuotePages pages = layOut(quote, page);
-        painted = paintPages(writer, quote, pages, 0, pages.pages.size() - 1);
+        painted = paintPages(writer, quote, layOut(quote, page), range);
     }
     if (!painted || buffer.data().isEmpty()) {
         throw RuntimeError(ErrorNumber::outOfMemory, {}, "the document could not be made");
@@ -34,9 +32,9 @@ QByteArray quoteToPdf(const PrintedQuote& quote, const QPageLayout& page)
     return buffer.data();
 }
 
-QString writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page)
+QString writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page, PageRange range)
 {
-    const QByteArray bytes = quoteToPdf(quote, page);
+    const QByteArray bytes = quoteToPdf(quote, page, range);
     return QString::fromStdString(
         files::replaceFile(pathOf(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).warning);
 }
