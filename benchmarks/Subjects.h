@@ -14,5 +14,6 @@ void addQtForm(Suite& suite);         ///< D: a key in the editor's window
 void addLookUp(Suite& suite);         ///< J, K, M: the look-up in the editor's window
 void addImport(Suite& suite);         ///< L: a price list into a catalogue
 void addDeskStart(Suite& suite);      ///< N: the desk up to its first paint
+void addPrinting(Suite& suite);       ///< O: a quote as a PDF file
 
 } // namespace orvan::bench

@@ -3,7 +3,9 @@
 #include "CatalogueMenu.h"
 #include "OutsideText.h"
 #include "PlainBox.h"
+#include "QuoteLocale.h"
 #include "WatchedProducts.h"
+#include "printing/PrintActions.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
@@ -213,6 +215,10 @@ void MainWindow::makeMenus()
     file->addAction(addFileAction(tr("&Save"), QKeySequence::Save, &MainWindow::saveFile));
     file->addAction(addFileAction(tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), &MainWindow::saveAsFile));
     file->addSeparator();
+    new PrintActions(
+        file, this, qtHost().platform(), [this] { return currentQuote(); },
+        [this](const QString& what, const QString& why) { tell(what, why); });
+    file->addSeparator();
     auto* quit = new QAction(tr("&Quit"), this);
     quit->setShortcut(QKeySequence(tr("Ctrl+Q")));
     connect(quit, &QAction::triggered, this, &QWidget::close);
@@ -296,11 +302,13 @@ Quote MainWindow::currentQuote() const
                  .number = number_->text(),
                  .date = date_->date(),
                  .products = products_->Products(),
+                 .currency = currency_,
                  .unknown = file_.saved().unknown};
 }
 
 void MainWindow::showQuote(const Quote& quote)
 {
+    currency_ = showCurrency(quote.currency);
     products_->Show(quote.products);
     listChanged_ = false;
     customer_->setText(quote.customer);

@@ -86,6 +86,7 @@ private:
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
     QuoteHistory* history_ = nullptr;
+    QString currency_; ///< The ISO code of the shown quote's currency.
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.

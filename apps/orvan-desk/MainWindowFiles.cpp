@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "OutsideText.h"
 #include "PlainBox.h"
+#include "QuoteLocale.h"
 #include "WatchedProducts.h"
 
 #include "orvan/base/RuntimeError.h"
@@ -88,7 +89,8 @@ bool MainWindow::open(const QString& path)
     const std::optional<files::LockHolder> dead = lock.deadHolder();
     const bool opened = openLocked(path, std::move(lock));
     if (opened && dead) {
-        statusBar()->showMessage(tr("Another desk ended without closing this quote: %1.").arg(describe(*dead)));
+        const QString other = tr("Another desk ended without closing this quote: %1.").arg(describe(*dead));
+        statusBar()->showMessage((other + u' ' + statusBar()->currentMessage()).trimmed());
     }
     return opened;
 }
@@ -106,6 +108,9 @@ bool MainWindow::openLocked(const QString& path, std::optional<files::EditLock> 
         file_.setShown(currentQuote());
         recovery_.discard();
         updateTitle();
+        if (onDisk.quote.currency.isEmpty() && !path.startsWith(u':')) {
+            statusBar()->showMessage(noCurrencyNotice(currency_));
+        }
         return true;
     } catch (const std::exception& error) {
         tell(tr("“%1” could not be opened.").arg(shortened(QDir::toNativeSeparators(path))),
@@ -211,6 +216,7 @@ void MainWindow::updateRecoveryCopy()
                 .number = number_->text(),
                 .date = date_->date(),
                 .products = {},
+                .currency = currency_,
                 .unknown = file_.saved().unknown};
     try {
         quote.products = watchedProducts(); // also while the editor is open: what has reached the list

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include <algorithm>
+
 namespace orvan::desk {
 
 namespace {
@@ -18,6 +20,7 @@ const QString kVersionName = QStringLiteral("version");
 const QString kCustomerName = QStringLiteral("customer");
 const QString kNumberName = QStringLiteral("number");
 const QString kDateName = QStringLiteral("date");
+const QString kCurrencyName = QStringLiteral("currency");
 const QString kProductsName = QStringLiteral("products");
 
 /// "line 3, column 14" of a byte offset, both from 1.
@@ -53,6 +56,23 @@ QDate dateOf(const QJsonObject& object)
         throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(shortened(text)));
     }
     return date;
+}
+
+/// The code of the quote's currency; empty where the file has none.
+QString currencyOf(const QJsonObject& object)
+{
+    if (!object.contains(kCurrencyName)) {
+        return {};
+    }
+    const QString code = textOf(object, kCurrencyName);
+    const bool capitals = std::all_of(code.begin(), code.end(), [](QChar c) { return c >= u'A' && c <= u'Z'; });
+    if (code.size() != 3 || !capitals) {
+        throw QuoteFileError(
+            QStringLiteral(
+                "It is damaged: \"%1\" is not the code of a currency, which is three capital letters: \"%2\".")
+                .arg(kCurrencyName, shortened(code)));
+    }
+    return code;
 }
 
 /// JSON holds Unicode text only: bytes that are none would come back as other characters.
@@ -110,6 +130,9 @@ QJsonObject quoteToJson(const Quote& quote)
     object[kCustomerName] = quote.customer;
     object[kNumberName] = quote.number;
     object[kDateName] = quote.date.toString(Qt::ISODate);
+    if (!quote.currency.isEmpty()) {
+        object[kCurrencyName] = quote.currency;
+    }
     object[kProductsName] = losslessText(quote.products);
     return object;
 }
@@ -120,8 +143,10 @@ Quote quoteFromJson(const QJsonObject& object)
                 .number = textOf(object, kNumberName),
                 .date = dateOf(object),
                 .products = textOf(object, kProductsName).toStdString(),
+                .currency = currencyOf(object),
                 .unknown = object};
-    for (const QString& known : {kFormatName, kVersionName, kCustomerName, kNumberName, kDateName, kProductsName}) {
+    for (const QString& known :
+         {kFormatName, kVersionName, kCustomerName, kNumberName, kDateName, kCurrencyName, kProductsName}) {
         quote.unknown.remove(known);
     }
     return quote;

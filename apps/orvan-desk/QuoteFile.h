@@ -1,10 +1,10 @@
 // A quote on disk: JSON with the products string inside.
 //
 //     {"format": "orvan-desk-quote", "version": 1, "customer": "...", "number": "...",
-//      "date": "2026-11-20", "products": "..."}
+//      "date": "2026-11-20", "currency": "USD", "products": "..."}
 //
-// Members that this desk does not know are kept and written back, so that a newer desk or another program
-// finds its own again. Thread: any. Errors: QuoteFileError.
+// Files of earlier desks have no currency. // Members that this desk does not know are kept and written back, so that a
+// newer desk or another program finds its own again. Thread: any. Errors: QuoteFileError.
 #pragma once
 
 #include "orvan/files/WholeFile.h"
@@ -27,6 +27,7 @@ struct Quote {
     QString number;
     QDate date;
     std::string products;     ///< As ProductViewWidget::Products gives it.
+    QString currency = {};    ///< ISO 4217 code; empty where the file has none.
     QJsonObject unknown = {}; ///< Members of the file that this desk does not know.
 
     bool operator==(const Quote&) const = default;

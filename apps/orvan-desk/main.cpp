@@ -4,7 +4,9 @@
 #include "EndSignals.h"
 #include "MainWindow.h"
 #include "OutsideText.h"
+#include "PdfCommand.h"
 #include "PlacePrinter.h"
+#include "QuoteLocale.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -83,7 +85,7 @@ public:
         parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."),
                                      QStringLiteral("[file]"));
         printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
-        parser.addOptions({sample, theme, catalogue, editing, render, printPlaces});
+        parser.addOptions({sample, theme, catalogue, editing, render, pdf, printPlaces});
     }
 
     /// Reads the command line, and answers --help and --version. Returns what is wrong with it, or an empty text.
@@ -113,6 +115,11 @@ public:
     const QCommandLineOption render{QStringLiteral("render"),
                                     QStringLiteral("Write a picture of the window to this file and exit."),
                                     QStringLiteral("png")};
+    const QCommandLineOption pdf{
+        orvan::desk::kPdfOption,
+        QStringLiteral("Print the quote into this PDF file and exit; needs no display. The letterhead, the columns and "
+                       "the paper are those that the user has chosen in the desk."),
+        QStringLiteral("pdf")};
     QCommandLineOption printPlaces{QStringLiteral("print-places")}; ///< For tests: see PlacePrinter.h.
 
 private:
@@ -128,11 +135,38 @@ private:
         if (parser.isSet(sample) && !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(name))) {
             return QStringLiteral("There is no sample \"%1\". The samples are: %2.").arg(name, sampleNames());
         }
-        return parser.positionalArguments().size() + (parser.isSet(sample) ? 1 : 0) > 1
-                   ? QStringLiteral("Only one quote can be opened at a time.")
-                   : QString();
+        const qsizetype quotes = parser.positionalArguments().size() + (parser.isSet(sample) ? 1 : 0);
+        if (parser.isSet(pdf) && parser.isSet(render)) {
+            return QStringLiteral("--pdf and --render cannot be used together.");
+        }
+        if (parser.isSet(pdf) && quotes == 0) {
+            return QStringLiteral("--pdf needs a quote to print.");
+        }
+        return quotes > 1 ? QStringLiteral("Only one quote can be opened at a time.") : QString();
     }
 };
+
+/// Prints the quote into a file, without a window. What could not be printed is told, but only a file that could not be
+/// read or written is a failure.
+int printToPdf(const CommandLine& line)
+{
+    const QCommandLineParser& parser = line.parser;
+    const QStringList files = parser.positionalArguments();
+    const QString quote = files.isEmpty() ? orvan::desk::sampleFile(parser.value(line.sample)) : files.constFirst();
+    const QString pdf = parser.value(line.pdf);
+    try {
+        for (const QString& notice : orvan::desk::convertToPdf(quote, pdf)) {
+            complain(notice);
+        }
+        QTextStream(stdout) << QString::fromStdString(orvan::shared::terminalText(pdf.toStdString())) << '\n';
+        return 0;
+    } catch (const orvan::desk::QuoteFileError& error) {
+        complain(QStringLiteral("Could not open %1. %2").arg(quote, QString::fromUtf8(error.what())));
+    } catch (const std::exception& error) {
+        complain(QStringLiteral("Could not write %1: %2").arg(pdf, QString::fromUtf8(error.what())));
+    }
+    return kFailed;
+}
 
 /// Opens the window as the command line asks, and runs until the user or the system ends it.
 int run(const CommandLine& line)
@@ -143,6 +177,7 @@ int run(const CommandLine& line)
     orvan::HostOptions options = orvan::desk::lookUpProductsIn(products);
     options.editing =
         parser.value(line.editing) == u"classic" ? orvan::ui::EditingWay::classic : orvan::ui::EditingWay::careful;
+    options.localeService = orvan::desk::makeQuoteLocale(options.locale);
     orvan::setQtHostOptions(options);
     orvan::desk::MainWindow window;
     if (parser.isSet(line.theme)) {
@@ -176,6 +211,7 @@ int run(const CommandLine& line)
 
 int main(int argc, char** argv)
 {
+    orvan::desk::needNoDisplayForPdf(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvan-desk"));
     QApplication::setApplicationVersion(QString::fromStdString(std::string(orvan::libraryVersion())));
@@ -185,7 +221,7 @@ int main(int argc, char** argv)
         return kWrongUse;
     }
     try {
-        return run(line);
+        return line.parser.isSet(line.pdf) ? printToPdf(line) : run(line);
     } catch (const orvan::RuntimeError& error) {
         complain(QStringLiteral("orvan-desk cannot start: error %1, %2")
                      .arg(error.number())

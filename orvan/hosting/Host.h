@@ -2,8 +2,8 @@
 //
 // Owns the component classes, the user's locale and the platform; the library's own components
 // (product manager, catalogue look-up, trace log) are registered. A program replaces any of them through components()
-// before it makes its first view. Thread: one host per thread; it outlives the views made on it.
-// The constructor raises a RuntimeError: 51 when the locale library's data is missing.
+// before it makes its first view, and the locale's service by HostOptions. Thread: one host per thread; it outlives the
+// views made on it. The constructor raises a RuntimeError: 51 when the locale library's data is missing.
 #pragma once
 
 #include "orvan/hosting/ComponentRegistry.h"
@@ -21,10 +21,14 @@ namespace orvan {
 struct HostOptions {
     DefaultComponentOptions components = {};
     icu::LocaleNames locale = icu::localeNamesFromEnvironment();
+    /// A service of the host's own, in place of the one that is made for `locale`. Its formats may change while the
+    /// host runs, for instance to another currency: what is shown or opened after that has the new ones.
+    std::shared_ptr<ui::LocaleService> localeService = {};
     ui::EditingWay editing = ui::EditingWay::classic; ///< orvan/core/Deviations.h lists the differences.
 };
 
-/// The user's number and money formats, as ICU knows them. Raises 51 when ICU's data is missing.
+/// The user's number and money formats, as ICU knows them. Raises 51 when ICU's data is missing, and 5 for a currency
+/// that is no code of three letters.
 [[nodiscard]] std::unique_ptr<ui::LocaleService> makeLocaleService(const icu::LocaleNames& names);
 
 template <class PlatformType>
@@ -34,7 +38,7 @@ public:
     /// The arguments after the options are passed to the platform's constructor.
     template <class... PlatformArguments>
     explicit Host(const HostOptions& options, PlatformArguments&&... platformArguments)
-    try : locale_(makeLocaleService(options.locale)),
+    try : locale_(options.localeService ? options.localeService : makeLocaleService(options.locale)),
         platform_(*locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
         messages_(platform_.messageBox()) {
         platform_.editing = options.editing;
@@ -50,7 +54,7 @@ public:
 
 private:
     ComponentRegistry components_;
-    std::unique_ptr<ui::LocaleService> locale_;
+    std::shared_ptr<ui::LocaleService> locale_;
     PlatformType platform_;
     ThreadMessages messages_;
 };

@@ -104,6 +104,13 @@ TEST_F(DeskTest, ADamagedFileSaysWhatAndWhere)
         {"number no text", with("\"n\"", "12"), "\"number\" is not a text"},
         {"no date", with("2026-11-20", "2026-02-30"), "\"2026-02-30\" is not a date"},
         {"a date and a time", with("2026-11-20", "2026-11-20T10:00"), "\"2026-11-20T10:00\" is not a date"},
+        {"a currency", with("\"n\"", "\"n\", \"currency\": \"USD\""), ""},
+        {"a currency in small letters", with("\"n\"", "\"n\", \"currency\": \"usd\""),
+         "\"currency\" is not the code of a currency, which is three capital letters: \"usd\""},
+        {"a currency of four letters", with("\"n\"", "\"n\", \"currency\": \"USDX\""), "\"USDX\""},
+        {"a currency of other letters", with("\"n\"", "\"n\", \"currency\": \"ÄÖÜ\""), "\"ÄÖÜ\""},
+        {"an empty currency", with("\"n\"", "\"n\", \"currency\": \"\""), "three capital letters"},
+        {"currency no text", with("\"n\"", "\"n\", \"currency\": 978"), "\"currency\" is not a text"},
         {"products", with("\"products\": \"\"", "\"products\": \"bad\""), "Product 3: too short"},
     };
     forEachRow(rows, [&](const Row& row) {
@@ -119,7 +126,8 @@ TEST_F(DeskTest, AQuoteComesBackAsItWasSaved)
     const Quote quote{.customer = QStringLiteral("Ä \"quoted\" \\ ✓ 𝄞"),
                       .number = QStringLiteral("a\nb"),
                       .date = QDate(2026, 2, 28),
-                      .products = std::string("1~a\0\\~:\xF0\x9D\x84\x9E\x01~", 13)};
+                      .products = std::string("1~a\0\\~:\xF0\x9D\x84\x9E\x01~", 13),
+                      .currency = QStringLiteral("JPY")};
     const QString path = folder.filePath(QStringLiteral("q.quote.json"));
     EXPECT_EQ(writeQuote(path, quote).warning, "");
     EXPECT_EQ(readQuote(path, [](const std::string&) {}).quote, quote);

@@ -2,6 +2,8 @@
 import json
 import os
 import pathlib
+import resource
+import shutil
 import signal
 import subprocess
 import sys
@@ -50,6 +52,13 @@ ROWS = [
     ("a quote that is a pipe", [DESK, "--render", "desk.png", "pipe"], 1, "it is a pipe"),
     ("a picture", [DESK, "--render", "desk.png", "n.quote.json"], 0, "desk.png\n"),
     ("a way of editing", [DESK, "--render", "desk.png", "--editing", "classic"], 0, "desk.png\n"),
+    ("a PDF file", [DESK, "--pdf", "n.pdf", "n.quote.json"], 0, "n.pdf\n"),
+    ("a PDF file without a quote", [DESK, "--pdf", "n.pdf"], 2, "--pdf needs a quote"),
+    ("a PDF file and a picture", [DESK, "--pdf", "n.pdf", "--render", "n.png", "n.quote.json"], 2, "together"),
+    ("a PDF file of a pipe", [DESK, "--pdf", "n.pdf", "pipe"], 1, "it is a pipe"),
+    ("a PDF file into a pipe", [DESK, "--pdf", "pipe", "n.quote.json"], 1, "there is something else of this name"),
+    ("a PDF file in no folder", [DESK, "--pdf", "\x1b/n.pdf", "n.quote.json"], 1, "Could not write \\x1B/n.pdf"),
+    ("a PDF file of a damaged currency", [DESK, "--pdf", "n.pdf", "euro.quote.json"], 1, "three capital letters"),
     ("no way of editing", [DESK, "--editing", "careless"], 2, "must be classic or careful, not \"careless\""),
     ("no theme", [DESK, "--theme", "blue"], 2, "must be light or dark"),
     ("no sample", [DESK, "--sample", "x\x1b"], 2, "There is no sample \"x\\x1B\""),
@@ -88,6 +97,29 @@ def check_signal(folder: pathlib.Path) -> list[str]:
     return [] if status == 130 and before == after else [f"SIGTERM: status {status}, {before[0]}, {after[0]}"]
 
 
+def check_pdf(folder: pathlib.Path) -> list[str]:
+    """A quote in dollars is printed for a German without a display; where the disk is full, the former file stays."""
+    quote = QUOTE | {"currency": "USD", "products": "1~Lamp::L-7:1234.5:1:0:1234.5:a~"}
+    (folder / "d.quote.json").write_text(json.dumps(quote))
+    environment = {"LC_ALL": "de_DE.UTF-8", "HOME": str(folder), "PATH": os.environ["PATH"]}
+    words = [DESK, "--pdf", "d.pdf", "d.quote.json"]
+    failures = []
+    for name, limit, status in (("a PDF file", None, 0), ("a PDF file on a full disk", 1000, 1)):
+        def limit_size() -> None:
+            if limit:
+                resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
+        # Python ignores the signal that a too large file raises, and so does the program then.
+        done = subprocess.run(words, cwd=folder, env=environment, capture_output=True, text=True, timeout=PATIENCE,
+                              preexec_fn=limit_size, restore_signals=False)
+        if done.returncode != status or (status and "Could not write d.pdf" not in done.stderr):
+            failures.append(f"{name}: status {done.returncode}, {done.stderr!r}")
+        if shutil.which("pdftotext") and (folder / "d.pdf").exists():
+            text = subprocess.run(["pdftotext", "-layout", folder / "d.pdf", "-"], capture_output=True, text=True).stdout
+            failures += [f"{name}: no {part} in {text!r}" for part in ("Lamp", "1.234,50 $", "Seite 1 von 1")
+                         if part not in text.replace("\u00a0", " ")]
+    return failures
+
+
 def main() -> None:
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
@@ -95,9 +127,10 @@ def main() -> None:
         (folder / "products").write_text("1~Nut \x1b[31m\u202egnp:::5:1:0:5:~")
         (folder / "bytes").write_bytes(b"1~Nut \x9b1m:::5:1:0:5:~")
         (folder / "n.quote.json").write_text(json.dumps(QUOTE))
+        (folder / "euro.quote.json").write_text(json.dumps(QUOTE | {"currency": "Euro"}))
         for pipe in ("pipe", "pipe.png"):
             os.mkfifo(folder / pipe)
-        failures = check_rows(folder) + check_signal(folder)
+        failures = check_rows(folder) + check_pdf(folder) + check_signal(folder)
     sys.exit("\n".join(failures) or None)
 
 

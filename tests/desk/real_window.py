@@ -131,7 +131,7 @@ def typical_edit(program: str, quote: dict, path: str, way: str) -> None:
 
 def main() -> None:
     program, sample, edit = sys.argv[1:]
-    quote = json.loads(pathlib.Path(sample).read_text())
+    quote = json.loads(pathlib.Path(sample).read_text()) | {"currency": "USD"}  # without one, saving adds the user's
     for way in (CLASSIC, CAREFUL):
         revert_then_save(program, quote, way)
         typical_edit(program, quote, edit, way)

@@ -46,6 +46,33 @@ TEST(IcuLocaleService, MoneyAndNumbersAreWrittenAsTheirUsersWrite)
     EXPECT_EQ(mixed.formatNumber(Currency::fromInteger(1234), 2), "1,234.00");
 }
 
+TEST(IcuLocaleService, AnotherCurrencyIsWrittenAsTheUsersOfTheLocaleWriteIt)
+{
+    struct Row {
+        const char *name, *currency, *money;
+    };
+    const Row rows[] = {
+        {"de_DE", "USD", "-1.234,50\u00A0$"},
+        {"de_DE", "", "-1.234,50\u00A0€"},
+        {"en_US", "EUR", "-€1,234.50"},
+        {"en_CA", "USD", "-US$1,234.50"},
+        {"fr_CH@euro", "GBP", "-1\u202F234.50\u00A0£GB"}, // the currency goes before that of the modifier
+        {"sr_RS@latin", "USD", "-1.234,50\u00A0US$"},
+        {"de_DE", "qqq", "-1.234,50\u00A0QQQ"}, // one that ICU does not know
+        {"de_DE", "US", "error 5"},
+        {"de_DE", "1.5", "error 5"},
+        {"de_DE", "USD;numbers=arab", "error 5"},
+    };
+    forEachRow(rows, [](const Row& row) {
+        EXPECT_EQ(test::textOrError([&] {
+                      IcuLocaleService service({.monetary = row.name, .numeric = row.name, .currency = row.currency});
+                      EXPECT_EQ(service.formatNumber(Currency::fromText("0.5"), 1).size(), 3U);
+                      return service.formatCurrency(Currency::fromText("-1234.5"), 2);
+                  }),
+                  row.money);
+    });
+}
+
 TEST(IcuLocaleService, AnItemThatIsUnknownOrDoesNotFitIsNoAnswer)
 {
     IcuLocaleService service({.monetary = "da_DK", .numeric = "da_DK"}); // symbol "kr."

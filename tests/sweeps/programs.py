@@ -14,7 +14,8 @@ from pathlib import Path
 desk, grid, catalogue_tool, plugins = sys.argv[1:5]
 
 OLD_QUOTE = json.dumps({"format": "orvan-desk-quote", "version": 1, "customer": "old", "number": "7",
-                        "date": "2026-11-20", "products": "1~Lamp:::5:1:0:5:~", "approval": {"by": "anna"}})
+                        "date": "2026-11-20", "currency": "USD", "products": "1~Lamp:::5:1:0:5:~",
+                        "approval": {"by": "anna"}})
 OLD_SETTINGS = "[Own/Section]\nKey=value\n[Orvan/Desk]\nTheme=light\n"
 
 

@@ -9,7 +9,8 @@
 namespace orvan::icu {
 
 IcuLocaleService::IcuLocaleService(const LocaleNames& names)
-try : money_(moneyPattern(icuLocaleId(names.monetary))), number_(numberPattern(icuLocaleId(names.numeric))) {
+try : money_(moneyPattern(withCurrency(icuLocaleId(names.monetary), names.currency))),
+    number_(numberPattern(icuLocaleId(names.numeric))) {
 } catch (...) {
     raiseCurrentError();
 }

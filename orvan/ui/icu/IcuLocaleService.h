@@ -6,7 +6,7 @@
 // that is not negative and is written with four decimals can be read back exactly. Where the locale's own
 // separators or symbol would prevent that, others are used (see NumberPattern.h and LocaleData.h).
 // Thread: any; the service does not change after it is made. Making one raises 51 when ICU's data is
-// missing.
+// missing, and 5 for a currency that is no code of three letters.
 #pragma once
 
 #include "orvan/ui/LocaleService.h"

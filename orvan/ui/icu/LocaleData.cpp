@@ -125,6 +125,12 @@ Locale knownLocale(const std::string& base)
     return other.empty() ? Locale("en", territory) : Locale(other.c_str());
 }
 
+bool isCurrencyCode(std::string_view code)
+{
+    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    return code.size() == 3 && std::all_of(code.begin(), code.end(), isLetter);
+}
+
 /// Applies ICU's own "key=value;key=value". Only a currency of three letters is used: ICU itself would accept any three
 /// characters, digits too.
 void applyKeywords(Locale& locale, std::string_view keywords)
@@ -132,8 +138,7 @@ void applyKeywords(Locale& locale, std::string_view keywords)
     const Locale asked = Locale::createFromName(("en@" + std::string(keywords)).c_str());
     UErrorCode status = U_ZERO_ERROR;
     const auto currency = asked.getKeywordValue<std::string>("currency", status);
-    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-    if (U_SUCCESS(status) && currency.size() == 3 && std::all_of(currency.begin(), currency.end(), isLetter)) {
+    if (U_SUCCESS(status) && isCurrencyCode(currency)) {
         setKeyword(locale, "currency", currency.c_str());
     }
 }
@@ -295,6 +300,28 @@ std::string currencyCode(const std::string& localeId)
         code = ask(withLikelySubtags(locale));
     }
     return code.empty() ? "XXX" : code;
+}
+
+std::string withCurrency(const std::string& localeId, std::string_view code)
+{
+    if (code.empty()) {
+        return localeId;
+    }
+    if (!isCurrencyCode(code)) {
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, "IcuLocaleService", "a currency's code is three letters");
+    }
+    Locale locale(localeId.c_str());
+    setKeyword(locale, "currency", std::string(code).c_str());
+    return locale.getName();
+}
+
+int currencyDigits(const std::string& code)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::int32_t digits =
+        ucurr_getDefaultFractionDigits(UnicodeString::fromUTF8(code).getTerminatedBuffer(), &status);
+    check(status);
+    return std::clamp(digits, 0, kDecimals);
 }
 
 NumberPattern numberPattern(const std::string& localeId)

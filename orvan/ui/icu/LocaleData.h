@@ -28,6 +28,13 @@ std::string icuLocaleId(std::string_view name);
 /// the world", has "XXX" (no currency; its symbol is "¤").
 std::string currencyCode(const std::string& localeId);
 
+/// The locale with another currency: the separators and the pattern stay the locale's, and the symbol is the one with
+/// which its users write that currency. An empty code changes nothing. Raises 5 for a code that is not three letters.
+std::string withCurrency(const std::string& localeId, std::string_view code);
+
+/// How many decimals amounts of a currency usually have: 2 for EUR, 0 for JPY, 3 for KWD.
+int currencyDigits(const std::string& code);
+
 NumberPattern numberPattern(const std::string& localeId);
 
 struct MoneyPattern {

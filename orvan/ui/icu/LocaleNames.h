@@ -14,6 +14,7 @@ namespace orvan::icu {
 struct LocaleNames {
     std::string monetary;
     std::string numeric;
+    std::string currency = {}; ///< ISO 4217 code of the currency that money is written in; empty: the locale's own.
 };
 
 /// Returns the value of an environment variable, or null if it is not set: std::getenv, or a replacement in a test.

@@ -1,0 +1,68 @@
+#include "PdfCommand.h"
+
+#include "QuoteLocale.h"
+#include "WatchedProducts.h"
+#include "printing/QuotePdf.h"
+
+#include "orvan/base/RuntimeError.h"
+#include "orvan/hosting/Host.h"
+#include "orvan/ui/qt/QtSettingsStore.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace orvan::desk {
+
+namespace {
+
+/// The user's choices; what is usual where the settings cannot be read, which is told.
+PrintOptions chosenOptions(QStringList& notices)
+{
+    try {
+        qt::QtSettingsStore settings(qt::QtSettingsStore::defaultPath());
+        return readPrintOptions(settings, notices);
+    } catch (const RuntimeError& error) {
+        notices << QString::fromUtf8(error.what());
+        PrintOptions options;
+        options.page = usualPage();
+        return options;
+    }
+}
+
+} // namespace
+
+void needNoDisplayForPdf(int argc, char** argv)
+{
+    const std::string option = "-" + kPdfOption.toStdString();
+    const bool asked = std::any_of(argv, argv + argc, [&](std::string_view word) {
+        word.remove_prefix(word.starts_with("--") ? 1 : 0); // Qt takes one dash or two
+        return word == option || word.starts_with(option + "=");
+    });
+    if (asked && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+}
+
+QStringList convertToPdf(const QString& quoteFile, const QString& pdfFile)
+{
+    QStringList notices;
+    Quote quote = readQuote(quoteFile, checkProducts).quote;
+    icu::LocaleNames locale = icu::localeNamesFromEnvironment();
+    if (quote.currency.isEmpty()) {
+        quote.currency = userCurrency(locale);
+        notices << noCurrencyNotice(quote.currency);
+    }
+    locale.currency = quote.currency.toStdString();
+    const PrintOptions options = chosenOptions(notices);
+    const PrintedQuote printed = makePrintedQuote(quote, options, *makeLocaleService(locale), QLocale());
+    notices << printed.problems;
+    const QString warning = writePdf(pdfFile, printed, options.page);
+    return warning.isEmpty() ? notices : notices << warning;
+}
+
+QString sampleFile(const QString& name)
+{
+    return QStringLiteral(":/samples/%1.quote.json").arg(name);
+}
+
+} // namespace orvan::desk

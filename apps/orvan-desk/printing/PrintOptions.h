@@ -1,0 +1,44 @@
+// PrintOptions: what the user has chosen for printed quotes, and where it is kept.
+//
+// Thread: the user-interface thread. Errors: RuntimeError 75 where the settings cannot be read or written.
+#pragma once
+
+#include "orvan/base/Currency.h"
+#include "orvan/ui/SettingsStore.h"
+
+#include <QPageLayout>
+#include <QString>
+#include <QStringList>
+
+#include <set>
+
+namespace orvan::desk {
+
+/// What a line shows, in the order on paper. The name cannot be left out, and the note stands below it.
+enum class PrintColumn { position, partNumber, name, note, quantity, unitPrice, discount, extendedPrice };
+inline constexpr PrintColumn kPrintColumns[] = {
+    PrintColumn::position, PrintColumn::partNumber, PrintColumn::name,     PrintColumn::note,
+    PrintColumn::quantity, PrintColumn::unitPrice,  PrintColumn::discount, PrintColumn::extendedPrice};
+
+struct PrintOptions {
+    QString sellerName = {};
+    QString sellerAddress = {}; ///< May have several lines, as the closing text.
+    QString logoFile = {};      ///< A picture; empty for none.
+    QString closingText = {};
+    std::set<PrintColumn> leftOut = {};
+    bool showTax = false;
+    Currency taxRate = {}; ///< Percent: 19 means 19 %.
+    QPageLayout page = {};
+};
+
+/// A tax rate is 0 to 100 percent.
+[[nodiscard]] bool isTaxRate(Currency rate);
+
+/// The paper that users of this machine's locale have, with margins of 15 mm.
+[[nodiscard]] QPageLayout usualPage();
+
+/// What is kept but cannot be used is replaced by what is usual, and told in `problems`.
+[[nodiscard]] PrintOptions readPrintOptions(ui::SettingsStore& settings, QStringList& problems);
+void writePrintOptions(ui::SettingsStore& settings, const PrintOptions& options);
+
+} // namespace orvan::desk
