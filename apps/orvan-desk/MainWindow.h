@@ -21,6 +21,9 @@ class ProductViewWidget;
 
 namespace orvan::desk {
 
+class RecentFiles;
+class StatusLine;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -29,7 +32,7 @@ public:
 
     /// Shows a file's quote, after asking about unsaved changes. A file that cannot be read gives a
     /// message and leaves the open quote alone; false then and when the user cancels.
-    bool open(const QString& path);
+    bool open(const QString& chosen);
     /// Shows a quote that comes with the desk, as a new one without a file.
     bool openSample(const QString& name);
 
@@ -75,12 +78,15 @@ private:
     /// True when nothing would be lost, or the user agreed to lose it.
     bool mayDiscard();
     void updateTitle();
+    void noteRecent(const QString& path);
     void tell(const QString& what, const QString& why, const QString& details = {});
 
     QLineEdit* customer_ = nullptr;
     QLineEdit* number_ = nullptr;
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
+    RecentFiles* recent_ = nullptr;
+    StatusLine* status_ = nullptr;
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_; ///< Runs from a change to the copy of it.

@@ -52,6 +52,29 @@ std::string watchedProducts()
     return manager ? manager->GetProductsString(kRecordSeparator, kFieldSeparator) : std::string();
 }
 
+ProductCounts countWatchedProducts()
+{
+    ProductCounts counts;
+    const auto manager = newest.lock();
+    counts.products = manager ? manager->GetProductCount() : 0;
+    const auto add = [](ProductsWithout& to, std::int32_t position) {
+        ++to.count;
+        if (to.first.size() < ProductsWithout::kMostPositions) {
+            to.first.push_back(position);
+        }
+    };
+    for (std::int32_t at = 1; at <= counts.products; ++at) {
+        const auto product = manager->GetProduct(at);
+        if (product->UnitPrice() == Currency()) {
+            add(counts.price, at);
+        }
+        if (product->Name().find_first_not_of(" \t\r\n") == std::string::npos) {
+            add(counts.name, at);
+        }
+    }
+    return counts;
+}
+
 void checkProducts(const std::string& products)
 {
     const auto manager = makeManager();

@@ -5,7 +5,9 @@
 // view's, is remembered. Thread: the user-interface thread.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace orvan::desk {
 
@@ -14,6 +16,23 @@ void watchProducts();
 
 /// The products string of the list view's manager; "" while there is none. Raises what the manager raises.
 [[nodiscard]] std::string watchedProducts();
+
+/// Products that lack something: how many, and the positions of the first ones, counted from 1.
+struct ProductsWithout {
+    static constexpr std::size_t kMostPositions = 5;
+
+    std::int32_t count = 0;
+    std::vector<std::int32_t> first;
+};
+
+struct ProductCounts {
+    std::int32_t products = 0;
+    ProductsWithout price; ///< Their unit price is 0.
+    ProductsWithout name;  ///< Their name is empty or has only spaces.
+};
+
+/// Counts the products of the list view, also of a list that is too large for a products string. Reads every product.
+[[nodiscard]] ProductCounts countWatchedProducts();
 
 /// Raises where a product manager cannot read a list, or could not give it back: such a list must not reach the list
 /// view, because showing it would lose the list that is shown.
