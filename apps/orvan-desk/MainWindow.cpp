@@ -60,6 +60,8 @@ QString dateFormat()
 }
 
 constexpr int kFieldHeight = 28; // pixels
+/// Pixels. In a smaller window the list view's buttons would cover its total.
+constexpr QSize kLeastSize(440, 320);
 
 QLabel* labelFor(QWidget* field, const QString& text)
 {
@@ -110,6 +112,7 @@ MainWindow::MainWindow()
     column->addWidget(products_, 1);
     setCentralWidget(centre);
     resize(780, 560);
+    setMinimumSize(kLeastSize);
     Theme theme = Theme::system;
     withSettings([&theme](ui::SettingsStore& settings) {
         theme = themeNamed(QString::fromStdString(settings.get(ui::kSettingsApplication, kSettingsSection, kThemeKey)));

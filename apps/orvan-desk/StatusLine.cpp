@@ -19,10 +19,10 @@ namespace orvan::desk {
 
 namespace {
 
-constexpr int kBeforeCounting = 400;       // milliseconds
-constexpr int kMessageTime = 8000;         // milliseconds
-constexpr int kAround = 40;                // pixels: the margins of the bar, and the grip in its corner
-constexpr int kNarrowestInCharacters = 12; // of a line that is worth showing
+constexpr int kBeforeCounting = 400;  // milliseconds
+constexpr int kMessageTime = 8000;    // milliseconds
+constexpr int kAround = 40;           // pixels: the margins of the bar, and the grip in its corner
+constexpr int kFewestCharacters = 12; // of a part that is worth showing
 constexpr qint64 kMostDays = 60;
 const QString kSeparator = QStringLiteral("   ·   ");
 
@@ -33,7 +33,7 @@ QStringList lacking(const ProductCounts& counts, bool withPositions)
     const auto add = [&](const ProductsWithout& products, const QString& text) {
         QStringList positions;
         for (const std::int32_t position : products.first) {
-            positions << QLocale().toString(position);
+            positions << u'#' + QLocale().toString(position); // as the list's first column shows it
         }
         if (products.count > positions.size()) {
             positions << QStringLiteral("…");
@@ -110,7 +110,8 @@ void StatusLine::notice(bool unsaved)
 void StatusLine::tellSaved()
 {
     lookAgain();
-    bar_.showMessage(savedText(counts_), kMessageTime);
+    // The marks keep the words in order where the window runs from right to left and the text does not.
+    bar_.showMessage(u'\u2068' + savedText(counts_) + u'\u2069', kMessageTime);
 }
 
 void StatusLine::lookAgain()
@@ -121,15 +122,15 @@ void StatusLine::lookAgain()
     } catch (...) {
         return; // a manager of a component library failed; the numbers before it stay
     }
-    QStringList parts{counts_.products == 1 ? tr("1 product") : tr("%Ln products", nullptr, counts_.products)};
-    parts += lacking(counts_, false);
+    parts_ = {counts_.products == 1 ? tr("1 product") : tr("%Ln products", nullptr, counts_.products)};
+    parts_ += lacking(counts_, false);
     if (unsavedSince_) {
-        parts << tr("Unsaved since %1").arg(timeText(*unsavedSince_));
+        parts_ << tr("Unsaved since %1").arg(timeText(*unsavedSince_));
     }
     if (!catalogue_.isEmpty()) {
-        parts << presentCatalogue();
+        parts_ << presentCatalogue();
     }
-    text_ = parts.join(kSeparator);
+    setToolTip(qt::toolTipText(parts_.join(kSeparator)));
     fit();
 }
 
@@ -155,12 +156,20 @@ bool StatusLine::eventFilter(QObject* watched, QEvent* event)
 
 void StatusLine::fit()
 {
+    const auto width = [this](const QString& text) { return fontMetrics().horizontalAdvance(text); };
     const QString message = bar_.currentMessage();
-    const int space =
-        bar_.width() - kAround - (message.isEmpty() ? 0 : fontMetrics().horizontalAdvance(message) + kAround);
-    const bool shows = space > kNarrowestInCharacters * fontMetrics().averageCharWidth();
-    setText(shows ? fontMetrics().elidedText(text_, Qt::ElideRight, space) : QString());
-    setToolTip(qt::toolTipText(text_));
+    const int space = bar_.width() - kAround - (message.isEmpty() ? 0 : width(message) + kAround);
+    QString shown;
+    for (const QString& part : parts_) {
+        const QString before = shown.isEmpty() ? QString() : shown + kSeparator;
+        if (width(before + part) > space) {
+            const bool worthShowing = space - width(before) > kFewestCharacters * fontMetrics().averageCharWidth();
+            shown = worthShowing ? fontMetrics().elidedText(before + part, Qt::ElideRight, space) : shown;
+            break;
+        }
+        shown = before + part;
+    }
+    setText(shown);
 }
 
 } // namespace orvan::desk

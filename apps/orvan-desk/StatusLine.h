@@ -26,7 +26,7 @@ namespace orvan::desk {
 /// "“prices.csv”: 312 entries, imported 3 days ago"
 [[nodiscard]] QString catalogueText(const QString& file, const QDateTime& now);
 
-/// What a user who has saved should know: "Saved. 2 without price (3, 7)."
+/// What a user who has saved should know: "Saved. 2 without price (#3, #7)."
 [[nodiscard]] QString savedText(const ProductCounts& counts);
 
 class StatusLine : public QLabel {
@@ -59,7 +59,7 @@ private:
     QString catalogue_;
     QString catalogueText_;
     std::tuple<QDateTime, qint64, QDate> catalogueKey_; ///< Of the catalogue that the text is about.
-    QString text_;                                      ///< All of it, as the tool tip shows it.
+    QStringList parts_;                                 ///< The most important one first.
 };
 
 } // namespace orvan::desk

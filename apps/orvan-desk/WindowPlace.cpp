@@ -116,7 +116,12 @@ WindowPlace placeOnScreens(const std::vector<WindowPlace>& kept, const std::vect
 WindowPlaceKeeper::WindowPlaceKeeper(QWidget& window) : window_(window)
 {
     if (const std::vector<ScreenArea> screens = connectedScreens(); !screens.empty()) {
-        const WindowPlace place = placeOnScreens(keptPlaces(), screens, window.size());
+        std::vector<WindowPlace> kept = keptPlaces();
+        for (WindowPlace& each : kept) {
+            each.place.setSize(each.place.size().expandedTo(window.minimumSize()));
+        }
+        const WindowPlace place = placeOnScreens(kept, screens, window.size());
+        window.setMinimumSize(window.minimumSize().boundedTo(place.place.size())); // the screen may be smaller
         window.resize(place.place.size());
         window.move(place.place.topLeft());
         if (place.maximized) {
