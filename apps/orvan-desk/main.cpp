@@ -193,7 +193,8 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvan-desk"));
-    QApplication::setDesktopFileName(QStringLiteral("orvan-desk")); // tells the desktop which icon belongs to the window
+    QApplication::setDesktopFileName(
+        QStringLiteral("orvan-desk")); // tells the desktop which icon belongs to the window
     QApplication::setWindowIcon(windowIcon());
     QApplication::setApplicationVersion(QString::fromStdString(std::string(orvan::libraryVersion())));
     CommandLine line;
