@@ -152,6 +152,12 @@ TEST_F(DeskShellTest, TheDeskListsWhatItOpensAndSaves)
 
     ASSERT_TRUE(window.open(QDir::current().relativeFilePath(own)));
     asked.clear();
+    QTimer::singleShot(0, &window, [this] {
+        if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            asked = box->text().toStdString();
+            box->reject();
+        }
+    });
     choose(menu, 0); // another path to the open quote; it is not "open elsewhere"
     EXPECT_EQ(asked, "");
     EXPECT_EQ(window.windowTitle().toStdString(), "own.quote.json[*] – Orvan Desk");
