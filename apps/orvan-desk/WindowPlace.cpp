@@ -7,7 +7,6 @@
 #include <QJsonObject>
 #include <QScreen>
 #include <QWidget>
-#include <QWindow>
 
 #include <algorithm>
 
@@ -124,6 +123,7 @@ WindowPlaceKeeper::WindowPlaceKeeper(QWidget& window) : window_(window)
         window.setMinimumSize(window.minimumSize().boundedTo(place.place.size())); // the screen may be smaller
         window.resize(place.place.size());
         window.move(place.place.topLeft());
+        normal_ = place.place;
         if (place.maximized) {
             window.setWindowState(window.windowState() | Qt::WindowMaximized);
         }
@@ -154,20 +154,21 @@ bool WindowPlaceKeeper::eventFilter(QObject* watched, QEvent* event)
 void WindowPlaceKeeper::keep()
 {
     timer_.stop();
-    if (window_.isMinimized() || window_.isFullScreen() || !window_.windowHandle()) {
+    if (window_.isMinimized() || window_.isFullScreen()) {
         return;
     }
     const ScreenArea screen = areaOf(*window_.screen());
-    const QMargins frame = window_.windowHandle()->frameMargins();
-    QRect place = window_.normalGeometry();
-    place.moveTopLeft(place.topLeft() - QPoint(frame.left(), frame.top()) - screen.whole.topLeft());
+    if (!window_.isMaximized()) { // the normal geometry that Qt gives does not tell whether it counts from the frame
+        normal_ = {window_.pos(), window_.size()};
+    }
     std::vector<WindowPlace> places = keptPlaces();
     places.erase(
         std::remove_if(places.begin(), places.end(), [&](const WindowPlace& each) { return isKeptFor(each, screen); }),
         places.end());
-    places.insert(
-        places.begin(),
-        {.screen = screen.name, .screenSize = screen.whole.size(), .place = place, .maximized = window_.isMaximized()});
+    places.insert(places.begin(), {.screen = screen.name,
+                                   .screenSize = screen.whole.size(),
+                                   .place = normal_.translated(-screen.whole.topLeft()),
+                                   .maximized = window_.isMaximized()});
     places.resize(std::min(places.size(), kMostScreens));
     keepPlaces(places);
 }

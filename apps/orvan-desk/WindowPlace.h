@@ -50,6 +50,7 @@ private:
     void keep();
 
     QWidget& window_;
+    QRect normal_; ///< Corner of the frame and size of the window, when it was not maximized.
     QTimer timer_; ///< Runs from a move to its keeping, so that dragging a window does not write at each step.
 };
 
