@@ -2,6 +2,7 @@
 
 #include "OutsideText.h"
 #include "PlainBox.h"
+#include "RecentFiles.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
@@ -211,8 +212,10 @@ bool CatalogueMenu::importSample()
 
 void CatalogueMenu::chooseAndImport()
 {
-    const QString source = QFileDialog::getOpenFileName(window_, tr("Import Price List"), {}, kFilter);
+    const QString source =
+        QFileDialog::getOpenFileName(window_, tr("Import Price List"), lastFolder(kPriceListFolder), kFilter);
     if (!source.isEmpty()) {
+        keepFolderOf(source, kPriceListFolder);
         importFrom(source);
     }
 }

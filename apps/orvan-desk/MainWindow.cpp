@@ -1,9 +1,12 @@
 #include "MainWindow.h"
 
 #include "CatalogueMenu.h"
+#include "DeskSettings.h"
 #include "OutsideText.h"
 #include "PlainBox.h"
 #include "QuoteLocale.h"
+#include "RecentFiles.h"
+#include "StatusLine.h"
 #include "WatchedProducts.h"
 #include "printing/PrintActions.h"
 
@@ -38,7 +41,6 @@ namespace orvan::desk {
 namespace {
 
 const QString kFormName = QStringLiteral("OrvanDeskQuote");
-constexpr std::string_view kSection = "Desk";
 constexpr std::string_view kThemeKey = "Theme";
 
 /// The list view's columns at the desk's first start: quantity and extended price, with widths that suit this window.
@@ -58,17 +60,8 @@ QString dateFormat()
 }
 
 constexpr int kFieldHeight = 28; // pixels
-
-/// Where settings cannot be read or written, the desk logs a warning and goes on without them.
-template <class Use>
-void withSettings(Use&& use)
-{
-    try {
-        use(qtHost().platform().settings());
-    } catch (const RuntimeError& error) {
-        qWarning("%s", error.what());
-    }
-}
+/// Pixels. In a smaller window the list view's buttons would cover its total.
+constexpr QSize kLeastSize(440, 320);
 
 QLabel* labelFor(QWidget* field, const QString& text)
 {
@@ -111,6 +104,7 @@ MainWindow::MainWindow()
         seedProductViewPrefs(settings, kFormName.toStdString(), kFirstPreferences);
     });
     makeMenus();
+    status_ = new StatusLine(*statusBar());
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
     column->setContentsMargins(16, 12, 16, 16);
@@ -121,9 +115,10 @@ MainWindow::MainWindow()
     column->addWidget(products_, 1);
     setCentralWidget(centre);
     resize(780, 560);
+    setMinimumSize(kLeastSize);
     Theme theme = Theme::system;
     withSettings([&theme](ui::SettingsStore& settings) {
-        theme = themeNamed(QString::fromStdString(settings.get(ui::kSettingsApplication, kSection, kThemeKey)));
+        theme = themeNamed(QString::fromStdString(settings.get(ui::kSettingsApplication, kSettingsSection, kThemeKey)));
     });
     useTheme(theme);
     recoveryTimer_.setSingleShot(true);
@@ -204,6 +199,8 @@ void MainWindow::makeMenus()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(addFileAction(tr("&New"), QKeySequence::New, &MainWindow::newQuote));
     file->addAction(addFileAction(tr("&Open…"), QKeySequence::Open, &MainWindow::chooseAndOpen));
+    recent_ = new RecentFiles(this, [this](const QString& path) { open(path); });
+    file->addMenu(recent_);
     QMenu* samples = file->addMenu(tr("Open Sa&mple"));
     for (const QFileInfo& sample : QDir(QStringLiteral(":/samples")).entryInfoList()) {
         const QString name = sample.baseName();
@@ -232,7 +229,7 @@ void MainWindow::makeMenus()
         QAction* action = colours->addAction(caption, this, [this, theme = theme] {
             useTheme(theme);
             withSettings([theme](ui::SettingsStore& settings) {
-                settings.set(ui::kSettingsApplication, kSection, kThemeKey, themeName(theme).toStdString());
+                settings.set(ui::kSettingsApplication, kSettingsSection, kThemeKey, themeName(theme).toStdString());
             });
         });
         action->setCheckable(true);
@@ -291,9 +288,13 @@ void MainWindow::useCatalogue(const QString& file, bool sampleIfNone)
             tell(what, why, details);
         });
     menuBar()->addMenu(menu);
-    if (sampleIfNone) {
-        QTimer::singleShot(0, menu, &CatalogueMenu::importSampleIfNone);
-    }
+    status_->setCatalogue(file);
+    QTimer::singleShot(0, menu, [this, menu, sampleIfNone] {
+        if (sampleIfNone) {
+            menu->importSampleIfNone();
+        }
+        status_->lookAgain();
+    });
 }
 
 Quote MainWindow::currentQuote() const
@@ -311,6 +312,7 @@ void MainWindow::showQuote(const Quote& quote)
     currency_ = showCurrency(quote.currency);
     products_->Show(quote.products);
     listChanged_ = false;
+    status_->startAnew();
     customer_->setText(quote.customer);
     number_->setText(quote.number);
     date_->setDate(quote.date);
@@ -347,6 +349,7 @@ void MainWindow::updateTitle()
                                                       : tr("New quote");
     setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(name)));
     setWindowModified(isUnsaved());
+    status_->notice(isWindowModified());
 }
 
 void MainWindow::tell(const QString& what, const QString& why, const QString& details)

@@ -22,6 +22,9 @@ class ProductViewWidget;
 
 namespace orvan::desk {
 
+class RecentFiles;
+class StatusLine;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -30,7 +33,7 @@ public:
 
     /// Shows a file's quote, after asking about unsaved changes. A file that cannot be read gives a
     /// message and leaves the open quote alone; false then and when the user cancels.
-    bool open(const QString& path);
+    bool open(const QString& chosen);
     /// Shows a quote that comes with the desk, as a new one without a file.
     bool openSample(const QString& name);
 
@@ -79,6 +82,7 @@ private:
     /// True when nothing would be lost, or the user agreed to lose it.
     bool mayDiscard();
     void updateTitle();
+    void noteRecent(const QString& path);
     void tell(const QString& what, const QString& why, const QString& details = {});
 
     QLineEdit* customer_ = nullptr;
@@ -87,6 +91,8 @@ private:
     ProductViewWidget* products_ = nullptr;
     QuoteHistory* history_ = nullptr;
     QString currency_; ///< The ISO code of the shown quote's currency.
+    RecentFiles* recent_ = nullptr;
+    StatusLine* status_ = nullptr;
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.

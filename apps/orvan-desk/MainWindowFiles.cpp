@@ -4,6 +4,8 @@
 #include "OutsideText.h"
 #include "PlainBox.h"
 #include "QuoteLocale.h"
+#include "RecentFiles.h"
+#include "StatusLine.h"
 #include "WatchedProducts.h"
 
 #include "orvan/base/RuntimeError.h"
@@ -71,8 +73,10 @@ void MainWindow::showNew()
     showQuote(file_.saved());
 }
 
-bool MainWindow::open(const QString& path)
+bool MainWindow::open(const QString& chosen)
 {
+    // The open quote's own lock would stand in the way where another path leads to the same file.
+    const QString path = isSameFile(chosen, file_.path()) ? file_.path() : chosen;
     if (!mayDiscard()) {
         return false;
     }
@@ -108,14 +112,25 @@ bool MainWindow::openLocked(const QString& path, std::optional<files::EditLock> 
         file_.setShown(currentQuote());
         recovery_.discard();
         updateTitle();
-        if (onDisk.quote.currency.isEmpty() && !path.startsWith(u':')) {
-            statusBar()->showMessage(noCurrencyNotice(currency_));
+        if (!path.startsWith(u':')) { // no sample
+            noteRecent(path);
+            if (onDisk.quote.currency.isEmpty()) {
+                statusBar()->showMessage(noCurrencyNotice(currency_));
+            }
         }
         return true;
     } catch (const std::exception& error) {
         tell(tr("“%1” could not be opened.").arg(shortened(QDir::toNativeSeparators(path))),
              QString::fromUtf8(error.what()));
         return false;
+    }
+}
+
+/// Not where nobody is at the desk: a picture that a script has made is not what the user worked on.
+void MainWindow::noteRecent(const QString& path)
+{
+    if (!onProblem) {
+        recent_->note(path);
     }
 }
 
@@ -140,7 +155,8 @@ void MainWindow::newQuote()
 
 void MainWindow::chooseAndOpen()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Quote"), file_.path(), kFilter);
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open Quote"), file_.path().isEmpty() ? lastFolder(kQuoteFolder) : file_.path(), kFilter);
     if (!path.isEmpty()) {
         open(path);
     }
@@ -165,7 +181,7 @@ bool MainWindow::saveAs()
 {
     QString name = number_->text().isEmpty() ? tr("Quote") : shortened(number_->text());
     name.replace(u'/', u'-'); // a quote's number may contain a slash, but a file name may not
-    QFileDialog dialog(this, tr("Save Quote"), {}, kFilter);
+    QFileDialog dialog(this, tr("Save Quote"), lastFolder(kQuoteFolder), kFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("quote.json"));
     dialog.selectFile(file_.path().isEmpty() ? name + QStringLiteral(".quote.json") : file_.path());
@@ -183,6 +199,8 @@ bool MainWindow::saveTo(const QString& path)
         }
         recovery_.discard();
         updateTitle();
+        noteRecent(path);
+        status_->tellSaved();
         if (!warning.isEmpty()) {
             tell(tr("“%1” has been saved.").arg(shortened(QDir::toNativeSeparators(path))), warning);
         }

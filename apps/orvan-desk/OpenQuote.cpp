@@ -6,7 +6,6 @@
 #include "orvan/base/RuntimeError.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -23,13 +22,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("OpenQuote", text);
 }
 
-QString timeText(const QDateTime& time)
-{
-    const bool today = time.date() == QDate::currentDate();
-    return today ? QLocale().toString(time.time(), QLocale::ShortFormat)
-                 : QLocale().toString(time, QLocale::ShortFormat);
-}
-
 /// A question with two ways to go on; Cancel is the default, so that Enter loses nothing.
 int ask(QWidget* window, const QString& text, const QString& first, const QString& second)
 {
@@ -42,6 +34,13 @@ int ask(QWidget* window, const QString& text, const QString& first, const QStrin
 }
 
 } // namespace
+
+QString timeText(const QDateTime& time)
+{
+    const bool today = time.date() == QDate::currentDate();
+    return today ? QLocale().toString(time.time(), QLocale::ShortFormat)
+                 : QLocale().toString(time, QLocale::ShortFormat);
+}
 
 QString describe(const files::LockHolder& holder)
 {

@@ -9,6 +9,7 @@
 
 #include "orvan/files/EditLock.h"
 
+#include <QDateTime>
 #include <QString>
 
 class QWidget;
@@ -49,6 +50,9 @@ enum class OpeningChoice { open, openAnyway, openToRead, cancel };
 
 /// Asks how a quote is to be opened that another desk has open.
 [[nodiscard]] OpeningChoice askAboutHolder(const QString& path, const files::LockHolder& holder, QWidget* window);
+
+/// The time of day; with the date where it is not today's.
+[[nodiscard]] QString timeText(const QDateTime& time);
 
 /// "anna on pc7 since 10:42"
 [[nodiscard]] QString describe(const files::LockHolder& holder);

@@ -1,5 +1,6 @@
 #include "WatchedProducts.h"
 
+#include "apps/orvan-desk/undo/ProductsJournal.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/core/ProductMgr.h"
@@ -66,6 +67,29 @@ void applyToWatched(const ListChange& change, bool backwards)
     if (const auto manager = newest.lock()) {
         manager->apply(change, backwards);
     }
+}
+
+ProductCounts countWatchedProducts()
+{
+    ProductCounts counts;
+    const auto manager = newest.lock();
+    counts.products = manager ? manager->GetProductCount() : 0;
+    const auto add = [](ProductsWithout& to, std::int32_t position) {
+        ++to.count;
+        if (to.first.size() < ProductsWithout::kMostPositions) {
+            to.first.push_back(position);
+        }
+    };
+    for (std::int32_t at = 1; at <= counts.products; ++at) {
+        const auto product = manager->GetProduct(at);
+        if (product->UnitPrice() == Currency()) {
+            add(counts.price, at);
+        }
+        if (product->Name().find_first_not_of(" \t\r\n") == std::string::npos) {
+            add(counts.name, at);
+        }
+    }
+    return counts;
 }
 
 void checkProducts(const std::string& products)

@@ -5,12 +5,13 @@
 // products, which is the list view's, is remembered. Thread: the user-interface thread.
 #pragma once
 
-#include "apps/orvan-desk/undo/ProductsJournal.h"
-
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace orvan::desk {
+
+struct ListChange; // undo/ProductsJournal.h
 
 /// Has the host's product managers made here; to be called before there is a list view.
 void watchProducts();
@@ -22,6 +23,22 @@ void watchProducts();
 [[nodiscard]] std::vector<ListChange> takeWatchedChanges();
 /// Makes a change of the list view's list again, or takes it back. The list view has to be refreshed then.
 void applyToWatched(const ListChange& change, bool backwards);
+/// Products that lack something: how many, and the positions of the first ones, counted from 1.
+struct ProductsWithout {
+    static constexpr std::size_t kMostPositions = 5;
+
+    std::int32_t count = 0;
+    std::vector<std::int32_t> first;
+};
+
+struct ProductCounts {
+    std::int32_t products = 0;
+    ProductsWithout price; ///< Their unit price is 0.
+    ProductsWithout name;  ///< Their name is empty or has only spaces.
+};
+
+/// Counts the products of the list view, also of a list that is too large for a products string. Reads every product.
+[[nodiscard]] ProductCounts countWatchedProducts();
 
 /// Raises where a product manager cannot read a list, or could not give it back: such a list must not reach the list
 /// view, because showing it would lose the list that is shown.

@@ -7,6 +7,7 @@
 #include "PdfCommand.h"
 #include "PlacePrinter.h"
 #include "QuoteLocale.h"
+#include "WindowPlace.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -19,6 +20,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QIcon>
 #include <QTextStream>
 #include <QTimer>
 
@@ -168,6 +170,15 @@ int printToPdf(const CommandLine& line)
     return kFailed;
 }
 
+QIcon windowIcon()
+{
+    QIcon icon;
+    for (const QFileInfo& picture : QDir(QStringLiteral(":/icons")).entryInfoList()) {
+        icon.addFile(picture.filePath());
+    }
+    return icon;
+}
+
 /// Opens the window as the command line asks, and runs until the user or the system ends it.
 int run(const CommandLine& line)
 {
@@ -187,6 +198,10 @@ int run(const CommandLine& line)
         window.onProblem = complain;
     }
     window.useCatalogue(products, !ownCatalogue);
+    std::optional<orvan::desk::WindowPlaceKeeper> place;
+    if (!parser.isSet(line.render)) { // a picture has always the same size
+        place.emplace(window);
+    }
     window.show();
     const QStringList files = parser.positionalArguments();
     const bool opened = !files.isEmpty()            ? window.open(files.constFirst())
@@ -214,6 +229,9 @@ int main(int argc, char** argv)
     orvan::desk::needNoDisplayForPdf(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvan-desk"));
+    QApplication::setDesktopFileName(
+        QStringLiteral("orvan-desk")); // tells the desktop which icon belongs to the window
+    QApplication::setWindowIcon(windowIcon());
     QApplication::setApplicationVersion(QString::fromStdString(std::string(orvan::libraryVersion())));
     CommandLine line;
     if (const QString problem = line.read(application); !problem.isEmpty()) {

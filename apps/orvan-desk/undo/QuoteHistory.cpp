@@ -2,6 +2,7 @@
 
 #include "apps/orvan-desk/OutsideText.h"
 #include "apps/orvan-desk/WatchedProducts.h"
+#include "apps/orvan-desk/undo/ProductsJournal.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"

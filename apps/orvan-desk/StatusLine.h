@@ -1,0 +1,65 @@
+// StatusLine: what the desk's status bar always shows: how many products the quote has and how many of them lack a
+// price or a name, since when it is unsaved, and the catalogue with its age.
+//
+// The products are counted some time after the last change, because a long list takes time to read, and without a word
+// in the trace (WatchedProducts.h). The texts have the user's number and date formats. Where the window is too narrow,
+// the end of the line is cut; the tool tip has all of it. A message in the status bar gets the space that it needs.
+// Thread: the user-interface thread. Errors: none is raised.
+#pragma once
+
+#include "WatchedProducts.h"
+
+#include <QDateTime>
+#include <QLabel>
+#include <QTimer>
+
+#include <optional>
+#include <tuple>
+
+class QStatusBar;
+
+namespace orvan::desk {
+
+/// "12 days ago", "today"; a date for what is older than some weeks.
+[[nodiscard]] QString ageText(const QDateTime& time, const QDateTime& now);
+
+/// "“prices.csv”: 312 entries, imported 3 days ago"
+[[nodiscard]] QString catalogueText(const QString& file, const QDateTime& now);
+
+/// What a user who has saved should know: "Saved. 2 without price (#3, #7)."
+[[nodiscard]] QString savedText(const ProductCounts& counts);
+
+class StatusLine : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QStatusBar& bar);
+
+    void setCatalogue(const QString& file) { catalogue_ = file; }
+    /// To be called when another quote is shown, before its first change is noticed.
+    void startAnew() { unsavedSince_.reset(); }
+    /// To be called when the quote may have changed.
+    void notice(bool unsaved);
+    /// Says what the quote that has just been saved lacks.
+    void tellSaved();
+    /// Reads the products and the catalogue now.
+    void lookAgain();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void fit();
+    [[nodiscard]] const QString& presentCatalogue();
+
+    QStatusBar& bar_;
+    QTimer timer_; ///< Runs from the last change to the counting.
+    ProductCounts counts_;
+    std::optional<QDateTime> unsavedSince_;
+    QString catalogue_;
+    QString catalogueText_;
+    std::tuple<QDateTime, qint64, QDate> catalogueKey_; ///< Of the catalogue that the text is about.
+    QStringList parts_;                                 ///< The most important one first.
+};
+
+} // namespace orvan::desk
