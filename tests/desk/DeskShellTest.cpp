@@ -159,6 +159,7 @@ TEST_F(DeskShellTest, TheDeskListsWhatItOpensAndSaves)
         }
     });
     choose(menu, 0); // another path to the open quote; it is not "open elsewhere"
+    QApplication::processEvents();
     EXPECT_EQ(asked, "");
     EXPECT_EQ(window.windowTitle().toStdString(), "own.quote.json[*] – Orvan Desk");
 

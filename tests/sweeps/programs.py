@@ -74,10 +74,10 @@ class SettingChanged(Scenario):
 
     def state(self):
         text = (self.folder / "config/Orvan/settings.ini").read_text()
-        if not text.startswith("[Own/Section]\nKey=value\n[Orvan/Desk]\nTheme="):
-            return text
-        rest = text.split("Theme=")[1]  # the desk's first start adds the columns of its list
-        return {"light": "old", "dark": "new"}.get(rest.split("\n")[0], text)
+        # The desk also keeps its recent quotes, in the same section, and at its first start the columns of its list.
+        themes = [line.removeprefix("Theme=") for line in text.splitlines() if line.startswith("Theme=")]
+        whole = text.startswith("[Own/Section]\nKey=value\n[Orvan/Desk]\n") and len(themes) == 1
+        return {"light": "old", "dark": "new"}.get(themes[0], text) if whole else text
 
 
 class RecoveryCopyKept(Scenario):
