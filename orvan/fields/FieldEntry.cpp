@@ -294,8 +294,8 @@ void FieldEntry::PrvCalcExtPrice()
 void FieldEntry::calcExtPrice()
 {
     const auto product = session_.currentProduct();
-    // Three statements on purpose: in one expression each compiler would choose its own order of the reads, and a host's
-    // record sees the order.
+    // Three statements on purpose: in one expression each compiler would choose its own order of the reads, and a
+    // host's record sees the order.
     const Currency discount = product->DiscPrcnt();
     const Currency unitPrice = product->UnitPrice();
     const Currency qty = product->Qty();

@@ -47,8 +47,8 @@ protected:
     }
 };
 
-/// A button that Enter presses, too, while it has the focus. A repeated key is ignored, because the user may have pressed
-/// it in another window.
+/// A button that Enter presses, too, while it has the focus. A repeated key is ignored, because the user may have
+/// pressed it in another window.
 class PushButton final : public QPushButton {
 public:
     using QPushButton::QPushButton;
