@@ -38,6 +38,7 @@ void complain(const QString& problem)
 /// Writes a picture of the window. Raises 75 where it cannot be written.
 void writePicture(QWidget& window, const QString& path)
 {
+    QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // of what has only just got its text
     QBuffer picture;
     const QByteArray format = QFileInfo(path).suffix().toLatin1();
     if (!picture.open(QIODevice::WriteOnly) || !window.grab().save(&picture, format.constData())) {

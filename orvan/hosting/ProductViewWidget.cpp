@@ -156,9 +156,9 @@ bool ProductViewWidget::Dirty() const
     return site_->view().Dirty();
 }
 
-void ProductViewWidget::Refresh()
+void ProductViewWidget::refresh()
 {
-    site_->view().Refresh();
+    site_->view().refresh();
 }
 
 int ProductViewWidget::currentProduct() const

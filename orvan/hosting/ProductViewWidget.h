@@ -57,7 +57,7 @@ public:
     bool Dirty() const;
 
     /// Shows the list anew, after the host has changed it through the product manager itself.
-    void Refresh();
+    void refresh();
     /// The position of the product in the current row, from 1 on; 0 if there is none.
     int currentProduct() const;
     /// Makes the product's row the current one, as far as there is one: 0 and positions beyond the end are no errors.

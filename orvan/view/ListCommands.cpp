@@ -92,7 +92,7 @@ void ListCommands::takeEvents(ScopedHandlers& handlers)
         find_.end();
         view_.tellRowChosen();
     });
-    handlers.set(flexGrid_.onDragRows, [this](std::int32_t before) { view_.dropRows(before); });
+    handlers.set(flexGrid_.onDragRows, [this](std::int32_t before) { view_.flexGrid_DragRows(before); });
     handlers.set(flexGrid_.onLostFocus, [this] { find_.end(); });
     handlers.set(mnuRow_.onToolClick, [this](std::string_view item) { mnuRow_Click(item); });
 }
@@ -185,19 +185,19 @@ void ListCommands::moveDown()
 void ListCommands::cut()
 {
     if (hasCurrentRow()) {
-        view_.copyRows();
+        view_.copyProducts();
         view_.cmdDelete_Click(); // asks
     }
 }
 
 void ListCommands::copy()
 {
-    view_.copyRows();
+    view_.copyProducts();
 }
 
 void ListCommands::paste()
 {
-    view_.pasteRows();
+    view_.pasteFromClipboard();
 }
 
 void ListCommands::selectAll()

@@ -84,7 +84,7 @@ public:
     void setCurrentProduct(std::int32_t position);
     [[nodiscard]] const std::string& totalText() const;
     /// Reads the list anew, after the host has changed it through the product manager itself.
-    void Refresh() { PrvRefreshView(true); }
+    void refresh() { PrvRefreshView(true); }
 
     ProductViewEvents events;
 
@@ -152,14 +152,14 @@ private:
     /// Moves each selected row by one position, past a neighbour.
     void moveSelectedRows(std::int32_t offset);
     /// Moves the selected rows to the place above the row `before`.
-    void dropRows(std::int32_t before);
+    void flexGrid_DragRows(std::int32_t before);
     /// Puts the products from row `first` on into the order that `order` has their rows in.
-    void PrvMoveProducts(std::int32_t first, const std::vector<std::int32_t>& order);
+    void moveProducts(std::int32_t first, const std::vector<std::int32_t>& order);
 
     // ProductViewPaste.cpp
-    void copyRows();
-    void pasteRows();
-    void PrvPasteProducts();
+    void copyProducts();
+    void pasteFromClipboard();
+    void pasteProducts();
 
     /// The handle of the window that owns the view's message boxes; 0 (no owner) when the container raises an error.
     [[nodiscard]] std::int32_t messageOwner() const;

@@ -45,9 +45,9 @@ void requireValid(const ProductRecord& record, const std::vector<ProductValues>&
 
 } // namespace
 
-void ProductView::copyRows()
+void ProductView::copyProducts()
 {
-    handleEvent("KTVOrvanProduct.ProductView::PrvCopyProducts", [&] {
+    handleEvent("KTVOrvanProduct.ProductView::copyProducts", [&] {
         const std::vector<std::int32_t> rows = rowsToActOn();
         if (!rows.empty() && !refreshFormerRows()) {
             platform_.clipboard().setText(rowsToText(valuesInRows(rows), platform_.locale()));
@@ -55,16 +55,16 @@ void ProductView::copyRows()
     });
 }
 
-void ProductView::pasteRows()
+void ProductView::pasteFromClipboard()
 {
-    handleEvent("KTVOrvanProduct.ProductView::PrvPasteProducts", [&] {
+    handleEvent("KTVOrvanProduct.ProductView::pasteProducts", [&] {
         if (!refreshFormerRows()) {
-            PrvPasteProducts();
+            pasteProducts();
         }
     });
 }
 
-void ProductView::PrvPasteProducts()
+void ProductView::pasteProducts()
 {
     const CurrentList list(*this);
     std::vector<ProductValues> products;

@@ -157,10 +157,10 @@ void ProductView::moveSelectedRows(std::int32_t offset)
     } else {
         std::for_each(rows.rbegin(), rows.rend(), [&](auto row) { std::iter_swap(at(row), at(row + 1)); });
     }
-    PrvMoveProducts(first, order);
+    moveProducts(first, order);
 }
 
-void ProductView::dropRows(std::int32_t before)
+void ProductView::flexGrid_DragRows(std::int32_t before)
 {
     handleEvent("KTVOrvanProduct.ProductView::flexGrid_DragRows", [&] {
         const std::vector<std::int32_t> rows = flexGrid_.selection().rows();
@@ -181,12 +181,12 @@ void ProductView::dropRows(std::int32_t before)
         order.insert(order.end(), rows.begin(), rows.end());
         addOthers(before, last + 1);
         if (!std::is_sorted(order.begin(), order.end())) { // dropped where they are: nothing moves
-            PrvMoveProducts(first, order);
+            moveProducts(first, order);
         }
     });
 }
 
-void ProductView::PrvMoveProducts(std::int32_t first, const std::vector<std::int32_t>& order)
+void ProductView::moveProducts(std::int32_t first, const std::vector<std::int32_t>& order)
 {
     const CurrentList list(*this);
     const ui::RowSelection& selection = flexGrid_.selection();
@@ -199,7 +199,7 @@ void ProductView::PrvMoveProducts(std::int32_t first, const std::vector<std::int
         }
         current = order[i] == flexGrid_.currentRow() ? row : current;
     }
-    tracePropagate("KTVOrvanProduct.ProductView::PrvMoveProducts", [&] {
+    tracePropagate("KTVOrvanProduct.ProductView::moveProducts", [&] {
         arrange(*list.manager(), first, order);
         if (list.stillShown()) {
             PrvSetDirty(true);

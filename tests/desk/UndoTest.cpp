@@ -183,11 +183,8 @@ TEST_F(UndoTest, ThousandRandomCommandsAreUndoneAndDoneAgain)
                     type(editor, "txtUnitPrice", std::to_string(random() % 1000).c_str());
                 });
             }
-        } else if (command == Command::duplicate && many) {
-            continue;
-        } else if (command == Command::remove && products->currentProduct() == 0) {
-            continue; // which only tells the user to select one
-        } else {
+        } else if (!(command == Command::duplicate && many) &&
+                   !(command == Command::remove && products->currentProduct() == 0)) { // which only tells to select one
             run(command);
         }
     }

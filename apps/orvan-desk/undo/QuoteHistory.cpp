@@ -105,7 +105,7 @@ public:
 private:
     void show(int row)
     {
-        history_.products_.Refresh();
+        history_.products_.refresh();
         history_.products_.setCurrentProduct(row);
     }
 
