@@ -78,7 +78,10 @@ public:
 
 protected:
     /// Tab leaves the box, and does not go from the day to the month: the arrow keys do that.
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+    bool focusNextPrevChild(bool next) override
+    {
+        return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call): passes over QDateTimeEdit's
+    }
 
     void wheelEvent(QWheelEvent* event) override
     {
@@ -245,7 +248,7 @@ void MainWindow::makeMenus()
 
 void MainWindow::makeListMenus()
 {
-    QMenu* const edit = new QMenu(tr("&Edit"), this);
+    auto* const edit = new QMenu(tr("&Edit"), this);
     QAction* const undo = history_->stack().createUndoAction(this, tr("&Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction* const redo = history_->stack().createRedoAction(this, tr("&Redo"));
@@ -255,7 +258,7 @@ void MainWindow::makeListMenus()
     for (const Command command : {Command::cut, Command::copy, Command::paste}) {
         edit->addAction(products_->action(command));
     }
-    QMenu* const product = new QMenu(tr("&Product"), this);
+    auto* const product = new QMenu(tr("&Product"), this);
     const std::optional<Command> commands[] = {Command::edit,
                                                Command::add,
                                                Command::duplicate,

@@ -33,7 +33,6 @@ namespace {
 using test::forEachRow;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 /// One good product, one without a price, and one without both.
 const QByteArray kQuote = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
