@@ -81,6 +81,7 @@ std::vector<ProductValues> ProductView::valuesInRows(const std::vector<std::int3
 {
     const CurrentList list(*this);
     std::vector<ProductValues> products;
+    products.reserve(rows.size());
     for (const std::int32_t row : rows) {
         products.push_back(valuesOf(*required(list->GetProduct(row))));
     }
