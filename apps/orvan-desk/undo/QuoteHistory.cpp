@@ -46,15 +46,15 @@ std::int32_t placeBefore(const ListChange& change, std::int32_t position)
 bool mergeEdit(std::vector<ListChange>& changes, const ListChange& edit)
 {
     std::int32_t position = edit.position;
-    for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
-        const bool about = change->position == position && (change->kind == Kind::edit || change->kind == Kind::insert);
-        if (about) {
-            change->after = edit.after;
-            return true;
-        }
-        position = placeBefore(*change, position);
+    const auto found = std::find_if(changes.rbegin(), changes.rend(), [&position](const ListChange& change) {
+        const bool same = change.position == position && (change.kind == Kind::edit || change.kind == Kind::insert);
+        position = same ? position : placeBefore(change, position);
+        return same;
+    });
+    if (found != changes.rend()) {
+        found->after = edit.after;
     }
-    return false;
+    return found != changes.rend();
 }
 
 /// The changes of an editor's session, with all edits of a product in one.
@@ -82,9 +82,8 @@ public:
     void undo() override
     {
         history_.perform([this] {
-            for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
-                applyToWatched(*change, true);
-            }
+            std::for_each(changes_.rbegin(), changes_.rend(),
+                          [](const ListChange& change) { applyToWatched(change, true); });
             show(rowBefore_);
         });
     }
@@ -210,7 +209,7 @@ void QuoteHistory::watch(QLineEdit& field, const QString& name)
             stack_.push(new FieldStep<QString>(*this, name, std::exchange(*known, field.text()), field.text(), set));
         }
     });
-    forgetters_.push_back([&field, known] { *known = field.text(); });
+    forgetters_.emplace_back([&field, known] { *known = field.text(); });
 }
 
 void QuoteHistory::watch(QDateEdit& field, const QString& name)
@@ -225,7 +224,7 @@ void QuoteHistory::watch(QDateEdit& field, const QString& name)
             stack_.push(new FieldStep<QDate>(*this, name, std::exchange(*known, field.date()), field.date(), set));
         }
     });
-    forgetters_.push_back([&field, known] { *known = field.date(); });
+    forgetters_.emplace_back([&field, known] { *known = field.date(); });
 }
 
 void QuoteHistory::restart()
