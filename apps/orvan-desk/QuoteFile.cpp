@@ -64,8 +64,8 @@ QString currencyOf(const QJsonObject& object)
     if (!object.contains(kCurrencyName)) {
         return {};
     }
-    const QString code = textOf(object, kCurrencyName);
-    const bool capitals = std::all_of(code.begin(), code.end(), [](QChar c) { return c >= u'A' && c <= u'Z'; });
+    QString code = textOf(object, kCurrencyName);
+    const bool capitals = std::all_of(code.cbegin(), code.cend(), [](QChar c) { return c >= u'A' && c <= u'Z'; });
     if (code.size() != 3 || !capitals) {
         throw QuoteFileError(
             QStringLiteral(

@@ -61,8 +61,7 @@ std::shared_ptr<ui::LocaleService> makeQuoteLocale(const icu::LocaleNames& user)
 QString showCurrency(const QString& code)
 {
     auto* const locale = dynamic_cast<QuoteLocale*>(&qtHost().platform().locale());
-    const QString taken =
-        !code.isEmpty() ? code : userCurrency(locale ? locale->user() : icu::localeNamesFromEnvironment());
+    QString taken = !code.isEmpty() ? code : userCurrency(locale ? locale->user() : icu::localeNamesFromEnvironment());
     if (locale) {
         locale->setCurrency(taken.toStdString());
     }

@@ -23,7 +23,7 @@ constexpr qsizetype kMostOfAFolder = 40; // characters
 QStringList keptFiles()
 {
     QStringList files;
-    for (const QJsonValue& file : keptList(kRecentKey)) {
+    for (const auto& file : keptList(kRecentKey)) {
         if (file.isString() && QDir::isAbsolutePath(file.toString()) && files.size() < kMostFiles) {
             files << file.toString();
         }

@@ -43,7 +43,7 @@ QJsonArray numbers(const QRect& rect)
 std::vector<WindowPlace> keptPlaces()
 {
     std::vector<WindowPlace> places;
-    for (const QJsonValue& value : keptList(kPlacesKey)) {
+    for (const auto& value : keptList(kPlacesKey)) {
         const QJsonObject object = value.toObject();
         const QJsonArray size = object[QStringLiteral("size")].toArray(),
                          place = object[QStringLiteral("place")].toArray();

@@ -142,8 +142,9 @@ void ProductView::PrvDeleteProduct()
         if (!userAgreesToDelete(rows.size()) || !list.stillShown()) {
             return;
         }
-        for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-            list->DeleteProduct(*row);
+        std::reverse(rows.begin(), rows.end());
+        for (const std::int32_t row : rows) {
+            list->DeleteProduct(row);
             if (!list.stillShown()) {
                 return;
             }
@@ -151,7 +152,7 @@ void ProductView::PrvDeleteProduct()
         }
         PrvRefreshView(true);
         if (rows.size() > 1 && list.stillShown()) {
-            flexGrid_.setCurrentRow(std::min(rows.front(), flexGrid_.rowCount() - 1));
+            flexGrid_.setCurrentRow(std::min(rows.back(), flexGrid_.rowCount() - 1)); // the first of them
         }
     });
 }

@@ -50,7 +50,7 @@ const Quote kQuote{.customer = QStringLiteral("A\r\nB\x07"),
                    .products = "2~Screw:K:S-1:0.0125:1000:0:12.5:one\ntwo~Lamp::L-7:1234.5:1.5:10:1666.575:~",
                    .currency = QStringLiteral("USD")};
 
-PrintedQuote printed(const PrintOptions& options, const char* locale, Quote quote = kQuote)
+PrintedQuote printed(const PrintOptions& options, const char* locale, const Quote& quote = kQuote)
 {
     icu::LocaleNames names{.monetary = locale, .numeric = locale, .currency = quote.currency.toStdString()};
     return makePrintedQuote(quote, options, *makeLocaleService(names), QLocale(QLatin1String(locale)));
