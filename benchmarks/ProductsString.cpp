@@ -78,10 +78,10 @@ QString writeWithQt(const std::vector<QtProduct>& products)
     return records.join(u'~');
 }
 
-std::vector<ProductFields> read(const std::string& text)
+std::vector<ProductValues> read(const std::string& text)
 {
     ProductsReader reader(text, productsSeparators(kRecordSeparator, kFieldSeparator));
-    std::vector<ProductFields> products;
+    std::vector<ProductValues> products;
     products.reserve(reader.expected());
     while (reader.more()) {
         reader.next(products.emplace_back());
@@ -127,7 +127,7 @@ Sides readingBesideCopy(const Sample& sample)
 Sides readingBesideQt(const Sample& sample)
 {
     const QString text = QString::fromStdString(sample.text());
-    const std::vector<ProductFields> ours = read(sample.text());
+    const std::vector<ProductValues> ours = read(sample.text());
     const std::vector<QtProduct> peers = readWithQt(text);
     requireSame(ours.size(), peers.size(), "count");
     for (std::size_t i = 0; i < ours.size(); ++i) {

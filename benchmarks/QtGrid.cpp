@@ -56,7 +56,7 @@ std::vector<QtProduct> qtProducts(std::size_t count)
 {
     std::vector<QtProduct> products;
     products.reserve(count);
-    for (const ProductFields& fields : sampleProducts(count)) {
+    for (const ProductValues& fields : sampleProducts(count)) {
         // The extended price is rounded to two decimals.
         products.push_back({QString::fromStdString(fields.name), QString::fromStdString(fields.key),
                             QString::fromStdString(fields.partNum), QString::fromStdString(fields.note),

@@ -37,13 +37,13 @@ std::string withEscapes(std::string text)
 
 } // namespace
 
-std::vector<ProductFields> sampleProducts(std::size_t count, Escapes escapes)
+std::vector<ProductValues> sampleProducts(std::size_t count, Escapes escapes)
 {
-    std::vector<ProductFields> products;
+    std::vector<ProductValues> products;
     products.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         const auto number = static_cast<std::int64_t>(i);
-        ProductFields fields;
+        ProductValues fields;
         fields.name = std::string(kThings[i % std::size(kThings)]).append(" ");
         fields.name.append(kMaterials[i % std::size(kMaterials)]).append(" M").append(std::to_string(3 + i % 20));
         fields.key = std::to_string(100'000 + i);
@@ -66,11 +66,11 @@ std::vector<ProductFields> sampleProducts(std::size_t count, Escapes escapes)
     return products;
 }
 
-std::string productsString(const std::vector<ProductFields>& products)
+std::string productsString(const std::vector<ProductValues>& products)
 {
     const ProductsSeparators separators = productsSeparators(kRecordSeparator, kFieldSeparator);
     std::string text = productsStringHead(products.size(), separators);
-    for (const ProductFields& fields : products) {
+    for (const ProductValues& fields : products) {
         appendProduct(text, fields, separators);
     }
     return text;

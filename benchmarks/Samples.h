@@ -16,8 +16,8 @@ namespace orvan::bench {
 enum class Escapes { none, everywhere };
 
 /// Products as in the quote of a hardware store: names of 20 to 40 characters; every third product has a note.
-std::vector<ProductFields> sampleProducts(std::size_t count, Escapes escapes = Escapes::none);
-std::string productsString(const std::vector<ProductFields>& products);
+std::vector<ProductValues> sampleProducts(std::size_t count, Escapes escapes = Escapes::none);
+std::string productsString(const std::vector<ProductValues>& products);
 
 /// The options of every host in the benchmarks: the formats of the United States, a raised size limit, no catalogue.
 HostOptions hostOptions();

@@ -3,7 +3,8 @@
 //
 // The products are counted some time after the last change, because a long list takes time to read, and without a word
 // in the trace (WatchedProducts.h). The texts have the user's number and date formats. Where the window is too narrow,
-// the end of the line is cut; the tool tip has all of it. A message in the status bar gets the space that it needs.
+// the line is cut at its end, and the tool tip shows the whole line. A message in the status bar gets the space that it
+// needs.
 // Thread: the user-interface thread. Errors: none is raised.
 #pragma once
 

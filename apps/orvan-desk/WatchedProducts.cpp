@@ -35,7 +35,7 @@ std::vector<std::string> recordsOf(const std::string& products)
     const ProductsSeparators separators;
     std::vector<std::string> records;
     ProductsReader reader(products, separators);
-    ProductFields fields;
+    ProductValues fields;
     while (reader.more()) {
         reader.next(fields);
         appendProduct(records.emplace_back(), fields, separators);

@@ -1,7 +1,7 @@
 // Command: what a user can tell a list view to do.
 //
-// A command does what its key, its menu entry and, where it has one, its button do: all run the same handler. The names
-// and keys stand in one table, from which menus and lists of keys are made. Keys are written as toolkits and manuals
+// A command's key, its menu entry and its button, if it has one, all run the same handler. The names and keys stand in
+// one table, from which menus and lists of keys are made. Keys are written as toolkits and manuals
 // write them ("Ctrl+D", "Alt+Up", "Return", "Del"). Texts are UTF-8. Thread: any.
 #pragma once
 

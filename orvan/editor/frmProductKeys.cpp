@@ -1,5 +1,5 @@
-// The editor's keys: each does what the menu entry does that shows it. The entries and their keys stand in the form's
-// design.
+// The editor's keys. A key that a menu entry shows runs the same procedure as that entry. The form's design holds the
+// entries and their keys.
 
 #include "orvan/core/ProductValues.h"
 #include "orvan/editor/frmProduct.h"

@@ -1,7 +1,7 @@
-// Clipboard: text that one program hands to another.
+// Clipboard: holds the text that the user has copied, until it is pasted.
 //
-// This one keeps the text in memory; a platform with a toolkit has one that is the system's. Texts are UTF-8.
-// Ownership: the platform. Thread: the user-interface thread.
+// This class keeps the text in memory. A platform with a toolkit has its own, which uses the clipboard of the system.
+// Texts are UTF-8. Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
 #include <string>

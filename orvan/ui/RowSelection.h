@@ -1,6 +1,7 @@
 // RowSelection: which rows of a grid the user has selected.
 //
-// It is kept as ranges, so that selecting a whole long list costs nothing. Rows count as the grid's do. Thread: any.
+// The selection is kept as ranges, so that selecting the whole of a long list is cheap. Rows count as in Grid. Thread:
+// any.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,9 @@
 // ListFind: finds a row of the list view by what the user types in it.
 //
-// A row is found whose name begins with the text. If there is none, one whose part number begins with it, and then one
-// whose name contains it. Upper and lower case are the same. The search begins at the current row and goes on from the
-// top at the end of the list. It reads what the grid shows, so it calls no manager and leaves no trace.
+// The search finds a row whose name begins with the text. If there is none, it finds a row whose part number begins
+// with the text, and then one whose name contains it. Upper and lower case count as the same. The search begins at the
+// current row; at the end of the list it goes on from the top. It reads what the grid shows, so it calls no manager and
+// leaves no trace.
 //
 // Ownership: ListCommands; the grid and the locale service outlive it. Thread: the user-interface thread.
 #pragma once

@@ -374,7 +374,7 @@ TEST_F(DeskShellTest, AListThatIsTooLargeForAStringIsCounted)
 {
     MainWindow window;
     std::string products = productsStringHead(2'000, {});
-    ProductFields product;
+    ProductValues product;
     product.note = std::string(600, 'n');
     for (int at = 0; at < 2'000; ++at) {
         product.name = at % 2 == 0 ? "Product of the catalogue" : "";

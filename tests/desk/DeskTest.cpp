@@ -155,7 +155,7 @@ TEST_F(DeskTest, EverySampleOpensAndSellsWhatIsInTheCatalogue)
         EXPECT_FALSE(window.isWindowModified()) << sample.baseName().toStdString();
 
         const std::string products = window.findChild<ProductViewWidget*>()->Products();
-        ProductFields product;
+        ProductValues product;
         for (ProductsReader reader(products, {}); reader.more();) {
             reader.next(product);
             const LookUpList found = catalogue.GetPartNumList(product.partNum, false);

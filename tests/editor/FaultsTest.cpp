@@ -18,59 +18,6 @@ public:
     }
 };
 
-TEST_F(FaultsTest, AManagerThatFailsAtAnyOfItsCallsEndsTheSessionInOrder)
-{
-    int failures = 0;
-    for (int call = 1;; ++call) {
-        SCOPED_TRACE(call);
-        load(kThreeProducts);
-        const ScopedTrace own;
-        allowEntriesOfLoading(*own.trace());
-        const std::size_t prompt = platform.messageBox().shown().size();
-        faults.failAtCall = call;
-        bool shown = false;
-        platform.drive([&](FormDriver& form) {
-            shown = true;
-            wholeSession(form);
-        });
-        const std::int32_t raised = errorOf([&] { dialog.Show(manager, 2); });
-        const std::vector<std::int32_t> recorded = own.trace()->numbersSince(0);
-        for (const std::int32_t number : recorded) {
-            EXPECT_TRUE(number == 1000 || number == ErrorNumber::objectNotSet); // in what goes on once the form is gone
-            own.trace()->declareError(number);
-        }
-        if (!shown) { // an error of the set-up is the caller's, and nobody saw the dialog
-            EXPECT_EQ(raised, 1000);
-            platform.dropDriver();
-        } else {
-            EXPECT_EQ(raised, 0);
-        }
-        if (faults.failAtCall > 0) { // no call left to fail
-            EXPECT_EQ(recorded.size(), 0U);
-            faults.failAtCall = 0;
-            break;
-        }
-        ++failures;
-        EXPECT_GT(recorded.size(), 0U);
-        // Somebody is told: by raising, by a message, or, where closing itself failed, by the trace alone.
-        const std::string told = prompts(prompt);
-        EXPECT_TRUE(!shown || told.ends_with('m') || told.find_first_of("esc") != std::string::npos) << told;
-
-        std::vector<std::weak_ptr<ProductRecord>> records;
-        for (std::int32_t i = 1; i <= manager->GetProductCount(); ++i) {
-            records.push_back(manager->GetProduct(i));
-        }
-        const std::string left = products();
-        manager.reset();
-        EXPECT_EQ(faults.managersAlive, 0);
-        for (const auto& record : records) {
-            EXPECT_TRUE(record.expired()) << "the form has kept a record";
-        }
-        load(left); // whatever happened, the list is one that can be read
-    }
-    EXPECT_GT(failures, 40);
-}
-
 // In each way of editing, each call of GetProduct in turn returns no record.
 TEST_F(FaultsTest, AManagerThatReturnsNoRecordEndsTheSessionWithError91)
 {

@@ -64,10 +64,10 @@ TEST(InProcessProductMgr, PositionWithoutProductIsErrorNine)
 }
 
 /// The string as it is without anything kept.
-std::string written(const std::vector<ProductFields>& list, ProductsSeparators separators)
+std::string written(const std::vector<ProductValues>& list, ProductsSeparators separators)
 {
     std::string text = productsStringHead(list.size(), separators);
-    for (const ProductFields& fields : list) {
+    for (const ProductValues& fields : list) {
         appendProduct(text, fields, separators);
     }
     return text;
@@ -76,7 +76,7 @@ std::string written(const std::vector<ProductFields>& list, ProductsSeparators s
 TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
 {
     const auto manager = makeManager();
-    std::vector<ProductFields> list;
+    std::vector<ProductValues> list;
     std::vector<std::shared_ptr<ProductRecord>> gone; // held after they left the list, and still written to
     std::mt19937 random(20260103);
     const std::string texts[] = {"", "plain", "~", "a:b", "\\", "|;"};
@@ -96,7 +96,7 @@ TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
             list.erase(its);
         } else if (operation == 2) {
             manager->MoveProduct(at + 1, to + 1);
-            const ProductFields moved = *its;
+            const ProductValues moved = *its;
             list.erase(its);
             list.insert(list.begin() + to, moved);
         } else if (operation == 3) {
@@ -113,7 +113,7 @@ TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
         const auto separators = random() % 4 != 0 ? ProductsSeparators{'~', ':'} : ProductsSeparators{'|', ';'};
         ASSERT_EQ(manager->GetProductsString({separators.record}, {separators.field}), written(list, separators)) << i;
         Currency total;
-        for (const ProductFields& fields : list) {
+        for (const ProductValues& fields : list) {
             total = total + fields.extPrice;
         }
         ASSERT_EQ(manager->GetTotalValue().toText(), total.toText()) << "step " << i;

@@ -1,4 +1,5 @@
-// LetterheadDialog: who sells, what stands at a quote's end, and which columns and sums are printed.
+// LetterheadDialog: asks for the seller's name, address and logo, the closing text, the columns and the tax of a
+// printed quote.
 //
 // Thread: the user-interface thread.
 #pragma once
@@ -27,7 +28,7 @@ public:
     /// The tax rate is written in the user's format.
     LetterheadDialog(const PrintOptions& options, ui::LocaleService& locale, QWidget* window);
 
-    /// As they stand in the dialog; valid once it was accepted.
+    /// The options as the dialog shows them; valid once it was accepted.
     [[nodiscard]] const PrintOptions& options() const { return options_; }
 
     void accept() override;
@@ -38,7 +39,7 @@ private:
     QWidget* makeTax();
     void chooseLogo();
     void showLogoState();
-    /// False where the text is no rate.
+    /// Returns false if the text is no rate.
     [[nodiscard]] bool readTaxRate(Currency& rate) const;
 
     PrintOptions options_;

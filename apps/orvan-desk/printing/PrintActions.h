@@ -31,7 +31,7 @@ public:
     /// The platform keeps the settings, and its locale writes money in the quote's currency.
     PrintActions(QMenu* menu, QWidget* window, ui::Platform& platform, CurrentQuote quote, Tell tell);
 
-    /// Writes the quote into a PDF file, and tells what went wrong.
+    /// Writes the quote into a PDF file. A message box tells the user of an error.
     bool exportTo(const QString& path);
 
 private:
@@ -41,14 +41,14 @@ private:
     void print();
     void exportAsPdf();
 
-    /// The user's choices. What is wrong with them, or missing on the paper, is told.
+    /// The user's choices. A message box tells what is wrong with them, or missing on the paper.
     PrintOptions options();
     void keep(const PrintOptions& options);
     PrintedQuote printedQuote(const PrintOptions& options);
     /// Paints on a printer, or on the pages of a preview. A PDF file, which the print dialog offers, is written as
     /// exportTo writes it.
     void printOn(QPrinter& printer, const PrintedQuote& quote);
-    /// Runs what the user has asked for; an error is told.
+    /// Runs a command of the user. A message box tells of an error.
     void run(const QString& what, const std::function<void()>& work);
 
     QWidget* const window_;

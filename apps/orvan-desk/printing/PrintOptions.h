@@ -14,7 +14,7 @@
 
 namespace orvan::desk {
 
-/// What a line shows, in the order on paper. The name cannot be left out, and the note stands below it.
+/// The columns of the table, in their order on paper. The name cannot be left out; the note stands below it.
 enum class PrintColumn { position, partNumber, name, note, quantity, unitPrice, discount, extendedPrice };
 inline constexpr PrintColumn kPrintColumns[] = {
     PrintColumn::position, PrintColumn::partNumber, PrintColumn::name,     PrintColumn::note,
@@ -22,7 +22,7 @@ inline constexpr PrintColumn kPrintColumns[] = {
 
 struct PrintOptions {
     QString sellerName = {};
-    QString sellerAddress = {}; ///< May have several lines, as the closing text.
+    QString sellerAddress = {}; ///< May have several lines; so may the closing text.
     QString logoFile = {};      ///< A picture; empty for none.
     QString closingText = {};
     std::set<PrintColumn> leftOut = {};
@@ -37,7 +37,7 @@ struct PrintOptions {
 /// The paper that users of this machine's locale have, with margins of 15 mm.
 [[nodiscard]] QPageLayout usualPage();
 
-/// What is kept but cannot be used is replaced by what is usual, and told in `problems`.
+/// A stored value that cannot be used is replaced by its default, and `problems` says so.
 [[nodiscard]] PrintOptions readPrintOptions(ui::SettingsStore& settings, QStringList& problems);
 void writePrintOptions(ui::SettingsStore& settings, const PrintOptions& options);
 

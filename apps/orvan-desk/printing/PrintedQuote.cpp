@@ -78,7 +78,7 @@ class CellWriter {
 public:
     CellWriter(ui::LocaleService& money, int moneyDigits) : money_(money), digits_(moneyDigits) {}
 
-    QString text(PrintColumn column, const ProductFields& product, std::size_t position) const
+    QString text(PrintColumn column, const ProductValues& product, std::size_t position) const
     {
         switch (column) {
         case PrintColumn::position: return QString::number(position);
@@ -125,7 +125,7 @@ std::vector<PrintedColumn> columnsOf(const PrintOptions& options, const PrintTex
 Currency addLines(PrintedQuote& printed, const std::string& products, const CellWriter& writer, bool withNotes)
 {
     Currency sum;
-    ProductFields product;
+    ProductValues product;
     ProductsReader reader(products, ProductsSeparators());
     printed.lines.reserve(reader.expected());
     while (reader.more()) {

@@ -1,4 +1,4 @@
-// PrintedQuote: a quote as it is printed: all its texts, in the user's language and formats, and nothing of a page yet.
+// PrintedQuote: all texts of a printed quote, in the user's language and formats. It knows nothing of pages.
 //
 // Thread: any. Errors: makePrintedQuote raises what ProductsReader raises, and 6 where the sum is beyond the range.
 #pragma once
@@ -18,14 +18,14 @@ namespace orvan::desk {
 struct PrintedColumn {
     PrintColumn kind = PrintColumn::name;
     QString caption;
-    /// Stands at the right in its column, also where the writing runs from right to left: only so do the digits of
-    /// equal worth stand below each other.
+    /// Numbers are aligned right, also where the writing runs from right to left, so that digits of the same value
+    /// stand below each other.
     bool isNumber = false;
 };
 
 struct PrintedLine {
     std::vector<QString> cells; ///< One for each column.
-    QString note;               ///< Below the name.
+    QString note;               ///< Printed below the name.
 };
 
 struct PrintedPair {

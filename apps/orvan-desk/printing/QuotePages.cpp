@@ -8,17 +8,17 @@ namespace orvan::desk {
 namespace {
 
 constexpr double kLogoWidth = 2.2 * kUnitsPerInch, kLogoHeight = 0.85 * kUnitsPerInch;
-constexpr double kMostPartNumber = 0.22; // of the area's width, as the next one
+constexpr double kMostPartNumber = 0.22; // a share of the area's width, as is the next one
 constexpr double kLeastName = 0.25;
-constexpr double kSlack = 4; // units, because a line of text is measured in another way than a text
+constexpr double kSlack = 4; // units; a laid out line and the same text alone can differ a little in width
 
-/// A block before it has a place.
+/// A block that has no place yet.
 struct Block {
     BlockKind kind = BlockKind::line;
     std::size_t index = 0;
     TextStack texts = {};
-    double below = 0; ///< Space that belongs to the last line of text.
-    double least = 0; ///< The least height, for what stands beside the texts.
+    double below = 0; ///< Space below the last line of text, which belongs to it.
+    double least = 0; ///< The least height, for example of a logo beside the texts.
 
     /// The height of the lines of text from `first` to `end`.
     double height(std::size_t first, std::size_t end) const
@@ -158,8 +158,8 @@ std::vector<double> neededWidths(const PrintedQuote& quote, const QuotePages& pa
     return widths;
 }
 
-/// Gives the columns their places. Where the numbers leave too little for the name, the table gets a smaller font;
-/// where that does not help either, narrower columns, in which even numbers are broken, so that nothing is lost.
+/// Gives the columns their places. If the numbers leave too little width for the name, the table gets a smaller font.
+/// If that does not help either, the columns become narrower, and even numbers are wrapped, so that nothing is lost.
 void placeColumns(const PrintedQuote& quote, QuotePages& pages)
 {
     const double width = pages.area.width();

@@ -2,8 +2,8 @@
 //
 // A page shows blocks one below the other. Each page with lines of the quote repeats the heads of the columns, and each
 // page but the first has a running head. A line of the quote that does not fit on the rest of a page goes to the next
-// page; only one that is taller than a page is parted, between two lines of its text. Lengths are in units of 1/1200
-// inch, from the upper left corner of the paper. Thread: the user-interface thread.
+// page. Only a line that is taller than a whole page is split, between two lines of its text. Lengths are in units of
+// 1/1200 inch (WrappedText.h), measured from the upper left corner of the paper. Thread: the user-interface thread.
 #pragma once
 
 #include "PrintedQuote.h"
@@ -17,46 +17,47 @@ namespace orvan::desk {
 
 enum class BlockKind { letterhead, facts, line, totals, closing };
 
-/// The lines of text of a block, one below the other; the first ones may be higher than the others.
+/// The lines of text of a block, one below the other. The first lines may be taller than the others.
 struct TextStack {
     std::size_t headLines = 0;
     double headHeight = 0;
-    std::size_t lines = 0; ///< All of them.
+    std::size_t lines = 0; ///< The number of all lines.
     double lineHeight = 0;
-    double above = 0; ///< Space that belongs to the first line.
+    double above = 0; ///< Space above the first line, which belongs to it.
 
-    /// From the top of the first line to the top of another one.
+    /// The distance from the top of the first line to the top of another line.
     double offset(std::size_t line) const;
 };
 
-/// A block, or what stands on this page of one that is parted.
+/// A block, or the part of a split block that stands on this page.
 struct PlacedBlock {
     BlockKind kind = BlockKind::line;
-    std::size_t index = 0; ///< Of a line of the quote.
+    std::size_t index = 0; ///< The position of the line of the quote, counted from 0.
     double top = 0, height = 0;
     TextStack texts;
-    std::size_t firstText = 0, endText = 0; ///< The lines of text that stand here, counted from 0; the end excluded.
+    std::size_t firstText = 0,
+                endText = 0; ///< The lines of text on this page, counted from 0; `endText` is the one after the last.
 };
 
 struct QuotePage {
-    double headsTop = -1; ///< Where the heads of the columns begin; negative on a page without lines of the quote.
+    double headsTop = -1; ///< The top of the column heads; negative on a page without lines of the quote.
     std::vector<PlacedBlock> blocks;
 };
 
 struct ColumnPlace {
-    double left = 0, width = 0; ///< Of the texts, without the space around them.
+    double left = 0, width = 0; ///< The place of the texts, without the space around them.
 };
 
 struct QuotePages {
     QSizeF paper;
-    QRectF area; ///< Between the margins.
+    QRectF area; ///< The page without its margins.
     PrintFont table{9, false}, tableHead{9, true}, body{9, false}, strong{9, true}, title{17, true}, seller{12, true};
     std::vector<ColumnPlace> columns;
-    QRectF logo;              ///< Its place; empty without one.
-    double labelWidth = 0;    ///< Of the labels of the facts.
-    double headsHeight = 0;   ///< Of the heads of the columns.
-    double footHeight = 0;    ///< Of the page number, at the end of the area.
-    double runningHeight = 0; ///< Of the running head, at the top of the area.
+    QRectF logo;              ///< The place of the logo; empty if there is none.
+    double labelWidth = 0;    ///< The width of the labels of the facts.
+    double headsHeight = 0;   ///< The height of the column heads.
+    double footHeight = 0;    ///< The height of the page number, at the end of the area.
+    double runningHeight = 0; ///< The height of the running head, at the top of the area.
     std::vector<QuotePage> pages;
 
     /// Space above and below the texts of a line of the quote.

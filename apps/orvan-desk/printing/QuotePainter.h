@@ -31,7 +31,7 @@ private:
     };
     using Pieces = std::vector<Piece>;
 
-    /// Where the writing begins, or where it ends; numbers stand at the right whatever the direction.
+    /// Texts are aligned where the writing begins or where it ends; numbers are aligned right in both directions.
     TextSide begin() const { return quote_.rightToLeft ? TextSide::right : TextSide::left; }
     TextSide end() const { return quote_.rightToLeft ? TextSide::left : TextSide::right; }
 
@@ -48,7 +48,7 @@ private:
 
     const PrintedQuote& quote_;
     const QuotePages& pages_;
-    /// The texts of a block that goes on on the next page: laying out a long text anew for each page would take long.
+    /// The laid out texts of a split block, kept for the next page, because laying out a long text takes long.
     Pieces parted_;
     std::pair<BlockKind, std::size_t> partedBlock_;
 };
@@ -58,7 +58,7 @@ struct PageRange {
     int first = 0, last = 0;
 };
 
-/// Paints pages on a device that is in full-page mode. False where the device failed.
+/// Paints pages on a device that is in full-page mode. Returns false if the device failed.
 [[nodiscard]] bool paintPages(QPagedPaintDevice& device, const PrintedQuote& quote, const QuotePages& pages,
                               PageRange range);
 

@@ -12,7 +12,7 @@ namespace orvan::desk {
 /// Raises 7 where the document cannot be made.
 [[nodiscard]] QByteArray quoteToPdf(const PrintedQuote& quote, const QPageLayout& page, PageRange range = {});
 
-/// Writes the file as a whole: where that fails, a file of this name stays as it was. Returns a warning, or an empty
+/// Writes the file as a whole: if that fails, a file of this name stays as it was. Returns a warning, or an empty
 /// text. Raises 75 with the reason.
 QString writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page, PageRange range = {});
 

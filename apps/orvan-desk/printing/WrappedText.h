@@ -18,7 +18,7 @@ namespace orvan::desk {
 
 inline constexpr int kUnitsPerInch = 1200;
 
-/// A font with what is asked about it often.
+/// A font with its measures that are needed often.
 struct PrintFont {
     PrintFont(double points, bool bold);
 

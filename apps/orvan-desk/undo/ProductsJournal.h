@@ -1,7 +1,7 @@
-// ProductsJournal: what happened to the list of a product manager, change by change.
+// ProductsJournal: a record of each change that was made to the list of a product manager.
 //
 // The desk's product managers are wrapped in ones that note each change here, so that the desk can undo it. A change
-// holds the values of the one product that it is about; it never holds the list. Positions are 1-based. Thread: the
+// holds the values of the one product that changed, and never the whole list. Positions are 1-based. Thread: the
 // user-interface thread.
 #pragma once
 

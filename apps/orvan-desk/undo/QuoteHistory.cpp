@@ -199,32 +199,29 @@ void QuoteHistory::takeListChanges()
 
 void QuoteHistory::watch(QLineEdit& field, const QString& name)
 {
-    const auto known = std::make_shared<QString>(field.text());
-    const auto set = [&field, known](const QString& text) {
-        field.setText(text);
-        *known = text;
-    };
-    connect(&field, &QLineEdit::editingFinished, this, [this, &field, known, set, name] {
-        if (field.text() != *known) {
-            stack_.push(new FieldStep<QString>(*this, name, std::exchange(*known, field.text()), field.text(), set));
-        }
-    });
-    forgetters_.emplace_back([&field, known] { *known = field.text(); });
+    watchValue(field, name, &QLineEdit::text, &QLineEdit::setText);
 }
 
 void QuoteHistory::watch(QDateEdit& field, const QString& name)
 {
-    const auto known = std::make_shared<QDate>(field.date());
-    const auto set = [&field, known](const QDate& date) {
-        field.setDate(date);
-        *known = date;
+    watchValue(field, name, &QDateEdit::date, &QDateEdit::setDate);
+}
+
+template <class Field, class Value, class Base, class Argument>
+void QuoteHistory::watchValue(Field& field, const QString& name, Value (Base::*value)() const,
+                              void (Base::*setValue)(Argument))
+{
+    const auto known = std::make_shared<Value>((field.*value)());
+    const auto set = [&field, known, setValue](const Value& to) {
+        (field.*setValue)(to);
+        *known = to;
     };
-    connect(&field, &QDateEdit::editingFinished, this, [this, &field, known, set, name] {
-        if (field.date() != *known) {
-            stack_.push(new FieldStep<QDate>(*this, name, std::exchange(*known, field.date()), field.date(), set));
+    connect(&field, &Field::editingFinished, this, [this, &field, known, set, name, value] {
+        if (const Value now = (field.*value)(); now != *known) {
+            stack_.push(new FieldStep<Value>(*this, name, std::exchange(*known, now), now, set));
         }
     });
-    forgetters_.emplace_back([&field, known] { *known = field.date(); });
+    forgetters_.emplace_back([&field, known, value] { *known = (field.*value)(); });
 }
 
 void QuoteHistory::restart()

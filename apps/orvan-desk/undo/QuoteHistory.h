@@ -47,6 +47,8 @@ private:
     template <class Value>
     class FieldStep;
 
+    template <class Field, class Value, class Base, class Argument>
+    void watchValue(Field& field, const QString& name, Value (Base::*value)() const, void (Base::*setValue)(Argument));
     void takeListChanges();
     /// Runs what a step does. Steps that are pushed have been done already.
     void perform(const std::function<void()>& work);

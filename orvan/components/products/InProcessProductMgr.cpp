@@ -26,7 +26,7 @@ struct Ledger {
 
 class ListedProduct final : public ProductRecord {
 public:
-    ListedProduct(std::shared_ptr<Ledger> ledger, ProductFields fields)
+    ListedProduct(std::shared_ptr<Ledger> ledger, ProductValues fields)
         : ledger_(std::move(ledger)), fields_(std::move(fields))
     {
         ledger_->total += fields_.extPrice.scaled();
@@ -114,7 +114,7 @@ private:
     }
 
     std::shared_ptr<Ledger> ledger_;
-    ProductFields fields_;
+    ProductValues fields_;
     std::string line_;
     bool lineKept_ = false;
     bool listed_ = true;
@@ -181,7 +181,7 @@ void InProcessProductMgr::SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, 
 
 std::shared_ptr<ProductRecord> InProcessProductMgr::AddNewProduct()
 {
-    ProductFields fields;
+    ProductValues fields;
     fields.qty = Currency::fromScaled(Currency::kScale);
     products_.push_back(std::make_shared<ListedProduct>(ledger_, std::move(fields)));
     return products_.back();

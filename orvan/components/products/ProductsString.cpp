@@ -23,20 +23,20 @@ constexpr std::size_t kSmallestRecord = 12;
 /// A field of a record: either a text or an amount.
 struct Field {
     std::string_view name;
-    std::string ProductFields::*text;
-    Currency ProductFields::*amount;
+    std::string ProductValues::*text;
+    Currency ProductValues::*amount;
 };
 
 // clang-format off
 constexpr Field kFields[] = {
-    {"Name",      &ProductFields::name,    nullptr},
-    {"Key",       &ProductFields::key,     nullptr},
-    {"PartNum",   &ProductFields::partNum, nullptr},
-    {"UnitPrice", nullptr,                 &ProductFields::unitPrice},
-    {"Qty",       nullptr,                 &ProductFields::qty},
-    {"DiscPrcnt", nullptr,                 &ProductFields::discPrcnt},
-    {"ExtPrice",  nullptr,                 &ProductFields::extPrice},
-    {"Note",      &ProductFields::note,    nullptr},
+    {"Name",      &ProductValues::name,    nullptr},
+    {"Key",       &ProductValues::key,     nullptr},
+    {"PartNum",   &ProductValues::partNum, nullptr},
+    {"UnitPrice", nullptr,                 &ProductValues::unitPrice},
+    {"Qty",       nullptr,                 &ProductValues::qty},
+    {"DiscPrcnt", nullptr,                 &ProductValues::discPrcnt},
+    {"ExtPrice",  nullptr,                 &ProductValues::extPrice},
+    {"Note",      &ProductValues::note,    nullptr},
 };
 // clang-format on
 constexpr std::size_t kFieldCount = std::size(kFields);
@@ -108,7 +108,7 @@ ProductsSeparators productsSeparators(std::string_view recordSep, std::string_vi
     return {.record = recordSep[0], .field = fieldSep[0]};
 }
 
-void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators)
+void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators)
 {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         if (kFields[i].text != nullptr) {
@@ -234,7 +234,7 @@ inline void ProductsReader::checkEnd(std::size_t field, std::size_t end) const
     }
 }
 
-void ProductsReader::next(ProductFields& fields)
+void ProductsReader::next(ProductValues& fields)
 {
     for (std::size_t i = 0; i < kFieldCount; ++i) {
         const std::size_t end = marks_.nextEnd();

@@ -5,10 +5,10 @@
 //
 //       2~Bolt:B-1:100:0.25:12:0:3:~Nut::101:0.1:1:10:0.09:4\:1 pack~
 //
-//   A record has eight fields: Name, Key, PartNum, UnitPrice, Qty, DiscPrcnt, ExtPrice, Note.
-//   Amounts are as Currency::toText writes them. In texts a backslash stands before each separator
-//   and each backslash; every other byte stands for itself, so that any text is carried, line
-//   breaks, NUL and bytes that are not UTF-8 included.
+//   A record has eight fields, in the order of ProductValues: Name, Key, PartNum, UnitPrice, Qty,
+//   DiscPrcnt, ExtPrice, Note. Amounts are as Currency::toText writes them. In texts a backslash
+//   stands before each separator and each backslash; every other byte stands for itself, so that
+//   any text is carried, line breaks, NUL and bytes that are not UTF-8 included.
 //
 // The count and the closing separators make sure that a string that was cut short is refused, wherever the cut is.
 // Each list has exactly one string, and no other form is read ("007", "1.50", "-0" and a needless backslash are
@@ -16,8 +16,8 @@
 // whether a list has changed. Thread: any.
 #pragma once
 
-#include "orvan/base/Currency.h"
 #include "orvan/components/products/FieldMarks.h"
+#include "orvan/core/ProductValues.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,18 +25,6 @@
 #include <string_view>
 
 namespace orvan {
-
-/// The values of one record.
-struct ProductFields {
-    std::string name;
-    std::string key;
-    std::string partNum;
-    Currency unitPrice;
-    Currency qty;
-    Currency discPrcnt;
-    Currency extPrice;
-    std::string note;
-};
 
 struct ProductsSeparators {
     char record = '~';
@@ -50,7 +38,7 @@ struct ProductsSeparators {
 ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep);
 
 /// Appends one record with its closing record separator.
-void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators);
+void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators);
 
 /// The count and its closing separator, which stand in front of the records; "" for a count of 0.
 [[nodiscard]] std::string productsStringHead(std::size_t count, ProductsSeparators separators);
@@ -72,7 +60,7 @@ public:
     /// False after the last record; raises 321 where something follows it.
     bool more() const;
     /// Reads the next record into `fields`.
-    void next(ProductFields& fields);
+    void next(ProductValues& fields);
 
 private:
     std::int32_t readCount();

@@ -85,7 +85,7 @@ bool GridView::rowSelected(int row) const
 
 bool GridView::severalRowsSelected() const
 {
-    const QItemSelection ranges = selectionModel()->selection(); // not its rows, of which there may be very many
+    const QItemSelection ranges = selectionModel()->selection(); // ranges, because there may be very many rows
     return ranges.size() > 1 || (ranges.size() == 1 && ranges.constFirst().height() > 1);
 }
 
@@ -154,7 +154,7 @@ bool GridView::event(QEvent* event)
     if (event->type() == QEvent::ShortcutOverride) {
         const ui::KeyStroke key = keyStrokeOf(*static_cast<QKeyEvent*>(event));
         if (key.key != ui::Key::none && runHandler(takesKey, key)) {
-            event->accept(); // the key comes to keyPressEvent then, and to no shortcut of the window
+            event->accept(); // the key then comes to keyPressEvent, and triggers no shortcut of the window
             return true;
         }
     }
@@ -174,7 +174,7 @@ void GridView::keyPressEvent(QKeyEvent* event)
         return;
     }
     const ui::KeyStroke key = keyStrokeOf(*event);
-    // QTableView's own keys would choose rows and copy single cells, past the grid.
+    // QTableView is not asked: its own keys would select rows and copy single cells, and the grid would not know of it.
     event->setAccepted(key.key != ui::Key::none && runHandler(onUserKey, key));
 }
 

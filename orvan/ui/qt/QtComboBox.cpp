@@ -48,7 +48,8 @@ public:
             return {};
         }
         const QString text = toQt(port->combo().itemText(index.row()));
-        // Qt paints the display text in the list, so it may be cut. The edit text of a chosen row goes into the box.
+        // The list paints the display text, which may be shortened. The box gets the edit text of a chosen row, which is
+        // whole.
         return role == Qt::DisplayRole ? boundedText(text) : text;
     }
 

@@ -2,7 +2,7 @@
 // and read again.
 
 #include "QuoteFile.h"
-#include "tests/fuzz/FuzzTarget.h"
+#include "fuzzing/FuzzTarget.h"
 
 #include <QJsonDocument>
 

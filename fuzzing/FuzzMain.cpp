@@ -1,12 +1,12 @@
 // The function that libFuzzer calls, which runs a target. Without libFuzzer there is a main program instead, which runs
 // the target over files.
 
-#include "tests/fuzz/FuzzTarget.h"
+#include "fuzzing/FuzzTarget.h"
 
 #include <cstddef>
 #include <cstdint>
 
-// libFuzzer has chosen the name.
+// libFuzzer calls the function by this name.
 // NOLINTBEGIN(readability-identifier-naming)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -1,4 +1,4 @@
-#include "tests/fuzz/MemoryFiles.h"
+#include "fuzzing/MemoryFiles.h"
 
 #include <sqlite3.h>
 

@@ -1,6 +1,8 @@
 // The list view's preferences: the input is the stored text. A view is loaded with it, and its columns are compared
 // with what the text says. Then the user drags a column, and a second view has to look like the first one.
 
+#include "fuzzing/FuzzTarget.h"
+#include "fuzzing/PlainNumbers.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/core/ProductMgr.h"
@@ -10,8 +12,6 @@
 #include "orvan/ui/Grid.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
-#include "tests/fuzz/FuzzTarget.h"
-#include "tests/fuzz/PlainNumbers.h"
 
 #include <algorithm>
 #include <cmath>

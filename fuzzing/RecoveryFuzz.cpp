@@ -2,7 +2,7 @@
 // read is written and read again.
 
 #include "RecoveryCopy.h"
-#include "tests/fuzz/FuzzTarget.h"
+#include "fuzzing/FuzzTarget.h"
 
 namespace orvan::fuzz {
 namespace {

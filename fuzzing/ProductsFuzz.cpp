@@ -1,11 +1,11 @@
 // The products string: the first two bytes are the separators, and the rest is the string.
 
+#include "fuzzing/FuzzTarget.h"
+#include "fuzzing/PlainNumbers.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/core/ProductMgr.h"
-#include "tests/fuzz/FuzzTarget.h"
-#include "tests/fuzz/PlainNumbers.h"
 
 #include <array>
 #include <optional>
@@ -64,7 +64,7 @@ PlainProducts readPlainly(std::string_view text, char record, char field)
     return at == text.size() ? PlainProducts(products) : std::nullopt;
 }
 
-PlainProduct valuesOf(const ProductRecord& product)
+PlainProduct textsOf(const ProductRecord& product)
 {
     return {product.Name(),
             product.Key(),
@@ -83,7 +83,7 @@ void compare(ProductMgr& manager, const std::vector<PlainProduct>& products)
     Sum total = 0;
     std::int32_t index = 0;
     for (const PlainProduct& product : products) {
-        require(valuesOf(*manager.GetProduct(++index)) == product, "each field has its value");
+        require(textsOf(*manager.GetProduct(++index)) == product, "each field has its value");
         total += readPlainAmount(product[6]).scaled;
     }
     const bool fits =

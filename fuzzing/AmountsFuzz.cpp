@@ -1,14 +1,14 @@
 // Amounts: the input is read as a text in each of the ways in which amounts are read, and its first 16 bytes are taken
 // for two numbers to calculate with.
 
+#include "fuzzing/FuzzTarget.h"
+#include "fuzzing/PlainNumbers.h"
 #include "orvan/base/Currency.h"
 #include "orvan/base/Integer.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/core/modConversion.h"
 #include "orvan/core/modLocale.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
-#include "tests/fuzz/FuzzTarget.h"
-#include "tests/fuzz/PlainNumbers.h"
 
 #include <cmath>
 #include <cstring>
