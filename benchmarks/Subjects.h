@@ -15,5 +15,6 @@ void addLookUp(Suite& suite);         ///< J, K, M: the look-up in the editor's 
 void addImport(Suite& suite);         ///< L: a price list into a catalogue
 void addDeskStart(Suite& suite);      ///< N: the desk up to its first paint
 void addPrinting(Suite& suite);       ///< O: a quote as a PDF file
+void addListCommands(Suite& suite);   ///< P: search, undo and copy in a long list
 
 } // namespace orvan::bench

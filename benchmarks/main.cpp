@@ -37,6 +37,7 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addImport(suite);
     orvan::bench::addDeskStart(suite);
     orvan::bench::addPrinting(suite);
+    orvan::bench::addListCommands(suite);
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {

@@ -160,7 +160,7 @@ int report(const CatalogueImportResult& result, const std::string& sourceName, c
         return kNothing;
     }
     for (const orvan::RefusedRow& row : result.refused) {
-        std::cerr << source << ':' << row.line << ": " << terminalText(row.reason) << '\n';
+        std::cerr << source << ':' << row.line << ": " << terminalText(row.reason.english()) << '\n';
     }
     if (result.refusedCount > result.refused.size()) {
         std::cerr << "... and " << result.refusedCount - result.refused.size() << " more\n";

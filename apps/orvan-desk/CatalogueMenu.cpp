@@ -7,6 +7,7 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/files/FormerFile.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QApplication>
 #include <QDir>
@@ -35,8 +36,7 @@ namespace {
 using Outcome = CatalogueImportResult::Outcome;
 
 const QString kSample = QStringLiteral(":/catalogue/products.csv");
-constexpr const char* kSampleName = "sample products";
-const QString kFilter = QStringLiteral("Price lists (*.csv *.tsv *.txt);;All files (*)");
+constexpr const char* kSampleName = "sample products"; // as catalogues keep it, in every language
 
 /// Milliseconds. An import that ends within this time shows no progress window, which would only flicker.
 constexpr unsigned kUnnoticed = 200;
@@ -45,10 +45,15 @@ constexpr int kSteps = 1000;
 /// How many refused rows the message itself shows; its details show all that are described.
 constexpr qsizetype kRowsInMessage = 5;
 
+/// A count in the form that Qt's plurals take.
+int clamped(quint64 count)
+{
+    return static_cast<int>(std::min<quint64>(count, std::numeric_limits<int>::max()));
+}
+
 QString productCount(qint64 count)
 {
-    return count == 1 ? CatalogueMenu::tr("1 product")
-                      : CatalogueMenu::tr("%1 products").arg(QLocale().toString(count));
+    return count == 1 ? CatalogueMenu::tr("1 product") : CatalogueMenu::tr("%Ln products", nullptr, clamped(count));
 }
 
 /// What a catalogue contains, as a text for the user: "1,234 products from “prices.csv”"
@@ -57,9 +62,8 @@ QString contentOf(const std::filesystem::path& catalogue)
     SqliteFile file = openCatalogue(catalogue);
     const CatalogueOrigin origin = catalogueOrigin(file);
     const QString products = productCount(origin.entries);
-    return origin.source.empty()
-               ? products
-               : CatalogueMenu::tr("%1 from “%2”").arg(products, shortened(QString::fromStdString(origin.source)));
+    return origin.source.empty() ? products
+                                 : CatalogueMenu::tr("%1 from “%2”").arg(products, sourceName(origin.source));
 }
 
 /// The same for a question, which must be possible about a damaged catalogue, too.
@@ -117,14 +121,17 @@ QString defaultCatalogueFile()
         .filePath(QStringLiteral("products.catalogue"));
 }
 
+QString sourceName(const std::string& source)
+{
+    return source == kSampleName ? CatalogueMenu::tr("sample products") : shortened(QString::fromStdString(source));
+}
+
 HostOptions lookUpProductsIn(const QString& catalogue)
 {
     HostOptions options;
     options.components.catalogue.file = pathOf(catalogue);
-    options.components.catalogue.report = [](std::string_view problem) {
-        PlainBox(QMessageBox::Warning, QString::fromUtf8(problem.data(), static_cast<qsizetype>(problem.size())),
-                 QMessageBox::Ok, QApplication::activeWindow())
-            .exec();
+    options.components.catalogue.report = [](const UserText& problem) {
+        PlainBox(QMessageBox::Warning, qt::translated(problem), QMessageBox::Ok, QApplication::activeWindow()).exec();
     };
     return options;
 }
@@ -178,7 +185,7 @@ void CatalogueMenu::bringBackFormer()
         inform(tr("The catalogue now contains %1.\n\nThe same command brings the other one back.")
                    .arg(contentOf(catalogue)));
     } catch (const std::exception& error) {
-        tell_(tr("The former catalogue could not be brought back."), QString::fromUtf8(error.what()), {});
+        tell_(tr("The former catalogue could not be brought back."), qt::translated(error), {});
     }
 }
 
@@ -201,19 +208,19 @@ bool CatalogueMenu::importSample()
     const QString copy = folder.filePath(QFileInfo(kSample).fileName());
     try {
         if (!QDir().mkpath(QFileInfo(catalogue_).path()) || !QFile::copy(kSample, copy)) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "The folder cannot be written to.");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("its folder cannot be made"));
         }
         return importShowingProgress(copy, '.', kSampleName).outcome == Outcome::imported;
     } catch (const std::exception& error) {
-        tell_(tr("The sample products could not be imported into the catalogue."), QString::fromUtf8(error.what()), {});
+        tell_(tr("The sample products could not be imported into the catalogue."), qt::translated(error), {});
         return false;
     }
 }
 
 void CatalogueMenu::chooseAndImport()
 {
-    const QString source =
-        QFileDialog::getOpenFileName(window_, tr("Import Price List"), lastFolder(kPriceListFolder), kFilter);
+    const QString source = QFileDialog::getOpenFileName(window_, tr("Import Price List"), lastFolder(kPriceListFolder),
+                                                        tr("Price lists (*.csv *.tsv *.txt);;All files (*)"));
     if (!source.isEmpty()) {
         keepFolderOf(source, kPriceListFolder);
         importFrom(source);
@@ -230,7 +237,7 @@ bool CatalogueMenu::importFrom(const QString& source)
         QDir().mkpath(QFileInfo(catalogue_).path());
         result = import(source);
     } catch (const std::exception& error) {
-        tell_(tr("“%1” could not be imported.").arg(shortFileName(source)), QString::fromUtf8(error.what()), {});
+        tell_(tr("“%1” could not be imported.").arg(shortFileName(source)), qt::translated(error), {});
         return false;
     }
     if (result.outcome == Outcome::refused) {
@@ -284,9 +291,10 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
         dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 60);
         QTimer look;
         connect(&look, &QTimer::timeout, &dialog, [&] {
-            const QString rows = QLocale().toString(qulonglong(progress.rows));
-            dialog.setLabelText(progress.indexing ? tr("Sorting %1 products…").arg(rows)
-                                                  : tr("Reading “%1”: %2 products").arg(shortFileName(source), rows));
+            const int rows = clamped(progress.rows);
+            dialog.setLabelText(progress.indexing
+                                    ? tr("Sorting %Ln products…", nullptr, rows)
+                                    : tr("Reading “%1”: %Ln products", nullptr, rows).arg(shortFileName(source)));
             dialog.setValue(progress.step);
             if (thread->isFinished()) { // not a signal of the thread, which may end before the signal is connected
                 dialog.accept();
@@ -327,15 +335,15 @@ void CatalogueMenu::tellRefused(const QString& source, const CatalogueImportResu
 {
     QStringList rows;
     for (const RefusedRow& row : result.refused) {
-        rows << tr("Line %1: %2").arg(row.line).arg(QString::fromStdString(row.reason));
+        rows << tr("Line %1: %2").arg(row.line).arg(qt::translated(row.reason));
     }
     if (result.refusedCount > result.refused.size()) {
-        rows << tr("… and %1 more").arg(result.refusedCount - result.refused.size());
+        rows << tr("… and %n more", nullptr, clamped(result.refusedCount - result.refused.size()));
     }
     const QString what = result.refusedCount == 1
                              ? tr("“%1” was not imported: one row has an error.").arg(shortFileName(source))
-                             : tr("“%1” was not imported: %2 rows have errors.")
-                                   .arg(shortFileName(source), QString::number(result.refusedCount));
+                             : tr("“%1” was not imported: %n rows have errors.", nullptr, clamped(result.refusedCount))
+                                   .arg(shortFileName(source));
     const bool all = rows.size() <= kRowsInMessage;
     tell_(what,
           rows.mid(0, kRowsInMessage).join(u'\n') + (all ? QString() : QStringLiteral("\n…")) +

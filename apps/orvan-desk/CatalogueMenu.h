@@ -17,6 +17,9 @@ namespace orvan::desk {
 /// The file of this user's catalogue; its folder need not exist yet.
 QString defaultCatalogueFile();
 
+/// The file that a catalogue was imported from, as the user knows it.
+[[nodiscard]] QString sourceName(const std::string& source);
+
 /// Options with which the editor looks products up in this file. If the file cannot be used, the user is told why once,
 /// when the editor first looks something up, and the editor works without entries.
 [[nodiscard]] HostOptions lookUpProductsIn(const QString& catalogue);

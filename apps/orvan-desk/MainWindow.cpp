@@ -13,6 +13,7 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
 #include "orvan/hosting/QtHost.h"
+#include "orvan/ui/qt/Translation.h"
 #include "orvan/view/ProductViewPrefs.h"
 
 #include <QActionGroup>
@@ -96,10 +97,11 @@ protected:
 } // namespace
 
 MainWindow::MainWindow()
-    : recovery_(defaultRecoveryFolder(), [this](const QString& problem) {
+    : recovery_(defaultRecoveryFolder(), [this](const UserText& problem) {
           // From the writing thread. A message box would be in the way of a user who types.
           QMetaObject::invokeMethod(
-              this, [this, problem] { statusBar()->showMessage(qt::boundedText(problem)); }, Qt::QueuedConnection);
+              this, [this, problem] { statusBar()->showMessage(qt::boundedText(qt::translated(problem))); },
+              Qt::QueuedConnection);
       })
 {
     watchProducts(); // before there is a list view
@@ -249,11 +251,7 @@ void MainWindow::makeMenus()
 void MainWindow::makeListMenus()
 {
     auto* const edit = new QMenu(tr("&Edit"), this);
-    QAction* const undo = history_->stack().createUndoAction(this, tr("&Undo"));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction* const redo = history_->stack().createRedoAction(this, tr("&Redo"));
-    redo->setShortcut(QKeySequence(tr("Ctrl+Shift+Z")));
-    edit->addActions({undo, redo});
+    edit->addActions(history_->makeActions(this));
     edit->addSeparator();
     for (const Command command : {Command::cut, Command::copy, Command::paste}) {
         edit->addAction(products_->action(command));

@@ -10,6 +10,7 @@
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QDateEdit>
 #include <QDir>
@@ -27,8 +28,6 @@
 namespace orvan::desk {
 
 namespace {
-
-const QString kFilter = QStringLiteral("Quotes (*.quote.json);;All files (*)");
 
 Quote emptyQuote()
 {
@@ -50,7 +49,8 @@ QString differences(const Quote& recovered, const Quote& onDisk)
         }
     }
     if (const std::size_t count = differingProducts(recovered.products, onDisk.products); count > 0) {
-        parts << (count == 1 ? MainWindow::tr("1 product") : MainWindow::tr("%1 products").arg(count));
+        parts << (count == 1 ? MainWindow::tr("1 product")
+                             : MainWindow::tr("%n products", nullptr, static_cast<int>(count)));
     }
     return parts.isEmpty() ? MainWindow::tr("nothing") : parts.join(QStringLiteral(", "));
 }
@@ -120,8 +120,7 @@ bool MainWindow::openLocked(const QString& path, std::optional<files::EditLock> 
         }
         return true;
     } catch (const std::exception& error) {
-        tell(tr("“%1” could not be opened.").arg(shortened(QDir::toNativeSeparators(path))),
-             QString::fromUtf8(error.what()));
+        tell(tr("“%1” could not be opened.").arg(shortened(QDir::toNativeSeparators(path))), qt::translated(error));
         return false;
     }
 }
@@ -149,14 +148,15 @@ void MainWindow::newQuote()
         recovery_.discard();
         customer_->setFocus();
     } catch (const RuntimeError& error) {
-        tell(tr("A new quote could not be made."), QString::fromUtf8(error.what()));
+        tell(tr("A new quote could not be made."), qt::translated(error));
     }
 }
 
 void MainWindow::chooseAndOpen()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open Quote"), file_.path().isEmpty() ? lastFolder(kQuoteFolder) : file_.path(), kFilter);
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Quote"),
+                                                      file_.path().isEmpty() ? lastFolder(kQuoteFolder) : file_.path(),
+                                                      tr("Quotes (*.quote.json);;All files (*)"));
     if (!path.isEmpty()) {
         open(path);
     }
@@ -181,7 +181,7 @@ bool MainWindow::saveAs()
 {
     QString name = number_->text().isEmpty() ? tr("Quote") : shortened(number_->text());
     name.replace(u'/', u'-'); // a quote's number may contain a slash, but a file name may not
-    QFileDialog dialog(this, tr("Save Quote"), lastFolder(kQuoteFolder), kFilter);
+    QFileDialog dialog(this, tr("Save Quote"), lastFolder(kQuoteFolder), tr("Quotes (*.quote.json);;All files (*)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("quote.json"));
     dialog.selectFile(file_.path().isEmpty() ? name + QStringLiteral(".quote.json") : file_.path());
@@ -206,8 +206,7 @@ bool MainWindow::saveTo(const QString& path)
         }
         return true;
     } catch (const std::exception& error) {
-        tell(tr("“%1” could not be saved.").arg(shortened(QDir::toNativeSeparators(path))),
-             QString::fromUtf8(error.what()));
+        tell(tr("“%1” could not be saved.").arg(shortened(QDir::toNativeSeparators(path))), qt::translated(error));
         return false;
     }
 }
@@ -300,7 +299,7 @@ void MainWindow::recover(const AbandonedWork& abandoned)
         }
         updateTitle();
     } catch (const std::exception& error) {
-        tell(tr("The unsaved changes could not be recovered."), QString::fromUtf8(error.what()));
+        tell(tr("The unsaved changes could not be recovered."), qt::translated(error));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "PlainBox.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,11 +17,6 @@
 namespace orvan::desk {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("OpenQuote", text);
-}
 
 /// A question with two ways to go on; Cancel is the default, so that Enter loses nothing.
 int ask(QWidget* window, const QString& text, const QString& first, const QString& second)
@@ -44,17 +40,18 @@ QString timeText(const QDateTime& time)
 
 QString describe(const files::LockHolder& holder)
 {
-    return tr("%1 on %2 since %3")
+    return OpenQuote::tr("%1 on %2 since %3")
         .arg(shortened(QString::fromStdString(holder.user)), shortened(QString::fromStdString(holder.host)),
              timeText(QDateTime::fromSecsSinceEpoch(holder.since)));
 }
 
 OpeningChoice askAboutHolder(const QString& path, const files::LockHolder& holder, QWidget* window)
 {
-    const int answer = ask(window,
-                           tr("“%1” is open elsewhere: %2.\n\nWho saves last would overwrite the other's work.")
-                               .arg(shortFileName(path), describe(holder)),
-                           tr("Open to &Read"), tr("Open &Anyway"));
+    const int answer =
+        ask(window,
+            OpenQuote::tr("“%1” is open elsewhere: %2.\n\nWho saves last would overwrite the other's work.")
+                .arg(shortFileName(path), describe(holder)),
+            OpenQuote::tr("Open to &Read"), OpenQuote::tr("Open &Anyway"));
     return answer == 1 ? OpeningChoice::openToRead : answer == 2 ? OpeningChoice::openAnyway : OpeningChoice::cancel;
 }
 
@@ -87,7 +84,7 @@ OpenQuote::Saving OpenQuote::save(const QString& path, const Quote& quote, QWidg
     path_ = path;
     saved_ = quote;
     stamp_ = replaced.stamp;
-    warning = QString::fromStdString(replaced.warning);
+    warning = qt::translated(replaced.warning);
     return Saving::saved;
 }
 
@@ -95,13 +92,13 @@ OpenQuote::Saving OpenQuote::save(const QString& path, const Quote& quote, QWidg
 OpenQuote::Saving OpenQuote::askAboutTheDisk(const QString& path, QWidget* window) const
 {
     QString problem;
-    QString overwrite = tr("&Overwrite");
+    QString overwrite = OpenQuote::tr("&Overwrite");
     if (path != path_) {
         const files::EditLock lock(pathOf(path)); // given back at once: nothing has been decided yet
         if (!lock.holder()) {
             return Saving::saved; // whether a file of that name may be replaced has been asked by the file dialog
         }
-        problem = tr("“%1” is open elsewhere: %2.").arg(shortFileName(path), describe(*lock.holder()));
+        problem = OpenQuote::tr("“%1” is open elsewhere: %2.").arg(shortFileName(path), describe(*lock.holder()));
     } else {
         std::optional<files::FileStamp> now;
         try {
@@ -113,15 +110,17 @@ OpenQuote::Saving OpenQuote::askAboutTheDisk(const QString& path, QWidget* windo
             return Saving::saved;
         }
         if (now) {
-            problem = tr("Another program has changed “%1” since it was opened here, at %2.\n\nSaving would overwrite "
-                         "these changes.")
+            problem = OpenQuote::tr(
+                          "Another program has changed “%1” since it was opened here, at %2.\n\nSaving would overwrite "
+                          "these changes.")
                           .arg(shortFileName(path), timeText(QFileInfo(path).lastModified()));
         } else {
-            problem = tr("“%1” has been deleted or moved since it was opened here.").arg(shortFileName(path));
-            overwrite = tr("&Save There Again");
+            problem =
+                OpenQuote::tr("“%1” has been deleted or moved since it was opened here.").arg(shortFileName(path));
+            overwrite = OpenQuote::tr("&Save There Again");
         }
     }
-    const int answer = ask(window, problem, overwrite, tr("Save &Elsewhere…"));
+    const int answer = ask(window, problem, overwrite, OpenQuote::tr("Save &Elsewhere…"));
     return answer == 1 ? Saving::saved : answer == 2 ? Saving::saveElsewhere : Saving::cancelled;
 }
 

@@ -9,6 +9,7 @@
 
 #include "orvan/files/EditLock.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
 
@@ -17,6 +18,8 @@ class QWidget;
 namespace orvan::desk {
 
 class OpenQuote {
+    Q_DECLARE_TR_FUNCTIONS(OpenQuote)
+
 public:
     /// Empty for a quote that has no file yet.
     [[nodiscard]] const QString& path() const { return path_; }

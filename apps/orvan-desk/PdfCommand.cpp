@@ -7,6 +7,7 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/Host.h"
 #include "orvan/ui/qt/QtSettingsStore.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <algorithm>
 #include <string_view>
@@ -22,7 +23,7 @@ PrintOptions chosenOptions(QStringList& notices)
         qt::QtSettingsStore settings(qt::QtSettingsStore::defaultPath());
         return readPrintOptions(settings, notices);
     } catch (const RuntimeError& error) {
-        notices << QString::fromUtf8(error.what());
+        notices << qt::translated(error);
         PrintOptions options;
         options.page = usualPage();
         return options;
@@ -56,7 +57,7 @@ QStringList convertToPdf(const QString& quoteFile, const QString& pdfFile)
     const PrintOptions options = chosenOptions(notices);
     const PrintedQuote printed = makePrintedQuote(quote, options, *makeLocaleService(locale), QLocale());
     notices << printed.problems;
-    const QString warning = writePdf(pdfFile, printed, options.page);
+    const QString warning = qt::translated(writePdf(pdfFile, printed, options.page));
     return warning.isEmpty() ? notices : notices << warning;
 }
 

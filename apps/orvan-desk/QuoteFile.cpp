@@ -24,25 +24,24 @@ const QString kCurrencyName = QStringLiteral("currency");
 const QString kProductsName = QStringLiteral("products");
 
 /// "line 3, column 14" of a byte offset, both from 1.
-QString placeOf(const QByteArray& text, qsizetype offset)
+UserText placeOf(const QByteArray& text, qsizetype offset)
 {
     const QByteArray readSoFar = text.left(offset);
     const auto line = readSoFar.count('\n') + 1;
     const auto column = offset - (readSoFar.lastIndexOf('\n') + 1) + 1;
-    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+    return userText("line %1, column %2", line, column);
 }
 
 QString textOf(const QJsonObject& object, const QString& name)
 {
     const QJsonValue value = object[name];
     if (!value.isString()) {
-        throw QuoteFileError(
-            QStringLiteral("It is damaged: \"%1\" is %2.")
-                .arg(name, value.isUndefined() ? QStringLiteral("missing") : QStringLiteral("not a text")));
+        throw QuoteFileError(value.isUndefined() ? userText("It is damaged: \"%1\" is missing.", qt::fromQt(name))
+                                                 : userText("It is damaged: \"%1\" is not a text.", qt::fromQt(name)));
     }
     // Half of a character that JSON writes as two: it has no UTF-8 form and would come back as a question mark.
     if (!value.toString().isValidUtf16()) {
-        throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" holds half a character.").arg(name));
+        throw QuoteFileError(userText("It is damaged: \"%1\" holds half a character.", qt::fromQt(name)));
     }
     return value.toString();
 }
@@ -53,7 +52,7 @@ QDate dateOf(const QJsonObject& object)
     const QDate date = QDate::fromString(text, Qt::ISODate);
     // Qt also reads a date with more text behind it, such as a time; saving the quote would lose that text.
     if (date.toString(Qt::ISODate) != text || !date.isValid()) {
-        throw QuoteFileError(QStringLiteral("It is damaged: \"%1\" is not a date.").arg(shortened(text)));
+        throw QuoteFileError(userText("It is damaged: \"%1\" is not a date.", qt::fromQt(shortened(text))));
     }
     return date;
 }
@@ -68,9 +67,8 @@ QString currencyOf(const QJsonObject& object)
     const bool capitals = std::all_of(code.cbegin(), code.cend(), [](QChar c) { return c >= u'A' && c <= u'Z'; });
     if (code.size() != 3 || !capitals) {
         throw QuoteFileError(
-            QStringLiteral(
-                "It is damaged: \"%1\" is not the code of a currency, which is three capital letters: \"%2\".")
-                .arg(kCurrencyName, shortened(code)));
+            userText("It is damaged: \"%1\" is not the code of a currency, which is three capital letters: \"%2\".",
+                     qt::fromQt(kCurrencyName), qt::fromQt(shortened(code))));
     }
     return code;
 }
@@ -80,7 +78,7 @@ QString losslessText(const std::string& text)
 {
     QString converted = QString::fromStdString(text);
     if (converted.toStdString() != text) {
-        throw QuoteFileError(QStringLiteral("A product holds characters that are not valid text."));
+        throw QuoteFileError(userText("A product holds characters that are not valid text."));
     }
     return converted;
 }
@@ -91,14 +89,14 @@ files::WholeFile bytesOf(const QString& path)
     if (path.startsWith(u':')) {
         QFile resource(path);
         if (!resource.open(QIODevice::ReadOnly)) {
-            throw QuoteFileError(QStringLiteral("It cannot be opened: %1.").arg(resource.errorString()));
+            throw QuoteFileError(userText("It cannot be opened: %1.", qt::fromQt(resource.errorString())));
         }
         return {.bytes = resource.readAll().toStdString(), .stamp = {}};
     }
     try {
         return files::readFile(pathOf(path), kMostQuoteBytes);
     } catch (const RuntimeError& error) {
-        throw QuoteFileError(QStringLiteral("It cannot be opened: %1.").arg(QString::fromUtf8(error.what())));
+        throw QuoteFileError(userText("It cannot be opened: %1.", error.userText()));
     }
 }
 
@@ -110,14 +108,14 @@ QJsonObject parseDeskFile(const QByteArray& bytes, const QString& format, int ve
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         throw QuoteFileError(
-            QStringLiteral("It is damaged at %1: %2.").arg(placeOf(bytes, error.offset), error.errorString()));
+            userText("It is damaged at %1: %2.", placeOf(bytes, error.offset), qt::fromQt(error.errorString())));
     }
     if (!document.isObject() || document[kFormatName].toString() != format) {
-        throw QuoteFileError(QStringLiteral("It is not a quote file."));
+        throw QuoteFileError(userText("It is not a quote file."));
     }
     if (document[kVersionName].toInt() != version) {
-        throw QuoteFileError(QStringLiteral("It was written by another version of the desk (%1).")
-                                 .arg(shortened(document[kVersionName].toVariant().toString())));
+        throw QuoteFileError(userText("It was written by another version of the desk (%1).",
+                                      qt::fromQt(shortened(document[kVersionName].toVariant().toString()))));
     }
     return document.object();
 }
@@ -169,8 +167,8 @@ QuoteOnDisk readQuote(const QString& path, const CheckProducts& checkProducts)
     const Quote quote = quoteFromBytes(bytes);
     try {
         checkProducts(quote.products);
-    } catch (const std::exception& error) {
-        throw QuoteFileError(QStringLiteral("Its products cannot be read. %1.").arg(QString::fromUtf8(error.what())));
+    } catch (...) {
+        throw QuoteFileError(userText("Its products cannot be read. %1.", currentError().userText()));
     }
     return {.quote = quote, .stamp = file.stamp};
 }
@@ -181,7 +179,7 @@ files::ReplacedFile writeQuote(const QString& path, const Quote& quote)
     try {
         return files::replaceFile(pathOf(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
     } catch (const RuntimeError& error) {
-        throw QuoteFileError(QStringLiteral("It cannot be written: %1.").arg(QString::fromUtf8(error.what())));
+        throw QuoteFileError(userText("It cannot be written: %1.", error.userText()));
     }
 }
 

@@ -3,10 +3,11 @@
 //     {"format": "orvan-desk-quote", "version": 1, "customer": "...", "number": "...",
 //      "date": "2026-11-20", "currency": "USD", "products": "..."}
 //
-// Files of earlier desks have no currency. // Members that this desk does not know are kept and written back, so that a
+// Files of earlier desks have no currency. Members that this desk does not know are kept and written back, so that a
 // newer desk or another program finds its own again. Thread: any. Errors: QuoteFileError.
 #pragma once
 
+#include "orvan/base/RuntimeError.h"
 #include "orvan/files/WholeFile.h"
 
 #include <QDate>
@@ -14,7 +15,6 @@
 #include <QString>
 
 #include <functional>
-#include <stdexcept>
 #include <string>
 
 namespace orvan::desk {
@@ -33,10 +33,10 @@ struct Quote {
     bool operator==(const Quote&) const = default;
 };
 
-/// what(): one message for the user (UTF-8), saying what is wrong and where.
-class QuoteFileError : public std::runtime_error {
+/// Says in one sentence for the user what is wrong with a file, and where.
+class QuoteFileError : public RuntimeError {
 public:
-    explicit QuoteFileError(const QString& message) : std::runtime_error(message.toStdString()) {}
+    explicit QuoteFileError(const UserText& message) : RuntimeError(ErrorNumber::invalidFileFormat, {}, message) {}
 };
 
 /// Raises when a products string cannot be read, with the reason.

@@ -157,17 +157,16 @@ bool RecoveryKeeper::write(const UnsavedWork& work)
 {
     try {
         std::filesystem::create_directories(pathOf(folder_));
-        const std::string warning = files::replaceFile(pathOf(file_), copyToBytes(ownCopy(work)).toStdString()).warning;
+        const UserText warning = files::replaceFile(pathOf(file_), copyToBytes(ownCopy(work)).toStdString()).warning;
         if (warning.empty()) {
             const std::lock_guard lock(mutex_);
             reported_ = false; // a disk that fills up again is told again
             return true;
         }
-        report(QString::fromStdString(warning));
+        report(warning);
         return true;
-    } catch (const std::exception& error) {
-        report(QStringLiteral("No recovery copy of the unsaved changes could be written: %1.")
-                   .arg(QString::fromUtf8(error.what())));
+    } catch (...) {
+        report(userText("No recovery copy of the unsaved changes could be written: %1.", currentError().userText()));
         return false;
     }
 }
@@ -177,13 +176,13 @@ bool RecoveryKeeper::remove()
     std::error_code error;
     std::filesystem::remove(pathOf(file_), error);
     if (error) {
-        report(QStringLiteral("The recovery copy “%1” could not be removed: %2.")
-                   .arg(shortened(file_), QString::fromStdString(error.message())));
+        report(userText("The recovery copy “%1” could not be removed: %2.", shortened(file_).toStdString(),
+                        error.message()));
     }
     return true; // finish() asks whether unsaved work was written, and there is none now
 }
 
-void RecoveryKeeper::report(const QString& problem)
+void RecoveryKeeper::report(const UserText& problem)
 {
     {
         const std::lock_guard lock(mutex_);

@@ -9,6 +9,8 @@
 
 #include "QuoteFile.h"
 
+#include "orvan/base/UserText.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -35,7 +37,7 @@ struct UnsavedWork {
 class RecoveryKeeper {
 public:
     /// Called by the writing thread with a text that tells the user what went wrong.
-    using Report = std::function<void(const QString& problem)>;
+    using Report = std::function<void(const UserText& problem)>;
 
     RecoveryKeeper(const QString& folder, Report report);
     RecoveryKeeper(const RecoveryKeeper&) = delete;
@@ -57,7 +59,7 @@ private:
     [[nodiscard]] bool write(const UnsavedWork& work);
     [[nodiscard]] bool remove();
     [[nodiscard]] bool isBusy() const { return waiting_ || discards_ || writing_; }
-    void report(const QString& problem);
+    void report(const UserText& problem);
 
     const QString folder_;
     const QString file_;

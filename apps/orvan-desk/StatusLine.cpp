@@ -1,5 +1,6 @@
 #include "StatusLine.h"
 
+#include "CatalogueMenu.h"
 #include "OpenQuote.h"
 #include "OutsideText.h"
 
@@ -69,7 +70,7 @@ QString catalogueText(const QString& file, const QDateTime& now)
         const CatalogueOrigin origin = catalogueOrigin(catalogue);
         const int entries = static_cast<int>(std::min<std::int64_t>(origin.entries, std::numeric_limits<int>::max()));
         return StatusLine::tr("“%1”: %2, imported %3")
-            .arg(origin.source.empty() ? shortFileName(file) : shortened(qt::toQt(origin.source)),
+            .arg(origin.source.empty() ? shortFileName(file) : sourceName(origin.source),
                  entries == 1 ? StatusLine::tr("1 entry") : StatusLine::tr("%Ln entries", nullptr, entries),
                  ageText(info.lastModified(), now));
     } catch (const RuntimeError&) {

@@ -2,6 +2,7 @@
 
 #include "CatalogueMenu.h"
 #include "EndSignals.h"
+#include "Language.h"
 #include "MainWindow.h"
 #include "OutsideText.h"
 #include "PdfCommand.h"
@@ -14,6 +15,7 @@
 #include "orvan/files/WholeFile.h"
 #include "orvan/hosting/QtHost.h"
 #include "orvan/hosting/Version.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -59,7 +61,7 @@ int renderTo(QWidget& window, const QString& path)
             QTextStream(stdout) << path << '\n';
             result = 0;
         } catch (const orvan::RuntimeError& error) {
-            complain(QStringLiteral("Could not write %1: %2").arg(path, QString::fromUtf8(error.what())));
+            complain(QStringLiteral("Could not write %1: %2").arg(path, orvan::qt::translated(error)));
         }
         QCoreApplication::quit();
     });
@@ -88,7 +90,7 @@ public:
         parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."),
                                      QStringLiteral("[file]"));
         printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
-        parser.addOptions({sample, theme, catalogue, editing, render, pdf, printPlaces});
+        parser.addOptions({sample, theme, language, catalogue, editing, render, pdf, printPlaces});
     }
 
     /// Reads the command line, and answers --help and --version. Returns what is wrong with it, or an empty text.
@@ -107,6 +109,10 @@ public:
                                     QStringLiteral("name")};
     const QCommandLineOption theme{QStringLiteral("theme"), QStringLiteral("Use light or dark colours in this run."),
                                    QStringLiteral("theme")};
+    const QCommandLineOption language{QStringLiteral("language"),
+                                      QStringLiteral("Show the desk in this language instead of the user's own: %1.")
+                                          .arg(orvan::desk::languages().join(QStringLiteral(", "))),
+                                      QStringLiteral("language")};
     const QCommandLineOption catalogue{QStringLiteral("catalogue"),
                                        QStringLiteral("Look products up in this catalogue instead of the user's own."),
                                        QStringLiteral("file")};
@@ -131,6 +137,11 @@ private:
         const QString colours = parser.value(theme), way = parser.value(editing), name = parser.value(sample);
         if (parser.isSet(theme) && colours != u"light" && colours != u"dark") {
             return QStringLiteral("--theme must be light or dark, not \"%1\".").arg(colours);
+        }
+        if (const QStringList known = orvan::desk::languages();
+            parser.isSet(language) && !known.contains(parser.value(language))) {
+            return QStringLiteral("--language must be one of %1, not \"%2\".")
+                .arg(known.join(QStringLiteral(", ")), parser.value(language));
         }
         if (way != u"careful" && way != u"classic") {
             return QStringLiteral("--editing must be classic or careful, not \"%1\".").arg(way);
@@ -164,9 +175,9 @@ int printToPdf(const CommandLine& line)
         QTextStream(stdout) << QString::fromStdString(orvan::shared::terminalText(pdf.toStdString())) << '\n';
         return 0;
     } catch (const orvan::desk::QuoteFileError& error) {
-        complain(QStringLiteral("Could not open %1. %2").arg(quote, QString::fromUtf8(error.what())));
+        complain(QStringLiteral("Could not open %1. %2").arg(quote, orvan::qt::translated(error)));
     } catch (const std::exception& error) {
-        complain(QStringLiteral("Could not write %1: %2").arg(pdf, QString::fromUtf8(error.what())));
+        complain(QStringLiteral("Could not write %1: %2").arg(pdf, orvan::qt::translated(error)));
     }
     return kFailed;
 }
@@ -239,12 +250,14 @@ int main(int argc, char** argv)
         complain(problem);
         return kWrongUse;
     }
+    orvan::desk::useLanguage(line.parser.isSet(line.language) ? QStringList(line.parser.value(line.language))
+                                                              : QLocale::system().uiLanguages());
     try {
         return line.parser.isSet(line.pdf) ? printToPdf(line) : run(line);
     } catch (const orvan::RuntimeError& error) {
         complain(QStringLiteral("orvan-desk cannot start: error %1, %2")
                      .arg(error.number())
-                     .arg(QString::fromUtf8(error.what())));
+                     .arg(orvan::qt::translated(error)));
         return kFailed;
     }
 }

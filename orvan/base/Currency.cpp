@@ -14,7 +14,7 @@ namespace {
 
 [[noreturn]] void raiseNotANumber(std::string_view text)
 {
-    throw RuntimeError(ErrorNumber::typeMismatch, {}, "\"" + std::string(text) + "\" is not a number");
+    throw RuntimeError(ErrorNumber::typeMismatch, {}, userText("\"%1\" is not a number", text));
 }
 
 constexpr auto kMostScaled = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());

@@ -76,11 +76,11 @@ std::int32_t textToInteger32(std::string_view text)
     const bool negative = takeOneOf("+-", number) == '-';
     const std::optional<double> value = readUnsignedNumber(number);
     if (!value) {
-        throw RuntimeError(ErrorNumber::typeMismatch, {}, "\"" + std::string(text) + "\" is not a number");
+        throw RuntimeError(ErrorNumber::typeMismatch, {}, userText("\"%1\" is not a number", text));
     }
     const double rounded = std::nearbyint(negative ? -*value : *value);
     if (rounded > std::numeric_limits<std::int32_t>::max() || rounded < std::numeric_limits<std::int32_t>::min()) {
-        throw RuntimeError(ErrorNumber::overflow, {}, "\"" + std::string(text) + "\" does not fit 32 bits");
+        throw RuntimeError(ErrorNumber::overflow, {}, userText("\"%1\" does not fit 32 bits", text));
     }
     return static_cast<std::int32_t>(rounded);
 }

@@ -48,15 +48,21 @@ std::string_view standardErrorText(std::int32_t number)
     return "Application-defined or object-defined error";
 }
 
-RuntimeError::RuntimeError(std::int32_t number, std::string source, std::string description)
+RuntimeError::RuntimeError(std::int32_t number, std::string source, const UserText& description)
     : number_(number == 0 ? ErrorNumber::invalidProcedureCall : number), source_(std::move(source)),
-      description_(std::move(description))
+      description_(description.english()),
+      userText_(description.empty() ? nullptr : std::make_shared<const UserText>(description))
 {
 }
 
 std::string_view RuntimeError::text() const noexcept
 {
     return description_.empty() ? standardErrorText(number_) : std::string_view(description_);
+}
+
+UserText RuntimeError::userText() const
+{
+    return userText_ ? *userText_ : orvan::userText(standardErrorText(number_));
 }
 
 const char* RuntimeError::what() const noexcept

@@ -4,8 +4,11 @@
 // Ownership: a RuntimeError owns its texts. Thread: any.
 #pragma once
 
+#include "orvan/base/UserText.h"
+
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -48,20 +51,23 @@ class ORVAN_EXPORT RuntimeError : public std::exception {
 public:
     /// Number 0 means "no error" and cannot be raised: it becomes 5 (invalid procedure call), as in the
     /// runtime that the numbers come from.
-    explicit RuntimeError(std::int32_t number, std::string source = {}, std::string description = {});
+    explicit RuntimeError(std::int32_t number, std::string source = {}, const UserText& description = {});
 
     std::int32_t number() const noexcept { return number_; }
     const std::string& source() const noexcept { return source_; }
     /// The description that was given when the error was raised; may be empty.
     const std::string& description() const noexcept { return description_; }
-    /// The description; the standard text of the number if the description is empty.
+    /// The description; the standard text of the number if the description is empty. English, as in the trace.
     std::string_view text() const noexcept;
+    /// The same text for the user, who may read another language.
+    [[nodiscard]] UserText userText() const;
     const char* what() const noexcept override;
 
 private:
     std::int32_t number_;
     std::string source_;
     std::string description_;
+    std::shared_ptr<const UserText> userText_; ///< The description; null if it is empty. Copies of the error share it.
 };
 
 /// The error that the calling thread is handling, whatever type was thrown; to be called inside a catch block only.

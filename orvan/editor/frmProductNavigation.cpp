@@ -119,7 +119,7 @@ void frmProduct::askAndDelete()
     if (!leaveBoxFor(cmdDelete_)) { // the focus moves to the button even when the command came from the menu
         return;
     }
-    const auto answer = show({.text = "Are you sure you want to delete the current product?",
+    const auto answer = show({.text = userText("Are you sure you want to delete the current product?"),
                               .buttons = ui::MessageButtons::yesNoCancel,
                               .icon = ui::MessageIcon::question});
     if (answer != ui::MessageResult::yes || !form_->loaded()) { // the form may be closed while the question is shown

@@ -103,17 +103,18 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
             const RuntimeError error = currentError();
             if (error.number() != ErrorNumber::outOfStringSpace &&
                 differs(platform_, Deviation::sizeCheckTellsOtherErrors)) {
-                show({.text = std::string(error.text()),
+                show({.text = error.userText(),
                       .buttons = ui::MessageButtons::ok,
                       .icon = ui::MessageIcon::exclamation});
                 return;
             }
             const std::int32_t limit = productMgr()->GetMaxDataSize();
-            std::string text = "The total size of the product data for an IBO has exceeded the maximum limit of ";
-            text.append(std::to_string(limit)).append(" bytes. ");
-            text.append("Please try limiting the amount of data you put in the product note field "
-                        "(this or other products in this IBO) and try saving the product info again.");
-            show({.text = std::move(text), .buttons = ui::MessageButtons::ok, .icon = ui::MessageIcon::exclamation});
+            show({.text = userText("The total size of the product data for an IBO has exceeded the maximum limit of "
+                                   "%1 bytes. Please try limiting the amount of data you put in the product note field "
+                                   "(this or other products in this IBO) and try saving the product info again.",
+                                   limit),
+                  .buttons = ui::MessageButtons::ok,
+                  .icon = ui::MessageIcon::exclamation});
         });
 }
 
@@ -124,14 +125,14 @@ ui::MessageResult frmProduct::PrvCancelEdit(bool& bSaveFailed)
             return ui::MessageResult::yes; // the user is not asked again, and nothing is saved again
         }
         bSaveFailed = false;
-        std::string text = "The product information has been modified, would you like to save the changes?";
+        UserText text = userText("The product information has been modified, would you like to save the changes?");
         if (differs(platform_, Deviation::revertQuestionSaysWhatIsLost)) {
-            text.append(" If you answer No, the whole list goes back to what it was.");
+            text = text + " " + userText("If you answer No, the whole list goes back to what it was.");
             const ResumeNext<false> step; // a list beyond the limit cannot be read, and is asked about all the same
             step([&] {
                 const auto differing = productsThatDiffer(
                     productsSnapshot_, productMgr()->GetProductsString(kRecordSeparator, kFieldSeparator));
-                text.append(" Products that differ: ").append(std::to_string(differing)).append(".");
+                text = text + " " + userText("Products that differ: %1.", differing);
             });
         }
         const auto answer = show(
@@ -164,7 +165,7 @@ bool frmProduct::revert()
     const ResumeNext<true> step;
     step([&] { restored = restore(); });
     if (!restored) {
-        show({.text = "Could not undo the changes due to an error. The dialog stays open.",
+        show({.text = userText("Could not undo the changes due to an error. The dialog stays open."),
               .buttons = ui::MessageButtons::ok,
               .icon = ui::MessageIcon::critical});
     }
@@ -200,9 +201,9 @@ void frmProduct::PrvCloseOnError()
         return;
     }
     const ScopedFlag closing(closingOnError_);
-    show({.text = std::string("We apologize for the inconvenience but due to an internal application error the current "
-                              "dialog will be closed. If the issue persists please contact our support department at ")
-                      .append(kSupportAddress),
+    show({.text = userText("We apologize for the inconvenience but due to an internal application error the current "
+                           "dialog will be closed. If the issue persists please contact our support department at %1",
+                           kSupportAddress),
           .buttons = ui::MessageButtons::ok,
           .icon = ui::MessageIcon::exclamation});
     form_->unload();
@@ -228,7 +229,7 @@ void frmProduct::cmdSaveClose_Click()
         },
         [&] {
             if (form_->loaded()) {
-                show({.text = "Could not save the current product due to an error.",
+                show({.text = userText("Could not save the current product due to an error."),
                       .buttons = ui::MessageButtons::ok,
                       .icon = ui::MessageIcon::critical});
             }

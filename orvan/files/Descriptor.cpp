@@ -27,12 +27,12 @@ auto uninterrupted(Call&& call)
 /// The most bytes that one call of the system is given. The system itself takes no more than 2 GiB.
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 30;
 
-const char* kindOf(mode_t mode)
+UserText kindOf(mode_t mode)
 {
-    return S_ISDIR(mode)    ? "it is a folder"
-           : S_ISFIFO(mode) ? "it is a pipe"
-           : S_ISSOCK(mode) ? "it is a socket"
-                            : "it is a device";
+    return S_ISDIR(mode)    ? userText("it is a folder")
+           : S_ISFIFO(mode) ? userText("it is a pipe")
+           : S_ISSOCK(mode) ? userText("it is a socket")
+                            : userText("it is a device");
 }
 
 void refuseUnlessRegular(mode_t mode)

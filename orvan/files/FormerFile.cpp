@@ -136,7 +136,8 @@ void swapWithFormer(const fs::path& file)
     if (!isFile(former)) {
         const bool kept = formerFileOf(file).has_value(); // under its hidden name
         throw RuntimeError(ErrorNumber::pathFileAccess, {},
-                           kept ? "something that is no file has the former one's name" : "there is no former one");
+                           kept ? userText("something that is no file has the former one's name")
+                                : userText("there is no former one"));
     }
     if (isFile(target)) {
         replaceKeepingFormer(former, target);

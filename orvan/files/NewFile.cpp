@@ -52,7 +52,7 @@ fs::path resolvedTarget(const fs::path& target)
     if (fs::is_symlink(fs::symlink_status(absolute, error))) {
         fs::path real = fs::canonical(absolute, error);
         if (error) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "it is a link that leads nowhere");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("it is a link that leads nowhere"));
         }
         return real;
     }
@@ -106,7 +106,7 @@ void NewFile::removeLeftovers(const std::string& prefix, Others others)
         if (lock(other)) {
             ::unlink(entry->path().c_str()); // its program has ended without finishing it
         } else if (errno == EWOULDBLOCK && others == Others::refused) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "another program is replacing it");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("another program is replacing it"));
         }
     }
 }
@@ -116,13 +116,13 @@ void NewFile::write(std::string_view bytes)
     file_.write(bytes);
 }
 
-std::string NewFile::commit(Former former)
+UserText NewFile::commit(Former former)
 {
     struct stat old = {};
     const bool replaces = ::stat(target_.c_str(), &old) == 0;
     if (replaces) {
         if (!S_ISREG(old.st_mode)) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "there is something else of this name");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("there is something else of this name"));
         }
         file_.setPermissions(old.st_mode & kPermissions);
     } else if (errno != ENOENT) {
@@ -138,8 +138,8 @@ std::string NewFile::commit(Former former)
     try {
         Descriptor::openFolder(target_.parent_path()).sync();
     } catch (const RuntimeError& error) {
-        return "It has been written, but a power failure now could bring the former one back: " +
-               std::string(error.text()) + ".";
+        return userText("It has been written, but a power failure now could bring the former one back: %1.",
+                        error.userText());
     }
     return {};
 }

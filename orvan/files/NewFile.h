@@ -13,6 +13,7 @@
 // the old file is then as it was.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/files/Descriptor.h"
 
 #include <filesystem>
@@ -47,9 +48,9 @@ public:
     /// What becomes of the file that is replaced. It can be kept (FormerFile.h) only with Others::refused.
     enum class Former { dropped, kept };
 
-    /// Writes the content to the disk, then gives the new file its target's name. Returns "", or a warning for the
-    /// user if the folder could not be flushed: the file has been replaced then, but a power cut could undo it.
-    [[nodiscard]] std::string commit(Former former = Former::dropped);
+    /// Writes the content to the disk, then gives the new file its target's name. Returns an empty text, or a warning
+    /// for the user if the folder could not be flushed: the file has been replaced then, but a power cut could undo it.
+    [[nodiscard]] UserText commit(Former former = Former::dropped);
 
     /// The system's information about the new file; can be called after commit, too.
     [[nodiscard]] struct stat status() const { return file_.status(); }

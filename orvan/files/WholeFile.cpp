@@ -26,7 +26,7 @@ WholeFile readFile(const std::filesystem::path& path, std::int64_t most)
     const Descriptor file = Descriptor::openRegular(path);
     if (file.status().st_size > most) {
         throw RuntimeError(ErrorNumber::pathFileAccess, {},
-                           "it is larger than " + std::to_string(most / (std::int64_t{1024} * 1024)) + " MiB");
+                           userText("it is larger than %1 MiB", most / (std::int64_t{1024} * 1024)));
     }
     WholeFile whole{.bytes = file.readAll(), .stamp = {}};
     whole.stamp = stampOf(file.status(), whole.bytes);

@@ -3,6 +3,8 @@
 // Thread: any. Errors: 75 with the reason in the description (see NewFile.h and Descriptor.h).
 #pragma once
 
+#include "orvan/base/UserText.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -37,7 +39,7 @@ struct WholeFile {
 
 struct ReplacedFile {
     FileStamp stamp;
-    std::string warning; ///< The warning that NewFile::commit returned.
+    UserText warning; ///< The warning that NewFile::commit returned.
 };
 
 /// Replaces a file, or makes it. The old content stays until the new one is on the disk.

@@ -282,12 +282,13 @@ void LookUpBoxes::applyEntry(const Box& box)
 
 bool LookUpBoxes::wantsNote()
 {
-    return session_.platform().messageBox().show({.text = "Would you like to overwrite the current contents of the "
-                                                          "product note field with the contents from the product "
-                                                          "look-up?",
-                                                  .buttons = ui::MessageButtons::yesNo,
-                                                  .icon = ui::MessageIcon::question,
-                                                  .ownerWindow = session_.window()}) == ui::MessageResult::yes;
+    return session_.platform().messageBox().show(
+               {.text = userText("Would you like to overwrite the current contents of the "
+                                 "product note field with the contents from the product "
+                                 "look-up?"),
+                .buttons = ui::MessageButtons::yesNo,
+                .icon = ui::MessageIcon::question,
+                .ownerWindow = session_.window()}) == ui::MessageResult::yes;
 }
 
 void LookUpBoxes::forgetFormerText()

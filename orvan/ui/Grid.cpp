@@ -242,10 +242,11 @@ void Grid::selectRows(RowSelection rows, std::int32_t current)
     changed(&GridChanges::currentRow);
 }
 
-void Grid::setSearchText(std::string text)
+void Grid::setSearchText(UserText text)
 {
-    if (text != searchText_) {
-        searchText_ = std::move(text);
+    const bool same = text == searchText_.english();
+    searchText_ = std::move(text);
+    if (!same) {
         doShowSearchText();
     }
 }

@@ -11,6 +11,7 @@
 // Ownership: the Surface. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/ui/Control.h"
 #include "orvan/ui/GridFormat.h"
 #include "orvan/ui/KeyStroke.h"
@@ -97,8 +98,8 @@ public:
     /// Selects rows, and makes `current` the current row. Raises 5 if a header row is among them.
     void selectRows(RowSelection rows, std::int32_t current);
     /// What the user has typed to find a row. The grid shows it over its rows until it is set to an empty text.
-    const std::string& searchText() const { return searchText_; }
-    void setSearchText(std::string text);
+    const UserText& searchText() const { return searchText_; }
+    void setSearchText(UserText text);
 
     /// The user pressed a key while the grid had the focus. A handler that takes the key sets its `key` to Key::none;
     /// otherwise the keys that move the current row do so.
@@ -169,7 +170,7 @@ private:
     std::int32_t anchorRow_ = 0; ///< Where a selection of several rows begins.
     bool multiSelect_ = false;
     RowSelection selection_;
-    std::string searchText_;
+    UserText searchText_;
     bool userResizing_ = false;
     std::int32_t mouseRow_ = -1;
     std::int32_t mouseColumn_ = -1;

@@ -3,6 +3,8 @@
 // Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/base/UserText.h"
+
 #include <cstdint>
 #include <string>
 
@@ -18,7 +20,7 @@ enum class MessageResult : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
 inline constexpr const char* kMessageTitle = "Orvan";
 
 struct Message {
-    std::string text = {}; ///< UTF-8, plain: nothing in it is markup.
+    UserText text = {}; ///< Plain: nothing in it is markup.
     std::string title = kMessageTitle;
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::information;

@@ -9,8 +9,6 @@ namespace orvan {
 
 namespace {
 
-constexpr std::string_view kNotFound = ": not found";
-
 /// What LocaleService::foldCase does with these characters, without its call: a long list has millions of them.
 constexpr char32_t foldAscii(char32_t character)
 {
@@ -74,7 +72,7 @@ bool ListFind::find(std::int32_t from, std::int32_t step)
     for (const Rule rule : {Rule::nameBegins, Rule::partNumberBegins, Rule::nameContains}) {
         row = row > 0 ? row : search(rule, from, step);
     }
-    grid_.setSearchText(row > 0 ? text_ : text_ + std::string(kNotFound));
+    grid_.setSearchText(row > 0 ? UserText(text_) : userText("%1: not found", text_));
     const bool moves = row > 0 && row != grid_.currentRow();
     if (row > 0) {
         grid_.setCurrentRow(row);

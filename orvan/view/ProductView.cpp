@@ -44,13 +44,11 @@ std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32
 void requireShowable(std::int32_t count)
 {
     if (count < 0) {
-        throw RuntimeError(
-            ErrorNumber::invalidProcedureCall, {},
-            std::string("The product manager counts ").append(std::to_string(count)).append(" products"));
+        throw RuntimeError(ErrorNumber::invalidProcedureCall, {},
+                           userText("The product manager counts %1 products", count));
     }
     if (count >= ui::Grid::kMostRows) { // the header is a row, too
-        throw RuntimeError(ErrorNumber::outOfMemory, {},
-                           std::string("The list cannot show ").append(std::to_string(count)).append(" products"));
+        throw RuntimeError(ErrorNumber::outOfMemory, {}, userText("The list cannot show %1 products", count));
     }
 }
 

@@ -136,7 +136,8 @@ void ProductView::PrvDeleteProduct()
         // From the last to the first, so that the positions of the others stay what they are.
         std::vector<std::int32_t> rows = rowsToActOn();
         if (rows.empty()) {
-            platform_.messageBox().show({.text = "Please select a product first", .ownerWindow = messageOwner()});
+            platform_.messageBox().show(
+                {.text = userText("Please select a product first"), .ownerWindow = messageOwner()});
             return;
         }
         if (!userAgreesToDelete(rows.size()) || !list.stillShown()) {
@@ -169,11 +170,12 @@ std::vector<std::int32_t> ProductView::rowsToActOn() const
 
 bool ProductView::userAgreesToDelete(std::size_t count)
 {
-    const std::string which = count > 1 ? std::to_string(count) + " selected products" : "selected product";
-    const auto answer = platform_.messageBox().show({.text = "Are you sure you want to delete the " + which + "?",
-                                                     .buttons = ui::MessageButtons::yesNo,
-                                                     .icon = ui::MessageIcon::question,
-                                                     .ownerWindow = messageOwner()});
+    const auto answer = platform_.messageBox().show(
+        {.text = countedText(static_cast<std::int64_t>(count), "Are you sure you want to delete the selected product?",
+                             "Are you sure you want to delete the %n selected products?"),
+         .buttons = ui::MessageButtons::yesNo,
+         .icon = ui::MessageIcon::question,
+         .ownerWindow = messageOwner()});
     return answer == ui::MessageResult::yes;
 }
 

@@ -15,16 +15,17 @@ constexpr std::size_t kMostNamed = 5;       // products in the question
 constexpr std::size_t kMostCharacters = 50; // of a name there
 
 /// What pasting adds, for the user to agree to.
-std::string question(const std::vector<ProductValues>& products)
+UserText question(const std::vector<ProductValues>& products)
 {
-    std::string text = products.size() == 1
-                           ? "Add this product to the list?\n"
-                           : "Add these " + std::to_string(products.size()) + " products to the list?\n";
+    std::string text = "\n";
     for (std::size_t i = 0; i < products.size() && i < kMostNamed; ++i) {
         const std::string& name = products[i].name.empty() ? products[i].partNum : products[i].name;
         text.append("\n").append(products[i].qty.toText()).append(" × ").append(firstCharacters(name, kMostCharacters));
     }
-    return products.size() > kMostNamed ? text + "\n…" : text;
+    text.append(products.size() > kMostNamed ? "\n…" : "");
+    return countedText(static_cast<std::int64_t>(products.size()), "Add this product to the list?",
+                       "Add these %n products to the list?") +
+           std::move(text);
 }
 
 /// Raises 321 for an amount that a product of this list cannot have; `record` is one of the list's manager.
@@ -32,13 +33,14 @@ void requireValid(const ProductRecord& record, const std::vector<ProductValues>&
 {
     for (std::size_t i = 0; i < products.size(); ++i) {
         const ProductValues& values = products[i];
-        const char* const wrong = !record.IsValidQty(values.qty)               ? "quantity"
-                                  : !record.IsValidUnitPrice(values.unitPrice) ? "unit price"
-                                  : !record.IsValidDiscPrcnt(values.discPrcnt) ? "discount"
-                                                                               : nullptr;
-        if (wrong) {
-            throw RuntimeError(ErrorNumber::invalidFileFormat, {},
-                               "Product " + std::to_string(i + 1) + ": this " + wrong + " is not possible");
+        const UserText wrong =
+            !record.IsValidQty(values.qty) ? userText("Product %1: this quantity is not possible", i + 1)
+            : !record.IsValidUnitPrice(values.unitPrice)
+                ? userText("Product %1: this unit price is not possible", i + 1)
+            : !record.IsValidDiscPrcnt(values.discPrcnt) ? userText("Product %1: this discount is not possible", i + 1)
+                                                         : UserText();
+        if (!wrong.empty()) {
+            throw RuntimeError(ErrorNumber::invalidFileFormat, {}, wrong);
         }
     }
 }
@@ -68,7 +70,7 @@ void ProductView::pasteProducts()
 {
     const CurrentList list(*this);
     std::vector<ProductValues> products;
-    std::string problem;
+    UserText problem;
     try {
         products = textToRows(platform_.clipboard().text(), platform_.locale());
         const auto scratch = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
@@ -79,16 +81,16 @@ void ProductView::pasteProducts()
         if (error.number() != ErrorNumber::invalidFileFormat) {
             throw;
         }
-        problem = error.text();
+        problem = error.userText();
     }
     if (!list.stillShown()) {
         return;
     }
     if (!problem.empty() || products.empty()) {
-        platform_.messageBox().show(
-            {.text = problem.empty() ? "There are no products to paste." : "Nothing was pasted.\n\n" + problem,
-             .icon = ui::MessageIcon::exclamation,
-             .ownerWindow = messageOwner()});
+        platform_.messageBox().show({.text = problem.empty() ? userText("There are no products to paste.")
+                                                             : userText("Nothing was pasted.") + "\n\n" + problem,
+                                     .icon = ui::MessageIcon::exclamation,
+                                     .ownerWindow = messageOwner()});
         return;
     }
     const auto answer = platform_.messageBox().show({.text = question(products),

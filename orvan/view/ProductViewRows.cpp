@@ -132,8 +132,10 @@ bool ProductView::fitsMaxDataSize(const CurrentList& list, const std::vector<Pro
     const auto most = static_cast<std::size_t>(std::max(list->GetMaxDataSize(), 0));
     if (size > most && list.stillShown()) {
         platform_.messageBox().show(
-            {.text = "Nothing was added, because the list would be too large to be saved: " + std::to_string(size) +
-                     " bytes, and at most " + std::to_string(most) + " are possible.",
+            {.text =
+                 userText("Nothing was added, because the list would be too large to be saved: %1 bytes, and at most "
+                          "%2 are possible.",
+                          size, most),
              .icon = ui::MessageIcon::exclamation,
              .ownerWindow = messageOwner()});
     }

@@ -102,7 +102,7 @@ private:
             const std::size_t end = rest_.find('"');
             if (end == std::string_view::npos) {
                 throw RuntimeError(ErrorNumber::invalidFileFormat, {},
-                                   "Row " + std::to_string(row_) + ": a quotation mark is not closed");
+                                   userText("Row %1: a quotation mark is not closed", row_));
             }
             cell += rest_.substr(0, end);
             rest_.remove_prefix(end + 1);
@@ -136,13 +136,13 @@ Columns captionsIn(const std::vector<std::string>& cells)
     return known > 0 && (known > 1 || cells.size() == 1) ? columns : Columns();
 }
 
-[[noreturn]] void refuse(int row, const ExchangeColumn& column, std::string_view cell, std::string_view why)
+[[noreturn]] void refuse(int row, const ExchangeColumn& column, std::string_view cell, const UserText& why)
 {
     constexpr std::size_t kMostShown = 40; // bytes
     std::string shown(cell.substr(0, kMostShown));
     throw RuntimeError(ErrorNumber::invalidFileFormat, {},
-                       "Row " + std::to_string(row) + ", column \"" + std::string(column.caption) + "\": \"" + shown +
-                           (cell.size() > kMostShown ? "…" : "") + "\" " + std::string(why));
+                       userText("Row %1, column \"%2\": \"%3\" %4", row, userText(column.caption),
+                                shown + (cell.size() > kMostShown ? "…" : ""), why));
 }
 
 Currency amountIn(const std::string& cell, int row, const ExchangeColumn& column, std::string_view separator)
@@ -152,12 +152,13 @@ Currency amountIn(const std::string& cell, int row, const ExchangeColumn& column
         place != std::string::npos) {
         plain.replace(place, separator.size(), ".");
     } else if (separator != "." && plain.find('.') != std::string::npos) {
-        refuse(row, column, cell, "is not a number with the decimal separator \"" + std::string(separator) + '"');
+        refuse(row, column, cell, userText("is not a number with the decimal separator \"%1\"", separator));
     }
     try {
         return Currency::fromText(plain);
     } catch (const RuntimeError& error) {
-        refuse(row, column, cell, error.number() == ErrorNumber::overflow ? "is too large" : "is not a number");
+        refuse(row, column, cell,
+               error.number() == ErrorNumber::overflow ? userText("is too large") : userText("is not a number"));
     }
 }
 
@@ -204,8 +205,8 @@ std::vector<ProductValues> textToRows(std::string_view text, ui::LocaleService& 
         }
         if (cells.size() > columns.size()) {
             throw RuntimeError(ErrorNumber::invalidFileFormat, {},
-                               "Row " + std::to_string(reader.row()) + " has " + std::to_string(cells.size()) +
-                                   " cells, and there are only " + std::to_string(columns.size()) + " columns");
+                               userText("Row %1 has %2 cells, and there are only %3 columns", reader.row(),
+                                        cells.size(), columns.size()));
         }
         ProductValues values;
         values.qty = Currency::fromScaled(Currency::kScale);

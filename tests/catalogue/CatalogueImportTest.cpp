@@ -94,7 +94,7 @@ TEST_F(CatalogueImportTest, RefusedRowsAreNamedByTheirLineAndNothingIsImported)
     }
     const CatalogueImportResult result = import(content, {.mostRefused = std::size(lines)});
     for (const RefusedRow& row : result.refused) {
-        refused.push_back(std::to_string(row.line).append(" ").append(row.reason));
+        refused.push_back(std::to_string(row.line).append(" ").append(row.reason.english()));
     }
     EXPECT_EQ(refused, expected);
     EXPECT_EQ(result.outcome, Outcome::refused);

@@ -168,7 +168,7 @@ TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
         makeCatalogue({"Bolt"});
         std::vector<std::string> told;
         const auto create =
-            catalogueFactory({.file = file(), .report = [&](std::string_view text) { told.emplace_back(text); }});
+            catalogueFactory({.file = file(), .report = [&](const UserText& text) { told.push_back(text.english()); }});
         const auto openBefore = std::dynamic_pointer_cast<ProductLkpMgr>(create());
         openBefore->SeekItem(1);
         EXPECT_FALSE(openBefore->IsEOF());
@@ -199,7 +199,7 @@ TEST_F(CatalogueTest, DamageThatASearchMeetsIsReportedAndGivesNoEntries)
     }
     std::vector<std::string> told;
     const auto create =
-        catalogueFactory({.file = file(), .report = [&](std::string_view text) { told.emplace_back(text); }});
+        catalogueFactory({.file = file(), .report = [&](const UserText& text) { told.push_back(text.english()); }});
     const auto catalogue = std::dynamic_pointer_cast<ProductLkpMgr>(create());
     EXPECT_TRUE(told.empty());
     EXPECT_EQ(shown(catalogue->GetProductNameList("B", false)), "none");

@@ -191,7 +191,7 @@ TEST_F(UnsavedWorkTest, DiscardingDoesNotWaitForADiskThatStillWrites)
 {
     write(path("file"), "in the way of a folder");
     std::promise<void> writes, mayEnd;
-    RecoveryKeeper keeper(path("file"), [&](const QString&) { // called by the thread that writes
+    RecoveryKeeper keeper(path("file"), [&](const UserText&) { // called by the thread that writes
         writes.set_value();
         mayEnd.get_future().wait();
     });
@@ -208,7 +208,7 @@ TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)
     const QString copies = defaultRecoveryFolder();
     QString copy;
     {
-        RecoveryKeeper keeper(copies, [](const QString& problem) { FAIL() << problem.toStdString(); });
+        RecoveryKeeper keeper(copies, [](const UserText& problem) { FAIL() << problem.english(); });
         Quote quote = readQuote(path(), [](const std::string&) {}).quote;
         quote.customer += u'?';
         quote.products = "2~Lamp:::5:1:0:5:~Desk:::9:1:0:9:~";

@@ -74,7 +74,7 @@ public:
         platform.messageBox().onWaiting = [this](const ui::Message& message) {
             platform.messageBox().answer(message.buttons == ui::MessageButtons::ok      ? ui::MessageResult::ok
                                          : message.buttons == ui::MessageButtons::yesNo ? ui::MessageResult::yes
-                                         : message.text.starts_with("Are you sure")     ? ui::MessageResult::yes
+                                         : message.text.english().starts_with("Are you sure")     ? ui::MessageResult::yes
                                                                                         : answer);
         };
     }
@@ -235,7 +235,7 @@ TEST_F(DeviationsTest, TheRevertQuestionSaysWhatIsLost)
             const auto first = static_cast<std::ptrdiff_t>(shown.size());
             outcome(way, row);
             const auto asked = std::find_if(shown.begin() + first, shown.end(), [&](const ui::Message& message) {
-                return message.text.starts_with(question);
+                return message.text.english().starts_with(question);
             });
             ASSERT_NE(asked, shown.end());
             EXPECT_EQ(asked->text, way == ui::EditingWay::classic ? row.classic : row.careful);

@@ -68,7 +68,7 @@ TEST(LookUpLeave, AppliesTheEntryAndSkipsWhatFails)
             EXPECT_EQ(bench.shown().starts_with("||"), applies);
             EXPECT_EQ(bench.closings, 0);
             for (const ui::Message& message : bench.platform().messageBox().shown()) {
-                EXPECT_EQ(message.text + message.title, std::string(kQuestion) + "Orvan");
+                EXPECT_EQ(message.text.english() + message.title, std::string(kQuestion) + "Orvan");
                 EXPECT_TRUE(message.icon == ui::MessageIcon::question && message.ownerWindow == 7);
             }
             EXPECT_EQ(bench.platform().messageBox().shown().size(), row.answer || failAt == "question" ? 1U : 0U);

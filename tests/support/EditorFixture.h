@@ -89,7 +89,7 @@ public:
         std::string letters;
         for (const auto& shown = platform.messageBox().shown(); first < shown.size(); ++first) {
             EXPECT_EQ(shown[first].title, "Orvan");
-            letters += letterOf(shown[first].text);
+            letters += letterOf(shown[first].text.english());
         }
         return letters;
     }

@@ -5,6 +5,7 @@
 #include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
 #include "orvan/view/ProductViewDesign.h"
+#include "tests/sweeps/ListSteps.h"
 
 #include <algorithm>
 
@@ -74,37 +75,6 @@ public:
 private:
     std::shared_ptr<Trace> inner_;
 };
-
-/// The products of a products string, in order.
-std::vector<std::string> productsOf(std::string_view sProducts)
-{
-    std::vector<std::string> products;
-    for (std::size_t end = 0; (end = sProducts.find(kRecordSeparator)) != std::string_view::npos;) {
-        products.emplace_back(sProducts.substr(0, end));
-        sProducts.remove_prefix(end + 1);
-    }
-    if (!products.empty()) {
-        products.erase(products.begin()); // the count
-    }
-    return products;
-}
-
-/// Whether one thing that a user does can have made one list of the other: at most one product was changed or removed,
-/// and at most one was added behind it; or two neighbours were exchanged.
-bool isOneStep(std::string_view before, std::string_view after)
-{
-    std::vector<std::string> was = productsOf(before);
-    std::vector<std::string> is = productsOf(after);
-    while (!was.empty() && !is.empty() && was.back() == is.back()) {
-        was.pop_back();
-        is.pop_back();
-    }
-    const auto [first, other] = std::mismatch(was.begin(), was.end(), is.begin(), is.end());
-    was.erase(was.begin(), first);
-    is.erase(is.begin(), other);
-    return (was.size() <= 1 && is.size() <= was.size() + 1) ||
-           (was.size() == 2 && is.size() == 2 && was[0] == is[1] && was[1] == is[0]);
-}
 
 } // namespace
 
@@ -258,6 +228,7 @@ void WholeSession::work(ui::Surface& surface, ProductView& view)
     };
     click("cmdMoveUp");
     click("cmdMoveDown");
+    pressKeys(grid);
     edit(surface, true);
     click("cmdDelete");
     edit(surface, false);
@@ -266,6 +237,36 @@ void WholeSession::work(ui::Surface& surface, ProductView& view)
         static_cast<void>(view.TotalValue());
     });
     step("showing another list", [&] { view.Show(kOtherProducts); });
+}
+
+void WholeSession::pressKeys(ui::Grid& grid)
+{
+    const auto press = [&](const char* key) {
+        // What a key does to several rows is done row by row: of these, some may have been done.
+        const std::string before = list();
+        step(key, [&] { driver_.pressKey(grid, key); });
+        const std::string after = list();
+        if (!isSameProducts(before, after)) {
+            faults.push_back(std::string(key) + " made of " + before + " the list " + after);
+        }
+    };
+    step("choosing a row", [&] { driver_.chooseRow(grid, std::min(1, grid.rowCount() - 1)); });
+    press("L");
+    press("Ctrl+C");
+    smallStep("duplicating", [&] { driver_.pressKey(grid, "Ctrl+D"); });
+    smallStep("pasting", [&] { driver_.pressKey(grid, "Ctrl+V"); });
+    press("Shift+Up");
+    press("Alt+Up");
+    press("Alt+Down");
+    step("dragging rows", [&] {
+        if (grid.rowCount() > 3) {
+            driver_.dragRows(grid, grid.currentRow(), 1);
+        }
+    });
+    smallStep("cutting", [&] {
+        driver_.pressKey(grid, "Home");
+        driver_.pressKey(grid, "Ctrl+X");
+    });
 }
 
 void WholeSession::edit(ui::Surface& surface, bool save)

@@ -43,6 +43,7 @@ private:
     class Box;
 
     void work(ui::Surface& surface, ProductView& view);
+    void pressKeys(ui::Grid& grid);
     void edit(ui::Surface& surface, bool save);
     void inEditor(ui::Form& form, bool save);
     void checkWhatIsLeft(ui::Surface& surface, ProductView& view);

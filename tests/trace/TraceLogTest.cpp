@@ -48,7 +48,7 @@ protected:
     TraceLogTest()
     {
         options.file = folder / "trace.log";
-        options.report = [this](std::string_view text) { reports.emplace_back(text); };
+        options.report = [this](const UserText& text) { reports.push_back(text.english()); };
         messageBox.onWaiting = [&](const ui::Message&) { messageBox.answer(ui::MessageResult::ok); };
     }
 
@@ -134,7 +134,7 @@ TEST_F(TraceLogTest, ShowLastErrorShowsTheTextTheErrorBeganWith)
     gobjTrace.reset();
     std::string shown;
     for (const ui::Message& message : messageBox.shown()) {
-        shown += std::to_string(message.ownerWindow) + ' ' + message.title + ": " + message.text + '\n';
+        shown += std::to_string(message.ownerWindow) + ' ' + message.title + ": " + message.text.english() + '\n';
         EXPECT_TRUE(message.icon == ui::MessageIcon::exclamation && message.buttons == ui::MessageButtons::ok);
     }
     EXPECT_EQ(shown, "77 Orvan: Error 9: No row 7\n78 Orvan: Error 9: Subscript out of range\n"
@@ -195,8 +195,8 @@ TEST_F(TraceLogTest, FileThatCannotBeWrittenIsReportedOnce)
 {
     std::ofstream(folder / "file") << "no directory";
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    options.report = [this](std::string_view text) {
-        reports.emplace_back(text);
+    options.report = [this](const UserText& text) {
+        reports.push_back(text.english());
         makeTrace()->TraceError("from the report"); // must not wait for itself
         throw RuntimeError(5);
     };

@@ -148,7 +148,7 @@ TEST_F(ListCommandsTest, AListThatWouldBecomeTooLargeIsLeftAsItIs)
     press("Ctrl+A Ctrl+D");
     EXPECT_EQ(names(), "A B C");
     EXPECT_FALSE(view->Dirty());
-    const std::string& told = platform.messageBox().shown().back().text;
+    const std::string told = platform.messageBox().shown().back().text.english();
     EXPECT_NE(told.find(std::to_string(*faults.maxDataSize)), std::string::npos) << told;
 }
 

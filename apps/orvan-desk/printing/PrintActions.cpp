@@ -5,6 +5,7 @@
 #include "apps/orvan-desk/OutsideText.h"
 
 #include "orvan/ui/Platform.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QApplication>
 #include <QDir>
@@ -52,7 +53,7 @@ void PrintActions::run(const QString& what, const std::function<void()>& work)
     try {
         work();
     } catch (const std::exception& error) {
-        tell_(what, QString::fromUtf8(error.what()));
+        tell_(what, qt::translated(error));
     }
 }
 
@@ -141,7 +142,7 @@ void PrintActions::printOn(QPrinter& printer, const PrintedQuote& quote)
         const PageRange range{printer.fromPage(), printer.toPage()};
         const bool isPreview = printer.paintEngine()->type() == QPaintEngine::Picture;
         if (!isPreview && printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
-            const QString warning = writePdf(printer.outputFileName(), quote, page, range);
+            const QString warning = qt::translated(writePdf(printer.outputFileName(), quote, page, range));
             if (!warning.isEmpty()) {
                 tell_(tr("The quote has been printed."), warning);
             }
@@ -177,7 +178,7 @@ bool PrintActions::exportTo(const QString& path)
     const QString shown = shortened(QDir::toNativeSeparators(path));
     run(tr("“%1” could not be written.").arg(shown), [&] {
         const PrintOptions chosen = options();
-        const QString warning = writePdf(path, printedQuote(chosen), chosen.page);
+        const QString warning = qt::translated(writePdf(path, printedQuote(chosen), chosen.page));
         written = true;
         if (!warning.isEmpty()) {
             tell_(tr("“%1” has been written.").arg(shown), warning);

@@ -34,11 +34,6 @@ constexpr const char* kColumnNames[] = {"Position", "PartNum",   "Name",      "N
 static_assert(std::size(kColumnNames) == std::size(kPrintColumns) &&
               std::size(kPrintColumns) == static_cast<std::size_t>(PrintColumn::extendedPrice) + 1);
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("PrintOptions", text);
-}
-
 /// "A4,portrait,15,15,15,15" or "210x297,landscape,...": size, orientation, left, top, right, bottom in millimetres
 QString pageText(const QPageLayout& page)
 {
@@ -131,7 +126,9 @@ PrintOptions readPrintOptions(ui::SettingsStore& settings, QStringList& problems
         if (!isTaxRate(options.taxRate)) {
             options.taxRate = {};
             options.showTax = false;
-            problems << translated("The tax rate in the settings, “%1”, is not 0 to 100 percent: no tax is printed.")
+            problems << QCoreApplication::translate(
+                            "PrintOptions",
+                            "The tax rate in the settings, “%1”, is not 0 to 100 percent: no tax is printed.")
                             .arg(shortened(rate));
         }
     }
@@ -139,7 +136,8 @@ PrintOptions readPrintOptions(ui::SettingsStore& settings, QStringList& problems
     options.page = page.isEmpty() ? usualPage() : pageOf(page);
     if (!options.page.isValid()) {
         options.page = usualPage();
-        problems << translated("The page in the settings, “%1”, cannot be used: %2 is printed.")
+        problems << QCoreApplication::translate("PrintOptions",
+                                                "The page in the settings, “%1”, cannot be used: %2 is printed.")
                         .arg(shortened(page), options.page.pageSize().name());
     }
     return options;

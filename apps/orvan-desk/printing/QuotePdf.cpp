@@ -27,16 +27,15 @@ QByteArray quoteToPdf(const PrintedQuote& quote, const QPageLayout& page, PageRa
         painted = paintPages(writer, quote, layOut(quote, page), range);
     }
     if (!painted || buffer.data().isEmpty()) {
-        throw RuntimeError(ErrorNumber::outOfMemory, {}, "the document could not be made");
+        throw RuntimeError(ErrorNumber::outOfMemory, {}, userText("the document could not be made"));
     }
     return buffer.data();
 }
 
-QString writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page, PageRange range)
+UserText writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page, PageRange range)
 {
     const QByteArray bytes = quoteToPdf(quote, page, range);
-    return QString::fromStdString(
-        files::replaceFile(pathOf(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).warning);
+    return files::replaceFile(pathOf(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).warning;
 }
 
 } // namespace orvan::desk

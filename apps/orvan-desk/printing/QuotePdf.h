@@ -3,6 +3,8 @@
 
 #include "QuotePainter.h"
 
+#include "orvan/base/UserText.h"
+
 #include <QByteArray>
 #include <QPageLayout>
 #include <QString>
@@ -14,6 +16,6 @@ namespace orvan::desk {
 
 /// Writes the file as a whole: if that fails, a file of this name stays as it was. Returns a warning, or an empty
 /// text. Raises 75 with the reason.
-QString writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page, PageRange range = {});
+UserText writePdf(const QString& path, const PrintedQuote& quote, const QPageLayout& page, PageRange range = {});
 
 } // namespace orvan::desk

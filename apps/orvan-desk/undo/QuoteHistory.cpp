@@ -6,7 +6,9 @@
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/ui/qt/Translation.h"
 
+#include <QAction>
 #include <QDateEdit>
 #include <QLineEdit>
 
@@ -23,7 +25,7 @@ using Kind = ListChange::Kind;
 QString quoted(const ProductValues& fields)
 {
     const std::string& text = !fields.name.empty() ? fields.name : fields.partNum;
-    return u'\'' + qt::titleText(shortened(QString::fromStdString(text))) + u'\'';
+    return u'\'' + shortened(QString::fromStdString(text)) + u'\'';
 }
 
 /// Where a product that stands at `position` stood before the change; 0 if the change has inserted it.
@@ -69,6 +71,29 @@ std::vector<ListChange> merged(const std::vector<ListChange>& changes)
     return result;
 }
 
+/// What a step did, for the menu: "Delete 'Desk lamp'".
+QString describe(const std::vector<ListChange>& changes, bool inEditor)
+{
+    const ListChange& first = changes.front();
+    const auto count = [&](Kind kind) {
+        return static_cast<int>(std::count_if(changes.begin(), changes.end(),
+                                              [kind](const ListChange& change) { return change.kind == kind; }));
+    };
+    if (const int inserted = count(Kind::insert); inserted > 0) {
+        return inEditor        ? QuoteHistory::tr("Add %1").arg(quoted(first.after))
+               : inserted == 1 ? QuoteHistory::tr("Duplicate %1").arg(quoted(first.after))
+                               : QuoteHistory::tr("Duplicate %n Products", nullptr, inserted);
+    }
+    if (const int removed = count(Kind::remove); removed > 0) {
+        return removed == 1 ? QuoteHistory::tr("Delete %1").arg(quoted(first.before))
+                            : QuoteHistory::tr("Delete %n Products", nullptr, removed);
+    }
+    if (first.kind == Kind::edit) {
+        return QuoteHistory::tr("Edit %1").arg(quoted(first.after.name.empty() ? first.before : first.after));
+    }
+    return QuoteHistory::tr("Move Products");
+}
+
 } // namespace
 
 class QuoteHistory::ListStep final : public QUndoCommand {
@@ -76,7 +101,7 @@ public:
     ListStep(QuoteHistory& history, std::vector<ListChange> changes, bool inEditor, int rowBefore, int rowAfter)
         : history_(history), changes_(std::move(changes)), rowBefore_(rowBefore), rowAfter_(rowAfter)
     {
-        setText(describe(inEditor));
+        setText(describe(changes_, inEditor));
     }
 
     void undo() override
@@ -106,28 +131,6 @@ private:
     {
         history_.products_.refresh();
         history_.products_.setCurrentProduct(row);
-    }
-
-    QString describe(bool inEditor) const
-    {
-        const ListChange& first = changes_.front();
-        const auto count = [this](Kind kind) {
-            return static_cast<int>(std::count_if(changes_.begin(), changes_.end(),
-                                                  [kind](const ListChange& change) { return change.kind == kind; }));
-        };
-        if (const int inserted = count(Kind::insert); inserted > 0) {
-            return inEditor        ? tr("Add %1").arg(quoted(first.after))
-                   : inserted == 1 ? tr("Duplicate %1").arg(quoted(first.after))
-                                   : tr("Duplicate %n Products", nullptr, inserted);
-        }
-        if (const int removed = count(Kind::remove); removed > 0) {
-            return removed == 1 ? tr("Delete %1").arg(quoted(first.before))
-                                : tr("Delete %n Products", nullptr, removed);
-        }
-        if (first.kind == Kind::edit) {
-            return tr("Edit %1").arg(quoted(first.after.name.empty() ? first.before : first.after));
-        }
-        return tr("Move Products");
     }
 
     QuoteHistory& history_;
@@ -224,6 +227,29 @@ void QuoteHistory::watchValue(Field& field, const QString& name, Value (Base::*v
     forgetters_.emplace_back([&field, known, value] { *known = (field.*value)(); });
 }
 
+QList<QAction*> QuoteHistory::makeActions(QObject* parent)
+{
+    const auto make = [&](const QString& plain, const QString& named, const QKeySequence& key) {
+        auto* const action = new QAction(plain, parent);
+        action->setShortcut(key);
+        action->setEnabled(false);
+        // The step's name is put into a sentence, because each language has its own order of words.
+        const auto name = [=](QString step) {
+            action->setText(step.isEmpty() ? plain : named.arg(step.replace(u'&', QStringLiteral("&&"))));
+        };
+        return std::pair(action, name);
+    };
+    const auto [undo, nameUndo] = make(tr("&Undo"), tr("&Undo %1"), QKeySequence::Undo);
+    connect(undo, &QAction::triggered, &stack_, &QUndoStack::undo);
+    connect(&stack_, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(&stack_, &QUndoStack::undoTextChanged, undo, nameUndo);
+    const auto [redo, nameRedo] = make(tr("&Redo"), tr("&Redo %1"), QKeySequence(tr("Ctrl+Shift+Z")));
+    connect(redo, &QAction::triggered, &stack_, &QUndoStack::redo);
+    connect(&stack_, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    connect(&stack_, &QUndoStack::redoTextChanged, redo, nameRedo);
+    return {undo, redo};
+}
+
 void QuoteHistory::restart()
 {
     static_cast<void>(takeWatchedChanges());
@@ -243,7 +269,7 @@ void QuoteHistory::perform(const std::function<void()>& work)
         // Half a step is not a state to go on from. What is shown stays, and can be saved or closed without saving.
         QMetaObject::invokeMethod(
             this,
-            [this, why = QString::fromUtf8(error.what())] {
+            [this, why = qt::translated(error)] {
                 restart();
                 Q_EMIT failed(why);
             },

@@ -7,12 +7,14 @@
 // Ownership: the window; the list view and the fields outlive it. Thread: the user-interface thread.
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QUndoStack>
 
 #include <functional>
 #include <vector>
 
+class QAction;
 class QDateEdit;
 class QLineEdit;
 
@@ -35,6 +37,8 @@ public:
     /// Another quote is shown: nothing can be undone any more.
     void restart();
     QUndoStack& stack() { return stack_; }
+    /// Actions for a menu that undo a step and do it again, and name the step. `parent` owns them.
+    [[nodiscard]] QList<QAction*> makeActions(QObject* parent);
 
 Q_SIGNALS:
     /// A step was undone or done again.

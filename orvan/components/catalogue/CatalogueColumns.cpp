@@ -14,30 +14,34 @@ namespace {
 struct Kind {
     std::optional<std::size_t> CatalogueColumns::*column;
     std::string CatalogueImportOptions::ColumnNames::*given;
-    const char* shown;
+    UserText shown;
     bool required;
     std::vector<std::string_view> usual; ///< Names as simplified() returns them; the first that the header has is used.
 };
 
 using Names = CatalogueImportOptions::ColumnNames;
 const Kind kKinds[] = {
-    {&CatalogueColumns::itemId, &Names::itemId, "item id", false, {"itemid", "id", "productid", "articleid"}},
+    {&CatalogueColumns::itemId, &Names::itemId, userText("item id"), false, {"itemid", "id", "productid", "articleid"}},
     {&CatalogueColumns::name,
      &Names::name,
-     "name",
+     userText("name"),
      true,
      {"name", "productname", "itemname", "articlename", "product", "article", "title"}},
-    {&CatalogueColumns::key, &Names::key, "key", false, {"key", "productkey", "itemkey"}},
+    {&CatalogueColumns::key, &Names::key, userText("key"), false, {"key", "productkey", "itemkey"}},
     {&CatalogueColumns::partNum,
      &Names::partNum,
-     "part number",
+     userText("part number"),
      true,
      {"partnumber", "partnum", "partno", "part", "sku", "itemnumber", "itemno", "articlenumber", "articleno",
       "productnumber", "productno"}},
-    {&CatalogueColumns::unitPrice, &Names::unitPrice, "unit price", true, {"unitprice", "price", "listprice"}},
+    {&CatalogueColumns::unitPrice,
+     &Names::unitPrice,
+     userText("unit price"),
+     true,
+     {"unitprice", "price", "listprice"}},
     {&CatalogueColumns::note,
      &Names::note,
-     "note",
+     userText("note"),
      false,
      {"note", "notes", "remark", "remarks", "comment", "comments", "description"}},
 };
@@ -77,12 +81,12 @@ CatalogueColumns findColumns(const std::vector<std::string_view>& header, const 
             }
         }
         if (!(columns.*kind.column) && (kind.required || !given.empty())) {
-            std::string reason = source;
-            reason.append(": no column for the ").append(kind.shown).append(" (");
-            reason.append(given.empty() ? std::string_view("usual names: ") : std::string_view("named: "));
-            reason.append(given.empty() ? listed(wanted) : listed({names.*kind.given}));
-            throw RuntimeError(ErrorNumber::invalidFileFormat, {},
-                               reason.append("); the first line has ").append(listed(header)));
+            const UserText reason = given.empty()
+                                        ? userText("no column for the %1 (usual names: %2); the first line has %3",
+                                                   kind.shown, listed(wanted), listed(header))
+                                        : userText("no column for the %1 (named: %2); the first line has %3",
+                                                   kind.shown, listed({names.*kind.given}), listed(header));
+            throw RuntimeError(ErrorNumber::invalidFileFormat, {}, userText("%1: %2", source, reason));
         }
     }
     return columns;

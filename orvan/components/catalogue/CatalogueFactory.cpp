@@ -16,10 +16,11 @@ namespace {
 /// Reports why the file cannot be used, and remembers the last reason for all objects of one factory.
 class Reports {
 public:
-    explicit Reports(const std::function<void(std::string_view)>& report) : report_(report) {}
+    explicit Reports(const std::function<void(const UserText&)>& report) : report_(report) {}
 
-    void tell(std::string_view reason)
+    void tell(const UserText& text)
     {
+        const std::string reason = text.english();
         {
             const std::lock_guard lock(mutex_);
             if (last_ == reason) {
@@ -28,14 +29,14 @@ public:
             last_ = reason;
         }
         if (report_) { // called without the lock, because it may show a message box for minutes
-            report_(reason);
+            report_(text);
         } else {
             std::cerr << reason << std::endl;
         }
     }
 
 private:
-    const std::function<void(std::string_view)> report_;
+    const std::function<void(const UserText&)> report_;
     std::mutex mutex_;
     std::string last_;
 };
@@ -75,7 +76,7 @@ private:
             action();
         } catch (...) {
             inner_ = std::make_unique<NoCatalogue>();
-            reports_->tell(currentError().text());
+            reports_->tell(currentError().userText());
         }
     }
 

@@ -7,6 +7,7 @@
 // Thread: each object belongs to the thread that created it; the factory may be called from any.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/ui/ComponentFactory.h"
 
 #include <cstddef>
@@ -24,7 +25,7 @@ struct CatalogueOptions {
     /// Called with the reason when the file cannot be used, in the thread that uses the catalogue; the editor then
     /// works as with a catalogue without entries. The same reason is not reported twice in a row, however many
     /// sessions meet it. If this is empty, one line is written to the standard error stream instead.
-    std::function<void(std::string_view)> report = {};
+    std::function<void(const UserText& reason)> report = {};
 };
 
 /// Returns the factory that creates catalogue look-ups; the factory may be called from any thread. Neither the factory

@@ -75,10 +75,11 @@ SqliteFile openCatalogue(const std::filesystem::path& file)
 {
     SqliteFile catalogue(file, SqliteFile::Access::readOnly);
     if (catalogue.number("PRAGMA application_id") != kApplicationId) {
-        raiseCatalogueError(ErrorNumber::invalidFileFormat, file, "it is no catalogue file");
+        raiseCatalogueError(ErrorNumber::invalidFileFormat, file, userText("it is no catalogue file"));
     }
     if (catalogue.number("PRAGMA user_version") != kVersion) {
-        raiseCatalogueError(ErrorNumber::invalidFileFormat, file, "a newer version of this program has made it");
+        raiseCatalogueError(ErrorNumber::invalidFileFormat, file,
+                            userText("a newer version of this program has made it"));
     }
     return catalogue;
 }

@@ -17,20 +17,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void raise(const fs::path& source, const std::string& reason)
+[[noreturn]] void raise(const fs::path& source, const UserText& reason)
 {
-    throw RuntimeError(ErrorNumber::pathFileAccess, {}, source.string().append(": ").append(reason));
+    throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("%1: %2", source.string(), reason));
 }
 
 std::unique_ptr<std::istream> openSource(const fs::path& file)
 {
     std::error_code error;
     if (!fs::is_regular_file(file, error)) {
-        raise(file, error ? error.message() : "it is no file");
+        raise(file, error ? UserText(error.message()) : userText("it is no file"));
     }
     auto stream = std::make_unique<std::ifstream>(file, std::ios::binary);
     if (!*stream) {
-        raise(file, "it cannot be opened");
+        raise(file, userText("it cannot be opened"));
     }
     return stream;
 }
@@ -42,15 +42,15 @@ auto naming(const fs::path& catalogue, Step&& step)
     try {
         return step();
     } catch (const RuntimeError& error) {
-        raiseCatalogueError(error.number(), catalogue, error.text());
+        raiseCatalogueError(error.number(), catalogue, error.userText());
     }
 }
 
 /// Gives the new catalogue its name. An empty file that it replaces is no catalogue, and is not kept.
-std::string commit(ImportRun& run, files::NewFile& file, bool keepFormer)
+UserText commit(ImportRun& run, files::NewFile& file, bool keepFormer)
 {
     const bool keeps = keepFormer && isCatalogue(file.target());
-    std::string warning = file.commit(keeps ? files::NewFile::Former::kept : files::NewFile::Former::dropped);
+    UserText warning = file.commit(keeps ? files::NewFile::Former::kept : files::NewFile::Former::dropped);
     if (keeps) {
         run.setFormer(files::formerFileOf(file.target()).value_or(fs::path()));
     }
@@ -89,7 +89,7 @@ CatalogueImportResult importCatalogue(const fs::path& source, const fs::path& ca
     const bool overwrites =
         fs::exists(catalogue, error) && (!fs::is_regular_file(catalogue, error) || fs::file_size(catalogue, error) > 0);
     if (overwrites && !isCatalogue(catalogue)) { // the price list itself, perhaps, if the user mixed up the arguments
-        raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue, "there is another file of this name");
+        raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue, userText("there is another file of this name"));
     }
     ImportRun run({.name = source.string(),
                    .origin = options.sourceName.empty() ? source.filename().string() : options.sourceName,

@@ -28,6 +28,8 @@
 // file that cannot be understood, both with the file and the reason in the description; 5 for an option out of range.
 #pragma once
 
+#include "orvan/base/UserText.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -69,7 +71,7 @@ struct CatalogueImportOptions {
 
 struct RefusedRow {
     std::uint64_t line = 0; ///< The line in which the row begins, from 1.
-    std::string reason;
+    UserText reason;
 };
 
 struct CatalogueImportResult {

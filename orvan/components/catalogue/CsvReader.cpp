@@ -37,9 +37,9 @@ CsvReader::CsvReader(std::istream& input, std::string name, char delimiter, std:
 {
 }
 
-void CsvReader::raise(std::int32_t number, const std::string& reason) const
+void CsvReader::raise(std::int32_t number, const UserText& reason) const
 {
-    throw RuntimeError(number, {}, std::string(name_).append(": ").append(reason));
+    throw RuntimeError(number, {}, userText("%1: %2", name_, reason));
 }
 
 bool CsvReader::fill()
@@ -48,12 +48,12 @@ bool CsvReader::fill()
     end_ -= at_;
     at_ = 0;
     if (end_ > kLongestRecord) {
-        raise(ErrorNumber::invalidFileFormat, "a quote in line " + std::to_string(nextLine_) + " is never closed");
+        raise(ErrorNumber::invalidFileFormat, userText("a quote in line %1 is never closed", nextLine_));
     }
     buffer_.resize(std::max(buffer_.size(), end_ + readSize_));
     input_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
     if (input_.bad()) {
-        raise(ErrorNumber::pathFileAccess, "it cannot be read");
+        raise(ErrorNumber::pathFileAccess, userText("it cannot be read"));
     }
     end_ += static_cast<std::size_t>(input_.gcount());
     atEnd_ = input_.gcount() == 0;
@@ -66,7 +66,7 @@ void CsvReader::begin()
     fill();
     const std::string_view start(buffer_.data(), end_);
     if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF")) {
-        raise(ErrorNumber::invalidFileFormat, "it is in UTF-16; save it as UTF-8");
+        raise(ErrorNumber::invalidFileFormat, userText("it is in UTF-16; save it as UTF-8"));
     }
     if (start.starts_with(kByteOrderMark)) {
         at_ = kByteOrderMark.size();
@@ -126,7 +126,7 @@ void CsvReader::split(std::size_t end)
             ++from;
             for (;; ++from) {
                 if (from == last) {
-                    problem_ = "a quote that is never closed";
+                    problem_ = userText("a quote that is never closed");
                     break;
                 }
                 if (*from == kQuote && (from + 1 == last || from[1] != kQuote)) {
@@ -137,7 +137,7 @@ void CsvReader::split(std::size_t end)
                 *to++ = *from;
             }
             if (from < last && *from != delimiter_) {
-                problem_ = "text behind a closing quote";
+                problem_ = userText("text behind a closing quote");
                 from = std::find(from, last, delimiter_);
             }
         } else {

@@ -10,6 +10,8 @@
 // the file's name.
 #pragma once
 
+#include "orvan/base/UserText.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <istream>
@@ -33,7 +35,7 @@ public:
     /// The fields of the current record; the views are valid until the next call of next().
     const std::vector<std::string_view>& fields() const { return fields_; }
     /// Why the current record is malformed, in which case its fields are not to be used; empty if it is not.
-    std::string_view problem() const { return problem_; }
+    const UserText& problem() const { return problem_; }
     /// The number of the line in which the current record begins, from 1.
     std::uint64_t line() const { return line_; }
     /// The number of bytes from the beginning of the file to the end of the current record.
@@ -48,7 +50,7 @@ private:
     std::size_t recordEnd() const;
     void split(std::size_t end);
 
-    [[noreturn]] void raise(std::int32_t number, const std::string& reason) const;
+    [[noreturn]] void raise(std::int32_t number, const UserText& reason) const;
 
     std::istream& input_;
     const std::string name_;
@@ -63,7 +65,7 @@ private:
     std::uint64_t nextLine_ = 1;
     std::uint64_t bytesRead_ = 0;
     std::vector<std::string_view> fields_;
-    std::string_view problem_;
+    UserText problem_;
 };
 
 } // namespace orvan

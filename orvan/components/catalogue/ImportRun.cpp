@@ -20,9 +20,9 @@ constexpr std::uint64_t kRowsBetweenReports = 1000;
 constexpr std::uint64_t kLeastRead = 4096;    // bytes: a short list may have grown since its size was asked for
 constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
 
-[[noreturn]] void raise(const ImportSource& source, std::string_view reason)
+[[noreturn]] void raise(const ImportSource& source, const UserText& reason)
 {
-    throw RuntimeError(ErrorNumber::invalidFileFormat, {}, std::string(source.name).append(": ").append(reason));
+    throw RuntimeError(ErrorNumber::invalidFileFormat, {}, userText("%1: %2", source.name, reason));
 }
 
 bool readId(std::string_view text, std::int32_t& id)
@@ -33,10 +33,9 @@ bool readId(std::string_view text, std::int32_t& id)
     return error == std::errc() && rest == end;
 }
 
-std::string refusal(std::string_view what, std::string_view value, std::string_view problem)
+std::string_view quoted(std::string_view value)
 {
-    std::string text(what);
-    return text.append(" \"").append(firstCharacters(value, kQuotedCharacters)).append("\" ").append(problem);
+    return firstCharacters(value, kQuotedCharacters);
 }
 
 /// The first read has to hold the whole first line, in which the delimiter is found.
@@ -51,7 +50,7 @@ ImportRun::Rows::Rows(const ImportSource& source, const CatalogueImportOptions& 
     : stream_(source.open()), reader_(*stream_, source.name, options.delimiter, readSize(source))
 {
     if (!reader_.next() || !reader_.problem().empty()) {
-        raise(source, "it does not begin with the names of its columns");
+        raise(source, userText("it does not begin with the names of its columns"));
     }
     columns_ = findColumns(reader_.fields(), options.columns, source.name);
     width_ = reader_.fields().size();
@@ -112,7 +111,7 @@ bool ImportRun::write(const std::filesystem::path& catalogue)
     CatalogueWriter writer(catalogue);
     CsvReader& reader = rows_.reader();
     while (reader.next()) {
-        if (const std::string reason = add(writer); reason.empty()) {
+        if (const UserText reason = add(writer); reason.empty()) {
             ++result_.rows;
         } else {
             refuse(reader.line(), reason);
@@ -126,7 +125,7 @@ bool ImportRun::write(const std::filesystem::path& catalogue)
         }
     }
     if (progress_.rows == 0) {
-        raise(source_, "it holds no rows");
+        raise(source_, userText("it holds no rows"));
     }
     writer.setOrigin({.source = source_.origin, .entries = static_cast<std::int64_t>(result_.rows)});
     return result_.refusedCount == 0 && writer.finish([&](int built, int all) {
@@ -136,7 +135,7 @@ bool ImportRun::write(const std::filesystem::path& catalogue)
     });
 }
 
-void ImportRun::refuse(std::uint64_t line, const std::string& reason)
+void ImportRun::refuse(std::uint64_t line, const UserText& reason)
 {
     ++result_.refusedCount;
     if (result_.refused.size() < options_.mostRefused) {
@@ -145,16 +144,15 @@ void ImportRun::refuse(std::uint64_t line, const std::string& reason)
 }
 
 /// Adds the current record. Returns the reason when it is refused, and an empty text when it was added.
-std::string ImportRun::add(CatalogueWriter& writer)
+UserText ImportRun::add(CatalogueWriter& writer)
 {
     const CsvReader& reader = rows_.reader();
     const CatalogueColumns& columns = rows_.columns();
     if (!reader.problem().empty()) {
-        return std::string(reader.problem());
+        return reader.problem();
     }
     if (!rows_.isComplete()) {
-        return std::to_string(reader.fields().size()) + " fields where the first line has " +
-               std::to_string(rows_.width());
+        return userText("%1 fields where the first line has %2", reader.fields().size(), rows_.width());
     }
     CatalogueEntry entry{.itemId = 0,
                          .name = rows_.field(columns.name),
@@ -164,25 +162,25 @@ std::string ImportRun::add(CatalogueWriter& writer)
                          .note = rows_.field(columns.note)};
     for (const std::string_view text : {entry.name, entry.key, entry.partNum, entry.note}) {
         if (!isUtf8(text)) {
-            return "text that is not UTF-8";
+            return userText("text that is not UTF-8");
         }
     }
     if (entry.name.empty() && entry.partNum.empty()) {
-        return "neither a name nor a part number";
+        return userText("neither a name nor a part number");
     }
     const std::string_view price = trimmed(rows_.field(columns.unitPrice));
     entry.unitPrice = readPrice(price, result_.decimalSeparator);
     if (!price.empty() && !entry.unitPrice) {
-        return refusal("the unit price", price, "is no amount with a decimal ")
-            .append(result_.decimalSeparator == '.' ? "point" : "comma");
+        return result_.decimalSeparator == '.'
+                   ? userText("the unit price \"%1\" is no amount with a decimal point", quoted(price))
+                   : userText("the unit price \"%1\" is no amount with a decimal comma", quoted(price));
     }
     if (!columns.itemId) {
         entry.itemId = static_cast<std::int32_t>(progress_.rows + 1);
     } else if (const std::string_view id = rows_.field(columns.itemId); !readId(id, entry.itemId)) {
-        return refusal("the item id", id, "is no whole number of 32 bits");
+        return userText("the item id \"%1\" is no whole number of 32 bits", quoted(id));
     }
-    return writer.add(entry) ? std::string()
-                             : refusal("the item id", std::to_string(entry.itemId), "is in an earlier row, too");
+    return writer.add(entry) ? UserText() : userText("the item id \"%1\" is in an earlier row, too", entry.itemId);
 }
 
 } // namespace orvan

@@ -5,6 +5,7 @@
 // Thread: one at a time. Errors: those of importCatalogue.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/components/catalogue/CatalogueColumns.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/components/catalogue/CatalogueImport.h"
@@ -67,8 +68,8 @@ private:
     };
 
     bool goesOn() const { return !options_.progress || options_.progress(progress_); }
-    void refuse(std::uint64_t line, const std::string& reason);
-    std::string add(CatalogueWriter& writer);
+    void refuse(std::uint64_t line, const UserText& reason);
+    UserText add(CatalogueWriter& writer);
 
     const ImportSource source_;
     const CatalogueImportOptions& options_;

@@ -36,23 +36,22 @@ int isToEnd(void* context) noexcept
 }
 
 /// The reason why a file cannot be opened. The system's own is preferred: SQLite's is often just "unable to open".
-std::string whyUnreachable(const std::filesystem::path& file, int code)
+UserText whyUnreachable(const std::filesystem::path& file, int code)
 {
     std::error_code error;
     if (std::filesystem::is_directory(file, error)) {
-        return "it is a directory";
+        return userText("it is a folder");
     }
     const int needed = std::filesystem::exists(file, error) ? R_OK : F_OK;
-    return ::access(file.c_str(), needed) == 0 ? sqlite3_errstr(code) : std::system_category().message(errno);
+    return ::access(file.c_str(), needed) == 0 ? UserText(sqlite3_errstr(code))
+                                               : UserText(std::system_category().message(errno));
 }
 
 } // namespace
 
-void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, std::string_view reason)
+void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, const UserText& reason)
 {
-    std::string text = "The catalogue \"";
-    text.append(file.string()).append("\" cannot be used: ").append(reason).append(".");
-    throw RuntimeError(number, {}, std::move(text));
+    throw RuntimeError(number, {}, userText("The catalogue \"%1\" cannot be used: %2.", file.string(), reason));
 }
 
 // --- SqliteFile -------------------------------------------------------------------------------------
@@ -69,7 +68,7 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, Access access)
         try {
             files::refuseOtherThanFile(path_); // SQLite would wait at a pipe for another program
         } catch (const RuntimeError& notAFile) {
-            raiseCatalogueError(notAFile.number(), path_, notAFile.text());
+            raiseCatalogueError(notAFile.number(), path_, notAFile.userText());
         }
     }
     const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
@@ -88,18 +87,18 @@ void SqliteFile::raise(int code) const
     switch (code & 0xFF) {
     case SQLITE_NOMEM: throw RuntimeError(ErrorNumber::outOfMemory);
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, "another program has locked it");
-    case SQLITE_FULL: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, "the disk is full");
+    case SQLITE_LOCKED:
+        raiseCatalogueError(ErrorNumber::pathFileAccess, path_, userText("another program has locked it"));
+    case SQLITE_FULL: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, userText("the disk is full"));
     case SQLITE_CANTOPEN:
     case SQLITE_IOERR:
     case SQLITE_PERM:
     case SQLITE_READONLY: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, whyUnreachable(path_, code));
-    case SQLITE_NOTADB: raiseCatalogueError(ErrorNumber::invalidFileFormat, path_, "it is no catalogue file");
+    case SQLITE_NOTADB: raiseCatalogueError(ErrorNumber::invalidFileFormat, path_, userText("it is no catalogue file"));
     default:
-        std::string reason = "it is damaged (";
         raiseCatalogueError(
             ErrorNumber::invalidFileFormat, path_,
-            reason.append(connection_ ? sqlite3_errmsg(connection_.get()) : sqlite3_errstr(code)).append(")"));
+            userText("it is damaged (%1)", connection_ ? sqlite3_errmsg(connection_.get()) : sqlite3_errstr(code)));
     }
 }
 

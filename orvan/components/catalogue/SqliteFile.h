@@ -6,6 +6,8 @@
 // Thread: one at a time.
 #pragma once
 
+#include "orvan/base/UserText.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -19,7 +21,7 @@ struct sqlite3_stmt;
 namespace orvan {
 
 /// Raises the error with the given number; its description names the catalogue file and the reason.
-[[noreturn]] void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, std::string_view reason);
+[[noreturn]] void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, const UserText& reason);
 
 class SqliteFile {
 public:

@@ -155,8 +155,7 @@ InProcessProductMgr::Products::iterator InProcessProductMgr::at(std::int32_t lIn
 {
     if (lIndex < 1 || lIndex > GetProductCount()) {
         throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
-                           "There is no product at position " + std::to_string(lIndex) + " of " +
-                               std::to_string(GetProductCount()));
+                           userText("There is no product at position %1 of %2", lIndex, GetProductCount()));
     }
     return products_.begin() + (lIndex - 1);
 }
@@ -165,7 +164,8 @@ Currency InProcessProductMgr::GetTotalValue()
 {
     const Int128 total = ledger_->total;
     if (total > std::numeric_limits<std::int64_t>::max() || total < std::numeric_limits<std::int64_t>::min()) {
-        throw RuntimeError(ErrorNumber::overflow, {}, "The total of the products is beyond the range of an amount");
+        throw RuntimeError(ErrorNumber::overflow, {},
+                           userText("The total of the products is beyond the range of an amount"));
     }
     return Currency::fromScaled(static_cast<std::int64_t>(total));
 }
@@ -237,9 +237,9 @@ std::string InProcessProductMgr::GetProductsString(const std::string& recordSep,
     }
     expectedSize_ = text.size();
     if (std::cmp_greater(text.size(), maxDataSize_)) {
-        throw RuntimeError(ErrorNumber::outOfStringSpace, {},
-                           "The products take " + std::to_string(text.size()) + " bytes; at most " +
-                               std::to_string(maxDataSize_) + " bytes can be kept");
+        throw RuntimeError(
+            ErrorNumber::outOfStringSpace, {},
+            userText("The products take %1 bytes; at most %2 bytes can be kept", text.size(), maxDataSize_));
     }
     return text;
 }

@@ -145,7 +145,7 @@ bool ProductsReader::more() const
         return true;
     }
     if (at_ != text_.size()) {
-        refuse(ErrorNumber::invalidFileFormat, {}, "there is more than the count of products announces");
+        refuse(ErrorNumber::invalidFileFormat, {}, userText("there is more than the count of products announces"));
     }
     return false;
 }
@@ -154,16 +154,16 @@ std::int32_t ProductsReader::readCount()
 {
     const std::size_t end = text_.find(separators_.record);
     if (end == text_.npos) {
-        refuse(ErrorNumber::invalidFileFormat, {}, "the string ends within the count of products");
+        refuse(ErrorNumber::invalidFileFormat, {}, userText("the string ends within the count of products"));
     }
     std::int32_t count = 0;
     const auto [stop, error] = std::from_chars(text_.data(), text_.data() + end, count);
     // from_chars would also read "007", "0" and "-1"; the check of the first character refuses them.
     if (error == std::errc::invalid_argument || stop != text_.data() + end || text_[0] < '1' || text_[0] > '9') {
-        refuse(ErrorNumber::invalidFileFormat, {}, "the string does not begin with the count of products");
+        refuse(ErrorNumber::invalidFileFormat, {}, userText("the string does not begin with the count of products"));
     }
     if (error == std::errc::result_out_of_range) {
-        refuse(ErrorNumber::overflow, {}, "the count of products is beyond the range");
+        refuse(ErrorNumber::overflow, {}, userText("the count of products is beyond the range"));
     }
     at_ = end + 1;
     return count;
@@ -220,9 +220,9 @@ inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin,
         return {}; // the string is cut short within the amount: checkEnd reports that, which is the better message
     }
     if (isBeyondRange(digits)) {
-        refuse(ErrorNumber::overflow, kFields[field].name, "the amount is beyond the range");
+        refuse(ErrorNumber::overflow, kFields[field].name, userText("the amount is beyond the range"));
     }
-    refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "this is not an amount in its shortest form");
+    refuse(ErrorNumber::invalidFileFormat, kFields[field].name, userText("this is not an amount in its shortest form"));
 }
 
 /// Raises an error where the field does not end with the separator that has to follow it.
@@ -252,27 +252,22 @@ void ProductsReader::next(ProductValues& fields)
 void ProductsReader::refuseEnd(std::size_t field, std::size_t end) const
 {
     if (end == text_.size()) {
-        refuse(ErrorNumber::invalidFileFormat, kFields[field].name, "the string is cut short");
+        refuse(ErrorNumber::invalidFileFormat, kFields[field].name, userText("the string is cut short"));
     }
     if (text_[end] != separators_.record && text_[end] != separators_.field) {
         refuse(ErrorNumber::invalidFileFormat, kFields[field].name,
-               "a backslash stands before a character that needs none");
+               userText("a backslash stands before a character that needs none"));
     }
     refuse(ErrorNumber::invalidFileFormat, {},
-           field + 1 == kFieldCount ? "the record has more than 8 fields"
-                                    : "the record has only " + std::to_string(field + 1) + " of 8 fields");
+           field + 1 == kFieldCount ? userText("the record has more than 8 fields")
+                                    : userText("the record has only %1 of 8 fields", field + 1));
 }
 
-void ProductsReader::refuse(std::int32_t error, std::string_view fieldName, std::string_view reason) const
+void ProductsReader::refuse(std::int32_t error, std::string_view fieldName, const UserText& reason) const
 {
-    std::string description = "Products string, product " + std::to_string(position_);
-    if (!fieldName.empty()) {
-        description += ", field ";
-        description += fieldName;
-    }
-    description += ": ";
-    description += reason;
-    throw RuntimeError(error, {}, std::move(description));
+    const UserText where = fieldName.empty() ? userText("Products string, product %1", position_)
+                                             : userText("Products string, product %1, field %2", position_, fieldName);
+    throw RuntimeError(error, {}, where + ": " + reason);
 }
 
 } // namespace orvan

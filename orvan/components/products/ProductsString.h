@@ -16,6 +16,7 @@
 // whether a list has changed. Thread: any.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/components/products/FieldMarks.h"
 #include "orvan/core/ProductValues.h"
 
@@ -69,7 +70,7 @@ private:
     Currency readAmount(std::size_t field, std::size_t begin, std::size_t end);
     void checkEnd(std::size_t field, std::size_t end) const;
     [[noreturn]] void refuseEnd(std::size_t field, std::size_t end) const;
-    [[noreturn]] void refuse(std::int32_t error, std::string_view fieldName, std::string_view reason) const;
+    [[noreturn]] void refuse(std::int32_t error, std::string_view fieldName, const UserText& reason) const;
 
     std::string_view text_;
     ProductsSeparators separators_;

@@ -70,9 +70,9 @@ std::string environment(const char* name)
     return value == nullptr ? std::string() : std::string(value);
 }
 
-void reportOnStandardError(std::string_view message)
+void reportOnStandardError(const UserText& message)
 {
-    std::cerr << std::string(message) + '\n' << std::flush;
+    std::cerr << message.english() + '\n' << std::flush;
 }
 
 } // namespace
@@ -112,7 +112,7 @@ std::shared_ptr<TraceFile> TraceFile::forFile(TraceLogOptions options)
 void TraceFile::write(std::string_view line, bool flushNow) noexcept
 {
     try {
-        std::string failure;
+        UserText failure;
         {
             const std::lock_guard lock(mutex_);
             if (failed_) {
@@ -124,11 +124,11 @@ void TraceFile::write(std::string_view line, bool flushNow) noexcept
             } catch (...) {
                 failed_ = true;
                 sink_.reset(); // after a failed rotation it has no stream and must not be written to again
-                failure = currentError().text();
+                failure = currentError().userText();
             }
         }
         // The lock is not held here, because the host's function may write to the trace.
-        const std::string message = "Orvan writes no trace to \"" + options_.file.string() + "\": " + failure;
+        const UserText message = userText("Orvan writes no trace to \"%1\": %2", options_.file.string(), failure);
         options_.report ? options_.report(message) : reportOnStandardError(message);
     } catch (...) {
         // The trace must not fail the host, even when its report does.
@@ -139,10 +139,10 @@ void TraceFile::writeLocked(std::string_view line, bool flushNow)
 {
     if (!sink_) {
         if (options_.file.empty()) {
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "no file is named");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("no file is named"));
         }
         if (std::error_code error; fs::is_fifo(options_.file, error)) { // opening it would wait for a reader
-            throw RuntimeError(ErrorNumber::pathFileAccess, {}, "it is a pipe");
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("it is a pipe"));
         }
         sink_ = std::make_unique<Sink>(options_);
         if (processOf(options_.file) == ::getpid()) {

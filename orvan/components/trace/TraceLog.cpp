@@ -158,11 +158,10 @@ void TraceLog::ShowLastError(std::int32_t hWnd)
     appendLastError();
     file_->write(line_, true);
     if (lastError_) {
-        messageBox_.show(
-            {.text = "Error " + std::to_string(lastError_->number()) + ": " + std::string(lastError_->text()),
-             .buttons = ui::MessageButtons::ok,
-             .icon = ui::MessageIcon::exclamation,
-             .ownerWindow = hWnd});
+        messageBox_.show({.text = userText("Error %1: %2", lastError_->number(), lastError_->userText()),
+                          .buttons = ui::MessageButtons::ok,
+                          .icon = ui::MessageIcon::exclamation,
+                          .ownerWindow = hWnd});
     }
 }
 

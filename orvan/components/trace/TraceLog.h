@@ -55,7 +55,7 @@ struct TraceLogOptions {
     std::size_t maxFiles = 3;                               ///< How many rotated files are kept beside the current one.
     /// Called once, in the tracing thread, when the file cannot be written (any more); the trace goes on without the
     /// file. If this is empty, one line is written to the standard error stream instead.
-    std::function<void(std::string_view)> report = {};
+    std::function<void(const UserText& message)> report = {};
 };
 
 /// Returns the factory that creates trace objects. The message box must outlive the last call of ShowLastError. Where

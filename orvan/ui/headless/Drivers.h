@@ -91,7 +91,7 @@ public:
     /// From the first to the last.
     virtual std::vector<std::int32_t> selectedRows() const = 0;
     /// What has been typed to find a row, as long as it is shown.
-    virtual const std::string& searchText() const = 0;
+    virtual std::string searchText() const = 0;
     virtual std::int32_t columnWidth(std::int32_t column) const = 0;
     /// The texts that are seen in a row, hidden columns left out.
     virtual std::vector<std::string> visibleTexts(std::int32_t row) const = 0;

@@ -104,7 +104,7 @@ public:
     std::int32_t rowCount() const override { return Grid::rowCount(); }
     std::int32_t currentRow() const override { return Grid::currentRow(); }
     std::vector<std::int32_t> selectedRows() const override { return selection().rows(); }
-    const std::string& searchText() const override { return Grid::searchText(); }
+    std::string searchText() const override { return Grid::searchText().english(); }
     std::int32_t columnWidth(std::int32_t column) const override { return Grid::columnWidth(column); }
     std::vector<std::string> visibleTexts(std::int32_t row) const override;
     int paintCount() const override { return paintCount_; }

@@ -1,6 +1,7 @@
 #include "orvan/ui/qt/GridModel.h"
 
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <algorithm>
 
@@ -96,7 +97,7 @@ QString GridModel::headerText(int column) const
 {
     QString text;
     for (std::int32_t row = 0; row < std::min(grid_->fixedRows(), grid_->rowCount()); ++row) {
-        text += (row > 0 ? QStringLiteral(" ") : QString()) + toQt(grid_->displayText(row, column));
+        text += (row > 0 ? QStringLiteral(" ") : QString()) + translatedSentence(grid_->displayText(row, column));
     }
     return text;
 }

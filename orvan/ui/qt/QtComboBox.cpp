@@ -48,8 +48,8 @@ public:
             return {};
         }
         const QString text = toQt(port->combo().itemText(index.row()));
-        // The list paints the display text, which may be shortened. The box gets the edit text of a chosen row, which is
-        // whole.
+        // The list paints the display text, which may be shortened. The box gets the edit text of a chosen row, which
+        // is whole.
         return role == Qt::DisplayRole ? boundedText(text) : text;
     }
 

@@ -22,7 +22,8 @@ QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
-    label->setText(plainCaption(design.caption)); // until nameFor sets a buddy, QLabel would show the '&' of a mnemonic
+    label->setText(plainCaption(
+        design.caption, design.mnemonic)); // until nameFor sets a buddy, QLabel would show the '&' of a mnemonic
     label->setAlignment(alignmentOf(design.alignment));
     return label;
 }

@@ -8,6 +8,7 @@
 #include "orvan/ui/qt/GridPaint.h"
 #include "orvan/ui/qt/GridView.h"
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/Twips.h"
 
 namespace orvan::qt {
@@ -113,7 +114,7 @@ void QtGrid::applyCurrentRow(bool reveal)
 void QtGrid::doShowSearchText()
 {
     if (view()) {
-        view()->showSearchText(toQt(searchText()));
+        view()->showSearchText(translated(searchText()));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "orvan/ui/qt/QtMessageBox.h"
 
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/WindowHandles.h"
 
 #include <QMessageBox>
@@ -57,8 +58,8 @@ ui::MessageResult QtMessageBox::show(const ui::Message& message)
     // The box is not on the stack, because its owner may be destroyed while it is open and then destroys it.
     QPointer<QMessageBox> box = new QMessageBox(owner ? owner->window() : nullptr);
     box->setTextFormat(Qt::PlainText);
-    box->setText(boundedText(toQt(message.text)));
-    box->setWindowTitle(titleText(toQt(message.title)));
+    box->setText(boundedText(translated(message.text)));
+    box->setWindowTitle(titleText(translatedSentence(message.title)));
     box->setIcon(iconOf(message.icon));
     box->setStandardButtons(buttons.shown);
     box->setDefaultButton(buttons.preset);

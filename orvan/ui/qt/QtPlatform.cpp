@@ -74,9 +74,9 @@ std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design)
 void QtPlatform::showUnhandled(const RuntimeError& error) noexcept
 {
     try {
-        const std::string text = "Error " + std::to_string(error.number()) + ": " + std::string(error.text());
+        const UserText text = userText("Error %1: %2", error.number(), error.userText());
         const std::string source = error.source().empty() ? std::string() : " (" + error.source() + ")";
-        qWarning("%s%s", text.c_str(), source.c_str());
+        qWarning("%s%s", text.english().c_str(), source.c_str());
         if (showing_) {
             return; // while one error is shown, another one goes only to the log
         }

@@ -99,17 +99,17 @@ void QtSettingsStore::set(std::string_view application, std::string_view section
                           std::string_view value)
 {
     if (!QDir().mkpath(QFileInfo(path_).path())) {
-        raise("written", QStringLiteral("its folder cannot be made"));
+        raise(Doing::writing, userText("its folder cannot be made"));
     }
     const QString lockName = path_ + QStringLiteral(".lock");
     try {
         files::refuseOtherThanFile(pathOf(lockName)); // QLockFile would wait at a pipe for a writer
     } catch (const RuntimeError& error) {
-        raise("written", QStringLiteral("its lock file cannot be used: ") + QString::fromUtf8(error.what()));
+        raise(Doing::writing, userText("its lock file cannot be used: %1", error.userText()));
     }
     QLockFile lock(lockName);
     if (!lock.tryLock(kLockMilliseconds)) {
-        raise("written", QStringLiteral("it cannot be locked"));
+        raise(Doing::writing, userText("it cannot be locked"));
     }
     QList<QByteArray> lines = readLines();
     const QByteArray header = headerLine(application, section);
@@ -135,7 +135,7 @@ QList<QByteArray> QtSettingsStore::readLines() const
     try {
         text = QByteArray::fromStdString(files::readFile(pathOf(path_), kMostBytes).bytes);
     } catch (const RuntimeError& error) {
-        raise("read", QString::fromUtf8(error.what()));
+        raise(Doing::reading, error.userText());
     }
     if (text.startsWith("\xEF\xBB\xBF")) {
         text.remove(0, 3); // a byte order mark that an editor has written
@@ -144,7 +144,7 @@ QList<QByteArray> QtSettingsStore::readLines() const
     for (QByteArray& line : lines) {
         line = line.trimmed(); // a person's editor may have left spaces and carriage returns
         if (isDamaged(line)) {
-            raise("read", QStringLiteral("it is damaged"));
+            raise(Doing::reading, userText("it is damaged"));
         }
     }
     if (lines.last().isEmpty()) {
@@ -162,14 +162,16 @@ void QtSettingsStore::writeLines(const QList<QByteArray>& lines) const
     try {
         static_cast<void>(files::replaceFile(pathOf(path_), text));
     } catch (const RuntimeError& error) {
-        raise("written", QString::fromUtf8(error.what()));
+        raise(Doing::writing, error.userText());
     }
 }
 
-void QtSettingsStore::raise(const char* what, const QString& reason) const
+void QtSettingsStore::raise(Doing what, const UserText& reason) const
 {
     throw RuntimeError(ErrorNumber::pathFileAccess, {},
-                       "the settings \"" + fromQt(path_) + "\" cannot be " + what + ": " + fromQt(reason));
+                       what == Doing::reading
+                           ? userText("the settings \"%1\" cannot be read: %2", fromQt(path_), reason)
+                           : userText("the settings \"%1\" cannot be written: %2", fromQt(path_), reason));
 }
 
 } // namespace orvan::qt

@@ -8,6 +8,7 @@
 // damaged file cannot be read. Thread: any, but only one thread for each store.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/ui/SettingsStore.h"
 
 #include <QByteArray>
@@ -31,7 +32,8 @@ public:
 private:
     QList<QByteArray> readLines() const;
     void writeLines(const QList<QByteArray>& lines) const;
-    [[noreturn]] void raise(const char* what, const QString& reason) const;
+    enum class Doing { reading, writing };
+    [[noreturn]] void raise(Doing what, const UserText& reason) const;
 
     QString path_;
 };

@@ -1,5 +1,8 @@
 #include "orvan/ui/qt/QtText.h"
 
+#include "orvan/ui/qt/Translation.h"
+
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <Qt>
 
@@ -17,19 +20,19 @@ constexpr qsizetype kMostLineEnds = 24;
 
 } // namespace
 
-QString plainCaption(std::string_view caption)
+QString plainCaption(std::string_view caption, char mnemonic)
 {
-    return toQt(caption).replace(QStringLiteral("&&"), QStringLiteral("&"));
+    static const QRegularExpression marks(QStringLiteral("&(.)"));
+    return markedCaption(caption, mnemonic).replace(marks, QStringLiteral("\\1"));
 }
 
 QString markedCaption(std::string_view caption, char mnemonic)
 {
-    QString marked = toQt(caption);
-    const qsizetype at = mnemonic == 0 ? -1 : marked.indexOf(QLatin1Char(mnemonic));
-    if (at >= 0) {
-        marked.insert(at, u'&');
+    std::string marked(caption);
+    if (const std::size_t at = mnemonic == 0 ? marked.npos : marked.find(mnemonic); at != marked.npos) {
+        marked.insert(at, 1, '&');
     }
-    return marked;
+    return translatedSentence(marked);
 }
 
 QString boundedText(const QString& text)

@@ -30,11 +30,12 @@ inline std::filesystem::path pathOf(const QString& name)
     return std::filesystem::path(name.toStdU16String());
 }
 
-/// A design's caption as the user reads it: "&&" becomes one ampersand.
-QString plainCaption(std::string_view caption);
-
-/// A design's caption as Qt needs it: with '&' before the first character that equals the mnemonic, case included.
+/// A design's caption as Qt needs it, translated: with '&' before the first character that equals the mnemonic, case
+/// included. The marked caption is the key of its translation, which has an '&' of its own.
 QString markedCaption(std::string_view caption, char mnemonic);
+
+/// A design's caption as the user reads it, translated and without the mark of a mnemonic: "&&" becomes one ampersand.
+QString plainCaption(std::string_view caption, char mnemonic = 0);
 
 /// The beginning of a text, short enough for a message box or a tool tip that fits on a screen. A text that comes from
 /// a file may have a megabyte.

@@ -50,7 +50,7 @@ QtToolBar::QtToolBar(const ui::ControlDesign& design, QWidget* parent)
     : ToolBar(design), QtWidgetHolder(new MenuBar(parent), design)
 {
     auto* bar = static_cast<QMenuBar*>(widget());
-    bar->setAccessibleName(toQt(design.caption));
+    bar->setAccessibleName(plainCaption(design.caption));
     actions_ = addTools(*bar, *this, context(), [this](std::string_view id) { userChoseTool(id); });
 }
 

@@ -1,6 +1,7 @@
 #include "orvan/ui/qt/QtWidgetHolder.h"
 
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/Twips.h"
 
 #include <QWidget>
@@ -11,7 +12,7 @@ QtWidgetHolder::QtWidgetHolder(QWidget* widget, const ui::ControlDesign& design)
 {
     widget->setObjectName(toQt(design.name));
     if (!design.toolTip.empty()) {
-        widget->setToolTip(toolTipText(toQt(design.toolTip)));
+        widget->setToolTip(toolTipText(translatedSentence(design.toolTip)));
     }
     place(design.left, design.top, design.width, design.height);
     widget->show();

@@ -13,6 +13,7 @@
 #include "orvan/ui/qt/QtTextBox.h"
 #include "orvan/ui/qt/QtTimer.h"
 #include "orvan/ui/qt/QtToolBar.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QApplication>
 #include <QResizeEvent>
@@ -51,7 +52,7 @@ std::unique_ptr<ui::Control> SurfaceWidgets::make(const ui::ControlDesign& desig
         }
     }
     labelBefore_ = dynamic_cast<QtLabel*>(control.get());
-    captionBefore_ = design.caption;
+    captionBefore_ = plainCaption(design.caption, design.mnemonic);
     return control;
 }
 
@@ -94,15 +95,15 @@ void SurfaceWidgets::addStop(const ui::ControlDesign& design, ui::Control& contr
 void SurfaceWidgets::nameForAssistance(const ui::ControlDesign& design, QWidget& widget)
 {
     if (!design.caption.empty()) {
-        widget.setAccessibleName(plainCaption(design.caption));
+        widget.setAccessibleName(plainCaption(design.caption, design.mnemonic));
     } else if (labelBefore_) {
         labelBefore_->nameFor(&widget);
-        widget.setAccessibleName(plainCaption(captionBefore_));
+        widget.setAccessibleName(captionBefore_);
     } else {
-        widget.setAccessibleName(toQt(design.toolTip));
+        widget.setAccessibleName(translatedSentence(design.toolTip));
     }
     if (!design.toolTip.empty()) {
-        widget.setAccessibleDescription(toQt(design.toolTip));
+        widget.setAccessibleDescription(translatedSentence(design.toolTip));
     }
 }
 

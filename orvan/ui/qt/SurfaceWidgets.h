@@ -62,7 +62,7 @@ private:
     QPointer<QWidget> host_;
     std::vector<Stop> stops_;
     QtLabel* labelBefore_ = nullptr; ///< The control made last, if it is a label.
-    std::string captionBefore_;
+    QString captionBefore_;
     bool programMoves_ = false;
 };
 

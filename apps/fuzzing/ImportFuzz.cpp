@@ -1,9 +1,9 @@
 // Import of a whole price list: the first byte is the decimal separator and the second one the delimiter, "?" where the
 // import finds it; the rest is the list. What was imported is looked up again.
 
-#include "fuzzing/FuzzTarget.h"
-#include "fuzzing/MemoryFiles.h"
-#include "fuzzing/PlainPriceList.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/MemoryFiles.h"
+#include "apps/fuzzing/PlainPriceList.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/Catalogue.h"

@@ -1,8 +1,8 @@
 // Amounts: the input is read as a text in each of the ways in which amounts are read, and its first 16 bytes are taken
 // for two numbers to calculate with.
 
-#include "fuzzing/FuzzTarget.h"
-#include "fuzzing/PlainNumbers.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/PlainNumbers.h"
 #include "orvan/base/Currency.h"
 #include "orvan/base/Integer.h"
 #include "orvan/base/RuntimeError.h"

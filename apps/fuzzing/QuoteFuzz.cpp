@@ -1,8 +1,8 @@
 // Quote files: the input is read as a file, and its lines are taken for the texts of a quote. What was read is written
 // and read again.
 
-#include "QuoteFile.h"
-#include "fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/orvan-desk/QuoteFile.h"
 
 #include <QJsonDocument>
 

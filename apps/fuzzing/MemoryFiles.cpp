@@ -1,4 +1,4 @@
-#include "fuzzing/MemoryFiles.h"
+#include "apps/fuzzing/MemoryFiles.h"
 
 #include <sqlite3.h>
 

@@ -1,8 +1,8 @@
 // Recovery copies: the input is read as the file of a copy, and its lines are taken for what a desk keeps. What was
 // read is written and read again.
 
-#include "RecoveryCopy.h"
-#include "fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/orvan-desk/RecoveryCopy.h"
 
 namespace orvan::fuzz {
 namespace {

@@ -1,7 +1,7 @@
 // The products string: the first two bytes are the separators, and the rest is the string.
 
-#include "fuzzing/FuzzTarget.h"
-#include "fuzzing/PlainNumbers.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/PlainNumbers.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/components/products/ProductsString.h"

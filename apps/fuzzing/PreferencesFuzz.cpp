@@ -1,8 +1,8 @@
 // The list view's preferences: the input is the stored text. A view is loaded with it, and its columns are compared
 // with what the text says. Then the user drags a column, and a second view has to look like the first one.
 
-#include "fuzzing/FuzzTarget.h"
-#include "fuzzing/PlainNumbers.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/PlainNumbers.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/core/ProductMgr.h"

@@ -2,7 +2,7 @@
 // separator, the decimal separator, the amount in ten-thousandths, and four numbers: the sizes of the last group and
 // of the others, the least number of grouped digits, and the number of decimals.
 
-#include "fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/FuzzTarget.h"
 #include "orvan/ui/GridFormat.h"
 #include "orvan/ui/icu/NumberPattern.h"
 

@@ -1,7 +1,7 @@
 // The function that libFuzzer calls, which runs a target. Without libFuzzer there is a main program instead, which runs
 // the target over files.
 
-#include "fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/FuzzTarget.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // PlainPriceList: a CSV file and its prices read in the plainest way, to compare the catalogue's readers with.
 #pragma once
 
-#include "fuzzing/PlainNumbers.h"
+#include "apps/fuzzing/PlainNumbers.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,8 +1,8 @@
 // CSV with prices: the first byte is the delimiter, or "?" if the reader is to find it. The second byte says how many
 // bytes are read at a time, or "?" for all at once. The rest is the file. Each field is also read as a price.
 
-#include "fuzzing/FuzzTarget.h"
-#include "fuzzing/PlainPriceList.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/PlainPriceList.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CsvReader.h"
 #include "orvan/components/catalogue/PriceText.h"

@@ -1,8 +1,8 @@
 // Catalogue files: the first line is the typed text, and the rest is the file. If SQLite finds the file in order, the
 // lists are compared with those that a scan of the whole table gives.
 
-#include "fuzzing/FuzzTarget.h"
-#include "fuzzing/MemoryFiles.h"
+#include "apps/fuzzing/FuzzTarget.h"
+#include "apps/fuzzing/MemoryFiles.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/Catalogue.h"

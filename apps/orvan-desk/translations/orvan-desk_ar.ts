@@ -1,0 +1,1624 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>OpenQuote</name>
+    <message>
+        <source>%1 on %2 since %3</source>
+        <translation>%1 على %2 منذ %3</translation>
+    </message>
+    <message>
+        <source>“%1” is open elsewhere: %2.
+
+Who saves last would overwrite the other&apos;s work.</source>
+        <translation>الملف «%1» مفتوح في مكان آخر: %2.
+
+من يحفظ أخيرًا سيستبدل عمل الآخر.</translation>
+    </message>
+    <message>
+        <source>Open to &amp;Read</source>
+        <translation>فتح لل&amp;قراءة</translation>
+    </message>
+    <message>
+        <source>Open &amp;Anyway</source>
+        <translation>فتح على أي &amp;حال</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>ال&amp;كتابة فوقه</translation>
+    </message>
+    <message>
+        <source>“%1” is open elsewhere: %2.</source>
+        <translation>الملف «%1» مفتوح في مكان آخر: %2.</translation>
+    </message>
+    <message>
+        <source>Another program has changed “%1” since it was opened here, at %2.
+
+Saving would overwrite these changes.</source>
+        <translation>غيّر برنامج آخر الملف «%1» بعد فتحه هنا، وذلك في %2.
+
+سيؤدي الحفظ إلى الكتابة فوق هذه التغييرات.</translation>
+    </message>
+    <message>
+        <source>“%1” has been deleted or moved since it was opened here.</source>
+        <translation>حُذف الملف «%1» أو نُقل بعد فتحه هنا.</translation>
+    </message>
+    <message>
+        <source>&amp;Save There Again</source>
+        <translation>حفظ &amp;هناك مجددًا</translation>
+    </message>
+    <message>
+        <source>Save &amp;Elsewhere…</source>
+        <translation>حفظ في &amp;مكان آخر…</translation>
+    </message>
+</context>
+<context>
+    <name>PlainBox</name>
+    <message>
+        <source>Orvan Desk</source>
+        <translation>Orvan Desk</translation>
+    </message>
+</context>
+<context>
+    <name>PrintOptions</name>
+    <message>
+        <source>The tax rate in the settings, “%1”, is not 0 to 100 percent: no tax is printed.</source>
+        <translation>معدل الضريبة في الإعدادات، «%1»، ليس بين 0 و100 بالمئة: لن تُطبع أي ضريبة.</translation>
+    </message>
+    <message>
+        <source>The page in the settings, “%1”, cannot be used: %2 is printed.</source>
+        <translation>لا يمكن استخدام الصفحة المحددة في الإعدادات، «%1»: ستُستخدم %2 للطباعة.</translation>
+    </message>
+</context>
+<context>
+    <name>PrintedQuote</name>
+    <message>
+        <source>The logo “%1” cannot be printed: %2.</source>
+        <translation>لا يمكن طباعة الشعار «%1»: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QuoteLocale</name>
+    <message>
+        <source>This quote does not say its currency. It is now taken to be in %1.</source>
+        <translation>لا يذكر عرض السعر هذا عملته. سيُفترض الآن أنه بعملة %1.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan</name>
+    <message>
+        <source>#</source>
+        <translation>#</translation>
+    </message>
+    <message>
+        <source>%1 fields where the first line has %2</source>
+        <translation>عدد الحقول %1، بينما هو في السطر الأول %2</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>‏%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: not found</source>
+        <translation>غير موجود: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>إل&amp;غاء</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Product</source>
+        <translation>ح&amp;ذف المنتج</translation>
+    </message>
+    <message>
+        <source>&amp;Discount%</source>
+        <translation>ال&amp;خصم %</translation>
+    </message>
+    <message>
+        <source>&amp;Ext Price</source>
+        <translation>السعر الإجما&amp;لي</translation>
+    </message>
+    <message>
+        <source>&amp;First</source>
+        <translation>الأ&amp;ول</translation>
+    </message>
+    <message>
+        <source>&amp;Goto Product</source>
+        <translation>الا&amp;نتقال إلى منتج</translation>
+    </message>
+    <message>
+        <source>&amp;Last</source>
+        <translation>الأ&amp;خير</translation>
+    </message>
+    <message>
+        <source>&amp;New Product</source>
+        <translation>منتج &amp;جديد</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>ال&amp;تالي</translation>
+    </message>
+    <message>
+        <source>&amp;Note</source>
+        <translation>&amp;ملاحظة</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>ال&amp;سابق</translation>
+    </message>
+    <message>
+        <source>&amp;Product</source>
+        <translation>المنت&amp;ج</translation>
+    </message>
+    <message>
+        <source>&amp;Quantity</source>
+        <translation>ال&amp;كمية</translation>
+    </message>
+    <message>
+        <source>&amp;Save &amp;&amp; Close</source>
+        <translation>&amp;حفظ وإغلاق</translation>
+    </message>
+    <message>
+        <source>&amp;Total</source>
+        <translation>المجمو&amp;ع</translation>
+    </message>
+    <message>
+        <source>&amp;Unit Price</source>
+        <translation>&amp;سعر الوحدة</translation>
+    </message>
+    <message>
+        <source>A product holds characters that are not valid text.</source>
+        <translation>يحتوي أحد المنتجات على محارف ليست نصًا صالحًا.</translation>
+    </message>
+    <message>
+        <source>Add new product</source>
+        <translation>إضافة منتج جديد</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>إضافة</translation>
+    </message>
+    <message>
+        <source>Application-defined or object-defined error</source>
+        <translation>خطأ معرَّف من قبل التطبيق أو الكائن</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete the current product?</source>
+        <translation>هل تريد بالتأكيد حذف المنتج الحالي؟</translation>
+    </message>
+    <message>
+        <source>Automation error</source>
+        <translation>خطأ في الأتمتة</translation>
+    </message>
+    <message>
+        <source>Class does not support the expected interface</source>
+        <translation>لا تدعم الفئة الواجهة المتوقعة</translation>
+    </message>
+    <message>
+        <source>Component can&apos;t create object</source>
+        <translation>لا يمكن للمكوّن إنشاء الكائن</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>Could not save the current product due to an error.</source>
+        <translation>تعذّر حفظ المنتج الحالي بسبب خطأ.</translation>
+    </message>
+    <message>
+        <source>Could not undo the changes due to an error. The dialog stays open.</source>
+        <translation>تعذّر التراجع عن التغييرات بسبب خطأ. ستبقى النافذة مفتوحة.</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>قص</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate Product</source>
+        <translation>&amp;تكرار المنتج</translation>
+    </message>
+    <message>
+        <source>Delete current product</source>
+        <translation>حذف المنتج الحالي</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>حذف</translation>
+    </message>
+    <message>
+        <source>Disc%</source>
+        <translation>الخصم %</translation>
+    </message>
+    <message>
+        <source>Division by zero</source>
+        <translation>القسمة على صفر</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>تكرار</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>تعديل</translation>
+    </message>
+    <message>
+        <source>Error %1: %2</source>
+        <translation>الخطأ %1: %2</translation>
+    </message>
+    <message>
+        <source>Ext Price</source>
+        <translation>السعر الإجمالي</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>بحث عن التالي</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>بحث عن السابق</translation>
+    </message>
+    <message>
+        <source>First Column</source>
+        <translation>العمود الأول</translation>
+    </message>
+    <message>
+        <source>Form already displayed; can&apos;t show modally</source>
+        <translation>النموذج معروض بالفعل؛ لا يمكن عرضه كنافذة حصرية</translation>
+    </message>
+    <message>
+        <source>Go to first product</source>
+        <translation>الانتقال إلى المنتج الأول</translation>
+    </message>
+    <message>
+        <source>Go to last product</source>
+        <translation>الانتقال إلى المنتج الأخير</translation>
+    </message>
+    <message>
+        <source>Go to next product</source>
+        <translation>الانتقال إلى المنتج التالي</translation>
+    </message>
+    <message>
+        <source>Go to previous product</source>
+        <translation>الانتقال إلى المنتج السابق</translation>
+    </message>
+    <message>
+        <source>If you answer No, the whole list goes back to what it was.</source>
+        <translation>إذا أجبت بـ«لا»، فستعود القائمة كلها إلى ما كانت عليه.</translation>
+    </message>
+    <message>
+        <source>Internal error</source>
+        <translation>خطأ داخلي</translation>
+    </message>
+    <message>
+        <source>Invalid file format</source>
+        <translation>تنسيق الملف غير صالح</translation>
+    </message>
+    <message>
+        <source>Invalid procedure call or argument</source>
+        <translation>استدعاء إجراء غير صالح أو وسيطة غير صالحة</translation>
+    </message>
+    <message>
+        <source>Invalid property value</source>
+        <translation>قيمة الخاصية غير صالحة</translation>
+    </message>
+    <message>
+        <source>Invalid use of Null</source>
+        <translation>استخدام غير صالح للقيمة الخالية (Null)</translation>
+    </message>
+    <message>
+        <source>It cannot be opened: %1.</source>
+        <translation>لا يمكن فتح الملف: %1.</translation>
+    </message>
+    <message>
+        <source>It cannot be written: %1.</source>
+        <translation>لا يمكن كتابة الملف: %1.</translation>
+    </message>
+    <message>
+        <source>It has been written, but a power failure now could bring the former one back: %1.</source>
+        <translation>كُتب الملف، لكن انقطاع التيار الآن قد يعيد الملف السابق: %1.</translation>
+    </message>
+    <message>
+        <source>It is damaged at %1: %2.</source>
+        <translation>الملف تالف عند %1: %2.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; holds half a character.</source>
+        <translation>الملف تالف: يحتوي «%1» على نصف محرف.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is missing.</source>
+        <translation>الملف تالف: «%1» مفقود.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is not a date.</source>
+        <translation>الملف تالف: «%1» ليس تاريخًا.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is not a text.</source>
+        <translation>الملف تالف: «%1» ليس نصًا.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is not the code of a currency, which is three capital letters: &quot;%2&quot;.</source>
+        <translation>الملف تالف: «%1» ليس رمز عملة مكوّنًا من ثلاثة أحرف كبيرة: «%2».</translation>
+    </message>
+    <message>
+        <source>It is not a quote file.</source>
+        <translation>هذا ليس ملف عرض سعر.</translation>
+    </message>
+    <message>
+        <source>It was written by another version of the desk (%1).</source>
+        <translation>كُتب الملف بإصدار آخر من Orvan Desk (%1).</translation>
+    </message>
+    <message>
+        <source>Its products cannot be read. %1.</source>
+        <translation>لا يمكن قراءة منتجات الملف. %1.</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>المفتاح</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>القائمة الرئيسية</translation>
+    </message>
+    <message>
+        <source>Menu of the Row</source>
+        <translation>قائمة الصف</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>نقل إلى أسفل</translation>
+    </message>
+    <message>
+        <source>Move Product Down In The List</source>
+        <translation>نقل المنتج إلى أسفل في القائمة</translation>
+    </message>
+    <message>
+        <source>Move Product Up In the List</source>
+        <translation>نقل المنتج إلى أعلى في القائمة</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>نقل إلى أعلى</translation>
+    </message>
+    <message>
+        <source>No recovery copy of the unsaved changes could be written: %1.</source>
+        <translation>تعذّرت كتابة نسخة استعادة من التغييرات غير المحفوظة: %1.</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>ملاحظة</translation>
+    </message>
+    <message>
+        <source>Nothing was added, because the list would be too large to be saved: %1 bytes, and at most %2 are possible.</source>
+        <translation>لم يُضف شيء، لأن القائمة ستصبح أكبر من أن تُحفظ: %1 بايت، والحد الأقصى %2.</translation>
+    </message>
+    <message>
+        <source>Nothing was pasted.</source>
+        <translation>لم يُلصق شيء.</translation>
+    </message>
+    <message>
+        <source>Object required</source>
+        <translation>مطلوب كائن</translation>
+    </message>
+    <message>
+        <source>Object variable not set</source>
+        <translation>لم يُعيَّن متغير الكائن</translation>
+    </message>
+    <message>
+        <source>Object was unloaded</source>
+        <translation>أُلغي تحميل الكائن</translation>
+    </message>
+    <message>
+        <source>Orvan writes no trace to &quot;%1&quot;: %2</source>
+        <translation>لا يكتب Orvan سجل التتبع في «%1»: %2</translation>
+    </message>
+    <message>
+        <source>Out of memory</source>
+        <translation>الذاكرة غير كافية</translation>
+    </message>
+    <message>
+        <source>Out of string space</source>
+        <translation>لا توجد مساحة كافية للسلاسل النصية</translation>
+    </message>
+    <message>
+        <source>Overflow</source>
+        <translation>تجاوز السعة</translation>
+    </message>
+    <message>
+        <source>P&amp;art#</source>
+        <translation>&amp;رقم القطعة</translation>
+    </message>
+    <message>
+        <source>P&amp;roduct</source>
+        <translation>المن&amp;تج</translation>
+    </message>
+    <message>
+        <source>Part#</source>
+        <translation>رقم القطعة</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>لصق</translation>
+    </message>
+    <message>
+        <source>Path/File access error</source>
+        <translation>خطأ في الوصول إلى المسار/الملف</translation>
+    </message>
+    <message>
+        <source>Please select a product first</source>
+        <translation>يُرجى تحديد منتج أولًا</translation>
+    </message>
+    <message>
+        <source>Product %1: this discount is not possible</source>
+        <translation>المنتج %1: هذا الخصم غير ممكن</translation>
+    </message>
+    <message>
+        <source>Product %1: this quantity is not possible</source>
+        <translation>المنتج %1: هذه الكمية غير ممكنة</translation>
+    </message>
+    <message>
+        <source>Product %1: this unit price is not possible</source>
+        <translation>المنتج %1: سعر الوحدة هذا غير ممكن</translation>
+    </message>
+    <message>
+        <source>Product Information</source>
+        <translation>معلومات المنتج</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>المنتج</translation>
+    </message>
+    <message>
+        <source>Products string, product %1</source>
+        <translation>بيانات المنتجات، المنتج %1</translation>
+    </message>
+    <message>
+        <source>Products string, product %1, field %2</source>
+        <translation>بيانات المنتجات، المنتج %1، الحقل %2</translation>
+    </message>
+    <message>
+        <source>Products that differ: %1.</source>
+        <translation>عدد المنتجات المختلفة: %1.</translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation>الكمية</translation>
+    </message>
+    <message>
+        <source>Row %1 has %2 cells, and there are only %3 columns</source>
+        <translation>عدد الخلايا في الصف %1 هو %2، وعدد الأعمدة %3 فقط</translation>
+    </message>
+    <message>
+        <source>Row %1, column &quot;%2&quot;: &quot;%3&quot; %4</source>
+        <translation>الصف %1، العمود «%2»: «%3» %4</translation>
+    </message>
+    <message>
+        <source>Row %1: a quotation mark is not closed</source>
+        <translation>الصف %1: علامة اقتباس غير مغلقة</translation>
+    </message>
+    <message>
+        <source>Second Column</source>
+        <translation>العمود الثاني</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>تحديد الكل</translation>
+    </message>
+    <message>
+        <source>Subscript out of range</source>
+        <translation>الفهرس خارج النطاق</translation>
+    </message>
+    <message>
+        <source>The catalogue &quot;%1&quot; cannot be used: %2.</source>
+        <translation>لا يمكن استخدام الكتالوج «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>The list cannot show %1 products</source>
+        <translation>لا يمكن للقائمة عرض منتجات عددها %1</translation>
+    </message>
+    <message>
+        <source>The product information has been modified, would you like to save the changes?</source>
+        <translation>عُدِّلت معلومات المنتج. هل تريد حفظ التغييرات؟</translation>
+    </message>
+    <message>
+        <source>The product manager counts %1 products</source>
+        <translation>عدد المنتجات بحسب مدير المنتجات: %1</translation>
+    </message>
+    <message>
+        <source>The products take %1 bytes; at most %2 bytes can be kept</source>
+        <translation>تشغل المنتجات %1 بايت؛ ويمكن حفظ %2 بايت على الأكثر</translation>
+    </message>
+    <message>
+        <source>The recovery copy “%1” could not be removed: %2.</source>
+        <translation>تعذّرت إزالة نسخة الاستعادة «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>The total of the products is beyond the range of an amount</source>
+        <translation>مجموع المنتجات خارج نطاق المبالغ الممكنة</translation>
+    </message>
+    <message>
+        <source>The total size of the product data for an IBO has exceeded the maximum limit of %1 bytes. Please try limiting the amount of data you put in the product note field (this or other products in this IBO) and try saving the product info again.</source>
+        <translation>تجاوز الحجم الإجمالي لبيانات المنتجات في كائن الأعمال الحد الأقصى البالغ %1 بايت. يُرجى تقليل كمية البيانات في حقل ملاحظة المنتج (لهذا المنتج أو لمنتجات أخرى في كائن الأعمال هذا) ثم محاولة حفظ معلومات المنتج مجددًا.</translation>
+    </message>
+    <message>
+        <source>There are no products to paste.</source>
+        <translation>لا توجد منتجات للصقها.</translation>
+    </message>
+    <message>
+        <source>There is no product at position %1 of %2</source>
+        <translation>لا يوجد منتج في الموضع %1 من %2</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>المجموع</translation>
+    </message>
+    <message>
+        <source>Type mismatch</source>
+        <translation>عدم تطابق النوع</translation>
+    </message>
+    <message>
+        <source>Unit Price</source>
+        <translation>سعر الوحدة</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>عرض</translation>
+    </message>
+    <message>
+        <source>We apologize for the inconvenience but due to an internal application error the current dialog will be closed. If the issue persists please contact our support department at %1</source>
+        <translation>نعتذر عن الإزعاج، ستُغلق النافذة الحالية بسبب خطأ داخلي في التطبيق. إذا استمرت المشكلة، يُرجى الاتصال بقسم الدعم لدينا على %1</translation>
+    </message>
+    <message>
+        <source>Would you like to overwrite the current contents of the product note field with the contents from the product look-up?</source>
+        <translation>هل تريد استبدال المحتوى الحالي لحقل ملاحظة المنتج بالمحتوى الوارد من البحث عن المنتج؟</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not fit 32 bits</source>
+        <translation>القيمة «%1» لا تتسع في 32 بت</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number</source>
+        <translation>القيمة «%1» ليست عددًا</translation>
+    </message>
+    <message>
+        <source>a backslash stands before a character that needs none</source>
+        <translation>توجد شرطة مائلة عكسية قبل محرف لا يحتاج إليها</translation>
+    </message>
+    <message>
+        <source>a newer version of this program has made it</source>
+        <translation>أنشأ الملفَ إصدارٌ أحدث من هذا البرنامج</translation>
+    </message>
+    <message>
+        <source>a quote in line %1 is never closed</source>
+        <translation>علامة اقتباس في السطر %1 غير مغلقة</translation>
+    </message>
+    <message>
+        <source>a quote that is never closed</source>
+        <translation>علامة اقتباس غير مغلقة</translation>
+    </message>
+    <message>
+        <source>another program has locked it</source>
+        <translation>قفل برنامج آخر الملف</translation>
+    </message>
+    <message>
+        <source>another program is replacing it</source>
+        <translation>يستبدل برنامج آخر الملف حاليًا</translation>
+    </message>
+    <message>
+        <source>is not a number with the decimal separator &quot;%1&quot;</source>
+        <translation>ليس عددًا بالفاصل العشري «%1»</translation>
+    </message>
+    <message>
+        <source>is not a number</source>
+        <translation>ليس عددًا</translation>
+    </message>
+    <message>
+        <source>is too large</source>
+        <translation>كبير جدًا</translation>
+    </message>
+    <message>
+        <source>it cannot be locked</source>
+        <translation>لا يمكن قفل الملف</translation>
+    </message>
+    <message>
+        <source>it cannot be opened</source>
+        <translation>لا يمكن فتح الملف</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>لا يمكن قراءة الملف</translation>
+    </message>
+    <message>
+        <source>it does not begin with the names of its columns</source>
+        <translation>لا يبدأ الملف بأسماء أعمدته</translation>
+    </message>
+    <message>
+        <source>it holds no rows</source>
+        <translation>لا يحتوي الملف على أي صفوف</translation>
+    </message>
+    <message>
+        <source>it is a device</source>
+        <translation>هذا جهاز وليس ملفًا</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>هذا مجلد وليس ملفًا</translation>
+    </message>
+    <message>
+        <source>it is a link that leads nowhere</source>
+        <translation>هذا رابط لا يؤدي إلى أي مكان</translation>
+    </message>
+    <message>
+        <source>it is a pipe</source>
+        <translation>هذا أنبوب (pipe) وليس ملفًا</translation>
+    </message>
+    <message>
+        <source>it is a socket</source>
+        <translation>هذا مقبس (socket) وليس ملفًا</translation>
+    </message>
+    <message>
+        <source>it is damaged (%1)</source>
+        <translation>الملف تالف (%1)</translation>
+    </message>
+    <message>
+        <source>it is damaged</source>
+        <translation>الملف تالف</translation>
+    </message>
+    <message>
+        <source>it is in UTF-16; save it as UTF-8</source>
+        <translation>الملف بترميز UTF-16؛ احفظه بترميز UTF-8</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MiB</source>
+        <translation>حجم الملف أكبر من %1 ميبيبايت</translation>
+    </message>
+    <message>
+        <source>it is no catalogue file</source>
+        <translation>هذا ليس ملف كتالوج</translation>
+    </message>
+    <message>
+        <source>it is no file</source>
+        <translation>هذا ليس ملفًا</translation>
+    </message>
+    <message>
+        <source>item id</source>
+        <translation>معرّف الصنف</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>لا يمكن إنشاء المجلد اللازم</translation>
+    </message>
+    <message>
+        <source>its lock file cannot be used: %1</source>
+        <translation>لا يمكن استخدام ملف القفل: %1</translation>
+    </message>
+    <message>
+        <source>key</source>
+        <translation>المفتاح</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>السطر %1، العمود %2</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>neither a name nor a part number</source>
+        <translation>لا يوجد اسم ولا رقم قطعة</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (named: %2); the first line has %3</source>
+        <translation>لا يوجد عمود لـ«%1» (الاسم المحدد: %2)؛ في السطر الأول %3</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (usual names: %2); the first line has %3</source>
+        <translation>لا يوجد عمود لـ«%1» (الأسماء المعتادة: %2)؛ في السطر الأول %3</translation>
+    </message>
+    <message>
+        <source>no file is named</source>
+        <translation>لم يُحدَّد أي ملف</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>الملاحظة</translation>
+    </message>
+    <message>
+        <source>part number</source>
+        <translation>رقم القطعة</translation>
+    </message>
+    <message>
+        <source>something that is no file has the former one&apos;s name</source>
+        <translation>شيء ليس ملفًا يحمل اسم الملف السابق</translation>
+    </message>
+    <message>
+        <source>text behind a closing quote</source>
+        <translation>نص بعد علامة اقتباس مغلقة</translation>
+    </message>
+    <message>
+        <source>text that is not UTF-8</source>
+        <translation>نص ليس بترميز UTF-8</translation>
+    </message>
+    <message>
+        <source>the amount is beyond the range</source>
+        <translation>المبلغ خارج النطاق</translation>
+    </message>
+    <message>
+        <source>the count of products is beyond the range</source>
+        <translation>عدد المنتجات خارج النطاق</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>القرص ممتلئ</translation>
+    </message>
+    <message>
+        <source>the document could not be made</source>
+        <translation>تعذّر إنشاء المستند</translation>
+    </message>
+    <message>
+        <source>the item id &quot;%1&quot; is in an earlier row, too</source>
+        <translation>معرّف الصنف «%1» موجود أيضًا في صف سابق</translation>
+    </message>
+    <message>
+        <source>the item id &quot;%1&quot; is no whole number of 32 bits</source>
+        <translation>معرّف الصنف «%1» ليس عددًا صحيحًا من 32 بت</translation>
+    </message>
+    <message>
+        <source>the record has more than 8 fields</source>
+        <translation>في السجل أكثر من 8 حقول</translation>
+    </message>
+    <message>
+        <source>the record has only %1 of 8 fields</source>
+        <translation>في السجل %1 فقط من 8 حقول</translation>
+    </message>
+    <message>
+        <source>the settings &quot;%1&quot; cannot be read: %2</source>
+        <translation>لا يمكن قراءة الإعدادات «%1»: %2</translation>
+    </message>
+    <message>
+        <source>the settings &quot;%1&quot; cannot be written: %2</source>
+        <translation>لا يمكن كتابة الإعدادات «%1»: %2</translation>
+    </message>
+    <message>
+        <source>the string does not begin with the count of products</source>
+        <translation>لا تبدأ البيانات بعدد المنتجات</translation>
+    </message>
+    <message>
+        <source>the string ends within the count of products</source>
+        <translation>تنتهي البيانات ضمن عدد المنتجات</translation>
+    </message>
+    <message>
+        <source>the string is cut short</source>
+        <translation>البيانات مقطوعة</translation>
+    </message>
+    <message>
+        <source>the unit price &quot;%1&quot; is no amount with a decimal comma</source>
+        <translation>سعر الوحدة «%1» ليس مبلغًا بفاصلة عشرية</translation>
+    </message>
+    <message>
+        <source>the unit price &quot;%1&quot; is no amount with a decimal point</source>
+        <translation>سعر الوحدة «%1» ليس مبلغًا بنقطة عشرية</translation>
+    </message>
+    <message>
+        <source>there is another file of this name</source>
+        <translation>يوجد ملف آخر بهذا الاسم</translation>
+    </message>
+    <message>
+        <source>there is more than the count of products announces</source>
+        <translation>تحتوي البيانات على أكثر مما يحدده عدد المنتجات</translation>
+    </message>
+    <message>
+        <source>there is no former one</source>
+        <translation>لا يوجد ملف سابق</translation>
+    </message>
+    <message>
+        <source>there is something else of this name</source>
+        <translation>يوجد شيء آخر بهذا الاسم</translation>
+    </message>
+    <message>
+        <source>this is not an amount in its shortest form</source>
+        <translation>هذا ليس مبلغًا بأقصر صيغة له</translation>
+    </message>
+    <message>
+        <source>unit price</source>
+        <translation>سعر الوحدة</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add these %n products to the list?</source>
+        <translation>
+            <numerusform>هل تريد إضافة هذه المنتجات (%n) إلى القائمة؟</numerusform>
+            <numerusform>هل تريد إضافة هذا المنتج إلى القائمة؟</numerusform>
+            <numerusform>هل تريد إضافة هذين المنتجين إلى القائمة؟</numerusform>
+            <numerusform>هل تريد إضافة هذه المنتجات (%n) إلى القائمة؟</numerusform>
+            <numerusform>هل تريد إضافة هذه المنتجات (%n) إلى القائمة؟</numerusform>
+            <numerusform>هل تريد إضافة هذه المنتجات (%n) إلى القائمة؟</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Are you sure you want to delete the %n selected products?</source>
+        <translation>
+            <numerusform>هل تريد بالتأكيد حذف المنتجات المحددة (%n)؟</numerusform>
+            <numerusform>هل تريد بالتأكيد حذف المنتج المحدد؟</numerusform>
+            <numerusform>هل تريد بالتأكيد حذف المنتجين المحددين؟</numerusform>
+            <numerusform>هل تريد بالتأكيد حذف المنتجات المحددة (%n)؟</numerusform>
+            <numerusform>هل تريد بالتأكيد حذف المنتجات المحددة (%n)؟</numerusform>
+            <numerusform>هل تريد بالتأكيد حذف المنتجات المحددة (%n)؟</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::CatalogueMenu</name>
+    <message>
+        <source>1 product</source>
+        <translation>منتج واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln products</source>
+        <translation>
+            <numerusform>%Ln منتج</numerusform>
+            <numerusform>منتج واحد</numerusform>
+            <numerusform>منتجين</numerusform>
+            <numerusform>%Ln منتجات</numerusform>
+            <numerusform>%Ln منتجًا</numerusform>
+            <numerusform>%Ln منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 from “%2”</source>
+        <translation>%1 من «%2»</translation>
+    </message>
+    <message>
+        <source>products that cannot be read</source>
+        <translation>منتجات لا يمكن قراءتها</translation>
+    </message>
+    <message>
+        <source>sample products</source>
+        <translation>المنتجات التجريبية</translation>
+    </message>
+    <message>
+        <source>Ca&amp;talogue</source>
+        <translation>ال&amp;كتالوج</translation>
+    </message>
+    <message>
+        <source>&amp;Import Price List…</source>
+        <translation>ا&amp;ستيراد قائمة أسعار…</translation>
+    </message>
+    <message>
+        <source>Use the &amp;Sample Products</source>
+        <translation>استخدام المنتجات ال&amp;تجريبية</translation>
+    </message>
+    <message>
+        <source>&amp;Bring Back the Former Catalogue</source>
+        <translation>استرجاع الكتالوج السا&amp;بق</translation>
+    </message>
+    <message>
+        <source>The catalogue contains %1.
+
+%2
+
+The present catalogue is kept: “Bring Back the Former Catalogue” in the same menu brings it back.</source>
+        <translation>يحتوي الكتالوج على %1.
+
+%2
+
+سيُحتفظ بالكتالوج الحالي: يعيده الأمر «استرجاع الكتالوج السابق» في القائمة نفسها.</translation>
+    </message>
+    <message>
+        <source>
+
+The former catalogue that has been kept so far is deleted: %1.</source>
+        <translation>
+
+سيُحذف الكتالوج السابق المحتفظ به حتى الآن، ويحتوي على %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>ا&amp;ستبدال</translation>
+    </message>
+    <message>
+        <source>Replace it with the sample products?</source>
+        <translation>هل تريد استبداله بالمنتجات التجريبية؟</translation>
+    </message>
+    <message>
+        <source>The catalogue now contains the sample products.</source>
+        <translation>يحتوي الكتالوج الآن على المنتجات التجريبية.</translation>
+    </message>
+    <message>
+        <source>The catalogue now contains %1.
+
+The same command brings the other one back.</source>
+        <translation>يحتوي الكتالوج الآن على %1.
+
+الأمر نفسه يعيد الكتالوج الآخر.</translation>
+    </message>
+    <message>
+        <source>The former catalogue could not be brought back.</source>
+        <translation>تعذّر استرجاع الكتالوج السابق.</translation>
+    </message>
+    <message>
+        <source>The sample products could not be imported into the catalogue.</source>
+        <translation>تعذّر استيراد المنتجات التجريبية إلى الكتالوج.</translation>
+    </message>
+    <message>
+        <source>Import Price List</source>
+        <translation>استيراد قائمة أسعار</translation>
+    </message>
+    <message>
+        <source>Price lists (*.csv *.tsv *.txt);;All files (*)</source>
+        <translation>قوائم الأسعار (*.csv *.tsv *.txt);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>Replace it with the products of “%1”?</source>
+        <translation>هل تريد استبداله بمنتجات «%1»؟</translation>
+    </message>
+    <message>
+        <source>“%1” could not be imported.</source>
+        <translation>تعذّر استيراد «%1».</translation>
+    </message>
+    <message>
+        <source>The catalogue now contains %1.</source>
+        <translation>يحتوي الكتالوج الآن على %1.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>تجري قراءة «%1»…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Sorting %Ln products…</source>
+        <translation>
+            <numerusform>يجري فرز %Ln منتج…</numerusform>
+            <numerusform>يجري فرز منتج واحد…</numerusform>
+            <numerusform>يجري فرز منتجين…</numerusform>
+            <numerusform>يجري فرز %Ln منتجات…</numerusform>
+            <numerusform>يجري فرز %Ln منتجًا…</numerusform>
+            <numerusform>يجري فرز %Ln منتج…</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading “%1”: %Ln products</source>
+        <translation>
+            <numerusform>تجري قراءة «%1»: %Ln منتج</numerusform>
+            <numerusform>تجري قراءة «%1»: منتج واحد</numerusform>
+            <numerusform>تجري قراءة «%1»: منتجان</numerusform>
+            <numerusform>تجري قراءة «%1»: %Ln منتجات</numerusform>
+            <numerusform>تجري قراءة «%1»: %Ln منتجًا</numerusform>
+            <numerusform>تجري قراءة «%1»: %Ln منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The prices of this list can be read in two ways. What does “%1” mean?</source>
+        <translation>يمكن قراءة أسعار هذه القائمة بطريقتين. ماذا تعني «%1»؟</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>السطر %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>… and %n more</source>
+        <translation>
+            <numerusform>… و%n أخرى</numerusform>
+            <numerusform>… وسطر آخر</numerusform>
+            <numerusform>… وسطران آخران</numerusform>
+            <numerusform>… و%n أسطر أخرى</numerusform>
+            <numerusform>… و%n سطرًا آخر</numerusform>
+            <numerusform>… و%n سطر آخر</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not imported: one row has an error.</source>
+        <translation>لم يُستورد «%1»: يوجد خطأ في صف واحد.</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” was not imported: %n rows have errors.</source>
+        <translation>
+            <numerusform>لم يُستورد «%1»: توجد أخطاء في %n صف.</numerusform>
+            <numerusform>لم يُستورد «%1»: يوجد خطأ في صف واحد.</numerusform>
+            <numerusform>لم يُستورد «%1»: توجد أخطاء في صفين.</numerusform>
+            <numerusform>لم يُستورد «%1»: توجد أخطاء في %n صفوف.</numerusform>
+            <numerusform>لم يُستورد «%1»: توجد أخطاء في %n صفًا.</numerusform>
+            <numerusform>لم يُستورد «%1»: توجد أخطاء في %n صف.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>
+
+The catalogue was not changed.</source>
+        <translation>
+
+لم يتغير الكتالوج.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::LetterheadDialog</name>
+    <message>
+        <source>Print &amp;tax of</source>
+        <translation>&amp;طباعة ضريبة بنسبة</translation>
+    </message>
+    <message>
+        <source>Letterhead and Columns</source>
+        <translation>الترويسة والأعمدة</translation>
+    </message>
+    <message>
+        <source>&amp;Seller</source>
+        <translation>ال&amp;بائع</translation>
+    </message>
+    <message>
+        <source>&amp;Address</source>
+        <translation>ال&amp;عنوان</translation>
+    </message>
+    <message>
+        <source>&amp;Logo</source>
+        <translation>ال&amp;شعار</translation>
+    </message>
+    <message>
+        <source>&amp;Closing text</source>
+        <translation>النص ال&amp;ختامي</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>الأعمدة</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>الضريبة</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>اخ&amp;تيار…</translation>
+    </message>
+    <message>
+        <source>&amp;Position</source>
+        <translation>المو&amp;ضع</translation>
+    </message>
+    <message>
+        <source>Part nu&amp;mber</source>
+        <translation>&amp;رقم القطعة</translation>
+    </message>
+    <message>
+        <source>&amp;Note</source>
+        <translation>&amp;ملاحظة</translation>
+    </message>
+    <message>
+        <source>&amp;Quantity</source>
+        <translation>ال&amp;كمية</translation>
+    </message>
+    <message>
+        <source>&amp;Unit price</source>
+        <translation>&amp;سعر الوحدة</translation>
+    </message>
+    <message>
+        <source>&amp;Discount</source>
+        <translation>الخ&amp;صم</translation>
+    </message>
+    <message>
+        <source>&amp;Extended price</source>
+        <translation>السعر الإ&amp;جمالي</translation>
+    </message>
+    <message>
+        <source>Choose Logo</source>
+        <translation>اختيار الشعار</translation>
+    </message>
+    <message>
+        <source>Pictures (%1);;All files (*)</source>
+        <translation>الصور (%1);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: %1.</source>
+        <translation>لا يمكن طباعة هذه الصورة: %1.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a rate: 0 to 100 percent, with at most four decimals.</source>
+        <translation>القيمة «%1» ليست معدل ضريبة: من 0 إلى 100 بالمئة، بأربع منازل عشرية على الأكثر.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::MainWindow</name>
+    <message>
+        <source>Customer</source>
+        <translation>تغيير العميل</translation>
+    </message>
+    <message>
+        <source>Quote Number</source>
+        <translation>تغيير رقم عرض السعر</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>تغيير التاريخ</translation>
+    </message>
+    <message>
+        <source>This could not be undone.</source>
+        <translation>تعذّر التراجع عن هذا.</translation>
+    </message>
+    <message>
+        <source>Who is this quote for?</source>
+        <translation>لمن عرض السعر هذا؟</translation>
+    </message>
+    <message>
+        <source>&amp;Customer</source>
+        <translation>العمي&amp;ل</translation>
+    </message>
+    <message>
+        <source>Quote &amp;number</source>
+        <translation>رقم عرض ال&amp;سعر</translation>
+    </message>
+    <message>
+        <source>&amp;Date</source>
+        <translation>ال&amp;تاريخ</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;ملف</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;جديد</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;فتح…</translation>
+    </message>
+    <message>
+        <source>Open Sa&amp;mple</source>
+        <translation>فتح عر&amp;ض تجريبي</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;حفظ</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>حفظ با&amp;سم…</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>إ&amp;نهاء</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;عرض</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>الأ&amp;لوان</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>وفق ال&amp;نظام</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;فاتح</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;داكن</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>ت&amp;حرير</translation>
+    </message>
+    <message>
+        <source>&amp;Product</source>
+        <translation>المنت&amp;ج</translation>
+    </message>
+    <message>
+        <source>New quote</source>
+        <translation>عرض سعر جديد</translation>
+    </message>
+    <message>
+        <source>%1[*] – Orvan Desk</source>
+        <translation>%1[*] – Orvan Desk</translation>
+    </message>
+    <message>
+        <source>the customer</source>
+        <translation>العميل</translation>
+    </message>
+    <message>
+        <source>the quote number</source>
+        <translation>رقم عرض السعر</translation>
+    </message>
+    <message>
+        <source>the date</source>
+        <translation>التاريخ</translation>
+    </message>
+    <message>
+        <source>1 product</source>
+        <translation>منتج واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n products</source>
+        <translation>
+            <numerusform>%n منتج</numerusform>
+            <numerusform>منتج واحد</numerusform>
+            <numerusform>منتجان</numerusform>
+            <numerusform>%n منتجات</numerusform>
+            <numerusform>%n منتجًا</numerusform>
+            <numerusform>%n منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>لا شيء</translation>
+    </message>
+    <message>
+        <source>Another desk ended without closing this quote: %1.</source>
+        <translation>انتهى Orvan Desk في مكان آخر دون إغلاق عرض السعر هذا: %1.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened.</source>
+        <translation>تعذّر فتح «%1».</translation>
+    </message>
+    <message>
+        <source>A new quote could not be made.</source>
+        <translation>تعذّر إنشاء عرض سعر جديد.</translation>
+    </message>
+    <message>
+        <source>Open Quote</source>
+        <translation>فتح عرض سعر</translation>
+    </message>
+    <message>
+        <source>Quotes (*.quote.json);;All files (*)</source>
+        <translation>عروض الأسعار (*.quote.json);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>عرض سعر</translation>
+    </message>
+    <message>
+        <source>Save Quote</source>
+        <translation>حفظ عرض السعر</translation>
+    </message>
+    <message>
+        <source>“%1” has been saved.</source>
+        <translation>حُفظ «%1».</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved.</source>
+        <translation>تعذّر حفظ «%1».</translation>
+    </message>
+    <message>
+        <source>Save the changes to this quote?</source>
+        <translation>هل تريد حفظ التغييرات في عرض السعر هذا؟</translation>
+    </message>
+    <message>
+        <source>Changes that are not saved will be lost.</source>
+        <translation>ستُفقد التغييرات التي لا تُحفظ.</translation>
+    </message>
+    <message>
+        <source>a quote without a file</source>
+        <translation>عرض سعر بلا ملف</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>«%1»</translation>
+    </message>
+    <message>
+        <source>The desk ended at %1 with unsaved changes to %2.
+
+Changed: %3.</source>
+        <translation>انتهى Orvan Desk في %1 مع تغييرات غير محفوظة في %2.
+
+ما تغيّر: %3.</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>ا&amp;ستعادة</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;تجاهل</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;لاحقًا</translation>
+    </message>
+    <message>
+        <source>The recovery copy “%1” cannot be read.</source>
+        <translation>لا يمكن قراءة نسخة الاستعادة «%1».</translation>
+    </message>
+    <message>
+        <source>The unsaved changes could not be recovered.</source>
+        <translation>تعذّرت استعادة التغييرات غير المحفوظة.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::PrintActions</name>
+    <message>
+        <source>Page Set&amp;up…</source>
+        <translation>إ&amp;عداد الصفحة…</translation>
+    </message>
+    <message>
+        <source>&amp;Letterhead and Columns…</source>
+        <translation>ال&amp;ترويسة والأعمدة…</translation>
+    </message>
+    <message>
+        <source>Print Pre&amp;view…</source>
+        <translation>معاينة ال&amp;طباعة…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>ط&amp;باعة…</translation>
+    </message>
+    <message>
+        <source>&amp;Export as PDF…</source>
+        <translation>ت&amp;صدير بصيغة PDF…</translation>
+    </message>
+    <message>
+        <source>Some print settings cannot be used.</source>
+        <translation>لا يمكن استخدام بعض إعدادات الطباعة.</translation>
+    </message>
+    <message>
+        <source>The print settings could not be kept.</source>
+        <translation>تعذّر حفظ إعدادات الطباعة.</translation>
+    </message>
+    <message>
+        <source>The quote is printed without some of its parts.</source>
+        <translation>سيُطبع عرض السعر من دون بعض أجزائه.</translation>
+    </message>
+    <message>
+        <source>The page could not be set up.</source>
+        <translation>تعذّر إعداد الصفحة.</translation>
+    </message>
+    <message>
+        <source>The letterhead could not be changed.</source>
+        <translation>تعذّر تغيير الترويسة.</translation>
+    </message>
+    <message>
+        <source>The quote could not be previewed.</source>
+        <translation>تعذّرت معاينة عرض السعر.</translation>
+    </message>
+    <message>
+        <source>Print Preview</source>
+        <translation>معاينة الطباعة</translation>
+    </message>
+    <message>
+        <source>The quote could not be printed.</source>
+        <translation>تعذّرت طباعة عرض السعر.</translation>
+    </message>
+    <message>
+        <source>The quote has been printed.</source>
+        <translation>طُبع عرض السعر.</translation>
+    </message>
+    <message>
+        <source>The printer “%1” does not take it.</source>
+        <translation>لا تقبله الطابعة «%1».</translation>
+    </message>
+    <message>
+        <source>The quote could not be exported.</source>
+        <translation>تعذّر تصدير عرض السعر.</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>عرض سعر</translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>تصدير بصيغة PDF</translation>
+    </message>
+    <message>
+        <source>PDF files (*.pdf);;All files (*)</source>
+        <translation>ملفات PDF (*.pdf);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>“%1” could not be written.</source>
+        <translation>تعذّرت كتابة «%1».</translation>
+    </message>
+    <message>
+        <source>“%1” has been written.</source>
+        <translation>كُتب «%1».</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::QuoteHistory</name>
+    <message>
+        <source>Add %1</source>
+        <translation>إضافة %1</translation>
+    </message>
+    <message>
+        <source>Duplicate %1</source>
+        <translation>تكرار %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %n Products</source>
+        <translation>
+            <numerusform>تكرار %n منتج</numerusform>
+            <numerusform>تكرار منتج واحد</numerusform>
+            <numerusform>تكرار منتجين</numerusform>
+            <numerusform>تكرار %n منتجات</numerusform>
+            <numerusform>تكرار %n منتجًا</numerusform>
+            <numerusform>تكرار %n منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>حذف %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Products</source>
+        <translation>
+            <numerusform>حذف %n منتج</numerusform>
+            <numerusform>حذف منتج واحد</numerusform>
+            <numerusform>حذف منتجين</numerusform>
+            <numerusform>حذف %n منتجات</numerusform>
+            <numerusform>حذف %n منتجًا</numerusform>
+            <numerusform>حذف %n منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>تعديل %1</translation>
+    </message>
+    <message>
+        <source>Move Products</source>
+        <translation>نقل المنتجات</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;تراجع</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;تراجع: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>إ&amp;عادة</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>إ&amp;عادة: %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::RecentFiles</name>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 في %2</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>المفتوحة &amp;مؤخرًا</translation>
+    </message>
+    <message>
+        <source>No Quotes Yet</source>
+        <translation>لا توجد عروض أسعار بعد</translation>
+    </message>
+    <message>
+        <source>&amp;Clear This List</source>
+        <translation>م&amp;سح هذه القائمة</translation>
+    </message>
+    <message>
+        <source>“%1” is not in %2 any more, or its drive is not connected.</source>
+        <translation>لم يعد الملف «%1» موجودًا في %2، أو أن محرك الأقراص غير متصل.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from the List</source>
+        <translation>إ&amp;زالة من القائمة</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>إب&amp;قاء</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::StatusLine</name>
+    <message numerus="yes">
+        <source>%Ln without price</source>
+        <translation>
+            <numerusform>%Ln بلا سعر</numerusform>
+            <numerusform>واحد بلا سعر</numerusform>
+            <numerusform>اثنان بلا سعر</numerusform>
+            <numerusform>%Ln بلا سعر</numerusform>
+            <numerusform>%Ln بلا سعر</numerusform>
+            <numerusform>%Ln بلا سعر</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln without name</source>
+        <translation>
+            <numerusform>%Ln بلا اسم</numerusform>
+            <numerusform>واحد بلا اسم</numerusform>
+            <numerusform>اثنان بلا اسم</numerusform>
+            <numerusform>%Ln بلا اسم</numerusform>
+            <numerusform>%Ln بلا اسم</numerusform>
+            <numerusform>%Ln بلا اسم</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>اليوم</translation>
+    </message>
+    <message>
+        <source>yesterday</source>
+        <translation>أمس</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln days ago</source>
+        <translation>
+            <numerusform>قبل %Ln يوم</numerusform>
+            <numerusform>قبل يوم واحد</numerusform>
+            <numerusform>قبل يومين</numerusform>
+            <numerusform>قبل %Ln أيام</numerusform>
+            <numerusform>قبل %Ln يومًا</numerusform>
+            <numerusform>قبل %Ln يوم</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>on %1</source>
+        <translation>في %1</translation>
+    </message>
+    <message>
+        <source>No catalogue</source>
+        <translation>لا يوجد كتالوج</translation>
+    </message>
+    <message>
+        <source>“%1”: %2, imported %3</source>
+        <translation>الكتالوج «%1»: %2، استُورد %3</translation>
+    </message>
+    <message>
+        <source>1 entry</source>
+        <translation>مدخل واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries</source>
+        <translation>
+            <numerusform>لا مدخلات</numerusform>
+            <numerusform>مدخل واحد</numerusform>
+            <numerusform>مدخلان</numerusform>
+            <numerusform>%Ln مدخلات</numerusform>
+            <numerusform>%Ln مدخلًا</numerusform>
+            <numerusform>%Ln مدخل</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read</source>
+        <translation>لا يمكن قراءة «%1»</translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation>تم الحفظ.</translation>
+    </message>
+    <message>
+        <source>Saved. %1.</source>
+        <translation>تم الحفظ. %1.</translation>
+    </message>
+    <message>
+        <source>1 product</source>
+        <translation>منتج واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln products</source>
+        <translation>
+            <numerusform>لا منتجات</numerusform>
+            <numerusform>منتج واحد</numerusform>
+            <numerusform>منتجان</numerusform>
+            <numerusform>%Ln منتجات</numerusform>
+            <numerusform>%Ln منتجًا</numerusform>
+            <numerusform>%Ln منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unsaved since %1</source>
+        <translation>غير محفوظ منذ %1</translation>
+    </message>
+</context>
+</TS>

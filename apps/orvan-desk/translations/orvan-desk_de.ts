@@ -1,0 +1,1564 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>OpenQuote</name>
+    <message>
+        <source>%1 on %2 since %3</source>
+        <translation>%1 auf %2 seit %3</translation>
+    </message>
+    <message>
+        <source>“%1” is open elsewhere: %2.
+
+Who saves last would overwrite the other&apos;s work.</source>
+        <translation>„%1“ ist an anderer Stelle geöffnet: %2.
+
+Wer zuletzt speichert, würde die Arbeit des anderen überschreiben.</translation>
+    </message>
+    <message>
+        <source>Open to &amp;Read</source>
+        <translation>Zum &amp;Lesen öffnen</translation>
+    </message>
+    <message>
+        <source>Open &amp;Anyway</source>
+        <translation>&amp;Trotzdem öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>Ü&amp;berschreiben</translation>
+    </message>
+    <message>
+        <source>“%1” is open elsewhere: %2.</source>
+        <translation>„%1“ ist an anderer Stelle geöffnet: %2.</translation>
+    </message>
+    <message>
+        <source>Another program has changed “%1” since it was opened here, at %2.
+
+Saving would overwrite these changes.</source>
+        <translation>Ein anderes Programm hat „%1“ geändert (%2), nachdem die Datei hier geöffnet wurde.
+
+Speichern würde diese Änderungen überschreiben.</translation>
+    </message>
+    <message>
+        <source>“%1” has been deleted or moved since it was opened here.</source>
+        <translation>„%1“ wurde gelöscht oder verschoben, nachdem die Datei hier geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>&amp;Save There Again</source>
+        <translation>&amp;Dort erneut speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;Elsewhere…</source>
+        <translation>&amp;Woanders speichern…</translation>
+    </message>
+</context>
+<context>
+    <name>PlainBox</name>
+    <message>
+        <source>Orvan Desk</source>
+        <translation>Orvan Desk</translation>
+    </message>
+</context>
+<context>
+    <name>PrintOptions</name>
+    <message>
+        <source>The tax rate in the settings, “%1”, is not 0 to 100 percent: no tax is printed.</source>
+        <translation>Der Steuersatz in den Einstellungen, „%1“, liegt nicht zwischen 0 und 100 Prozent: Es wird keine Steuer gedruckt.</translation>
+    </message>
+    <message>
+        <source>The page in the settings, “%1”, cannot be used: %2 is printed.</source>
+        <translation>Die Seite in den Einstellungen, „%1“, kann nicht verwendet werden: Gedruckt wird auf %2.</translation>
+    </message>
+</context>
+<context>
+    <name>PrintedQuote</name>
+    <message>
+        <source>The logo “%1” cannot be printed: %2.</source>
+        <translation>Das Logo „%1“ kann nicht gedruckt werden: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QuoteLocale</name>
+    <message>
+        <source>This quote does not say its currency. It is now taken to be in %1.</source>
+        <translation>Dieses Angebot nennt seine Währung nicht. Angenommen wird nun %1.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan</name>
+    <message>
+        <source>#</source>
+        <translation>#</translation>
+    </message>
+    <message>
+        <source>%1 fields where the first line has %2</source>
+        <translation>%1 Felder, wo die erste Zeile %2 hat</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: not found</source>
+        <translation>%1: nicht gefunden</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Product</source>
+        <translation>Artikel &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Discount%</source>
+        <translation>&amp;Rabatt %</translation>
+    </message>
+    <message>
+        <source>&amp;Ext Price</source>
+        <translation>&amp;Gesamtpreis</translation>
+    </message>
+    <message>
+        <source>&amp;First</source>
+        <translation>&amp;Erster</translation>
+    </message>
+    <message>
+        <source>&amp;Goto Product</source>
+        <translation>&amp;Gehe zu Artikel</translation>
+    </message>
+    <message>
+        <source>&amp;Last</source>
+        <translation>&amp;Letzter</translation>
+    </message>
+    <message>
+        <source>&amp;New Product</source>
+        <translation>&amp;Neuer Artikel</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>&amp;Nächster</translation>
+    </message>
+    <message>
+        <source>&amp;Note</source>
+        <translation>&amp;Notiz</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>&amp;Voriger</translation>
+    </message>
+    <message>
+        <source>&amp;Product</source>
+        <translation>Art&amp;ikel</translation>
+    </message>
+    <message>
+        <source>&amp;Quantity</source>
+        <translation>&amp;Menge</translation>
+    </message>
+    <message>
+        <source>&amp;Save &amp;&amp; Close</source>
+        <translation>S&amp;peichern und schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Total</source>
+        <translation>&amp;Summe</translation>
+    </message>
+    <message>
+        <source>&amp;Unit Price</source>
+        <translation>&amp;Einzelpreis</translation>
+    </message>
+    <message>
+        <source>A product holds characters that are not valid text.</source>
+        <translation>Ein Artikel enthält Zeichen, die kein gültiger Text sind.</translation>
+    </message>
+    <message>
+        <source>Add new product</source>
+        <translation>Neuen Artikel hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Application-defined or object-defined error</source>
+        <translation>Anwendungs- oder objektdefinierter Fehler</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete the current product?</source>
+        <translation>Möchten Sie den aktuellen Artikel wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>Automation error</source>
+        <translation>Automatisierungsfehler</translation>
+    </message>
+    <message>
+        <source>Class does not support the expected interface</source>
+        <translation>Klasse unterstützt die erwartete Schnittstelle nicht</translation>
+    </message>
+    <message>
+        <source>Component can&apos;t create object</source>
+        <translation>Komponente kann das Objekt nicht erstellen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Could not save the current product due to an error.</source>
+        <translation>Der aktuelle Artikel konnte wegen eines Fehlers nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Could not undo the changes due to an error. The dialog stays open.</source>
+        <translation>Die Änderungen konnten wegen eines Fehlers nicht rückgängig gemacht werden. Der Dialog bleibt geöffnet.</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>D&amp;uplicate Product</source>
+        <translation>Artikel &amp;duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete current product</source>
+        <translation>Aktuellen Artikel löschen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Disc%</source>
+        <translation>Rabatt %</translation>
+    </message>
+    <message>
+        <source>Division by zero</source>
+        <translation>Division durch Null</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Error %1: %2</source>
+        <translation>Fehler %1: %2</translation>
+    </message>
+    <message>
+        <source>Ext Price</source>
+        <translation>Gesamtpreis</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>Rückwärts suchen</translation>
+    </message>
+    <message>
+        <source>First Column</source>
+        <translation>Erste Spalte</translation>
+    </message>
+    <message>
+        <source>Form already displayed; can&apos;t show modally</source>
+        <translation>Formular wird bereits angezeigt; modale Anzeige nicht möglich</translation>
+    </message>
+    <message>
+        <source>Go to first product</source>
+        <translation>Zum ersten Artikel</translation>
+    </message>
+    <message>
+        <source>Go to last product</source>
+        <translation>Zum letzten Artikel</translation>
+    </message>
+    <message>
+        <source>Go to next product</source>
+        <translation>Zum nächsten Artikel</translation>
+    </message>
+    <message>
+        <source>Go to previous product</source>
+        <translation>Zum vorigen Artikel</translation>
+    </message>
+    <message>
+        <source>If you answer No, the whole list goes back to what it was.</source>
+        <translation>Wenn Sie mit Nein antworten, erhält die ganze Liste ihren früheren Stand zurück.</translation>
+    </message>
+    <message>
+        <source>Internal error</source>
+        <translation>Interner Fehler</translation>
+    </message>
+    <message>
+        <source>Invalid file format</source>
+        <translation>Ungültiges Dateiformat</translation>
+    </message>
+    <message>
+        <source>Invalid procedure call or argument</source>
+        <translation>Ungültiger Prozeduraufruf oder ungültiges Argument</translation>
+    </message>
+    <message>
+        <source>Invalid property value</source>
+        <translation>Ungültiger Eigenschaftswert</translation>
+    </message>
+    <message>
+        <source>Invalid use of Null</source>
+        <translation>Ungültige Verwendung von Null</translation>
+    </message>
+    <message>
+        <source>It cannot be opened: %1.</source>
+        <translation>Die Datei kann nicht geöffnet werden: %1.</translation>
+    </message>
+    <message>
+        <source>It cannot be written: %1.</source>
+        <translation>Die Datei kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>It has been written, but a power failure now could bring the former one back: %1.</source>
+        <translation>Die Datei wurde geschrieben, aber ein Stromausfall könnte jetzt die frühere zurückbringen: %1.</translation>
+    </message>
+    <message>
+        <source>It is damaged at %1: %2.</source>
+        <translation>Die Datei ist beschädigt (%1): %2.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; holds half a character.</source>
+        <translation>Die Datei ist beschädigt: „%1“ enthält ein halbes Zeichen.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is missing.</source>
+        <translation>Die Datei ist beschädigt: „%1“ fehlt.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is not a date.</source>
+        <translation>Die Datei ist beschädigt: „%1“ ist kein Datum.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is not a text.</source>
+        <translation>Die Datei ist beschädigt: „%1“ ist kein Text.</translation>
+    </message>
+    <message>
+        <source>It is damaged: &quot;%1&quot; is not the code of a currency, which is three capital letters: &quot;%2&quot;.</source>
+        <translation>Die Datei ist beschädigt: „%1“ ist kein Währungscode aus drei Großbuchstaben: „%2“.</translation>
+    </message>
+    <message>
+        <source>It is not a quote file.</source>
+        <translation>Das ist keine Angebotsdatei.</translation>
+    </message>
+    <message>
+        <source>It was written by another version of the desk (%1).</source>
+        <translation>Die Datei wurde von einer anderen Version von Orvan Desk geschrieben (%1).</translation>
+    </message>
+    <message>
+        <source>Its products cannot be read. %1.</source>
+        <translation>Die Artikel der Datei können nicht gelesen werden. %1.</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>Hauptmenü</translation>
+    </message>
+    <message>
+        <source>Menu of the Row</source>
+        <translation>Menü der Zeile</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Move Product Down In The List</source>
+        <translation>Artikel in der Liste nach unten</translation>
+    </message>
+    <message>
+        <source>Move Product Up In the List</source>
+        <translation>Artikel in der Liste nach oben</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>No recovery copy of the unsaved changes could be written: %1.</source>
+        <translation>Von den nicht gespeicherten Änderungen konnte keine Wiederherstellungskopie geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Nothing was added, because the list would be too large to be saved: %1 bytes, and at most %2 are possible.</source>
+        <translation>Es wurde nichts hinzugefügt, weil die Liste zu groß zum Speichern würde: %1 Byte, höchstens %2 sind möglich.</translation>
+    </message>
+    <message>
+        <source>Nothing was pasted.</source>
+        <translation>Es wurde nichts eingefügt.</translation>
+    </message>
+    <message>
+        <source>Object required</source>
+        <translation>Objekt erforderlich</translation>
+    </message>
+    <message>
+        <source>Object variable not set</source>
+        <translation>Objektvariable nicht festgelegt</translation>
+    </message>
+    <message>
+        <source>Object was unloaded</source>
+        <translation>Objekt wurde entladen</translation>
+    </message>
+    <message>
+        <source>Orvan writes no trace to &quot;%1&quot;: %2</source>
+        <translation>Orvan schreibt kein Protokoll in „%1“: %2</translation>
+    </message>
+    <message>
+        <source>Out of memory</source>
+        <translation>Nicht genügend Speicher</translation>
+    </message>
+    <message>
+        <source>Out of string space</source>
+        <translation>Nicht genügend Speicher für Zeichenfolgen</translation>
+    </message>
+    <message>
+        <source>Overflow</source>
+        <translation>Überlauf</translation>
+    </message>
+    <message>
+        <source>P&amp;art#</source>
+        <translation>&amp;Art.-Nr.</translation>
+    </message>
+    <message>
+        <source>P&amp;roduct</source>
+        <translation>Ar&amp;tikel</translation>
+    </message>
+    <message>
+        <source>Part#</source>
+        <translation>Art.-Nr.</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Path/File access error</source>
+        <translation>Fehler beim Zugriff auf Pfad/Datei</translation>
+    </message>
+    <message>
+        <source>Please select a product first</source>
+        <translation>Bitte wählen Sie zuerst einen Artikel aus</translation>
+    </message>
+    <message>
+        <source>Product %1: this discount is not possible</source>
+        <translation>Artikel %1: Dieser Rabatt ist nicht möglich</translation>
+    </message>
+    <message>
+        <source>Product %1: this quantity is not possible</source>
+        <translation>Artikel %1: Diese Menge ist nicht möglich</translation>
+    </message>
+    <message>
+        <source>Product %1: this unit price is not possible</source>
+        <translation>Artikel %1: Dieser Einzelpreis ist nicht möglich</translation>
+    </message>
+    <message>
+        <source>Product Information</source>
+        <translation>Artikelinformationen</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>Artikel</translation>
+    </message>
+    <message>
+        <source>Products string, product %1</source>
+        <translation>Artikeldaten, Artikel %1</translation>
+    </message>
+    <message>
+        <source>Products string, product %1, field %2</source>
+        <translation>Artikeldaten, Artikel %1, Feld %2</translation>
+    </message>
+    <message>
+        <source>Products that differ: %1.</source>
+        <translation>Artikel mit Unterschieden: %1.</translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Row %1 has %2 cells, and there are only %3 columns</source>
+        <translation>Zeile %1 hat %2 Zellen, aber es gibt nur %3 Spalten</translation>
+    </message>
+    <message>
+        <source>Row %1, column &quot;%2&quot;: &quot;%3&quot; %4</source>
+        <translation>Zeile %1, Spalte „%2“: „%3“ %4</translation>
+    </message>
+    <message>
+        <source>Row %1: a quotation mark is not closed</source>
+        <translation>Zeile %1: Ein Anführungszeichen ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>Second Column</source>
+        <translation>Zweite Spalte</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Subscript out of range</source>
+        <translation>Index außerhalb des gültigen Bereichs</translation>
+    </message>
+    <message>
+        <source>The catalogue &quot;%1&quot; cannot be used: %2.</source>
+        <translation>Der Katalog „%1“ kann nicht verwendet werden: %2.</translation>
+    </message>
+    <message>
+        <source>The list cannot show %1 products</source>
+        <translation>Die Liste kann keine %1 Artikel anzeigen</translation>
+    </message>
+    <message>
+        <source>The product information has been modified, would you like to save the changes?</source>
+        <translation>Die Artikelinformationen wurden geändert. Möchten Sie die Änderungen speichern?</translation>
+    </message>
+    <message>
+        <source>The product manager counts %1 products</source>
+        <translation>Die Artikelverwaltung zählt %1 Artikel</translation>
+    </message>
+    <message>
+        <source>The products take %1 bytes; at most %2 bytes can be kept</source>
+        <translation>Die Artikel belegen %1 Byte; höchstens %2 Byte können gespeichert werden</translation>
+    </message>
+    <message>
+        <source>The recovery copy “%1” could not be removed: %2.</source>
+        <translation>Die Wiederherstellungskopie „%1“ konnte nicht entfernt werden: %2.</translation>
+    </message>
+    <message>
+        <source>The total of the products is beyond the range of an amount</source>
+        <translation>Die Summe der Artikel überschreitet den Wertebereich eines Betrags</translation>
+    </message>
+    <message>
+        <source>The total size of the product data for an IBO has exceeded the maximum limit of %1 bytes. Please try limiting the amount of data you put in the product note field (this or other products in this IBO) and try saving the product info again.</source>
+        <translation>Die Gesamtgröße der Artikeldaten eines Geschäftsobjekts hat die Höchstgrenze von %1 Byte überschritten. Bitte verringern Sie die Datenmenge im Notizfeld (dieses oder anderer Artikel in diesem Geschäftsobjekt), und speichern Sie die Artikelinformationen dann erneut.</translation>
+    </message>
+    <message>
+        <source>There are no products to paste.</source>
+        <translation>Es gibt keine Artikel zum Einfügen.</translation>
+    </message>
+    <message>
+        <source>There is no product at position %1 of %2</source>
+        <translation>An Position %1 von %2 gibt es keinen Artikel</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>Type mismatch</source>
+        <translation>Typen unverträglich</translation>
+    </message>
+    <message>
+        <source>Unit Price</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>We apologize for the inconvenience but due to an internal application error the current dialog will be closed. If the issue persists please contact our support department at %1</source>
+        <translation>Wir entschuldigen uns für die Unannehmlichkeiten: Wegen eines internen Anwendungsfehlers wird der aktuelle Dialog geschlossen. Wenn das Problem weiterhin besteht, wenden Sie sich bitte an unseren Kundendienst unter %1</translation>
+    </message>
+    <message>
+        <source>Would you like to overwrite the current contents of the product note field with the contents from the product look-up?</source>
+        <translation>Möchten Sie den aktuellen Inhalt des Notizfelds mit dem Inhalt aus der Artikelsuche überschreiben?</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; does not fit 32 bits</source>
+        <translation>„%1“ passt nicht in 32 Bit</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>a backslash stands before a character that needs none</source>
+        <translation>ein umgekehrter Schrägstrich steht vor einem Zeichen, das keinen braucht</translation>
+    </message>
+    <message>
+        <source>a newer version of this program has made it</source>
+        <translation>eine neuere Version dieses Programms hat die Datei erstellt</translation>
+    </message>
+    <message>
+        <source>a quote in line %1 is never closed</source>
+        <translation>ein Anführungszeichen in Zeile %1 wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>a quote that is never closed</source>
+        <translation>ein Anführungszeichen wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>another program has locked it</source>
+        <translation>ein anderes Programm hat die Datei gesperrt</translation>
+    </message>
+    <message>
+        <source>another program is replacing it</source>
+        <translation>ein anderes Programm ersetzt die Datei gerade</translation>
+    </message>
+    <message>
+        <source>is not a number with the decimal separator &quot;%1&quot;</source>
+        <translation>ist keine Zahl mit dem Dezimaltrennzeichen „%1“</translation>
+    </message>
+    <message>
+        <source>is not a number</source>
+        <translation>ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>is too large</source>
+        <translation>ist zu groß</translation>
+    </message>
+    <message>
+        <source>it cannot be locked</source>
+        <translation>die Datei kann nicht gesperrt werden</translation>
+    </message>
+    <message>
+        <source>it cannot be opened</source>
+        <translation>die Datei kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>die Datei kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>it does not begin with the names of its columns</source>
+        <translation>die Datei beginnt nicht mit den Namen ihrer Spalten</translation>
+    </message>
+    <message>
+        <source>it holds no rows</source>
+        <translation>die Datei enthält keine Zeilen</translation>
+    </message>
+    <message>
+        <source>it is a device</source>
+        <translation>das ist ein Gerät</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>das ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is a link that leads nowhere</source>
+        <translation>das ist eine Verknüpfung, die ins Leere führt</translation>
+    </message>
+    <message>
+        <source>it is a pipe</source>
+        <translation>das ist eine Pipe</translation>
+    </message>
+    <message>
+        <source>it is a socket</source>
+        <translation>das ist ein Socket</translation>
+    </message>
+    <message>
+        <source>it is damaged (%1)</source>
+        <translation>die Datei ist beschädigt (%1)</translation>
+    </message>
+    <message>
+        <source>it is damaged</source>
+        <translation>die Datei ist beschädigt</translation>
+    </message>
+    <message>
+        <source>it is in UTF-16; save it as UTF-8</source>
+        <translation>die Datei ist in UTF-16; speichern Sie sie als UTF-8</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MiB</source>
+        <translation>die Datei ist größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>it is no catalogue file</source>
+        <translation>das ist keine Katalogdatei</translation>
+    </message>
+    <message>
+        <source>it is no file</source>
+        <translation>das ist keine Datei</translation>
+    </message>
+    <message>
+        <source>item id</source>
+        <translation>Artikel-ID</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>der Ordner dafür kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>its lock file cannot be used: %1</source>
+        <translation>die Sperrdatei kann nicht verwendet werden: %1</translation>
+    </message>
+    <message>
+        <source>key</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>neither a name nor a part number</source>
+        <translation>weder Name noch Artikelnummer</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (named: %2); the first line has %3</source>
+        <translation>keine Spalte für „%1“ (angegeben: %2); die erste Zeile hat %3</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (usual names: %2); the first line has %3</source>
+        <translation>keine Spalte für „%1“ (übliche Namen: %2); die erste Zeile hat %3</translation>
+    </message>
+    <message>
+        <source>no file is named</source>
+        <translation>es ist keine Datei angegeben</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>part number</source>
+        <translation>Artikelnummer</translation>
+    </message>
+    <message>
+        <source>something that is no file has the former one&apos;s name</source>
+        <translation>etwas, das keine Datei ist, trägt den Namen der früheren Datei</translation>
+    </message>
+    <message>
+        <source>text behind a closing quote</source>
+        <translation>Text hinter einem schließenden Anführungszeichen</translation>
+    </message>
+    <message>
+        <source>text that is not UTF-8</source>
+        <translation>Text, der kein UTF-8 ist</translation>
+    </message>
+    <message>
+        <source>the amount is beyond the range</source>
+        <translation>der Betrag überschreitet den Wertebereich</translation>
+    </message>
+    <message>
+        <source>the count of products is beyond the range</source>
+        <translation>die Anzahl der Artikel überschreitet den Wertebereich</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>the document could not be made</source>
+        <translation>das Dokument konnte nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>the item id &quot;%1&quot; is in an earlier row, too</source>
+        <translation>die Artikel-ID „%1“ steht auch in einer früheren Zeile</translation>
+    </message>
+    <message>
+        <source>the item id &quot;%1&quot; is no whole number of 32 bits</source>
+        <translation>die Artikel-ID „%1“ ist keine ganze Zahl mit 32 Bit</translation>
+    </message>
+    <message>
+        <source>the record has more than 8 fields</source>
+        <translation>der Datensatz hat mehr als 8 Felder</translation>
+    </message>
+    <message>
+        <source>the record has only %1 of 8 fields</source>
+        <translation>der Datensatz hat nur %1 von 8 Feldern</translation>
+    </message>
+    <message>
+        <source>the settings &quot;%1&quot; cannot be read: %2</source>
+        <translation>die Einstellungen „%1“ können nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>the settings &quot;%1&quot; cannot be written: %2</source>
+        <translation>die Einstellungen „%1“ können nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>the string does not begin with the count of products</source>
+        <translation>die Daten beginnen nicht mit der Anzahl der Artikel</translation>
+    </message>
+    <message>
+        <source>the string ends within the count of products</source>
+        <translation>die Daten enden innerhalb der Anzahl der Artikel</translation>
+    </message>
+    <message>
+        <source>the string is cut short</source>
+        <translation>die Daten sind abgeschnitten</translation>
+    </message>
+    <message>
+        <source>the unit price &quot;%1&quot; is no amount with a decimal comma</source>
+        <translation>der Einzelpreis „%1“ ist kein Betrag mit Dezimalkomma</translation>
+    </message>
+    <message>
+        <source>the unit price &quot;%1&quot; is no amount with a decimal point</source>
+        <translation>der Einzelpreis „%1“ ist kein Betrag mit Dezimalpunkt</translation>
+    </message>
+    <message>
+        <source>there is another file of this name</source>
+        <translation>es gibt eine andere Datei dieses Namens</translation>
+    </message>
+    <message>
+        <source>there is more than the count of products announces</source>
+        <translation>es folgt mehr, als die Anzahl der Artikel ankündigt</translation>
+    </message>
+    <message>
+        <source>there is no former one</source>
+        <translation>es gibt keine frühere Datei</translation>
+    </message>
+    <message>
+        <source>there is something else of this name</source>
+        <translation>es gibt etwas anderes dieses Namens</translation>
+    </message>
+    <message>
+        <source>this is not an amount in its shortest form</source>
+        <translation>das ist kein Betrag in seiner kürzesten Form</translation>
+    </message>
+    <message>
+        <source>unit price</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add these %n products to the list?</source>
+        <translation>
+            <numerusform>Diesen Artikel zur Liste hinzufügen?</numerusform>
+            <numerusform>Diese %n Artikel zur Liste hinzufügen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Are you sure you want to delete the %n selected products?</source>
+        <translation>
+            <numerusform>Möchten Sie den ausgewählten Artikel wirklich löschen?</numerusform>
+            <numerusform>Möchten Sie die %n ausgewählten Artikel wirklich löschen?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::CatalogueMenu</name>
+    <message>
+        <source>1 product</source>
+        <translation>1 Artikel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln products</source>
+        <translation>
+            <numerusform>%Ln Artikel</numerusform>
+            <numerusform>%Ln Artikel</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 from “%2”</source>
+        <translation>%1 aus „%2“</translation>
+    </message>
+    <message>
+        <source>products that cannot be read</source>
+        <translation>Artikel, die nicht gelesen werden können</translation>
+    </message>
+    <message>
+        <source>sample products</source>
+        <translation>Beispielartikel</translation>
+    </message>
+    <message>
+        <source>Ca&amp;talogue</source>
+        <translation>&amp;Katalog</translation>
+    </message>
+    <message>
+        <source>&amp;Import Price List…</source>
+        <translation>Preisliste &amp;importieren…</translation>
+    </message>
+    <message>
+        <source>Use the &amp;Sample Products</source>
+        <translation>&amp;Beispielartikel verwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Bring Back the Former Catalogue</source>
+        <translation>&amp;Früheren Katalog zurückholen</translation>
+    </message>
+    <message>
+        <source>The catalogue contains %1.
+
+%2
+
+The present catalogue is kept: “Bring Back the Former Catalogue” in the same menu brings it back.</source>
+        <translation>Der Katalog enthält %1.
+
+%2
+
+Der jetzige Katalog wird aufbewahrt: „Früheren Katalog zurückholen“ im selben Menü bringt ihn zurück.</translation>
+    </message>
+    <message>
+        <source>
+
+The former catalogue that has been kept so far is deleted: %1.</source>
+        <translation>
+
+Der bisher aufbewahrte frühere Katalog wird gelöscht: %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace it with the sample products?</source>
+        <translation>Möchten Sie ihn durch die Beispielartikel ersetzen?</translation>
+    </message>
+    <message>
+        <source>The catalogue now contains the sample products.</source>
+        <translation>Der Katalog enthält jetzt die Beispielartikel.</translation>
+    </message>
+    <message>
+        <source>The catalogue now contains %1.
+
+The same command brings the other one back.</source>
+        <translation>Der Katalog enthält jetzt %1.
+
+Derselbe Befehl bringt den anderen zurück.</translation>
+    </message>
+    <message>
+        <source>The former catalogue could not be brought back.</source>
+        <translation>Der frühere Katalog konnte nicht zurückgeholt werden.</translation>
+    </message>
+    <message>
+        <source>The sample products could not be imported into the catalogue.</source>
+        <translation>Die Beispielartikel konnten nicht in den Katalog importiert werden.</translation>
+    </message>
+    <message>
+        <source>Import Price List</source>
+        <translation>Preisliste importieren</translation>
+    </message>
+    <message>
+        <source>Price lists (*.csv *.tsv *.txt);;All files (*)</source>
+        <translation>Preislisten (*.csv *.tsv *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Replace it with the products of “%1”?</source>
+        <translation>Möchten Sie ihn durch die Artikel aus „%1“ ersetzen?</translation>
+    </message>
+    <message>
+        <source>“%1” could not be imported.</source>
+        <translation>„%1“ konnte nicht importiert werden.</translation>
+    </message>
+    <message>
+        <source>The catalogue now contains %1.</source>
+        <translation>Der Katalog enthält jetzt %1.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>„%1“ wird gelesen…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Sorting %Ln products…</source>
+        <translation>
+            <numerusform>%Ln Artikel wird sortiert…</numerusform>
+            <numerusform>%Ln Artikel werden sortiert…</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading “%1”: %Ln products</source>
+        <translation>
+            <numerusform>„%1“ wird gelesen: %Ln Artikel</numerusform>
+            <numerusform>„%1“ wird gelesen: %Ln Artikel</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The prices of this list can be read in two ways. What does “%1” mean?</source>
+        <translation>Die Preise dieser Liste lassen sich auf zwei Arten lesen. Was bedeutet „%1“?</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>… and %n more</source>
+        <translation>
+            <numerusform>… und eine weitere</numerusform>
+            <numerusform>… und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not imported: one row has an error.</source>
+        <translation>„%1“ wurde nicht importiert: Eine Zeile ist fehlerhaft.</translation>
+    </message>
+    <message numerus="yes">
+        <source>“%1” was not imported: %n rows have errors.</source>
+        <translation>
+            <numerusform>„%1“ wurde nicht importiert: %n Zeile ist fehlerhaft.</numerusform>
+            <numerusform>„%1“ wurde nicht importiert: %n Zeilen sind fehlerhaft.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>
+
+The catalogue was not changed.</source>
+        <translation>
+
+Der Katalog wurde nicht geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::LetterheadDialog</name>
+    <message>
+        <source>Print &amp;tax of</source>
+        <translation>S&amp;teuer drucken:</translation>
+    </message>
+    <message>
+        <source>Letterhead and Columns</source>
+        <translation>Briefkopf und Spalten</translation>
+    </message>
+    <message>
+        <source>&amp;Seller</source>
+        <translation>&amp;Verkäufer</translation>
+    </message>
+    <message>
+        <source>&amp;Address</source>
+        <translation>&amp;Anschrift</translation>
+    </message>
+    <message>
+        <source>&amp;Logo</source>
+        <translation>&amp;Logo</translation>
+    </message>
+    <message>
+        <source>&amp;Closing text</source>
+        <translation>&amp;Schlusstext</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose…</source>
+        <translation>Aus&amp;wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Position</source>
+        <translation>&amp;Position</translation>
+    </message>
+    <message>
+        <source>Part nu&amp;mber</source>
+        <translation>Artikel&amp;nummer</translation>
+    </message>
+    <message>
+        <source>&amp;Note</source>
+        <translation>N&amp;otiz</translation>
+    </message>
+    <message>
+        <source>&amp;Quantity</source>
+        <translation>&amp;Menge</translation>
+    </message>
+    <message>
+        <source>&amp;Unit price</source>
+        <translation>&amp;Einzelpreis</translation>
+    </message>
+    <message>
+        <source>&amp;Discount</source>
+        <translation>&amp;Rabatt</translation>
+    </message>
+    <message>
+        <source>&amp;Extended price</source>
+        <translation>&amp;Gesamtpreis</translation>
+    </message>
+    <message>
+        <source>Choose Logo</source>
+        <translation>Logo auswählen</translation>
+    </message>
+    <message>
+        <source>Pictures (%1);;All files (*)</source>
+        <translation>Bilder (%1);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: %1.</source>
+        <translation>Dieses Bild kann nicht gedruckt werden: %1.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a rate: 0 to 100 percent, with at most four decimals.</source>
+        <translation>„%1“ ist kein Steuersatz: 0 bis 100 Prozent mit höchstens vier Nachkommastellen.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::MainWindow</name>
+    <message>
+        <source>Customer</source>
+        <translation>Ändern des Kunden</translation>
+    </message>
+    <message>
+        <source>Quote Number</source>
+        <translation>Ändern der Angebotsnummer</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Ändern des Datums</translation>
+    </message>
+    <message>
+        <source>This could not be undone.</source>
+        <translation>Dies konnte nicht rückgängig gemacht werden.</translation>
+    </message>
+    <message>
+        <source>Who is this quote for?</source>
+        <translation>Für wen ist dieses Angebot?</translation>
+    </message>
+    <message>
+        <source>&amp;Customer</source>
+        <translation>K&amp;unde</translation>
+    </message>
+    <message>
+        <source>Quote &amp;number</source>
+        <translation>An&amp;gebotsnummer</translation>
+    </message>
+    <message>
+        <source>&amp;Date</source>
+        <translation>Da&amp;tum</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Öffnen…</translation>
+    </message>
+    <message>
+        <source>Open Sa&amp;mple</source>
+        <translation>Beispiel ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+S</source>
+        <translation>Ctrl+Shift+S</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Ctrl+Q</source>
+        <translation>Ctrl+Q</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>A&amp;nsicht</translation>
+    </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Product</source>
+        <translation>&amp;Artikel</translation>
+    </message>
+    <message>
+        <source>New quote</source>
+        <translation>Neues Angebot</translation>
+    </message>
+    <message>
+        <source>%1[*] – Orvan Desk</source>
+        <translation>%1[*] – Orvan Desk</translation>
+    </message>
+    <message>
+        <source>the customer</source>
+        <translation>der Kunde</translation>
+    </message>
+    <message>
+        <source>the quote number</source>
+        <translation>die Angebotsnummer</translation>
+    </message>
+    <message>
+        <source>the date</source>
+        <translation>das Datum</translation>
+    </message>
+    <message>
+        <source>1 product</source>
+        <translation>1 Artikel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n products</source>
+        <translation>
+            <numerusform>%n Artikel</numerusform>
+            <numerusform>%n Artikel</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>Another desk ended without closing this quote: %1.</source>
+        <translation>Orvan Desk wurde an anderer Stelle beendet, ohne dieses Angebot zu schließen: %1.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened.</source>
+        <translation>„%1“ konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>A new quote could not be made.</source>
+        <translation>Ein neues Angebot konnte nicht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>Open Quote</source>
+        <translation>Angebot öffnen</translation>
+    </message>
+    <message>
+        <source>Quotes (*.quote.json);;All files (*)</source>
+        <translation>Angebote (*.quote.json);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>Angebot</translation>
+    </message>
+    <message>
+        <source>Save Quote</source>
+        <translation>Angebot speichern</translation>
+    </message>
+    <message>
+        <source>“%1” has been saved.</source>
+        <translation>„%1“ wurde gespeichert.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved.</source>
+        <translation>„%1“ konnte nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Save the changes to this quote?</source>
+        <translation>Möchten Sie die Änderungen an diesem Angebot speichern?</translation>
+    </message>
+    <message>
+        <source>Changes that are not saved will be lost.</source>
+        <translation>Nicht gespeicherte Änderungen gehen verloren.</translation>
+    </message>
+    <message>
+        <source>a quote without a file</source>
+        <translation>einem Angebot ohne Datei</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>The desk ended at %1 with unsaved changes to %2.
+
+Changed: %3.</source>
+        <translation>Orvan Desk endete am %1 mit nicht gespeicherten Änderungen an %2.
+
+Geändert: %3.</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>The recovery copy “%1” cannot be read.</source>
+        <translation>Die Wiederherstellungskopie „%1“ kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The unsaved changes could not be recovered.</source>
+        <translation>Die nicht gespeicherten Änderungen konnten nicht wiederhergestellt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::PrintActions</name>
+    <message>
+        <source>Page Set&amp;up…</source>
+        <translation>Seite &amp;einrichten…</translation>
+    </message>
+    <message>
+        <source>&amp;Letterhead and Columns…</source>
+        <translation>Brief&amp;kopf und Spalten…</translation>
+    </message>
+    <message>
+        <source>Print Pre&amp;view…</source>
+        <translation>Druck&amp;vorschau…</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>&amp;Drucken…</translation>
+    </message>
+    <message>
+        <source>&amp;Export as PDF…</source>
+        <translation>Als &amp;PDF exportieren…</translation>
+    </message>
+    <message>
+        <source>Some print settings cannot be used.</source>
+        <translation>Einige Druckeinstellungen können nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>The print settings could not be kept.</source>
+        <translation>Die Druckeinstellungen konnten nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>The quote is printed without some of its parts.</source>
+        <translation>Das Angebot wird ohne einige seiner Teile gedruckt.</translation>
+    </message>
+    <message>
+        <source>The page could not be set up.</source>
+        <translation>Die Seite konnte nicht eingerichtet werden.</translation>
+    </message>
+    <message>
+        <source>The letterhead could not be changed.</source>
+        <translation>Der Briefkopf konnte nicht geändert werden.</translation>
+    </message>
+    <message>
+        <source>The quote could not be previewed.</source>
+        <translation>Die Druckvorschau des Angebots konnte nicht angezeigt werden.</translation>
+    </message>
+    <message>
+        <source>Print Preview</source>
+        <translation>Druckvorschau</translation>
+    </message>
+    <message>
+        <source>The quote could not be printed.</source>
+        <translation>Das Angebot konnte nicht gedruckt werden.</translation>
+    </message>
+    <message>
+        <source>The quote has been printed.</source>
+        <translation>Das Angebot wurde gedruckt.</translation>
+    </message>
+    <message>
+        <source>The printer “%1” does not take it.</source>
+        <translation>Der Drucker „%1“ nimmt es nicht an.</translation>
+    </message>
+    <message>
+        <source>The quote could not be exported.</source>
+        <translation>Das Angebot konnte nicht exportiert werden.</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>Angebot</translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF files (*.pdf);;All files (*)</source>
+        <translation>PDF-Dateien (*.pdf);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>“%1” could not be written.</source>
+        <translation>„%1“ konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>“%1” has been written.</source>
+        <translation>„%1“ wurde geschrieben.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::QuoteHistory</name>
+    <message>
+        <source>Add %1</source>
+        <translation>Hinzufügen von %1</translation>
+    </message>
+    <message>
+        <source>Duplicate %1</source>
+        <translation>Duplizieren von %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %n Products</source>
+        <translation>
+            <numerusform>Duplizieren von einem Artikel</numerusform>
+            <numerusform>Duplizieren von %n Artikeln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>Löschen von %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Products</source>
+        <translation>
+            <numerusform>Löschen von einem Artikel</numerusform>
+            <numerusform>Löschen von %n Artikeln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>Bearbeiten von %1</translation>
+    </message>
+    <message>
+        <source>Move Products</source>
+        <translation>Verschieben von Artikeln</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>Wieder&amp;herstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>Wieder&amp;herstellen: %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::RecentFiles</name>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>No Quotes Yet</source>
+        <translation>Noch keine Angebote</translation>
+    </message>
+    <message>
+        <source>&amp;Clear This List</source>
+        <translation>Diese Liste &amp;leeren</translation>
+    </message>
+    <message>
+        <source>“%1” is not in %2 any more, or its drive is not connected.</source>
+        <translation>„%1“ ist nicht mehr in %2, oder das Laufwerk ist nicht angeschlossen.</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from the List</source>
+        <translation>Aus der Liste &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep</source>
+        <translation>&amp;Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::StatusLine</name>
+    <message numerus="yes">
+        <source>%Ln without price</source>
+        <translation>
+            <numerusform>%Ln ohne Preis</numerusform>
+            <numerusform>%Ln ohne Preis</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln without name</source>
+        <translation>
+            <numerusform>%Ln ohne Name</numerusform>
+            <numerusform>%Ln ohne Name</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>heute</translation>
+    </message>
+    <message>
+        <source>yesterday</source>
+        <translation>gestern</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln days ago</source>
+        <translation>
+            <numerusform>vor %Ln Tag</numerusform>
+            <numerusform>vor %Ln Tagen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>on %1</source>
+        <translation>am %1</translation>
+    </message>
+    <message>
+        <source>No catalogue</source>
+        <translation>Kein Katalog</translation>
+    </message>
+    <message>
+        <source>“%1”: %2, imported %3</source>
+        <translation>„%1“: %2, importiert %3</translation>
+    </message>
+    <message>
+        <source>1 entry</source>
+        <translation>1 Eintrag</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries</source>
+        <translation>
+            <numerusform>%Ln Eintrag</numerusform>
+            <numerusform>%Ln Einträge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read</source>
+        <translation>„%1“ kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation>Gespeichert.</translation>
+    </message>
+    <message>
+        <source>Saved. %1.</source>
+        <translation>Gespeichert. %1.</translation>
+    </message>
+    <message>
+        <source>1 product</source>
+        <translation>1 Artikel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln products</source>
+        <translation>
+            <numerusform>%Ln Artikel</numerusform>
+            <numerusform>%Ln Artikel</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unsaved since %1</source>
+        <translation>Nicht gespeichert seit %1</translation>
+    </message>
+</context>
+</TS>
