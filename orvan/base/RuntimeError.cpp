@@ -51,7 +51,9 @@ std::string_view standardErrorText(std::int32_t number)
 RuntimeError::RuntimeError(std::int32_t number, std::string source, const UserText& description)
     : number_(number == 0 ? ErrorNumber::invalidProcedureCall : number), source_(std::move(source)),
       description_(description.english()),
-      userText_(description.empty() ? nullptr : std::make_shared<const UserText>(description))
+      // Not by make_shared: that would leave a unique symbol in each component library, which could not be unloaded
+      // then.
+      userText_(description.empty() ? nullptr : std::shared_ptr<const UserText>(new UserText(description)))
 {
 }
 

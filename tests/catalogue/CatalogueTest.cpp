@@ -152,7 +152,7 @@ TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
         {"removed", [](const auto& path) { std::filesystem::remove(path); }, 75, "No such file"},
         {"a folder in its place",
          [](const auto& path) { std::filesystem::remove(path), std::filesystem::create_directory(path); },
-         75, "it is a directory"},
+         75, "it is a folder"},
         {"a pipe in its place",
          [](const auto& path) { std::filesystem::remove(path), ::mkfifo(path.c_str(), 0600); }, 75, "it is a pipe"},
         {"cut off", [](const auto& path) { std::filesystem::resize_file(path, 9000); }, 321, "it is damaged"},

@@ -41,7 +41,7 @@ ROWS = [
     ("a byte that is no text", [GRID, "bytes"], 0, "Nut \\x9B1m "),
     ("search a pipe", [CATALOGUE, "search", "pipe", "x"], 2, "it is a pipe"),
     ("search a device", [CATALOGUE, "search", "/dev/zero", "x"], 2, "it is a device"),
-    ("search a folder", [CATALOGUE, "search", ".", "x"], 2, "it is a directory"),
+    ("search a folder", [CATALOGUE, "search", ".", "x"], 2, "it is a folder"),
     ("statistics of a pipe", [CATALOGUE, "statistics", "pipe"], 2, "it is a pipe"),
     ("import a pipe", [CATALOGUE, "import", "pipe", "goods"], 2, "it is no file"),
     ("import into a pipe", [CATALOGUE, "import", "prices.csv", "pipe"], 2, "there is another file of this name"),
