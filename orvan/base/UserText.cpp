@@ -1,6 +1,17 @@
 #include "orvan/base/UserText.h"
 
+#include <cstdio>
+
 namespace orvan {
+
+std::string UserText::numberText(std::int64_t number)
+{
+    // Not by std::to_string: in this standard library that leaves a unique symbol in each component library, which
+    // could not be unloaded then.
+    char digits[24] = {};
+    std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(number));
+    return digits;
+}
 
 std::string UserText::in(const Translation& translation) const
 {
@@ -15,7 +26,7 @@ std::string UserText::in(const Translation& translation) const
         const char next = pattern[at] == '%' && at + 1 < pattern.size() ? pattern[at + 1] : '\0';
         const auto part = static_cast<std::size_t>(next - '1');
         if (next == 'n' && count_) {
-            text.append(std::to_string(*count_));
+            text.append(numberText(*count_));
             ++at;
         } else if (next >= '1' && part < parts_.size()) {
             text.append(parts_[part].in(translation));

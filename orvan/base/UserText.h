@@ -35,7 +35,7 @@ public:
     UserText(std::string_view verbatim) : text_(verbatim) {}
     UserText(const char* verbatim) : text_(verbatim) {}
     template <class Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
-    UserText(Number verbatim) : text_(std::to_string(verbatim))
+    UserText(Number verbatim) : UserText(numberText(static_cast<std::int64_t>(verbatim)))
     {
     }
 
@@ -48,6 +48,7 @@ public:
     friend bool operator==(const UserText& text, std::string_view english) { return text.english() == english; }
 
 private:
+    static std::string numberText(std::int64_t number);
     friend UserText sentenceOf(std::string_view english, std::vector<UserText> parts);
     friend UserText countedText(std::int64_t count, std::string_view one, std::string_view many,
                                 std::vector<UserText> parts);
