@@ -83,8 +83,8 @@ public:
     std::int32_t columnWidth(std::int32_t column) const { return at(column).width; }
     void setColumnWidth(std::int32_t column, std::int32_t twips);
     bool columnTakesRest(std::int32_t column) const { return at(column).takesRest; }
-    /// The column is shown wider than its width where the others leave space. A grid with such a column also shows the
-    /// others wide enough for their numbers and headers. This changes no columnWidth.
+    /// The column is shown wider than its width where the others leave space, and narrower where not all fit. A grid
+    /// with such a column also shows the others wide enough for their numbers and headers. This changes no columnWidth.
     void setColumnTakesRest(std::int32_t column, bool takes);
     /// The width in twips that the user sees.
     virtual std::int32_t shownWidth(std::int32_t column) const = 0;

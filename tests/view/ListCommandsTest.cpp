@@ -254,7 +254,7 @@ TEST_F(ListCommandsTest, WidthsAreChangedFromTheMenuOfARowAsByADrag)
         press("Down Menu");
         view->surface().popupMenu("mnuRow").choose(row.item);
         EXPECT_EQ(storedPrefs(), row.stored);
-        EXPECT_EQ(trace->lines().back(), "exit  KTVOrvanProduct.ProductView::PrvSaveViewPrefs");
+        EXPECT_EQ(trace->lines().back(), "exit KTVOrvanProduct.ProductView::PrvSaveViewPrefs");
         EXPECT_FALSE(view->Dirty());
     }
     press("Menu");

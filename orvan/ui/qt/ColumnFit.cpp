@@ -22,19 +22,15 @@ int ColumnFit::freeWidth(int viewWidth) const
 std::vector<int> ColumnFit::shownIn(int viewWidth) const
 {
     const bool fitted = fits();
+    const int free = freeWidth(viewWidth);
     std::vector<int> widths;
-    int grown = 0; // by how much the other columns are wider than their own widths
     for (const FittedColumn& one : columns_) {
-        widths.push_back(fitted && !one.takesRest ? std::max(one.own, one.least) : one.own);
-        grown += widths.back() - one.own;
-    }
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        if (const FittedColumn& rest = columns_[i]; rest.takesRest) {
-            // Where the own widths would fit, those that had to grow do so at its cost, as far as its header allows.
-            // A width that the user has just seen stays.
-            const int narrowest = setByUser_ ? rest.own : std::min(rest.own, std::max(rest.least, rest.own - grown));
-            const int free = freeWidth(viewWidth);
-            widths[i] = std::max({free - leftFree_, narrowest, std::min(rest.own, free)});
+        if (one.takesRest) {
+            const bool stays = setByUser_ && viewWidth >= userView_;
+            const int narrowest = stays ? one.own : std::min(one.own, one.least);
+            widths.push_back(std::max({free - leftFree_, narrowest, std::min(one.own, free)}));
+        } else {
+            widths.push_back(fitted ? std::max(one.own, one.least) : one.own);
         }
     }
     return widths;
@@ -54,6 +50,7 @@ void ColumnFit::setByUser(int column, int width, int viewWidth)
             one.own = std::max(width, leastOf(column));
             if (one.takesRest) {
                 setByUser_ = true;
+                userView_ = viewWidth;
                 leftFree_ = std::max(freeWidth(viewWidth) - one.own, 0);
             }
         }

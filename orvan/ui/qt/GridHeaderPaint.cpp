@@ -17,7 +17,9 @@ namespace {
 
 constexpr int kSeparatorInset = 5;
 constexpr int kArrowMargin = 4;
-constexpr double kArrowHalf = 0.4; ///< Half of an arrow's width, as a part of its space.
+constexpr double kArrowHalf = 0.5; ///< Half of an arrow's width, as a part of its space.
+constexpr double kArrowTip = 0.7;  ///< How far the tip is below the middle, as a part of half the width.
+constexpr int kFrameSpace = 3;     ///< Pixels beside the line around the grid, where a second line would look wrong.
 
 } // namespace
 
@@ -63,7 +65,7 @@ void GridHeader::paintArrow(QPainter& painter, const QRect& area, int column, in
     const QPointF centre = QRectF(left, area.top(), width, area.height()).center();
     QPainterPath arrow(centre + QPointF(-half, -half / 2));
     arrow.lineTo(centre + QPointF(half, -half / 2));
-    arrow.lineTo(centre + QPointF(0, half / 2));
+    arrow.lineTo(centre + QPointF(0, half * kArrowTip));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(arrow, colour);
@@ -97,7 +99,7 @@ void GridHeader::paintPlain(QPainter& painter, const QRect& area, int column) co
     painter.fillRect(area, colours.ground);
     painter.fillRect(area.adjusted(0, area.height() - 1, 0, 0), colours.edge);
     const int end = isRightToLeft() ? area.left() : area.right();
-    if (end > 0 && end < viewport()->width() - 1) { // not beside the line around the grid
+    if (end >= kFrameSpace && end < viewport()->width() - kFrameSpace) {
         painter.fillRect(QRect(end, area.top() + kSeparatorInset, 1, area.height() - 2 * kSeparatorInset),
                          colours.edge);
     }

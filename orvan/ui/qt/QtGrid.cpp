@@ -18,6 +18,9 @@ namespace {
 /// QHeaderView keeps a section's size in twenty bits.
 constexpr int kWidestColumn = (1 << 20) - 1;
 
+/// Of the names in the column that takes the rest, where there is not enough width for more.
+constexpr int kLeastCharacters = 12;
+
 int columnPixels(std::int32_t twips)
 {
     return std::min(toPixels(static_cast<float>(twips)), kWidestColumn);
@@ -115,9 +118,13 @@ void QtGrid::applyColumns(bool fillsAgain)
 
 int QtGrid::leastWidth(std::int32_t column) const
 {
+    const QFontMetrics metrics = view()->fontMetrics();
     int least = view()->header().sectionSizeHint(column);
+    if (columnTakesRest(column)) {
+        return std::max(least, kLeastCharacters * metrics.averageCharWidth());
+    }
     for (const std::string& number : ui::longestNumbers(*this, column)) {
-        least = std::max(least, widthForNumber(view()->fontMetrics(), toQt(number)));
+        least = std::max(least, widthForNumber(metrics, toQt(number)));
     }
     return std::min(least, kWidestColumn);
 }
