@@ -151,8 +151,10 @@ TEST_F(ListLookTest, ADragKeepsWhatTheUserSees)
         int column, by;
     };
     const Row rows[] = {
-        {"the stretched name narrower", kName, -100}, {"the stretched name wider", kName, 60},
-        {"an amount wider", kPrice, 40},              {"an amount narrower than its texts", kPrice, -500},
+        {"the stretched name narrower", kName, -100},
+        {"the stretched name wider", kName, 60},
+        {"an amount wider", kPrice, 40},
+        {"an amount narrower than its texts", kPrice, -500},
         {"the quantity narrower", kQty, -10},
     };
     forEachRow(rows, [&](const Row& row) {
@@ -230,7 +232,8 @@ TEST_F(ListLookTest, TheBandFitsItsFontsAndItsTotal)
         const auto& label = child<QLabel>("lblTotal");
         EXPECT_GE(label.width(), label.sizeHint().width());
         QRegion taken;
-        for (const char* name : {"flexGrid", "lblTotal", "txtTotal", "cmdNew", "cmdDelete", "cmdMoveUp", "cmdMoveDown"}) {
+        for (const char* name :
+             {"flexGrid", "lblTotal", "txtTotal", "cmdNew", "cmdDelete", "cmdMoveUp", "cmdMoveDown"}) {
             const auto& widget = child<QWidget>(name);
             const QRect place(widget.mapTo(view.get(), QPoint()), widget.size());
             EXPECT_TRUE(view->rect().contains(place)) << name;
@@ -308,17 +311,20 @@ TEST_F(ListLookTest, StyleSheetsOfTheHostColourHeaderAndLines)
         }
         return false;
     };
+    child<QPushButton>("cmdNew").setFocus(); // the ring of the focus would cover the border
     const QRgb section = QColor(0x12, 0xab, 0x34).rgb();
     const QRgb line = QColor(0xcd, 0x12, 0x9a).rgb();
+    const QRgb border = QColor(0x1f, 0x3d, 0xe5).rgb();
     struct Row {
         const char* sheet;
-        bool section, line;
+        bool section, line, border;
     };
     const Row rows[] = {
-        {"QPushButton { color: red }", false, false},
-        {"QHeaderView::section { background-color: #12ab34; border: none }", true, false},
-        {"QTableView { gridline-color: #cd129a }", false, true},
-        {"", false, false},
+        {"QPushButton { border: 2px solid #1f3de5 }", false, false, false},
+        {"QHeaderView::section { background-color: #12ab34; border: none }", true, false, false},
+        {"QTableView { gridline-color: #cd129a }", false, true, false},
+        {"QTableView { border: 2px solid #1f3de5 }", false, false, true},
+        {"", false, false, false},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.sheet);
@@ -326,6 +332,7 @@ TEST_F(ListLookTest, StyleSheetsOfTheHostColourHeaderAndLines)
         QCoreApplication::processEvents();
         EXPECT_EQ(has(header().grab().toImage(), section), row.section);
         EXPECT_EQ(has(table().viewport()->grab().toImage(), line), row.line);
+        EXPECT_EQ(has(table().grab().toImage(), border), row.border);
     }
 }
 
@@ -353,14 +360,15 @@ TEST_F(ListLookTest, EdgesAndTextsAreSeenInLightAndDark)
             ASSERT_TRUE(!focused || QTest::qWaitFor([&] { return table().hasFocus(); }));
             const QImage image = table().grab().toImage();
             const int right = image.width() - 1, bottom = image.height() - 1;
-            for (const QPoint at : {QPoint(0, bottom / 2), QPoint(right, bottom / 2), QPoint(right / 2, 0),
-                                    QPoint(right / 2, bottom)}) {
+            for (const QPoint at :
+                 {QPoint(0, bottom / 2), QPoint(right, bottom / 2), QPoint(right / 2, 0), QPoint(right / 2, bottom)}) {
                 EXPECT_GE(qt::contrast(image.pixelColor(at), row.window), 3) << at.x() << ' ' << at.y();
                 EXPECT_GE(qt::contrast(image.pixelColor(at), row.base), 3) << at.x() << ' ' << at.y();
             }
         }
         view->setCurrentProduct(2);
-        const QImage selected = table().viewport()->grab(table().visualRect(table().model()->index(1, kName))).toImage();
+        const QImage selected =
+            table().viewport()->grab(table().visualRect(table().model()->index(1, kName))).toImage();
         double most = 1;
         for (int x = 0; x < selected.width(); ++x) {
             for (int y = 0; y < selected.height(); ++y) {

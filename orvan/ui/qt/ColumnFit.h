@@ -1,9 +1,9 @@
 // ColumnFit: the widths in which the columns of a grid are shown in a view of some width.
 //
-// A column has a width of its own, which the program set or the user dragged. If one of them takes the rest, it is shown
-// wider than that where the others leave space, and narrower where all own widths do not fit, as far as it can still be
-// read; the others are then never shown narrower than their numbers and headers need. Otherwise each column is shown in
-// its own width. Lengths are in pixels. Thread: any; a ColumnFit is a plain value.
+// A column has a width of its own, which the program set or the user dragged. If one of them takes the rest, it is
+// shown wider than that where the others leave space, and narrower where all own widths do not fit, as far as it can
+// still be read; the others are then never shown narrower than their numbers and headers need. Otherwise each column is
+// shown in its own width. Lengths are in pixels. Thread: any; a ColumnFit is a plain value.
 #pragma once
 
 #include <utility>

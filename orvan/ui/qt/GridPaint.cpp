@@ -40,7 +40,8 @@ FittedText fitText(const QFontMetrics& metrics, const QString& text, int width)
     const int margin = std::clamp(width / kWidthPerMargin, 1, kFullMargin);
     const QString line = singleLine(text);
     const int needed = metrics.horizontalAdvance(line);
-    if (needed <= width) {
+    // Only a very narrow cell gives up its margin for a text: elsewhere texts would not stand below each other.
+    if (needed <= (margin < kFullMargin ? width : width - margin)) {
         return {line, std::min(margin, width - needed), false};
     }
     const QString elided = metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0));

@@ -25,8 +25,9 @@ struct FittedText {
     bool cut;
 };
 
-/// Margins depend on the cell's width alone, so that a column stays aligned, and shrink before any character is cut. A
-/// text that still does not fit ends in an ellipsis, so that the rest of an amount is never read as another amount.
+/// Margins depend on the cell's width alone, so that a column stays aligned; in a very narrow cell they shrink before
+/// any character is cut. A text that does not fit ends in an ellipsis, so that the rest of an amount is never read as
+/// another amount.
 [[nodiscard]] FittedText fitText(const QFontMetrics& metrics, const QString& text, int width);
 /// The narrowest width that shows the text whole with full margins.
 int widthFor(const QFontMetrics& metrics, const QString& text);

@@ -11,6 +11,9 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include <algorithm>
+#include <iterator>
+
 namespace orvan::qt {
 
 namespace {
@@ -44,7 +47,11 @@ void GridView::readStyleSheets()
 {
     header_->readStyleSheets();
     setShowGrid(namedInStyleSheets(*this, QLatin1String("gridline-color")));
-    framed_ = !namedInStyleSheets(*this, QLatin1String("border"));
+    constexpr const char* kAroundRows[] = {"QTableView", "QAbstractItemView", "QFrame"};
+    framed_ = !namedInStyleSheets(*this, QLatin1String("border")) ||
+              std::none_of(std::begin(kAroundRows), std::end(kAroundRows),
+                           [&](const char* name) { return namedInStyleSheets(*this, QLatin1String(name)); });
+    update();
 }
 
 void GridView::updateRowHeight()

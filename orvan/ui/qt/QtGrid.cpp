@@ -47,7 +47,11 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     handlers_.set(header.onUserDoubleClick, [this] { userDoubleClicked(0); });
     handlers_.set(view()->onUserRightClick, [this](int row, int column) { takeRightClick(clickedRow(row), column); });
     handlers_.set(header.onUserRightClick, [this](int column) { takeRightClick(0, column); });
-    handlers_.set(view()->onNewFont, [this] { doUpdate({.layout = true}); });
+    handlers_.set(view()->onNewFont, [this] {
+        if (redraw()) { // otherwise it is laid out later
+            doUpdate({.layout = true});
+        }
+    });
     doUpdate({.cells = true, .layout = true, .currentRow = false});
 }
 

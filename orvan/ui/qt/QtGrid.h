@@ -2,7 +2,8 @@
 //
 // A long list needs memory for its values only: there are no item objects and no texts made in advance.
 // Column widths are shown in the nearest pixel and stay in twips as set; only the user's resizing
-// writes a new one. How wide a column is shown is decided by orvan/ui/qt/ColumnFit.h. Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
+// writes a new one. How wide a column is shown is decided by orvan/ui/qt/ColumnFit.h. Ownership: see
+// orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/base/ScopedHandlers.h"

@@ -2,9 +2,9 @@
 //
 // The control and its widget may be destroyed in either order. Ownership: the parent widget owns the
 // widget, which may be destroyed with its window first; the control then keeps its state and shows
-// nothing. In a window that runs from right to left, positions count from the right edge. A control that is destroyed first hides its widget and has it deleted by the event loop,
-// because the widget may still be handling the event that destroys the control. Lengths are in twips.
-// Thread: the user-interface thread.
+// nothing. In a window that runs from right to left, positions count from the right edge. A control that is destroyed
+// first hides its widget and has it deleted by the event loop, because the widget may still be handling the event that
+// destroys the control. Lengths are in twips. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
