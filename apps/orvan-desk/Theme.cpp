@@ -24,7 +24,7 @@ struct Colours {
 
 // clang-format off
 constexpr Colours kLight = {.window = 0xfff4f5f7, .base = 0xffffffff, .alternate = 0xfff8f9fb, .button = 0xffffffff,
-                            .text = 0xff1f2430, .placeholder = 0xff8a92a3, .disabled = 0xffa4abb8,
+                            .text = 0xff1f2430, .placeholder = 0xff687082, .disabled = 0xffa4abb8,
                             .highlight = 0xff2f6fde, .highlightedText = 0xffffffff, .mid = 0xffd5d9e0};
 constexpr Colours kDark = {.window = 0xff23262d, .base = 0xff1b1d23, .alternate = 0xff20232a, .button = 0xff2e323b,
                            .text = 0xffe6e8ec, .placeholder = 0xff8089a0, .disabled = 0xff6a7180,

@@ -2,6 +2,9 @@
 
 #include "orvan/hosting/QtHost.h"
 #include "orvan/ui/ContainerSite.h"
+#include "orvan/ui/Frame.h"
+#include "orvan/ui/Grid.h"
+#include "orvan/ui/qt/FormFit.h"
 #include "orvan/ui/qt/QtPlatform.h"
 #include "orvan/ui/qt/QtSurface.h"
 #include "orvan/ui/qt/QtText.h"
@@ -12,6 +15,7 @@
 
 #include <QAction>
 #include <QKeySequence>
+#include <QLineEdit>
 #include <QPointer>
 #include <QShowEvent>
 
@@ -21,6 +25,13 @@
 #include <vector>
 
 namespace orvan {
+
+namespace {
+
+constexpr int kBandGap = 8; ///< Pixels between the total and the buttons.
+constexpr int kLeastLines = 6;
+
+} // namespace
 
 /// The container that the list view is embedded in, with the list view's surface and the view itself. The surface is
 /// declared before the view, because it has to be destroyed after it.
@@ -33,6 +44,28 @@ public:
                         .refreshed = [this] { note(nullptr); },
                         .editorOpened = [this] { note(&ProductViewWidget::editorOpened); },
                         .editorClosed = [this] { note(&ProductViewWidget::editorClosed); }};
+        widget.setFocusProxy(qt::widgetOf(surface_.control<ui::Grid>("flexGrid")));
+        if (auto* total = widget.findChild<QLineEdit*>(QStringLiteral("txtTotal"))) {
+            QObject::connect(total, &QLineEdit::textChanged, &widget, [this] { fit(); }); // a long total needs more
+        }
+        fit();
+    }
+
+    /// Makes the band below the grid as large as its fonts and texts need.
+    void fit()
+    {
+        qt::fitBand(surface_);
+        runHandler(surface_.onResize);
+        widget_.updateGeometry();
+    }
+    /// The least size that shows the whole band and some rows, in pixels.
+    [[nodiscard]] QSize leastSize() const
+    {
+        const auto& left = surface_.control<ui::Frame>("fraBottomLeft");
+        const auto& right = surface_.control<ui::Frame>("fraBottomRight");
+        const int rows = kLeastLines * widget_.fontMetrics().lineSpacing();
+        return {qt::toPixels(left.width() + right.width()) + kBandGap,
+                qt::toPixels(std::max(left.height(), right.height())) + kBandGap + rows};
     }
 
     std::string parentTypeName() override
@@ -178,17 +211,29 @@ QAction* ProductViewWidget::action(Command command)
 
 QSize ProductViewWidget::sizeHint() const
 {
-    return QSize(qt::toPixels(kProductViewDesign.width), qt::toPixels(kProductViewDesign.height));
+    return QSize(qt::toPixels(kProductViewDesign.width), qt::toPixels(kProductViewDesign.height))
+        .expandedTo(site_->leastSize());
 }
 
 QSize ProductViewWidget::minimumSizeHint() const
 {
-    return sizeHint() / 2;
+    return (sizeHint() / 2).expandedTo(site_->leastSize());
+}
+
+void ProductViewWidget::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (site_ && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)) {
+        // Later, when the widgets in it have the new font, too.
+        QMetaObject::invokeMethod(
+            this, [this] { site_->fit(); }, Qt::QueuedConnection);
+    }
 }
 
 void ProductViewWidget::showEvent(QShowEvent* event)
 {
     site_->readPropertiesOnce();
+    site_->fit(); // with the style sheets that apply by now
     QWidget::showEvent(event);
 }
 

@@ -82,6 +82,7 @@ Q_SIGNALS:
     void editorClosed();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

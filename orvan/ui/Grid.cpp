@@ -9,9 +9,6 @@ namespace orvan::ui {
 
 namespace {
 
-/// A new column's width in twips.
-constexpr std::int32_t kDefaultColumnWidth = 960;
-
 std::size_t requireCount(std::int32_t count, const char* what)
 {
     if (count < 0) {
@@ -179,6 +176,27 @@ void Grid::setColumnWidth(std::int32_t column, std::int32_t twips)
     Column& changedColumn = at(column);
     requireCount(twips, "a column width");
     changedColumn.width = twips;
+    pending_.restWidth = pending_.restWidth || changedColumn.takesRest;
+    changed(&GridChanges::layout);
+}
+
+void Grid::setColumnTakesRest(std::int32_t column, bool takes)
+{
+    at(column).takesRest = takes;
+    changed(&GridChanges::layout);
+}
+
+void Grid::setHeaderTip(std::int32_t column, UserText tip)
+{
+    if (tip.english() != at(column).headerTip.english()) {
+        at(column).headerTip = std::move(tip);
+        changed(&GridChanges::layout);
+    }
+}
+
+void Grid::setEmptyText(UserText text)
+{
+    emptyText_ = std::move(text);
     changed(&GridChanges::layout);
 }
 

@@ -32,6 +32,7 @@ struct GridChanges {
     bool cells = false;      ///< Values, types or formats.
     bool layout = false;     ///< Rows, columns, keys, order, widths, hidden columns.
     bool currentRow = false; ///< The program chose another current row or selected other rows.
+    bool restWidth = false;  ///< The program set the width of the column that takes the free width.
 };
 
 /// What choosing a row does to the selection.
@@ -78,9 +79,29 @@ public:
     void setColumnFormat(std::int32_t column, std::string_view picture, AmountText text = {});
     bool columnHidden(std::int32_t column) const { return at(column).hidden; }
     void setColumnHidden(std::int32_t column, bool hidden);
+    static constexpr std::int32_t kDefaultColumnWidth = 960; ///< A new column's, in twips.
     /// The width in twips, exactly as the program set it or the user dragged it.
     std::int32_t columnWidth(std::int32_t column) const { return at(column).width; }
     void setColumnWidth(std::int32_t column, std::int32_t twips);
+    bool columnTakesRest(std::int32_t column) const { return at(column).takesRest; }
+    /// The column is shown wider than its width where the others leave space, and narrower where not all fit. A grid
+    /// with such a column also shows the others wide enough for their numbers and headers. This changes no columnWidth.
+    void setColumnTakesRest(std::int32_t column, bool takes);
+    /// The width in twips that the user sees.
+    virtual std::int32_t shownWidth(std::int32_t column) const = 0;
+    /// The least width in twips that shows all texts of the column whole.
+    virtual std::int32_t fittingWidth(std::int32_t column) const = 0;
+    /// Does what the user does who drags the column's edge: sets the width that is then seen, and raises
+    /// onAfterUserResize.
+    virtual void dragToWidth(std::int32_t column, std::int32_t twips) = 0;
+
+    const UserText& headerTip(std::int32_t column) const { return at(column).headerTip; }
+    /// Marks the column's header as one that opens a menu, by an arrow and this tool tip; an empty text removes both. A
+    /// left click on the header then raises onRightClick, too.
+    void setHeaderTip(std::int32_t column, UserText tip);
+    const UserText& emptyText() const { return emptyText_; }
+    /// What the grid shows instead of rows while it has none.
+    void setEmptyText(UserText text);
 
     const GridValue& value(std::int32_t row, std::int32_t column) const;
     void setValue(std::int32_t row, std::int32_t column, GridValue value);
@@ -115,7 +136,8 @@ public:
     std::function<void()> onAfterUserResize;
     /// The user double clicked, on a row or elsewhere; mouseRow() says where.
     std::function<void()> onDblClick;
-    /// The user clicked with the right button, on a cell, on a header or elsewhere. The current row stays.
+    /// The user clicked with the right button, on a cell, on a header or elsewhere, or with the left one on a header
+    /// that has a tip. The current row stays.
     std::function<void()> onRightClick;
     /// The row under the mouse at the user's last double or right click, header rows included; -1 for none.
     std::int32_t mouseRow() const { return mouseRow_; }
@@ -149,7 +171,9 @@ private:
         GridFormat format;
         AmountText amountText;
         std::int32_t width = 0;
+        bool takesRest = false;
         bool hidden = false;
+        UserText headerTip;
         std::vector<GridValue> cells;
     };
 
@@ -171,6 +195,7 @@ private:
     bool multiSelect_ = false;
     RowSelection selection_;
     UserText searchText_;
+    UserText emptyText_;
     bool userResizing_ = false;
     std::int32_t mouseRow_ = -1;
     std::int32_t mouseColumn_ = -1;

@@ -265,7 +265,7 @@ void ListCommands::mnuRow_Click(std::string_view item)
             return;
         }
     }
-    columns_.mnuViewCbo_Click(item);
+    item.starts_with("mnuRow") ? columns_.mnuRowColumns_Click(item) : columns_.mnuViewCbo_Click(item);
 }
 
 } // namespace orvan

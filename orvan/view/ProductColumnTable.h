@@ -60,6 +60,7 @@ inline constexpr ColumnRow kColumns[] = {
 // clang-format on
 static_assert(std::size(kColumns) == ProductColumns::kColumnCount);
 
+inline constexpr std::int32_t kNumberColumnWidth = 250; ///< Twips, of a new grid.
 inline constexpr std::size_t kNumberColumn = 0;
 inline constexpr std::size_t kNameColumn = 1;
 inline constexpr std::size_t kPartNumColumn = 3;
@@ -79,5 +80,20 @@ static_assert([] {
     }
     return true;
 }());
+
+/// What the menu of a row offers for the width of a column.
+enum class WidthChange : std::uint8_t { wider, narrower, fit };
+struct WidthItem {
+    WidthChange change;
+    std::string_view caption;
+    /// Its item for the name, and for columns One and Two.
+    std::array<std::string_view, 3> items;
+};
+inline constexpr WidthItem kWidthItems[] = {
+    {WidthChange::wider, "Wider", {"mnuRowNameWider", "mnuRowOneWider", "mnuRowTwoWider"}},
+    {WidthChange::narrower, "Narrower", {"mnuRowNameNarrower", "mnuRowOneNarrower", "mnuRowTwoNarrower"}},
+    {WidthChange::fit, "Fit to Texts", {"mnuRowNameFit", "mnuRowOneFit", "mnuRowTwoFit"}},
+};
+inline constexpr std::string_view kResetColumnsItem = "mnuRowResetColumns";
 
 } // namespace orvan

@@ -16,9 +16,9 @@ namespace orvan {
 
 namespace {
 
-constexpr std::int32_t kNumberColumnWidth = 250; // twips
 constexpr std::size_t kMostCellCharacters = 255;
 constexpr int kMoneyDigits = 2;
+constexpr std::int32_t kWidthStep = 300; // twips
 
 /// The row of a field that can be chosen; null for a value outside the enumeration.
 const ColumnRow* rowOf(ViewFieldEnum field)
@@ -103,6 +103,8 @@ void ProductColumns::PrvInitGrid()
     flexGrid_.setFixedRows(1);
     flexGrid_.setUserResizing(true);
     flexGrid_.setColumnWidth(0, kNumberColumnWidth);
+    flexGrid_.setColumnTakesRest(columnIndices_[kNameColumn], true);
+    flexGrid_.setEmptyText(userText("No products yet. Press Insert or the + button to add one."));
     PrvSetColumnHeaders();
     flexGrid_.setRedraw(true);
 }
@@ -167,6 +169,10 @@ void ProductColumns::PrvRefreshColumnIndices()
             chosen.column = PrvGetColIndexByEnum(chosen.field);
             PrvSetColumnFormat(chosen.column, chosen.field);
         }
+        for (std::int32_t column = 0; column < flexGrid_.columnCount(); ++column) {
+            const bool chosen = column == chosen_[One].column || column == chosen_[Two].column;
+            flexGrid_.setHeaderTip(column, chosen ? userText("Click to choose what this column shows") : UserText());
+        }
         if (*std::min_element(std::begin(columnIndices_), std::end(columnIndices_)) < 0) {
             raiseApplicationError(kLabel, "Invalid column index");
         }
@@ -212,6 +218,32 @@ void ProductColumns::mnuViewCbo_Click(std::string_view item)
                 return;
             }
         }
+    }
+}
+
+void ProductColumns::mnuRowColumns_Click(std::string_view item)
+{
+    const std::array<std::int32_t, 3> columns = {columnIndices_[kNameColumn], chosen_[One].column, chosen_[Two].column};
+    for (const WidthItem& row : kWidthItems) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (row.items[i] == item) {
+                changeWidth(columns[i], row.change);
+                return;
+            }
+        }
+    }
+    if (item == kResetColumnsItem) {
+        resetColumns();
+    }
+}
+
+void ProductColumns::changeWidth(std::int32_t column, WidthChange change)
+{
+    const std::int32_t shown = flexGrid_.shownWidth(column);
+    switch (change) {
+    case WidthChange::wider: flexGrid_.dragToWidth(column, shown + kWidthStep); break;
+    case WidthChange::narrower: flexGrid_.dragToWidth(column, std::max(shown - kWidthStep, kWidthStep)); break;
+    case WidthChange::fit: flexGrid_.dragToWidth(column, flexGrid_.fittingWidth(column)); break;
     }
 }
 

@@ -38,6 +38,8 @@ class PopupMenu;
 class Surface;
 } // namespace ui
 
+enum class WidthChange : std::uint8_t;
+
 /// The fields a user can choose for columns One and Two. Saved preferences hold these numbers; damaged
 /// preferences can hold others.
 enum class ViewFieldEnum : std::int32_t { PartNum = 0, ExtPrice = 1, DiscPrcnt = 2, UnitPrice = 3, Qty = 4, Note = 5 };
@@ -70,6 +72,8 @@ public:
     void prepareItems(ui::PopupMenu& menu);
     /// The user chose an item of a View menu, in that menu or in another one.
     void mnuViewCbo_Click(std::string_view item);
+    /// The user chose one of the other items about columns in the menu of a row.
+    void mnuRowColumns_Click(std::string_view item);
 
     /// The values of one row, in the order of kColumns.
     using Cells = std::array<ui::GridValue, kColumnCount>;
@@ -97,6 +101,8 @@ private:
     void PrvShowChosenColumns();
     void PrvRefreshColumnIndices();
     void setViewMenu(ui::PopupMenu& menu, Place own);
+    void changeWidth(std::int32_t column, WidthChange change);
+    void resetColumns();
     void chooseColumn(Place own, std::int32_t column, ViewFieldEnum field);
 
     // ProductViewPrefs.cpp

@@ -33,12 +33,20 @@ constexpr std::optional<Command> kRowCommands[] = {
     Command::paste, {},           Command::moveUp,    Command::moveDown, {}, Command::selectAll, {},
 };
 
-/// The commands, and a menu for each of the two columns with the fields that it can show.
+/// The menus of the columns in the menu of a row: of the name, and of One and Two, which have their fields, too.
+struct ColumnMenu {
+    std::string_view id;
+    std::string_view caption;
+};
+constexpr ColumnMenu kColumnMenus[] = {
+    {"mnuRowName", "Product Column"}, {"mnuRowOne", "First Column"}, {"mnuRowTwo", "Second Column"}};
+constexpr std::size_t kRowTools = std::size(kRowCommands) + std::size(kColumnMenus) * (1 + std::size(kWidthItems)) +
+                                  2 * (kFieldColumns.size() + 1) + 1;
+
+/// The commands, the menus of the columns, and what puts the columns back.
 constexpr auto rowTools()
 {
-    constexpr std::string_view kColumnMenus[] = {"mnuRowOne", "mnuRowTwo"};
-    constexpr std::string_view kColumnCaptions[] = {"First Column", "Second Column"};
-    std::array<ui::ToolDesign, std::size(kRowCommands) + 2 * (1 + kFieldColumns.size())> tools;
+    std::array<ui::ToolDesign, kRowTools> tools;
     std::size_t at = 0;
     for (const auto& command : kRowCommands) {
         if (command) {
@@ -48,15 +56,25 @@ constexpr auto rowTools()
         }
         ++at;
     }
-    for (const ProductColumns::Place place : {ProductColumns::One, ProductColumns::Two}) {
-        tools[at].id = kColumnMenus[place];
-        tools[at++].caption = kColumnCaptions[place];
-        for (const ColumnRow& column : kFieldColumns) {
-            tools[at].id = column.menuItems[place];
-            tools[at].caption = column.caption;
-            tools[at++].menu = kColumnMenus[place];
+    for (std::size_t menu = 0; menu < std::size(kColumnMenus); ++menu) {
+        tools[at].id = kColumnMenus[menu].id;
+        tools[at++].caption = kColumnMenus[menu].caption;
+        if (menu > 0) {
+            for (const ColumnRow& column : kFieldColumns) {
+                tools[at].id = column.menuItems[menu - 1];
+                tools[at].caption = column.caption;
+                tools[at++].menu = kColumnMenus[menu].id;
+            }
+            tools[at++].menu = kColumnMenus[menu].id; // a separator
+        }
+        for (const WidthItem& item : kWidthItems) {
+            tools[at].id = item.items[menu];
+            tools[at].caption = item.caption;
+            tools[at++].menu = kColumnMenus[menu].id;
         }
     }
+    tools[at].id = kResetColumnsItem;
+    tools[at].caption = "Reset Columns";
     return tools;
 }
 

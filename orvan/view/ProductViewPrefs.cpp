@@ -130,6 +130,16 @@ void ProductColumns::applyDefaultPrefs()
     }
 }
 
+/// Shows what a new user sees, and saves it.
+void ProductColumns::resetColumns()
+{
+    applyDefaultPrefs();
+    flexGrid_.setColumnWidth(columnIndices_[kNumberColumn], kNumberColumnWidth);
+    flexGrid_.setColumnWidth(columnIndices_[kNameColumn], ui::Grid::kDefaultColumnWidth);
+    PrvShowChosenColumns();
+    PrvSaveViewPrefs();
+}
+
 void ProductColumns::PrvSaveViewPrefs()
 {
     traceRecover(

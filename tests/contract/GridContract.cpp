@@ -94,6 +94,24 @@ TEST_P(GridContract, RowsAreDraggedOnlyWhereSomebodyTakesThem)
         << "the handler moves them, not the grid";
 }
 
+TEST_P(GridContract, AColumnFitsItsTextsAndAMenuDoesWhatADragDoes)
+{
+    int reports = 0;
+    grid().onAfterUserResize = [&] { ++reports; };
+    grid().setColumnWidth(1, 1200);
+    grid().setValue(3, 1, std::string("word"));
+    const std::int32_t shorter = grid().fittingWidth(1);
+    grid().setValue(4, 1, std::string("a longer text"));
+    const std::int32_t longer = grid().fittingWidth(1);
+    EXPECT_GT(longer, shorter);
+    EXPECT_EQ(grid().shownWidth(1), 1200);
+    EXPECT_EQ(reports, 0) << "asking changes nothing";
+    grid().dragToWidth(1, longer);
+    EXPECT_EQ(grid().columnWidth(1), longer);
+    EXPECT_EQ(grid().shownWidth(1), longer);
+    EXPECT_EQ(reports, 1);
+}
+
 TEST_P(GridContract, EnterPressesTheButtonWithTheFocus)
 {
     auto& button = surface->control<ui::Button>("button");

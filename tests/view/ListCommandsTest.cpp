@@ -232,5 +232,47 @@ TEST_F(ListCommandsTest, TheMenuOfARowOffersWhatCanBeDoneAndMarksTheColumns)
     EXPECT_EQ(row(0), "# | Product | Part# | Ext Price");
 }
 
+TEST_F(ListCommandsTest, WidthsAreChangedFromTheMenuOfARowAsByADrag)
+{
+    const std::string before = "4~1~250^960^700^800^700^700^700^700^700";
+    struct Row {
+        const char* item;
+        const char* stored;
+    };
+    const Row rows[] = {
+        {"mnuRowNameWider", "4~1~250^1260^700^800^700^700^700^700^700"},
+        {"mnuRowNameNarrower", "4~1~250^660^700^800^700^700^700^700^700"},
+        {"mnuRowOneWider", "4~1~250^960^1000^800^700^700^700^700^700"},
+        {"mnuRowTwoNarrower", "4~1~250^960^700^500^700^700^700^700^700"},
+        {"mnuRowTwoFit", "4~1~250^960^700^1125^700^700^700^700^700"}, // "Ext Price" is the longest text
+        {"mnuRowResetColumns", "4~1~250^960^700^700^700^700^700^700^700"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.item);
+        storePrefs(before);
+        show(list("A B"));
+        press("Down Menu");
+        view->surface().popupMenu("mnuRow").choose(row.item);
+        EXPECT_EQ(storedPrefs(), row.stored);
+        EXPECT_EQ(trace->lines().back(), "exit KTVOrvanProduct.ProductView::PrvSaveViewPrefs");
+        EXPECT_FALSE(view->Dirty());
+    }
+    press("Menu");
+    view->surface().popupMenu("mnuRow").choose("mnuViewCboOneNote");
+    press("Menu");
+    view->surface().popupMenu("mnuRow").choose("mnuRowResetColumns");
+    EXPECT_EQ(row(0), "# | Product | Qty | Ext Price") << "the fields, too";
+    view->flexGrid().fitColumn(3);
+    EXPECT_EQ(view->flexGrid().columnWidth(3), 1125) << "a double click on the edge does what Fit does";
+}
+
+TEST_F(ListCommandsTest, AnEmptyListSaysHowToBegin)
+{
+    makeView();
+    EXPECT_EQ(view->flexGrid().shownEmptyText(), "No products yet. Press Insert or the + button to add one.");
+    view->Show(list("A"));
+    EXPECT_EQ(view->flexGrid().shownEmptyText(), "");
+}
+
 } // namespace
 } // namespace orvan::test

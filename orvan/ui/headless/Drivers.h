@@ -71,6 +71,8 @@ public:
     /// Drags the column's right edge until it is `twips` wide. Raises 5 where the grid does not let columns be resized
     /// or the column is hidden.
     virtual void dragColumn(std::int32_t column, std::int32_t twips) = 0;
+    /// Double clicks the column's right edge, which fits its width to its texts. Raises 5 where dragColumn does.
+    virtual void fitColumn(std::int32_t column) = 0;
     /// Clicks a row below the header. Raises 5 for a header row.
     virtual void chooseRow(std::int32_t row) = 0;
     /// Clicks a row with Shift, which selects the rows from the one chosen before up to this one.
@@ -92,6 +94,8 @@ public:
     virtual std::vector<std::int32_t> selectedRows() const = 0;
     /// What has been typed to find a row, as long as it is shown.
     virtual std::string searchText() const = 0;
+    /// What the grid shows instead of rows; empty while it has rows.
+    virtual std::string shownEmptyText() const = 0;
     virtual std::int32_t columnWidth(std::int32_t column) const = 0;
     /// The texts that are seen in a row, hidden columns left out.
     virtual std::vector<std::string> visibleTexts(std::int32_t row) const = 0;

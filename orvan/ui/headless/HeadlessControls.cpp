@@ -1,5 +1,6 @@
 #include "orvan/ui/headless/HeadlessControls.h"
 
+#include "orvan/base/Text.h"
 #include "orvan/ui/Frame.h"
 #include "orvan/ui/Label.h"
 #include "orvan/ui/Line.h"
@@ -15,7 +16,9 @@ namespace orvan::headless {
 
 namespace {
 
-constexpr std::int32_t kRowHeight = 285; // twips: 19 pixels
+constexpr std::int32_t kRowHeight = 285;      // twips: 19 pixels
+constexpr std::int32_t kCharacterWidth = 105; // twips
+constexpr std::int32_t kCellMargins = 180;    // twips, of both sides
 
 class HeadlessFrame final : public ui::Frame {
 public:
@@ -172,6 +175,15 @@ void HeadlessGrid::dragColumn(std::int32_t column, std::int32_t twips)
         raiseImpossible(name() + ": a user cannot resize column " + std::to_string(column));
     }
     userResizedColumn(column, twips);
+}
+
+std::int32_t HeadlessGrid::fittingWidth(std::int32_t column) const
+{
+    std::size_t most = 0;
+    for (std::int32_t row = 0; row < rowCount(); ++row) {
+        most = std::max(most, characterCount(displayText(row, column)));
+    }
+    return static_cast<std::int32_t>(most) * kCharacterWidth + kCellMargins;
 }
 
 void HeadlessGrid::choose(std::int32_t row, ui::RowChoice choice)

@@ -1,6 +1,7 @@
 #include "orvan/ui/qt/EntryLine.h"
 
 #include "orvan/ui/qt/Alignment.h"
+#include "orvan/ui/qt/Edge.h"
 #include "orvan/ui/qt/QtText.h"
 
 #include <QAction>
@@ -184,10 +185,18 @@ void EntryLine::initStyleOption(QStyleOptionFrame* option) const
 
 void EntryLine::paintEvent(QPaintEvent* event)
 {
-    if (!isAtRest() || !isCut()) {
+    if (isAtRest() && isCut()) {
+        paintCut();
+    } else {
         QLineEdit::paintEvent(event);
-        return;
     }
+    if (hasFrame()) {
+        paintEdge(*this);
+    }
+}
+
+void EntryLine::paintCut()
+{
     QStylePainter painter(this);
     QStyleOptionFrame option;
     initStyleOption(&option);

@@ -41,6 +41,7 @@ private:
     /// Inserts the part of the clipboard's text that fits. Returns false, and inserts nothing, if Qt can paste it
     /// itself, because all of it fits or the line is read-only.
     bool pasteFitting(QClipboard::Mode mode);
+    void paintCut();
     QRect textArea() const;
     /// Whether nobody edits the text or moves the caret in it at the moment.
     bool isAtRest() const;

@@ -6,7 +6,11 @@
 #include "orvan/ui/qt/SurfaceWidgets.h"
 #include "orvan/ui/qt/Twips.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include <algorithm>
 #include <string_view>
@@ -17,6 +21,7 @@ namespace orvan::qt {
 namespace {
 
 constexpr int kPictureSpace = 9; ///< Added to the size of a picture without a caption: the space of two opposite sides.
+constexpr int kLineSpace = 8;    ///< Beside the text of a box, with the margins that QLineEdit leaves.
 constexpr int kCaptionSpace = 10; ///< Added to the width that the style gives a button with a caption.
 
 /// Gives the button a picture as high as its font, and returns the size that the button needs.
@@ -37,6 +42,21 @@ QSize neededSize(const ui::ControlDesign& design, QWidget& widget)
         return card->neededSize();
     }
     return design.kind == ui::ControlKind::toolBar ? QSize(0, widget.sizeHint().height()) : QSize();
+}
+
+/// The size in which a label shows its caption, and a box that is read-only its text, whole.
+QSize textSize(const QWidget& widget)
+{
+    const auto* const line = qobject_cast<const QLineEdit*>(&widget);
+    if (!line) {
+        return qobject_cast<const QLabel*>(&widget) ? widget.sizeHint() : QSize();
+    }
+    QStyleOptionFrame option;
+    option.initFrom(line);
+    option.lineWidth = line->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, line);
+    const int text = line->fontMetrics().horizontalAdvance(line->text()) + kLineSpace;
+    const QSize needed = line->style()->sizeFromContents(QStyle::CT_LineEdit, &option, QSize(text, 0), line);
+    return {line->isReadOnly() ? needed.width() : 0, line->sizeHint().height()};
 }
 
 using Extent = std::pair<float, float>; ///< Right and bottom edge.
@@ -87,6 +107,11 @@ void enlarge(const ui::Surface& surface, std::string_view name, float width, flo
     }
 }
 
+void enlargeTo(const ui::Surface& surface, std::string_view name, QSize needed)
+{
+    enlarge(surface, name, toTwips(needed.width()), toTwips(needed.height()));
+}
+
 } // namespace
 
 QSize fitToContents(const ui::Surface& surface)
@@ -95,13 +120,36 @@ QSize fitToContents(const ui::Surface& surface)
     const Extent designed = extentInside(surface, {});
     for (const ui::ControlDesign& row : form.controls) {
         if (QWidget* widget = widgetOf(surface.control<ui::Control>(row.name))) {
-            const QSize needed = neededSize(row, *widget);
-            enlarge(surface, row.name, toTwips(needed.width()), toTwips(needed.height()));
+            enlargeTo(surface, row.name, neededSize(row, *widget));
         }
     }
     const Extent fitted = extentInside(surface, {});
     return {toPixels(form.width - designed.first + fitted.first),
             toPixels(form.height - designed.second + fitted.second)};
+}
+
+void fitBand(const ui::Surface& surface)
+{
+    const auto& rows = surface.design().controls;
+    for (const ui::ControlDesign& row : rows) {
+        if (row.kind == ui::ControlKind::frame || !row.parent.empty()) {
+            surface.control<ui::Control>(row.name).move(row.left, row.top, row.width, row.height);
+        }
+    }
+    static_cast<void>(fitToContents(surface));
+    float height = 0;
+    for (const ui::ControlDesign& row : rows) {
+        auto& control = surface.control<ui::Control>(row.name);
+        if (const QWidget* const widget = row.parent.empty() ? nullptr : widgetOf(control)) {
+            enlargeTo(surface, row.name, textSize(*widget));
+            height = std::max(height, control.height());
+        }
+    }
+    for (const ui::ControlDesign& row : rows) {
+        if (!row.parent.empty()) {
+            enlarge(surface, row.name, 0, height);
+        }
+    }
 }
 
 } // namespace orvan::qt

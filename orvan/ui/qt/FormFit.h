@@ -16,4 +16,9 @@ namespace orvan::qt {
 /// pixels of a surface that shows all controls with the margins of the design.
 [[nodiscard]] QSize fitToContents(const ui::Surface& surface);
 
+/// The same for a surface whose frames stand in one line, such as the band of the list view: puts frames and
+/// what is in them back to the places of the design, fits labels and boxes that only show something, too, and makes the
+/// controls in frames equally high. Called again when a font or one of those texts has changed.
+void fitBand(const ui::Surface& surface);
+
 } // namespace orvan::qt

@@ -1,12 +1,9 @@
 #include "orvan/ui/qt/GridHeader.h"
 
 #include "orvan/base/RunHandler.h"
-#include "orvan/ui/qt/GridPaint.h"
 
-#include <QAbstractItemModel>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QStyle>
 
 #include <utility>
@@ -18,8 +15,6 @@ namespace {
 /// The least width that a user can drag a column to: of a narrower one no edge would be left to drag it wider. The
 /// program can set any width.
 constexpr int kNarrowestDrag = 8;
-constexpr int kSeparatorInset = 5;
-
 } // namespace
 
 GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
@@ -32,10 +27,23 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
     setSectionResizeMode(QHeaderView::Fixed);
     // Qt emits sectionResized for each pixel of a drag, and also for widths that the program sets. Only the first
     // signal during a user's action is recorded; when the action ends, its old width is compared with the new one.
-    connect(this, &QHeaderView::sectionResized, this, [this](int column, int oldWidth, int /*newWidth*/) {
-        if (userActs_ && resizedColumn_ < 0) {
+    // Comes before the view fits the column. It is reported also where the column was shown in that width before.
+    connect(this, &QHeaderView::sectionHandleDoubleClicked, this, [this](int column) {
+        if (userActs_) {
+            resizedColumn_ = column;
+            oldWidth_ = -1;
+        }
+    });
+    connect(this, &QHeaderView::sectionResized, this, [this](int column, int oldWidth, int newWidth) {
+        if (!userActs_) {
+            return;
+        }
+        if (resizedColumn_ < 0) {
             resizedColumn_ = column;
             oldWidth_ = oldWidth;
+        }
+        if (const int least = leastWidth ? leastWidth(column) : 0; newWidth < least) {
+            resizeSection(column, least);
         }
     });
 }
@@ -58,6 +66,7 @@ void GridHeader::mousePressEvent(QMouseEvent* event)
 {
     userActs_ = event->button() == Qt::LeftButton;
     resizedColumn_ = -1;
+    pressedMenu_ = userActs_ ? menuColumnAt(event->position().toPoint()) : -1;
     QHeaderView::mousePressEvent(event);
 }
 
@@ -71,7 +80,19 @@ void GridHeader::mouseMoveEvent(QMouseEvent* event)
 void GridHeader::mouseReleaseEvent(QMouseEvent* event)
 {
     QHeaderView::mouseReleaseEvent(event);
-    reportResize();
+    const int menu = std::exchange(pressedMenu_, -1);
+    if (!reportResize() && menu >= 0 && menuColumnAt(event->position().toPoint()) == menu) {
+        runHandler(onUserRightClick, menu);
+    }
+}
+
+int GridHeader::menuColumnAt(const QPoint& at) const
+{
+    const int column = logicalIndexAt(at);
+    const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+    const int left = sectionViewportPosition(column);
+    const bool atEdge = at.x() - left < grip || left + sectionSize(column) - 1 - at.x() < grip;
+    return opensMenu(column) && !atEdge ? column : -1;
 }
 
 void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
@@ -98,42 +119,6 @@ bool GridHeader::reportResize()
     }
     runHandler(onUserResize, column, sectionSize(column));
     return true;
-}
-
-void GridHeader::paintEvent(QPaintEvent* event)
-{
-    QHeaderView::paintEvent(event);
-    // The area beyond the columns is painted over the background of the style.
-    QPainter painter(viewport());
-    const HeaderColours colours = headerColours(palette());
-    const QRect rest = restBeyondColumns(viewport()->rect());
-    if (!rest.isEmpty()) {
-        painter.fillRect(rest, colours.ground);
-        painter.fillRect(rest.adjusted(0, rest.height() - 1, 0, 0), colours.line);
-    }
-}
-
-void GridHeader::paintSection(QPainter* painter, const QRect& area, int column) const
-{
-    if (!area.isValid() || !model()) {
-        return;
-    }
-    const HeaderColours colours = headerColours(palette());
-    painter->fillRect(area, colours.ground);
-    painter->fillRect(area.adjusted(0, area.height() - 1, 0, 0), colours.line);
-    painter->fillRect(QRect(area.right(), area.top() + kSeparatorInset, 1, area.height() - 2 * kSeparatorInset),
-                      colours.separator);
-    painter->setPen(colours.text);
-    const QVariant text = model()->headerData(column, Qt::Horizontal, Qt::DisplayRole);
-    const QVariant alignment = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
-    drawFitted(*painter, area.adjusted(0, 0, 0, -1), fitText(fontMetrics(), text.toString(), area.width()),
-               alignment.value<Qt::Alignment>());
-}
-
-QSize GridHeader::sectionSizeFromContents(int column) const
-{
-    const QString text = model() ? model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString() : QString();
-    return {widthFor(fontMetrics(), text), gridHeaderHeight(fontMetrics())};
 }
 
 } // namespace orvan::qt

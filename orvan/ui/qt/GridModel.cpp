@@ -86,7 +86,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     }
     switch (role) {
     case Qt::DisplayRole: return headerText(section);
-    case Qt::ToolTipRole: return tip(headerText(section), section);
+    case Qt::ToolTipRole: return headerTip(section);
+    case kOpensMenuRole: return !grid_->headerTip(section).empty();
     // A header is aligned like the first row of its column, whose value decides if the column has no type.
     case Qt::TextAlignmentRole: return QVariant::fromValue(alignment(grid_->fixedRows(), section));
     default: return {};
@@ -118,12 +119,23 @@ Qt::Alignment GridModel::alignment(std::int32_t row, int column) const
         }
         break;
     }
-    return (number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    // Amounts stand at the right edge in every language, texts where reading begins; see orvan/ui/qt/Alignment.h.
+    return Qt::AlignVCenter | (number ? Qt::AlignRight | Qt::AlignAbsolute : Qt::Alignment(Qt::AlignLeft));
 }
 
 QVariant GridModel::tip(const QString& text, int column) const
 {
     return isCut && isCut(text, column) ? QVariant(toolTipText(text)) : QVariant();
+}
+
+QVariant GridModel::headerTip(int column) const
+{
+    const QString text = headerText(column);
+    if (grid_->headerTip(column).empty()) {
+        return tip(text, column);
+    }
+    const QString own = translated(grid_->headerTip(column));
+    return toolTipText(isCut && isCut(text, column) ? text + u'\n' + own : own);
 }
 
 } // namespace orvan::qt

@@ -14,6 +14,9 @@
 
 namespace orvan::qt {
 
+/// A header's role: whether a click on it opens a menu.
+inline constexpr int kOpensMenuRole = Qt::UserRole;
+
 class GridModel final : public QAbstractTableModel {
 public:
     GridModel(const ui::Grid& grid, QObject* parent);
@@ -42,6 +45,7 @@ private:
     QString headerText(int column) const;
     Qt::Alignment alignment(std::int32_t row, int column) const;
     QVariant tip(const QString& text, int column) const;
+    QVariant headerTip(int column) const;
     void publishRows(int rows);
     void publishColumns(int columns);
 

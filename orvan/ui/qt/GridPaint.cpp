@@ -4,6 +4,7 @@
 #include "orvan/ui/qt/GridView.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -19,8 +20,6 @@ constexpr int kHeaderSpace = 11; ///< The same for the header, including the lin
 constexpr float kAlternateShade = 0.035F;
 constexpr float kUnfocusedSelection = 0.25F;
 constexpr float kHeaderTextShade = 0.7F;
-constexpr float kLineShade = 0.25F;
-constexpr float kSeparatorShade = 0.15F;
 
 /// Replaces line breaks, tabs and other control characters by blanks, so that a row stays one line of text.
 QString singleLine(QString text)
@@ -37,11 +36,12 @@ QString singleLine(QString text)
 
 FittedText fitText(const QFontMetrics& metrics, const QString& text, int width)
 {
-    constexpr int kWidthPerMargin = 12;
+    constexpr int kWidthPerMargin = 4;
     const int margin = std::clamp(width / kWidthPerMargin, 1, kFullMargin);
     const QString line = singleLine(text);
     const int needed = metrics.horizontalAdvance(line);
-    if (needed <= width) {
+    // Only a very narrow cell gives up its margin for a text: elsewhere texts would not stand below each other.
+    if (needed <= (margin < kFullMargin ? width : width - margin)) {
         return {line, std::min(margin, width - needed), false};
     }
     const QString elided = metrics.elidedText(line, Qt::ElideRight, std::max(width - 2 * margin, 0));
@@ -54,13 +54,27 @@ int widthFor(const QFontMetrics& metrics, const QString& text)
     return metrics.horizontalAdvance(singleLine(text)) + 2 * kFullMargin;
 }
 
-void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment)
+int widthForNumber(const QFontMetrics& metrics, QString text)
 {
-    const bool right = alignment.testFlag(Qt::AlignRight);
+    QChar widest = u'0';
+    for (QChar digit = u'1'; digit <= u'9'; digit = QChar(digit.unicode() + 1)) {
+        widest = metrics.horizontalAdvance(digit) > metrics.horizontalAdvance(widest) ? digit : widest;
+    }
+    for (QChar& character : text) {
+        character = character >= u'0' && character <= u'9' ? widest : character;
+    }
+    return widthFor(metrics, text);
+}
+
+void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment,
+                Qt::LayoutDirection direction)
+{
+    const Qt::Alignment side = QStyle::visualAlignment(direction, alignment);
+    const bool right = side.testFlag(Qt::AlignRight);
     // The text alone decides its direction, so that an amount looks the same in a window that runs from right to left.
     painter.setLayoutDirection(text.text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(cell.adjusted(right ? 0 : text.margin, 0, right ? -text.margin : 0, 0),
-                     static_cast<int>(alignment.toInt()) | Qt::AlignAbsolute | Qt::TextSingleLine, text.text);
+                     static_cast<int>(side.toInt()) | Qt::AlignAbsolute | Qt::TextSingleLine, text.text);
 }
 
 RowColours rowColours(const QWidget& grid, int row, bool selected)
@@ -72,7 +86,10 @@ RowColours rowColours(const QWidget& grid, int row, bool selected)
     const QColor base = palette.color(group, QPalette::Base);
     const QColor text = palette.color(group, QPalette::Text);
     if (selected && grid.hasFocus()) {
-        return {palette.color(group, QPalette::Highlight), palette.color(group, QPalette::HighlightedText)};
+        const QColor selectedText = palette.color(group, QPalette::HighlightedText);
+        const QColor away = selectedText.lightnessF() > 0.5F ? Qt::black : Qt::white; // many themes have too little
+        return {visibleOn({selectedText}, palette.color(group, QPalette::Highlight), away, kTextContrast),
+                selectedText};
     }
     if (selected) {
         return {between(base, palette.color(QPalette::Active, QPalette::Highlight), kUnfocusedSelection), text};
@@ -94,8 +111,20 @@ HeaderColours headerColours(const QPalette& palette)
 {
     const QColor base = palette.color(QPalette::Base);
     const QColor text = palette.color(QPalette::Text);
-    return {base, between(base, text, kHeaderTextShade), between(base, text, kLineShade),
-            between(base, text, kSeparatorShade)};
+    const QColor edge = visibleOn({base}, base, text, kEdgeContrast);
+    return {base, visibleOn({base}, between(base, text, kHeaderTextShade), text, kTextContrast), edge};
+}
+
+QColor edgeColour(const QPalette& palette)
+{
+    const QColor base = palette.color(QPalette::Base);
+    return visibleOn({base, palette.color(QPalette::Window)}, base, palette.color(QPalette::Text), kEdgeContrast);
+}
+
+QColor focusColour(const QPalette& palette)
+{
+    return visibleOn({palette.color(QPalette::Base), palette.color(QPalette::Window)},
+                     palette.color(QPalette::Highlight), palette.color(QPalette::Text), kEdgeContrast);
 }
 
 GridDelegate::GridDelegate(GridView* view) : QStyledItemDelegate(view), view_(*view) {}
@@ -111,7 +140,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->setPen(colours.text);
     painter->setFont(option.font);
     drawFitted(*painter, option.rect, fitText(option.fontMetrics, text, option.rect.width()),
-               index.data(Qt::TextAlignmentRole).value<Qt::Alignment>());
+               index.data(Qt::TextAlignmentRole).value<Qt::Alignment>(), view_.layoutDirection());
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const

@@ -25,12 +25,18 @@ struct FittedText {
     bool cut;
 };
 
-/// Margins depend on the cell's width alone, so that a column stays aligned, and shrink before any character is cut. A
-/// text that still does not fit ends in an ellipsis, so that the rest of an amount is never read as another amount.
+/// Margins depend on the cell's width alone, so that a column stays aligned; in a very narrow cell they shrink before
+/// any character is cut. A text that does not fit ends in an ellipsis, so that the rest of an amount is never read as
+/// another amount.
 [[nodiscard]] FittedText fitText(const QFontMetrics& metrics, const QString& text, int width);
 /// The narrowest width that shows the text whole with full margins.
 int widthFor(const QFontMetrics& metrics, const QString& text);
-void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment);
+/// The same for each number that is written as this one, whatever its digits are.
+int widthForNumber(const QFontMetrics& metrics, QString text);
+/// `alignment` may name the leading side (Qt::AlignLeft without AlignAbsolute), which is the right one in `direction`
+/// from right to left.
+void drawFitted(QPainter& painter, const QRect& cell, const FittedText& text, Qt::Alignment alignment,
+                Qt::LayoutDirection direction);
 
 struct RowColours {
     QColor ground;
@@ -46,10 +52,12 @@ int gridHeaderHeight(const QFontMetrics& metrics);
 struct HeaderColours {
     QColor ground;
     QColor text;
-    QColor line;      ///< Below the whole header.
-    QColor separator; ///< Between columns, where a user can drag an edge.
+    QColor edge; ///< Of the line below the header, and between columns, where a user can drag an edge.
 };
 HeaderColours headerColours(const QPalette& palette);
+/// The colour of the line around the grid, and that of the ring that takes its place while the grid has the focus.
+QColor edgeColour(const QPalette& palette);
+QColor focusColour(const QPalette& palette);
 
 /// Paints a cell's background and text, nothing else.
 class GridDelegate final : public QStyledItemDelegate {

@@ -4,13 +4,23 @@
 #include "orvan/ui/qt/GridHeader.h"
 #include "orvan/ui/qt/GridPaint.h"
 #include "orvan/ui/qt/KeyStrokes.h"
+#include "orvan/ui/qt/StyleSheets.h"
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include <algorithm>
+#include <iterator>
+
 namespace orvan::qt {
+
+namespace {
+
+constexpr int kFrame = 2; ///< Pixels around the rows and the header: the focus ring, or the line and a free pixel.
+
+} // namespace
 
 GridView::GridView(QWidget* parent) : QTableView(parent), header_(new GridHeader(this))
 {
@@ -26,7 +36,22 @@ GridView::GridView(QWidget* parent) : QTableView(parent), header_(new GridHeader
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(kFrame);
+    header_->leastWidth = [this](int column) { return fit_.leastOf(column); };
     updateRowHeight();
+    readStyleSheets();
+}
+
+void GridView::readStyleSheets()
+{
+    header_->readStyleSheets();
+    setShowGrid(namedInStyleSheets(*this, QLatin1String("gridline-color")));
+    constexpr const char* kAroundRows[] = {"QTableView", "QAbstractItemView", "QFrame"};
+    framed_ = !namedInStyleSheets(*this, QLatin1String("border")) ||
+              std::none_of(std::begin(kAroundRows), std::end(kAroundRows),
+                           [&](const char* name) { return namedInStyleSheets(*this, QLatin1String(name)); });
+    update();
 }
 
 void GridView::updateRowHeight()
@@ -43,6 +68,60 @@ void GridView::applyLayout(const std::function<void()>& change)
     executeDelayedItemsLayout();
     updateGeometries();
     viewport()->update();
+}
+
+void GridView::setColumns(std::vector<FittedColumn> columns, bool fillsAgain)
+{
+    fit_.setColumns(std::move(columns));
+    if (fillsAgain) {
+        fit_.fillAgain();
+    }
+}
+
+int GridView::setUserWidth(int column, int pixels)
+{
+    fit_.setByUser(column, pixels, viewport()->width());
+    updateGeometries();
+    return columnWidth(column);
+}
+
+int GridView::fittingWidth(int column) const
+{
+    return std::max(sizeHintForColumn(column), header_->sectionSizeHint(column));
+}
+
+int GridView::sizeHintForColumn(int column) const
+{
+    // Qt would measure only the rows that are in sight.
+    int width = 0;
+    for (int row = 0; model() && row < model()->rowCount(); ++row) {
+        width = std::max(width, widthFor(fontMetrics(), model()->index(row, column).data().toString()));
+    }
+    return width;
+}
+
+void GridView::updateGeometries()
+{
+    layOutColumns();
+    QTableView::updateGeometries();
+}
+
+void GridView::layOutColumns()
+{
+    if (header_->userActs()) {
+        return; // the edge stays under the pointer
+    }
+    // The header's signals would have the view laid out again later.
+    const QSignalBlocker quiet(*header_);
+    const std::vector<int> widths = fit_.shownIn(viewport()->width());
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        const int column = fit_.columns()[i].column;
+        if (column < header_->count() && header_->sectionSize(column) != widths[i]) {
+            header_->resizeSection(column, widths[i]);
+            viewport()->update();
+            header_->viewport()->update();
+        }
+    }
 }
 
 int GridView::firstShownColumn() const
@@ -127,6 +206,8 @@ void GridView::changeEvent(QEvent* event)
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         updateRowHeight();
+        readStyleSheets();
+        runHandler(onNewFont);
     }
 }
 
@@ -141,12 +222,14 @@ void GridView::focusInEvent(QFocusEvent* event)
         selectionModel()->clear();
     }
     viewport()->update();
+    update(); // the ring
 }
 
 void GridView::focusOutEvent(QFocusEvent* event)
 {
     QTableView::focusOutEvent(event);
     viewport()->update();
+    update();
 }
 
 bool GridView::event(QEvent* event)
@@ -158,7 +241,11 @@ bool GridView::event(QEvent* event)
             return true;
         }
     }
-    return QTableView::event(event);
+    const bool handled = QTableView::event(event);
+    if (event->type() == QEvent::Paint) {
+        paintFrame();
+    }
+    return handled;
 }
 
 void GridView::keyPressEvent(QKeyEvent* event)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "orvan/ui/Grid.h"
+#include "orvan/ui/qt/ColumnFit.h"
 
 #include <QBasicTimer>
 #include <QTableView>
@@ -38,9 +39,18 @@ public:
     /// The user clicked with the right button; -1 where there is no row or column. Chooses nothing.
     std::function<void(int row, int column)> onUserRightClick;
 
+    /// The font or the style is another one now.
+    std::function<void()> onNewFont;
+
     /// Runs a change of the model's size or of its columns without reporting anything to the grid. The view is laid out
     /// at once, so that Qt does not lay it out and paint it again later. The scroll position stays.
     void applyLayout(const std::function<void()>& change);
+    /// Sets the columns that are shown. They are laid out with the view, also when its width changes.
+    void setColumns(std::vector<FittedColumn> columns, bool fillsAgain);
+    /// Gives a column the width that the user chose, and returns the width that is shown.
+    [[nodiscard]] int setUserWidth(int column, int pixels);
+    /// The least width that shows the header and all cells of a column whole.
+    [[nodiscard]] int fittingWidth(int column) const;
     /// Makes a row the current one (-1: none) and selects rows, without calling onUserRow. Scrolls to the current row
     /// only if `reveal` is set.
     void showRows(int current, const std::vector<ui::RowRange>& selected, bool reveal);
@@ -48,6 +58,8 @@ public:
     [[nodiscard]] bool severalRowsSelected() const;
     /// Shows a text in the lower corner, over the rows; an empty text removes it.
     void showSearchText(const QString& text);
+    /// Shows a text where otherwise the rows are; an empty one removes it.
+    void showEmptyText(const QString& text);
     [[nodiscard]] int rowsPerPage() const;
     /// Where the context menu of the current row opens, on the screen.
     [[nodiscard]] QPoint menuPlace() const;
@@ -59,6 +71,8 @@ public:
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+    int sizeHintForColumn(int column) const override;
+    void updateGeometries() override;
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -74,12 +88,16 @@ protected:
 
 private:
     void updateRowHeight();
+    void readStyleSheets();
+    void layOutColumns();
+    void paintFrame();
     int firstShownColumn() const;
     void chooseIndex(const QModelIndex& index);
     void chooseRow(int row, ui::RowChoice choice);
     void paintRowGrounds(const QRect& rest);
     void paintMarks();
     void paintSearchText(QPainter& painter);
+    void paintEmptyText(QPainter& painter);
 
     /// What the left button does between its press and its release.
     struct Drag {
@@ -96,7 +114,10 @@ private:
     bool mayScroll_ = true;
     Drag drag_;
     QBasicTimer dragScroll_; ///< Scrolls while rows are dragged beyond an edge.
+    ColumnFit fit_;
+    bool framed_ = true; ///< The view paints the line around it itself.
     QString searchText_;
+    QString emptyText_;
 };
 
 } // namespace orvan::qt

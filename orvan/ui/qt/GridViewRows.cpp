@@ -150,6 +150,12 @@ QPoint GridView::menuPlace() const
     return viewport()->mapToGlobal(QPoint(left, std::clamp(top, 0, viewport()->height())));
 }
 
+void GridView::showEmptyText(const QString& text)
+{
+    emptyText_ = text;
+    viewport()->update();
+}
+
 void GridView::showSearchText(const QString& text)
 {
     searchText_ = text;
@@ -186,10 +192,6 @@ void GridView::paintMarks()
 {
     QPainter painter(viewport());
     const int current = currentIndex().isValid() ? currentIndex().row() : -1;
-    if (hasFocus() && current < 0) { // without a current row, a border shows that the grid has the focus
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
-    }
     if (hasFocus() && current >= 0 && (!rowSelected(current) || severalRowsSelected())) {
         // Of several selected rows, or where the current one is not selected, the keys go on from here.
         const bool marked = rowSelected(current);
@@ -205,6 +207,38 @@ void GridView::paintMarks()
     }
     if (!searchText_.isEmpty()) {
         paintSearchText(painter);
+    }
+    if (!emptyText_.isEmpty()) {
+        paintEmptyText(painter);
+    }
+}
+
+void GridView::paintEmptyText(QPainter& painter)
+{
+    const QColor base = palette().color(QPalette::Base);
+    const QColor text = palette().color(QPalette::Text);
+    painter.setPen(visibleOn({base}, palette().color(QPalette::PlaceholderText), text, kTextContrast));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, 0, -margin, 0), Qt::AlignCenter | Qt::TextWordWrap,
+                     emptyText_);
+}
+
+void GridView::paintFrame()
+{
+    QPainter painter(this);
+    // Filled rectangles, because at a scale such as 150 % a drawn line at the right edge would fall outside.
+    const auto fill = [&](int thickness, const QColor& colour) {
+        const QRect outer = rect();
+        painter.fillRect(QRect(0, 0, outer.width(), thickness), colour);
+        painter.fillRect(QRect(0, outer.height() - thickness, outer.width(), thickness), colour);
+        painter.fillRect(QRect(0, 0, thickness, outer.height()), colour);
+        painter.fillRect(QRect(outer.width() - thickness, 0, thickness, outer.height()), colour);
+    };
+    if (hasFocus()) {
+        fill(frameWidth(), focusColour(palette()));
+    } else if (framed_) {
+        fill(frameWidth(), palette().color(QPalette::Base));
+        fill(1, edgeColour(palette()));
     }
 }
 

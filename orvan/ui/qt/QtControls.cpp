@@ -3,6 +3,7 @@
 #include "orvan/ui/qt/Alignment.h"
 #include "orvan/ui/qt/ButtonPicture.h"
 #include "orvan/ui/qt/Colours.h"
+#include "orvan/ui/qt/Edge.h"
 #include "orvan/ui/qt/FieldCard.h"
 #include "orvan/ui/qt/QtText.h"
 
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QStyle>
 
 namespace orvan::qt {
 
@@ -18,13 +20,32 @@ namespace {
 
 constexpr float kLineShade = 0.15F;
 
+/// A label whose text stands where reading of the window begins. QLabel would go by the language of the text.
+class Caption final : public QLabel {
+public:
+    Caption(QWidget* parent, Qt::Alignment alignment) : QLabel(parent), alignment_(alignment) { align(); }
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::LayoutDirectionChange) {
+            align();
+        }
+    }
+
+private:
+    void align() { setAlignment(QStyle::visualAlignment(layoutDirection(), alignment_) | Qt::AlignAbsolute); }
+
+    Qt::Alignment alignment_;
+};
+
 QLabel* newLabel(const ui::ControlDesign& design, QWidget* parent)
 {
-    auto* label = new QLabel(parent);
+    auto* label = new Caption(parent, alignmentOf(design.alignment));
     label->setTextFormat(Qt::PlainText);
-    label->setText(plainCaption(
-        design.caption, design.mnemonic)); // until nameFor sets a buddy, QLabel would show the '&' of a mnemonic
-    label->setAlignment(alignmentOf(design.alignment));
+    // Until nameFor sets a buddy, QLabel would show the '&' of a mnemonic.
+    label->setText(plainCaption(design.caption, design.mnemonic));
     return label;
 }
 
@@ -63,6 +84,11 @@ protected:
         } else if (!event->isAutoRepeat()) {
             click();
         }
+    }
+    void paintEvent(QPaintEvent* event) override
+    {
+        QPushButton::paintEvent(event);
+        paintEdge(*this);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "orvan/ui/qt/QtGrid.h"
 
 #include "orvan/base/RunHandler.h"
+#include "orvan/ui/GridNumbers.h"
 #include "orvan/ui/LocaleSeparators.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/qt/GridHeader.h"
@@ -17,6 +18,14 @@ namespace {
 
 /// QHeaderView keeps a section's size in twenty bits.
 constexpr int kWidestColumn = (1 << 20) - 1;
+
+/// Of the names in the column that takes the rest, where there is not enough width for more.
+constexpr int kLeastCharacters = 12;
+
+int columnPixels(std::int32_t twips)
+{
+    return std::min(toPixels(static_cast<float>(twips)), kWidestColumn);
+}
 
 } // namespace
 
@@ -39,6 +48,11 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     handlers_.set(header.onUserDoubleClick, [this] { userDoubleClicked(0); });
     handlers_.set(view()->onUserRightClick, [this](int row, int column) { takeRightClick(clickedRow(row), column); });
     handlers_.set(header.onUserRightClick, [this](int column) { takeRightClick(0, column); });
+    handlers_.set(view()->onNewFont, [this] {
+        if (redraw()) { // otherwise it is laid out later
+            doUpdate({.layout = true});
+        }
+    });
     doUpdate({.cells = true, .layout = true, .currentRow = false});
 }
 
@@ -68,13 +82,12 @@ void QtGrid::doUpdate(const ui::GridChanges& changes)
     if (!view()) {
         return;
     }
-    if (changes.layout) {
-        view()->applyLayout([this] {
+    if (changes.layout || changes.cells) {
+        view()->applyLayout([&] {
             model_->publish();
-            applyColumns();
+            applyColumns(changes.restWidth);
         });
-    } else if (changes.cells) {
-        model_->publish();
+        applyEmptyText();
     }
     if (changes.layout || changes.currentRow) {
         applyCurrentRow(changes.currentRow);
@@ -83,7 +96,7 @@ void QtGrid::doUpdate(const ui::GridChanges& changes)
     view()->setUpdatesEnabled(true);
 }
 
-void QtGrid::applyColumns()
+void QtGrid::applyColumns(bool fillsAgain)
 {
     GridHeader& header = view()->header();
     // The header's signals are blocked, because the view would be laid out again later for each of them; applyLayout
@@ -91,11 +104,59 @@ void QtGrid::applyColumns()
     const QSignalBlocker quiet(header);
     header.setUserResizing(userResizing());
     header.setVisible(fixedRows() > 0);
+    bool fits = false;
     for (std::int32_t column = 0; column < columnCount(); ++column) {
         header.setSectionHidden(column, columnHidden(column));
+        fits = fits || (columnTakesRest(column) && !columnHidden(column));
+    }
+    std::vector<FittedColumn> shown;
+    for (std::int32_t column = 0; column < columnCount(); ++column) {
         if (!columnHidden(column)) {
-            header.resizeSection(column, std::min(toPixels(static_cast<float>(columnWidth(column))), kWidestColumn));
+            shown.push_back({.column = column,
+                             .own = columnPixels(columnWidth(column)),
+                             .least = fits ? leastWidth(column) : 0,
+                             .takesRest = columnTakesRest(column)});
         }
+    }
+    view()->setColumns(std::move(shown), fillsAgain);
+}
+
+int QtGrid::leastWidth(std::int32_t column) const
+{
+    const QFontMetrics metrics = view()->fontMetrics();
+    int least = view()->header().sectionSizeHint(column);
+    if (columnTakesRest(column)) {
+        return std::max(least, kLeastCharacters * metrics.averageCharWidth());
+    }
+    for (const std::string& number : ui::longestNumbers(*this, column)) {
+        least = std::max(least, widthForNumber(metrics, toQt(number)));
+    }
+    return std::min(least, kWidestColumn);
+}
+
+void QtGrid::applyEmptyText()
+{
+    const QString text = rowCount() > fixedRows() ? QString() : translated(emptyText());
+    view()->showEmptyText(text);
+    view()->setAccessibleDescription(text);
+}
+
+std::int32_t QtGrid::shownWidth(std::int32_t column) const
+{
+    const std::int32_t own = columnWidth(column);
+    const int pixels = view() ? view()->columnWidth(column) : columnPixels(own);
+    return pixels == columnPixels(own) ? own : pixels * kTwipsPerPixel;
+}
+
+std::int32_t QtGrid::fittingWidth(std::int32_t column) const
+{
+    return view() ? view()->fittingWidth(column) * kTwipsPerPixel : columnWidth(column);
+}
+
+void QtGrid::dragToWidth(std::int32_t column, std::int32_t twips)
+{
+    if (view()) {
+        takeUserWidth(column, columnPixels(twips));
     }
 }
 
@@ -150,7 +211,7 @@ void QtGrid::takeRightClick(std::int32_t row, int column)
 void QtGrid::takeUserWidth(int column, int pixels)
 {
     if (column < columnCount()) {
-        userResizedColumn(column, pixels * kTwipsPerPixel);
+        userResizedColumn(column, view()->setUserWidth(column, pixels) * kTwipsPerPixel);
     }
 }
 

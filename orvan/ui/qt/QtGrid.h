@@ -2,7 +2,8 @@
 //
 // A long list needs memory for its values only: there are no item objects and no texts made in advance.
 // Column widths are shown in the nearest pixel and stay in twips as set; only the user's resizing
-// writes a new one. Ownership: see orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
+// writes a new one. How wide a column is shown is decided by orvan/ui/qt/ColumnFit.h. Ownership: see
+// orvan/ui/qt/QtWidgetHolder.h. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/base/ScopedHandlers.h"
@@ -26,6 +27,10 @@ public:
     /// Where the context menu of the current row opens, on the screen.
     [[nodiscard]] QPoint menuPlace() const;
 
+    std::int32_t shownWidth(std::int32_t column) const override;
+    std::int32_t fittingWidth(std::int32_t column) const override;
+    void dragToWidth(std::int32_t column, std::int32_t twips) override;
+
 private:
     void doMove() override { place(*this); }
     void doUpdate(const ui::GridChanges& changes) override;
@@ -36,7 +41,10 @@ private:
 
     /// Null once the widget has been destroyed.
     GridView* view() const;
-    void applyColumns();
+    void applyColumns(bool fillsAgain);
+    void applyEmptyText();
+    /// What the column's numbers and header need, in pixels.
+    [[nodiscard]] int leastWidth(std::int32_t column) const;
     void applyCurrentRow(bool reveal);
     void takeUserRow(int row, ui::RowChoice choice);
     void takeRightClick(std::int32_t row, int column);

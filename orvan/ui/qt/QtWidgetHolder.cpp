@@ -4,6 +4,7 @@
 #include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/Twips.h"
 
+#include <QEvent>
 #include <QWidget>
 
 namespace orvan::qt {
@@ -15,6 +16,9 @@ QtWidgetHolder::QtWidgetHolder(QWidget* widget, const ui::ControlDesign& design)
         widget->setToolTip(toolTipText(translatedSentence(design.toolTip)));
     }
     place(design.left, design.top, design.width, design.height);
+    if (QWidget* parent = widget->parentWidget()) {
+        parent->installEventFilter(&context_);
+    }
     widget->show();
 }
 
@@ -40,9 +44,28 @@ void QtWidgetHolder::place(const ui::Control& control)
 
 void QtWidgetHolder::place(float left, float top, float width, float height)
 {
-    if (widget_ && !inLayout_) {
-        widget_->setGeometry(toPixels(left), toPixels(top), toPixels(width), toPixels(height));
+    place_ = QRect(toPixels(left), toPixels(top), toPixels(width), toPixels(height));
+    placeWidget();
+}
+
+void QtWidgetHolder::placeWidget()
+{
+    if (!widget_ || inLayout_) {
+        return;
     }
+    QRect place = place_;
+    if (const QWidget* parent = widget_->parentWidget(); parent && parent->isRightToLeft()) {
+        place.moveLeft(parent->width() - place_.x() - place_.width());
+    }
+    widget_->setGeometry(place);
+}
+
+bool QtWidgetHolder::Context::eventFilter(QObject* /*watched*/, QEvent* event)
+{
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutDirectionChange) {
+        holder_.placeWidget();
+    }
+    return false;
 }
 
 } // namespace orvan::qt

@@ -2,9 +2,9 @@
 //
 // The control and its widget may be destroyed in either order. Ownership: the parent widget owns the
 // widget, which may be destroyed with its window first; the control then keeps its state and shows
-// nothing. A control that is destroyed first hides its widget and has it deleted by the event loop,
-// because the widget may still be handling the event that destroys the control. Lengths are in twips.
-// Thread: the user-interface thread.
+// nothing. In a window that runs from right to left, positions count from the right edge. A control that is destroyed
+// first hides its widget and has it deleted by the event loop, because the widget may still be handling the event that
+// destroys the control. Lengths are in twips. Thread: the user-interface thread.
 #pragma once
 
 #include "orvan/ui/Control.h"
@@ -38,9 +38,21 @@ protected:
 
 private:
     void place(float left, float top, float width, float height);
+    void placeWidget();
+
+    /// Has the widget placed anew when its parent gets another width or direction.
+    class Context final : public QObject {
+    public:
+        explicit Context(QtWidgetHolder& holder) : holder_(holder) {}
+        bool eventFilter(QObject* watched, QEvent* event) override;
+
+    private:
+        QtWidgetHolder& holder_;
+    };
 
     QPointer<QWidget> widget_;
-    QObject context_;
+    QRect place_; ///< In a window that runs from left to right.
+    Context context_{*this};
     bool inLayout_ = false;
 };
 
