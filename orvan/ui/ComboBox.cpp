@@ -32,6 +32,23 @@ void ComboBox::clear()
     doListChanged();
 }
 
+void ComboBox::setRemark(std::string_view remark)
+{
+    if (remark != remark_) {
+        remark_ = remark;
+        doShowRemark();
+    }
+}
+
+std::vector<std::string> ComboBox::columns(std::int32_t row) const
+{
+    std::vector<std::string> shown;
+    if (row >= 0 && row < count()) {
+        raise(onShowColumns, row, shown);
+    }
+    return shown;
+}
+
 void ComboBox::userChoseRow(std::int32_t row)
 {
     replaceText(itemText(row));

@@ -59,6 +59,7 @@ struct ControlDesign {
     bool cancels = false;          ///< A button: Escape presses it, whatever control has the focus.
     bool readOnly = false;         ///< Text boxes: the user can select and copy, not change.
     bool multiLine = false;        ///< Text boxes: Enter makes a new line, long lines are wrapped.
+    bool announced = false;        ///< Text boxes: when the text has changed, a screen reader says it.
     TextUse use = TextUse::plain;
     Alignment alignment = Alignment::left;
     LayoutCell cell = {};

@@ -15,6 +15,8 @@
 #include "orvan/ui/qt/QtToolBar.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 
@@ -100,6 +102,9 @@ void SurfaceWidgets::nameForAssistance(const ui::ControlDesign& design, QWidget&
         widget.setAccessibleName(plainCaption(captionBefore_));
     } else {
         widget.setAccessibleName(toQt(design.toolTip));
+    }
+    if (auto* const combo = qobject_cast<QComboBox*>(&widget)) {
+        combo->lineEdit()->setAccessibleName(widget.accessibleName());
     }
     if (!design.toolTip.empty()) {
         widget.setAccessibleDescription(toQt(design.toolTip));
