@@ -1,10 +1,12 @@
-// Answers by keys, and what assistive technology learns, on the Qt platform.
+// Answers by keys, and what assistive technology learns, on the Qt platform. What it hears while somebody types is
+// tested with at-spi2 (tests/desk/accessible_walk.py), because Qt tells it nothing on the platform of these tests.
 #include "QtDriver.h"
 
 #include "orvan/ui/qt/MessageKeys.h"
 
 #include <QAccessible>
 #include <QLineEdit>
+#include <QPushButton>
 
 namespace orvan::contract {
 namespace {
@@ -18,10 +20,6 @@ constexpr ui::ControlDesign kSpoken[] = {
     {.name = "label", .kind = ControlKind::label, .top = 3000, .width = 900, .height = 375, .caption = "Part && name"},
     {.name = "combo", .kind = ControlKind::comboBox, .left = 900, .top = 3000, .width = 1500, .height = 375,
      .tabIndex = 1},
-    {.name = "total label", .kind = ControlKind::label, .left = 2400, .top = 3000, .width = 900, .height = 375,
-     .caption = "Total"},
-    {.name = "total", .kind = ControlKind::textBox, .left = 3300, .top = 3000, .width = 1500, .height = 375,
-     .readOnly = true, .announced = true},
 };
 // clang-format on
 
@@ -33,40 +31,6 @@ protected:
 
     static constexpr ui::FormDesign kSpokenDesign{.name = "Spoken", .width = 6000, .height = 3600, .controls = kSpoken};
 };
-
-QStringList announced; // NOLINT: Qt's handler is a plain function
-
-void hear(QAccessibleEvent* event)
-{
-    QAccessibleInterface* const source = event->accessibleInterface();
-    if (event->type() == QAccessible::ObjectShow && source && source->role() == QAccessible::Notification) {
-        announced << source->text(QAccessible::Name);
-    }
-}
-
-TEST_F(QtAssistanceTest, ATotalIsAnnouncedOnceWhenTypingPauses)
-{
-    const auto former = QAccessible::installUpdateHandler(hear);
-    QAccessible::setActive(true);
-    announced.clear();
-    auto& total = surface->control<ui::TextBox>("total");
-    const auto wait = [](int pauses) { QTest::qWait(1'200 * pauses); };
-    for (const char* text : {"$1", "$12", "$123"}) {
-        total.setText(text);
-        QTest::qWait(100);
-    }
-    EXPECT_TRUE(announced.isEmpty()) << "the user is still typing";
-    wait(1);
-    EXPECT_EQ(announced, QStringList(QStringLiteral("Total $123")));
-    total.setText("$5");
-    total.setText("$123");
-    wait(1);
-    EXPECT_EQ(announced.size(), 1) << "it is the same again";
-    surface->control<ui::ComboBox>("combo").setRemark("2 match");
-    EXPECT_EQ(announced.size(), 2);
-    QAccessible::setActive(false);
-    QAccessible::installUpdateHandler(former);
-}
 
 TEST_F(QtAssistanceTest, ALookUpBoxHasItsLabelAsItsName)
 {
@@ -121,25 +85,25 @@ TEST_F(QtAssistanceTest, EveryButtonOfAMessageBoxHasAMnemonicOfItsOwn)
 {
     struct Row {
         const char* name;
-        std::vector<const char16_t*> texts;
-        std::vector<const char16_t*> shown;
+        std::vector<const char*> texts;
+        std::vector<const char*> shown;
     };
     const Row rows[] = {
-        {"English", {u"&Yes", u"&No", u"Cancel"}, {u"&Yes", u"&No", u"&Cancel"}},
-        {"the first letter is taken", {u"Sí", u"No", u"S&ubir"}, {u"&Sí", u"&No", u"S&ubir"}},
-        {"two have the same", {u"&Ja", u"&Jein", u"Abbrechen"}, {u"&Ja", u"J&ein", u"&Abbrechen"}},
-        {"Arabic", {u"نعم", u"لا", u"إلغاء"}, {u"&نعم", u"&لا", u"&إلغاء"}},
-        {"no letter has a key", {u"はい", u"いいえ", u"取消"}, {u"はい (&Y)", u"いいえ (&N)", u"取消 (&C)"}},
+        {"English", {"&Yes", "&No", "Cancel"}, {"&Yes", "&No", "&Cancel"}},
+        {"the first letter is taken", {"Sí", "No", "S&ubir"}, {"&Sí", "&No", "S&ubir"}},
+        {"two have the same", {"&Ja", "&Jein", "Abbrechen"}, {"&Ja", "J&ein", "&Abbrechen"}},
+        {"Arabic", {"نعم", "لا", "إلغاء"}, {"&نعم", "&لا", "&إلغاء"}},
+        {"no letter has a key", {"はい", "いいえ", "取消"}, {"はい (&Y)", "いいえ (&N)", "取消 (&C)"}},
     };
     forEachRow(rows, [](const Row& row) {
         QMessageBox box;
         constexpr QMessageBox::StandardButton kButtons[] = {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel};
         for (std::size_t i = 0; i < row.texts.size(); ++i) {
-            box.addButton(kButtons[i])->setText(QString(row.texts[i]));
+            box.addButton(kButtons[i])->setText(qString(row.texts[i]));
         }
         giveMnemonics(box);
         for (std::size_t i = 0; i < row.shown.size(); ++i) {
-            EXPECT_EQ(box.button(kButtons[i])->text().toStdString(), QString(row.shown[i]).toStdString());
+            EXPECT_EQ(box.button(kButtons[i])->text().toStdString(), row.shown[i]);
         }
     });
 }
@@ -176,6 +140,7 @@ TEST_F(QtAssistanceTest, AssistiveTechnologyReadsWholeRowsAndNoHiddenColumn)
             grid().setValue(row, column, texts[row][column]);
         }
     }
+    grid().setValue(1, 2, 2);
     grid().setColumnHidden(1, true);
     QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&driver.table());
     const auto name = [](QAccessibleInterface* part) {

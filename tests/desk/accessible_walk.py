@@ -8,8 +8,10 @@ import pathlib
 import sys
 import tempfile
 import time
+import warnings
 
 SKIPPED = 77
+warnings.simplefilter("ignore", DeprecationWarning)  # of the names of at-spi2's interfaces
 try:
     import gi
     gi.require_version("Atspi", "2.0")
@@ -64,17 +66,16 @@ def has(node, state) -> bool:
 
 
 def walk_list() -> None:
-    table = find(application(), "table")
+    table = find(application(), "table", "Products")
     nodes = children(table)
-    headers = [each.get_name() for each in nodes if each.get_role_name() == "column header"]
+    headers = [each.get_name() for each in nodes if each.get_role_name() == "table column header"]
     rows = [each for each in nodes if each.get_role_name() == "table row"]
-    assert len(headers) == table.get_table_iface().get_n_columns() == 5, headers
-    assert len(rows) == table.get_table_iface().get_n_rows() == 14, rows
+    assert headers == ["#", "Product", "Qty", "Ext Price"], headers  # the columns that are shown at first
+    assert table.get_table_iface().get_n_columns() == 4 and table.get_table_iface().get_n_rows() == len(rows) == 14
     row = rows[1]
+    assert row.get_name() == "2, Task chair, mesh back, Qty 12, Ext Price $3,085.68", row.get_name()
     texts = [cell.get_name() for cell in children(row)]
-    assert len(texts) == len(headers) and texts[0] == ROW, (headers, texts)
-    whole = [texts[0]] + [f"{header} {text}" for header, text in zip(headers[1:], texts[1:]) if text]
-    assert row.get_name() == ", ".join(whole), row.get_name()
+    assert texts == ["2", ROW, "12", "$3,085.68"], texts
     for node in (row, children(row)[1]):
         action = node.get_action_iface()
         assert [action.get_action_name(i) for i in range(action.get_n_actions())] == ["edit"], node.get_name()
@@ -94,7 +95,7 @@ def walk_editor() -> None:
     for name in ("Unit Price", "Quantity", "Discount%", "Ext Price", "Note", "Total"):
         box = find(dialog, "text", name)
         read_only = name in ("Ext Price", "Total")
-        assert has(box, Atspi.StateType.EDITABLE) != read_only and has(box, Atspi.StateType.FOCUSABLE), name
+        assert has(box, Atspi.StateType.READ_ONLY) == read_only and has(box, Atspi.StateType.FOCUSABLE), name
 
 
 def total_is_announced_once() -> None:
@@ -108,13 +109,17 @@ def total_is_announced_once() -> None:
     listener.register("object:state-changed:showing")
     events_for(0.5)
     before = find(window(EDITOR), "text", "Total").get_text_iface().get_text(0, -1)
-    keys("alt+q", "1", "2", "3")
+    # Not by Alt: with assistive technology Qt delays keys, and would take the released Alt for a wish to see the menu.
+    find(window(EDITOR), "text", "Quantity").get_component_iface().grab_focus()
+    keys("1", "2", "3")
     events_for(3)
     after = find(window(EDITOR), "text", "Total").get_text_iface().get_text(0, -1)
     assert before != after and heard == [f"Total {after}"], (before, after, heard)
-    keys("Tab", "Shift_L")
+    find(window(EDITOR), "text", "Discount%").get_component_iface().grab_focus()
+    keys("Tab")
     events_for(2)
     assert len(heard) == 1, heard  # a total that has not changed is not announced
+    assert has(find(window(EDITOR), "text", "Note"), Atspi.StateType.FOCUSED), "Tab leaves out the read-only boxes"
     listener.deregister("object:state-changed:showing")
 
 
@@ -124,7 +129,7 @@ def question_is_an_alert() -> None:
     alert = window("Orvan")
     assert alert.get_role_name() == "alert", alert.get_role_name()
     assert find(alert, "label").get_name().startswith("The product information has been modified")
-    keys("alt+n")
+    find(alert, "push button", "No").get_action_iface().do_action(0)
     wait_for("the list in front", lambda: EDITOR not in titles() and "Orvan" not in titles())
 
 

@@ -20,7 +20,7 @@ public:
         setFocusPolicy(Qt::NoFocus);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setGeometry(0, 0, 1, 1);
-        show();
+        hide();
     }
 };
 
@@ -132,13 +132,14 @@ void announce(const QWidget& from, const QString& text)
     }
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent event(&window, text);
+    QAccessible::updateAccessibility(&event);
 #else
     // Before 6.8 Qt had no announcements. Screen readers say the name of a notification that appears.
     Announcer& announcer = announcerOf(window);
+    announcer.hide();
     announcer.setAccessibleName(text);
-    QAccessibleEvent event(&announcer, QAccessible::ObjectShow);
+    announcer.show();
 #endif
-    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace orvan::qt

@@ -99,7 +99,7 @@ private:
     bool isHeader() const { return row_ < 0; }
     bool isRow() const { return row_ >= 0 && column_ < 0; }
     bool isCell() const { return row_ >= 0 && column_ >= 0; }
-    /// The first cell's text, and the others with their headers: "Desk lamp, Qty 3, Ext Price 90.00".
+    /// The texts of the cells, and where they are numbers their headers: "1, Desk lamp, Qty 3, Ext Price 90.00".
     QString rowText() const;
 
     const GridAccessible& grid_;
@@ -112,10 +112,10 @@ QString GridPart::rowText() const
     QStringList texts;
     for (int column = 0; column < grid_.columnCount(); ++column) {
         const QString cell = grid_.cellText(row_, column);
-        if (column == 0) {
-            texts << cell;
-        } else if (!cell.isEmpty()) {
-            texts << grid_.headerText(column) + u' ' + cell;
+        const QString header = grid_.headerText(column);
+        const bool named = std::any_of(header.begin(), header.end(), [](QChar c) { return c.isLetter(); });
+        if (!cell.isEmpty()) {
+            texts << (named && grid_.isNumber(row_, column) ? header + u' ' + cell : cell);
         }
     }
     return texts.join(QStringLiteral(", "));
@@ -231,6 +231,12 @@ QString GridAccessible::headerText(int column) const
 QString GridAccessible::cellText(int row, int column) const
 {
     return view_.model()->index(row, viewColumn(column)).data().toString();
+}
+
+bool GridAccessible::isNumber(int row, int column) const
+{
+    const auto alignment = view_.model()->index(row, viewColumn(column)).data(Qt::TextAlignmentRole);
+    return alignment.value<Qt::Alignment>().testFlag(Qt::AlignRight);
 }
 
 QAccessibleInterface* GridAccessible::child(int index) const

@@ -26,6 +26,8 @@ public:
     int viewColumn(int column) const { return shownColumns().value(column, -1); }
     QString headerText(int column) const;
     QString cellText(int row, int column) const;
+    /// Whether the cell's text is a number, which stands at the right.
+    bool isNumber(int row, int column) const;
 
     int childCount() const override { return columnCount() + rowCount(); }
     QAccessibleInterface* child(int index) const override;
