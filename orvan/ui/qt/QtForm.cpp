@@ -153,7 +153,7 @@ QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform)
     doSetCaption();
     QWidget* front = windowInFront();
     const QScreen* screen = front ? front->screen() : QApplication::primaryScreen();
-    window_->resize(fitToContents(*this).boundedTo(screen->availableSize() - kDecoration));
+    window_->resize(fitToContents(*this, screen->availableSize() - kDecoration));
     setInnerSize(toTwips(window_->width()), toTwips(window_->height()));
 }
 

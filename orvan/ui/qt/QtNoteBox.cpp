@@ -146,6 +146,7 @@ private:
             QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
             QPlainTextEdit::keyPressEvent(&enter);
         }
+        EntryWidget::reportSelection(); // Undo moves the caret after its last signal where it ends where it began
     }
     void nativeInput(QInputMethodEvent& input) override { QPlainTextEdit::inputMethodEvent(&input); }
 
