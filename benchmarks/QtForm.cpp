@@ -9,6 +9,7 @@
 #include "orvan/ui/TextEntry.h"
 
 #include <QApplication>
+#include <QPlainTextEdit>
 
 namespace orvan::bench {
 
@@ -58,10 +59,77 @@ Side bare()
             }};
 }
 
+/// A note of 4,000 characters in lines, as a person writes them.
+QString longNote()
+{
+    QString note;
+    while (note.size() < 3'999) {
+        note += note.size() % 80 == 79 ? u'\n' : note.size() % 7 == 6 ? u' ' : note.size() % 31 == 0 ? u'ü' : u'e';
+    }
+    return note;
+}
+
+/// Types a letter in the middle of the note and removes it, in turn.
+Side noteKeys(const std::string& name, const std::shared_ptr<QPlainTextEdit*>& note)
+{
+    return timed(name, [note](benchmark::State& state) {
+        QPlainTextEdit& box = **note;
+        box.setFocus();
+        QTextCursor cursor = box.textCursor();
+        cursor.setPosition(2'000);
+        box.setTextCursor(cursor);
+        bool typed = false;
+        for ([[maybe_unused]] auto _ : state) {
+            typed = !typed;
+            typed ? pressKey(box, Qt::Key_E, QStringLiteral("e"))
+                  : pressKey(box, Qt::Key_Backspace, QStringLiteral("\b"));
+        }
+        if (typed) {
+            pressKey(box, Qt::Key_Backspace, QStringLiteral("\b"));
+        }
+    });
+}
+
+Side noteInForm()
+{
+    const auto note = std::make_shared<QPlainTextEdit*>();
+    const Side loop = noteKeys("", note);
+    return {"", [=, manager = sampleManager(1'000)] {
+                double figure = 0;
+                manager->GetProduct(1)->SetNote(longNote().toStdString());
+                editInWindow(manager, [&](ui::Form& form) {
+                    *note = &widgetIn<QPlainTextEdit, ui::TextBox>(form, "txtNote");
+                    figure = loop.repeat();
+                    requireSame(manager->GetProduct(1)->Note(), longNote().toStdString(), "the note is as it was");
+                });
+                return figure;
+            }};
+}
+
+Side bareNote()
+{
+    const auto window = std::make_shared<QWidget>();
+    const auto note = std::make_shared<QPlainTextEdit*>(new QPlainTextEdit(longNote(), window.get()));
+    (*note)->resize(350, 90);
+    window->resize(400, 100);
+    const Side loop = noteKeys("QPlainTextEdit", note);
+    return {"QPlainTextEdit", [window, loop] {
+                window->show();
+                window->activateWindow();
+                QApplication::processEvents();
+                const double figure = loop.repeat();
+                window->hide();
+                return figure;
+            }};
+}
+
 } // namespace
 
 void addQtForm(Suite& suite)
 {
+    suite.add(Row{"D keystroke in a note of 4,000 characters", atMostTimes(2), [] {
+                      return Sides{noteInForm(), bareNote()};
+                  }});
     for (const std::size_t products : {1'000U, 100'000U}) {
         suite.add(Row{"D keystroke in the window, " + groupedNumber(products), atMostTimes(1.4), [=] {
                           return Sides{inForm("", products), bare()};

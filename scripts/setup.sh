@@ -6,7 +6,8 @@ run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsql
               qt6-l10n-tools qt6-translations-l10n)
 test_packages=("${run_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox strace desktop-file-utils appstream shared-mime-info
-               poppler-utils) # poppler-utils: reads the text of a printed quote
+               poppler-utils # reads the text of a printed quote
+               dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi) # these four: assistive technology
 lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev shellcheck)
 fuzz_packages=("${run_packages[@]}" ccache clang libclang-rt-dev llvm) # llvm: finds the source line of a fault
 # For ./test portable. googletest has GoogleTest's sources, which are needed because the installed library was built for

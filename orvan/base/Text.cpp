@@ -1,5 +1,8 @@
 #include "orvan/base/Text.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace orvan {
 
 namespace {
@@ -21,6 +24,17 @@ std::size_t sizeByLeadByte(unsigned char lead)
 bool isContinuation(char c)
 {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+/// How many of the next eight bytes can be skipped at once: all if they are ASCII, else none.
+std::size_t asciiBytes(std::string_view text, std::size_t at)
+{
+    std::uint64_t bytes = 0;
+    if (text.size() - at < sizeof bytes) {
+        return 0;
+    }
+    std::memcpy(&bytes, text.data() + at, sizeof bytes);
+    return (bytes & 0x8080808080808080U) == 0 ? sizeof bytes : 0;
 }
 
 } // namespace
@@ -53,8 +67,10 @@ char32_t characterAt(std::string_view text, std::size_t at)
 std::size_t characterCount(std::string_view text)
 {
     std::size_t count = 0;
-    for (std::size_t at = 0; at < text.size(); at += characterSize(text, at)) {
-        ++count;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t ascii = asciiBytes(text, at);
+        at += ascii > 0 ? ascii : characterSize(text, at);
+        count += ascii > 0 ? ascii : 1;
     }
     return count;
 }
@@ -65,8 +81,11 @@ std::string_view firstCharacters(std::string_view text, std::size_t count)
         return text; // every character takes at least one byte
     }
     std::size_t at = 0;
-    for (; count > 0 && at < text.size(); --count) {
-        at += characterSize(text, at);
+    while (count > 0 && at < text.size()) {
+        const std::size_t ascii = asciiBytes(text, at);
+        const bool skips = ascii > 0 && ascii <= count;
+        at += skips ? ascii : characterSize(text, at);
+        count -= skips ? ascii : 1;
     }
     return text.substr(0, at);
 }

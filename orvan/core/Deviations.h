@@ -35,6 +35,7 @@ enum class Deviation {
     gridShowsTheUsersMoney,
     failedRefreshShowsFormerRows,
     halfShownProductIsNotSaved,
+    noteIsAskedAboutOnce,
 };
 
 struct DeviationRow {
@@ -101,6 +102,12 @@ inline constexpr DeviationRow kDeviations[] = {
     {Deviation::halfShownProductIsNotSaved,
      "After an error while a product is loaded, the boxes still show the former one and are saved into this one.",
      "Nothing is saved until a product is shown whole: otherwise one product is overwritten with another."},
+    {Deviation::noteIsAskedAboutOnce,
+     "Each time that an entry is applied to a product with a note, the user is asked about the note, and a key that "
+     "was "
+     "typed for another box answers.",
+     "The user is asked once for an entry while a product is shown; after that the product's note stays. Keys answer "
+     "only when the question has been seen: otherwise quick typists lose their note."},
 };
 
 namespace detail {
@@ -113,7 +120,7 @@ constexpr bool deviationsAreComplete()
             return false;
         }
     }
-    return std::size(kDeviations) == static_cast<std::size_t>(Deviation::halfShownProductIsNotSaved) + 1;
+    return std::size(kDeviations) == static_cast<std::size_t>(Deviation::noteIsAskedAboutOnce) + 1;
 }
 static_assert(deviationsAreComplete());
 

@@ -38,7 +38,8 @@ constexpr ui::ToolDesign kTools[] = {
     {.id = "ID_GotoLast", .caption = "Last", .menu = "ID_Goto", .mnemonic = 'L', .key = "Ctrl+End"},
 };
 
-// The Tab key goes through the fields in reading order, then to the record buttons, then to the two that close.
+// The Tab key goes through the fields in reading order, then to the record buttons, then to the two that close. It
+// leaves out the read-only boxes, in which nobody types; a click or their mnemonic reaches them.
 // clang-format off
 constexpr ui::ControlDesign kControls[] = {
     {.name = "tmrPartNum", .kind = ControlKind::timer},
@@ -74,39 +75,39 @@ constexpr ui::ControlDesign kControls[] = {
     {.name = "lblExtPrice", .kind = ControlKind::label, .parent = kFields, .left = kRightLabels, .top = 1680,
      .width = 975, .height = kRow, .caption = "Ext Price", .mnemonic = 'E', .cell = {.row = 4, .column = 2}},
     {.name = "txtExtPrice", .kind = ControlKind::textBox, .parent = kFields, .left = kRightBoxes, .top = 1680,
-     .width = kRightWidth, .height = kRow, .tabIndex = 5, .readOnly = true, .alignment = Alignment::right,
+     .width = kRightWidth, .height = kRow, .readOnly = true, .alignment = Alignment::right,
      .cell = {.row = 4, .column = 3}},
     {.name = "lblNote", .kind = ControlKind::label, .parent = kFields, .left = kLabels, .top = 2085,
      .width = 975, .height = kRow, .caption = "Note", .mnemonic = 'N', .cell = {.row = 5}},
     {.name = "txtNote", .kind = ControlKind::textBox, .parent = kFields, .left = kBoxes, .top = 2085,
-     .width = 5025, .height = 1335, .tabIndex = 6, .multiLine = true,
+     .width = 5025, .height = 1335, .tabIndex = 5, .multiLine = true,
      .cell = {.row = 5, .column = 1, .columnSpan = 3, .stretch = true}},
     {.name = "Line1", .kind = ControlKind::line, .parent = kFields, .left = kLabels, .top = 3510, .width = 6060,
      .height = 15, .cell = {.row = 6, .columnSpan = 4}},
     {.name = "lblTotal", .kind = ControlKind::label, .parent = kFields, .left = kRightLabels, .top = 3615,
      .width = 975, .height = kRow, .caption = "Total", .mnemonic = 'T', .cell = {.row = 7, .column = 2}},
     {.name = "txtTotal", .kind = ControlKind::textBox, .parent = kFields, .left = kRightBoxes, .top = 3615,
-     .width = kRightWidth, .height = kRow, .tabIndex = 7, .readOnly = true, .alignment = Alignment::right,
+     .width = kRightWidth, .height = kRow, .readOnly = true, .announced = true, .alignment = Alignment::right,
      .cell = {.row = 7, .column = 3}},
 
     {.name = kRecord, .kind = ControlKind::frame, .left = 240, .top = 4620, .width = 2595, .height = kButton},
     {.name = "cmdGotoFirst", .kind = ControlKind::button, .parent = kRecord, .width = kButton, .height = kButton,
-     .toolTip = "Go to first product", .picture = "first", .tabIndex = 8},
+     .toolTip = "Go to first product", .picture = "first", .tabIndex = 6},
     {.name = "cmdPrevious", .kind = ControlKind::button, .parent = kRecord, .left = kButtonStep, .width = kButton,
-     .height = kButton, .toolTip = "Go to previous product", .picture = "previous", .tabIndex = 9},
+     .height = kButton, .toolTip = "Go to previous product", .picture = "previous", .tabIndex = 7},
     {.name = "cmdNext", .kind = ControlKind::button, .parent = kRecord, .left = 2 * kButtonStep, .width = kButton,
-     .height = kButton, .toolTip = "Go to next product", .picture = "next", .tabIndex = 10},
+     .height = kButton, .toolTip = "Go to next product", .picture = "next", .tabIndex = 8},
     {.name = "cmdGotoLast", .kind = ControlKind::button, .parent = kRecord, .left = 3 * kButtonStep, .width = kButton,
-     .height = kButton, .toolTip = "Go to last product", .picture = "last", .tabIndex = 11},
+     .height = kButton, .toolTip = "Go to last product", .picture = "last", .tabIndex = 9},
     {.name = "cmdNew", .kind = ControlKind::button, .parent = kRecord, .left = 1800, .width = kButton,
-     .height = kButton, .toolTip = "Add new product", .picture = "add", .tabIndex = 12},
+     .height = kButton, .toolTip = "Add new product", .picture = "add", .tabIndex = 10},
     {.name = "cmdDelete", .kind = ControlKind::button, .parent = kRecord, .left = 1800 + kButtonStep, .width = kButton,
-     .height = kButton, .toolTip = "Delete current product", .picture = "delete", .tabIndex = 13},
+     .height = kButton, .toolTip = "Delete current product", .picture = "delete", .tabIndex = 11},
 
     {.name = "cmdSaveClose", .kind = ControlKind::button, .left = 3840, .top = 4620, .width = 1560, .height = kButton,
-     .caption = "Save && Close", .mnemonic = 'S', .picture = "save", .tabIndex = 14},
+     .caption = "Save && Close", .mnemonic = 'S', .picture = "save", .tabIndex = 12},
     {.name = "cmdCancel", .kind = ControlKind::button, .left = 5520, .top = 4620, .width = 1200, .height = kButton,
-     .caption = "Cancel", .mnemonic = 'C', .picture = "cancel", .tabIndex = 15, .cancels = true},
+     .caption = "Cancel", .mnemonic = 'C', .picture = "cancel", .tabIndex = 13, .cancels = true},
 };
 // clang-format on
 

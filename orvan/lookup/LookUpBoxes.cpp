@@ -110,7 +110,13 @@ void LookUpBoxes::takeEvents(const Box& box)
     handlers_.set(box.combo.onChange, [this, &box] { changed(box); });
     handlers_.set(box.combo.onClick, [this, &box] { clicked(box); });
     handlers_.set(box.combo.onKeyPress, [this, &box](std::int16_t& KeyAscii) { keyPressed(box, KeyAscii); });
-    handlers_.set(box.combo.onLostFocus, [this, &box] { lostFocus(box); });
+    handlers_.set(box.combo.onLostFocus, [this, &box] {
+        box.combo.setRemark({});
+        lostFocus(box);
+    });
+    handlers_.set(box.combo.onShowColumns, [this, &box](std::int32_t row, std::vector<std::string>& columns) {
+        showColumns(box, row, columns);
+    });
     handlers_.set(box.timer.onTimer, [this, &box] { timerFired(box); });
 }
 
@@ -133,6 +139,7 @@ void LookUpBoxes::changed(const Box& box)
             state_.*box.kind.left = false;
         }
         if (!state_.bLkpBusy) {
+            box.combo.setRemark({});
             if (box.kind.typingWants) {
                 state_.*box.kind.wanted = true;
             }
@@ -151,6 +158,7 @@ void LookUpBoxes::clicked(const Box& box)
 {
     session_.handleEvent(box.kind.clickLabel, [&] {
         if (box.combo.listIndex() >= 0) {
+            box.combo.setRemark({});
             makePending(box, box.combo.listIndex());
             state_.*box.kind.wanted = true;
             session_.PrvSetDirty(true);
@@ -195,11 +203,12 @@ void LookUpBoxes::seekAndApply(const Box& box, const std::function<std::int32_t(
 {
     const ResumeNext<false> step;
     const ScopedFlag busy(state_.bLkpBusy);
-    step([&] { catalogue()->SeekItem(itemId()); });
+    std::int32_t sought = -1;
+    step([&] { catalogue()->SeekItem(sought = itemId()); });
     bool noEntry = false;
     step([&] { noEntry = catalogue()->IsEOF(); });
     if (!noEntry) { // otherwise the row stays pending, and the next time that the box is left tries it again
-        applyEntry(box);
+        applyEntry(box, sought);
     }
 }
 
@@ -237,9 +246,10 @@ bool LookUpBoxes::pendingRowIsFor(const Box& box) const
 
 // While the note question waits, the form may be unloaded and the session end: the steps that need the form or
 // the session then fail, too, and are skipped.
-void LookUpBoxes::applyEntry(const Box& box)
+void LookUpBoxes::applyEntry(const Box& box, std::int32_t itemId)
 {
     const ResumeNext<false> step;
+    const ScopedFlag applying(applying_);
     // A column that cannot be read is applied as 0 or an empty text.
     Currency unitPrice;
     std::string partNum, key, note, name;
@@ -263,7 +273,7 @@ void LookUpBoxes::applyEntry(const Box& box)
     step([&] { ask = !session_.currentProduct()->Note().empty(); });
     bool takeNote = true; // stays true where the question itself fails
     if (ask) {
-        step([&] { takeNote = wantsNote(); });
+        step([&] { takeNote = wantsNote(itemId); });
     }
     if (takeNote) {
         step([&] { session_.currentProduct()->SetNote(note); });
@@ -280,19 +290,30 @@ void LookUpBoxes::applyEntry(const Box& box)
     }
 }
 
-bool LookUpBoxes::wantsNote()
+bool LookUpBoxes::wantsNote(std::int32_t itemId)
 {
+    const bool once = differs(session_.platform(), Deviation::noteIsAskedAboutOnce);
+    if (once && std::find(askedAbout_.begin(), askedAbout_.end(), itemId) != askedAbout_.end()) {
+        return false;
+    }
+    askedAbout_.push_back(itemId);
     return session_.platform().messageBox().show(
                {.text = userText("Would you like to overwrite the current contents of the "
                                  "product note field with the contents from the product "
                                  "look-up?"),
                 .buttons = ui::MessageButtons::yesNo,
                 .icon = ui::MessageIcon::question,
-                .ownerWindow = session_.window()}) == ui::MessageResult::yes;
+                .ownerWindow = session_.window(),
+                .ignoresTypeAhead = once}) == ui::MessageResult::yes;
 }
 
 void LookUpBoxes::forgetFormerText()
 {
+    if (!applying_) {
+        askedAbout_.clear();
+    }
+    productName_.combo.setRemark({});
+    partNum_.combo.setRemark({});
     if (differs(session_.platform(), Deviation::onlyUserTextIsLookedUp)) {
         for (const Box* box : {&productName_, &partNum_}) {
             box->timer.setEnabled(false);

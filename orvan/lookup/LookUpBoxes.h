@@ -44,7 +44,8 @@ public:
 
     /// Called when the session is set up: no row is pending from then on.
     void forgetPendingRow() { state_.lLkpListIdx = -1; }
-    /// A product is about to be shown: what was typed before belongs to the former text of the boxes.
+    /// A product is about to be shown, perhaps the same one again: what was typed before belongs to the former text of
+    /// the boxes.
     void forgetFormerText();
     /// Fill the boxes' lists; called once, while the form is empty. They raise what the catalogue raises.
     void PrvFillProductNameList() { fillList(productName_); }
@@ -87,14 +88,18 @@ private:
     /// Applies the entry that the typed text means, where it means one.
     void searchOnLeaving(const Box& box);
     /// Copies the catalogue's current entry into the current product; each failing step is skipped.
-    void applyEntry(const Box& box);
+    void applyEntry(const Box& box, std::int32_t itemId);
     /// Whether the user wants the catalogue's note in place of the product's own.
-    [[nodiscard]] bool wantsNote();
+    [[nodiscard]] bool wantsNote(std::int32_t itemId);
 
     void fillList(const Box& box);
     void showMatches(const Box& box, const std::vector<LookUpRow>& rows);
     void showWholeList(const Box& box);
     static void addRows(const Box& box, const std::vector<LookUpRow>& rows);
+    /// What the list that drops down shows of a row: part number, name and price.
+    void showColumns(const Box& box, std::int32_t row, std::vector<std::string>& columns) const;
+    /// Says beside the text how many entries match it.
+    void showMatchCount(const Box& box, std::size_t count) const;
 
     /// Returns a shared pointer, because a call to the catalogue may end the session, which then releases its own.
     /// Raises 91 where there is no catalogue.
@@ -108,7 +113,9 @@ private:
     Box partNum_;
     Box productName_;
     State state_;
-    const Box* pendingBox_ = nullptr; ///< The box that made the pending row.
+    const Box* pendingBox_ = nullptr;      ///< The box that made the pending row.
+    bool applying_ = false;                ///< An entry is being applied to the product that is shown.
+    std::vector<std::int32_t> askedAbout_; ///< The entries about whose notes the user was asked for this product.
     ScopedHandlers handlers_;
 };
 

@@ -3,6 +3,7 @@
 
 #include "orvan/base/Text.h"
 #include "orvan/core/Deviations.h"
+#include "orvan/core/modConversion.h"
 #include "orvan/lookup/BusyPointer.h"
 #include "orvan/lookup/LookUpKind.h"
 #include "orvan/ui/ComboBox.h"
@@ -11,10 +12,13 @@
 #include "orvan/ui/Timer.h"
 
 #include <optional>
+#include <utility>
 
 namespace orvan {
 
 namespace {
+
+constexpr std::int16_t kPriceDigits = 2;
 
 std::int32_t length(const std::string& text)
 {
@@ -40,11 +44,13 @@ void LookUpBoxes::timerFired(const Box& box)
         if (box.kind.busyPointer) {
             pointer.PrvSetBusyPointer();
         }
-        if (const LookUpList matches = list(box, box.combo.text(), false)) {
+        const LookUpList matches = list(box, box.combo.text(), false);
+        if (matches) {
             showMatches(box, *matches);
         } else {
             showWholeList(box);
         }
+        showMatchCount(box, matches ? matches->size() : 0);
         state_.bLkpBusy = false;
         pointer.PrvRestorePointer();
     });
@@ -92,6 +98,42 @@ void LookUpBoxes::showWholeList(const Box& box)
     if (box.kind.paintsRefilled) {
         combo.refresh();
     }
+}
+
+// Only the box that the user is in has a remark: a save finishes the look-up of boxes that have been left.
+void LookUpBoxes::showMatchCount(const Box& box, std::size_t count) const
+{
+    if (!box.combo.hasFocus() || (count == 0 && box.combo.text().empty())) {
+        box.combo.setRemark({});
+        return;
+    }
+    const std::size_t most = productLkpMgr ? productLkpMgr->mostMatches() : 0; // the search may have ended the session
+    const auto number = static_cast<std::int64_t>(count);
+    box.combo.setRemark(count == 0                  ? userText("no match")
+                        : most > 0 && count >= most ? countedText(number, "1 or more match", "%n or more match")
+                                                    : countedText(number, "1 matches", "%n match"));
+}
+
+// Called while the list is painted, so it must not fail: what cannot be read is not shown.
+void LookUpBoxes::showColumns(const Box& box, std::int32_t row, std::vector<std::string>& columns) const
+{
+    const ResumeNext<false> step;
+    step([&] {
+        const auto entry = catalogue()->summary(box.combo.itemData(row));
+        if (!entry) {
+            return;
+        }
+        std::vector<std::string> texts(3);
+        step([&] { texts[0] = toText(entry->partNum); });
+        step([&] { texts[1] = toText(entry->name); });
+        step([&] {
+            ui::LocaleService& locale = session_.platform().locale();
+            texts[2] = FormatCurrencyValue(locale, toCurrency(entry->unitPrice, locale), kPriceDigits,
+                                           session_.locale.currencySymbol, true);
+        });
+        texts[&box == &partNum_ ? 0 : 1] = box.combo.itemText(row); // as it goes into the box
+        columns = std::move(texts);
+    });
 }
 
 void LookUpBoxes::fillList(const Box& box)

@@ -36,6 +36,13 @@ using LookUpValue = SafeVariant<std::monostate, std::int64_t, double, Currency, 
 /// Columns of the current entry that the editor reads.
 enum class LookUpColumn : std::int32_t { name = 3, key = 4, partNum = 5, unitPrice = 6, note = 7 };
 
+/// What the list that drops down shows of an entry. Null, or an empty text, is shown as nothing.
+struct LookUpSummary {
+    LookUpValue partNum;
+    LookUpValue name;
+    LookUpValue unitPrice;
+};
+
 class ORVAN_EXPORT ProductLkpMgr : public ui::Component {
 public:
     /// The entries whose part number begins with sText. The best completion comes first: row 0's text begins with
@@ -50,6 +57,13 @@ public:
     [[nodiscard]] virtual bool IsEOF() = 0;
     /// The column's value of the current entry.
     [[nodiscard]] virtual LookUpValue GetFieldValue(std::int32_t column) = 0;
+
+    // A catalogue can do without the following: the lists then show the texts of their rows alone.
+
+    /// The entry with this id, for showing it in a list. The current entry stays what it is.
+    [[nodiscard]] virtual std::optional<LookUpSummary> summary(std::int64_t /*itemId*/) { return std::nullopt; }
+    /// The most rows of a list of matches, which leaves out further ones; 0: a list has all matches.
+    [[nodiscard]] virtual std::size_t mostMatches() const { return 0; }
 };
 
 } // namespace orvan

@@ -32,6 +32,24 @@ void ComboBox::clear()
     doListChanged();
 }
 
+void ComboBox::setRemark(UserText remark)
+{
+    const bool same = remark == remark_.english();
+    remark_ = std::move(remark);
+    if (!same) {
+        doShowRemark();
+    }
+}
+
+std::vector<std::string> ComboBox::columns(std::int32_t row) const
+{
+    std::vector<std::string> shown;
+    if (row >= 0 && row < count()) {
+        raise(onShowColumns, row, shown);
+    }
+    return shown;
+}
+
 void ComboBox::userChoseRow(std::int32_t row)
 {
     replaceText(itemText(row));

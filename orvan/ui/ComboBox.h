@@ -6,6 +6,7 @@
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/base/UserText.h"
 #include "orvan/ui/TextEntry.h"
 
 #include <vector>
@@ -32,12 +33,23 @@ public:
     /// If the list is open, shows the rows as they are now.
     void refresh() { doListChanged(); }
 
+    /// A quiet word about the text, such as how many rows match it; shown at the end of the box. Empty: none.
+    const UserText& remark() const { return remark_; }
+    void setRemark(UserText remark);
+
+    /// What the list that drops down shows of a row. Where there is no handler, or it adds no text, that is the row's
+    /// text. The handler is called for each row that comes into view; it must not fail.
+    std::function<void(std::int32_t row, std::vector<std::string>& columns)> onShowColumns;
+    std::vector<std::string> columns(std::int32_t row) const;
+
     /// The user chose a row of the list. The text is that of the row by then, and onChange is not raised.
     std::function<void()> onClick;
 
 protected:
     /// The rows have changed: the platform shows them now if the list is open, else when it is opened next.
     virtual void doListChanged() = 0;
+    /// The platform shows remark().
+    virtual void doShowRemark() = 0;
     /// The platform reports that the user chose a row. Raises onClick.
     void userChoseRow(std::int32_t row);
     void textChanged() override { listIndex_ = -1; }
@@ -53,6 +65,7 @@ private:
 
     std::vector<Row> rows_;
     std::int32_t listIndex_ = -1;
+    UserText remark_;
 };
 
 } // namespace orvan::ui

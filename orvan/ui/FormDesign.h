@@ -51,7 +51,7 @@ struct ControlDesign {
     float top = 0;
     float width = 0;
     float height = 0;
-    std::string_view caption = {}; ///< "&&" shows one ampersand. Of a tool bar or a menu: its name.
+    std::string_view caption = {}; ///< "&&" shows one ampersand. Of a tool bar, a menu or a grid: its name.
     char mnemonic = 0;             ///< Alt with this letter presses a button; of a label, goes to its control. 0: none.
     std::string_view toolTip = {};
     std::string_view picture = {}; ///< A button's picture by name: "add", "delete", "up", "first", "save", ...
@@ -59,6 +59,7 @@ struct ControlDesign {
     bool cancels = false;          ///< A button: Escape presses it, whatever control has the focus.
     bool readOnly = false;         ///< Text boxes: the user can select and copy, not change.
     bool multiLine = false;        ///< Text boxes: Enter makes a new line, long lines are wrapped.
+    bool announced = false;        ///< Text boxes: when the text has changed, a screen reader says it.
     TextUse use = TextUse::plain;
     Alignment alignment = Alignment::left;
     LayoutCell cell = {};

@@ -25,6 +25,9 @@ struct Message {
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::information;
     std::int32_t ownerWindow = 0; ///< A handle that ContainerSite::parentWindow or Form::window gave; 0: no owner.
+    /// Keys that the user pressed before the box could be seen, and those that follow them without a pause, answer
+    /// nothing.
+    bool ignoresTypeAhead = false;
 };
 
 class MessageBox {

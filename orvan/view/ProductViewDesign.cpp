@@ -84,8 +84,8 @@ constexpr auto kMenuTwo = menuTools(ProductColumns::Two);
 
 // clang-format off
 constexpr ui::ControlDesign kControls[] = {
-    {.name = "flexGrid", .kind = ControlKind::grid, .width = 6000, .height = 2565, .tabIndex = 0,
-     .gridColumns = ProductColumns::kColumnCount},
+    {.name = "flexGrid", .kind = ControlKind::grid, .width = 6000, .height = 2565, .caption = "Products",
+     .tabIndex = 0, .gridColumns = ProductColumns::kColumnCount},
     {.name = kLeft, .kind = ControlKind::frame, .top = 2625, .width = 2850, .height = kButton},
     {.name = "lblTotal", .kind = ControlKind::label, .parent = kLeft, .left = 60, .width = 600, .height = kButton,
      .caption = "Total"},

@@ -171,7 +171,9 @@ TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
             catalogueFactory({.file = file(), .report = [&](const UserText& text) { told.push_back(text.english()); }});
         const auto openBefore = std::dynamic_pointer_cast<ProductLkpMgr>(create());
         openBefore->SeekItem(1);
-        EXPECT_FALSE(openBefore->IsEOF());
+        EXPECT_TRUE(openBefore->summary(1) && !openBefore->summary(99)) << "what the list that drops down shows";
+        EXPECT_EQ(openBefore->mostMatches(), 250U);
+        EXPECT_FALSE(openBefore->IsEOF()) << "still the entry that was sought";
         row.spoil(file());
         const test::Raised raised = raisedBy([&] { SqliteCatalogue({.file = file()}); });
         EXPECT_EQ(raised.number, row.number);

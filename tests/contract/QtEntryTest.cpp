@@ -75,6 +75,58 @@ void pasteByMenu(QWidget& widget, const char* text)
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+/// What a widget shows for a text of the library: one line end, one replacement for each stray byte.
+QString shownFor(std::string text)
+{
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;) {
+        text.replace(at, 2, "\n");
+    }
+    return QString::fromStdString(text);
+}
+
+TEST_F(QtEntryTest, ALongNoteIsWhatTheUserSeesAfterAnyEdit)
+{
+    const std::pair<const char*, std::string> lines[] = {{"plain", "eight ch\n"},
+                                                         {"of Windows", "zwölf Zeichen\r\n"},
+                                                         {"two units", "a\U0001F600b\n"},
+                                                         {"stray", "a\xFF\n"}};
+    auto& widget = driver.widget<QPlainTextEdit>("note");
+    ui::TextEntry& note = entry("note");
+    for (const auto& [name, line] : lines) {
+        SCOPED_TRACE(name);
+        std::string text;
+        for (int count = 0; count < 60; ++count) {
+            text += line;
+        }
+        note.setMaxLength(2000);
+        note.setText(text);
+        QtDriver::focus(note);
+        unsigned random = 7;
+        const auto below = [&](int limit) {
+            random = random * 1'664'525U + 1'013'904'223U;
+            return static_cast<int>((random >> 8U) % static_cast<unsigned>(limit));
+        };
+        const char* const typed[] = {"x", "ü", "\n", "\b", "\x7F", "\U0001F601"};
+        for (int edit = 0; edit < 200; ++edit) {
+            QTextCursor cursor = widget.textCursor();
+            const int at = below(widget.document()->characterCount());
+            cursor.setPosition(widget.document()->characterAt(at).isLowSurrogate() ? at - 1 : at);
+            if (below(4) == 0) {
+                cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor, below(30));
+            }
+            widget.setTextCursor(cursor);
+            const int kind = below(9);
+            kind < 6    ? driver.type(note, typed[kind])
+            : kind == 6 ? driver.paste(note, "p\nq")
+                        : driver.pressControl(note, kind == 7 ? 'Z' : 'X');
+            ASSERT_EQ(widget.toPlainText().toStdString(), shownFor(note.text()).toStdString()) << edit;
+            const QString before = shownFor(note.text()).left(widget.textCursor().selectionStart());
+            const qsizetype ends = note.text().find("\r\n") == std::string::npos ? 0 : before.count(u'\n');
+            ASSERT_EQ(note.selectionStart(), before.toUcs4().size() + ends) << edit;
+        }
+    }
+}
+
 TEST_F(QtEntryTest, EveryWayIntoABoxKeepsItsFilterAndItsLimit)
 {
     for (const char* name : {"line", "combo", "note"}) {

@@ -232,5 +232,25 @@ TEST_F(QtFormTest, NothingOverlapsOrIsCutWhateverTheFont)
     QApplication::setFont(font);
 }
 
+TEST_F(QtFormTest, ButtonsLoseTheirPicturesWhereTheScreenIsTooNarrow)
+{
+    constexpr float kWiderThanTheScreen = 30'000;
+    for (const float width : {3'000.0F, kWiderThanTheScreen}) {
+        // clang-format off
+        const ui::ControlDesign controls[] = {
+            {.name = "save", .kind = ui::ControlKind::button, .left = width - 2'000, .width = 1'900, .height = 375,
+             .caption = "Save", .picture = "save", .tabIndex = 0},
+        };
+        // clang-format on
+        const ui::FormDesign design{.name = "Wide", .width = width, .height = 600, .controls = controls};
+        const auto wide = driver.platform().loadForm(design);
+        auto& button = wide->control<ui::Button>("save");
+        const bool squeezed = width == kWiderThanTheScreen;
+        EXPECT_EQ(dynamic_cast<QPushButton*>(widgetOf(button))->icon().isNull(), squeezed);
+        EXPECT_EQ(button.width() < 1'900, squeezed);
+        EXPECT_LE(wide->innerWidth(), toTwips(QApplication::primaryScreen()->availableSize().width()));
+    }
+}
+
 } // namespace
 } // namespace orvan::contract

@@ -28,6 +28,7 @@ struct SmallCatalogue final : ProductLkpMgr {
         std::int64_t id;
         std::string name, key, partNum;
         std::int64_t price;
+        std::string note = {};
     };
     explicit SmallCatalogue(const bool& failing) : fails(failing) {}
 
@@ -54,13 +55,15 @@ struct SmallCatalogue final : ProductLkpMgr {
     bool IsEOF() override { return current == entries.end(); }
     LookUpValue GetFieldValue(std::int32_t column) override
     {
-        const LookUpValue values[] = {current->name, current->key, current->partNum, current->price, ""};
+        const LookUpValue values[] = {current->name, current->key, current->partNum, current->price, current->note};
         return values[column - 3];
     }
 
     const bool& fails;
-    const std::vector<Entry> entries{
-        {11, "Ab", "K1", "AB", 5}, {12, "Abacus", "K2", "AB-1", 10}, {13, "Saw", "K3", "400", 20}};
+    const std::vector<Entry> entries{{11, "Ab", "K1", "AB", 5},
+                                     {12, "Abacus", "K2", "AB-1", 10},
+                                     {13, "Saw", "K3", "400", 20},
+                                     {14, "Vise", "K4", "V-1", 30, "heavy"}};
     std::vector<Entry>::const_iterator current = entries.end();
 };
 
@@ -72,17 +75,17 @@ public:
         registry.registerClass(std::string(kProductLkpMgrClassName),
                                [this] { return std::make_shared<SmallCatalogue>(catalogueFails); });
         platform.messageBox().onWaiting = [this](const ui::Message& message) {
-            platform.messageBox().answer(message.buttons == ui::MessageButtons::ok      ? ui::MessageResult::ok
-                                         : message.buttons == ui::MessageButtons::yesNo ? ui::MessageResult::yes
-                                         : message.text.english().starts_with("Are you sure")     ? ui::MessageResult::yes
-                                                                                        : answer);
+            platform.messageBox().answer(message.buttons == ui::MessageButtons::ok            ? ui::MessageResult::ok
+                                         : message.buttons == ui::MessageButtons::yesNo       ? ui::MessageResult::yes
+                                         : message.text.english().starts_with("Are you sure") ? ui::MessageResult::yes
+                                                                                              : answer);
         };
     }
 
     /// "cmdNext" clicks, "ID_GotoNext" chooses from the menu, "txtQty" and "cboPartNum" put the focus there, "txtQty=3"
-    /// types, "+500" lets time pass, "Yes", "No" and "Cancel" answer the question whether to save from now on, "limit"
-    /// makes the list too large, "broken" and "mended" are the catalogue, "frozen" lets no list be put back, "fail2"
-    /// lets the manager fail at its second call from now.
+    /// types, "cboPartNum=*A" types over the text, "+500" lets time pass, "Yes", "No" and "Cancel" answer the question
+    /// whether to save from now on, "limit" makes the list too large, "broken" and "mended" are the catalogue, "frozen"
+    /// lets no list be put back, "fail2" lets the manager fail at its second call from now.
     void act(FormDriver& form, const std::string& word)
     {
         const std::size_t equals = word.find('=');
@@ -110,7 +113,11 @@ public:
             form.focus(word);
         } else if (word.starts_with("cbo")) {
             const std::string typed = word.substr(equals + 1);
-            form.comboBox(word.substr(0, equals)).type(typed == "<enter>" ? "\n" : typed);
+            auto& box = form.comboBox(word.substr(0, equals));
+            if (typed[0] == '*') {
+                box.select(0, static_cast<std::int32_t>(box.text().size()));
+            }
+            box.type(typed == "<enter>" ? "\n" : typed.substr(typed[0] == '*' ? 1 : 0));
         } else {
             form.textBox(word.substr(0, equals)).type(word.substr(equals + 1));
         }
@@ -211,6 +218,10 @@ TEST_F(DeviationsTest, LookingUp)
          " open dirty 1~Ab:K1:AB:5:2:0:10:~"},
         {"partNumberIsSearchedOnLeaving: several begin so", empty, "cboPartNum=A txtQty +500", " open dirty 1~:::489:2:0:978:~",
          " open dirty 1~:::489:2:0:978:~"},
+        {"noteIsAskedAboutOnce", "2~:::489:2:0:978:old~:::7:1:0:7:own~",
+         "cboPartNum=V +500 txtQty cboPartNum=*V +500 txtQty cmdNext cboPartNum=V +500 txtQty",
+         "??? open dirty 2~Vise:K4:V-1:30:2:0:60:heavy~Vise:K4:V-1:30:1:0:30:heavy~",
+         "?? open dirty 2~Vise:K4:V-1:30:2:0:60:heavy~Vise:K4:V-1:30:1:0:30:heavy~"},
         {"lookUpGoesOnAfterAnError", empty, "broken cboProductName=A Cancel +500 mended cboProductName=b +500 txtQty",
          "em open dirty 1~:::489:2:0:978:~",
          "em open dirty 1~Ab:K1:AB:5:2:0:10:~"},

@@ -51,6 +51,12 @@ struct ScriptedCatalogue final : ProductLkpMgr {
         return columns.at(static_cast<std::size_t>(column - 3));
     }
 
+    std::optional<LookUpSummary> summary(std::int64_t itemId) override
+    {
+        return itemId == 11 ? std::optional(LookUpSummary{columns[2], columns[0], columns[3]}) : std::nullopt;
+    }
+    std::size_t mostMatches() const override { return 3; }
+
     Script& script;
     LookUpList matches, all;
     std::int32_t sought = -1;

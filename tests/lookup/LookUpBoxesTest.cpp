@@ -62,6 +62,75 @@ TEST(LookUpTimers, CompleteTheTextAndRefillTheList)
     }
 }
 
+TEST(LookUpTimers, SayHowManyEntriesMatchAsLongAsTheUserIsInTheBox)
+{
+    struct Row {
+        const char *name, *typed;
+        LookUpList matches;
+        const char* remark;
+    };
+    const LookUpRow one{11, "ABC"};
+    const Row rows[] = {
+        {"one", "AB", {{one}}, "1 matches"},
+        {"two", "AB", {{one, one}}, "2 match"},
+        {"the catalogue has more", "AB", {{one, one, one}}, "3 or more match"},
+        {"none", "zz", {}, "no match"},
+        {"nothing is typed", "", {}, ""},
+    };
+    for (const bool part : {true, false}) {
+        forEachRow(rows, [&](const Row& row) {
+            LookUpBench bench(part);
+            bench.catalogue->matches = row.matches;
+            bench.box.type(std::string("x").append(row.typed));
+            bench.box.select(0, 1);
+            bench.box.backspace();
+            bench.platform().clock().advance(499);
+            EXPECT_EQ(bench.box.remark(), "");
+            bench.platform().clock().advance(1);
+            EXPECT_EQ(bench.box.remark(), row.remark);
+            bench.box.type("B");
+            EXPECT_EQ(bench.box.remark(), "") << "it was about another text";
+            bench.platform().clock().advance(500);
+            bench.form.focus("txtQty");
+            EXPECT_EQ(bench.box.remark(), "");
+        });
+    }
+}
+
+TEST(LookUpLists, ShowPartNumberNameAndPriceOfARow)
+{
+    struct Row {
+        const char* name;
+        LookUpRow entry;
+        LookUpValue partNum, productName, price;
+        std::vector<std::string> part, named;
+    };
+    const Row rows[] = {
+        {"all columns",
+         {11, "AB"},
+         "ABC-1",
+         "Desk",
+         "1,234.50",
+         {"AB", "Desk", "$1,234.50"},
+         {"ABC-1", "AB", "$1,234.50"}},
+        {"Null and no amount", {11, "AB"}, {}, {}, "much", {"AB", "", ""}, {"", "AB", ""}},
+        {"an entry that is gone", {12, "AB"}, "ABC-1", "Desk", "1", {}, {}},
+    };
+    for (const bool part : {true, false}) {
+        forEachRow(rows, [&](const Row& row) {
+            LookUpBench bench(part);
+            bench.locale.currencySymbol = "$";
+            bench.catalogue->all = LookUpList{{row.entry}};
+            bench.catalogue->columns = {row.productName, {}, row.partNum, row.price};
+            part ? bench.boxes.PrvFillPartNumList() : bench.boxes.PrvFillProductNameList();
+            EXPECT_EQ(bench.box.columns(0), part ? row.part : row.named);
+            EXPECT_EQ(bench.box.itemText(0), "AB") << "what goes into the box";
+            bench.close();
+            EXPECT_TRUE(bench.box.columns(0).empty()) << "after the session";
+        });
+    }
+}
+
 TEST(LookUpTimers, AnErrorClosesTheDialogUnderTheUsersPointer)
 {
     struct Row {

@@ -154,11 +154,26 @@ LookUpList SqliteCatalogue::GetProductNameList(std::string_view sText, bool all)
 void SqliteCatalogue::SeekItem(std::int32_t itemId)
 {
     entry_.clear();
-    SqliteRows found = file().entry.query(std::int64_t{itemId});
-    if (!found.next()) {
-        return;
+    entry_ = read(itemId);
+}
+
+std::optional<LookUpSummary> SqliteCatalogue::summary(std::int64_t itemId)
+{
+    const std::vector<LookUpValue> values = read(itemId);
+    if (values.empty()) {
+        return std::nullopt;
     }
+    const auto value = [&](LookUpColumn column) { return values[static_cast<std::size_t>(column)]; };
+    return LookUpSummary{value(LookUpColumn::partNum), value(LookUpColumn::name), value(LookUpColumn::unitPrice)};
+}
+
+std::vector<LookUpValue> SqliteCatalogue::read(std::int64_t itemId)
+{
     std::vector<LookUpValue> values;
+    SqliteRows found = file().entry.query(itemId);
+    if (!found.next()) {
+        return values;
+    }
     values.reserve(kColumns);
     for (int column = 0; column < kColumns; ++column) {
         values.push_back(valueOf(found, column));
@@ -167,7 +182,7 @@ void SqliteCatalogue::SeekItem(std::int32_t itemId)
     if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {
         unitPrice = Currency::fromScaled(*tenThousandths);
     }
-    entry_ = std::move(values);
+    return values;
 }
 
 LookUpValue SqliteCatalogue::GetFieldValue(std::int32_t column)

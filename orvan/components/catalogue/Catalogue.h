@@ -53,6 +53,8 @@ public:
     void SeekItem(std::int32_t itemId) override;
     bool IsEOF() override { return entry_.empty(); }
     LookUpValue GetFieldValue(std::int32_t column) override;
+    std::optional<LookUpSummary> summary(std::int64_t itemId) override;
+    std::size_t mostMatches() const override { return options_.mostMatches; }
 
 private:
     struct Column;
@@ -60,6 +62,8 @@ private:
 
     File& file();
     LookUpList list(Column File::*column, std::string_view sText, bool all);
+    /// The entry's columns; empty when there is no such entry.
+    std::vector<LookUpValue> read(std::int64_t itemId);
 
     CatalogueOptions options_;
     std::unique_ptr<File> file_;

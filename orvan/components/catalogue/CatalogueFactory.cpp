@@ -67,6 +67,9 @@ public:
     }
     bool IsEOF() override { return inner_->IsEOF(); }
     LookUpValue GetFieldValue(std::int32_t column) override { return inner_->GetFieldValue(column); }
+    // A failure is not reported: the list is being painted, and the next look-up fails, too, and is.
+    std::optional<LookUpSummary> summary(std::int64_t itemId) override { return inner_->summary(itemId); }
+    std::size_t mostMatches() const override { return inner_->mostMatches(); }
 
 private:
     template <class Action>

@@ -137,6 +137,10 @@ public:
     /// How many rows the list has.
     virtual std::int32_t count() const = 0;
     virtual const std::string& itemText(std::int32_t row) const = 0;
+    /// What the open list shows of a row; nothing where that is the row's text.
+    virtual std::vector<std::string> columns(std::int32_t row) const = 0;
+    /// The quiet word at the end of the box, such as "3 match".
+    virtual std::string remark() const = 0;
 };
 
 /// The controls of a form or a list view, by name. Raises 424 for a name that no control has, and 13 for a control of

@@ -97,9 +97,12 @@ public:
     void chooseRow(std::int32_t row) override;
     std::int32_t count() const override { return ComboBox::count(); }
     const std::string& itemText(std::int32_t row) const override { return ComboBox::itemText(row); }
+    std::vector<std::string> columns(std::int32_t row) const override { return ComboBox::columns(row); }
+    std::string remark() const override { return ComboBox::remark().english(); }
 
 private:
     void doListChanged() override {}
+    void doShowRemark() override {}
 };
 
 } // namespace orvan::headless

@@ -1,9 +1,12 @@
 #include "orvan/ui/qt/EntryLine.h"
 
 #include "orvan/ui/qt/Alignment.h"
+#include "orvan/ui/qt/Assistance.h"
+#include "orvan/ui/qt/Colours.h"
 #include "orvan/ui/qt/Edge.h"
 #include "orvan/ui/qt/QtText.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -28,11 +31,14 @@ namespace {
 
 /// The margin that QLineEdit leaves at each side of its text.
 constexpr int kMargin = 2;
+constexpr int kRemarkSpace = 8; ///< Between the text and the remark.
+constexpr float kRemarkShade = 0.65F;
+constexpr int kSaidAfter = 1000; ///< Milliseconds without a change after which a text is announced.
 
 } // namespace
 
 EntryLine::EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
-    : QLineEdit(parent), EntryWidget(design, platform, false)
+    : QLineEdit(parent), EntryWidget(design, platform, false), announced_(design.announced)
 {
     // Qt counts UTF-16 units and would cut a character in two; the limit is kept in fit() instead.
     setMaxLength(std::numeric_limits<int>::max());
@@ -183,12 +189,54 @@ void EntryLine::initStyleOption(QStyleOptionFrame* option) const
     }
 }
 
+void EntryLine::setRemark(const QString& remark)
+{
+    remark_ = remark;
+    const int width = remark.isEmpty() ? 0 : fontMetrics().horizontalAdvance(remark) + kRemarkSpace;
+    setTextMargins(isRightToLeft() ? width : 0, 0, isRightToLeft() ? 0 : width, 0);
+    setAccessibleDescription(remark);
+    update();
+}
+
+void EntryLine::paintRemark()
+{
+    QPainter painter(this);
+    painter.setPen(between(palette().color(QPalette::Base), palette().color(QPalette::Text), kRemarkShade));
+    const Qt::Alignment end = isRightToLeft() ? Qt::AlignLeft : Qt::AlignRight;
+    painter.drawText(textArea(), static_cast<int>((end | Qt::AlignVCenter).toInt()) | Qt::TextSingleLine, remark_);
+}
+
+void EntryLine::textSet()
+{
+    if (!isVisible()) {
+        said_ = text(); // the window is not shown yet: a screen reader says the text when the user gets to it
+    } else if (text() == said_) {
+        pause_.stop();
+    } else if (QAccessible::isActive()) {
+        pause_.start(kSaidAfter, this);
+    }
+}
+
+void EntryLine::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != pause_.timerId()) {
+        QLineEdit::timerEvent(event);
+        return;
+    }
+    pause_.stop();
+    said_ = text();
+    announce(*this, accessibleName() + u' ' + said_);
+}
+
 void EntryLine::paintEvent(QPaintEvent* event)
 {
     if (isAtRest() && isCut()) {
         paintCut();
     } else {
         QLineEdit::paintEvent(event);
+        if (!remark_.isEmpty()) {
+            paintRemark();
+        }
     }
     if (hasFrame()) {
         paintEdge(*this);

@@ -8,6 +8,7 @@
 
 #include "orvan/ui/qt/QtEntry.h"
 
+#include <QBasicTimer>
 #include <QClipboard>
 #include <QLineEdit>
 
@@ -16,6 +17,9 @@ namespace orvan::qt {
 class EntryLine final : public QLineEdit, public EntryWidget {
 public:
     EntryLine(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform);
+
+    /// Shows a quiet word at the end of the line; the text keeps clear of it. Empty: none.
+    void setRemark(const QString& remark);
 
 protected:
     bool event(QEvent* event) override;
@@ -28,10 +32,17 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void initStyleOption(QStyleOptionFrame* option) const override;
     void paintEvent(QPaintEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     QString heldText() const override { return text(); }
-    void holdText(const QString& text) override { setText(text); }
+    void holdText(const QString& text) override
+    {
+        setText(text);
+        if (announced_) {
+            textSet();
+        }
+    }
     WidgetRange heldSelection() const override;
     void holdSelection(WidgetRange range) override;
     void holdCaretAtStart() override;
@@ -43,6 +54,9 @@ private:
     bool pasteFitting(QClipboard::Mode mode);
     void paintCut();
     QRect textArea() const;
+    void paintRemark();
+    /// Notes that the program has set the text, and announces it when it has stayed the same for a while.
+    void textSet();
     /// Whether nobody edits the text or moves the caret in it at the moment.
     bool isAtRest() const;
     bool isCut() const;
@@ -51,6 +65,10 @@ private:
     /// The caret must still be moved when the line gets the focus. Without the focus nobody sees the caret, and moving
     /// it takes a tenth of the time that showing a text takes.
     bool caretDue_ = false;
+    QString remark_;
+    bool announced_;    ///< A change of the text is announced.
+    QString said_;      ///< The text that was announced, or shown with the window.
+    QBasicTimer pause_; ///< Runs while an announcement waits for the user's typing to pause.
 };
 
 } // namespace orvan::qt

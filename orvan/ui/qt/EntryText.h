@@ -8,10 +8,19 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvan::qt {
+
+/// A change of the widget's text: `removed` units from `from` on have become `added`.
+struct WidgetChange {
+    qsizetype from = 0;
+    qsizetype removed = 0;
+    QString added = {};
+};
 
 class EntryText {
 public:
@@ -22,16 +31,21 @@ public:
     std::string_view lineEnd() const { return lineEnd_; }
     /// Records that the widget holds `shown` for the library's `text`.
     void set(std::string_view text, const QString& shown);
-    /// Records that the widget holds `shown` after an edit of the user.
-    void keep(const QString& shown) { shown_ = shown; }
     const QString& shown() const { return shown_; }
 
-    /// The library's new text after the user has edited `text`, so that the widget now holds `shown`.
-    [[nodiscard]] std::string edited(std::string_view text, const QString& shown) const;
+    /// What has changed between shown() and `shown`.
+    [[nodiscard]] WidgetChange changeTo(const QString& shown) const;
+    /// The change without its beginning and its end, as far as they are the same before and after it.
+    [[nodiscard]] WidgetChange trimmed(const WidgetChange& change) const;
+    /// Returns the library's new text after the user has changed the widget's, and records it.
+    [[nodiscard]] std::string edit(std::string_view text, const WidgetChange& change);
+
+    // In the following, `text` is the one that was recorded last.
 
     /// Convert between a position in the widget and a number of characters of `text`; beyond the end, the end is taken.
     std::int32_t characterAt(std::string_view text, qsizetype position) const;
     qsizetype positionAt(std::string_view text, std::int32_t character) const;
+    std::int32_t characters(std::string_view text) const { return endOf(text).character; }
 
 private:
     /// One place in a text, counted in bytes, in characters and in the widget's UTF-16 units.
@@ -43,10 +57,19 @@ private:
 
     /// The first place that has reached `character` or `position`; the end of the text if none has.
     Place find(std::string_view text, std::int32_t character, qsizetype position) const;
+    Place endOf(std::string_view text) const;
+    /// The place after the character or line end at `place`.
+    Place next(std::string_view text, Place place) const;
+    void forgetPlaces();
 
     bool lines_;
     QString shown_;
     std::string lineEnd_ = "\n";
+    // Known places, so that a key in a long text does not count all of it. A text in which bytes can become parts of
+    // one another when text between them goes, because they are not UTF-8 or a '\r' stands alone, is always counted.
+    mutable std::vector<Place> marks_;
+    mutable std::optional<Place> end_;
+    mutable bool countsAlways_ = false; ///< Set when the end is sought.
 };
 
 } // namespace orvan::qt

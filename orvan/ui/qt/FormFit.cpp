@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QWidget>
 
 #include <algorithm>
 #include <string_view>
@@ -112,9 +113,24 @@ void enlargeTo(const ui::Surface& surface, std::string_view name, QSize needed)
     enlarge(surface, name, toTwips(needed.width()), toTwips(needed.height()));
 }
 
+/// Takes the pictures from the buttons of the surface that have captions, and makes these buttons as narrow as they can
+/// be. The logic places them by their widths.
+void squeezeButtons(const ui::Surface& surface)
+{
+    for (const ui::ControlDesign& row : surface.design().controls) {
+        auto& control = surface.control<ui::Control>(row.name);
+        auto* const button = row.parent.empty() ? dynamic_cast<QPushButton*>(widgetOf(control)) : nullptr;
+        if (button && !row.caption.empty()) {
+            button->setIcon({});
+            const float narrow = toTwips(button->sizeHint().width());
+            control.move(control.left(), control.top(), std::min(narrow, control.width()), control.height());
+        }
+    }
+}
+
 } // namespace
 
-QSize fitToContents(const ui::Surface& surface)
+QSize fitToContents(const ui::Surface& surface, QSize available)
 {
     const ui::FormDesign& form = surface.design();
     const Extent designed = extentInside(surface, {});
@@ -124,8 +140,12 @@ QSize fitToContents(const ui::Surface& surface)
         }
     }
     const Extent fitted = extentInside(surface, {});
-    return {toPixels(form.width - designed.first + fitted.first),
-            toPixels(form.height - designed.second + fitted.second)};
+    const QSize size(toPixels(form.width - designed.first + fitted.first),
+                     toPixels(form.height - designed.second + fitted.second));
+    if (size.width() > available.width()) {
+        squeezeButtons(surface);
+    }
+    return size.boundedTo(available);
 }
 
 void fitBand(const ui::Surface& surface)
@@ -136,7 +156,7 @@ void fitBand(const ui::Surface& surface)
             surface.control<ui::Control>(row.name).move(row.left, row.top, row.width, row.height);
         }
     }
-    static_cast<void>(fitToContents(surface));
+    static_cast<void>(fitToContents(surface, {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX})); // the view itself may be small
     float height = 0;
     for (const ui::ControlDesign& row : rows) {
         auto& control = surface.control<ui::Control>(row.name);

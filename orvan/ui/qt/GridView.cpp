@@ -187,7 +187,7 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
+    QAbstractItemView::currentChanged(current, previous); // QTableView would count hidden columns: see GridAccessible.h
     viewport()->update(); // paints the whole row, including the area to the right of its cells
     if (!programActs_ && current.isValid() && current.row() != previous.row()) {
         runHandler(onUserRow, current.row(), ui::RowChoice::only);

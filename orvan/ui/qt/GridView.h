@@ -70,6 +70,11 @@ public:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Leaves out QTableView's events for assistive technology, as currentChanged does.
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override
+    {
+        QAbstractItemView::selectionChanged(selected, deselected);
+    }
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     int sizeHintForColumn(int column) const override;
     void updateGeometries() override;

@@ -1,12 +1,16 @@
 #include "orvan/ui/qt/QtComboBox.h"
 
+#include "orvan/ui/qt/Assistance.h"
+#include "orvan/ui/qt/DropDownColumns.h"
 #include "orvan/ui/qt/EntryLine.h"
 #include "orvan/ui/qt/KeyFilter.h"
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QAbstractListModel>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QHash>
 #include <QKeyEvent>
 #include <QListView>
 #include <QScrollBar>
@@ -20,6 +24,7 @@ namespace {
 
 /// The list is as wide as its first kMeasuredRows rows need, but at most kWidestInBoxes times as wide as the box.
 constexpr int kMeasuredRows = 200;
+constexpr int kMeasuredColumns = 60; ///< Rows with columns: the catalogue is asked for each.
 constexpr int kWidestInBoxes = 3;
 /// The least width of the box, in characters. If none were set, Qt would measure every row of the list.
 constexpr int kLeastCharacters = 8;
@@ -39,13 +44,25 @@ public:
     {
         beginResetModel();
         count_ = port ? port->combo().count() : 0;
+        columns_.clear();
         endResetModel();
     }
     int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : count_; }
     QVariant data(const QModelIndex& index, int role) const override
     {
-        if (!port || (role != Qt::DisplayRole && role != Qt::EditRole) || index.row() >= port->combo().count()) {
+        if (!port || index.row() >= port->combo().count()) {
             return {};
+        }
+        const bool asText = role == Qt::DisplayRole || role == Qt::EditRole;
+        if (!asText && role != kColumnsRole && role != Qt::AccessibleTextRole) {
+            return {};
+        }
+        const QStringList columns = asText ? QStringList() : columnsOf(index.row());
+        if (role == kColumnsRole) {
+            return columns;
+        }
+        if (!columns.isEmpty()) {
+            return columns.join(QStringLiteral(", "));
         }
         const QString text = toQt(port->combo().itemText(index.row()));
         // The list paints the display text, which may be shortened. The box gets the edit text of a chosen row, which
@@ -54,7 +71,21 @@ public:
     }
 
 private:
+    QStringList columnsOf(int row) const
+    {
+        const auto known = columns_.constFind(row);
+        if (known != columns_.cend()) {
+            return *known;
+        }
+        QStringList columns;
+        for (const std::string& text : port->combo().columns(row)) {
+            columns << boundedText(toQt(text));
+        }
+        return *columns_.insert(row, columns);
+    }
+
     int count_ = 0;
+    mutable QHash<int, QStringList> columns_; ///< Of the rows that have been in view: the catalogue is asked once.
 };
 
 /// The list that drops down. Text that is typed while it is open goes into the line; Qt would search the list for it.
@@ -80,7 +111,7 @@ class ComboWidget final : public QComboBox {
 public:
     ComboWidget(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
         : QComboBox(parent), line_(new EntryLine(design, this, platform)), rows_(new ComboRows(this)),
-          list_(new DropDownList(this, *line_))
+          list_(new DropDownList(this, *line_)), delegate_(new DropDownColumns(list_))
     {
         setEditable(true);
         setLineEdit(line_);
@@ -96,12 +127,19 @@ public:
         list_->setTextElideMode(Qt::ElideRight);
         setModel(rows_);
         setView(list_);
+        setItemDelegate(delegate_);
         // QComboBox would clear the text when the model is reset. The list has a connection of its own, which stays.
         QObject::disconnect(rows_, nullptr, this, nullptr);
         connect(this, &QComboBox::activated, this, [this](int row) { choose(row); });
     }
 
     EntryLine& line() { return *line_; }
+
+    void showRemark(const QString& remark)
+    {
+        line_->setRemark(remark);
+        announce(*this, remark);
+    }
 
     void attach(ComboPort* port) { rows_->port = port; }
 
@@ -192,10 +230,15 @@ private:
     /// Makes the list as wide as its first rows need, because a user most likely looks at those.
     void fitWidth()
     {
-        int widest = 0;
-        for (int row = 0; row < std::min(rows_->rowCount({}), kMeasuredRows); ++row) {
-            widest = std::max(widest, list_->sizeHintForIndex(rows_->index(row)).width());
+        const int measured = std::min(rows_->rowCount({}), kMeasuredRows);
+        QStyleOptionViewItem option;
+        option.initFrom(list_);
+        int texts = 0;
+        int widest = delegate_->measure(*rows_, std::min(measured, kMeasuredColumns), option);
+        for (int row = 0; widest == 0 && row < measured; ++row) {
+            texts = std::max(texts, list_->sizeHintForIndex(rows_->index(row)).width());
         }
+        widest = std::max(widest, texts);
         widest += 2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width();
         list_->setMinimumWidth(std::min(widest, kWidestInBoxes * width()));
     }
@@ -203,9 +246,15 @@ private:
     EntryLine* line_;
     ComboRows* rows_;
     DropDownList* list_;
+    DropDownColumns* delegate_;
     bool stale_ = true;
     bool reading_ = false;
 };
+
+bool isLookUpBox(const QComboBox& combo)
+{
+    return dynamic_cast<const ComboWidget*>(&combo) != nullptr;
+}
 
 QtComboBox::QtComboBox(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
     : QtComboBox(design, new ComboWidget(design, parent, platform))
@@ -229,6 +278,13 @@ void QtComboBox::doListChanged()
 {
     if (widget()) {
         comboWidget_.listChanged();
+    }
+}
+
+void QtComboBox::doShowRemark()
+{
+    if (widget()) {
+        comboWidget_.showRemark(translated(remark()));
     }
 }
 

@@ -7,9 +7,14 @@
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/qt/QtEntry.h"
 
+class QComboBox;
+
 namespace orvan::qt {
 
 class ComboWidget;
+
+/// Whether the widget is that of a QtComboBox.
+[[nodiscard]] bool isLookUpBox(const QComboBox& combo);
 
 /// Through this the list that drops down reads the combo box and reports to it. A report may destroy the combo box.
 class ComboPort {
@@ -30,6 +35,7 @@ private:
     QtComboBox(const ui::ControlDesign& design, ComboWidget* widget);
 
     void doListChanged() override;
+    void doShowRemark() override;
     const ui::ComboBox& combo() const override { return *this; }
     void reportChoice(std::int32_t row) override { userChoseRow(row); }
 

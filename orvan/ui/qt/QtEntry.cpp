@@ -61,31 +61,29 @@ void EntryWidget::showSelection()
 
 void EntryWidget::reportChange()
 {
-    const QString held = heldText();
-    if (quiet_ || !port_ || held == text_.shown()) {
+    if (quiet_ || !port_ || heldIsReported()) {
         return;
     }
-    std::string edited = text_.edited(port_->entry().text(), held);
-    text_.keep(held);
+    std::string edited = text_.edit(port_->entry().text(), heldChange());
     // The selection is reported before the text, so that a handler of onChange finds the caret in its new place.
     const WidgetRange range = heldSelection();
     const std::int32_t start = text_.characterAt(edited, range.start);
     port_->reportSelection(start, text_.characterAt(edited, range.start + range.length) - start);
     const std::int32_t limit = port_->entry().maxLength();
-    if (limit > 0 && characterCount(edited) > static_cast<std::size_t>(limit) &&
+    if (limit > 0 && text_.characters(edited) > limit &&
         characterCount(edited) > characterCount(port_->entry().text())) {
         // Assistive technology can write into the widget without fit(), so the text is cut here.
         edited.resize(firstCharacters(edited, static_cast<std::size_t>(limit)).size());
         const QScopedValueRollback quiet(quiet_, true);
         holdText(toQt(edited));
-        text_.keep(heldText());
+        text_.set(edited, heldText());
     }
     port_->reportText(std::move(edited));
 }
 
 void EntryWidget::reportSelection()
 {
-    if (quiet_ || !port_ || heldText() != text_.shown()) {
+    if (quiet_ || !port_ || !heldIsReported()) {
         return; // reportChange is about to report the text, and the selection with it
     }
     const WidgetRange range = heldSelection();
@@ -180,14 +178,18 @@ QString EntryWidget::fit(const QString& piece, WidgetRange replaced) const
     const ui::TextEntry& entry = port_->entry();
     std::optional<std::int64_t> capacity;
     if (entry.maxLength() > 0) {
-        const QString held = heldText();
-        // While the user drags text to another place, the widget holds a change that has not been reported yet.
-        const std::string now = text_.edited(entry.text(), held);
-        EntryText map(lines_);
-        map.set(now, held);
-        const std::int64_t going =
-            map.characterAt(now, replaced.start + replaced.length) - map.characterAt(now, replaced.start);
-        capacity = entry.maxLength() - static_cast<std::int64_t>(characterCount(now)) + going;
+        const auto capacityOf = [&](const EntryText& map, const std::string& now) {
+            const std::int32_t going =
+                map.characterAt(now, replaced.start + replaced.length) - map.characterAt(now, replaced.start);
+            return std::int64_t{entry.maxLength()} - map.characters(now) + going;
+        };
+        if (heldIsReported()) {
+            capacity = capacityOf(text_, entry.text());
+        } else { // the user is dragging text to another place: the widget has removed it, and not reported that
+            EntryText map = text_;
+            const std::string now = map.edit(entry.text(), map.changeTo(heldText()));
+            capacity = capacityOf(map, now);
+        }
     }
     return toQt(ui::fitForEntry(fromQt(piece), lines_ ? text_.lineEnd() : std::string_view(" "), capacity));
 }

@@ -53,6 +53,11 @@ protected:
     virtual void holdSelection(WidgetRange range) = 0;
     /// Puts the caret at the start of the text. Called just after holdText.
     virtual void holdCaretAtStart() { holdSelection({0, 0}); }
+    /// Whether the widget's text is the one that was reported last.
+    virtual bool heldIsReported() const { return heldText() == text_.shown(); }
+    /// What has changed since then.
+    virtual WidgetChange heldChange() const { return text_.changeTo(heldText()); }
+    const EntryText& reported() const { return text_; }
     /// Pass an event to the Qt class's own handler.
     virtual void nativeKeyPress(QKeyEvent& key) = 0;
     virtual void nativeInput(QInputMethodEvent& input) = 0;

@@ -1,6 +1,7 @@
 #include "orvan/ui/qt/QtForm.h"
 
 #include "orvan/base/RunHandler.h"
+#include "orvan/ui/qt/Assistance.h"
 #include "orvan/ui/qt/FormFit.h"
 #include "orvan/ui/qt/KeyStrokes.h"
 #include "orvan/ui/qt/QtText.h"
@@ -51,7 +52,7 @@ void selectFirst(const QWidget* window)
 
 } // namespace
 
-class QtForm::Window final : public QWidget {
+class QtForm::Window final : public QWidget, public DialogWindow {
 public:
     explicit Window(QtForm& form) : QWidget(nullptr, kFlags), form_(&form)
     {
@@ -152,7 +153,7 @@ QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform)
     doSetCaption();
     QWidget* front = windowInFront();
     const QScreen* screen = front ? front->screen() : QApplication::primaryScreen();
-    window_->resize(fitToContents(*this).boundedTo(screen->availableSize() - kDecoration));
+    window_->resize(fitToContents(*this, screen->availableSize() - kDecoration));
     setInnerSize(toTwips(window_->width()), toTwips(window_->height()));
 }
 

@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/QtMessageBox.h"
 
+#include "orvan/ui/qt/MessageKeys.h"
 #include "orvan/ui/qt/QtText.h"
 #include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/WindowHandles.h"
@@ -64,6 +65,10 @@ ui::MessageResult QtMessageBox::show(const ui::Message& message)
     box->setStandardButtons(buttons.shown);
     box->setDefaultButton(buttons.preset);
     box->setEscapeButton(buttons.closing);
+    giveMnemonics(*box);
+    if (message.ignoresTypeAhead) {
+        new TypeAheadGuard(*box);
+    }
     box->exec();
     if (!box) {
         return resultOf(buttons.closing);

@@ -11,6 +11,8 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace orvan::qt {
 
 namespace {
@@ -36,7 +38,13 @@ public:
         // no margin at the bottom, where it would cut the descenders of the last line.
         document()->setDocumentMargin(0);
         setViewportMargins(kMargin, kMargin, kMargin, 0);
-        connect(this, &QPlainTextEdit::textChanged, this, [this] { reportChange(); });
+        connect(document(), &QTextDocument::contentsChange, this, [this](int from, int removed, int added) {
+            noteChange({from, removed, added});
+        });
+        connect(this, &QPlainTextEdit::textChanged, this, [this] {
+            reportChange();
+            changes_ = 0;
+        });
         connect(this, &QPlainTextEdit::selectionChanged, this, [this] { EntryWidget::reportSelection(); });
         connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { EntryWidget::reportSelection(); });
     }
@@ -72,6 +80,35 @@ protected:
     }
 
 private:
+    /// What QTextDocument tells of a change.
+    struct Contents {
+        qsizetype from, removed, added;
+    };
+
+    void noteChange(Contents change)
+    {
+        // Qt may count the end of the document, which is no part of the text.
+        change.removed = std::min(change.removed, reported().shown().size() - change.from);
+        change.added = std::min(change.added, heldSize() - change.from);
+        change_ = change;
+        ++changes_;
+    }
+    qsizetype heldSize() const { return document()->characterCount() - 1; }
+    // The next two do not read the text, which is long. While text is dragged, its size tells of what is removed.
+    bool heldIsReported() const override { return changes_ == 0 && heldSize() == reported().shown().size(); }
+    WidgetChange heldChange() const override
+    {
+        const auto& [from, removed, added] = change_;
+        if (changes_ != 1 || from < 0 || removed < 0 || added < 0 ||
+            reported().shown().size() - removed + added != heldSize()) {
+            return EntryWidget::heldChange();
+        }
+        WidgetChange change{from, removed};
+        for (qsizetype at = from; at < from + added; ++at) {
+            change.added += document()->characterAt(static_cast<int>(at));
+        }
+        return reported().trimmed(change);
+    }
     /// Paints the frame of a one-line box; QPlainTextEdit's own frame does not show the focus.
     void paintFrame()
     {
@@ -83,7 +120,11 @@ private:
     }
     /// This does not use toPlainText, which replaces no-break spaces by blanks and other characters by line ends.
     QString heldText() const override { return document()->toRawText(); }
-    void holdText(const QString& text) override { setPlainText(text); }
+    void holdText(const QString& text) override
+    {
+        setPlainText(text);
+        changes_ = 0;
+    }
     WidgetRange heldSelection() const override
     {
         const QTextCursor cursor = textCursor();
@@ -105,8 +146,12 @@ private:
             QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
             QPlainTextEdit::keyPressEvent(&enter);
         }
+        EntryWidget::reportSelection(); // Undo moves the caret after its last signal where it ends where it began
     }
     void nativeInput(QInputMethodEvent& input) override { QPlainTextEdit::inputMethodEvent(&input); }
+
+    Contents change_{};
+    int changes_ = 0; ///< Since the last report; only the last one is kept.
 };
 
 QtNoteBox::QtNoteBox(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)

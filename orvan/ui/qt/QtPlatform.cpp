@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/QtPlatform.h"
 
+#include "orvan/ui/qt/Assistance.h"
 #include "orvan/ui/qt/QtForm.h"
 #include "orvan/ui/qt/QtMessageBox.h"
 #include "orvan/ui/qt/QtScreenPointer.h"
@@ -41,6 +42,7 @@ QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& componen
 QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components, const std::string& settingsPath)
     : locale_(locale), components_(components), services_(new Services{QtSettingsStore(settingsPath)})
 {
+    installAssistance();
     onUnhandledError = [this](const RuntimeError& error) { showUnhandled(error); };
 }
 

@@ -16,6 +16,8 @@
 #include "orvan/ui/qt/Translation.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 
@@ -101,6 +103,9 @@ void SurfaceWidgets::nameForAssistance(const ui::ControlDesign& design, QWidget&
         widget.setAccessibleName(captionBefore_);
     } else {
         widget.setAccessibleName(translatedSentence(design.toolTip));
+    }
+    if (auto* const combo = qobject_cast<QComboBox*>(&widget)) {
+        combo->lineEdit()->setAccessibleName(widget.accessibleName());
     }
     if (!design.toolTip.empty()) {
         widget.setAccessibleDescription(translatedSentence(design.toolTip));
