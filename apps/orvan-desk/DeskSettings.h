@@ -16,6 +16,7 @@
 namespace orvan::desk {
 
 inline constexpr std::string_view kSettingsSection = "Desk";
+inline constexpr std::string_view kThemeKey = "Theme";
 
 template <class Use>
 void withSettings(Use&& use)

@@ -1,14 +1,11 @@
 #include "MainWindow.h"
 
-#include "CatalogueMenu.h"
 #include "DeskSettings.h"
 #include "OutsideText.h"
 #include "PlainBox.h"
 #include "QuoteLocale.h"
-#include "RecentFiles.h"
 #include "StatusLine.h"
 #include "WatchedProducts.h"
-#include "printing/PrintActions.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
@@ -16,18 +13,13 @@
 #include "orvan/ui/qt/Translation.h"
 #include "orvan/view/ProductViewPrefs.h"
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDateEdit>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMenuBar>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -42,7 +34,6 @@ namespace orvan::desk {
 namespace {
 
 const QString kFormName = QStringLiteral("OrvanDeskQuote");
-constexpr std::string_view kThemeKey = "Theme";
 
 /// The list view's columns at the desk's first start: quantity and extended price, with widths that suit this window.
 /// The list view's own defaults are made for a narrower window.
@@ -108,7 +99,6 @@ MainWindow::MainWindow()
     withSettings([](ui::SettingsStore& settings) {
         seedProductViewPrefs(settings, kFormName.toStdString(), kFirstPreferences);
     });
-    makeMenus();
     status_ = new StatusLine(*statusBar());
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
@@ -134,12 +124,10 @@ MainWindow::MainWindow()
     history_->watch(*customer_, tr("Customer"));
     history_->watch(*number_, tr("Quote Number"));
     history_->watch(*date_, tr("Date"));
+    makeMenus();
     makeListMenus();
     showNew();
-    connect(products_, &ProductViewWidget::changed, this, [this] {
-        listChanged_ = true;
-        quoteChanged();
-    });
+    connect(products_, &ProductViewWidget::changed, this, &MainWindow::listEdited);
     connect(products_, &ProductViewWidget::editorClosed, this, &MainWindow::updateTitle);
     for (QLineEdit* const field : {customer_, number_}) {
         connect(field, &QLineEdit::textChanged, this, &MainWindow::quoteChanged);
@@ -148,6 +136,12 @@ MainWindow::MainWindow()
     connect(history_, &QuoteHistory::applied, this, &MainWindow::quoteChanged);
     connect(history_, &QuoteHistory::failed, this,
             [this](const QString& why) { tell(tr("This could not be undone."), why); });
+}
+
+void MainWindow::listEdited()
+{
+    listChanged_ = true;
+    quoteChanged();
 }
 
 void MainWindow::quoteChanged()
@@ -191,113 +185,6 @@ QWidget* MainWindow::makeFields()
     return fields;
 }
 
-QAction* MainWindow::addFileAction(const QString& text, const QKeySequence& keys, void (MainWindow::*slot)())
-{
-    auto* action = new QAction(text, this);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, slot);
-    return action;
-}
-
-void MainWindow::makeMenus()
-{
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->addAction(addFileAction(tr("&New"), QKeySequence::New, &MainWindow::newQuote));
-    file->addAction(addFileAction(tr("&Open…"), QKeySequence::Open, &MainWindow::chooseAndOpen));
-    recent_ = new RecentFiles(this, [this](const QString& path) { open(path); });
-    file->addMenu(recent_);
-    QMenu* samples = file->addMenu(tr("Open Sa&mple"));
-    for (const QFileInfo& sample : QDir(QStringLiteral(":/samples")).entryInfoList()) {
-        const QString name = sample.baseName();
-        QString caption = name;
-        caption[0] = caption[0].toUpper();
-        samples->addAction(caption.replace(u'-', u' '), this, [this, name] { openSample(name); });
-    }
-    file->addSeparator();
-    file->addAction(addFileAction(tr("&Save"), QKeySequence::Save, &MainWindow::saveFile));
-    file->addAction(addFileAction(tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), &MainWindow::saveAsFile));
-    file->addSeparator();
-    new PrintActions(
-        file, this, qtHost().platform(), [this] { return currentQuote(); },
-        [this](const QString& what, const QString& why) { tell(what, why); });
-    file->addSeparator();
-    auto* quit = new QAction(tr("&Quit"), this);
-    quit->setShortcut(QKeySequence(tr("Ctrl+Q")));
-    connect(quit, &QAction::triggered, this, &QWidget::close);
-    file->addAction(quit);
-
-    QMenu* colours = menuBar()->addMenu(tr("&View"))->addMenu(tr("&Colours"));
-    auto* group = new QActionGroup(this);
-    const std::pair<Theme, QString> themes[] = {
-        {Theme::system, tr("As the &System")}, {Theme::light, tr("&Light")}, {Theme::dark, tr("&Dark")}};
-    for (const auto& [theme, caption] : themes) {
-        QAction* action = colours->addAction(caption, this, [this, theme = theme] {
-            useTheme(theme);
-            withSettings([theme](ui::SettingsStore& settings) {
-                settings.set(ui::kSettingsApplication, kSettingsSection, kThemeKey, themeName(theme).toStdString());
-            });
-        });
-        action->setCheckable(true);
-        action->setData(static_cast<int>(theme));
-        group->addAction(action);
-    }
-    connect(colours, &QMenu::aboutToShow, group, [this, group] {
-        for (QAction* action : group->actions()) {
-            action->setChecked(action->data() == static_cast<int>(theme_));
-        }
-    });
-}
-
-void MainWindow::makeListMenus()
-{
-    auto* const edit = new QMenu(tr("&Edit"), this);
-    edit->addActions(history_->makeActions(this));
-    edit->addSeparator();
-    for (const Command command : {Command::cut, Command::copy, Command::paste}) {
-        edit->addAction(products_->action(command));
-    }
-    auto* const product = new QMenu(tr("&Product"), this);
-    const std::optional<Command> commands[] = {Command::edit,
-                                               Command::add,
-                                               Command::duplicate,
-                                               Command::remove,
-                                               {},
-                                               Command::moveUp,
-                                               Command::moveDown,
-                                               {},
-                                               Command::selectAll,
-                                               Command::findNext,
-                                               Command::findPrevious};
-    for (const auto& command : commands) {
-        command ? product->addAction(products_->action(*command)) : static_cast<void>(product->addSeparator());
-    }
-    const QList<QAction*> menus = menuBar()->actions();
-    menuBar()->insertMenu(menus.value(1), edit); // after the file menu
-    menuBar()->insertMenu(menus.value(1), product);
-}
-
-void MainWindow::useTheme(Theme theme)
-{
-    theme_ = theme;
-    applyTheme(theme);
-}
-
-void MainWindow::useCatalogue(const QString& file, bool sampleIfNone)
-{
-    auto* const menu =
-        new CatalogueMenu(file, this, [this](const QString& what, const QString& why, const QString& details) {
-            tell(what, why, details);
-        });
-    menuBar()->addMenu(menu);
-    status_->setCatalogue(file);
-    QTimer::singleShot(0, menu, [this, menu, sampleIfNone] {
-        if (sampleIfNone) {
-            menu->importSampleIfNone();
-        }
-        status_->lookAgain();
-    });
-}
-
 Quote MainWindow::currentQuote() const
 {
     return Quote{.customer = customer_->text(),
@@ -324,7 +211,7 @@ void MainWindow::showQuote(const Quote& quote)
 bool MainWindow::isUnsaved() const
 {
     if (customer_->text() != file_.saved().customer || number_->text() != file_.saved().number ||
-        date_->date() != file_.saved().date) {
+        date_->date() != file_.saved().date || currency_ != file_.saved().currency) {
         return true;
     }
     try {

@@ -7,6 +7,7 @@
 #include "apps/orvan-desk/undo/QuoteHistory.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
@@ -22,6 +23,7 @@ class ProductViewWidget;
 
 namespace orvan::desk {
 
+class KeySheet;
 class RecentFiles;
 class StatusLine;
 
@@ -61,6 +63,11 @@ private:
     QWidget* makeFields();
     QAction* addFileAction(const QString& text, const QKeySequence& keys, void (MainWindow::*slot)());
 
+    void showKeys();
+    void chooseCurrency();
+    /// Has the amounts written in that currency, and keeps it with the quote.
+    void setCurrency(const QString& code);
+
     void newQuote();
     void chooseAndOpen();
     void saveFile();
@@ -75,6 +82,8 @@ private:
     /// Without a lock the quote is for reading: it is shown as one without a file, so that saving asks for a name.
     [[nodiscard]] bool openLocked(const QString& path, std::optional<files::EditLock> lock);
     void recover(const AbandonedWork& abandoned);
+    /// The user has changed the list.
+    void listEdited();
     /// The quote has changed, or may have: marks it, and keeps a copy of it soon.
     void quoteChanged();
     void updateRecoveryCopy();
@@ -90,7 +99,8 @@ private:
     QDateEdit* date_ = nullptr;
     ProductViewWidget* products_ = nullptr;
     QuoteHistory* history_ = nullptr;
-    QString currency_; ///< The ISO code of the shown quote's currency.
+    QString currency_;            ///< The ISO code of the shown quote's currency.
+    QPointer<KeySheet> keySheet_; ///< While it is open.
     RecentFiles* recent_ = nullptr;
     StatusLine* status_ = nullptr;
     OpenQuote file_;

@@ -42,6 +42,7 @@ QString differences(const Quote& recovered, const Quote& onDisk)
         {recovered.customer != onDisk.customer, MainWindow::tr("the customer")},
         {recovered.number != onDisk.number, MainWindow::tr("the quote number")},
         {recovered.date != onDisk.date, MainWindow::tr("the date")},
+        {!onDisk.currency.isEmpty() && recovered.currency != onDisk.currency, MainWindow::tr("the currency")},
     };
     for (const auto& [differ, name] : fields) {
         if (differ) {
@@ -69,8 +70,10 @@ QuoteOnDisk onDiskNow(const QString& path)
 
 void MainWindow::showNew()
 {
-    file_.setNew(emptyQuote());
-    showQuote(file_.saved());
+    Quote quote = emptyQuote();
+    quote.currency = showCurrency({});
+    file_.setNew(quote);
+    showQuote(quote);
 }
 
 bool MainWindow::open(const QString& chosen)
@@ -243,7 +246,9 @@ void MainWindow::updateRecoveryCopy()
     if (quote == file_.saved()) {
         recovery_.discard();
     } else {
-        recovery_.keep({.quote = quote, .path = file_.path()});
+        recovery_.keep({.quote = quote,
+                        .path = file_.path(),
+                        .unsavedSince = status_->unsavedSince().value_or(QDateTime::currentDateTime())});
     }
 }
 
@@ -293,6 +298,7 @@ void MainWindow::recover(const AbandonedWork& abandoned)
             file_.setRead(work.path, onDisk, files::EditLock(pathOf(work.path)));
         }
         showQuote(work.quote);
+        status_->setUnsavedSince(work.unsavedSince.isValid() ? work.unsavedSince.toLocalTime() : abandoned.time);
         listChanged_ = true;     // what is shown is not what the file has
         if (keepUnsavedWork()) { // the copy is this desk's own now; only then may the other one go
             QFile::remove(abandoned.file);

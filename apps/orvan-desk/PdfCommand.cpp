@@ -1,10 +1,13 @@
 #include "PdfCommand.h"
 
+#include "OutsideText.h"
 #include "QuoteLocale.h"
 #include "WatchedProducts.h"
+#include "exchange/LineFiles.h"
 #include "printing/QuotePdf.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/WholeFile.h"
 #include "orvan/hosting/Host.h"
 #include "orvan/ui/qt/QtSettingsStore.h"
 #include "orvan/ui/qt/Translation.h"
@@ -32,12 +35,15 @@ PrintOptions chosenOptions(QStringList& notices)
 
 } // namespace
 
-void needNoDisplayForPdf(int argc, char** argv)
+void needNoDisplayForFiles(int argc, char** argv)
 {
-    const std::string option = "-" + kPdfOption.toStdString();
-    const bool asked = std::any_of(argv, argv + argc, [&](std::string_view word) {
+    const auto isOption = [](std::string_view word, const QString& name) {
+        const std::string option = "-" + name.toStdString();
         word.remove_prefix(word.starts_with("--") ? 1 : 0); // Qt takes one dash or two
         return word == option || word.starts_with(option + "=");
+    };
+    const bool asked = std::any_of(argv, argv + argc, [&](std::string_view word) {
+        return isOption(word, kPdfOption) || isOption(word, kCsvOption);
     });
     if (asked && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -59,6 +65,17 @@ QStringList convertToPdf(const QString& quoteFile, const QString& pdfFile)
     notices << printed.problems;
     const QString warning = qt::translated(writePdf(pdfFile, printed, options.page));
     return warning.isEmpty() ? notices : notices << warning;
+}
+
+QStringList convertToCsv(const QString& quoteFile, const QString& csvFile)
+{
+    const std::vector<ProductValues> lines = valuesIn(readQuote(quoteFile, checkProducts).quote.products);
+    LineFormat format = usualFormat(*makeLocaleService(icu::localeNamesFromEnvironment()));
+    if (csvFile.endsWith(QStringLiteral(".tsv"), Qt::CaseInsensitive)) {
+        format.delimiter = '\t';
+    }
+    const std::string warning = files::replaceFile(pathOf(csvFile), linesToCsv(lines, format)).warning;
+    return warning.empty() ? QStringList() : QStringList{QString::fromStdString(warning)};
 }
 
 QString sampleFile(const QString& name)

@@ -32,7 +32,8 @@ private:
 [[nodiscard]] bool isSameFile(const QString& one, const QString& other);
 
 /// Where a file dialog begins: the folder that was used last for this purpose, or the user's documents.
-inline constexpr std::string_view kQuoteFolder = "QuoteFolder", kPriceListFolder = "PriceListFolder";
+inline constexpr std::string_view kQuoteFolder = "QuoteFolder", kPriceListFolder = "PriceListFolder",
+                                  kLinesFolder = "LinesFolder";
 [[nodiscard]] QString lastFolder(std::string_view purpose);
 void keepFolderOf(const QString& file, std::string_view purpose);
 

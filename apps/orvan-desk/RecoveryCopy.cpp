@@ -62,21 +62,25 @@ Copy readCopy(const QString& file)
 
 QByteArray copyToBytes(const RecoveryCopy& copy)
 {
-    const QJsonObject object{{QStringLiteral("format"), kFormat},
-                             {QStringLiteral("version"), kVersion},
-                             {QStringLiteral("time"), copy.time.toString(Qt::ISODateWithMs)},
-                             {QStringLiteral("host"), copy.host},
-                             {QStringLiteral("process"), copy.process},
-                             {QStringLiteral("processIdentity"), copy.processIdentity},
-                             {QStringLiteral("path"), copy.work.path},
-                             {QStringLiteral("quote"), quoteToJson(copy.work.quote)}};
+    const QJsonObject object{
+        {QStringLiteral("format"), kFormat},
+        {QStringLiteral("version"), kVersion},
+        {QStringLiteral("time"), copy.time.toString(Qt::ISODateWithMs)},
+        {QStringLiteral("unsavedSince"), copy.work.unsavedSince.toUTC().toString(Qt::ISODateWithMs)},
+        {QStringLiteral("host"), copy.host},
+        {QStringLiteral("process"), copy.process},
+        {QStringLiteral("processIdentity"), copy.processIdentity},
+        {QStringLiteral("path"), copy.work.path},
+        {QStringLiteral("quote"), quoteToJson(copy.work.quote)}};
     return QJsonDocument(object).toJson();
 }
 
 RecoveryCopy copyFromBytes(const QByteArray& bytes)
 {
     const QJsonObject object = parseDeskFile(bytes, kFormat, kVersion);
-    return {.work = {.quote = quoteFromJson(object[u"quote"].toObject()), .path = object[u"path"].toString()},
+    return {.work = {.quote = quoteFromJson(object[u"quote"].toObject()),
+                     .path = object[u"path"].toString(),
+                     .unsavedSince = QDateTime::fromString(object[u"unsavedSince"].toString(), Qt::ISODateWithMs)},
             .time = QDateTime::fromString(object[u"time"].toString(), Qt::ISODateWithMs),
             .host = object[u"host"].toString(),
             .process = object[u"process"].toInteger(),

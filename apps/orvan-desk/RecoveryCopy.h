@@ -29,7 +29,8 @@ QString defaultRecoveryFolder();
 /// What is kept of a quote.
 struct UnsavedWork {
     Quote quote;
-    QString path; ///< The quote's file; empty for one that has none yet.
+    QString path;                ///< The quote's file; empty for one that has none yet.
+    QDateTime unsavedSince = {}; ///< Invalid in the copies of earlier desks.
 
     bool operator==(const UnsavedWork&) const = default;
 };

@@ -48,6 +48,16 @@ QStringList lacking(const ProductCounts& counts, bool withPositions)
     return parts;
 }
 
+/// A warning before the quote cannot take any more; first, because the end of the line may be cut.
+QStringList fullness(int percent)
+{
+    constexpr int kWorthSaying = 90, kAll = 100;
+    return percent > kAll ? QStringList{StatusLine::tr("The quote holds more than can be saved")}
+           : percent >= kWorthSaying
+               ? QStringList{StatusLine::tr("The quote holds %L1 % of what it can hold").arg(percent)}
+               : QStringList();
+}
+
 } // namespace
 
 QString ageText(const QDateTime& time, const QDateTime& now)
@@ -98,6 +108,12 @@ StatusLine::StatusLine(QStatusBar& bar) : bar_(bar)
     connect(&timer_, &QTimer::timeout, this, &StatusLine::lookAgain);
 }
 
+void StatusLine::setUnsavedSince(const QDateTime& time)
+{
+    unsavedSince_ = time;
+    timer_.start();
+}
+
 void StatusLine::notice(bool unsaved)
 {
     if (!unsaved) {
@@ -123,7 +139,8 @@ void StatusLine::lookAgain()
     } catch (...) {
         return; // a manager of a component library failed; the numbers before it stay
     }
-    parts_ = {counts_.products == 1 ? tr("1 product") : tr("%Ln products", nullptr, counts_.products)};
+    parts_ = fullness(counts_.percentFull);
+    parts_ << (counts_.products == 1 ? tr("1 product") : tr("%Ln products", nullptr, counts_.products));
     parts_ += lacking(counts_, false);
     if (unsavedSince_) {
         parts_ << tr("Unsaved since %1").arg(timeText(*unsavedSince_));

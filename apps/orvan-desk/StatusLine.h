@@ -39,6 +39,10 @@ public:
     void setCatalogue(const QString& file) { catalogue_ = file; }
     /// To be called when another quote is shown, before its first change is noticed.
     void startAnew() { unsavedSince_.reset(); }
+    /// To be called when the quote that is shown has been unsaved for longer than it has been shown.
+    void setUnsavedSince(const QDateTime& time);
+    /// Empty where nothing is unsaved.
+    [[nodiscard]] const std::optional<QDateTime>& unsavedSince() const { return unsavedSince_; }
     /// To be called when the quote may have changed.
     void notice(bool unsaved);
     /// Says what the quote that has just been saved lacks.

@@ -1,12 +1,14 @@
 #include "WatchedProducts.h"
 
 #include "apps/orvan-desk/undo/ProductsJournal.h"
+#include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/hosting/QtHost.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -27,6 +29,32 @@ std::shared_ptr<ProductMgr> makeManager()
 std::shared_ptr<JournalledProductMgr> makeWatched()
 {
     return journalled(makeManager(), [](const std::shared_ptr<JournalledProductMgr>& manager) { newest = manager; });
+}
+
+std::vector<ProductValues> valuesOfAll(ProductMgr& manager)
+{
+    std::vector<ProductValues> values;
+    const std::int32_t count = manager.GetProductCount();
+    values.reserve(static_cast<std::size_t>(count));
+    for (std::int32_t at = 1; at <= count; ++at) {
+        values.push_back(valuesOf(*manager.GetProduct(at)));
+    }
+    return values;
+}
+
+int percentFull(ProductMgr& manager)
+{
+    constexpr int kAll = 100;
+    try {
+        const auto size =
+            static_cast<std::int64_t>(manager.GetProductsString(kRecordSeparator, kFieldSeparator).size());
+        return static_cast<int>(kAll * size / std::max(manager.GetMaxDataSize(), 1));
+    } catch (const RuntimeError& error) {
+        if (error.number() != ErrorNumber::outOfStringSpace) {
+            throw;
+        }
+        return kAll + 1;
+    }
 }
 
 /// Each record as a text.
@@ -69,6 +97,37 @@ void applyToWatched(const ListChange& change, bool backwards)
     }
 }
 
+std::vector<ProductValues> watchedValues()
+{
+    const auto manager = newest.lock();
+    return manager ? valuesOfAll(*manager) : std::vector<ProductValues>();
+}
+
+std::vector<ProductValues> valuesIn(const std::string& products)
+{
+    const auto manager = makeManager();
+    manager->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
+    return valuesOfAll(*manager);
+}
+
+std::size_t sizeOf(const std::vector<ProductValues>& products)
+{
+    // Of the class whose limit it is, but without that limit.
+    static const auto factory = productMgrFactory({.maxDataSize = std::numeric_limits<std::int32_t>::max()});
+    const auto manager = std::dynamic_pointer_cast<ProductMgr>(factory());
+    for (const ProductValues& values : products) {
+        setValues(*manager->AddNewProduct(), values);
+    }
+    static_cast<void>(manager->GetTotalValue());
+    return manager->GetProductsString(kRecordSeparator, kFieldSeparator).size();
+}
+
+std::size_t largestSize()
+{
+    const auto manager = newest.lock();
+    return manager ? static_cast<std::size_t>(manager->GetMaxDataSize()) : 0;
+}
+
 ProductCounts countWatchedProducts()
 {
     ProductCounts counts;
@@ -89,6 +148,7 @@ ProductCounts countWatchedProducts()
             add(counts.name, at);
         }
     }
+    counts.percentFull = manager ? percentFull(*manager) : 0;
     return counts;
 }
 

@@ -5,9 +5,14 @@
 // products, which is the list view's, is remembered. Thread: the user-interface thread.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
+
+namespace orvan {
+struct ProductValues;
+}
 
 namespace orvan::desk {
 
@@ -23,6 +28,17 @@ void watchProducts();
 [[nodiscard]] std::vector<ListChange> takeWatchedChanges();
 /// Makes a change of the list view's list again, or takes it back. The list view has to be refreshed then.
 void applyToWatched(const ListChange& change, bool backwards);
+
+/// The products of the list view, also of a list that is too large for a products string.
+[[nodiscard]] std::vector<ProductValues> watchedValues();
+/// The products in a products string. Raises what the manager raises.
+[[nodiscard]] std::vector<ProductValues> valuesIn(const std::string& products);
+/// The size of the products string of such a list, in bytes. Raises 6 where the total is beyond the range: such a list
+/// cannot be shown.
+[[nodiscard]] std::size_t sizeOf(const std::vector<ProductValues>& products);
+/// The largest size of a products string that the list view's manager gives.
+[[nodiscard]] std::size_t largestSize();
+
 /// Products that lack something: how many, and the positions of the first ones, counted from 1.
 struct ProductsWithout {
     static constexpr std::size_t kMostPositions = 5;
@@ -35,6 +51,8 @@ struct ProductCounts {
     std::int32_t products = 0;
     ProductsWithout price; ///< Their unit price is 0.
     ProductsWithout name;  ///< Their name is empty or has only spaces.
+    /// How much of what can be saved they take, in percent, rounded down; above 100 they cannot be saved.
+    int percentFull = 0;
 };
 
 /// Counts the products of the list view, also of a list that is too large for a products string. Reads every product.

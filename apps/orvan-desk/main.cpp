@@ -90,7 +90,7 @@ public:
         parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."),
                                      QStringLiteral("[file]"));
         printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
-        parser.addOptions({sample, theme, language, catalogue, editing, render, pdf, printPlaces});
+        parser.addOptions({sample, theme, language, catalogue, editing, render, pdf, csv, printPlaces});
     }
 
     /// Reads the command line, and answers --help and --version. Returns what is wrong with it, or an empty text.
@@ -129,6 +129,11 @@ public:
         QStringLiteral("Print the quote into this PDF file and exit; needs no display. The letterhead, the columns and "
                        "the paper are those that the user has chosen in the desk."),
         QStringLiteral("pdf")};
+    const QCommandLineOption csv{
+        orvan::desk::kCsvOption,
+        QStringLiteral("Write the quote's lines into this CSV file for a spreadsheet and exit; needs no display. The "
+                       "separators are those of the user's locale, and a tab where the name ends with .tsv."),
+        QStringLiteral("csv")};
     QCommandLineOption printPlaces{QStringLiteral("print-places")}; ///< For tests: see PlacePrinter.h.
 
 private:
@@ -150,34 +155,39 @@ private:
             return QStringLiteral("There is no sample \"%1\". The samples are: %2.").arg(name, sampleNames());
         }
         const qsizetype quotes = parser.positionalArguments().size() + (parser.isSet(sample) ? 1 : 0);
-        if (parser.isSet(pdf) && parser.isSet(render)) {
-            return QStringLiteral("--pdf and --render cannot be used together.");
+        QStringList outputs;
+        for (const QCommandLineOption& output : {pdf, csv, render}) {
+            outputs << (parser.isSet(output) ? QStringList{QStringLiteral("--") + output.names().constFirst()}
+                                             : QStringList());
         }
-        if (parser.isSet(pdf) && quotes == 0) {
-            return QStringLiteral("--pdf needs a quote to print.");
+        if (outputs.size() > 1) {
+            return QStringLiteral("%1 cannot be used together.").arg(outputs.join(QStringLiteral(" and ")));
+        }
+        if (quotes == 0 && (parser.isSet(pdf) || parser.isSet(csv))) {
+            return QStringLiteral("%1 needs a quote.").arg(outputs.constFirst());
         }
         return quotes > 1 ? QStringLiteral("Only one quote can be opened at a time.") : QString();
     }
 };
 
-/// Prints the quote into a file, without a window. What could not be printed is told, but only a file that could not be
-/// read or written is a failure.
-int printToPdf(const CommandLine& line)
+/// Writes the quote into a file for another program, without a window. What the user should know is told, but only a
+/// file that could not be read or written is a failure.
+int convert(const CommandLine& line, const QString& file,
+            QStringList (*convertTo)(const QString& quoteFile, const QString& file))
 {
-    const QCommandLineParser& parser = line.parser;
-    const QStringList files = parser.positionalArguments();
-    const QString quote = files.isEmpty() ? orvan::desk::sampleFile(parser.value(line.sample)) : files.constFirst();
-    const QString pdf = parser.value(line.pdf);
+    const QStringList files = line.parser.positionalArguments();
+    const QString quote =
+        files.isEmpty() ? orvan::desk::sampleFile(line.parser.value(line.sample)) : files.constFirst();
     try {
-        for (const QString& notice : orvan::desk::convertToPdf(quote, pdf)) {
+        for (const QString& notice : convertTo(quote, file)) {
             complain(notice);
         }
-        QTextStream(stdout) << QString::fromStdString(orvan::shared::terminalText(pdf.toStdString())) << '\n';
+        QTextStream(stdout) << QString::fromStdString(orvan::shared::terminalText(file.toStdString())) << '\n';
         return 0;
     } catch (const orvan::desk::QuoteFileError& error) {
         complain(QStringLiteral("Could not open %1. %2").arg(quote, orvan::qt::translated(error)));
     } catch (const std::exception& error) {
-        complain(QStringLiteral("Could not write %1: %2").arg(pdf, orvan::qt::translated(error)));
+        complain(QStringLiteral("Could not write %1: %2").arg(file, orvan::qt::translated(error)));
     }
     return kFailed;
 }
@@ -238,7 +248,7 @@ int run(const CommandLine& line)
 
 int main(int argc, char** argv)
 {
-    orvan::desk::needNoDisplayForPdf(argc, argv);
+    orvan::desk::needNoDisplayForFiles(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvan-desk"));
     QApplication::setDesktopFileName(
@@ -253,7 +263,10 @@ int main(int argc, char** argv)
     orvan::desk::useLanguage(line.parser.isSet(line.language) ? QStringList(line.parser.value(line.language))
                                                               : QLocale::system().uiLanguages());
     try {
-        return line.parser.isSet(line.pdf) ? printToPdf(line) : run(line);
+        const QCommandLineParser& parser = line.parser;
+        return parser.isSet(line.pdf)   ? convert(line, parser.value(line.pdf), orvan::desk::convertToPdf)
+               : parser.isSet(line.csv) ? convert(line, parser.value(line.csv), orvan::desk::convertToCsv)
+                                        : run(line);
     } catch (const orvan::RuntimeError& error) {
         complain(QStringLiteral("orvan-desk cannot start: error %1, %2")
                      .arg(error.number())

@@ -1,6 +1,7 @@
 #include "orvan/view/RowExchange.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/core/FormulaGuard.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/modLocale.h"
 
@@ -28,12 +29,6 @@ constexpr ExchangeColumn kColumns[] = {
     {.caption = "Note", .text = &ProductValues::note},
     {.caption = "Key", .text = &ProductValues::key},
 };
-constexpr std::string_view kGuarded = "=+-@'\t\r"; // what a text cell must not begin with
-
-bool isGuarded(std::string_view text)
-{
-    return !text.empty() && kGuarded.find(text.front()) != std::string_view::npos;
-}
 
 void appendCell(std::string& line, std::string_view cell)
 {
@@ -174,8 +169,7 @@ std::string rowsToText(const std::vector<ProductValues>& products, ui::LocaleSer
             if (column.amount) {
                 appendCell(text, amountText(values.*column.amount, separator));
             } else {
-                const std::string& value = values.*column.text;
-                appendCell(text, isGuarded(value) ? '\'' + value : value);
+                appendCell(text, guarded(values.*column.text));
             }
         }
         text += "\r\n"; // as spreadsheets write it
@@ -220,8 +214,7 @@ std::vector<ProductValues> textToRows(std::string_view text, ui::LocaleService& 
                 values.*column.amount = amountIn(cells[i], reader.row(), column, separator);
                 priced = priced || column.amount == &ProductValues::extPrice;
             } else {
-                const std::string_view cell = cells[i];
-                values.*column.text = cell.substr(cell.front() == '\'' && isGuarded(cell.substr(1)) ? 1 : 0);
+                values.*column.text = unguarded(cells[i]);
             }
         }
         if (!priced) {

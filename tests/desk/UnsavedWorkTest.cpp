@@ -1,6 +1,7 @@
 // What a quote's file and the desk's unsaved work survive: other programs, other desks, and the desk's own end.
 
 #include "MainWindow.h"
+#include "StatusLine.h"
 #include "WatchedProducts.h"
 
 #include "orvan/hosting/ProductViewWidget.h"
@@ -206,13 +207,14 @@ TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)
 {
     write(path(), kQuote);
     const QString copies = defaultRecoveryFolder();
+    const QDateTime since(QDate(2020, 1, 2), QTime(3, 4));
     QString copy;
     {
         RecoveryKeeper keeper(copies, [](const UserText& problem) { FAIL() << problem.english(); });
         Quote quote = readQuote(path(), [](const std::string&) {}).quote;
         quote.customer += u'?';
         quote.products = "2~Lamp:::5:1:0:5:~Desk:::9:1:0:9:~";
-        keeper.keep({.quote = quote, .path = path()});
+        keeper.keep({.quote = quote, .path = path(), .unsavedSince = since});
         ASSERT_TRUE(keeper.finish());
         copy = QDir(copies).filePath(
             QDir(copies).entryList({QStringLiteral("*.recovery.json")}, QDir::Files).constFirst());
@@ -231,6 +233,9 @@ TEST_F(UnsavedWorkTest, WhatADeadDeskHasLeftIsOfferedWithWhatDiffers)
     window.offerAbandonedWork();
     EXPECT_EQ(window.findChild<QLineEdit*>()->text(), "c?");
     EXPECT_TRUE(window.isWindowModified());
+    auto& status = *window.findChild<StatusLine*>();
+    status.lookAgain();
+    EXPECT_THAT(status.toolTip().toStdString(), HasSubstr(("Unsaved since " + timeText(since)).toStdString()));
     save(window);
     EXPECT_TRUE(read(path()).contains("Desk"));
     asked.clear();

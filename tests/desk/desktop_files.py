@@ -1,9 +1,11 @@
-"""Checks what tells a desktop about the desk. Usage: desktop_files.py CMAKE BUILD
+"""Checks what tells a desktop about the desk. Usage: desktop_files.py CMAKE BUILD CHANGELOG
 
 Installs the files into a folder of its own, has the desktop's own programs judge them, and checks what none of these
 programs looks at: that the files agree with each other, and that a quote's file gets the desk's type."""
 import configparser
+import datetime
 import pathlib
+import re
 import struct
 import subprocess
 import sys
@@ -26,7 +28,7 @@ def size_of(picture: pathlib.Path) -> tuple[int, int]:
 
 
 def main() -> None:
-    cmake, build = sys.argv[1:]
+    cmake, build, change_log = sys.argv[1:]
     with tempfile.TemporaryDirectory() as name:
         prefix = pathlib.Path(name)
         share = prefix / "share"
@@ -54,6 +56,10 @@ def main() -> None:
         assert component.findtext("launchable") == entry_file.name
         assert component.findtext("provides/mediatype") == kind
         assert component.findtext("name") == entry["Name"]
+        release = component.find("releases/release")
+        days = dict(re.findall(r"^## (\S+) \((\S+)\)$", pathlib.Path(change_log).read_text(), re.M))
+        assert datetime.date.fromisoformat(release.get("date")), release.attrib
+        assert days[release.get("version")] in ("unreleased", release.get("date")), (release.attrib, days)
 
         pictures = sorted((share / "icons/hicolor").glob(f"*/apps/{entry['Icon']}.png"))
         sizes = [f"{width}x{height}" for width, height in map(size_of, pictures)]

@@ -59,6 +59,11 @@ ROWS = [
     ("a PDF file into a pipe", [DESK, "--pdf", "pipe", "n.quote.json"], 1, "there is something else of this name"),
     ("a PDF file in no folder", [DESK, "--pdf", "\x1b/n.pdf", "n.quote.json"], 1, "Could not write \\x1B/n.pdf"),
     ("a PDF file of a damaged currency", [DESK, "--pdf", "n.pdf", "euro.quote.json"], 1, "three capital letters"),
+    ("a CSV file", [DESK, "--csv", "n.csv", "n.quote.json"], 0, "n.csv\n"),
+    ("a CSV file without a quote", [DESK, "--csv", "n.csv"], 2, "--csv needs a quote"),
+    ("a CSV file and a PDF file", [DESK, "--csv", "n.csv", "--pdf", "n.pdf", "n.quote.json"], 2, "together"),
+    ("a CSV file of a pipe", [DESK, "--csv", "n.csv", "pipe"], 1, "it is a pipe"),
+    ("a CSV file into a pipe", [DESK, "--csv", "pipe", "n.quote.json"], 1, "there is something else of this name"),
     ("no way of editing", [DESK, "--editing", "careless"], 2, "must be classic or careful, not \"careless\""),
     ("no theme", [DESK, "--theme", "blue"], 2, "must be light or dark"),
     ("no sample", [DESK, "--sample", "x\x1b"], 2, "There is no sample \"x\\x1B\""),
@@ -120,6 +125,21 @@ def check_pdf(folder: pathlib.Path) -> list[str]:
     return failures
 
 
+def check_csv(folder: pathlib.Path) -> list[str]:
+    """The lines of a quote are written for a German's spreadsheet without a display."""
+    (folder / "d.quote.json").write_text(json.dumps(QUOTE | {"products": "1~=Lamp:k:L-7:1234.5:1:0:1234.5:größer~"}))
+    environment = {"LC_ALL": "de_DE.UTF-8", "HOME": str(folder), "PATH": os.environ["PATH"]}
+    failures = []
+    for name, delimiter in (("d.csv", b";"), ("d.tsv", b"\t")):
+        subprocess.run([DESK, "--csv", name, "d.quote.json"], cwd=folder, env=environment, timeout=PATIENCE,
+                       capture_output=True)
+        bytes_ = (folder / name).read_bytes() if (folder / name).exists() else b""
+        line = delimiter.join([b"L-7", b"'=Lamp", b"1", b"1234,5", b"0", b"1234,5", "größer".encode(), b"k"])
+        if not bytes_.startswith(b"\xef\xbb\xbf") or not bytes_.endswith(b"\r\n" + line + b"\r\n"):
+            failures.append(f"{name}: {bytes_!r}")
+    return failures
+
+
 def main() -> None:
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
@@ -130,7 +150,7 @@ def main() -> None:
         (folder / "euro.quote.json").write_text(json.dumps(QUOTE | {"currency": "Euro"}))
         for pipe in ("pipe", "pipe.png"):
             os.mkfifo(folder / pipe)
-        failures = check_rows(folder) + check_pdf(folder) + check_signal(folder)
+        failures = check_rows(folder) + check_pdf(folder) + check_csv(folder) + check_signal(folder)
     sys.exit("\n".join(failures) or None)
 
 

@@ -16,7 +16,7 @@ struct Kind {
     std::string CatalogueImportOptions::ColumnNames::*given;
     UserText shown;
     bool required;
-    std::vector<std::string_view> usual; ///< Names as simplified() returns them; the first that the header has is used.
+    std::vector<std::string_view> usual; ///< Names as simplifiedColumnName() returns them; the first that the header has is used.
 };
 
 using Names = CatalogueImportOptions::ColumnNames;
@@ -46,14 +46,6 @@ const Kind kKinds[] = {
      {"note", "notes", "remark", "remarks", "comment", "comments", "description"}},
 };
 
-/// The name in the form in which names are compared: "Part-No." and "PART NO" give the same.
-std::string simplified(std::string_view name)
-{
-    std::string result = foldCase(name);
-    std::erase_if(result, [](unsigned char c) { return c < 0x80 && std::isalnum(c) == 0; });
-    return result;
-}
-
 std::string listed(const std::vector<std::string_view>& names)
 {
     std::string list;
@@ -65,13 +57,27 @@ std::string listed(const std::vector<std::string_view>& names)
 
 } // namespace
 
+std::string simplifiedColumnName(std::string_view name)
+{
+    std::string result = foldCase(name);
+    std::erase_if(result, [](unsigned char c) { return c < 0x80 && std::isalnum(c) == 0; });
+    return result;
+}
+
+const std::vector<std::string_view>& usualColumnNames(std::optional<std::size_t> CatalogueColumns::*column)
+{
+    return std::find_if(std::begin(kKinds), std::end(kKinds), [column](const Kind& kind) {
+               return kind.column == column;
+           })->usual;
+}
+
 CatalogueColumns findColumns(const std::vector<std::string_view>& header, const Names& names, const std::string& source)
 {
     std::vector<std::string> present;
-    std::transform(header.begin(), header.end(), std::back_inserter(present), simplified);
+    std::transform(header.begin(), header.end(), std::back_inserter(present), simplifiedColumnName);
     CatalogueColumns columns;
     for (const Kind& kind : kKinds) {
-        const std::string given = simplified(names.*kind.given);
+        const std::string given = simplifiedColumnName(names.*kind.given);
         const std::vector<std::string_view> wanted = given.empty() ? kind.usual : std::vector<std::string_view>{given};
         for (const std::string_view name : wanted) {
             const auto found = std::find(present.begin(), present.end(), name);

@@ -15,6 +15,13 @@ struct CatalogueColumns {
     std::optional<std::size_t> itemId, name, key, partNum, unitPrice, note;
 };
 
+/// The name in the form in which names are compared: "Part-No." and "PART NO" give the same.
+[[nodiscard]] std::string simplifiedColumnName(std::string_view name);
+
+/// The simplified names under which price lists usually have a column.
+[[nodiscard]] const std::vector<std::string_view>&
+usualColumnNames(std::optional<std::size_t> CatalogueColumns::*column);
+
 /// Raises 321 for a required or named column that the header does not have; the description begins with `source`.
 CatalogueColumns findColumns(const std::vector<std::string_view>& header,
                              const CatalogueImportOptions::ColumnNames& names, const std::string& source);

@@ -1,0 +1,43 @@
+// FormatChoice: boxes in which the user chooses how a file of lines is written. Thread: the user-interface thread.
+#pragma once
+
+#include <QComboBox>
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace orvan::desk {
+
+/// A box with some characters to choose from.
+[[nodiscard]] inline QComboBox* characterChoice(std::initializer_list<std::pair<char, QString>> choices)
+{
+    auto* const box = new QComboBox;
+    for (const auto& [character, name] : choices) {
+        box->addItem(name, QChar::fromLatin1(character));
+    }
+    return box;
+}
+
+[[nodiscard]] inline QComboBox* delimiterChoice()
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("FormatChoice", text); };
+    return characterChoice({{',', tr("Comma  ,")}, {';', tr("Semicolon  ;")}, {'\t', tr("Tab")}, {'|', tr("Bar  |")}});
+}
+
+[[nodiscard]] inline QComboBox* decimalChoice()
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("FormatChoice", text); };
+    return characterChoice({{'.', tr("Point  1.5")}, {',', tr("Comma  1,5")}});
+}
+
+[[nodiscard]] inline char chosenCharacter(const QComboBox& box)
+{
+    return box.currentData().toChar().toLatin1();
+}
+
+inline void choose(QComboBox& box, char character)
+{
+    box.setCurrentIndex(box.findData(QChar::fromLatin1(character)));
+}
+
+} // namespace orvan::desk
