@@ -1,15 +1,10 @@
-// What stands around the quote in the desk's window: recent files, the window's place, the status line.
+// What stands around the quote in the desk's window: recent files and the window's place.
 
 #include "DeskSettings.h"
 #include "MainWindow.h"
 #include "RecentFiles.h"
-#include "StatusLine.h"
-#include "WatchedProducts.h"
 #include "WindowPlace.h"
 
-#include "orvan/components/catalogue/CatalogueImport.h"
-#include "orvan/components/products/ProductsString.h"
-#include "orvan/hosting/ProductViewWidget.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TemporaryFolder.h"
@@ -20,12 +15,8 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
-#include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
-#include <QStatusBar>
-#include <QTest>
 
 namespace orvan::desk {
 namespace {
@@ -76,7 +67,6 @@ protected:
             }
         });
     }
-    static std::string line(const MainWindow& window) { return window.findChild<StatusLine*>()->text().toStdString(); }
 
     test::TemporaryFolder folder;
     std::string asked;
@@ -279,144 +269,6 @@ TEST_F(DeskShellTest, EveryButtonCanBeReachedOnASmallScreen)
         }
     }
     EXPECT_EQ(seen, 4);
-}
-
-TEST_F(DeskShellTest, TheStatusLinesWords)
-{
-    const QDateTime now(QDate(2026, 3, 1), QTime(9, 0));
-    struct Age {
-        const char* name;
-        QDateTime time;
-        const char* text;
-    };
-    const Age ages[] = {
-        {"this morning", now.addSecs(-3600), "today"},
-        {"after a clock was put back", now.addDays(2), "today"},
-        {"less than a day, but of yesterday", now.addSecs(-36000), "yesterday"},
-        {"over the end of a month", now.addDays(-3), "3 days ago"},
-        {"weeks", now.addDays(-60), "60 days ago"},
-        {"longer", now.addDays(-61), nullptr},
-    };
-    forEachRow(ages, [&](const Age& row) {
-        const QString date = QStringLiteral("on ") + QLocale().toString(row.time.date(), QLocale::ShortFormat);
-        EXPECT_EQ(ageText(row.time, now).toStdString(), row.text ? row.text : date.toStdString());
-    });
-    struct Counts {
-        const char* name;
-        ProductCounts counts;
-        const char* text;
-    };
-    const Counts counts[] = {
-        {"nothing lacks", {9, {}, {}}, "Saved."},
-        {"one price", {9, {1, {4}}, {}}, "Saved. 1 without price (#4)."},
-        {"prices and a name", {9, {2, {4, 6}}, {1, {6}}}, "Saved. 2 without price (#4, #6), 1 without name (#6)."},
-        {"many", {9, {}, {7, {1, 2, 3, 4, 5}}}, "Saved. 7 without name (#1, #2, #3, #4, #5, …)."},
-    };
-    forEachRow(counts, [&](const Counts& row) { EXPECT_EQ(savedText(row.counts).toStdString(), row.text); });
-
-    const QString catalogue = path("goods.catalogue");
-    const QDateTime today = QDateTime::currentDateTime();
-    EXPECT_EQ(catalogueText(catalogue, today), u"No catalogue");
-    write("list.csv", "part number,product,price\nA,Alpha,1.5\n");
-    importCatalogue(folder / "list.csv", folder / "goods.catalogue", {});
-    EXPECT_EQ(catalogueText(catalogue, today.addDays(3)).toStdString(), "“list.csv”: 1 entry, imported 3 days ago");
-    write("goods.catalogue", "damaged");
-    EXPECT_EQ(catalogueText(catalogue, today).toStdString(), "“goods.catalogue” cannot be read");
-}
-
-TEST_F(DeskShellTest, TheStatusLineFollowsTheQuote)
-{
-    MainWindow window;
-    window.resize(1200, 500);
-    window.show();
-    ASSERT_TRUE(window.open(write("own.quote.json")));
-    const auto becomes = [&](const char* text) { return QTest::qWaitFor([&] { return line(window) == text; }, 3000); };
-    EXPECT_TRUE(becomes("3 products   ·   2 without price   ·   1 without name")) << line(window);
-    QTest::keyClicks(window.findChild<QLineEdit*>(), QStringLiteral("!"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return line(window).find("Unsaved since ") != std::string::npos; }, 3000));
-
-    for (QAction* const action : window.findChildren<QAction*>()) {
-        if (action->shortcut() == QKeySequence(QKeySequence::Save)) {
-            action->trigger();
-        }
-    }
-    EXPECT_THAT(window.statusBar()->currentMessage().toStdString(),
-                HasSubstr("Saved. 2 without price (#2, #3), 1 without name (#3)."));
-    window.statusBar()->clearMessage();
-    EXPECT_TRUE(becomes("3 products   ·   2 without price   ·   1 without name")) << line(window);
-    window.resize(window.minimumSize());
-    QApplication::processEvents();
-    EXPECT_THAT(window.findChild<StatusLine*>()->toolTip().toStdString(), HasSubstr("1 without name"));
-    EXPECT_EQ(window.size(), window.minimumSize()) << "a long line does not hold the window";
-}
-
-TEST_F(DeskShellTest, TheStatusLineWarnsBeforeTheQuoteIsFull)
-{
-    MainWindow window;
-    window.resize(1200, 500);
-    window.show();
-    window.onProblem = [](const QString&) {};
-    auto& products = *window.findChild<ProductViewWidget*>();
-    struct Row {
-        const char* name;
-        double full;
-        const char* text;
-    };
-    const Row rows[] = {
-        {"below", 0.895, "1 product   ·"},
-        {"from here on", 0.905, "The quote holds 90 % of what it can hold   ·   1 product   ·"},
-        {"nearly full", 0.995, "The quote holds 99 % of what it can hold   ·   1 product   ·"},
-        {"too large", 1.005, "The quote holds more than can be saved   ·   1 product   ·"},
-    };
-    forEachRow(rows, [&](const Row& row) {
-        ProductFields lamp;
-        lamp.note = std::string(static_cast<std::size_t>(row.full * 1024 * 1024), 'n');
-        std::string list = productsStringHead(1, {});
-        appendProduct(list, lamp, {});
-        products.Show(list);
-        window.findChild<StatusLine*>()->lookAgain();
-        EXPECT_THAT(line(window) + "   ·", testing::StartsWith(row.text));
-    });
-}
-
-TEST_F(DeskShellTest, CountingLeavesNoWordInTheTrace)
-{
-    MainWindow window;
-    window.show();
-    ASSERT_TRUE(window.open(write("own.quote.json")));
-    const auto traced = [] {
-        std::string text;
-        const QDir traces(qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/orvan"));
-        for (const QFileInfo& file : traces.entryInfoList({QStringLiteral("trace-*")}, QDir::Files)) {
-            text += test::readText(qt::pathOf(file.filePath()));
-        }
-        return text.size();
-    };
-    const std::size_t before = traced();
-    window.findChild<StatusLine*>()->lookAgain();
-    EXPECT_EQ(traced(), before);
-    static_cast<void>(window.findChild<ProductViewWidget*>()->Products());
-    EXPECT_GT(traced(), before) << "the test looks where the trace is";
-}
-
-TEST_F(DeskShellTest, AListThatIsTooLargeForAStringIsCounted)
-{
-    MainWindow window;
-    std::string products = productsStringHead(2'000, {});
-    ProductValues product;
-    product.note = std::string(600, 'n');
-    for (int at = 0; at < 2'000; ++at) {
-        product.name = at % 2 == 0 ? "Product of the catalogue" : "";
-        appendProduct(products, product, {});
-    }
-    window.findChild<ProductViewWidget*>()->Show(products);
-    EXPECT_ANY_THROW(static_cast<void>(watchedProducts()));
-    const ProductCounts counts = countWatchedProducts();
-    EXPECT_EQ(counts.products, 2'000);
-    EXPECT_EQ(counts.price.count, 2'000);
-    EXPECT_EQ(counts.name.count, 1'000);
-    EXPECT_THAT(counts.name.first, ElementsAre(2, 4, 6, 8, 10));
-    window.onProblem = [](const QString&) {};
 }
 
 } // namespace

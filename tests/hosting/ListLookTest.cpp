@@ -26,6 +26,18 @@ constexpr int kPrice = 3;
 constexpr const char* kList = "2~Espresso machine, two groups, with a frother and a grinder::A1:4645.5:1:0:4645.5:~"
                               "Cups::B2:12345678.25:42.5:0:524691325.63:~";
 
+/// The greatest contrast of a picture to the colour of its corner.
+double contrastIn(const QImage& image)
+{
+    double most = 1;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            most = std::max(most, qt::contrast(image.pixelColor(x, y), image.pixelColor(1, 1)));
+        }
+    }
+    return most;
+}
+
 class ListLookTest : public testing::Test {
 protected:
     ListLookTest() { make(); }
@@ -369,13 +381,7 @@ TEST_F(ListLookTest, EdgesAndTextsAreSeenInLightAndDark)
         view->setCurrentProduct(2);
         const QImage selected =
             table().viewport()->grab(table().visualRect(table().model()->index(1, kName))).toImage();
-        double most = 1;
-        for (int x = 0; x < selected.width(); ++x) {
-            for (int y = 0; y < selected.height(); ++y) {
-                most = std::max(most, qt::contrast(selected.pixelColor(x, y), selected.pixelColor(1, 1)));
-            }
-        }
-        EXPECT_GE(most, 4.4) << "the text of the selected row"; // rounded to eight bits
+        EXPECT_GE(contrastIn(selected), 4.4) << "the text of the selected row"; // rounded to eight bits
     });
 }
 
@@ -386,14 +392,7 @@ TEST_F(ListLookTest, AnEmptyListSaysHowToBegin)
     view->Show("");
     EXPECT_TRUE(table().accessibleDescription().startsWith(QStringLiteral("No products yet.")));
     const QImage empty = table().viewport()->grab().toImage();
-    const QColor ground = empty.pixelColor(1, 1);
-    double most = 1;
-    for (int x = 0; x < empty.width(); ++x) {
-        for (int y = 0; y < empty.height(); ++y) {
-            most = std::max(most, qt::contrast(empty.pixelColor(x, y), ground));
-        }
-    }
-    EXPECT_GE(most, 4.4) << "painted, and readable";
+    EXPECT_GE(contrastIn(empty), 4.4) << "painted, and readable";
     view->Show(kList);
     EXPECT_EQ(table().viewport()->grab().toImage(), filled);
 }

@@ -8,6 +8,7 @@
 #include "orvan/components/catalogue/PriceText.h"
 #include "orvan/core/FormulaGuard.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/ui/qt/Translation.h"
 
 #include <QCoreApplication>
 
@@ -198,7 +199,7 @@ QString readLine(const Reading& reading, char decimalSeparator, const ProductRec
 {
     const std::vector<std::string_view>& cells = reading.reader().fields();
     if (!reading.reader().problem().empty()) {
-        return QString::fromStdString(std::string(reading.reader().problem()));
+        return qt::translated(reading.reader().problem());
     }
     if (cells.size() != reading.columns.size()) {
         return tr("%1 fields, where the first line has %2").arg(cells.size()).arg(reading.columns.size());
