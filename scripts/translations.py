@@ -62,7 +62,19 @@ def messages(path):
             yield context.findtext("name"), message
 
 
+def context_exists(context, sources):
+    """Whether the program asks for texts in this context. lupdate guesses the context of a call of tr()."""
+    name = context.rsplit("::", 1)[-1]
+    return context == "orvan" or any(mark in sources for mark in (f'translate("{context}"', f"TR_FUNCTIONS({context})")) or (
+        context == f"orvan::desk::{name}" and re.search(rf"class {name} [^;{{]*{{\s*Q_OBJECT", sources))
+
+
 def problems_in(path, fresh):
+    sources = "".join(file.read_text(encoding="utf-8") for file in (ROOT / "apps/orvan-desk").rglob("*.[ch]*")
+                      if file.suffix in (".cpp", ".h"))
+    for context in sorted({context for context, _ in messages(fresh)}):
+        if not context_exists(context, sources):
+            yield f"no part of the program has the context {context!r}"
     known = {(context, message.findtext("source")) for context, message in messages(path)}
     for context, message in messages(fresh):
         source = message.findtext("source")

@@ -132,7 +132,7 @@ TEST_F(ExchangeTest, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
         const LinesRead understood = read(row.bytes, row.how);
         ASSERT_EQ(understood.refusedCount, 1U);
         EXPECT_EQ(understood.refused.front().line, row.line);
-        EXPECT_THAT(understood.refused.front().reason, HasSubstr(row.reason));
+        EXPECT_THAT(understood.refused.front().reason.english(), HasSubstr(row.reason));
     });
     static const std::string kWide = std::string(66, ',') + "x";
     const test::Example files[] = {

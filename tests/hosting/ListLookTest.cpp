@@ -81,6 +81,11 @@ protected:
     {
         return *view->findChild<T*>(QString::fromLatin1(name));
     }
+    [[nodiscard]] QRect place(const char* name) const
+    {
+        const auto& widget = child<QWidget>(name);
+        return {widget.mapTo(view.get(), QPoint()), widget.size()};
+    }
     [[nodiscard]] QPoint edgeOf(int column) const
     {
         const int end = view->isRightToLeft() ? 0 : header().sectionSize(column) - 1;
@@ -130,8 +135,8 @@ private:
     static constexpr const char* kApplication = "Orvan";
     static constexpr const char* kSection = "KTVOrvanProduct_ProductView_Prefs";
     const QFont font_ = QApplication::font();
-    const QString formName_ =
-        QString::fromLatin1(testing::UnitTest::GetInstance()->current_test_info()->name()); // preferences of its own
+    /// Gives each test preferences of its own.
+    const QString formName_ = QString::fromLatin1(testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(ListLookTest, TheNameTakesFreeWidthAndGivesItBack)
@@ -246,11 +251,9 @@ TEST_F(ListLookTest, TheBandFitsItsFontsAndItsTotal)
         QRegion taken;
         for (const char* name :
              {"flexGrid", "lblTotal", "txtTotal", "cmdNew", "cmdDelete", "cmdMoveUp", "cmdMoveDown"}) {
-            const auto& widget = child<QWidget>(name);
-            const QRect place(widget.mapTo(view.get(), QPoint()), widget.size());
-            EXPECT_TRUE(view->rect().contains(place)) << name;
-            EXPECT_FALSE(taken.intersects(place)) << name;
-            taken += place;
+            EXPECT_TRUE(view->rect().contains(place(name))) << name;
+            EXPECT_FALSE(taken.intersects(place(name))) << name;
+            taken += place(name);
         }
         EXPECT_GE(child<QPushButton>("cmdNew").iconSize().height(), view->fontMetrics().height());
         EXPECT_GE(table().viewport()->height(), table().rowHeight(0));
@@ -263,10 +266,6 @@ TEST_F(ListLookTest, TheBandFitsItsFontsAndItsTotal)
 TEST_F(ListLookTest, FromRightToLeftEverythingIsMirrored)
 {
     constexpr const char* kWidgets[] = {"flexGrid", "lblTotal", "txtTotal", "cmdNew", "cmdDelete", "cmdMoveDown"};
-    const auto place = [&](const char* name) {
-        const auto& widget = child<QWidget>(name);
-        return QRect(widget.mapTo(view.get(), QPoint()), widget.size());
-    };
     std::vector<QRect> expected;
     for (const char* name : kWidgets) {
         QRect mirrored = place(name);

@@ -33,28 +33,6 @@ namespace {
 /// A larger file cannot be a quote's lines, and would fill the memory.
 constexpr std::int64_t kMostBytes = 64LL * 1024 * 1024;
 
-/// Asks how the file is to be written. False if the user cancels.
-bool askFormat(LineFormat& format, QWidget* window)
-{
-    QDialog dialog(window);
-    dialog.setWindowTitle(ExchangeActions::tr("Export Lines"));
-    auto* const delimiter = delimiterChoice();
-    auto* const decimal = decimalChoice();
-    choose(*delimiter, format.delimiter);
-    choose(*decimal, format.decimalSeparator);
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Save)->setText(ExchangeActions::tr("&Choose File…"));
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    auto* const form = new QFormLayout(&dialog);
-    form->addRow(ExchangeActions::tr("&Separator"), delimiter);
-    form->addRow(ExchangeActions::tr("&Decimals"), decimal);
-    form->addRow(buttons);
-    const bool accepted = dialog.exec() == QDialog::Accepted;
-    format = {.delimiter = chosenCharacter(*delimiter), .decimalSeparator = chosenCharacter(*decimal)};
-    return accepted;
-}
-
 /// All of the changes, or none.
 void applyAll(const std::vector<ListChange>& changes)
 {
@@ -96,6 +74,28 @@ QString whyTheyDoNotFit(const std::vector<ProductValues>& lines, bool replace)
     }
 }
 
+/// Asks how the file is to be written. False if the user cancels.
+bool askFormat(LineFormat& format, QWidget* window)
+{
+    QDialog dialog(window);
+    dialog.setWindowTitle(ExchangeActions::tr("Export Lines"));
+    auto* const delimiter = delimiterChoice();
+    auto* const decimal = decimalChoice();
+    choose(*delimiter, format.delimiter);
+    choose(*decimal, format.decimalSeparator);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Save)->setText(ExchangeActions::tr("&Choose File…"));
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* const form = new QFormLayout(&dialog);
+    form->addRow(ExchangeActions::tr("&Separator"), delimiter);
+    form->addRow(ExchangeActions::tr("&Decimals"), decimal);
+    form->addRow(buttons);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    format = {.delimiter = chosenCharacter(*delimiter), .decimalSeparator = chosenCharacter(*decimal)};
+    return accepted;
+}
+
 } // namespace
 
 ExchangeActions::ExchangeActions(QMenu* menu, const Desk& desk) : QObject(desk.window), desk_(desk)
@@ -128,9 +128,9 @@ bool ExchangeActions::exportTo(const QString& path, LineFormat format)
 {
     const QString shown = shortened(QDir::toNativeSeparators(path));
     try {
-        const std::string warning = files::replaceFile(pathOf(path), linesToCsv(watchedValues(), format)).warning;
+        const UserText warning = files::replaceFile(pathOf(path), linesToCsv(watchedValues(), format)).warning;
         if (!warning.empty()) {
-            desk_.tell(tr("“%1” has been written.").arg(shown), qt::toQt(warning));
+            desk_.tell(tr("“%1” has been written.").arg(shown), qt::translated(warning));
         }
         return true;
     } catch (const std::exception& error) {

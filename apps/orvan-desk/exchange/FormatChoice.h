@@ -20,14 +20,16 @@ namespace orvan::desk {
 
 [[nodiscard]] inline QComboBox* delimiterChoice()
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("FormatChoice", text); };
-    return characterChoice({{',', tr("Comma  ,")}, {';', tr("Semicolon  ;")}, {'\t', tr("Tab")}, {'|', tr("Bar  |")}});
+    return characterChoice({{',', QCoreApplication::translate("FormatChoice", "Comma  ,")},
+                            {';', QCoreApplication::translate("FormatChoice", "Semicolon  ;")},
+                            {'\t', QCoreApplication::translate("FormatChoice", "Tab")},
+                            {'|', QCoreApplication::translate("FormatChoice", "Bar  |")}});
 }
 
 [[nodiscard]] inline QComboBox* decimalChoice()
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("FormatChoice", text); };
-    return characterChoice({{'.', tr("Point  1.5")}, {',', tr("Comma  1,5")}});
+    return characterChoice({{'.', QCoreApplication::translate("FormatChoice", "Point  1.5")},
+                            {',', QCoreApplication::translate("FormatChoice", "Comma  1,5")}});
 }
 
 [[nodiscard]] inline char chosenCharacter(const QComboBox& box)

@@ -60,7 +60,7 @@ QString textOf(const std::vector<RefusedRow>& refused, std::uint64_t count)
 {
     QStringList lines;
     for (const RefusedRow& row : refused) {
-        lines << ImportDialog::tr("Line %L1: %2").arg(row.line).arg(shortened(qt::toQt(row.reason)));
+        lines << ImportDialog::tr("Line %L1: %2").arg(row.line).arg(shortened(qt::translated(row.reason)));
     }
     if (count > refused.size()) {
         lines << ImportDialog::tr("and %1 more").arg(lineCount(count - refused.size()));

@@ -23,11 +23,6 @@ namespace {
 constexpr std::size_t kLeastRead = 4096;      // bytes
 constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("LineFiles", text);
-}
-
 void appendCell(std::string& line, std::string_view cell, char delimiter)
 {
     const bool plain = cell.find_first_of("\r\n\"") == std::string_view::npos && !cell.starts_with(' ') &&
@@ -96,12 +91,11 @@ public:
         while ((more_ = reader_.next()) && reader_.problem().empty() && isBlank(reader_.fields())) {
         }
         if (!more_ || !reader_.problem().empty()) {
-            fail(name, more_ ? tr("its first line cannot be read") : tr("it has no lines"));
+            fail(name, more_ ? userText("its first line cannot be read") : userText("it has no lines"));
         }
         if (reader_.fields().size() > LineReading::kMostColumns) {
-            fail(name, tr("it has %1 columns, and at most %2 can be read")
-                           .arg(reader_.fields().size())
-                           .arg(LineReading::kMostColumns));
+            fail(name, userText("it has %1 columns, and at most %2 can be read", reader_.fields().size(),
+                                LineReading::kMostColumns));
         }
         hasHeader = how.hasHeader.value_or(isHeader(reader_.fields()));
         columns = how.columns && how.columns->size() == reader_.fields().size()
@@ -130,9 +124,9 @@ public:
     std::vector<std::string> captions;
 
 private:
-    [[noreturn]] static void fail(const std::string& name, const QString& reason)
+    [[noreturn]] static void fail(const std::string& name, const UserText& reason)
     {
-        throw RuntimeError(ErrorNumber::invalidFileFormat, {}, name + ": " + reason.toStdString());
+        throw RuntimeError(ErrorNumber::invalidFileFormat, {}, userText("%1: %2", name, reason));
     }
 
     std::istringstream stream_;
@@ -161,15 +155,14 @@ char foundDecimalSeparator(Reading reading, char usual)
     return usual;
 }
 
-QString amountProblem(std::string_view cell, LineField field, const QString& problem)
+UserText amountProblem(std::string_view cell, LineField field, const UserText& problem)
 {
-    return QStringLiteral("%1 “%2”: %3")
-        .arg(captionOf(field), QString::fromStdString(std::string(firstCharacters(cell, kQuotedCharacters))), problem);
+    return userText("%1 “%2”: %3", captionOf(field).toStdString(), firstCharacters(cell, kQuotedCharacters), problem);
 }
 
 /// The problem with one of the line's cells; empty if there is none.
-QString readCell(std::string_view cell, LineField field, char decimalSeparator, const ProductRecord& rules,
-                 ProductValues& values)
+UserText readCell(std::string_view cell, LineField field, char decimalSeparator, const ProductRecord& rules,
+                  ProductValues& values)
 {
     const LineFieldRow& row = rowOf(field);
     if (row.text) {
@@ -183,36 +176,36 @@ QString readCell(std::string_view cell, LineField field, char decimalSeparator, 
     const std::optional<Currency> amount = readPrice(text, decimalSeparator);
     if (!amount) {
         return amountProblem(cell, field,
-                             decimalSeparator == '.' ? tr("this is no amount with a decimal point")
-                                                     : tr("this is no amount with a decimal comma"));
+                             decimalSeparator == '.' ? userText("this is no amount with a decimal point")
+                                                     : userText("this is no amount with a decimal comma"));
     }
     const bool possible = field == LineField::qty         ? rules.IsValidQty(*amount)
                           : field == LineField::unitPrice ? rules.IsValidUnitPrice(*amount)
                           : field == LineField::discPrcnt ? rules.IsValidDiscPrcnt(*amount)
                                                           : true;
     values.*row.amount = *amount;
-    return possible ? QString() : amountProblem(cell, field, tr("no product can have this"));
+    return possible ? UserText() : amountProblem(cell, field, userText("no product can have this"));
 }
 
 /// Reads the present line. Returns why it is refused; empty if it is not.
-QString readLine(const Reading& reading, char decimalSeparator, const ProductRecord& rules, ProductValues& values)
+UserText readLine(const Reading& reading, char decimalSeparator, const ProductRecord& rules, ProductValues& values)
 {
     const std::vector<std::string_view>& cells = reading.reader().fields();
     if (!reading.reader().problem().empty()) {
-        return qt::translated(reading.reader().problem());
+        return reading.reader().problem();
     }
     if (cells.size() != reading.columns.size()) {
-        return tr("%1 fields, where the first line has %2").arg(cells.size()).arg(reading.columns.size());
+        return userText("%1 fields where the first line has %2", cells.size(), reading.columns.size());
     }
     if (!std::all_of(cells.begin(), cells.end(), isUtf8)) {
-        return tr("text that is not UTF-8");
+        return userText("text that is not UTF-8");
     }
     values.qty = Currency::fromScaled(Currency::kScale);
     bool priced = false;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         if (const std::optional<LineField> field = reading.columns[i]) {
-            if (const QString problem = readCell(cells[i], *field, decimalSeparator, rules, values);
-                !problem.isEmpty()) {
+            if (const UserText problem = readCell(cells[i], *field, decimalSeparator, rules, values);
+                !problem.empty()) {
                 return problem;
             }
             priced = priced || (field == LineField::extPrice && !trimmed(cells[i]).empty());
@@ -223,7 +216,7 @@ QString readLine(const Reading& reading, char decimalSeparator, const ProductRec
             values.extPrice = extendedPrice(values.unitPrice, values.qty, values.discPrcnt);
         }
     } catch (const RuntimeError&) {
-        return tr("the price of this quantity is too large");
+        return userText("the price of this quantity is too large");
     }
     return {};
 }
@@ -278,14 +271,14 @@ LinesRead readLines(std::string_view bytes, const std::string& fileName, const L
     read.captions = reading.captions;
     while (reading.next()) {
         ProductValues values;
-        const QString problem = readLine(reading, read.format.decimalSeparator, rules, values);
-        if (!problem.isEmpty() && ++read.refusedCount <= how.mostRefused) {
-            read.refused.push_back({.line = reading.reader().line(), .reason = problem.toStdString()});
+        const UserText problem = readLine(reading, read.format.decimalSeparator, rules, values);
+        if (!problem.empty() && ++read.refusedCount <= how.mostRefused) {
+            read.refused.push_back({.line = reading.reader().line(), .reason = problem});
         }
         if (read.shown.size() < how.mostShown) {
-            read.shown.push_back(shownLine(reading, values, !problem.isEmpty(), how.usualDecimal));
+            read.shown.push_back(shownLine(reading, values, !problem.empty(), how.usualDecimal));
         }
-        if (problem.isEmpty()) {
+        if (problem.empty()) {
             read.lines.push_back(std::move(values));
         }
     }

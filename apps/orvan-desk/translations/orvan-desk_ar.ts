@@ -2,6 +2,68 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar" sourcelanguage="en">
 <context>
+    <name>FormatChoice</name>
+    <message>
+        <source>Comma  ,</source>
+        <translation>فاصلة  ,</translation>
+    </message>
+    <message>
+        <source>Semicolon  ;</source>
+        <translation>فاصلة منقوطة  ;</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>جدولة</translation>
+    </message>
+    <message>
+        <source>Bar  |</source>
+        <translation>خط عمودي  |</translation>
+    </message>
+    <message>
+        <source>Point  1.5</source>
+        <translation>نقطة  1.5</translation>
+    </message>
+    <message>
+        <source>Comma  1,5</source>
+        <translation>فاصلة  1,5</translation>
+    </message>
+</context>
+<context>
+    <name>LineFields</name>
+    <message>
+        <source>Part#</source>
+        <translation>رقم القطعة</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>المنتج</translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation>الكمية</translation>
+    </message>
+    <message>
+        <source>Unit Price</source>
+        <translation>سعر الوحدة</translation>
+    </message>
+    <message>
+        <source>Disc%</source>
+        <translation>الخصم %</translation>
+    </message>
+    <message>
+        <source>Ext Price</source>
+        <translation>السعر الإجمالي</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>ملاحظة</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>المفتاح</translation>
+    </message>
+</context>
+<context>
     <name>OpenQuote</name>
     <message>
         <source>%1 on %2 since %3</source>
@@ -848,6 +910,92 @@ Saving would overwrite these changes.</source>
             <numerusform>هل تريد بالتأكيد حذف المنتجات المحددة (%n)؟</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1 “%2”: %3</source>
+        <translation>%1 «%2»: %3</translation>
+    </message>
+    <message>
+        <source>Click to choose what this column shows</source>
+        <translation>انقر لاختيار ما يعرضه هذا العمود</translation>
+    </message>
+    <message>
+        <source>Fit to Texts</source>
+        <translation>ملاءمة النصوص</translation>
+    </message>
+    <message>
+        <source>Narrower</source>
+        <translation>أضيق</translation>
+    </message>
+    <message>
+        <source>No products yet. Press Insert or the + button to add one.</source>
+        <translation>لا توجد منتجات بعد. اضغط Insert أو الزر + لإضافة منتج.</translation>
+    </message>
+    <message>
+        <source>Product Column</source>
+        <translation>عمود المنتج</translation>
+    </message>
+    <message>
+        <source>Reset Columns</source>
+        <translation>إعادة ضبط الأعمدة</translation>
+    </message>
+    <message>
+        <source>Wider</source>
+        <translation>أعرض</translation>
+    </message>
+    <message>
+        <source>it has %1 columns, and at most %2 can be read</source>
+        <translation>يحتوي الملف على %1 من الأعمدة، ولا يمكن قراءة أكثر من %2</translation>
+    </message>
+    <message>
+        <source>it has no lines</source>
+        <translation>الملف لا يحتوي على أسطر</translation>
+    </message>
+    <message>
+        <source>its first line cannot be read</source>
+        <translation>لا يمكن قراءة السطر الأول</translation>
+    </message>
+    <message>
+        <source>no match</source>
+        <translation>لا نتائج</translation>
+    </message>
+    <message>
+        <source>no product can have this</source>
+        <translation>لا يمكن لأي منتج أن يحمل هذه القيمة</translation>
+    </message>
+    <message>
+        <source>the price of this quantity is too large</source>
+        <translation>سعر هذه الكمية كبير جدًا</translation>
+    </message>
+    <message>
+        <source>this is no amount with a decimal comma</source>
+        <translation>هذا ليس مبلغًا بفاصل عشري هو الفاصلة</translation>
+    </message>
+    <message>
+        <source>this is no amount with a decimal point</source>
+        <translation>هذا ليس مبلغًا بفاصل عشري هو النقطة</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n match</source>
+        <translation>
+            <numerusform>لا نتائج</numerusform>
+            <numerusform>نتيجة واحدة</numerusform>
+            <numerusform>نتيجتان</numerusform>
+            <numerusform>%n نتائج</numerusform>
+            <numerusform>%n نتيجة</numerusform>
+            <numerusform>%n نتيجة</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n or more match</source>
+        <translation>
+            <numerusform>%n نتيجة أو أكثر</numerusform>
+            <numerusform>نتيجة واحدة أو أكثر</numerusform>
+            <numerusform>نتيجتان أو أكثر</numerusform>
+            <numerusform>%n نتائج أو أكثر</numerusform>
+            <numerusform>%n نتيجة أو أكثر</numerusform>
+            <numerusform>%n نتيجة أو أكثر</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -1033,6 +1181,255 @@ The catalogue was not changed.</source>
         <translation>
 
 لم يتغير الكتالوج.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::CurrencyDialog</name>
+    <message>
+        <source>Quote Currency</source>
+        <translation>عملة عرض السعر</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>الرمز</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>العملة</translation>
+    </message>
+    <message>
+        <source>Find a currency by its code or name</source>
+        <translation>ابحث عن عملة برمزها أو اسمها</translation>
+    </message>
+    <message>
+        <source>The amounts stay as they are: nothing is converted.</source>
+        <translation>تبقى المبالغ كما هي: لا يُحوَّل شيء.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::ExchangeActions</name>
+    <message>
+        <source>The quote would be too large to be saved: %L1 bytes, and at most %L2 are possible.</source>
+        <translation>سيكون عرض السعر أكبر من أن يُحفظ: %L1 بايت، والحد الأقصى الممكن هو %L2.</translation>
+    </message>
+    <message>
+        <source>The total would be too large.</source>
+        <translation>سيكون المجموع كبيرًا جدًا.</translation>
+    </message>
+    <message>
+        <source>Export Lines</source>
+        <translation>تصدير الأسطر</translation>
+    </message>
+    <message>
+        <source>&amp;Choose File…</source>
+        <translation>ا&amp;ختيار ملف…</translation>
+    </message>
+    <message>
+        <source>&amp;Separator</source>
+        <translation>ال&amp;فاصل</translation>
+    </message>
+    <message>
+        <source>&amp;Decimals</source>
+        <translation>الكسور ال&amp;عشرية</translation>
+    </message>
+    <message>
+        <source>&amp;Import Lines…</source>
+        <translation>ا&amp;ستيراد الأسطر…</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Lines…</source>
+        <translation>تصد&amp;ير الأسطر…</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>الأسطر</translation>
+    </message>
+    <message>
+        <source>Lines for a spreadsheet (*.%1);;All files (*)</source>
+        <translation>أسطر لجدول بيانات (*.%1);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>“%1” has been written.</source>
+        <translation>كُتب الملف «%1».</translation>
+    </message>
+    <message>
+        <source>“%1” could not be written.</source>
+        <translation>تعذّرت كتابة «%1».</translation>
+    </message>
+    <message>
+        <source>Import Lines</source>
+        <translation>استيراد الأسطر</translation>
+    </message>
+    <message>
+        <source>Lines of a spreadsheet (*.csv *.tsv *.txt);;All files (*)</source>
+        <translation>أسطر جدول بيانات (*.csv *.tsv *.txt);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>“%1” could not be imported.</source>
+        <translation>تعذّر استيراد «%1».</translation>
+    </message>
+    <message>
+        <source>Import 1 Line</source>
+        <translation>استيراد سطر واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>Import %Ln Lines</source>
+        <translation>
+            <numerusform>استيراد %Ln سطر</numerusform>
+            <numerusform>استيراد سطر واحد</numerusform>
+            <numerusform>استيراد سطرين</numerusform>
+            <numerusform>استيراد %Ln أسطر</numerusform>
+            <numerusform>استيراد %Ln سطرًا</numerusform>
+            <numerusform>استيراد %Ln سطر</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::ImportDialog</name>
+    <message>
+        <source>1 line</source>
+        <translation>سطر واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln lines</source>
+        <translation>
+            <numerusform>%Ln سطر</numerusform>
+            <numerusform>سطر واحد</numerusform>
+            <numerusform>سطران</numerusform>
+            <numerusform>%Ln أسطر</numerusform>
+            <numerusform>%Ln سطرًا</numerusform>
+            <numerusform>%Ln سطر</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Line %L1: %2</source>
+        <translation>السطر %L1: %2</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>و%1 أخرى</translation>
+    </message>
+    <message>
+        <source>&amp;Append to the quote&apos;s lines</source>
+        <translation>إ&amp;لحاق بأسطر عرض السعر</translation>
+    </message>
+    <message>
+        <source>&amp;Replace the quote&apos;s lines</source>
+        <translation>است&amp;بدال أسطر عرض السعر</translation>
+    </message>
+    <message>
+        <source>Import Lines from “%1”</source>
+        <translation>استيراد الأسطر من «%1»</translation>
+    </message>
+    <message>
+        <source>What was understood of the file</source>
+        <translation>ما فُهم من الملف</translation>
+    </message>
+    <message>
+        <source>Lines that cannot be imported</source>
+        <translation>الأسطر التي لا يمكن استيرادها</translation>
+    </message>
+    <message>
+        <source>The &amp;first line has the names of the columns</source>
+        <translation>السطر ال&amp;أول يحتوي على أسماء الأعمدة</translation>
+    </message>
+    <message>
+        <source>&amp;Separator</source>
+        <translation>ال&amp;فاصل</translation>
+    </message>
+    <message>
+        <source>&amp;Decimals</source>
+        <translation>الكسور ال&amp;عشرية</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>السطر</translation>
+    </message>
+    <message>
+        <source>Column %L1</source>
+        <translation>العمود %L1</translation>
+    </message>
+    <message>
+        <source>%L1 !</source>
+        <translation>%L1 !</translation>
+    </message>
+    <message>
+        <source>(not imported)</source>
+        <translation>(لا يُستورد)</translation>
+    </message>
+    <message>
+        <source>What column %L1 has</source>
+        <translation>ما يحتويه العمود %L1</translation>
+    </message>
+    <message>
+        <source>Choose above what the columns have.</source>
+        <translation>اختر أعلاه ما تحتويه الأعمدة.</translation>
+    </message>
+    <message>
+        <source>Nothing can be imported, because %1 cannot be understood.</source>
+        <translation>لا يمكن استيراد شيء، لأن ما يلي غير مفهوم: %1.</translation>
+    </message>
+    <message>
+        <source>The file has no lines to import.</source>
+        <translation>لا يحتوي الملف على أسطر يمكن استيرادها.</translation>
+    </message>
+    <message>
+        <source>%1 understood.</source>
+        <translation>فُهم: %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Import 1 Line</source>
+        <translation>ا&amp;ستيراد سطر واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Import %Ln Lines</source>
+        <translation>
+            <numerusform>ا&amp;ستيراد %Ln سطر</numerusform>
+            <numerusform>ا&amp;ستيراد سطر واحد</numerusform>
+            <numerusform>ا&amp;ستيراد سطرين</numerusform>
+            <numerusform>ا&amp;ستيراد %Ln أسطر</numerusform>
+            <numerusform>ا&amp;ستيراد %Ln سطرًا</numerusform>
+            <numerusform>ا&amp;ستيراد %Ln سطر</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::KeySheet</name>
+    <message>
+        <source>In the list</source>
+        <translation>في القائمة</translation>
+    </message>
+    <message>
+        <source>In the editor</source>
+        <translation>في المحرر</translation>
+    </message>
+    <message>
+        <source>In the desk</source>
+        <translation>في النافذة</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>المفاتيح</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>الأمر</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>المفتاح</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>القائمة</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> أو </translation>
+    </message>
+    <message>
+        <source>Find a command or a key</source>
+        <translation>ابحث عن أمر أو مفتاح</translation>
     </message>
 </context>
 <context>
@@ -1335,6 +1732,34 @@ Changed: %3.</source>
         <source>The unsaved changes could not be recovered.</source>
         <translation>تعذّرت استعادة التغييرات غير المحفوظة.</translation>
     </message>
+    <message>
+        <source>the currency</source>
+        <translation>العملة</translation>
+    </message>
+    <message>
+        <source>Quote Curre&amp;ncy…</source>
+        <translation>عملة عرض ال&amp;سعر…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>م&amp;ساعدة</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>ال&amp;مفاتيح</translation>
+    </message>
+    <message>
+        <source>F1</source>
+        <translation>F1</translation>
+    </message>
+    <message>
+        <source>Quote Currency</source>
+        <translation>تغيير العملة</translation>
+    </message>
+    <message>
+        <source>The currency could not be changed.</source>
+        <translation>تعذّر تغيير العملة.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::PrintActions</name>
@@ -1619,6 +2044,14 @@ Changed: %3.</source>
     <message>
         <source>Unsaved since %1</source>
         <translation>غير محفوظ منذ %1</translation>
+    </message>
+    <message>
+        <source>The quote holds more than can be saved</source>
+        <translation>يحتوي عرض السعر على أكثر مما يمكن حفظه</translation>
+    </message>
+    <message>
+        <source>The quote holds %L1 % of what it can hold</source>
+        <translation>عرض السعر ممتلئ بنسبة %L1 %</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,68 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>FormatChoice</name>
+    <message>
+        <source>Comma  ,</source>
+        <translation>Komma  ,</translation>
+    </message>
+    <message>
+        <source>Semicolon  ;</source>
+        <translation>Semikolon  ;</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulator</translation>
+    </message>
+    <message>
+        <source>Bar  |</source>
+        <translation>Senkrechter Strich  |</translation>
+    </message>
+    <message>
+        <source>Point  1.5</source>
+        <translation>Punkt  1.5</translation>
+    </message>
+    <message>
+        <source>Comma  1,5</source>
+        <translation>Komma  1,5</translation>
+    </message>
+</context>
+<context>
+    <name>LineFields</name>
+    <message>
+        <source>Part#</source>
+        <translation>Art.-Nr.</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>Artikel</translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Unit Price</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>Disc%</source>
+        <translation>Rabatt %</translation>
+    </message>
+    <message>
+        <source>Ext Price</source>
+        <translation>Gesamtpreis</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Schlüssel</translation>
+    </message>
+</context>
+<context>
     <name>OpenQuote</name>
     <message>
         <source>%1 on %2 since %3</source>
@@ -840,6 +902,84 @@ Speichern würde diese Änderungen überschreiben.</translation>
             <numerusform>Möchten Sie die %n ausgewählten Artikel wirklich löschen?</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1 “%2”: %3</source>
+        <translation>%1 „%2“: %3</translation>
+    </message>
+    <message>
+        <source>Click to choose what this column shows</source>
+        <translation>Klicken Sie, um zu wählen, was diese Spalte zeigt</translation>
+    </message>
+    <message>
+        <source>Fit to Texts</source>
+        <translation>An Texte anpassen</translation>
+    </message>
+    <message>
+        <source>Narrower</source>
+        <translation>Schmaler</translation>
+    </message>
+    <message>
+        <source>No products yet. Press Insert or the + button to add one.</source>
+        <translation>Noch keine Artikel. Drücken Sie Einfg oder die Schaltfläche +, um einen hinzuzufügen.</translation>
+    </message>
+    <message>
+        <source>Product Column</source>
+        <translation>Spalte Artikel</translation>
+    </message>
+    <message>
+        <source>Reset Columns</source>
+        <translation>Spalten zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Wider</source>
+        <translation>Breiter</translation>
+    </message>
+    <message>
+        <source>it has %1 columns, and at most %2 can be read</source>
+        <translation>die Datei hat %1 Spalten, und höchstens %2 können gelesen werden</translation>
+    </message>
+    <message>
+        <source>it has no lines</source>
+        <translation>die Datei hat keine Zeilen</translation>
+    </message>
+    <message>
+        <source>its first line cannot be read</source>
+        <translation>die erste Zeile kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>no match</source>
+        <translation>kein Treffer</translation>
+    </message>
+    <message>
+        <source>no product can have this</source>
+        <translation>kein Artikel kann das haben</translation>
+    </message>
+    <message>
+        <source>the price of this quantity is too large</source>
+        <translation>der Preis dieser Menge ist zu groß</translation>
+    </message>
+    <message>
+        <source>this is no amount with a decimal comma</source>
+        <translation>das ist kein Betrag mit Dezimalkomma</translation>
+    </message>
+    <message>
+        <source>this is no amount with a decimal point</source>
+        <translation>das ist kein Betrag mit Dezimalpunkt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n match</source>
+        <translation>
+            <numerusform>ein Treffer</numerusform>
+            <numerusform>%n Treffer</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n or more match</source>
+        <translation>
+            <numerusform>mindestens ein Treffer</numerusform>
+            <numerusform>mindestens %n Treffer</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -1005,6 +1145,243 @@ The catalogue was not changed.</source>
         <translation>
 
 Der Katalog wurde nicht geändert.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::CurrencyDialog</name>
+    <message>
+        <source>Quote Currency</source>
+        <translation>Währung des Angebots</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Find a currency by its code or name</source>
+        <translation>Währung nach Code oder Namen suchen</translation>
+    </message>
+    <message>
+        <source>The amounts stay as they are: nothing is converted.</source>
+        <translation>Die Beträge bleiben, wie sie sind: Es wird nichts umgerechnet.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::ExchangeActions</name>
+    <message>
+        <source>The quote would be too large to be saved: %L1 bytes, and at most %L2 are possible.</source>
+        <translation>Das Angebot wäre zu groß, um gespeichert zu werden: %L1 Bytes, und höchstens %L2 sind möglich.</translation>
+    </message>
+    <message>
+        <source>The total would be too large.</source>
+        <translation>Die Summe wäre zu groß.</translation>
+    </message>
+    <message>
+        <source>Export Lines</source>
+        <translation>Zeilen exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Choose File…</source>
+        <translation>&amp;Datei wählen…</translation>
+    </message>
+    <message>
+        <source>&amp;Separator</source>
+        <translation>&amp;Trennzeichen</translation>
+    </message>
+    <message>
+        <source>&amp;Decimals</source>
+        <translation>De&amp;zimalstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Import Lines…</source>
+        <translation>Zeilen &amp;importieren…</translation>
+    </message>
+    <message>
+        <source>E&amp;xport Lines…</source>
+        <translation>Zeilen e&amp;xportieren…</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Lines for a spreadsheet (*.%1);;All files (*)</source>
+        <translation>Zeilen für eine Tabelle (*.%1);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>“%1” has been written.</source>
+        <translation>„%1“ wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be written.</source>
+        <translation>„%1“ konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Import Lines</source>
+        <translation>Zeilen importieren</translation>
+    </message>
+    <message>
+        <source>Lines of a spreadsheet (*.csv *.tsv *.txt);;All files (*)</source>
+        <translation>Zeilen einer Tabelle (*.csv *.tsv *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>“%1” could not be imported.</source>
+        <translation>„%1“ konnte nicht importiert werden.</translation>
+    </message>
+    <message>
+        <source>Import 1 Line</source>
+        <translation>Importieren von einer Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>Import %Ln Lines</source>
+        <translation>
+            <numerusform>Importieren von einer Zeile</numerusform>
+            <numerusform>Importieren von %Ln Zeilen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::ImportDialog</name>
+    <message>
+        <source>1 line</source>
+        <translation>eine Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln lines</source>
+        <translation>
+            <numerusform>eine Zeile</numerusform>
+            <numerusform>%Ln Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Line %L1: %2</source>
+        <translation>Zeile %L1: %2</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>&amp;Append to the quote&apos;s lines</source>
+        <translation>An die Zeilen des Angebots &amp;anhängen</translation>
+    </message>
+    <message>
+        <source>&amp;Replace the quote&apos;s lines</source>
+        <translation>Die Zeilen des Angebots e&amp;rsetzen</translation>
+    </message>
+    <message>
+        <source>Import Lines from “%1”</source>
+        <translation>Zeilen aus „%1“ importieren</translation>
+    </message>
+    <message>
+        <source>What was understood of the file</source>
+        <translation>Was von der Datei verstanden wurde</translation>
+    </message>
+    <message>
+        <source>Lines that cannot be imported</source>
+        <translation>Zeilen, die nicht importiert werden können</translation>
+    </message>
+    <message>
+        <source>The &amp;first line has the names of the columns</source>
+        <translation>Die &amp;erste Zeile enthält die Namen der Spalten</translation>
+    </message>
+    <message>
+        <source>&amp;Separator</source>
+        <translation>&amp;Trennzeichen</translation>
+    </message>
+    <message>
+        <source>&amp;Decimals</source>
+        <translation>De&amp;zimalstellen</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Column %L1</source>
+        <translation>Spalte %L1</translation>
+    </message>
+    <message>
+        <source>%L1 !</source>
+        <translation>%L1 !</translation>
+    </message>
+    <message>
+        <source>(not imported)</source>
+        <translation>(nicht importiert)</translation>
+    </message>
+    <message>
+        <source>What column %L1 has</source>
+        <translation>Was Spalte %L1 enthält</translation>
+    </message>
+    <message>
+        <source>Choose above what the columns have.</source>
+        <translation>Wählen Sie oben, was die Spalten enthalten.</translation>
+    </message>
+    <message>
+        <source>Nothing can be imported, because %1 cannot be understood.</source>
+        <translation>Es kann nichts importiert werden, weil nicht alles verstanden wurde: %1.</translation>
+    </message>
+    <message>
+        <source>The file has no lines to import.</source>
+        <translation>Die Datei enthält keine Zeilen, die importiert werden können.</translation>
+    </message>
+    <message>
+        <source>%1 understood.</source>
+        <translation>Verstanden: %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Import 1 Line</source>
+        <translation>Eine Zeile &amp;importieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Import %Ln Lines</source>
+        <translation>
+            <numerusform>Eine Zeile &amp;importieren</numerusform>
+            <numerusform>%Ln Zeilen &amp;importieren</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::KeySheet</name>
+    <message>
+        <source>In the list</source>
+        <translation>In der Liste</translation>
+    </message>
+    <message>
+        <source>In the editor</source>
+        <translation>Im Editor</translation>
+    </message>
+    <message>
+        <source>In the desk</source>
+        <translation>Im Fenster</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>Find a command or a key</source>
+        <translation>Befehl oder Taste suchen</translation>
     </message>
 </context>
 <context>
@@ -1303,6 +1680,34 @@ Geändert: %3.</translation>
         <source>The unsaved changes could not be recovered.</source>
         <translation>Die nicht gespeicherten Änderungen konnten nicht wiederhergestellt werden.</translation>
     </message>
+    <message>
+        <source>the currency</source>
+        <translation>die Währung</translation>
+    </message>
+    <message>
+        <source>Quote Curre&amp;ncy…</source>
+        <translation>&amp;Währung des Angebots…</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>F1</source>
+        <translation>F1</translation>
+    </message>
+    <message>
+        <source>Quote Currency</source>
+        <translation>Ändern der Währung</translation>
+    </message>
+    <message>
+        <source>The currency could not be changed.</source>
+        <translation>Die Währung konnte nicht geändert werden.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::PrintActions</name>
@@ -1559,6 +1964,14 @@ Geändert: %3.</translation>
     <message>
         <source>Unsaved since %1</source>
         <translation>Nicht gespeichert seit %1</translation>
+    </message>
+    <message>
+        <source>The quote holds more than can be saved</source>
+        <translation>Das Angebot enthält mehr, als gespeichert werden kann</translation>
+    </message>
+    <message>
+        <source>The quote holds %L1 % of what it can hold</source>
+        <translation>Das Angebot ist zu %L1 % voll</translation>
     </message>
 </context>
 </TS>
