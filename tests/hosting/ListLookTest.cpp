@@ -10,7 +10,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QStyle>
 #include <QTableView>
 #include <QTest>
@@ -109,6 +108,18 @@ protected:
         return cut;
     }
     [[nodiscard]] bool fills() const { return header().length() == table().viewport()->width(); }
+
+    /// Of any pixel with the ground, which is in the corner.
+    static double mostContrast(const QImage& image)
+    {
+        double most = 1;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                most = std::max(most, qt::contrast(image.pixelColor(x, y), image.pixelColor(1, 1)));
+            }
+        }
+        return most;
+    }
 
     std::unique_ptr<ProductViewWidget> view;
 
@@ -209,7 +220,6 @@ TEST_F(ListLookTest, AmountsAndTheirHeadersAreWholeInEveryFontAndWidth)
             }
         }
     }
-    storeWidths("250^960^700^700");
     useFont(40);
     EXPECT_EQ(cutTexts(kPrice), QStringList()) << "after a change of the font";
 }
@@ -369,13 +379,7 @@ TEST_F(ListLookTest, EdgesAndTextsAreSeenInLightAndDark)
         view->setCurrentProduct(2);
         const QImage selected =
             table().viewport()->grab(table().visualRect(table().model()->index(1, kName))).toImage();
-        double most = 1;
-        for (int x = 0; x < selected.width(); ++x) {
-            for (int y = 0; y < selected.height(); ++y) {
-                most = std::max(most, qt::contrast(selected.pixelColor(x, y), selected.pixelColor(1, 1)));
-            }
-        }
-        EXPECT_GE(most, 4.4) << "the text of the selected row"; // rounded to eight bits
+        EXPECT_GE(mostContrast(selected), 4.4) << "the text of the selected row"; // rounded to eight bits
     });
 }
 
@@ -386,14 +390,7 @@ TEST_F(ListLookTest, AnEmptyListSaysHowToBegin)
     view->Show("");
     EXPECT_TRUE(table().accessibleDescription().startsWith(QStringLiteral("No products yet.")));
     const QImage empty = table().viewport()->grab().toImage();
-    const QColor ground = empty.pixelColor(1, 1);
-    double most = 1;
-    for (int x = 0; x < empty.width(); ++x) {
-        for (int y = 0; y < empty.height(); ++y) {
-            most = std::max(most, qt::contrast(empty.pixelColor(x, y), ground));
-        }
-    }
-    EXPECT_GE(most, 4.4) << "painted, and readable";
+    EXPECT_GE(mostContrast(empty), 4.4) << "painted, and readable";
     view->Show(kList);
     EXPECT_EQ(table().viewport()->grab().toImage(), filled);
 }
