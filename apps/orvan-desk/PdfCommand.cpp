@@ -74,8 +74,8 @@ QStringList convertToCsv(const QString& quoteFile, const QString& csvFile)
     if (csvFile.endsWith(QStringLiteral(".tsv"), Qt::CaseInsensitive)) {
         format.delimiter = '\t';
     }
-    const std::string warning = files::replaceFile(pathOf(csvFile), linesToCsv(lines, format)).warning;
-    return warning.empty() ? QStringList() : QStringList{QString::fromStdString(warning)};
+    const UserText warning = files::replaceFile(pathOf(csvFile), linesToCsv(lines, format)).warning;
+    return warning.empty() ? QStringList() : QStringList{qt::translated(warning)};
 }
 
 QString sampleFile(const QString& name)

@@ -3,13 +3,15 @@
 #include "orvan/ui/Grid.h"
 
 #include <array>
+#include <bit>
 #include <optional>
 
 namespace orvan::ui {
 
 namespace {
 
-constexpr std::size_t kMostDigits = 20; ///< Of a magnitude in ten-thousandths.
+/// Sizes are told apart by their bits, which are found faster than digits: this looks at each number of a long list.
+constexpr std::size_t kSizes = 65;
 
 std::optional<Currency> numberOf(const GridValue& value)
 {
@@ -22,26 +24,19 @@ std::optional<Currency> numberOf(const GridValue& value)
     return std::nullopt;
 }
 
-std::size_t digitsOf(std::uint64_t magnitude)
-{
-    std::size_t digits = 0;
-    for (; magnitude > 0; magnitude /= 10) {
-        ++digits;
-    }
-    return digits;
-}
-
 std::size_t decimalsOf(std::uint64_t magnitude)
 {
+    if (magnitude % Currency::kScale == 0) {
+        return 0;
+    }
     std::size_t decimals = Currency::kDecimals;
-    while (decimals > 0 && magnitude % 10 == 0) {
-        magnitude /= 10;
+    for (; magnitude % 10 == 0; magnitude /= 10) {
         --decimals;
     }
     return decimals;
 }
 
-/// A number of one shape: sign, digits and decimals.
+/// A number of one shape: sign, size and decimals.
 struct NumberShape {
     std::int32_t row = -1; ///< -1: the column has no number of this shape.
     std::uint64_t magnitude = 0;
@@ -55,7 +50,7 @@ std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column)
     if (grid.columnType(column) == GridType::string) {
         return texts;
     }
-    std::array<NumberShape, 2 * (kMostDigits + 1) * (Currency::kDecimals + 1)> shapes;
+    std::array<NumberShape, 2 * kSizes*(Currency::kDecimals + 1)> shapes;
     for (std::int32_t row = grid.fixedRows(); row < grid.rowCount(); ++row) {
         const std::optional<Currency> number = numberOf(grid.value(row, column));
         if (!number) {
@@ -63,7 +58,8 @@ std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column)
         }
         const std::uint64_t magnitude = number->magnitude();
         const std::size_t sign = number->scaled() < 0 ? 1 : 0;
-        const std::size_t place = (digitsOf(magnitude) * (Currency::kDecimals + 1) + decimalsOf(magnitude)) * 2 + sign;
+        const auto size = static_cast<std::size_t>(std::bit_width(magnitude));
+        const std::size_t place = (size * (Currency::kDecimals + 1) + decimalsOf(magnitude)) * 2 + sign;
         // The greatest of each shape, because a picture with fewer decimals may round it up to one more digit.
         if (NumberShape& shape = shapes[place]; shape.row < 0 || magnitude > shape.magnitude) {
             shape = {row, magnitude};

@@ -12,7 +12,7 @@ namespace orvan::ui {
 
 class Grid;
 
-/// Texts of the column's numbers, header rows left out: one for each count of digits and decimals, with and without a
+/// Texts of the column's numbers, header rows left out: one for each size and count of decimals, with and without a
 /// minus sign. Every number of the column has a text of no more characters than one of these. Empty for a column
 /// without numbers.
 [[nodiscard]] std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column);

@@ -10,7 +10,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QStyle>
 #include <QTableView>
 #include <QTest>
@@ -226,7 +225,6 @@ TEST_F(ListLookTest, AmountsAndTheirHeadersAreWholeInEveryFontAndWidth)
             }
         }
     }
-    storeWidths("250^960^700^700");
     useFont(40);
     EXPECT_EQ(cutTexts(kPrice), QStringList()) << "after a change of the font";
 }
