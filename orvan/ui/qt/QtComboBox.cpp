@@ -12,6 +12,7 @@
 #include <QHash>
 #include <QKeyEvent>
 #include <QListView>
+#include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -238,7 +239,7 @@ private:
         }
         widest = std::max(widest, texts);
         widest += 2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width();
-        list_->setMinimumWidth(std::min(widest, kWidestInBoxes * width()));
+        list_->setMinimumWidth(std::min({widest, kWidestInBoxes * width(), screen()->availableSize().width()}));
     }
 
     EntryLine* line_;
