@@ -4,6 +4,7 @@
 #include "apps/orvan-desk/MainWindow.h"
 #include "benchmarks/FirstPaint.h"
 #include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/hosting/QtHost.h"
 
 #include <QFile>
 
@@ -12,7 +13,7 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvan-desk")); // from here on the same as apps/orvan-desk/main.cpp
     const QString products = orvan::desk::defaultCatalogueFile();
-    orvan::desk::lookUpProductsIn(products);
+    orvan::setQtHostOptions(orvan::desk::lookUpProductsIn(products));
     orvan::desk::MainWindow window;
     window.useCatalogue(products, true);
     window.show();

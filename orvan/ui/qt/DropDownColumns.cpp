@@ -56,10 +56,12 @@ void DropDownColumns::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setPen(item.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
     for (std::size_t column = 0; column < widths_.size(); ++column) {
         const QRect area = QStyle::visualRect(item.direction, item.rect, areas[column]);
-        const bool atEnd = (column == 2) != (item.direction == Qt::RightToLeft);
+        const bool right = column == 2 || item.direction == Qt::RightToLeft; // an amount always stands at the right
         const QString text =
             item.fontMetrics.elidedText(texts[static_cast<qsizetype>(column)], Qt::ElideRight, area.width());
-        painter->drawText(area, (atEnd ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine, text);
+        painter->drawText(
+            area, (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
+            text);
     }
     painter->restore();
 }

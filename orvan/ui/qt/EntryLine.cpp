@@ -193,7 +193,8 @@ void EntryLine::setRemark(const QString& remark)
 {
     remark_ = remark;
     const int width = remark.isEmpty() ? 0 : fontMetrics().horizontalAdvance(remark) + kRemarkSpace;
-    setTextMargins(isRightToLeft() ? width : 0, 0, isRightToLeft() ? 0 : width, 0);
+    const bool left = text().isRightToLeft(); // the end of the text
+    setTextMargins(left ? width : 0, 0, left ? 0 : width, 0);
     setAccessibleDescription(remark);
     update();
 }
@@ -202,8 +203,9 @@ void EntryLine::paintRemark()
 {
     QPainter painter(this);
     painter.setPen(between(palette().color(QPalette::Base), palette().color(QPalette::Text), kRemarkShade));
-    const Qt::Alignment end = isRightToLeft() ? Qt::AlignLeft : Qt::AlignRight;
-    painter.drawText(textArea(), static_cast<int>((end | Qt::AlignVCenter).toInt()) | Qt::TextSingleLine, remark_);
+    painter.setLayoutDirection(remark_.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    const Qt::Alignment end = textMargins().left() > 0 ? Qt::AlignLeft : Qt::AlignRight;
+    painter.drawText(textArea(), static_cast<int>((end | Qt::AlignAbsolute | Qt::AlignVCenter).toInt()), remark_);
 }
 
 void EntryLine::textSet()

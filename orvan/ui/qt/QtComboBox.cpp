@@ -13,6 +13,7 @@
 #include <QHash>
 #include <QKeyEvent>
 #include <QListView>
+#include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -240,7 +241,7 @@ private:
         }
         widest = std::max(widest, texts);
         widest += 2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width();
-        list_->setMinimumWidth(std::min(widest, kWidestInBoxes * width()));
+        list_->setMinimumWidth(std::min({widest, kWidestInBoxes * width(), screen()->availableSize().width()}));
     }
 
     EntryLine* line_;
