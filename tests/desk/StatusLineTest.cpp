@@ -2,6 +2,7 @@
 
 #include "StatusLine.h"
 #include "MainWindow.h"
+#include "OutsideText.h"
 #include "WatchedProducts.h"
 
 #include "orvan/components/catalogue/CatalogueImport.h"
@@ -151,7 +152,7 @@ TEST_F(StatusLineTest, CountingLeavesNoWordInTheTrace)
         std::string text;
         const QDir traces(qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/orvan"));
         for (const QFileInfo& file : traces.entryInfoList({QStringLiteral("trace-*")}, QDir::Files)) {
-            text += test::readText(qt::pathOf(file.filePath()));
+            text += test::readText(pathOf(file.filePath()));
         }
         return text.size();
     };
