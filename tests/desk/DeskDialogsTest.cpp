@@ -1,14 +1,18 @@
-// The sheet of keys, and the currency of a quote.
+// The sheet of keys, the currency of a quote, and the warning before a quote is full.
 
 #include "CurrencyDialog.h"
 #include "FilterLine.h"
 #include "KeySheet.h"
 #include "MainWindow.h"
+#include "StatusLine.h"
 
+#include "orvan/components/products/ProductsString.h"
 #include "orvan/hosting/ProductViewWidget.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
 
 #include <QAction>
 #include <QJsonDocument>
@@ -156,6 +160,32 @@ TEST_F(DeskDialogsTest, TheSheetCanBeReachedWhileTheEditorIsOpen)
         editor->close();
     });
     products->action(Command::edit)->trigger();
+}
+
+TEST_F(DeskDialogsTest, TheStatusLineWarnsBeforeTheQuoteIsFull)
+{
+    window.resize(1200, 500);
+    auto& status = *window.findChild<StatusLine*>();
+    struct Row {
+        const char* name;
+        double full;
+        const char* text;
+    };
+    const Row rows[] = {
+        {"below", 0.895, "1 product   ·"},
+        {"from here on", 0.905, "The quote holds 90 % of what it can hold   ·   1 product   ·"},
+        {"nearly full", 0.995, "The quote holds 99 % of what it can hold   ·   1 product   ·"},
+        {"too large", 1.005, "The quote holds more than can be saved   ·   1 product   ·"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        ProductFields lamp;
+        lamp.note = std::string(static_cast<std::size_t>(row.full * 1024 * 1024), 'n');
+        std::string list = productsStringHead(1, {});
+        appendProduct(list, lamp, {});
+        products->Show(list);
+        status.lookAgain();
+        EXPECT_THAT(status.text().toStdString() + "   ·", testing::StartsWith(row.text));
+    });
 }
 
 TEST_F(DeskDialogsTest, TheCurrencyCanBeChangedAndTheChangeUndone)

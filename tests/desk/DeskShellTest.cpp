@@ -350,35 +350,6 @@ TEST_F(DeskShellTest, TheStatusLineFollowsTheQuote)
     EXPECT_EQ(window.size(), window.minimumSize()) << "a long line does not hold the window";
 }
 
-TEST_F(DeskShellTest, TheStatusLineWarnsBeforeTheQuoteIsFull)
-{
-    MainWindow window;
-    window.resize(1200, 500);
-    window.show();
-    window.onProblem = [](const QString&) {};
-    auto& products = *window.findChild<ProductViewWidget*>();
-    struct Row {
-        const char* name;
-        double full;
-        const char* text;
-    };
-    const Row rows[] = {
-        {"below", 0.895, "1 product   ·"},
-        {"from here on", 0.905, "The quote holds 90 % of what it can hold   ·   1 product   ·"},
-        {"nearly full", 0.995, "The quote holds 99 % of what it can hold   ·   1 product   ·"},
-        {"too large", 1.005, "The quote holds more than can be saved   ·   1 product   ·"},
-    };
-    forEachRow(rows, [&](const Row& row) {
-        ProductFields lamp;
-        lamp.note = std::string(static_cast<std::size_t>(row.full * 1024 * 1024), 'n');
-        std::string list = productsStringHead(1, {});
-        appendProduct(list, lamp, {});
-        products.Show(list);
-        window.findChild<StatusLine*>()->lookAgain();
-        EXPECT_THAT(line(window) + "   ·", testing::StartsWith(row.text));
-    });
-}
-
 TEST_F(DeskShellTest, CountingLeavesNoWordInTheTrace)
 {
     MainWindow window;
