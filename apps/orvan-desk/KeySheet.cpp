@@ -8,7 +8,6 @@
 
 #include <QAction>
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -105,7 +104,11 @@ KeySheet::KeySheet(const std::vector<KeyRow>& rows, QWidget* parent) : QDialog(p
         new QTreeWidgetItem(heading, {row.command, keys.join(tr(" or ")), row.menu});
     }
     list->expandAll();
-    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    const int em = fontMetrics().averageCharWidth();
+    for (int i = 0; i < list->columnCount(); ++i) {
+        list->resizeColumnToContents(i);
+        list->setColumnWidth(i, list->columnWidth(i) + 2 * em); // apart from the next column
+    }
     auto* const filter = new FilterLine(*list);
     filter->setPlaceholderText(tr("Find a command or a key"));
     filter->setAccessibleName(filter->placeholderText());
@@ -115,7 +118,6 @@ KeySheet::KeySheet(const std::vector<KeyRow>& rows, QWidget* parent) : QDialog(p
     column->addWidget(filter);
     column->addWidget(list, 1);
     column->addWidget(buttons);
-    const int em = fontMetrics().averageCharWidth();
     resize(QSize(70 * em, 40 * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() * 4 / 5));
 }
 

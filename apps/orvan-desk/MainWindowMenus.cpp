@@ -184,7 +184,7 @@ void MainWindow::useCatalogue(const QString& file, bool sampleIfNone)
         new CatalogueMenu(file, this, [this](const QString& what, const QString& why, const QString& details) {
             tell(what, why, details);
         });
-    menuBar()->addMenu(menu);
+    menuBar()->insertMenu(menuBar()->actions().constLast(), menu); // before the help menu
     status_->setCatalogue(file);
     QTimer::singleShot(0, menu, [this, menu, sampleIfNone] {
         if (sampleIfNone) {

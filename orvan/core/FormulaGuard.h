@@ -1,8 +1,8 @@
 // FormulaGuard: texts that a spreadsheet would not take for what they are.
 //
-// A cell that begins with = + - or @ would be taken for a formula, and a ' at the beginning would be swallowed, as would
-// a tab or CR. Such a text gets one ' in front when it is handed to a spreadsheet; reading removes one ' before any of
-// these. Amounts are never changed in this way. Thread: any.
+// A cell that begins with = + - or @ would be taken for a formula, and a ' at the beginning would be swallowed, as
+// would a tab or CR. Such a text gets one ' in front when it is handed to a spreadsheet; reading removes one ' before
+// any of these. Amounts are never changed in this way. Thread: any.
 #pragma once
 
 #include <string>

@@ -1,14 +1,18 @@
-// The sheet of keys, and the currency of a quote.
+// The sheet of keys, the currency of a quote, and the warning before a quote is full.
 
 #include "CurrencyDialog.h"
 #include "FilterLine.h"
 #include "KeySheet.h"
 #include "MainWindow.h"
+#include "StatusLine.h"
 
+#include "orvan/components/products/ProductsString.h"
 #include "orvan/hosting/ProductViewWidget.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
 
 #include <QAction>
 #include <QJsonDocument>

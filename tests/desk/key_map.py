@@ -136,7 +136,7 @@ class List:
 
     def menu_of_the_row(self, key: str) -> None:
         press(key)
-        keys("Down", "Return")
+        keys("Home", "Return")
         wait_for_title("Beta (2/4)")
         leave_editor()
 

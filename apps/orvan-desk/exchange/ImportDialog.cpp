@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -53,6 +55,13 @@ private:
 QString lineCount(std::size_t count)
 {
     return count == 1 ? ImportDialog::tr("1 line") : ImportDialog::tr("%Ln lines", nullptr, static_cast<int>(count));
+}
+
+/// A text from the file, with its words in its own order where the window runs from right to left.
+QString cellText(const std::string& text)
+{
+    const QString shown = shortened(qt::toQt(text));
+    return QGuiApplication::isRightToLeft() ? u'\u2068' + shown + u'\u2069' : shown;
 }
 
 /// Each refused line, with its place and the reason.
@@ -97,11 +106,19 @@ ImportDialog::ImportDialog(ImportedFile file, const ProductRecord& rules, WhyNot
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     buttons->addButton(import_, QDialogButtonBox::AcceptRole);
     import_->setDefault(true);
+    auto* const contents = new QWidget;
+    auto* const inner = new QVBoxLayout(contents);
+    inner->setContentsMargins({});
+    inner->addLayout(makeChoices());
+    inner->addWidget(table_, 1);
+    inner->addWidget(problems_);
+    inner->addLayout(where);
+    auto* const scroller = new QScrollArea; // a large font on a small screen
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setWidgetResizable(true);
+    scroller->setWidget(contents);
     auto* const column = new QVBoxLayout(this);
-    column->addLayout(makeChoices());
-    column->addWidget(table_, 1);
-    column->addWidget(problems_);
-    column->addLayout(where);
+    column->addWidget(scroller, 1);
     column->addWidget(summary_);
     column->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -183,7 +200,7 @@ void ImportDialog::showTable()
     table_->setRowCount(columns > 0 ? static_cast<int>(read_.shown.size()) + kFirstLine : 0);
     QStringList captions, lines{tr("Line")};
     for (int column = 0; column < columns; ++column) {
-        captions << (read_.hasHeader ? shortened(qt::toQt(read_.captions[static_cast<std::size_t>(column)]))
+        captions << (read_.hasHeader ? cellText(read_.captions[static_cast<std::size_t>(column)])
                                      : tr("Column %L1").arg(column + 1));
         table_->setCellWidget(0, column, makeFieldChoice(column));
     }
@@ -192,7 +209,7 @@ void ImportDialog::showTable()
         const ShownLine& line = read_.shown[row];
         lines << (line.refused ? tr("%L1 !").arg(line.line) : QLocale().toString(qulonglong(line.line)));
         for (std::size_t at = 0; at < line.cells.size() && at < read_.columns.size(); ++at) {
-            auto* const item = new QTableWidgetItem(shortened(qt::toQt(line.cells[at])));
+            auto* const item = new QTableWidgetItem(cellText(line.cells[at]));
             const std::optional<LineField> field = read_.columns[at];
             if (field && rowOf(*field).amount) {
                 item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);

@@ -16,7 +16,8 @@ struct Kind {
     std::string CatalogueImportOptions::ColumnNames::*given;
     UserText shown;
     bool required;
-    std::vector<std::string_view> usual; ///< Names as simplifiedColumnName() returns them; the first that the header has is used.
+    std::vector<std::string_view>
+        usual; ///< Names as simplifiedColumnName() returns them; the first that the header has is used.
 };
 
 using Names = CatalogueImportOptions::ColumnNames;
@@ -66,9 +67,9 @@ std::string simplifiedColumnName(std::string_view name)
 
 const std::vector<std::string_view>& usualColumnNames(std::optional<std::size_t> CatalogueColumns::*column)
 {
-    return std::find_if(std::begin(kKinds), std::end(kKinds), [column](const Kind& kind) {
-               return kind.column == column;
-           })->usual;
+    return std::find_if(std::begin(kKinds), std::end(kKinds),
+                        [column](const Kind& kind) { return kind.column == column; })
+        ->usual;
 }
 
 CatalogueColumns findColumns(const std::vector<std::string_view>& header, const Names& names, const std::string& source)
