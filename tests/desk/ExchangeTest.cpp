@@ -123,7 +123,7 @@ TEST_F(ExchangeTest, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
         {"above all", "name,disc\nBolt,101\n", 2, "Disc% “101”: no product can have this"},
         {"too large", "name,price\nBolt,922337203685478\n", 2, "“922337203685478”"},
         {"a product too large", "name,price,qty\nBolt,900000000000000,2\n", 2, "price of this quantity"},
-        {"too few", "name,qty\nBolt\n", 2, "1 fields, where the first line has 2"},
+        {"too few", "name,qty\nBolt\n", 2, "1 fields where the first line has 2"},
         {"too many", "name,qty\nBolt,1,2\n", 2, "3 fields"},
         {"an open quote", "name,qty\n\"Bolt,1\n", 2, "never closed"},
         {"bytes", "name,qty\n\xFF,1\n", 2, "not UTF-8"},

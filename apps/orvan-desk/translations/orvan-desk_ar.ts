@@ -996,6 +996,10 @@ Saving would overwrite these changes.</source>
             <numerusform>%n نتيجة أو أكثر</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Products</source>
+        <translation>المنتجات</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>

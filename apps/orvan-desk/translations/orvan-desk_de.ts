@@ -980,6 +980,10 @@ Speichern würde diese Änderungen überschreiben.</translation>
             <numerusform>mindestens %n Treffer</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Products</source>
+        <translation>Artikel</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
