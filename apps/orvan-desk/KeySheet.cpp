@@ -105,7 +105,7 @@ KeySheet::KeySheet(const std::vector<KeyRow>& rows, QWidget* parent) : QDialog(p
     }
     list->expandAll();
     const int em = fontMetrics().averageCharWidth();
-    for (int i = 0; i < list->columnCount(); ++i) {
+    for (int i = 0; i + 1 < list->columnCount(); ++i) {
         list->resizeColumnToContents(i);
         list->setColumnWidth(i, list->columnWidth(i) + 2 * em); // apart from the next column
     }

@@ -35,6 +35,9 @@ const QByteArray kQuote = R"({"format": "orvan-desk-quote", "version": 1, "custo
 
 class UnsavedWorkTest : public testing::Test {
 protected:
+    /// The windows of other tests may have left copies there.
+    UnsavedWorkTest() { QDir(defaultRecoveryFolder()).removeRecursively(); }
+
     QString path(const char* name = "own.quote.json") const { return QDir(qFolder()).filePath(QLatin1String(name)); }
     QString qFolder() const { return QString::fromStdString(folder.path().string()); }
 
