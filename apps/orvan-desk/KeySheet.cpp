@@ -24,8 +24,7 @@ using Place = KeyRow::Place;
 
 QString plain(const QString& caption)
 {
-    QString text = caption;
-    return text.remove(u'&').remove(u'…').trimmed();
+    return qt::withoutMnemonic(caption).remove(u'…').trimmed();
 }
 
 QList<QKeySequence> keysOf(std::initializer_list<std::string_view> names)
@@ -69,7 +68,7 @@ std::vector<KeyRow> allKeys(ProductViewWidget& list, const QMenuBar& desk)
     }
     for (const ui::ControlDesign& control : kProductFormDesign.controls) {
         for (const ui::ToolDesign& tool : control.tools) {
-            rows.push_back({Place::editor, qt::plainCaption(tool.caption), {}, keysOf({tool.key})});
+            rows.push_back({Place::editor, qt::plainCaption(tool.caption, tool.mnemonic), {}, keysOf({tool.key})});
         }
     }
     addMenu(rows, desk.actions(), {});
@@ -118,7 +117,7 @@ KeySheet::KeySheet(const std::vector<KeyRow>& rows, QWidget* parent) : QDialog(p
     column->addWidget(filter);
     column->addWidget(list, 1);
     column->addWidget(buttons);
-    resize(QSize(70 * em, 40 * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() * 4 / 5));
+    resize(QSize(90 * em, 40 * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() * 4 / 5));
 }
 
 } // namespace orvan::desk

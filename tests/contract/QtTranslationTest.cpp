@@ -54,6 +54,7 @@ TEST_F(QtTranslationTest, MnemonicsBelongToTheTranslation)
     EXPECT_EQ(qt::markedCaption("Product", 'r'), QStringLiteral("~P&roduct"));
     EXPECT_EQ(qt::plainCaption("Product", 'r'), QStringLiteral("~Product"));
     EXPECT_EQ(qt::plainCaption("Save && Close", 'S'), QStringLiteral("~Save & Close"));
+    EXPECT_EQ(qt::withoutMnemonic(QStringLiteral("Ab && c (&D)…")), QStringLiteral("Ab & c…"));
 }
 
 TEST_F(QtTranslationTest, ATextWithoutTranslationIsEnglish)

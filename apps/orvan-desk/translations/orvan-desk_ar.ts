@@ -79,15 +79,15 @@ Who saves last would overwrite the other&apos;s work.</source>
     </message>
     <message>
         <source>Open to &amp;Read</source>
-        <translation>فتح لل&amp;قراءة</translation>
+        <translation>فتح للقراءة (&amp;ق)</translation>
     </message>
     <message>
         <source>Open &amp;Anyway</source>
-        <translation>فتح على أي &amp;حال</translation>
+        <translation>فتح على أي حال (&amp;ح)</translation>
     </message>
     <message>
         <source>&amp;Overwrite</source>
-        <translation>ال&amp;كتابة فوقه</translation>
+        <translation>الكتابة فوقه (&amp;ك)</translation>
     </message>
     <message>
         <source>“%1” is open elsewhere: %2.</source>
@@ -107,11 +107,11 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>&amp;Save There Again</source>
-        <translation>حفظ &amp;هناك مجددًا</translation>
+        <translation>حفظ هناك مجددًا (&amp;ه)</translation>
     </message>
     <message>
         <source>Save &amp;Elsewhere…</source>
-        <translation>حفظ في &amp;مكان آخر…</translation>
+        <translation>حفظ في مكان آخر (&amp;م)…</translation>
     </message>
 </context>
 <context>
@@ -166,19 +166,19 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>&amp;Cancel</source>
-        <translation>إل&amp;غاء</translation>
+        <translation>إلغاء (&amp;غ)</translation>
     </message>
     <message>
         <source>&amp;Delete Product</source>
-        <translation>ح&amp;ذف المنتج</translation>
+        <translation>حذف المنتج (&amp;ذ)</translation>
     </message>
     <message>
         <source>&amp;Discount%</source>
-        <translation>ال&amp;خصم %</translation>
+        <translation>الخصم % (&amp;خ)</translation>
     </message>
     <message>
         <source>&amp;Ext Price</source>
-        <translation>السعر الإجما&amp;لي</translation>
+        <translation>السعر الإجمالي (&amp;ل)</translation>
     </message>
     <message>
         <source>&amp;First</source>
@@ -186,39 +186,39 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>&amp;Goto Product</source>
-        <translation>الا&amp;نتقال إلى منتج</translation>
+        <translation>الانتقال إلى منتج (&amp;ن)</translation>
     </message>
     <message>
         <source>&amp;Last</source>
-        <translation>الأ&amp;خير</translation>
+        <translation>الأخير (&amp;خ)</translation>
     </message>
     <message>
         <source>&amp;New Product</source>
-        <translation>منتج &amp;جديد</translation>
+        <translation>منتج جديد (&amp;ج)</translation>
     </message>
     <message>
         <source>&amp;Next</source>
-        <translation>ال&amp;تالي</translation>
+        <translation>التالي (&amp;ت)</translation>
     </message>
     <message>
         <source>&amp;Note</source>
-        <translation>&amp;ملاحظة</translation>
+        <translation>ملاحظة (&amp;م)</translation>
     </message>
     <message>
         <source>&amp;Previous</source>
-        <translation>ال&amp;سابق</translation>
+        <translation>السابق (&amp;س)</translation>
     </message>
     <message>
         <source>&amp;Product</source>
-        <translation>المنت&amp;ج</translation>
+        <translation>المنتج (&amp;ج)</translation>
     </message>
     <message>
         <source>&amp;Quantity</source>
-        <translation>ال&amp;كمية</translation>
+        <translation>الكمية (&amp;ك)</translation>
     </message>
     <message>
         <source>&amp;Save &amp;&amp; Close</source>
-        <translation>&amp;حفظ وإغلاق</translation>
+        <translation>حفظ وإغلاق (&amp;ح)</translation>
     </message>
     <message>
         <source>&amp;Total</source>
@@ -226,7 +226,7 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>&amp;Unit Price</source>
-        <translation>&amp;سعر الوحدة</translation>
+        <translation>سعر الوحدة (&amp;س)</translation>
     </message>
     <message>
         <source>A product holds characters that are not valid text.</source>
@@ -278,7 +278,7 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>D&amp;uplicate Product</source>
-        <translation>&amp;تكرار المنتج</translation>
+        <translation>تكرار المنتج (&amp;ت)</translation>
     </message>
     <message>
         <source>Delete current product</source>
@@ -494,7 +494,7 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>P&amp;roduct</source>
-        <translation>المن&amp;تج</translation>
+        <translation>المنتج (&amp;ت)</translation>
     </message>
     <message>
         <source>Part#</source>
@@ -1032,19 +1032,19 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>Ca&amp;talogue</source>
-        <translation>ال&amp;كتالوج</translation>
+        <translation>الكتالوج (&amp;ك)</translation>
     </message>
     <message>
         <source>&amp;Import Price List…</source>
-        <translation>ا&amp;ستيراد قائمة أسعار…</translation>
+        <translation>استيراد قائمة أسعار (&amp;س)…</translation>
     </message>
     <message>
         <source>Use the &amp;Sample Products</source>
-        <translation>استخدام المنتجات ال&amp;تجريبية</translation>
+        <translation>استخدام المنتجات التجريبية (&amp;ت)</translation>
     </message>
     <message>
         <source>&amp;Bring Back the Former Catalogue</source>
-        <translation>استرجاع الكتالوج السا&amp;بق</translation>
+        <translation>استرجاع الكتالوج السابق (&amp;ب)</translation>
     </message>
     <message>
         <source>The catalogue contains %1.
@@ -1068,7 +1068,7 @@ The former catalogue that has been kept so far is deleted: %1.</source>
     </message>
     <message>
         <source>&amp;Replace</source>
-        <translation>ا&amp;ستبدال</translation>
+        <translation>استبدال (&amp;س)</translation>
     </message>
     <message>
         <source>Replace it with the sample products?</source>
@@ -1226,23 +1226,23 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Choose File…</source>
-        <translation>ا&amp;ختيار ملف…</translation>
+        <translation>اختيار ملف (&amp;خ)…</translation>
     </message>
     <message>
         <source>&amp;Separator</source>
-        <translation>ال&amp;فاصل</translation>
+        <translation>الفاصل (&amp;ف)</translation>
     </message>
     <message>
         <source>&amp;Decimals</source>
-        <translation>الكسور ال&amp;عشرية</translation>
+        <translation>الكسور العشرية (&amp;ع)</translation>
     </message>
     <message>
         <source>&amp;Import Lines…</source>
-        <translation>ا&amp;ستيراد الأسطر…</translation>
+        <translation>استيراد الأسطر (&amp;س)…</translation>
     </message>
     <message>
         <source>E&amp;xport Lines…</source>
-        <translation>تصد&amp;ير الأسطر…</translation>
+        <translation>تصدير الأسطر (&amp;ي)…</translation>
     </message>
     <message>
         <source>Lines</source>
@@ -1315,11 +1315,11 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Append to the quote&apos;s lines</source>
-        <translation>إ&amp;لحاق بأسطر عرض السعر</translation>
+        <translation>إلحاق بأسطر عرض السعر (&amp;ل)</translation>
     </message>
     <message>
         <source>&amp;Replace the quote&apos;s lines</source>
-        <translation>است&amp;بدال أسطر عرض السعر</translation>
+        <translation>استبدال أسطر عرض السعر (&amp;ب)</translation>
     </message>
     <message>
         <source>Import Lines from “%1”</source>
@@ -1335,15 +1335,15 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>The &amp;first line has the names of the columns</source>
-        <translation>السطر ال&amp;أول يحتوي على أسماء الأعمدة</translation>
+        <translation>السطر الأول يحتوي على أسماء الأعمدة (&amp;أ)</translation>
     </message>
     <message>
         <source>&amp;Separator</source>
-        <translation>ال&amp;فاصل</translation>
+        <translation>الفاصل (&amp;ف)</translation>
     </message>
     <message>
         <source>&amp;Decimals</source>
-        <translation>الكسور ال&amp;عشرية</translation>
+        <translation>الكسور العشرية (&amp;ع)</translation>
     </message>
     <message>
         <source>Line</source>
@@ -1383,17 +1383,17 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Import 1 Line</source>
-        <translation>ا&amp;ستيراد سطر واحد</translation>
+        <translation>استيراد سطر واحد (&amp;س)</translation>
     </message>
     <message numerus="yes">
         <source>&amp;Import %Ln Lines</source>
         <translation>
-            <numerusform>ا&amp;ستيراد %Ln سطر</numerusform>
-            <numerusform>ا&amp;ستيراد سطر واحد</numerusform>
-            <numerusform>ا&amp;ستيراد سطرين</numerusform>
-            <numerusform>ا&amp;ستيراد %Ln أسطر</numerusform>
-            <numerusform>ا&amp;ستيراد %Ln سطرًا</numerusform>
-            <numerusform>ا&amp;ستيراد %Ln سطر</numerusform>
+            <numerusform>استيراد %Ln سطر (&amp;س)</numerusform>
+            <numerusform>استيراد سطر واحد (&amp;س)</numerusform>
+            <numerusform>استيراد سطرين (&amp;س)</numerusform>
+            <numerusform>استيراد %Ln أسطر (&amp;س)</numerusform>
+            <numerusform>استيراد %Ln سطرًا (&amp;س)</numerusform>
+            <numerusform>استيراد %Ln سطر (&amp;س)</numerusform>
         </translation>
     </message>
 </context>
@@ -1440,7 +1440,7 @@ The catalogue was not changed.</source>
     <name>orvan::desk::LetterheadDialog</name>
     <message>
         <source>Print &amp;tax of</source>
-        <translation>&amp;طباعة ضريبة بنسبة</translation>
+        <translation>طباعة ضريبة بنسبة (&amp;ط)</translation>
     </message>
     <message>
         <source>Letterhead and Columns</source>
@@ -1448,19 +1448,19 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Seller</source>
-        <translation>ال&amp;بائع</translation>
+        <translation>البائع (&amp;ب)</translation>
     </message>
     <message>
         <source>&amp;Address</source>
-        <translation>ال&amp;عنوان</translation>
+        <translation>العنوان (&amp;ع)</translation>
     </message>
     <message>
         <source>&amp;Logo</source>
-        <translation>ال&amp;شعار</translation>
+        <translation>الشعار (&amp;ش)</translation>
     </message>
     <message>
         <source>&amp;Closing text</source>
-        <translation>النص ال&amp;ختامي</translation>
+        <translation>النص الختامي (&amp;خ)</translation>
     </message>
     <message>
         <source>Columns</source>
@@ -1472,11 +1472,11 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>C&amp;hoose…</source>
-        <translation>اخ&amp;تيار…</translation>
+        <translation>اختيار (&amp;ت)…</translation>
     </message>
     <message>
         <source>&amp;Position</source>
-        <translation>المو&amp;ضع</translation>
+        <translation>الموضع (&amp;ض)</translation>
     </message>
     <message>
         <source>Part nu&amp;mber</source>
@@ -1484,23 +1484,23 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Note</source>
-        <translation>&amp;ملاحظة</translation>
+        <translation>ملاحظة (&amp;م)</translation>
     </message>
     <message>
         <source>&amp;Quantity</source>
-        <translation>ال&amp;كمية</translation>
+        <translation>الكمية (&amp;ك)</translation>
     </message>
     <message>
         <source>&amp;Unit price</source>
-        <translation>&amp;سعر الوحدة</translation>
+        <translation>سعر الوحدة (&amp;س)</translation>
     </message>
     <message>
         <source>&amp;Discount</source>
-        <translation>الخ&amp;صم</translation>
+        <translation>الخصم (&amp;ص)</translation>
     </message>
     <message>
         <source>&amp;Extended price</source>
-        <translation>السعر الإ&amp;جمالي</translation>
+        <translation>السعر الإجمالي (&amp;ج)</translation>
     </message>
     <message>
         <source>Choose Logo</source>
@@ -1543,27 +1543,27 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Customer</source>
-        <translation>العمي&amp;ل</translation>
+        <translation>العميل (&amp;ل)</translation>
     </message>
     <message>
         <source>Quote &amp;number</source>
-        <translation>رقم عرض ال&amp;سعر</translation>
+        <translation>رقم عرض السعر (&amp;س)</translation>
     </message>
     <message>
         <source>&amp;Date</source>
-        <translation>ال&amp;تاريخ</translation>
+        <translation>التاريخ (&amp;ت)</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation>&amp;ملف</translation>
+        <translation>ملف (&amp;م)</translation>
     </message>
     <message>
         <source>&amp;New</source>
-        <translation>&amp;جديد</translation>
+        <translation>جديد (&amp;ج)</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
-        <translation>&amp;فتح…</translation>
+        <translation>فتح (&amp;ف)…</translation>
     </message>
     <message>
         <source>Open Sa&amp;mple</source>
@@ -1571,11 +1571,11 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Save</source>
-        <translation>&amp;حفظ</translation>
+        <translation>حفظ (&amp;ح)</translation>
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation>حفظ با&amp;سم…</translation>
+        <translation>حفظ باسم (&amp;س)…</translation>
     </message>
     <message>
         <source>Ctrl+Shift+S</source>
@@ -1583,7 +1583,7 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation>إ&amp;نهاء</translation>
+        <translation>إنهاء (&amp;ن)</translation>
     </message>
     <message>
         <source>Ctrl+Q</source>
@@ -1591,19 +1591,19 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation>&amp;عرض</translation>
+        <translation>عرض (&amp;ع)</translation>
     </message>
     <message>
         <source>&amp;Colours</source>
-        <translation>الأ&amp;لوان</translation>
+        <translation>الألوان (&amp;ل)</translation>
     </message>
     <message>
         <source>As the &amp;System</source>
-        <translation>وفق ال&amp;نظام</translation>
+        <translation>وفق النظام (&amp;ن)</translation>
     </message>
     <message>
         <source>&amp;Light</source>
-        <translation>&amp;فاتح</translation>
+        <translation>فاتح (&amp;ف)</translation>
     </message>
     <message>
         <source>&amp;Dark</source>
@@ -1611,11 +1611,11 @@ The catalogue was not changed.</source>
     </message>
     <message>
         <source>&amp;Edit</source>
-        <translation>ت&amp;حرير</translation>
+        <translation>تحرير (&amp;ح)</translation>
     </message>
     <message>
         <source>&amp;Product</source>
-        <translation>المنت&amp;ج</translation>
+        <translation>المنتج (&amp;ج)</translation>
     </message>
     <message>
         <source>New quote</source>
@@ -1718,15 +1718,15 @@ Changed: %3.</source>
     </message>
     <message>
         <source>&amp;Recover</source>
-        <translation>ا&amp;ستعادة</translation>
+        <translation>استعادة (&amp;س)</translation>
     </message>
     <message>
         <source>&amp;Discard</source>
-        <translation>&amp;تجاهل</translation>
+        <translation>تجاهل (&amp;ت)</translation>
     </message>
     <message>
         <source>&amp;Later</source>
-        <translation>&amp;لاحقًا</translation>
+        <translation>لاحقًا (&amp;ل)</translation>
     </message>
     <message>
         <source>The recovery copy “%1” cannot be read.</source>
@@ -1742,15 +1742,15 @@ Changed: %3.</source>
     </message>
     <message>
         <source>Quote Curre&amp;ncy…</source>
-        <translation>عملة عرض ال&amp;سعر…</translation>
+        <translation>عملة عرض السعر (&amp;س)…</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation>م&amp;ساعدة</translation>
+        <translation>مساعدة (&amp;س)</translation>
     </message>
     <message>
         <source>&amp;Keys</source>
-        <translation>ال&amp;مفاتيح</translation>
+        <translation>المفاتيح (&amp;م)</translation>
     </message>
     <message>
         <source>F1</source>
@@ -1769,23 +1769,23 @@ Changed: %3.</source>
     <name>orvan::desk::PrintActions</name>
     <message>
         <source>Page Set&amp;up…</source>
-        <translation>إ&amp;عداد الصفحة…</translation>
+        <translation>إعداد الصفحة (&amp;ع)…</translation>
     </message>
     <message>
         <source>&amp;Letterhead and Columns…</source>
-        <translation>ال&amp;ترويسة والأعمدة…</translation>
+        <translation>الترويسة والأعمدة (&amp;ت)…</translation>
     </message>
     <message>
         <source>Print Pre&amp;view…</source>
-        <translation>معاينة ال&amp;طباعة…</translation>
+        <translation>معاينة الطباعة (&amp;ط)…</translation>
     </message>
     <message>
         <source>&amp;Print…</source>
-        <translation>ط&amp;باعة…</translation>
+        <translation>طباعة (&amp;ب)…</translation>
     </message>
     <message>
         <source>&amp;Export as PDF…</source>
-        <translation>ت&amp;صدير بصيغة PDF…</translation>
+        <translation>تصدير بصيغة PDF (&amp;ص)…</translation>
     </message>
     <message>
         <source>Some print settings cannot be used.</source>
@@ -1898,19 +1898,19 @@ Changed: %3.</source>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation>&amp;تراجع</translation>
+        <translation>تراجع (&amp;ت)</translation>
     </message>
     <message>
         <source>&amp;Undo %1</source>
-        <translation>&amp;تراجع: %1</translation>
+        <translation>تراجع: %1 (&amp;ت)</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation>إ&amp;عادة</translation>
+        <translation>إعادة (&amp;ع)</translation>
     </message>
     <message>
         <source>&amp;Redo %1</source>
-        <translation>إ&amp;عادة: %1</translation>
+        <translation>إعادة: %1 (&amp;ع)</translation>
     </message>
     <message>
         <source>Ctrl+Shift+Z</source>
@@ -1925,7 +1925,7 @@ Changed: %3.</source>
     </message>
     <message>
         <source>Open &amp;Recent</source>
-        <translation>المفتوحة &amp;مؤخرًا</translation>
+        <translation>المفتوحة مؤخرًا (&amp;م)</translation>
     </message>
     <message>
         <source>No Quotes Yet</source>
@@ -1933,7 +1933,7 @@ Changed: %3.</source>
     </message>
     <message>
         <source>&amp;Clear This List</source>
-        <translation>م&amp;سح هذه القائمة</translation>
+        <translation>مسح هذه القائمة (&amp;س)</translation>
     </message>
     <message>
         <source>“%1” is not in %2 any more, or its drive is not connected.</source>
@@ -1945,7 +1945,7 @@ Changed: %3.</source>
     </message>
     <message>
         <source>&amp;Keep</source>
-        <translation>إب&amp;قاء</translation>
+        <translation>إبقاء (&amp;ق)</translation>
     </message>
 </context>
 <context>

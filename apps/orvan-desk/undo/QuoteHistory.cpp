@@ -232,7 +232,7 @@ QList<QAction*> QuoteHistory::makeActions(QObject* parent)
     const auto make = [&](const QString& plain, const QString& named, const QKeySequence& key) {
         auto* const action = new QAction(plain, parent);
         action->setShortcut(key);
-        action->setIconText(QString(plain).remove(u'&')); // the command without the step, for the list of keys
+        action->setIconText(qt::withoutMnemonic(plain)); // the command without the step, for the list of keys
         action->setEnabled(false);
         // The step's name is put into a sentence, because each language has its own order of words.
         const auto name = [=](QString step) {

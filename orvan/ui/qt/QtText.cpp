@@ -20,10 +20,17 @@ constexpr qsizetype kMostLineEnds = 24;
 
 } // namespace
 
+QString withoutMnemonic(const QString& caption)
+{
+    static const QRegularExpression behind(QStringLiteral(" ?\\(&[^&]\\)"));
+    static const QRegularExpression within(QStringLiteral("&(.)"));
+    QString plain = caption;
+    return plain.remove(behind).replace(within, QStringLiteral("\\1"));
+}
+
 QString plainCaption(std::string_view caption, char mnemonic)
 {
-    static const QRegularExpression marks(QStringLiteral("&(.)"));
-    return markedCaption(caption, mnemonic).replace(marks, QStringLiteral("\\1"));
+    return withoutMnemonic(markedCaption(caption, mnemonic));
 }
 
 QString markedCaption(std::string_view caption, char mnemonic)

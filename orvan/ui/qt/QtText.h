@@ -30,6 +30,10 @@ inline std::filesystem::path pathOf(const QString& name)
     return std::filesystem::path(name.toStdU16String());
 }
 
+/// A caption of Qt's without its mark of a mnemonic: "Save && &Close" gives "Save & Close". A mark that stands behind
+/// the text, as in "حفظ (&ح)", goes with its brackets.
+QString withoutMnemonic(const QString& caption);
+
 /// A design's caption as Qt needs it, translated: with '&' before the first character that equals the mnemonic, case
 /// included. The marked caption is the key of its translation, which has an '&' of its own.
 QString markedCaption(std::string_view caption, char mnemonic);
