@@ -150,16 +150,18 @@ TEST_F(DeskDialogsTest, TheSheetIsSearchedAndClosedByKeys)
 
 TEST_F(DeskDialogsTest, TheSheetCanBeReachedWhileTheEditorIsOpen)
 {
-    QTimer::singleShot(0, &window, [&] {
-        QWidget* const editor = QApplication::activeModalWidget();
-        ASSERT_TRUE(editor);
+    products->setCurrentProduct(1);
+    QCoreApplication::processEvents(); // actions are enabled from the event loop
+    bool seen = false;
+    test::whenModal([&](QWidget& editor) {
         QTest::qWait(50); // until the signal that the editor is open has come
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
-        auto* const sheet = editor->findChild<KeySheet*>();
-        EXPECT_TRUE(sheet && sheet->isVisible());
-        editor->close();
+        QTest::keyClick(editor.focusWidget(), Qt::Key_F1);
+        const auto* const sheet = editor.findChild<KeySheet*>();
+        seen = sheet && sheet->isVisible();
+        editor.close();
     });
     products->action(Command::edit)->trigger();
+    EXPECT_TRUE(seen);
 }
 
 TEST_F(DeskDialogsTest, TheCurrencyCanBeChangedAndTheChangeUndone)
