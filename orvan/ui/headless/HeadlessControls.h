@@ -107,7 +107,10 @@ public:
     std::vector<std::int32_t> selectedRows() const override { return selection().rows(); }
     std::string searchText() const override { return Grid::searchText().english(); }
     std::int32_t columnWidth(std::int32_t column) const override { return Grid::columnWidth(column); }
-    std::string shownEmptyText() const override { return rowCount() > fixedRows() ? std::string() : emptyText().english(); }
+    std::string shownEmptyText() const override
+    {
+        return rowCount() > fixedRows() ? std::string() : emptyText().english();
+    }
     std::vector<std::string> visibleTexts(std::int32_t row) const override;
     int paintCount() const override { return paintCount_; }
     std::int32_t shownWidth(std::int32_t column) const override { return Grid::columnWidth(column); }

@@ -29,7 +29,8 @@ ui::MessageResult HeadlessMessageBox::show(const ui::Message& message)
     }
     if (answers_.empty() || !offers(message.buttons, answers_.front())) {
         ++unanswered_;
-        throw RuntimeError(ErrorNumber::internalError, {}, "No answer to the message box \"" + message.text.english() + "\"");
+        throw RuntimeError(ErrorNumber::internalError, {},
+                           "No answer to the message box \"" + message.text.english() + "\"");
     }
     const ui::MessageResult result = answers_.front();
     answers_.pop_front();
