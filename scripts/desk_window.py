@@ -1,6 +1,7 @@
 """Drives the desk in a real window, with mouse and keys (xdotool), on a virtual X server (xvfb). A window manager
 (openbox) runs there, too, because it gives the focus back to the desk when a dialog closes, as on a user's screen.
-Where things stand depends on the fonts, so the desk itself is asked for it (apps/orvan-desk/PlacePrinter.h)."""
+Where things stand depends on the fonts, so the desk itself is asked for it (apps/orvan-desk/PlacePrinter.h). DESK_LOCALE names
+another locale than C.UTF-8."""
 import json
 import os
 import pathlib
@@ -65,7 +66,7 @@ class Desk:
         self.command = [program, "--theme", "light", "--print-places", *options, str(self.quote)]
 
     def __enter__(self) -> "Desk":
-        environment = dict(os.environ, LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+        environment = dict(os.environ, LC_ALL=os.environ.get("DESK_LOCALE", "C.UTF-8"), QT_QPA_PLATFORM="xcb",
                            **{f"XDG_{kind}_HOME": str(self.folder) for kind in ("CONFIG", "STATE", "DATA")})
         self.manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
         time.sleep(0.5)

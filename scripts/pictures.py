@@ -1,4 +1,5 @@
-"""Takes pictures of the desk at work. Usage: xvfb-run python3 pictures.py DESK QUOTE FOLDER"""
+"""Takes pictures of the desk at work. Usage: xvfb-run python3 pictures.py DESK QUOTE FOLDER [NAME OPTION...]
+With a name it takes only two pictures of the whole screen, of the list and of the editor; the options are the desk's."""
 import json
 import pathlib
 import subprocess
@@ -62,10 +63,31 @@ def import_list(desk: Desk, folder: pathlib.Path) -> None:
     wait_for("the desk alone", lambda: len(titles()) == 1)
 
 
+def screen(path: pathlib.Path) -> None:
+    time.sleep(0.7)  # until everything has been painted
+    subprocess.run(["import", "-window", "root", "-strip", str(path)], check=True)
+    print(path)
+
+
+def variant(desk: Desk, folder: pathlib.Path, name: str) -> None:
+    screen(folder / f"{name}-list.png")
+    desk.double_click(1)
+    wait_for("the editor", lambda: len(titles()) == 2)
+    screen(folder / f"{name}-editor.png")
+    keys("Escape")
+    wait_for("the desk alone", lambda: len(titles()) == 1)
+
+
 def main() -> None:
-    program, sample, target = sys.argv[1:]
+    program, sample, target, *rest = sys.argv[1:]
     folder = pathlib.Path(target)
-    with tempfile.TemporaryDirectory() as home, Desk(program, home, json.loads(pathlib.Path(sample).read_text())) as desk:
+    quote = json.loads(pathlib.Path(sample).read_text()) | {"currency": "USD"}
+    if rest:
+        name, *options = rest
+        with tempfile.TemporaryDirectory() as home, Desk(program, home, quote, *options) as desk:
+            variant(desk, folder, name)
+        return
+    with tempfile.TemporaryDirectory() as home, Desk(program, home, quote) as desk:
         edit(desk, folder)
         choose_column(desk, folder)
         import_list(desk, folder)

@@ -16,7 +16,7 @@ libcxx_packages=(libc++-dev libc++abi-dev googletest)
 aarch64_packages=(g++-aarch64-linux-gnu qemu-user googletest)
 s390x_packages=(g++-s390x-linux-gnu qemu-user googletest)
 bench_packages=("${run_packages[@]}" libbenchmark-dev xvfb)
-picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick)
+picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick poppler-utils)
 
 # install_missing PACKAGE...: installs the packages that are missing; prints nothing when none is.
 install_missing() {
