@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 
+#include <initializer_list>
 #include <utility>
 
 namespace orvan::desk {
