@@ -44,17 +44,22 @@ Side find(std::size_t count)
         Timing::parts);
 }
 
-/// While it exists, the product managers that are made are the desk's, which note each change.
+/// While it exists, the application's own host makes the desk's product managers, which note each change.
 class DesksManagers {
 public:
     DesksManagers() { desk::watchProducts(); }
-    ~DesksManagers()
-    {
-        windowHost().components().registerClass(std::string(kProductMgrClassName), productMgrFactory());
-    }
+    ~DesksManagers() { qtHost().components().registerClass(std::string(kProductMgrClassName), productMgrFactory()); }
     DesksManagers(const DesksManagers&) = delete;
     DesksManagers& operator=(const DesksManagers&) = delete;
 };
+
+/// The desk's own list view, whose manager notes each change.
+std::unique_ptr<ProductViewWidget> desksList(std::size_t count)
+{
+    auto view = std::make_unique<ProductViewWidget>();
+    view->Show(productsString(sampleProducts(count)));
+    return view;
+}
 
 Side undo(std::size_t count)
 {
@@ -62,11 +67,11 @@ Side undo(std::size_t count)
         "",
         [count](benchmark::State& state) {
             const DesksManagers managers;
-            const auto view = shownList(sampleProducts(count));
+            const auto view = desksList(count);
             desk::QuoteHistory history(*view);
             history.restart();
             view->setCurrentProduct(static_cast<int>(count / 2));
-            view->action(Command::duplicate)->trigger();
+            view->action(Command::moveDown)->trigger();
             QApplication::processEvents(); // the history learns of changes from the event loop
             requireSame(history.stack().count(), 1, "a step to undo");
             for ([[maybe_unused]] auto _ : state) {
@@ -80,8 +85,9 @@ Side show(std::size_t count)
 {
     return timed(
         "Show",
-        [text = productsString(sampleProducts(count))](benchmark::State& state) {
-            const auto view = shownList({});
+        [count, text = productsString(sampleProducts(count))](benchmark::State& state) {
+            const DesksManagers managers;
+            const auto view = desksList(count);
             for ([[maybe_unused]] auto _ : state) {
                 timePart(state, [&] { view->Show(text); });
             }

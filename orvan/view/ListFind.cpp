@@ -68,10 +68,7 @@ bool ListFind::find(std::int32_t from, std::int32_t step)
     for (std::size_t at = 0; at < text_.size(); at += characterSize(text_, at)) {
         folded_ += locale_.foldCase(characterAt(text_, at));
     }
-    std::int32_t row = 0;
-    for (const Rule rule : {Rule::nameBegins, Rule::partNumberBegins, Rule::nameContains}) {
-        row = row > 0 ? row : search(rule, from, step);
-    }
+    const std::int32_t row = search(from, step);
     grid_.setSearchText(row > 0 ? UserText(text_) : userText("%1: not found", text_));
     const bool moves = row > 0 && row != grid_.currentRow();
     if (row > 0) {
@@ -80,47 +77,66 @@ bool ListFind::find(std::int32_t from, std::int32_t step)
     return moves;
 }
 
-std::int32_t ListFind::search(Rule rule, std::int32_t from, std::int32_t step) const
+// One pass over the list, because reading it is what takes long: a row that fits less well is remembered while better
+// ones are looked for.
+std::int32_t ListFind::search(std::int32_t from, std::int32_t step) const
 {
-    const std::int32_t rows = grid_.rowCount() - grid_.fixedRows();
-    const std::size_t field = rule == Rule::partNumberBegins ? kPartNumColumn : kNameColumn;
-    const std::int32_t column = grid_.columnIndex(kColumns[field].key);
-    if (rows < 1 || column < 0) {
+    const std::int32_t first = grid_.fixedRows();
+    const std::int32_t rows = grid_.rowCount() - first;
+    const std::int32_t names = grid_.columnIndex(kColumns[kNameColumn].key);
+    const std::int32_t partNumbers = grid_.columnIndex(kColumns[kPartNumColumn].key);
+    if (rows < 1 || names < 0 || partNumbers < 0) {
         return 0;
     }
-    const std::int32_t begin = ((from - grid_.fixedRows()) % rows + rows) % rows;
+    std::int32_t byPartNumber = 0;
+    std::int32_t within = 0;
+    std::int32_t row = first + ((from - first) % rows + rows) % rows;
     for (std::int32_t i = 0; i < rows; ++i) {
-        const std::int32_t row = grid_.fixedRows() + ((begin + step * i) % rows + rows) % rows;
-        const auto* cell = std::get_if<std::string>(&grid_.value(row, column));
-        if (cell && fits(rule, *cell)) {
+        const auto* const name = std::get_if<std::string>(&grid_.value(row, names));
+        if (name && fitsAt(*name, 0)) {
             return row;
         }
+        const auto* const partNumber =
+            byPartNumber > 0 ? nullptr : std::get_if<std::string>(&grid_.value(row, partNumbers));
+        if (partNumber && fitsAt(*partNumber, 0)) {
+            byPartNumber = row;
+        }
+        if (byPartNumber == 0 && within == 0 && name && isWithin(*name)) {
+            within = row;
+        }
+        row += step;
+        row = row < first ? first + rows - 1 : row >= first + rows ? first : row;
     }
-    return 0;
+    return byPartNumber > 0 ? byPartNumber : within;
 }
 
-bool ListFind::fits(Rule rule, const std::string& cell) const
+bool ListFind::isWithin(std::string_view cell) const
 {
-    const auto fold = [this](char32_t character) {
-        return character < 0x80 ? foldAscii(character) : locale_.foldCase(character);
-    };
-    std::size_t start = 0;
-    while (start < cell.size()) {
-        std::size_t at = start;
-        std::size_t matched = 0;
-        while (matched < folded_.size() && at < cell.size() && fold(characterAt(cell, at)) == folded_[matched]) {
-            at += characterSize(cell, at);
-            ++matched;
-        }
-        if (matched == folded_.size()) {
+    const bool ascii = folded_.front() < 0x80;
+    for (std::size_t at = 0; at < cell.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(cell[at]);
+        // No ASCII letter folds to another kind of letter. Of other characters only the first byte begins one.
+        const bool candidate = byte < 0x80 ? ascii && foldAscii(byte) == folded_.front() : (byte & 0xC0U) != 0x80U;
+        if (candidate && fitsAt(cell, at)) {
             return true;
         }
-        if (rule != Rule::nameContains) {
-            return false;
-        }
-        start += characterSize(cell, start);
     }
     return false;
+}
+
+bool ListFind::fitsAt(std::string_view cell, std::size_t at) const
+{
+    for (const char32_t wanted : folded_) {
+        if (at >= cell.size()) {
+            return false;
+        }
+        const auto byte = static_cast<unsigned char>(cell[at]);
+        if (byte < 0x80 ? foldAscii(byte) != wanted : locale_.foldCase(characterAt(cell, at)) != wanted) {
+            return false;
+        }
+        at += byte < 0x80 ? 1 : characterSize(cell, at);
+    }
+    return true;
 }
 
 } // namespace orvan

@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace orvan {
 
@@ -34,13 +35,12 @@ public:
     [[nodiscard]] bool hasText() const { return !text_.empty(); }
 
 private:
-    enum class Rule { nameBegins, partNumberBegins, nameContains };
-
     bool find(std::int32_t from, std::int32_t step);
-    /// The first row that fits, from `from` on; 0 if there is none.
-    [[nodiscard]] std::int32_t search(Rule rule, std::int32_t from, std::int32_t step) const;
-    [[nodiscard]] bool fits(Rule rule, const std::string& cell) const;
-    void show(bool found);
+    /// The row that fits best and comes first, from `from` on; 0 if there is none.
+    [[nodiscard]] std::int32_t search(std::int32_t from, std::int32_t step) const;
+    /// Whether the text begins at this byte of the cell, or somewhere in the cell.
+    [[nodiscard]] bool fitsAt(std::string_view cell, std::size_t at) const;
+    [[nodiscard]] bool isWithin(std::string_view cell) const;
 
     ui::Grid& grid_;
     ui::LocaleService& locale_;
