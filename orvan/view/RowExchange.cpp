@@ -30,13 +30,15 @@ constexpr ExchangeColumn kColumns[] = {
     {.caption = "Key", .text = &ProductValues::key},
 };
 
-void appendCell(std::string& line, std::string_view cell)
+void appendText(std::string& line, std::string_view cell)
 {
-    if (cell.find_first_of("\t\r\n\"") == std::string_view::npos) {
-        line += cell;
+    const bool plain =
+        std::none_of(cell.begin(), cell.end(), [](char c) { return c == '\t' || c == '\r' || c == '\n' || c == '"'; });
+    if (plain) {
+        line.append(needsGuard(cell) ? 1 : 0, '\'').append(cell);
         return;
     }
-    line += '"';
+    line.append(needsGuard(cell) ? "\"'" : "\"");
     for (const char c : cell) {
         line.append(c == '"' ? 2 : 1, c);
     }
@@ -48,13 +50,15 @@ std::string decimalSeparator(ui::LocaleService& locale)
     return PrvInitLocale(locale).decimalSep;
 }
 
-std::string amountText(Currency amount, std::string_view separator)
+void appendAmount(std::string& line, Currency amount, std::string_view separator)
 {
-    std::string text = amount.toText();
-    if (const std::size_t point = text.find('.'); point != std::string::npos) {
-        text.replace(point, 1, separator);
+    Currency::TextBuffer buffer;
+    const std::string_view text = amount.toText(buffer);
+    const std::size_t point = std::min(text.find('.'), text.size());
+    line.append(text.substr(0, point));
+    if (point < text.size()) {
+        line.append(separator).append(text.substr(point + 1));
     }
-    return text;
 }
 
 /// One cell after the other, with the lines that they stand in.
@@ -165,11 +169,11 @@ std::string rowsToText(const std::vector<ProductValues>& products, ui::LocaleSer
     std::string text;
     for (const ProductValues& values : products) {
         for (const ExchangeColumn& column : kColumns) {
-            text += &column == std::begin(kColumns) ? "" : "\t";
+            text.append(&column == std::begin(kColumns) ? 0 : 1, '\t');
             if (column.amount) {
-                appendCell(text, amountText(values.*column.amount, separator));
+                appendAmount(text, values.*column.amount, separator);
             } else {
-                appendCell(text, guarded(values.*column.text));
+                appendText(text, values.*column.text);
             }
         }
         text += "\r\n"; // as spreadsheets write it
