@@ -3,6 +3,7 @@
 #include "OutsideText.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/files/NewFile.h"
 #include "orvan/files/ProcessIdentity.h"
 #include "orvan/files/WholeFile.h"
 
@@ -213,6 +214,8 @@ std::vector<AbandonedWork> claimAbandonedWork(const QString& folder, std::vector
             unreadable.push_back(info.filePath());
         }
     }
+    // A desk that ended while it wrote a copy: no other desk has a copy of that name, which would remove what is left.
+    files::removeUnfinishedFiles(pathOf(folder));
     std::sort(claimed.begin(), claimed.end(),
               [](const AbandonedWork& a, const AbandonedWork& b) { return a.time < b.time; });
     return claimed;

@@ -23,6 +23,7 @@ namespace fs = std::filesystem;
 constexpr mode_t kAnyone = 0666; // the user's umask removes some of these permissions
 constexpr mode_t kPermissions = 07777;
 constexpr int kAttempts = 100;
+constexpr std::string_view kPrefix = ".orvan-new-";
 
 std::string hexadecimal(std::uint64_t value)
 {
@@ -35,12 +36,26 @@ std::string hexadecimal(std::uint64_t value)
 /// replaced even if its own name has 255 bytes, the most that a file system takes.
 std::string namePrefix(const fs::path& target)
 {
-    return ".orvan-new-" + hexadecimal(std::hash<std::string>()(target.filename().string())) + "-";
+    return std::string(kPrefix) + hexadecimal(std::hash<std::string>()(target.filename().string())) + "-";
 }
 
 bool lock(const Descriptor& file)
 {
     return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+/// Removes a new file whose program has ended without finishing it. Returns false if its program still runs.
+bool removeUnlessInUse(const fs::path& path)
+{
+    const Descriptor file = Descriptor::tryOpen(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+    if (!file) {
+        return true; // it has been removed meanwhile, or belongs to another user
+    }
+    if (lock(file)) {
+        ::unlink(path.c_str());
+        return true;
+    }
+    return errno != EWOULDBLOCK;
 }
 
 } // namespace
@@ -63,6 +78,7 @@ NewFile::NewFile(const fs::path& target, Others others) : target_(resolvedTarget
 {
     const std::string prefix = namePrefix(target_);
     std::random_device random;
+    bool locked = false;
     for (int attempt = 0; !file_; ++attempt) {
         const std::uint64_t number = std::uint64_t{random()} << 32 | random();
         path_ = target_.parent_path() / (prefix + hexadecimal(number));
@@ -71,10 +87,16 @@ NewFile::NewFile(const fs::path& target, Others others) : target_(resolvedTarget
         if (!file_ && (errno != EEXIST || attempt == kAttempts)) {
             raiseSystemError(errno);
         }
+        // The lock tells other programs that the file is in use. Where the file system has no locks, leftovers are not
+        // removed, and everything else works.
+        locked = file_ && lock(file_);
+        // Another program took the file for a leftover before it was locked.
+        if (file_ && ((!locked && errno == EWOULDBLOCK) || file_.status().st_nlink == 0)) {
+            ::unlink(path_.c_str());
+            file_ = Descriptor();
+        }
     }
-    // The lock tells other programs that the file is in use. Where the file system has no locks, leftovers are not
-    // removed, and everything else works.
-    if (lock(file_)) {
+    if (locked) {
         try {
             removeLeftovers(prefix, others);
         } catch (...) {
@@ -99,14 +121,18 @@ void NewFile::removeLeftovers(const std::string& prefix, Others others)
         if (entry->path() == path_ || !entry->path().filename().string().starts_with(prefix)) {
             continue;
         }
-        const Descriptor other = Descriptor::tryOpen(entry->path(), O_RDWR | O_NOFOLLOW | O_NONBLOCK);
-        if (!other) {
-            continue; // it has been removed meanwhile, or belongs to another user
-        }
-        if (lock(other)) {
-            ::unlink(entry->path().c_str()); // its program has ended without finishing it
-        } else if (errno == EWOULDBLOCK && others == Others::refused) {
+        if (!removeUnlessInUse(entry->path()) && others == Others::refused) {
             throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("another program is replacing it"));
+        }
+    }
+}
+
+void removeUnfinishedFiles(const fs::path& folder)
+{
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        if (entry->path().filename().string().starts_with(kPrefix)) {
+            static_cast<void>(removeUnlessInUse(entry->path()));
         }
     }
 }

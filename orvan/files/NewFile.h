@@ -64,4 +64,8 @@ private:
     bool committed_ = false;
 };
 
+/// Removes the unfinished files that programs which have ended have left in the folder, whatever their targets are. For
+/// a folder whose targets have names that do not come again.
+void removeUnfinishedFiles(const std::filesystem::path& folder);
+
 } // namespace orvan::files

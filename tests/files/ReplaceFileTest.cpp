@@ -126,6 +126,14 @@ TEST(NewFile, RemovesWhatACrashLeftAndNobodyElsesFile)
     EXPECT_TRUE(fs::exists(other.path()));
     EXPECT_EQ(readText(folder / "catalogue.importing"), "a file of the user's");
     EXPECT_EQ(problemOf([&] { NewFile refused(file, NewFile::Others::refused); }), "another program is replacing it");
+
+    const fs::path ofAnother = NewFile(folder / "another name").path();
+    writeText(ofAnother, "half");
+    files::removeUnfinishedFiles(folder.path());
+    EXPECT_FALSE(fs::exists(ofAnother));
+    EXPECT_TRUE(fs::exists(other.path()) && fs::exists(another.path())) << "they are being written";
+    EXPECT_EQ(readText(folder / "catalogue.importing"), "a file of the user's");
+    files::removeUnfinishedFiles(folder / "none");
 }
 
 } // namespace
