@@ -59,9 +59,8 @@ void DropDownColumns::paint(QPainter* painter, const QStyleOptionViewItem& optio
         const bool right = column == 2 || item.direction == Qt::RightToLeft; // an amount always stands at the right
         const QString text =
             item.fontMetrics.elidedText(texts[static_cast<qsizetype>(column)], Qt::ElideRight, area.width());
-        painter->drawText(
-            area, (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
-            text);
+        const Qt::Alignment side = (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter;
+        painter->drawText(area, static_cast<int>(side.toInt()) | Qt::TextSingleLine, text);
     }
     painter->restore();
 }
