@@ -53,7 +53,8 @@ int clamped(quint64 count)
 
 QString productCount(qint64 count)
 {
-    return count == 1 ? CatalogueMenu::tr("1 product") : CatalogueMenu::tr("%Ln products", nullptr, clamped(count));
+    return count == 1 ? CatalogueMenu::tr("1 product")
+                      : CatalogueMenu::tr("%Ln products", nullptr, clamped(static_cast<quint64>(count)));
 }
 
 /// What a catalogue contains, as a text for the user: "1,234 products from “prices.csv”"

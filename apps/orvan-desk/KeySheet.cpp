@@ -63,6 +63,7 @@ QString nameOf(Place place)
 std::vector<KeyRow> allKeys(ProductViewWidget& list, const QMenuBar& desk)
 {
     std::vector<KeyRow> rows;
+    rows.reserve(kCommands.size());
     for (const CommandRow& row : kCommands) {
         rows.push_back({Place::list, plain(list.action(row.command)->text()), {}, keysOf({row.key, row.otherKey})});
     }

@@ -35,6 +35,7 @@ using testing::HasSubstr;
 std::vector<std::string> texts(const std::vector<ProductValues>& lines)
 {
     std::vector<std::string> result;
+    result.reserve(lines.size());
     for (const ProductValues& line : lines) {
         result.push_back(line.partNum + '|' + line.name + '|' + line.qty.toText() + '|' + line.unitPrice.toText() +
                          '|' + line.discPrcnt.toText() + '|' + line.extPrice.toText() + '|' + line.note);

@@ -23,6 +23,7 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -51,9 +52,7 @@ void applyAll(const std::vector<ListChange>& changes)
 
 void takeBack(const std::vector<ListChange>& changes)
 {
-    for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
-        applyToWatched(*change, true);
-    }
+    std::for_each(changes.rbegin(), changes.rend(), [](const ListChange& change) { applyToWatched(change, true); });
 }
 
 /// Why a quote cannot take the lines; empty if it can.

@@ -204,8 +204,7 @@ UserText readLine(const Reading& reading, char decimalSeparator, const ProductRe
     bool priced = false;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         if (const std::optional<LineField> field = reading.columns[i]) {
-            if (const UserText problem = readCell(cells[i], *field, decimalSeparator, rules, values);
-                !problem.empty()) {
+            if (UserText problem = readCell(cells[i], *field, decimalSeparator, rules, values); !problem.empty()) {
                 return problem;
             }
             priced = priced || (field == LineField::extPrice && !trimmed(cells[i]).empty());

@@ -187,7 +187,8 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QAbstractItemView::currentChanged(current, previous); // QTableView would count hidden columns: see GridAccessible.h
+    // QTableView would count hidden columns: see GridAccessible.h.
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call): for this reason
     viewport()->update(); // paints the whole row, including the area to the right of its cells
     if (!programActs_ && current.isValid() && current.row() != previous.row()) {
         runHandler(onUserRow, current.row(), ui::RowChoice::only);

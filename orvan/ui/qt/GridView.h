@@ -73,7 +73,7 @@ protected:
     /// Leaves out QTableView's events for assistive technology, as currentChanged does.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override
     {
-        QAbstractItemView::selectionChanged(selected, deselected);
+        QAbstractItemView::selectionChanged(selected, deselected); // NOLINT(bugprone-parent-virtual-call): see above
     }
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     int sizeHintForColumn(int column) const override;
