@@ -139,7 +139,8 @@ void MainWindow::showKeys()
 {
     QWidget* const front = QApplication::activeModalWidget();
     if (keySheet_ && keySheet_->parentWidget() != (front ? front : this)) {
-        delete keySheet_; // an open editor would not let the user reach it
+        delete keySheet_.data(); // an open editor would not let the user reach it
+        keySheet_.clear();
     }
     if (!keySheet_) {
         keySheet_ = new KeySheet(allKeys(*products_, *menuBar()), front ? front : this);
