@@ -42,14 +42,10 @@ Side inForm(std::string name, std::size_t products)
             }};
 }
 
-Side bare()
+/// Runs a loop on a box in a window of its own, which is shown meanwhile.
+Side inWindow(const std::shared_ptr<QWidget>& window, const Side& loop)
 {
-    const auto window = std::make_shared<QWidget>();
-    const auto line = std::make_shared<QLineEdit*>(new QLineEdit(window.get()));
-    (*line)->setAlignment(Qt::AlignRight);
-    window->resize(400, 100);
-    const Side loop = keys("QLineEdit", line);
-    return {"QLineEdit", [window, loop] {
+    return {loop.name, [window, loop] {
                 window->show();
                 window->activateWindow();
                 QApplication::processEvents();
@@ -57,6 +53,16 @@ Side bare()
                 window->hide();
                 return figure;
             }};
+}
+
+Side bare()
+{
+    const auto window = std::make_shared<QWidget>();
+    const auto line = std::make_shared<QLineEdit*>(new QLineEdit(window.get()));
+    (*line)->setAlignment(Qt::AlignRight);
+    window->resize(400, 100);
+    const Side loop = keys("QLineEdit", line);
+    return inWindow(window, loop);
 }
 
 /// A note of 4,000 characters in lines, as a person writes them.
@@ -113,14 +119,7 @@ Side bareNote()
     (*note)->resize(350, 90);
     window->resize(400, 100);
     const Side loop = noteKeys("QPlainTextEdit", note);
-    return {"QPlainTextEdit", [window, loop] {
-                window->show();
-                window->activateWindow();
-                QApplication::processEvents();
-                const double figure = loop.repeat();
-                window->hide();
-                return figure;
-            }};
+    return inWindow(window, loop);
 }
 
 } // namespace

@@ -45,6 +45,30 @@ def wait_for_title(title: str) -> None:
     wait_for(f'window "{title}"', lambda: title in titles())
 
 
+def questions() -> list[str]:
+    """The windows that are message boxes."""
+    return xdotool("search", "--onlyvisible", "--name", "^Orvan$").split()
+
+
+def answer(key: str) -> None:
+    """Answers the question in front. As a user does, presses the key again while the question stays: a question that
+    ignores keys typed ahead takes none before it has stood for a moment."""
+    wait_for_title("Orvan")
+    question = questions()[0]
+    again = 0.0
+
+    def taken() -> bool:
+        nonlocal again
+        if question not in questions():
+            return True
+        if time.monotonic() > again:
+            keys(key)
+            again = time.monotonic() + 1
+        return False
+
+    wait_for("an answer taken", taken)
+
+
 def desk_window() -> str:
     return xdotool("search", "--onlyvisible", "--name", "Orvan Desk$").split()[0]
 

@@ -1,7 +1,7 @@
-// Language: the language of the desk's menus, questions and messages.
+// Language: chooses the language in which the desk shows its menus, questions and messages.
 //
-// The formats of numbers and dates do not depend on it: they are those of the user's locale. Thread: the user-interface
-// thread, before the first window.
+// The formats of numbers and dates do not depend on that language: they are those of the user's locale. Thread: the
+// user-interface thread, before the first window.
 #pragma once
 
 #include <QString>

@@ -51,7 +51,8 @@ std::string_view standardErrorText(std::int32_t number)
 RuntimeError::RuntimeError(std::int32_t number, std::string source, const UserText& description)
     : number_(number == 0 ? ErrorNumber::invalidProcedureCall : number), source_(std::move(source)),
       description_(description.english()),
-      // Not by make_shared, which leaves a unique symbol (see UserText::numberText).
+      // std::make_shared is not used, because it would leave a unique symbol in each component library, which could
+      // then not be unloaded.
       userText_(description.empty() ? nullptr : std::shared_ptr<const UserText>(new UserText(description)))
 {
 }

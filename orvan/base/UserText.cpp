@@ -6,8 +6,8 @@ namespace orvan {
 
 std::string UserText::numberText(std::int64_t number)
 {
-    // Not by std::to_string: in this standard library that leaves a unique symbol in each component library, which
-    // could not be unloaded then.
+    // std::to_string is not used, because it would leave a unique symbol in each component library (the GNU standard
+    // library's table of digits), and a library with such a symbol is never unloaded.
     char digits[24] = {};
     std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(number));
     return digits;

@@ -1,8 +1,8 @@
 // Command: what a user can tell a list view to do.
 //
 // A command's key, its menu entry and its button, if it has one, all run the same handler. The names and keys stand in
-// one table, from which menus and lists of keys are made. Keys are written as toolkits and manuals
-// write them ("Ctrl+D", "Alt+Up", "Return", "Del"). Texts are UTF-8. Thread: any.
+// one table, from which menus and lists of keys are made. Keys are written as toolkits and manuals write them
+// ("Ctrl+D", "Alt+Up", "Return", "Del"). Texts are UTF-8. Thread: any.
 #pragma once
 
 #include <array>

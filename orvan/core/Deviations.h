@@ -104,8 +104,7 @@ inline constexpr DeviationRow kDeviations[] = {
      "Nothing is saved until a product is shown whole: otherwise one product is overwritten with another."},
     {Deviation::noteIsAskedAboutOnce,
      "Each time that an entry is applied to a product with a note, the user is asked about the note, and a key that "
-     "was "
-     "typed for another box answers.",
+     "was typed for another box answers.",
      "The user is asked once for an entry while a product is shown; after that the product's note stays. Keys answer "
      "only when the question has been seen: otherwise quick typists lose their note."},
 };

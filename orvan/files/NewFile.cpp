@@ -84,14 +84,14 @@ NewFile::NewFile(const fs::path& target, Others others) : target_(resolvedTarget
         path_ = target_.parent_path() / (prefix + hexadecimal(number));
         // With O_EXCL the call follows no link and fails if the file exists.
         file_ = Descriptor::tryOpen(path_, O_RDWR | O_CREAT | O_EXCL, kAnyone);
-        if (!file_ && (errno != EEXIST || attempt == kAttempts)) {
+        if (!file_ && (errno != EEXIST || attempt >= kAttempts)) {
             raiseSystemError(errno);
         }
-        // The lock tells other programs that the file is in use. Where the file system has no locks, leftovers are not
-        // removed, and everything else works.
+        // The lock tells other programs that the file is in use. On a file system without locks, no program removes the
+        // unfinished files of another one; everything else works there, too.
         locked = file_ && lock(file_);
-        // Another program took the file for a leftover before it was locked.
-        if (file_ && ((!locked && errno == EWOULDBLOCK) || file_.status().st_nlink == 0)) {
+        // Between the two calls, another program may have taken the file for one that nobody finishes, and removed it.
+        if (file_ && attempt < kAttempts && ((!locked && errno == EWOULDBLOCK) || file_.status().st_nlink == 0)) {
             ::unlink(path_.c_str());
             file_ = Descriptor();
         }

@@ -296,7 +296,9 @@ bool LookUpBoxes::wantsNote(std::int32_t itemId)
     if (once && std::find(askedAbout_.begin(), askedAbout_.end(), itemId) != askedAbout_.end()) {
         return false;
     }
-    askedAbout_.push_back(itemId);
+    if (once) {
+        askedAbout_.push_back(itemId);
+    }
     return session_.platform().messageBox().show(
                {.text = userText("Would you like to overwrite the current contents of the "
                                  "product note field with the contents from the product "

@@ -115,7 +115,8 @@ private:
     State state_;
     const Box* pendingBox_ = nullptr;      ///< The box that made the pending row.
     bool applying_ = false;                ///< An entry is being applied to the product that is shown.
-    std::vector<std::int32_t> askedAbout_; ///< The entries about whose notes the user was asked for this product.
+    std::vector<std::int32_t> askedAbout_; ///< In the careful way: the entries about whose notes the user was asked
+                                           ///< while this product is shown.
     ScopedHandlers handlers_;
 };
 

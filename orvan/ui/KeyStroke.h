@@ -1,7 +1,7 @@
 // KeyStroke: a key with its modifiers, to which a command can be bound.
 //
-// A key stroke is written as toolkits and manuals write it: "Ctrl+D", "Alt+Up", "Shift+F10", "Return", "Del". An
-// unknown name raises 5. Thread: any.
+// Its text is the one that toolkits and manuals use: "Ctrl+D", "Alt+Up", "Shift+F10", "Return", "Del". A text that
+// names no key raises 5. Thread: any.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"

@@ -1,7 +1,7 @@
 #include "orvan/view/RowExchange.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/core/FormulaGuard.h"
+#include "orvan/core/SpreadsheetCell.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/modLocale.h"
 
@@ -38,27 +38,12 @@ void appendText(std::string& line, std::string_view cell)
         line.append(needsGuard(cell) ? 1 : 0, '\'').append(cell);
         return;
     }
-    line.append(needsGuard(cell) ? "\"'" : "\"");
-    for (const char c : cell) {
-        line.append(c == '"' ? 2 : 1, c);
-    }
-    line += '"';
+    appendQuoted(line, guarded(cell));
 }
 
 std::string decimalSeparator(ui::LocaleService& locale)
 {
     return PrvInitLocale(locale).decimalSep;
-}
-
-void appendAmount(std::string& line, Currency amount, std::string_view separator)
-{
-    Currency::TextBuffer buffer;
-    const std::string_view text = amount.toText(buffer);
-    const std::size_t point = std::min(text.find('.'), text.size());
-    line.append(text.substr(0, point));
-    if (point < text.size()) {
-        line.append(separator).append(text.substr(point + 1));
-    }
 }
 
 /// One cell after the other, with the lines that they stand in.

@@ -1,9 +1,9 @@
 // RowExchange: writes rows of the list as text that a spreadsheet understands, and reads such text.
 //
 // The text has one line for each product, with a tab between the cells: part number, name, quantity, unit price,
-// discount, extended price, note, catalogue key. A cell with a tab, a line end or a quotation mark stands in quotation
-// marks, and each quotation mark within it is doubled (the convention of spreadsheets). Amounts are plain numbers with
-// the user's decimal separator.
+// discount, extended price, note, catalogue key. A cell that contains a tab, a line end or a quotation mark is put in
+// quotation marks, and each quotation mark in it is doubled, as spreadsheets do. Amounts are plain numbers with the
+// user's decimal separator.
 //
 // A text that begins with = + - @ ' tab or CR gets one ' in front, because a spreadsheet would take it for a formula or
 // swallow the first character; reading removes one ' before any of these. Amounts are never changed in this way.

@@ -5,9 +5,9 @@
 #include "RecentFiles.h"
 #include "WindowPlace.h"
 
+#include "tests/desk/QuoteFolder.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -22,24 +22,14 @@ namespace orvan::desk {
 namespace {
 
 using test::forEachRow;
+using test::kQuote;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// One good product, one without a price, and one without both.
-const QByteArray kQuote = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
- "date": "2026-11-20", "products": "3~Lamp:::5:1:0:5:~Desk:::0:1:0:0:~ :::0:1:0:0:~"})";
-
-class DeskShellTest : public testing::Test {
+class DeskShellTest : public test::QuoteFolder {
 protected:
     DeskShellTest() { keepText("RecentFiles", {}); }
 
-    QString path(const std::string& name) const { return QString::fromStdString((folder / name).string()); }
-    QString write(const std::string& name, const QByteArray& bytes = kQuote) const
-    {
-        std::filesystem::create_directories((folder / name).parent_path());
-        test::writeText(folder / name, bytes.toStdString());
-        return path(name);
-    }
     static std::vector<std::string> captions(RecentFiles& menu)
     {
         emit menu.aboutToShow();
@@ -68,7 +58,6 @@ protected:
         });
     }
 
-    test::TemporaryFolder folder;
     std::string asked;
 };
 

@@ -8,9 +8,9 @@
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/hosting/ProductViewWidget.h"
+#include "tests/desk/QuoteFolder.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -28,21 +28,9 @@ using test::forEachRow;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// One good product, one without a price, and one without both.
-const QByteArray kQuote = R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
- "date": "2026-11-20", "products": "3~Lamp:::5:1:0:5:~Desk:::0:1:0:0:~ :::0:1:0:0:~"})";
-
-class StatusLineTest : public testing::Test {
+class StatusLineTest : public test::QuoteFolder {
 protected:
-    QString path(const std::string& name) const { return QString::fromStdString((folder / name).string()); }
-    QString write(const std::string& name, const QByteArray& bytes = kQuote) const
-    {
-        test::writeText(folder / name, bytes.toStdString());
-        return path(name);
-    }
     static std::string line(const MainWindow& window) { return window.findChild<StatusLine*>()->text().toStdString(); }
-
-    test::TemporaryFolder folder;
 };
 
 TEST_F(StatusLineTest, TheStatusLinesWords)

@@ -8,7 +8,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "scripts"))
-from desk_window import DESK, MODIFIED, Desk, keys, titles, wait_for, wait_for_title, xdotool
+from desk_window import DESK, MODIFIED, Desk, answer, keys, titles, wait_for, wait_for_title, xdotool
 
 NAMES = ["Alpha", "Beta", "Gamma", "Bolt"]
 PRODUCTS = f"{len(NAMES)}~" + "".join(f"{name}:::5:1:0:5:~" for name in NAMES)
@@ -42,18 +42,12 @@ def to_second_row() -> None:
     keys("alt+c", "Tab", "Tab", "Tab", "Home", "Down")
 
 
-def answer_yes() -> None:
-    wait_for_title("Orvan")
-    keys("alt+y")
-    wait_for("an answer taken", lambda: "Orvan" not in titles())
-
-
 def leave_editor() -> None:
     """Without a change."""
     keys("Escape")
     wait_for("a question, or the desk alone", lambda: "Orvan" in titles() or len(titles()) == 1)
     if "Orvan" in titles():
-        keys("alt+n")
+        answer("alt+n")
     wait_for("the desk alone", lambda: titles() == [DESK])
 
 
@@ -86,7 +80,7 @@ class List:
 
     def delete(self, key: str) -> None:
         press(key)
-        answer_yes()
+        answer("alt+y")
         self.changes_to("Alpha", "Gamma", "Bolt")
 
     def move_up(self, key: str) -> None:
@@ -99,25 +93,25 @@ class List:
 
     def cut(self, key: str) -> None:
         press(key)
-        answer_yes()
+        answer("alt+y")
         self.changes_to("Alpha", "Gamma", "Bolt")
 
     def copy(self, key: str) -> None:
         press(key)
         keys("End", "ctrl+v")
-        answer_yes()
+        answer("alt+y")
         self.changes_to("Alpha", "Beta", "Gamma", "Bolt", "Beta")
 
     def paste(self, key: str) -> None:
         keys("ctrl+c")
         press(key)
-        answer_yes()
+        answer("alt+y")
         self.changes_to("Alpha", "Beta", "Beta", "Gamma", "Bolt")
 
     def select_all(self, key: str) -> None:
         press(key)
         keys("Delete")
-        answer_yes()
+        answer("alt+y")
         self.changes_to()
 
     def find_next(self, key: str) -> None:

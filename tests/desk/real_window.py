@@ -11,7 +11,7 @@ import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "scripts"))
-from desk_window import COLUMN_ONE, DESK, MODIFIED, Desk, keys, titles, wait_for, wait_for_title, xdotool
+from desk_window import COLUMN_ONE, DESK, MODIFIED, Desk, answer, keys, titles, wait_for, wait_for_title, xdotool
 
 CLASSIC, CAREFUL = "classic", "careful"  # the values of --editing; without it the desk edits in the careful way
 
@@ -45,16 +45,12 @@ def edit_walk_delete_and_revert(desk: Desk, way: str) -> None:
     keys("alt+p", "g", "p")
     wait_for_title("Task chair, mesh back (2/14)")
     keys("alt+p", "d")
-    wait_for_title("Orvan")
-    keys("alt+y")
+    answer("alt+y")
     wait_for_title("Visitor chair, stackable (2/13)")
     if way == CLASSIC:  # looking up the next product's name leads to the question about its note
-        wait_for_title("Orvan")
-        keys("alt+n")
-    wait_for("an answer taken", lambda: "Orvan" not in titles())
+        answer("alt+n")
     keys("Escape")
-    wait_for_title("Orvan")
-    keys("alt+n")
+    answer("alt+n")
     wait_for("a quote that is as it was", lambda: titles() == [DESK])
 
 
@@ -62,8 +58,7 @@ def edit_and_save(desk: Desk, way: str) -> None:
     open_second_product(desk)
     keys("alt+q", "7", "alt+s")
     if way == CLASSIC:
-        wait_for_title("Orvan")
-        keys("alt+y")
+        answer("alt+y")
     wait_for("a quote that is not saved", lambda: titles() == [MODIFIED])
 
 
@@ -97,8 +92,7 @@ def play(desk: Desk, step: str) -> None:
         "pause": lambda: time.sleep(1),
         "tab": lambda: keys("Tab"),
         "save": lambda: desk.click("cmdSaveClose", 1),
-        "answer": lambda: (wait_for_title("Orvan"), keys({"yes": "alt+y"}[what]),
-                           wait_for("an answer taken", lambda: "Orvan" not in titles())),
+        "answer": lambda: answer({"yes": "alt+y"}[what]),
     }
     actions[verb]()
 

@@ -1,4 +1,4 @@
-// ListSteps: how two products strings differ. Thread: any.
+// ListSteps: tells whether one thing that a user does can have made one products string of another. Thread: any.
 #pragma once
 
 #include "orvan/core/ProductMgr.h"

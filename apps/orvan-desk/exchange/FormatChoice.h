@@ -1,4 +1,5 @@
-// FormatChoice: boxes in which the user chooses how a file of lines is written. Thread: the user-interface thread.
+// FormatChoice: combo boxes in which the user chooses the separators of a file that holds a quote's lines: the one
+// between two fields, and the decimal separator. Thread: the user-interface thread.
 #pragma once
 
 #include <QComboBox>

@@ -6,7 +6,7 @@
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/CsvReader.h"
 #include "orvan/components/catalogue/PriceText.h"
-#include "orvan/core/FormulaGuard.h"
+#include "orvan/core/SpreadsheetCell.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/ui/qt/Translation.h"
 
@@ -29,19 +29,15 @@ void appendCell(std::string& line, std::string_view cell, char delimiter)
                        !cell.ends_with(' ') && cell.find(delimiter) == std::string_view::npos;
     if (plain) {
         line += cell;
-        return;
+    } else {
+        appendQuoted(line, cell);
     }
-    line += '"';
-    for (const char c : cell) {
-        line.append(c == '"' ? 2 : 1, c);
-    }
-    line += '"';
 }
 
 std::string amountText(Currency amount, char decimalSeparator)
 {
-    std::string text = amount.toText();
-    std::replace(text.begin(), text.end(), '.', decimalSeparator);
+    std::string text;
+    appendAmount(text, amount, {&decimalSeparator, 1});
     return text;
 }
 

@@ -1,7 +1,8 @@
 // DropDownColumns: shows the rows of a list that drops down as columns: texts, and an amount at the end.
 //
-// The first column is as wide as its texts need, up to a third of the list; the last one never cuts an amount; the one
-// between them takes the rest. Ownership: the view. Thread: the user-interface thread.
+// There are three columns. The first one is as wide as its texts need, but at most a third of the list. The last one is
+// always wide enough for its amounts. The middle one gets the width that is left. Ownership: the view. Thread: the
+// user-interface thread.
 #pragma once
 
 #include <QStyledItemDelegate>

@@ -1,8 +1,9 @@
 // GridAccessible: a grid as assistive technology sees it: a table of its visible columns, whose rows can be read whole.
 //
 // The children of the table are the headers of the columns, then the rows; the children of a row are its cells. A row's
-// name is its whole text. Row and column numbers are those of the view without hidden columns, from 0. An object for a
-// row or cell stands for its place: it is made when it is first asked for, and is invalid while there is no such place.
+// name is its whole text. Row and column numbers are those of the view without hidden columns, from 0. An object
+// for a row or a cell is made when assistive technology first asks for it, and belongs to a position, not to a product.
+// It is invalid while the grid has no such position.
 // Ownership: Qt, which destroys it with the view. Thread: the user-interface thread.
 #pragma once
 

@@ -226,7 +226,8 @@ void GridView::paintEmptyText(QPainter& painter)
 void GridView::paintFrame()
 {
     QPainter painter(this);
-    // Filled rectangles, because at a scale such as 150 % a drawn line at the right edge would fall outside.
+    // The frame is painted as filled rectangles: at a scale such as 150 %, a line drawn along the right edge would be
+    // rounded to a place outside the view.
     const auto fill = [&](int thickness, const QColor& colour) {
         const QRect outer = rect();
         painter.fillRect(QRect(0, 0, outer.width(), thickness), colour);

@@ -1,7 +1,8 @@
-// namedInStyleSheets: whether a host's style sheet sets something that the library paints by itself otherwise.
+// namedInStyleSheets: tells whether a host's style sheet has rules for something that the library would otherwise paint
+// in its own way.
 //
-// Qt does not tell which rules apply to a widget, so the texts of the sheets are searched. Thread: the user-interface
-// thread.
+// Qt does not tell which rules apply to a widget, so the function searches the texts of the style sheets for a name.
+// Thread: the user-interface thread.
 #pragma once
 
 class QLatin1String;
