@@ -55,4 +55,5 @@ build_preset() {
 use_ccache() {
     command -v ccache >/dev/null 2>&1 || return 0
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros} # as ccache's manual asks for compiled headers
 }
