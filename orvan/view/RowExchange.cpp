@@ -1,8 +1,8 @@
 #include "orvan/view/RowExchange.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/core/SpreadsheetCell.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/core/SpreadsheetCell.h"
 #include "orvan/core/modLocale.h"
 
 #include <algorithm>

@@ -6,8 +6,8 @@
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/CsvReader.h"
 #include "orvan/components/catalogue/PriceText.h"
-#include "orvan/core/SpreadsheetCell.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/core/SpreadsheetCell.h"
 #include "orvan/ui/qt/Translation.h"
 
 #include <QCoreApplication>
