@@ -19,6 +19,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -104,6 +105,8 @@ public:
     void setEmptyText(UserText text);
 
     const GridValue& value(std::int32_t row, std::int32_t column) const;
+    /// The values of all rows, header rows included; valid until the next change of the grid.
+    std::span<const GridValue> values(std::int32_t column) const { return at(column).cells; }
     void setValue(std::int32_t row, std::int32_t column, GridValue value);
     std::string displayText(std::int32_t row, std::int32_t column) const;
 

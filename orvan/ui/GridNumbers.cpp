@@ -4,14 +4,29 @@
 
 #include <array>
 #include <bit>
+#include <cstdint>
 #include <optional>
+#include <span>
 
 namespace orvan::ui {
 
 namespace {
 
-/// Sizes are told apart by their bits, which are found faster than digits: this looks at each number of a long list.
+// A long list has hundreds of thousands of numbers, and each is looked at whenever the list is shown. Sizes are
+// therefore told apart by their bits instead of their digits, and the count of decimals is looked up.
 constexpr std::size_t kSizes = 65;
+
+/// The count of decimals of a number, by its last Currency::kDecimals digits.
+constexpr auto kDecimalsOf = [] {
+    std::array<std::uint8_t, Currency::kScale> decimals{};
+    for (std::size_t digits = 1; digits < decimals.size(); ++digits) {
+        std::size_t rest = digits;
+        for (decimals[digits] = Currency::kDecimals; rest % 10 == 0; rest /= 10) {
+            --decimals[digits];
+        }
+    }
+    return decimals;
+}();
 
 std::optional<Currency> numberOf(const GridValue& value)
 {
@@ -22,18 +37,6 @@ std::optional<Currency> numberOf(const GridValue& value)
         return Currency::fromInteger(*number);
     }
     return std::nullopt;
-}
-
-std::size_t decimalsOf(std::uint64_t magnitude)
-{
-    if (magnitude % Currency::kScale == 0) {
-        return 0;
-    }
-    std::size_t decimals = Currency::kDecimals;
-    for (; magnitude % 10 == 0; magnitude /= 10) {
-        --decimals;
-    }
-    return decimals;
 }
 
 /// A number of one shape: sign, size and decimals.
@@ -51,15 +54,17 @@ std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column)
         return texts;
     }
     std::array<NumberShape, 2 * kSizes*(Currency::kDecimals + 1)> shapes;
+    const std::span<const GridValue> values = grid.values(column);
     for (std::int32_t row = grid.fixedRows(); row < grid.rowCount(); ++row) {
-        const std::optional<Currency> number = numberOf(grid.value(row, column));
+        const std::optional<Currency> number = numberOf(values[static_cast<std::size_t>(row)]);
         if (!number) {
             continue;
         }
         const std::uint64_t magnitude = number->magnitude();
         const std::size_t sign = number->scaled() < 0 ? 1 : 0;
         const auto size = static_cast<std::size_t>(std::bit_width(magnitude));
-        const std::size_t place = (size * (Currency::kDecimals + 1) + decimalsOf(magnitude)) * 2 + sign;
+        const std::size_t place =
+            (size * (Currency::kDecimals + 1) + kDecimalsOf[magnitude % Currency::kScale]) * 2 + sign;
         // The greatest of each shape, because a picture with fewer decimals may round it up to one more digit.
         if (NumberShape& shape = shapes[place]; shape.row < 0 || magnitude > shape.magnitude) {
             shape = {row, magnitude};

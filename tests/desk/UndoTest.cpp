@@ -105,6 +105,7 @@ TEST_F(UndoTest, EachCommandIsOneNamedStep)
         {"delete", [&] { run(Command::remove); }, {"Delete 'Lamp'"}},
         {"delete all", [&] { run(Command::selectAll), run(Command::remove); }, {"Delete 3 Products"}},
         {"duplicate", [&] { run(Command::duplicate); }, {"Duplicate 'Lamp'"}},
+        {"cut and paste", [&] { run(Command::cut), run(Command::paste); }, {"Paste 'Lamp'", "Delete 'Lamp'"}},
         {"move twice", [&] { run(Command::moveUp), run(Command::moveDown); }, {"Move Products", "Move Products"}},
         {"edit", [&] { edit(Command::edit, quantity("7")); }, {"Edit 'Lamp'"}},
         {"edit and revisit",

@@ -1874,6 +1874,21 @@ Changed: %3.</source>
         </translation>
     </message>
     <message>
+        <source>Paste %1</source>
+        <translation>لصق %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste %n Products</source>
+        <translation>
+            <numerusform>لصق %n منتج</numerusform>
+            <numerusform>لصق منتج واحد</numerusform>
+            <numerusform>لصق منتجين</numerusform>
+            <numerusform>لصق %n منتجات</numerusform>
+            <numerusform>لصق %n منتجًا</numerusform>
+            <numerusform>لصق %n منتج</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Delete %1</source>
         <translation>حذف %1</translation>
     </message>

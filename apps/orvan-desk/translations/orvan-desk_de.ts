@@ -1818,6 +1818,17 @@ Geändert: %3.</translation>
         </translation>
     </message>
     <message>
+        <source>Paste %1</source>
+        <translation>Einfügen von %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste %n Products</source>
+        <translation>
+            <numerusform>Einfügen von einem Artikel</numerusform>
+            <numerusform>Einfügen von %n Artikeln</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Delete %1</source>
         <translation>Löschen von %1</translation>
     </message>

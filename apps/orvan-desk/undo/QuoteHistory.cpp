@@ -71,6 +71,19 @@ std::vector<ListChange> merged(const std::vector<ListChange>& changes)
     return result;
 }
 
+/// The list view makes products by duplicating and by pasting. A product that the list has twice was most likely
+/// duplicated.
+QString describeCopies(const ProductValues& first, int count)
+{
+    const std::vector<ProductValues> products = watchedValues();
+    const bool pasted = std::count(products.begin(), products.end(), first) < 2;
+    if (count == 1) {
+        return (pasted ? QuoteHistory::tr("Paste %1") : QuoteHistory::tr("Duplicate %1")).arg(quoted(first));
+    }
+    return pasted ? QuoteHistory::tr("Paste %n Products", nullptr, count)
+                  : QuoteHistory::tr("Duplicate %n Products", nullptr, count);
+}
+
 /// What a step did, for the menu: "Delete 'Desk lamp'".
 QString describe(const std::vector<ListChange>& changes, bool inEditor)
 {
@@ -80,9 +93,7 @@ QString describe(const std::vector<ListChange>& changes, bool inEditor)
                                               [kind](const ListChange& change) { return change.kind == kind; }));
     };
     if (const int inserted = count(Kind::insert); inserted > 0) {
-        return inEditor        ? QuoteHistory::tr("Add %1").arg(quoted(first.after))
-               : inserted == 1 ? QuoteHistory::tr("Duplicate %1").arg(quoted(first.after))
-                               : QuoteHistory::tr("Duplicate %n Products", nullptr, inserted);
+        return inEditor ? QuoteHistory::tr("Add %1").arg(quoted(first.after)) : describeCopies(first.after, inserted);
     }
     if (const int removed = count(Kind::remove); removed > 0) {
         return removed == 1 ? QuoteHistory::tr("Delete %1").arg(quoted(first.before))

@@ -2,6 +2,7 @@
 
 #include "orvan/ui/qt/Assistance.h"
 #include "orvan/ui/qt/DropDownColumns.h"
+#include "orvan/ui/qt/Edge.h"
 #include "orvan/ui/qt/EntryLine.h"
 #include "orvan/ui/qt/KeyFilter.h"
 #include "orvan/ui/qt/QtText.h"
@@ -193,6 +194,12 @@ protected:
         } else {
             line_->QLineEdit::event(event);
         }
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        QComboBox::paintEvent(event);
+        paintEdge(*this);
     }
 
     /// The mouse wheel must not choose another row while the user scrolls the form.

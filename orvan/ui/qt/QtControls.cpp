@@ -13,12 +13,16 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 namespace orvan::qt {
 
 namespace {
 
 constexpr float kLineShade = 0.15F;
+constexpr int kPictureGap = 4; ///< Pixels between a button's picture and its text; Qt leaves as many.
 
 /// A label whose text stands where reading of the window begins. QLabel would go by the language of the text.
 class Caption final : public QLabel {
@@ -87,8 +91,42 @@ protected:
     }
     void paintEvent(QPaintEvent* event) override
     {
-        QPushButton::paintEvent(event);
+        if (isRightToLeft() && !icon().isNull() && !text().isEmpty()) {
+            paintMirrored();
+        } else {
+            QPushButton::paintEvent(event);
+        }
         paintEdge(*this);
+    }
+
+private:
+    /// From right to left, Qt mirrors the alignment of a text beside a picture twice, so that the text would stand at
+    /// the button's left edge. Picture and text are therefore painted as two labels.
+    void paintMirrored()
+    {
+        QStyleOptionButton whole;
+        initStyleOption(&whole);
+        QStylePainter painter(this);
+        painter.drawControl(QStyle::CE_PushButtonBevel, whole);
+        const QRect contents = style()->subElementRect(QStyle::SE_PushButtonContents, &whole, this);
+        const int textWidth = fontMetrics().size(Qt::TextShowMnemonic, whole.text).width();
+        const int width = textWidth + kPictureGap + whole.iconSize.width();
+        QStyleOptionButton text = whole;
+        text.icon = {};
+        text.rect = contents.adjusted((contents.width() - width) / 2, 0, 0, 0);
+        text.rect.setWidth(textWidth);
+        painter.drawControl(QStyle::CE_PushButtonLabel, text);
+        QStyleOptionButton picture = whole;
+        picture.text.clear();
+        picture.rect.setRect(text.rect.right() + 1 + kPictureGap, contents.y(), whole.iconSize.width(),
+                             contents.height());
+        painter.drawControl(QStyle::CE_PushButtonLabel, picture);
+        if (whole.state & QStyle::State_HasFocus) {
+            QStyleOptionFocusRect focus;
+            focus.QStyleOption::operator=(whole);
+            focus.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &whole, this);
+            painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+        }
     }
 };
 

@@ -20,6 +20,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <cmath>
+
 namespace orvan::qt {
 
 namespace {
@@ -153,7 +155,11 @@ QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform)
     doSetCaption();
     QWidget* front = windowInFront();
     const QScreen* screen = front ? front->screen() : QApplication::primaryScreen();
-    window_->resize(fitToContents(*this, screen->availableSize() - kDecoration));
+    const QSize fitting = fitToContents(*this, screen->availableSize() - kDecoration);
+    // At a scale such as 150 %, the window gets whole pixels of the screen, which can be a part of a pixel less; the
+    // frame with the fields would then need a scroll bar.
+    const bool fraction = screen->devicePixelRatio() != std::floor(screen->devicePixelRatio());
+    window_->resize(fraction ? fitting + QSize(1, 1) : fitting);
     setInnerSize(toTwips(window_->width()), toTwips(window_->height()));
 }
 

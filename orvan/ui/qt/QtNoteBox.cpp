@@ -1,5 +1,6 @@
 #include "orvan/ui/qt/QtNoteBox.h"
 
+#include "orvan/ui/qt/Edge.h"
 #include "orvan/ui/qt/QtText.h"
 
 #include <QInputMethodEvent>
@@ -117,6 +118,7 @@ private:
         option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, this);
         option.state |= QStyle::State_Sunken;
         QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
+        paintEdge(*this);
     }
     /// This does not use toPlainText, which replaces no-break spaces by blanks and other characters by line ends.
     QString heldText() const override { return document()->toRawText(); }
