@@ -25,8 +25,8 @@ function(orvan_precompile target)
         if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
             target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp") # for ccache
         else()
-            # GCC 12 raises it, falsely, in the standard library's headers once they are compiled.
-            target_compile_options(${target} PRIVATE -Wno-stringop-overflow)
+            # GCC 12 raises them, falsely, in the standard library's headers once they are compiled.
+            target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)
         endif()
     endif()
 endfunction()
