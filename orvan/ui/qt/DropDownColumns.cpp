@@ -22,7 +22,8 @@ int DropDownColumns::measure(const QAbstractItemModel& rows, int count, const QS
         const QStringList texts = rows.index(row, 0).data(kColumnsRole).toStringList();
         for (qsizetype column = 0; column < std::min<qsizetype>(texts.size(), std::ssize(widths_)); ++column) {
             int& width = widths_[static_cast<std::size_t>(column)];
-            width = std::max(width, option.fontMetrics.horizontalAdvance(texts[column].left(kMostCharacters)));
+            // One pixel more, because the advance is rounded, and a text that is wider by a fraction would be cut.
+            width = std::max(width, option.fontMetrics.horizontalAdvance(texts[column].left(kMostCharacters)) + 1);
         }
     }
     const int all = widths_[0] + widths_[1] + widths_[2];
