@@ -22,7 +22,6 @@ namespace orvan::desk {
 namespace {
 
 using test::forEachRow;
-using test::kQuote;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
