@@ -60,7 +60,7 @@ UserText commit(ImportRun& run, files::NewFile& file, bool keepFormer)
 /// Returns false when the former catalogue, if there is one, stays.
 bool replaceCatalogue(ImportRun& run, const fs::path& catalogue, bool keepFormer)
 {
-    if (!run.findDecimalSeparator()) {
+    if (!run.findPrices()) {
         return false;
     }
     const auto file =
