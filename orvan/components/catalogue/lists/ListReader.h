@@ -22,6 +22,8 @@ public:
     ListReader(const ImportSource& source, const CatalogueImportOptions& options);
 
     [[nodiscard]] const ListForm& form() const { return form_; }
+    /// Which column has what; findPrices decides about the price.
+    [[nodiscard]] const CatalogueColumns& columns() const { return columns_; }
     /// What the list does not tell about its columns, as a text for the user; empty if it tells all that is needed.
     [[nodiscard]] UserText missingColumns() const;
 

@@ -17,156 +17,38 @@ namespace {
 
 using WordSet = std::set<std::string, std::less<>>;
 
-WordSet simplified(std::initializer_list<std::string_view> words)
+WordSet simplified(std::string_view words)
 {
     WordSet set;
-    for (const std::string_view word : words) {
-        set.insert(simplifiedWord(word));
-    }
+    forEachPart(words, [&set](std::string_view word) { set.insert(simplifiedWord(word)); });
     return set;
 }
 
 const WordSet& noPriceWords()
 {
-    static const WordSet words = simplified({
-        // English
-        "on request",
-        "upon request",
-        "price on request",
-        "price upon request",
-        "request",
-        "price on application",
-        "on application",
-        "POA",
-        "P.O.A.",
-        "POR",
-        "ask",
-        "ask for price",
-        "call",
-        "call us",
-        "call for price",
-        "contact us",
-        "enquire",
-        "inquire",
-        "quote",
-        "on quote",
-        "TBA",
-        "TBD",
-        "TBC",
-        "n/a",
-        "n.a.",
-        "none",
-        "no price",
-        "null",
-        "market price",
-        // German
-        "auf Anfrage",
-        "Preis auf Anfrage",
-        "Anfrage",
-        "a. A.",
-        "auf Nachfrage",
-        "nach Vereinbarung",
-        "nach Aufwand",
-        "Tagespreis",
-        "k. A.",
-        "keine Angabe",
-        "ohne Preis",
-        // French
-        "sur demande",
-        "prix sur demande",
-        "sur devis",
-        "nous consulter",
-        "à définir",
-        // Spanish
-        "bajo pedido",
-        "bajo consulta",
-        "precio bajo consulta",
-        "a consultar",
-        "precio a consultar",
-        "consultar",
-        "a petición",
-        "bajo petición",
-        "sin precio",
-        // Italian
-        "su richiesta",
-        "prezzo su richiesta",
-        "a richiesta",
-        "da definire",
-        "su preventivo",
-        // Dutch
-        "op aanvraag",
-        "prijs op aanvraag",
-        "nader te bepalen",
-        "n.v.t.",
-        "n.t.b.",
-        "in overleg",
-        // Polish
-        "na zapytanie",
-        "cena na zapytanie",
-        "do uzgodnienia",
-        "do ustalenia",
-        "zapytaj",
-        "zapytaj o cenę",
-        "brak",
-        "brak ceny",
-        "b/d",
-        // Portuguese
-        "sob consulta",
-        "preço sob consulta",
-        "sob pedido",
-        "sob orçamento",
-        "a definir",
-        // Russian
-        "по запросу",
-        "цена по запросу",
-        "под заказ",
-        "уточняйте",
-        "уточняйте цену",
-        "договорная",
-        "договорная цена",
-        "звоните",
-        "нет цены",
-        "нет",
-        // Turkish
-        "sorunuz",
-        "fiyat sorunuz",
-        "fiyat için arayınız",
-        "arayınız",
-        "talep üzerine",
-        "teklif isteyiniz",
-        "istek üzerine",
-    });
+    static const WordSet words = simplified(
+        "on request|upon request|price on request|price upon request|request|price on application|on application|"
+        "POA|P.O.A.|POR|ask|ask for price|call|call us|call for price|contact us|enquire|inquire|quote|on quote|TBA|"
+        "TBD|TBC|n/a|n.a.|none|no price|null|market price|auf Anfrage|Preis auf Anfrage|Anfrage|a. A.|auf Nachfrage|"
+        "nach Vereinbarung|nach Aufwand|Tagespreis|k. A.|keine Angabe|ohne Preis|sur demande|prix sur demande|"
+        "sur devis|nous consulter|à définir|bajo pedido|bajo consulta|precio bajo consulta|a consultar|"
+        "precio a consultar|consultar|a petición|bajo petición|sin precio|su richiesta|prezzo su richiesta|"
+        "a richiesta|da definire|su preventivo|op aanvraag|prijs op aanvraag|nader te bepalen|n.v.t.|n.t.b.|"
+        "in overleg|na zapytanie|cena na zapytanie|do uzgodnienia|do ustalenia|zapytaj|zapytaj o cenę|brak|"
+        "brak ceny|b/d|sob consulta|preço sob consulta|sob pedido|sob orçamento|a definir|по запросу|"
+        "цена по запросу|под заказ|уточняйте|уточняйте цену|договорная|договорная цена|звоните|нет цены|нет|sorunuz|"
+        "fiyat sorunuz|fiyat için arayınız|arayınız|talep üzerine|teklif isteyiniz|istek üzerine");
     return words;
 }
 
 const WordSet& totalWords()
 {
-    static const WordSet words = simplified({
-        "total",          "totals",
-        "subtotal",       "sub-total",
-        "grand total",    "net total",
-        "total amount",   "sum", // English
-        "Summe",          "Gesamt",
-        "Gesamtsumme",    "Zwischensumme",
-        "Endsumme",       "Nettosumme",
-        "Übertrag", // German
-        "total général",  "sous-total",
-        "somme",          "total HT", // French
-        "total general",  "suma",
-        "suma total",     "totales", // Spanish
-        "totale",         "totale generale",
-        "subtotale",      "somma", // Italian
-        "totaal",         "subtotaal",
-        "eindtotaal", // Dutch
-        "razem",          "ogółem",
-        "suma częściowa", "łącznie",     // Polish
-        "soma",           "total geral", // Portuguese
-        "итого",          "всего",
-        "итог",           "сумма",
-        "общая сумма",    "промежуточный итог", // Russian
-        "toplam",         "genel toplam",
-        "ara toplam", // Turkish
-    });
+    static const WordSet words = simplified(
+        "total|totals|subtotal|sub-total|grand total|net total|total amount|sum|Summe|Gesamt|Gesamtsumme|"
+        "Zwischensumme|Endsumme|Nettosumme|Übertrag|total général|sous-total|somme|total HT|total general|suma|"
+        "suma total|totales|totale|totale generale|subtotale|somma|totaal|subtotaal|eindtotaal|razem|ogółem|"
+        "suma częściowa|łącznie|soma|total geral|итого|всего|итог|сумма|общая сумма|промежуточный итог|toplam|"
+        "genel toplam|ara toplam");
     return words;
 }
 
