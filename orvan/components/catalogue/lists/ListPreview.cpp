@@ -59,7 +59,8 @@ ListPreview previewList(const fs::path& file, const CatalogueImportOptions& opti
     const ImportSource source = importSource(file);
     ListReader reader(source, options);
     ListPreview preview;
-    static_cast<void>(reader.findPrices([&goesOn](std::uint64_t /*bytesRead*/) { return goesOn(); }));
+    // Never cut short: without it the prices would be misread.
+    static_cast<void>(reader.findPrices([](std::uint64_t /*bytesRead*/) { return true; }));
     preview.form = reader.form();
     preview.columns = reader.columns();
     preview.decimalSeparator = reader.decimalSeparator() != 0 ? reader.decimalSeparator() : '.';
