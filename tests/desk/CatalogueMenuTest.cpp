@@ -272,7 +272,7 @@ TEST_F(CatalogueMenuTest, AListIsReadAsTheUserSaysAndTheNextOneOfItsShapeToo)
 
 TEST_F(CatalogueMenuTest, TheProgressShowsAFilesNameAsItIs)
 {
-    User user("Cancel");
+    User user("OK"); // and Import
     menu.importFrom(list("<h1>long<h1>.csv", QByteArray("A,Alpha,1.5\n").repeated(400'000)));
     EXPECT_THAT(user.told, HasSubstr("“<h1>long<h1>.csv”"));
 }
