@@ -54,6 +54,15 @@ function(orvan_library name)
     endif()
 endfunction()
 
+# Puts the module that reads workbooks beside a program of the build folder, where it is found as in an installation.
+function(orvan_reads_workbooks program)
+    if(TARGET orvan_workbooks)
+        add_dependencies(${program} orvan_workbooks)
+        add_custom_command(TARGET ${program} POST_BUILD COMMAND ${CMAKE_COMMAND} -E create_symlink
+            $<TARGET_FILE:orvan_workbooks> $<TARGET_FILE_DIR:${program}>/$<TARGET_FILE_NAME:orvan_workbooks>)
+    endif()
+endfunction()
+
 # Installs the files with which find_package(KTVOrvanProduct) finds the library.
 function(orvan_install_package)
     include(CMakePackageConfigHelpers)

@@ -41,7 +41,7 @@ void checkRecords(CsvReader& reader, std::string_view text, char delimiter)
         if (record.malformed) {
             continue;
         }
-        const auto& fields = reader.fields();
+        const auto& fields = reader.cells();
         require(std::equal(fields.begin(), fields.end(), record.fields.begin(), record.fields.end()),
                 "the fields are read");
         for (const std::string_view field : fields) {

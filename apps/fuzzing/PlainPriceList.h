@@ -50,11 +50,30 @@ inline std::optional<std::string> withoutQuotes(const std::string& field)
     return std::nullopt;
 }
 
+/// Where the records begin: behind a byte order mark and a line such as "sep=;". `named` is its delimiter, or 0.
+inline std::size_t plainBeginning(std::string_view text, char& named)
+{
+    const std::size_t mark = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    const std::string_view rest = text.substr(mark);
+    std::string word;
+    for (const char c : rest.substr(0, 4)) {
+        word += static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+    }
+    const auto isBreak = [&](std::size_t at) { return rest[at] == '\n' || rest[at] == '\r'; };
+    named = 0;
+    if (word != "sep=" || rest.size() < 6 || rest[4] == '"' || isBreak(4) || !isBreak(5)) {
+        return mark;
+    }
+    named = rest[4];
+    return mark + 6 + (rest.substr(5, 2) == "\r\n" ? 1 : 0);
+}
+
 inline std::vector<PlainRecord> readPlainCsv(std::string_view text, char delimiter)
 {
     std::vector<PlainRecord> records;
-    std::size_t at = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-    for (std::uint64_t line = 1; at < text.size();) {
+    char named = 0;
+    std::size_t at = plainBeginning(text, named);
+    for (std::uint64_t line = named != 0 ? 2 : 1; at < text.size();) {
         const std::size_t begin = at;
         std::vector<std::string> raw(1);
         bool open = false;
@@ -85,7 +104,11 @@ inline std::vector<PlainRecord> readPlainCsv(std::string_view text, char delimit
 /// The one of the usual delimiters that is most frequent in the first line; those inside quotes do not count.
 inline char plainDelimiter(std::string_view text)
 {
-    text.remove_prefix(text.starts_with("\xEF\xBB\xBF") ? 3 : 0);
+    char named = 0;
+    text.remove_prefix(plainBeginning(text, named));
+    if (named != 0) {
+        return named;
+    }
     std::string unquoted;
     bool open = false;
     for (std::size_t at = 0; at < text.size() && (open || (text[at] != '\n' && text[at] != '\r')); ++at) {

@@ -3,6 +3,7 @@
 #include "OutsideText.h"
 #include "PlainBox.h"
 #include "RecentFiles.h"
+#include "pricelists/PriceListDialog.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
@@ -14,7 +15,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -84,6 +84,19 @@ std::optional<std::filesystem::path> formerOf(const std::filesystem::path& catal
     } catch (const std::exception&) {
         return std::nullopt; // the catalogue is a link that leads nowhere
     }
+}
+
+/// The refused rows, each with its line and the reason.
+QStringList linesOf(const CatalogueImportResult& result)
+{
+    QStringList rows;
+    for (const RefusedRow& row : result.refused) {
+        rows << CatalogueMenu::tr("Line %1: %2").arg(row.line).arg(qt::translated(row.reason));
+    }
+    if (result.refusedCount > result.refused.size()) {
+        rows << CatalogueMenu::tr("… and %n more", nullptr, clamped(result.refusedCount - result.refused.size()));
+    }
+    return rows;
 }
 
 /// A label for a text with names from outside, which must not be taken for markup.
@@ -211,7 +224,9 @@ bool CatalogueMenu::importSample()
         if (!QDir().mkpath(QFileInfo(catalogue_).path()) || !QFile::copy(kSample, copy)) {
             throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("its folder cannot be made"));
         }
-        return importShowingProgress(copy, '.', kSampleName).outcome == Outcome::imported;
+        CatalogueImportOptions options;
+        options.sourceName = kSampleName;
+        return importShowingProgress(copy, options).outcome == Outcome::imported;
     } catch (const std::exception& error) {
         tell_(tr("The sample products could not be imported into the catalogue."), qt::translated(error), {});
         return false;
@@ -221,7 +236,7 @@ bool CatalogueMenu::importSample()
 void CatalogueMenu::chooseAndImport()
 {
     const QString source = QFileDialog::getOpenFileName(window_, tr("Import Price List"), lastFolder(kPriceListFolder),
-                                                        tr("Price lists (*.csv *.tsv *.txt);;All files (*)"));
+                                                        tr("Price lists (*.csv *.tsv *.txt *.xlsx);;All files (*)"));
     if (!source.isEmpty()) {
         keepFolderOf(source, kPriceListFolder);
         importFrom(source);
@@ -244,35 +259,30 @@ bool CatalogueMenu::importFrom(const QString& source)
     if (result.outcome == Outcome::refused) {
         tellRefused(source, result);
     } else if (result.outcome == Outcome::imported) {
-        inform(tr("The catalogue now contains %1.").arg(productCount(static_cast<qint64>(result.rows))));
+        tellImported(result);
     }
     return result.outcome == Outcome::imported;
 }
 
+/// Shows how the list is understood first.
 CatalogueImportResult CatalogueMenu::import(const QString& source)
 {
-    CatalogueImportResult result = importShowingProgress(source, 0);
-    if (result.outcome == Outcome::ambiguous) {
-        const char decimalSeparator = askDecimalSeparator(QString::fromStdString(result.ambiguousPrice));
-        result.outcome = Outcome::cancelled;
-        if (decimalSeparator != 0) {
-            return importShowingProgress(source, decimalSeparator);
-        }
+    PriceListDialog dialog(source, window_);
+    if (dialog.exec() != QDialog::Accepted) {
+        CatalogueImportResult cancelled;
+        cancelled.outcome = Outcome::cancelled;
+        return cancelled;
     }
-    return result;
+    return importShowingProgress(source, dialog.options());
 }
 
-CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source, char decimalSeparator,
-                                                           const std::string& sourceName)
+CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source, CatalogueImportOptions options)
 {
     Progress progress;
     CatalogueImportResult result;
     std::exception_ptr failure;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            CatalogueImportOptions options;
-            options.decimalSeparator = decimalSeparator;
-            options.sourceName = sourceName;
             options.keepFormer = true;
             options.progress = [&](const CatalogueImportProgress& state) { return progress.take(state); };
             result = importCatalogue(pathOf(source), pathOf(catalogue_), options);
@@ -313,34 +323,26 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
     return result;
 }
 
-char CatalogueMenu::askDecimalSeparator(const QString& price)
+void CatalogueMenu::tellImported(const CatalogueImportResult& result)
 {
-    QString asPoint = price, asComma = price;
-    asPoint.remove(u',');
-    asComma.remove(u'.').replace(u',', u'.');
-    PlainBox box(QMessageBox::Question,
-                 tr("The prices of this list can be read in two ways. What does “%1” mean?").arg(shortened(price)),
-                 QMessageBox::Cancel, window_);
-    const auto choice = [&](const QString& number) {
-        return box.addButton(QLocale().toString(number.toDouble(), 'f', number.contains(u'.') ? 3 : 2),
-                             QMessageBox::AcceptRole);
-    };
-    const QPushButton* const point = choice(asPoint);
-    const QPushButton* const comma = choice(asComma);
-    box.setDefaultButton(QMessageBox::Cancel); // a wrong guess makes prices wrong by a factor of a thousand
+    QString text = tr("The catalogue now contains %1.").arg(productCount(static_cast<qint64>(result.rows)));
+    if (result.withoutPrice > 0) {
+        text += u'\n' + tr("%1 without a price.").arg(productCount(static_cast<qint64>(result.withoutPrice)));
+    }
+    if (result.refusedCount == 0) {
+        inform(text);
+        return;
+    }
+    PlainBox box(QMessageBox::Information,
+                 text + u'\n' + tr("%n rows with errors were left out.", nullptr, clamped(result.refusedCount)),
+                 QMessageBox::Ok, window_);
+    box.setDetailedText(linesOf(result).join(u'\n'));
     box.exec();
-    return box.clickedButton() == point ? '.' : box.clickedButton() == comma ? ',' : char(0);
 }
 
 void CatalogueMenu::tellRefused(const QString& source, const CatalogueImportResult& result)
 {
-    QStringList rows;
-    for (const RefusedRow& row : result.refused) {
-        rows << tr("Line %1: %2").arg(row.line).arg(qt::translated(row.reason));
-    }
-    if (result.refusedCount > result.refused.size()) {
-        rows << tr("… and %n more", nullptr, clamped(result.refusedCount - result.refused.size()));
-    }
+    const QStringList rows = linesOf(result);
     const QString what = result.refusedCount == 1
                              ? tr("“%1” was not imported: one row has an error.").arg(shortFileName(source))
                              : tr("“%1” was not imported: %n rows have errors.", nullptr, clamped(result.refusedCount))

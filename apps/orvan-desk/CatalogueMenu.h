@@ -35,8 +35,8 @@ public:
 
     /// Imports the products that come with the desk, where there is no catalogue yet.
     void importSampleIfNone();
-    /// Asks whether the catalogue may be replaced, imports a price list and tells the user the result. If the list does
-    /// not tell how its prices are to be read, asks the user. True when the catalogue now holds this list.
+    /// Asks whether the catalogue may be replaced, shows how a price list is understood (PriceListDialog), imports it
+    /// and tells the user the result. True when the catalogue now holds this list.
     bool importFrom(const QString& source);
     /// Asks whether the catalogue may be replaced, and replaces it by the products that come with the desk.
     void useSample();
@@ -47,11 +47,10 @@ private:
     bool importSample();
     void chooseAndImport();
     [[nodiscard]] bool mayReplace(const QString& question);
-    CatalogueImportResult importShowingProgress(const QString& source, char decimalSeparator,
-                                                const std::string& sourceName = {});
+    CatalogueImportResult importShowingProgress(const QString& source, CatalogueImportOptions options);
     CatalogueImportResult import(const QString& source);
     void inform(const QString& text);
-    char askDecimalSeparator(const QString& price);
+    void tellImported(const CatalogueImportResult& result);
     void tellRefused(const QString& source, const CatalogueImportResult& result);
 
     const QString catalogue_;

@@ -1,6 +1,8 @@
 // The desk's catalogue: what the user is asked before it is replaced, and how the replaced one is kept and comes back.
 
 #include "CatalogueMenu.h"
+#include "pricelists/KeptChoices.h"
+#include "pricelists/PriceListDialog.h"
 
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/files/FormerFile.h"
@@ -11,10 +13,15 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableWidget>
 #include <QTest>
 
 namespace orvan::desk {
@@ -23,7 +30,8 @@ namespace {
 using test::forEachRow;
 using testing::HasSubstr;
 
-/// Presses a button in each window that comes up: the one with the given caption, or else OK. Keeps all texts.
+/// Presses a button in each window that comes up: the one with the given caption, or else OK or Import. Keeps all
+/// texts.
 class User {
 public:
     explicit User(const char* press) : press_(press)
@@ -37,6 +45,7 @@ public:
     }
 
     std::string told;
+    std::function<void(PriceListDialog&)> inDialog;
 
 private:
     void answer(QWidget& window)
@@ -50,10 +59,19 @@ private:
             told += label->text().toStdString() + '\n';
             EXPECT_EQ(label->textFormat(), Qt::PlainText);
         }
+        if (auto* const dialog = qobject_cast<PriceListDialog*>(&window)) {
+            for (const auto* const label : dialog->findChildren<QLabel*>()) {
+                told += label->wordWrap() ? label->text().toStdString() + '\n' : "";
+            }
+            if (inDialog) {
+                inDialog(*dialog);
+            }
+        }
         QAbstractButton* pressed = nullptr;
         for (auto* each : window.findChildren<QAbstractButton*>()) {
             const QString text = each->text().remove(u'&');
-            pressed = text == QLatin1String(press_) || (!pressed && text == u"OK") ? each : pressed;
+            const bool usual = text == u"OK" || (text.startsWith(u"Import") && each->isEnabled());
+            pressed = text == QLatin1String(press_) || (!pressed && usual) ? each : pressed;
         }
         if (pressed) {
             QTest::mouseClick(pressed, Qt::LeftButton);
@@ -172,8 +190,8 @@ TEST_F(CatalogueMenuTest, APriceIsCutWhereItIsAskedAbout)
 {
     User user("Cancel");
     menu.importFrom(list("wide.csv", "A,Alpha,\"1,234" + QByteArray(50'000, ' ') + "\"\n"));
-    EXPECT_THAT(user.told, HasSubstr("What does “1,234 "));
-    EXPECT_LT(user.told.size(), 200U) << "a question, and not a page";
+    EXPECT_THAT(user.told, HasSubstr("Prices such as “1,234"));
+    EXPECT_LT(user.told.size(), 400U) << "a sentence, and not a page";
 }
 
 TEST_F(CatalogueMenuTest, AnImportIsCancelledWhenTheProgramEnds)
@@ -195,9 +213,66 @@ TEST_F(CatalogueMenuTest, AnImportIsCancelledWhenTheProgramEnds)
     EXPECT_EQ(state(), "296, none");
 }
 
+/// What the user chooses in the box above a column.
+void chooseColumn(PriceListDialog& dialog, int column, const char* caption)
+{
+    auto& box = dynamic_cast<QComboBox&>(*dialog.findChild<QTableWidget*>()->cellWidget(0, column));
+    Q_EMIT box.activated(box.findText(QString::fromUtf8(caption)));
+    QCoreApplication::processEvents();
+}
+
+TEST_F(CatalogueMenuTest, AListIsReadAsTheUserSaysAndTheNextOneOfItsShapeToo)
+{
+    const auto write = [this](const char* name, const QByteArray& bytes) {
+        QFile file(folder.filePath(QString::fromUtf8(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    };
+    const QByteArray header = "Ding;Wert\n";
+    const QString first = write("first.csv", header + "T\xFCr;1,234\nTisch;2\n;;x\n");
+    const QString next = write("next.csv", header + "Stuhl;1,234\n");
+    const auto texts = [this](const char* column) {
+        SqliteFile opened = openCatalogue(file());
+        SqliteStatement query(opened, std::string("SELECT ") + column + " FROM product ORDER BY rowid");
+        std::string found;
+        for (SqliteRows rows = query.query(); rows.next();) {
+            found.append(rows.text(0)).append(";");
+        }
+        return found;
+    };
+    {
+        User user("Replace");
+        bool done = false;
+        user.inDialog = [&](PriceListDialog& dialog) {
+            if (!std::exchange(done, true)) {
+                EXPECT_THAT(user.told, HasSubstr("Choose above which column has the name or the part number."));
+                chooseColumn(dialog, 0, "Name");
+                chooseColumn(dialog, 1, "Unit price");
+                for (auto* const box : dialog.findChildren<QComboBox*>()) {
+                    if (const int comma = box->findData(QChar(u',')); comma == 1) { // of the decimals
+                        box->setCurrentIndex(comma);
+                        Q_EMIT box->activated(comma);
+                    }
+                }
+                EXPECT_FALSE(dialog.findChild<QCheckBox*>()->isHidden());
+                dialog.findChild<QCheckBox*>()->click();
+            }
+        };
+        EXPECT_TRUE(menu.importFrom(first));
+        EXPECT_THAT(user.told, HasSubstr("now contains 2 products"));
+        EXPECT_THAT(user.told, HasSubstr("1 rows with errors were left out"));
+        EXPECT_EQ(texts("name || unit_price"), "Tür12340;Tisch20000;");
+    }
+    EXPECT_EQ(keptChoices(shapeOf({"Sache", "Wert"})).columns.name, "") << "another shape";
+    User user("Replace");
+    EXPECT_TRUE(menu.importFrom(next)); // which alone tells neither the columns nor the decimals
+    EXPECT_EQ(texts("name || unit_price"), "Stuhl12340;");
+}
+
 TEST_F(CatalogueMenuTest, TheProgressShowsAFilesNameAsItIs)
 {
-    User user("Cancel");
+    User user("OK"); // and Import
     menu.importFrom(list("<h1>long<h1>.csv", QByteArray("A,Alpha,1.5\n").repeated(400'000)));
     EXPECT_THAT(user.told, HasSubstr("“<h1>long<h1>.csv”"));
 }

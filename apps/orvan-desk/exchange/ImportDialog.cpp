@@ -1,6 +1,7 @@
 #include "ImportDialog.h"
 
 #include "FormatChoice.h"
+#include "ImportParts.h"
 
 #include "apps/orvan-desk/OutsideText.h"
 
@@ -10,18 +11,14 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QGuiApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
-#include <QScrollArea>
 #include <QTableWidget>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -30,38 +27,9 @@ namespace orvan::desk {
 
 namespace {
 
-constexpr int kFirstLine = 1;     // the table's row 0 has the boxes in which the fields are chosen
-constexpr int kWidestColumn = 30; // characters
-constexpr int kProblemLines = 3;  // of text, which are always to be seen
-
-/// A box in a cell of the table. The mouse wheel scrolls the table unless the box has the focus.
-class FieldChoice final : public QComboBox {
-public:
-    FieldChoice(QTableWidget& table, int column) : table_(table), column_(column) { setFocusPolicy(Qt::StrongFocus); }
-
-protected:
-    void focusInEvent(QFocusEvent* event) override
-    {
-        QComboBox::focusInEvent(event);
-        table_.scrollTo(table_.model()->index(0, column_));
-    }
-    void wheelEvent(QWheelEvent* event) override { hasFocus() ? QComboBox::wheelEvent(event) : event->ignore(); }
-
-private:
-    QTableWidget& table_;
-    const int column_;
-};
-
 QString lineCount(std::size_t count)
 {
     return count == 1 ? ImportDialog::tr("1 line") : ImportDialog::tr("%Ln lines", nullptr, static_cast<int>(count));
-}
-
-/// A text from the file, with its words in its own order where the window runs from right to left.
-QString cellText(const std::string& text)
-{
-    const QString shown = shortened(qt::toQt(text));
-    return QGuiApplication::isRightToLeft() ? u'\u2068' + shown + u'\u2069' : shown;
 }
 
 /// Each refused line, with its place and the reason.
@@ -86,16 +54,10 @@ ImportDialog::ImportDialog(ImportedFile file, const ProductRecord& rules, WhyNot
       replace_(new QRadioButton(tr("&Replace the quote's lines"))), summary_(new QLabel), import_(new QPushButton)
 {
     setWindowTitle(tr("Import Lines from “%1”").arg(qt::titleText(file_.name)));
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setTabKeyNavigation(false); // Tab goes to the boxes in the first row
+    setUpImportTable(*table_);
     table_->setAccessibleName(tr("What was understood of the file"));
-    table_->setMinimumHeight(5 * fontMetrics().lineSpacing());
-    problems_->setReadOnly(true);
-    problems_->setTabChangesFocus(true);
+    setUpProblems(*problems_);
     problems_->setAccessibleName(tr("Lines that cannot be imported"));
-    problems_->setFixedHeight(kProblemLines * fontMetrics().lineSpacing() + 2 * problems_->frameWidth() +
-                              static_cast<int>(2 * problems_->document()->documentMargin()));
     append_->setChecked(true);
     summary_->setTextFormat(Qt::PlainText);
     summary_->setWordWrap(true);
@@ -113,12 +75,8 @@ ImportDialog::ImportDialog(ImportedFile file, const ProductRecord& rules, WhyNot
     inner->addWidget(table_, 1);
     inner->addWidget(problems_);
     inner->addLayout(where);
-    auto* const scroller = new QScrollArea; // a large font on a small screen
-    scroller->setFrameShape(QFrame::NoFrame);
-    scroller->setWidgetResizable(true);
-    scroller->setWidget(contents);
     auto* const column = new QVBoxLayout(this);
-    column->addWidget(scroller, 1);
+    column->addWidget(scrolling(contents), 1);
     column->addWidget(summary_);
     column->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -197,10 +155,10 @@ void ImportDialog::showTable()
     const auto columns = static_cast<int>(read_.columns.size());
     table_->clear();
     table_->setColumnCount(columns);
-    table_->setRowCount(columns > 0 ? static_cast<int>(read_.shown.size()) + kFirstLine : 0);
+    table_->setRowCount(columns > 0 ? static_cast<int>(read_.shown.size()) + kFirstImportRow : 0);
     QStringList captions, lines{tr("Line")};
     for (int column = 0; column < columns; ++column) {
-        captions << (read_.hasHeader ? cellText(read_.captions[static_cast<std::size_t>(column)])
+        captions << (read_.hasHeader ? importedText(read_.captions[static_cast<std::size_t>(column)])
                                      : tr("Column %L1").arg(column + 1));
         table_->setCellWidget(0, column, makeFieldChoice(column));
     }
@@ -209,7 +167,7 @@ void ImportDialog::showTable()
         const ShownLine& line = read_.shown[row];
         lines << (line.refused ? tr("%L1 !").arg(line.line) : QLocale().toString(qulonglong(line.line)));
         for (std::size_t at = 0; at < line.cells.size() && at < read_.columns.size(); ++at) {
-            auto* const item = new QTableWidgetItem(cellText(line.cells[at]));
+            auto* const item = new QTableWidgetItem(importedText(line.cells[at]));
             const std::optional<LineField> field = read_.columns[at];
             if (field && rowOf(*field).amount) {
                 item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
@@ -217,14 +175,12 @@ void ImportDialog::showTable()
             if (!field || line.refused) {
                 item->setForeground(grey);
             }
-            table_->setItem(static_cast<int>(row) + kFirstLine, static_cast<int>(at), item);
+            table_->setItem(static_cast<int>(row) + kFirstImportRow, static_cast<int>(at), item);
         }
     }
     table_->setHorizontalHeaderLabels(captions);
     table_->setVerticalHeaderLabels(lines);
-    table_->horizontalHeader()->setMaximumSectionSize(kWidestColumn * fontMetrics().averageCharWidth());
-    table_->resizeColumnsToContents();
-    table_->resizeRowsToContents();
+    fitImportTable(*table_);
 }
 
 QComboBox* ImportDialog::makeFieldChoice(int column)

@@ -6,6 +6,7 @@
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/CsvReader.h"
 #include "orvan/components/catalogue/PriceText.h"
+#include "orvan/components/catalogue/lists/Encoding.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/SpreadsheetCell.h"
 #include "orvan/ui/qt/Translation.h"
@@ -13,6 +14,8 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 #include <sstream>
 #include <utility>
 
@@ -84,21 +87,20 @@ public:
         : stream_(std::string(bytes)),
           reader_(stream_, name, how.delimiter, std::clamp(bytes.size() + 1, kLeastRead, CsvReader::kReadSize))
     {
-        while ((more_ = reader_.next()) && reader_.problem().empty() && isBlank(reader_.fields())) {
+        while ((more_ = reader_.next()) && reader_.problem().empty() && isBlank(reader_.cells())) {
         }
         if (!more_ || !reader_.problem().empty()) {
             fail(name, more_ ? userText("its first line cannot be read") : userText("it has no lines"));
         }
-        if (reader_.fields().size() > LineReading::kMostColumns) {
-            fail(name, userText("it has %1 columns, and at most %2 can be read", reader_.fields().size(),
+        if (reader_.cells().size() > LineReading::kMostColumns) {
+            fail(name, userText("it has %1 columns, and at most %2 can be read", reader_.cells().size(),
                                 LineReading::kMostColumns));
         }
-        hasHeader = how.hasHeader.value_or(isHeader(reader_.fields()));
-        columns = how.columns && how.columns->size() == reader_.fields().size()
-                      ? *how.columns
-                      : columnsOf(reader_.fields(), hasHeader);
+        hasHeader = how.hasHeader.value_or(isHeader(reader_.cells()));
+        columns = how.columns && how.columns->size() == reader_.cells().size() ? *how.columns
+                                                                               : columnsOf(reader_.cells(), hasHeader);
         if (hasHeader) {
-            captions.assign(reader_.fields().begin(), reader_.fields().end());
+            captions.assign(reader_.cells().begin(), reader_.cells().end());
         }
         pending_ = !hasHeader;
     }
@@ -109,7 +111,7 @@ public:
         if (std::exchange(pending_, false)) {
             return true;
         }
-        while ((more_ = reader_.next()) && reader_.problem().empty() && isBlank(reader_.fields())) {
+        while ((more_ = reader_.next()) && reader_.problem().empty() && isBlank(reader_.cells())) {
         }
         return more_;
     }
@@ -135,7 +137,7 @@ private:
 char foundDecimalSeparator(Reading reading, char usual)
 {
     while (reading.next()) {
-        const std::vector<std::string_view>& cells = reading.reader().fields();
+        const std::vector<std::string_view>& cells = reading.reader().cells();
         if (!reading.reader().problem().empty()) {
             continue;
         }
@@ -169,7 +171,7 @@ UserText readCell(std::string_view cell, LineField field, char decimalSeparator,
     if (text.empty()) {
         return {};
     }
-    const std::optional<Currency> amount = readPrice(text, decimalSeparator);
+    const std::optional<Currency> amount = readPrice(amountOfPrice(text), decimalSeparator);
     if (!amount) {
         return amountProblem(cell, field,
                              decimalSeparator == '.' ? userText("this is no amount with a decimal point")
@@ -186,7 +188,7 @@ UserText readCell(std::string_view cell, LineField field, char decimalSeparator,
 /// Reads the present line. Returns why it is refused; empty if it is not.
 UserText readLine(const Reading& reading, char decimalSeparator, const ProductRecord& rules, ProductValues& values)
 {
-    const std::vector<std::string_view>& cells = reading.reader().fields();
+    const std::vector<std::string_view>& cells = reading.reader().cells();
     if (!reading.reader().problem().empty()) {
         return reading.reader().problem();
     }
@@ -216,9 +218,20 @@ UserText readLine(const Reading& reading, char decimalSeparator, const ProductRe
     return {};
 }
 
+std::string asUtf8(std::string_view bytes)
+{
+    std::istringstream stream{std::string(bytes)};
+    const std::string encoding = foundEncoding(stream);
+    if (encoding == kUtf8) {
+        return std::string(bytes);
+    }
+    const auto text = utf8Stream(std::make_unique<std::istringstream>(std::string(bytes)), encoding);
+    return {std::istreambuf_iterator<char>(*text), {}};
+}
+
 ShownLine shownLine(const Reading& reading, const ProductValues& values, bool refused, char decimalSeparator)
 {
-    const std::vector<std::string_view>& cells = reading.reader().fields();
+    const std::vector<std::string_view>& cells = reading.reader().cells();
     ShownLine shown{.line = reading.reader().line(), .cells = {cells.begin(), cells.end()}, .refused = refused};
     for (std::size_t i = 0; !refused && i < cells.size(); ++i) {
         if (const std::optional<LineField> field = reading.columns[i]) {
@@ -252,9 +265,10 @@ std::string linesToCsv(const std::vector<ProductValues>& lines, LineFormat forma
     return isAscii(text) ? text : "\xEF\xBB\xBF" + text;
 }
 
-LinesRead readLines(std::string_view bytes, const std::string& fileName, const LineReading& how,
+LinesRead readLines(std::string_view fileBytes, const std::string& fileName, const LineReading& how,
                     const ProductRecord& rules)
 {
+    const std::string bytes = asUtf8(fileBytes);
     Reading reading(bytes, fileName, how);
     LinesRead read;
     read.format.delimiter = reading.reader().delimiter();

@@ -4,10 +4,11 @@
 // mark if there is anything but ASCII, because spreadsheets take a file without one for the system's own encoding.
 // Texts that a spreadsheet would take for formulas are guarded (orvan/core/SpreadsheetCell.h).
 //
-// The files are read by the reader of price lists (orvan/components/catalogue/CsvReader.h). Lines without any text are
-// skipped. A missing quantity counts as 1, any other missing amount as 0, and a missing extended price is computed. A
-// line is refused for one of these reasons: it has more or fewer fields than the first line; its text is not UTF-8; one
-// of its amounts cannot be read, or is one that no product may have. Thread: any. Errors: 75 and 321 with the reason in
+// The files are read by the reader of price lists (orvan/components/catalogue/CsvReader.h), in any of its encodings
+// (orvan/components/catalogue/lists/Encoding.h), and amounts may have a currency. Lines without any text are skipped. A
+// missing quantity counts as 1, any other missing amount as 0, and a missing extended price is computed. A line is
+// refused for one of these reasons: it has more or fewer fields than the first line; its text is not UTF-8; one of its
+// amounts cannot be read, or is one that no product may have. Thread: any. Errors: 75 and 321 with the reason in
 // the description, which begins with the file's name.
 #pragma once
 

@@ -3,10 +3,10 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/components/catalogue/ImportRun.h"
+#include "orvan/components/catalogue/lists/ListPreview.h"
 #include "orvan/files/FormerFile.h"
 #include "orvan/files/NewFile.h"
 
-#include <fstream>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,24 +16,6 @@ namespace orvan {
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void raise(const fs::path& source, const UserText& reason)
-{
-    throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("%1: %2", source.string(), reason));
-}
-
-std::unique_ptr<std::istream> openSource(const fs::path& file)
-{
-    std::error_code error;
-    if (!fs::is_regular_file(file, error)) {
-        raise(file, error ? UserText(error.message()) : userText("it is no file"));
-    }
-    auto stream = std::make_unique<std::ifstream>(file, std::ios::binary);
-    if (!*stream) {
-        raise(file, userText("it cannot be opened"));
-    }
-    return stream;
-}
 
 /// Runs a step that makes the catalogue's new file. Its errors are told with the catalogue's name.
 template <class Step>
@@ -60,7 +42,7 @@ UserText commit(ImportRun& run, files::NewFile& file, bool keepFormer)
 /// Returns false when the former catalogue, if there is one, stays.
 bool replaceCatalogue(ImportRun& run, const fs::path& catalogue, bool keepFormer)
 {
-    if (!run.findDecimalSeparator()) {
+    if (!run.findPrices()) {
         return false;
     }
     const auto file =
@@ -91,11 +73,7 @@ CatalogueImportResult importCatalogue(const fs::path& source, const fs::path& ca
     if (overwrites && !isCatalogue(catalogue)) { // the price list itself, perhaps, if the user mixed up the arguments
         raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue, userText("there is another file of this name"));
     }
-    ImportRun run({.name = source.string(),
-                   .origin = options.sourceName.empty() ? source.filename().string() : options.sourceName,
-                   .bytes = fs::is_regular_file(source, error) ? fs::file_size(source) : 0, // openSource refuses others
-                   .open = [&source] { return openSource(source); }},
-                  options);
+    ImportRun run(importSource(source, options.sourceName), options);
     return run.end(replaceCatalogue(run, catalogue, options.keepFormer));
 }
 

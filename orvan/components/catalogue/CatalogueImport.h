@@ -1,25 +1,31 @@
-// importCatalogue: makes a catalogue file from a CSV or TSV file.
+// importCatalogue: makes a catalogue file from a price list.
 //
 // An import is complete or has no effect: if a single row is refused, or the import fails or is cancelled, the old
 // catalogue stays. The new catalogue is written beside the old one and takes its place at the end
 // (orvan/files/NewFile.h). Programs that use the old one never see half of the new one; each
 // finds the new one with its next look-up. The memory that is needed does not depend on the length of the file.
 //
-// The file: CSV as orvan/components/catalogue/CsvReader.h says, UTF-8 with or without a byte order mark. The first
-// record names the columns, which may be in any order; columns with other names are ignored. Capitals, blanks and
-// punctuation in a name do not matter:
+// The list is a text file (CSV, TSV) or a workbook (.xlsx); how it is written is found out
+// (orvan/components/catalogue/lists/ListForm.h), or said by the options. One row names the columns, which may be in any
+// order; columns with other names are ignored. Capitals, accents, blanks and punctuation in a name do not matter. These
+// are the English names; orvan/components/catalogue/lists/ColumnNames.cpp has those of the other languages:
 //
-//   item id      id, item id, product id, article id           optional: rows are numbered from 1
+//   item id      id, item id, product id, article id           optional
 //   name         name, product name, product, article, title   required
 //   key          key, product key, item key                    optional
 //   part number  part number, part no, part, SKU, item number, article number ...   required
-//   unit price   unit price, price, list price                 required
+//   barcode      barcode, EAN, GTIN, UPC ...                   optional
+//   unit price   unit price, price, list price ...             required
 //   note         note, remark, comment, description ...        optional
 //
-// A row is refused if it has more or fewer fields than the header; an item id that is not a whole number of 32 bits or
-// that another row has; a text in the price's field that is not a price (orvan/components/catalogue/PriceText.h; the
-// field may be empty); text that is not UTF-8; neither a name nor a part number; a quote that is not closed, or that
-// is closed before the field ends.
+// A column for the unit price that is empty in all rows is passed over if there is another one. An item id that is a
+// whole number of 32 bits is kept; any other one is a key.
+//
+// Skipped are rows in which nothing stands, a repeated header, and a row of totals; the result names them. A row is
+// refused if it has more or fewer fields than the header; an item id that another row has; a text in the price's field
+// that is neither a price nor says that there is none (orvan/components/catalogue/PriceText.h); a negative price; text
+// that is not in the list's encoding; neither a name nor a part number; a barcode of which a spreadsheet has cut the
+// last digits ("4.01E+12"); a quote that is not closed, or that is closed before the field ends.
 //
 // The first price that can be read in one way only tells the decimal separator. If no price does, and there are prices
 // such as "1,234", the import ends without a result: a guess could be wrong by a factor of a thousand.
@@ -34,7 +40,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvan {
@@ -47,10 +55,19 @@ struct CatalogueImportProgress {
     int indexesTotal = 0; ///< 0 while reading.
 };
 
+struct RefusedRow {
+    std::uint64_t line = 0; ///< The line in which the row begins, from 1.
+    UserText reason;
+};
+
+/// The name of a column that the list does not have.
+inline constexpr std::string_view kNoColumn = "-";
+
 struct CatalogueImportOptions {
-    char delimiter = 0;        ///< If 0, it is found in the first line.
+    char delimiter = 0;        ///< If 0, it is found in the list's beginning.
     char decimalSeparator = 0; ///< '.' or ','; if 0, it is found in the prices.
-    /// The names that the columns have in the header. A column whose name is empty here is found by the names above.
+    /// The names that the columns have in the header, or "#3" for the third column. A column whose name is empty here
+    /// is found by the names above; one whose name is kNoColumn is not looked for.
     struct ColumnNames {
         std::string itemId = {};
         std::string name = {};
@@ -58,20 +75,28 @@ struct CatalogueImportOptions {
         std::string partNum = {};
         std::string unitPrice = {};
         std::string note = {};
+        std::string barcode = {};
     } columns = {};
     /// What the catalogue keeps as the name of its source; if empty, the source file's own name.
     std::string sourceName = {};
     /// Whether the replaced catalogue is kept until the next import. CatalogueImportResult::former then names its file.
     bool keepFormer = false;
-    std::size_t mostRefused = 100; ///< How many refused rows are described; all are counted.
+    std::size_t mostRefused =
+        100;                   ///< How many refused rows, and how many skipped ones, are described; all are counted.
+    std::string encoding = {}; ///< As ICU knows it: "UTF-8", "windows-1252"; if empty, it is found in the list.
+    /// The name of a workbook's sheet, or "#2" for the second one; if empty, the first sheet that has a header.
+    std::string sheet = {};
+    /// The line with the columns' names, from 1; 0 if the list has none, and the columns are given by their numbers. If
+    /// there is no value, it is found by the names.
+    std::optional<std::uint64_t> headerLine = {};
+    std::uint64_t firstLine = 0; ///< The line in which the entries begin; if 0, the one after the header.
+    /// Whether refused rows are left out and the others imported.
+    bool skipBadRows = false;
+    /// Called for each refused row, with its cells.
+    std::function<void(const RefusedRow& row, const std::vector<std::string_view>& cells)> eachRefused = {};
     /// Called every thousand rows while reading, and every few milliseconds while the indexes are built. Returning
     /// false cancels the import; an exception ends it and is passed on.
     std::function<bool(const CatalogueImportProgress&)> progress = {};
-};
-
-struct RefusedRow {
-    std::uint64_t line = 0; ///< The line in which the row begins, from 1.
-    UserText reason;
 };
 
 struct CatalogueImportResult {
@@ -83,13 +108,18 @@ struct CatalogueImportResult {
     };
 
     Outcome outcome = Outcome::imported;
-    std::uint64_t rows = 0;         ///< Rows that were read, without the header and refused rows.
+    std::uint64_t rows = 0;         ///< Entries, which are the rows without the header, skipped and refused ones.
     std::uint64_t refusedCount = 0; ///< At least one when the outcome is `refused`.
     std::vector<RefusedRow> refused;
     std::string ambiguousPrice; ///< One such price when the outcome is `ambiguous`.
-    char delimiter = 0;         ///< The delimiter that was found or named.
+    char delimiter = 0;         ///< The delimiter that was found or named; 0 for a workbook.
     char decimalSeparator = 0;
     std::filesystem::path former = {}; ///< Where the replaced catalogue is kept; empty if none is kept.
+    std::uint64_t withoutPrice = 0;    ///< Entries that have no price.
+    std::uint64_t skippedCount = 0;    ///< Rows that are no entries and are not refused.
+    std::vector<RefusedRow> skipped;
+    std::string encoding; ///< The encoding of a text file that was found or named; empty for a workbook.
+    std::string sheet;    ///< The name of the workbook's sheet; empty for a text file.
 };
 
 CatalogueImportResult importCatalogue(const std::filesystem::path& source, const std::filesystem::path& catalogue,

@@ -72,9 +72,28 @@ void CsvReader::begin()
         at_ = kByteOrderMark.size();
         bytesRead_ = at_;
     }
+    const char named = namedDelimiter();
     if (delimiter_ == 0) {
-        delimiter_ = foundDelimiter();
+        delimiter_ = named != 0 ? named : foundDelimiter();
     }
+}
+
+char CsvReader::namedDelimiter()
+{
+    constexpr std::string_view kNaming = "sep=";
+    const std::string_view start(buffer_.data() + at_, end_ - at_);
+    const bool names = start.size() > kNaming.size() + 1 && isLineBreak(start[kNaming.size() + 1]) &&
+                       !isLineBreak(start[kNaming.size()]) && start[kNaming.size()] != kQuote &&
+                       std::equal(kNaming.begin(), kNaming.end(), start.begin(),
+                                  [](char wanted, char c) { return wanted == (c | 0x20) || wanted == c; });
+    if (!names) {
+        return 0;
+    }
+    const std::size_t skipped = kNaming.size() + (start.substr(kNaming.size() + 1).starts_with("\r\n") ? 3 : 2);
+    at_ += skipped;
+    bytesRead_ += skipped;
+    ++nextLine_;
+    return start[kNaming.size()];
 }
 
 char CsvReader::foundDelimiter() const
@@ -143,7 +162,7 @@ void CsvReader::split(std::size_t end)
         } else {
             to = from = std::find(from, last, delimiter_);
         }
-        fields_.emplace_back(start, static_cast<std::size_t>(to - start));
+        cells_.emplace_back(start, static_cast<std::size_t>(to - start));
         if (from == last) {
             return;
         }
@@ -166,7 +185,7 @@ bool CsvReader::next()
         if (at_ == end_) {
             return false;
         }
-        fields_.clear();
+        cells_.clear();
         problem_ = {};
         line_ = nextLine_;
         std::size_t after = end;

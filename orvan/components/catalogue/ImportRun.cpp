@@ -1,13 +1,7 @@
 #include "orvan/components/catalogue/ImportRun.h"
 
-#include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
-#include "orvan/base/Text.h"
-#include "orvan/components/catalogue/CaseFolding.h"
-#include "orvan/components/catalogue/PriceText.h"
 
-#include <algorithm>
-#include <charconv>
 #include <utility>
 
 namespace orvan {
@@ -17,55 +11,27 @@ namespace {
 using Outcome = CatalogueImportResult::Outcome;
 
 constexpr std::uint64_t kRowsBetweenReports = 1000;
-constexpr std::uint64_t kLeastRead = 4096;    // bytes: a short list may have grown since its size was asked for
-constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
+/// Entries whose list has no ids of 32 bits are numbered from here if the list has some such ids, and from 1 otherwise.
+constexpr std::int32_t kFirstOfMixedIds = 1'000'000'000;
 
 [[noreturn]] void raise(const ImportSource& source, const UserText& reason)
 {
     throw RuntimeError(ErrorNumber::invalidFileFormat, {}, userText("%1: %2", source.name, reason));
 }
 
-bool readId(std::string_view text, std::int32_t& id)
-{
-    const std::string_view digits = trimmed(text);
-    const char* const end = digits.data() + digits.size();
-    const auto [rest, error] = std::from_chars(digits.data(), end, id);
-    return error == std::errc() && rest == end;
-}
-
-std::string_view quoted(std::string_view value)
-{
-    return firstCharacters(value, kQuotedCharacters);
-}
-
-/// The first read has to hold the whole first line, in which the delimiter is found.
-std::size_t readSize(const ImportSource& source)
-{
-    return std::clamp<std::size_t>(source.bytes + 1, kLeastRead, CsvReader::kReadSize);
-}
-
 } // namespace
-
-ImportRun::Rows::Rows(const ImportSource& source, const CatalogueImportOptions& options)
-    : stream_(source.open()), reader_(*stream_, source.name, options.delimiter, readSize(source))
-{
-    if (!reader_.next() || !reader_.problem().empty()) {
-        raise(source, userText("it does not begin with the names of its columns"));
-    }
-    columns_ = findColumns(reader_.fields(), options.columns, source.name);
-    width_ = reader_.fields().size();
-}
-
-std::string_view ImportRun::Rows::field(const std::optional<std::size_t>& column) const
-{
-    return column ? reader_.fields()[*column] : std::string_view();
-}
 
 ImportRun::ImportRun(ImportSource source, const CatalogueImportOptions& options)
     : source_(std::move(source)), options_(options), rows_(source_, options)
 {
+    if (const UserText missing = rows_.missingColumns(); !missing.empty()) {
+        raise(source_, missing);
+    }
     progress_.bytesTotal = source_.bytes;
-    result_.delimiter = rows_.reader().delimiter();
+    const ListForm& form = rows_.form();
+    result_.delimiter = form.delimiter;
+    result_.encoding = form.encoding;
+    result_.sheet = form.workbook ? form.sheets[form.sheet] : std::string();
 }
 
 CatalogueImportResult ImportRun::end(bool imported)
@@ -78,109 +44,72 @@ CatalogueImportResult ImportRun::end(bool imported)
     return std::move(result_);
 }
 
-bool ImportRun::findDecimalSeparator()
+bool ImportRun::findPrices()
 {
-    result_.decimalSeparator = options_.decimalSeparator;
-    if (result_.decimalSeparator != 0) {
-        return true;
-    }
-    result_.decimalSeparator = '.';
-    Rows all(source_, options_);
-    std::string ambiguous;
-    for (std::uint64_t rows = 0; all.reader().next(); ++rows) {
-        if (rows % kRowsBetweenReports == 0 && !goesOn()) {
-            return false;
-        }
-        if (!all.isComplete()) {
-            continue; // write() refuses this row
-        }
-        const std::string_view price = all.field(all.columns().unitPrice);
-        switch (decimalEvidence(price)) {
-        case DecimalEvidence::none: break;
-        case DecimalEvidence::ambiguous: ambiguous = price; break;
-        case DecimalEvidence::comma: result_.decimalSeparator = ','; return true;
-        case DecimalEvidence::point: return true;
-        }
-    }
-    result_.ambiguousPrice = ambiguous;
-    return ambiguous.empty();
+    const bool found = rows_.findPrices([this](std::uint64_t /*bytesRead*/) { return goesOn(); });
+    result_.decimalSeparator = rows_.decimalSeparator();
+    result_.ambiguousPrice = rows_.ambiguousPrice();
+    return found;
 }
 
 bool ImportRun::write(const std::filesystem::path& catalogue)
 {
     CatalogueWriter writer(catalogue);
-    CsvReader& reader = rows_.reader();
-    while (reader.next()) {
-        if (const UserText reason = add(writer); reason.empty()) {
-            ++result_.rows;
-        } else {
-            refuse(reader.line(), reason);
+    while (rows_.next()) {
+        switch (rows_.kind()) {
+        case ListReader::Kind::entry: add(writer); break;
+        case ListReader::Kind::skipped: note(result_.skipped, result_.skippedCount, rows_.reason()); break;
+        case ListReader::Kind::refused: refuse(rows_.reason()); break;
         }
         ++progress_.rows;
-        progress_.bytesRead = reader.bytesRead();
+        progress_.bytesRead = rows_.bytesRead();
         if (progress_.rows % kRowsBetweenReports == 0 && !goesOn()) {
             result_.refusedCount = 0; // so that the outcome is `cancelled` and not `refused`
             result_.refused.clear();
             return false;
         }
     }
-    if (progress_.rows == 0) {
+    if (result_.rows + result_.refusedCount == 0) {
         raise(source_, userText("it holds no rows"));
     }
     writer.setOrigin({.source = source_.origin, .entries = static_cast<std::int64_t>(result_.rows)});
-    return result_.refusedCount == 0 && writer.finish([&](int built, int all) {
+    const bool complete = result_.refusedCount == 0 || (options_.skipBadRows && result_.rows > 0);
+    return complete && writer.finish([&](int built, int all) {
         progress_.indexesBuilt = built;
         progress_.indexesTotal = all;
         return goesOn();
     });
 }
 
-void ImportRun::refuse(std::uint64_t line, const UserText& reason)
+/// Notes a row that is not imported.
+void ImportRun::note(std::vector<RefusedRow>& rows, std::uint64_t& count, const UserText& reason) const
 {
-    ++result_.refusedCount;
-    if (result_.refused.size() < options_.mostRefused) {
-        result_.refused.push_back({line, reason});
+    ++count;
+    if (rows.size() < options_.mostRefused) {
+        rows.push_back({rows_.line(), reason});
     }
 }
 
-/// Adds the current record. Returns the reason when it is refused, and an empty text when it was added.
-UserText ImportRun::add(CatalogueWriter& writer)
+void ImportRun::refuse(const UserText& reason)
 {
-    const CsvReader& reader = rows_.reader();
-    const CatalogueColumns& columns = rows_.columns();
-    if (!reader.problem().empty()) {
-        return reader.problem();
+    note(result_.refused, result_.refusedCount, reason);
+    if (options_.eachRefused) {
+        options_.eachRefused({rows_.line(), reason}, rows_.cells());
     }
-    if (!rows_.isComplete()) {
-        return userText("%1 fields where the first line has %2", reader.fields().size(), rows_.width());
+}
+
+void ImportRun::add(CatalogueWriter& writer)
+{
+    CatalogueEntry entry = rows_.entry();
+    if (entry.itemId == 0) {
+        entry.itemId = static_cast<std::int32_t>(progress_.rows + 1) + (entry.ownId.empty() ? 0 : kFirstOfMixedIds);
     }
-    CatalogueEntry entry{.itemId = 0,
-                         .name = rows_.field(columns.name),
-                         .key = rows_.field(columns.key),
-                         .partNum = rows_.field(columns.partNum),
-                         .unitPrice = {},
-                         .note = rows_.field(columns.note)};
-    for (const std::string_view text : {entry.name, entry.key, entry.partNum, entry.note}) {
-        if (!isUtf8(text)) {
-            return userText("text that is not UTF-8");
-        }
+    if (!writer.add(entry)) {
+        refuse(userText("the item id \"%1\" is in an earlier row, too", entry.itemId));
+        return;
     }
-    if (entry.name.empty() && entry.partNum.empty()) {
-        return userText("neither a name nor a part number");
-    }
-    const std::string_view price = trimmed(rows_.field(columns.unitPrice));
-    entry.unitPrice = readPrice(price, result_.decimalSeparator);
-    if (!price.empty() && !entry.unitPrice) {
-        return result_.decimalSeparator == '.'
-                   ? userText("the unit price \"%1\" is no amount with a decimal point", quoted(price))
-                   : userText("the unit price \"%1\" is no amount with a decimal comma", quoted(price));
-    }
-    if (!columns.itemId) {
-        entry.itemId = static_cast<std::int32_t>(progress_.rows + 1);
-    } else if (const std::string_view id = rows_.field(columns.itemId); !readId(id, entry.itemId)) {
-        return userText("the item id \"%1\" is no whole number of 32 bits", quoted(id));
-    }
-    return writer.add(entry) ? UserText() : userText("the item id \"%1\" is in an earlier row, too", entry.itemId);
+    ++result_.rows;
+    result_.withoutPrice += entry.unitPrice ? 0 : 1;
 }
 
 } // namespace orvan
