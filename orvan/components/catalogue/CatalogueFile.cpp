@@ -34,7 +34,8 @@ CREATE TABLE product (
     key TEXT,
     part_num TEXT,
     unit_price, -- in ten-thousandths
-    note TEXT
+    note TEXT,
+    barcode TEXT
 );
 CREATE TABLE origin (
     source TEXT,
@@ -118,7 +119,7 @@ CatalogueStatistics catalogueStatistics(SqliteFile& catalogue)
 
 CatalogueWriter::CatalogueWriter(const std::filesystem::path& file)
     : file_(file, SqliteFile::Access::create),
-      insert_((file_.run(kTable), file_), "INSERT OR IGNORE INTO product VALUES (?, ?, ?, ?, ?, ?, ?, ?)")
+      insert_((file_.run(kTable), file_), "INSERT OR IGNORE INTO product VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)")
 {
 }
 
@@ -129,7 +130,7 @@ bool CatalogueWriter::add(const CatalogueEntry& entry)
     const std::string_view nameFolded = nameFolded_, partNumFolded = partNumFolded_;
     const auto insert = [&](auto unitPrice) {
         return insert_.execute(std::int64_t{entry.itemId}, nameFolded, partNumFolded, entry.name, entry.key,
-                               entry.partNum, unitPrice, entry.note);
+                               entry.partNum, unitPrice, entry.note, entry.barcode);
     };
     return (entry.unitPrice ? insert(entry.unitPrice->scaled()) : insert(nullptr)) == 1;
 }

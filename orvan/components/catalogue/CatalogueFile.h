@@ -27,11 +27,14 @@ namespace orvan {
 
 struct CatalogueEntry {
     std::int32_t itemId = 0;
+    /// The list's own id of the entry, which may be any text; empty if it has none. It is the entry's key.
+    std::string_view ownId = {};
     std::string_view name = {};
     std::string_view key = {};
     std::string_view partNum = {};
     std::optional<Currency> unitPrice = {}; ///< Without one, the file has Null, which the editor takes for 0.
     std::string_view note = {};
+    std::string_view barcode = {}; ///< EAN, GTIN, UPC or another; with the blanks and dashes that the list has.
 };
 
 /// Whether the file's header is that of a catalogue, damaged or not.
