@@ -47,7 +47,7 @@ TEST_F(CatalogueImportTest, ReadsWhatProgramsWrite)
          "Bolt|B|12345600|k|n"},
         {"a price that tells the decimal comma", head + "a,b,3\nc,d,\"1,234\"\ne,f,\"1,5\"\n",
          "a|b|30000||; c|d|12340||; e|f|15000||"},
-        {"a price that tells the decimal point", head + "a,b,-0.12345\nc,d,\"1,234\"\n", "a|b|-1234||; c|d|12340000||"},
+        {"a price that tells the decimal point", head + "a,b,0.12345\nc,d,\"1,234\"\n", "a|b|1234||; c|d|12340000||"},
         {"other group separators", head + "a,b,1'234'567.8\nc,d,1 234.5\ne,f,+1\u00A0234\n",
          "a|b|12345678000||; c|d|12345000||; e|f|12340000||"},
         {"no group begins with 0", head + "a,b,\"0,125\"\nc,d,\"1,234\"\n", "a|b|1250||; c|d|12340||"},
@@ -82,7 +82,8 @@ TEST_F(CatalogueImportTest, RefusedRowsAreNamedByTheirLineAndNothingIsImported)
         {"9,x,I,999999999999999999\n", "13 the unit price \"999999999999999999\" is no amount with a decimal point"},
         {"10,x,J,\"1,23\"\n", "14 the unit price \"1,23\" is no amount with a decimal point"},
         {"11,x,K,\"0,123.4\"\n", "15 the unit price \"0,123.4\" is no amount with a decimal point"},
-        {"12,\"x", "16 a quote that is never closed"},
+        {"12,x,L,-0.5\n", "16 the unit price \"-0.5\" is negative"},
+        {"13,\"x", "17 a quote that is never closed"},
     };
     std::string content = "id,name,part number,price\n";
     std::vector<std::string> expected, refused;

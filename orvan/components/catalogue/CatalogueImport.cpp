@@ -8,6 +8,7 @@
 
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -65,7 +66,8 @@ bool replaceCatalogue(ImportRun& run, const fs::path& catalogue, bool keepFormer
     }
     const auto file =
         naming(catalogue, [&] { return std::make_unique<files::NewFile>(catalogue, files::NewFile::Others::refused); });
-    if (!run.write(file->path())) {
+    const bool hasFormer = isCatalogue(file->target());
+    if (!run.write(file->path(), hasFormer ? std::optional(file->target()) : std::nullopt)) {
         return false;
     }
     // The warning that a power failure could bring the former catalogue back is dropped: the import has succeeded.
@@ -91,6 +93,7 @@ CatalogueImportResult importCatalogue(const fs::path& source, const fs::path& ca
     if (overwrites && !isCatalogue(catalogue)) { // the price list itself, perhaps, if the user mixed up the arguments
         raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue, userText("there is another file of this name"));
     }
+    refuseNewerCatalogue(catalogue);
     ImportRun run({.name = source.string(),
                    .origin = options.sourceName.empty() ? source.filename().string() : options.sourceName,
                    .bytes = fs::is_regular_file(source, error) ? fs::file_size(source) : 0, // openSource refuses others

@@ -106,9 +106,9 @@ bool ImportRun::findDecimalSeparator()
     return ambiguous.empty();
 }
 
-bool ImportRun::write(const std::filesystem::path& catalogue)
+bool ImportRun::write(const std::filesystem::path& catalogue, const std::optional<std::filesystem::path>& former)
 {
-    CatalogueWriter writer(catalogue);
+    CatalogueWriter writer(catalogue, {.former = former, .language = options_.language});
     CsvReader& reader = rows_.reader();
     while (reader.next()) {
         if (const UserText reason = add(writer); reason.empty()) {
@@ -154,8 +154,7 @@ UserText ImportRun::add(CatalogueWriter& writer)
     if (!rows_.isComplete()) {
         return userText("%1 fields where the first line has %2", reader.fields().size(), rows_.width());
     }
-    CatalogueEntry entry{.itemId = 0,
-                         .name = rows_.field(columns.name),
+    CatalogueEntry entry{.name = rows_.field(columns.name),
                          .key = rows_.field(columns.key),
                          .partNum = rows_.field(columns.partNum),
                          .unitPrice = {},
@@ -175,12 +174,18 @@ UserText ImportRun::add(CatalogueWriter& writer)
                    ? userText("the unit price \"%1\" is no amount with a decimal point", quoted(price))
                    : userText("the unit price \"%1\" is no amount with a decimal comma", quoted(price));
     }
-    if (!columns.itemId) {
-        entry.itemId = static_cast<std::int32_t>(progress_.rows + 1);
-    } else if (const std::string_view id = rows_.field(columns.itemId); !readId(id, entry.itemId)) {
-        return userText("the item id \"%1\" is no whole number of 32 bits", quoted(id));
+    if (entry.unitPrice && *entry.unitPrice < Currency()) {
+        // The editor takes no sign, and a price that lost it would be a price like any other.
+        return userText("the unit price \"%1\" is negative", quoted(price));
     }
-    return writer.add(entry) ? UserText() : userText("the item id \"%1\" is in an earlier row, too", entry.itemId);
+    if (columns.itemId) {
+        entry.ownId = rows_.field(columns.itemId);
+        if (std::int32_t id = 0; !readId(entry.ownId, id)) {
+            return userText("the item id \"%1\" is no whole number of 32 bits", quoted(entry.ownId));
+        }
+    }
+    return writer.add(entry) ? UserText()
+                             : userText("the item id \"%1\" is in an earlier row, too", quoted(trimmed(entry.ownId)));
 }
 
 } // namespace orvan
