@@ -4,6 +4,7 @@
 #include "orvan/components/catalogue/CatalogueVersion.h"
 
 #include <chrono>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -13,6 +14,15 @@ namespace {
 
 constexpr int kTries = 3;
 constexpr std::chrono::milliseconds kPause(20); // the user interface does not react for that time
+
+/// Whether somebody may be writing the file at present; the clocks of network folders differ a little.
+bool isBeingChanged(const std::filesystem::path& file)
+{
+    constexpr std::chrono::seconds kLately(5);
+    std::error_code error;
+    const auto age = std::filesystem::file_time_type::clock::now() - std::filesystem::last_write_time(file, error);
+    return !error && age < kLately && age > -kLately;
+}
 
 } // namespace
 
@@ -30,9 +40,9 @@ auto SqliteCatalogue::tried(Step&& step) -> decltype(step())
         try {
             return step();
         } catch (const RuntimeError& error) {
-            last_.reset(); // the file is opened anew with the next step
-            const bool mayPass = error.number() == ErrorNumber::invalidFileFormat;
-            if (left == 0 || !mayPass) {
+            const bool wasOpen = std::exchange(last_, nullptr) != nullptr; // it is opened anew with the next step
+            const bool mayPass = error.number() == ErrorNumber::invalidFileFormat && isBeingChanged(options_.file);
+            if (left == 0 || error.number() == ErrorNumber::outOfMemory || !(wasOpen || mayPass)) {
                 throw;
             }
         }
