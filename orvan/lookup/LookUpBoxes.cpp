@@ -30,24 +30,23 @@ bool beginsWith(std::string_view row, std::string_view typed)
            std::equal(typed.begin(), typed.end(), row.begin(), [](char a, char b) { return folded(a) == folded(b); });
 }
 
-/// The entry that a typed number means: the only one with exactly that number, or the only one that begins so.
+/// The entry that a typed number means: the only one with exactly that number, or the only one that begins so. Row 0
+/// always begins so; rows behind it may have the typed text elsewhere.
 std::optional<std::int32_t> entryFor(const LookUpList& rows, const std::string& typed)
 {
-    const LookUpRow* exact = nullptr;
-    std::size_t exactCount = 0;
     if (!rows) {
         return std::nullopt;
     }
-    for (const LookUpRow& row : *rows) {
-        if (row.text.size() == typed.size() && beginsWith(row.text, typed)) {
-            exact = &row;
-            ++exactCount;
-        }
-    }
-    if (exactCount == 1) {
+    const auto isExact = [&](const LookUpRow& row) {
+        return row.text.size() == typed.size() && beginsWith(row.text, typed);
+    };
+    const auto exact = std::find_if(rows->begin(), rows->end(), isExact);
+    if (exact != rows->end() && std::none_of(exact + 1, rows->end(), isExact)) {
         return toItemData(exact->itemId);
     }
-    return rows->size() == 1 ? std::optional(toItemData(rows->front().itemId)) : std::nullopt;
+    const bool only =
+        std::none_of(rows->begin() + 1, rows->end(), [&](const LookUpRow& row) { return beginsWith(row.text, typed); });
+    return only ? std::optional(toItemData(rows->front().itemId)) : std::nullopt;
 }
 
 } // namespace

@@ -46,8 +46,13 @@ struct LookUpSummary {
 class ORVAN_EXPORT ProductLkpMgr : public ui::Component {
 public:
     /// The entries whose part number begins with sText. The best completion comes first: row 0's text begins with
-    /// sText. Must return no list for an empty sText, because the box of a new product is empty, and the best match
-    /// would be applied to that product. With `all`, returns the whole list and ignores sText; the editor passes "".
+    /// sText, but for the case, and so has at least as many characters: the box shows this text and selects what has
+    /// not been typed. Rows 1 and on may hold other entries that the user may have meant. Must return no list for an
+    /// empty sText, because the box of a new product is empty, and the best match would be applied to that product.
+    /// With `all`, returns the whole list and ignores sText; the editor passes "". Where nothing begins with sText, the
+    /// editor asks for the whole list next, without a text: a look-up may then remember the search that found nothing,
+    /// and begin the next whole list of the same column with the entries that the user may have meant. Any other call
+    /// has to make it forget that search.
     [[nodiscard]] virtual LookUpList GetPartNumList(std::string_view sText, bool all) = 0;
     /// The same for entries whose name begins with sText.
     [[nodiscard]] virtual LookUpList GetProductNameList(std::string_view sText, bool all) = 0;

@@ -82,7 +82,8 @@ TEST_F(CatalogueImportTest, RefusedRowsAreNamedByTheirLineAndNothingIsImported)
         {"9,x,I,999999999999999999\n", "13 the unit price \"999999999999999999\" is no amount with a decimal point"},
         {"10,x,J,\"1,23\"\n", "14 the unit price \"1,23\" is no amount with a decimal point"},
         {"11,x,K,\"0,123.4\"\n", "15 the unit price \"0,123.4\" is no amount with a decimal point"},
-        {"12,\"x", "16 a quote that is never closed"},
+        {"12,x,L,-0.5\n", "16 the unit price \"-0.5\" is negative"},
+        {"13,\"x", "17 a quote that is never closed"},
     };
     std::string content = "id,name,part number,price\n";
     std::vector<std::string> expected, refused;

@@ -24,11 +24,12 @@ protected:
             }
             content.append(quoted).append("\"\t").append(quoted).append("\"\t1.50\n");
         }
+        std::filesystem::remove(file()); // so that the numbers begin anew
         ASSERT_EQ(import(content).rows, names.size());
     }
 };
 
-TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesWhatWasTyped)
+TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesThem)
 {
     struct Row {
         std::vector<std::string> names;
@@ -38,24 +39,25 @@ TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesWhatWasTyp
         {{"bolt", "Bolt", "BOLT M8", "Nut"}, "", "none"},
         {{"bolt", "Bolt", "BOLT M8", "Nut"}, "x", "none"},
         {{"bolt", "Bolt", "BOLT M8", "Nut"}, "bolt m9", "none"},
-        {{"bolt", "Bolt", "BOLT M8", "Nut"}, "Bo", "2:Bolt 1:bolt 3:BOLT M8"}, // exact ones first
-        {{"BOLT M8", "bolT m10"}, "bOl", "2:bOlT m10 1:BOLT M8"},              // the rest keeps its spelling
-        {{"ABC", "AB", "abd", "AB"}, "AB", "2:AB 4:AB 1:ABC 3:abd"},           // shorter first, equal ones by id
-        {{"Straße 5"}, "STRAS", "1:STRASse 5"},                                // ends within a folding
-        {{"Straße 5", "STRASSE 4"}, "strass", "2:strassE 4 1:Straße 5"},
+        {{"bolt", "Bolt", "BOLT M8", "Nut"}, "Bo", "1:bolt 2:Bolt 3:BOLT M8"}, // the catalogue's spelling
+        {{"BOLT M8", "bolT m10"}, "bOl", "2:bolT m10 1:BOLT M8"},
+        {{"abd", "ABC", "AB", "ab", "AB"}, "AB", "3:AB 5:AB 4:ab 2:ABC 1:abd"}, // full matches first, spelled so first
+        {{"zoo", "Zoë", "zo", "zoé"}, "ZO", "3:zo 4:zoé 2:Zoë 1:zoo"},          // a language's order
+        {{"Mountain-500 Black"}, "mountain-500 bl", "1:Mountain-500 Black"},
+        {{"Straße 5"}, "STRAS", "1:STRASse 5"}, // ends within a folding
+        {{"Straße 5", "STRASSE 4"}, "strass", "2:STRASSE 4 1:Straße 5"},
         {{"STRASSE"}, "straß", "1:straßE"}, // the typed text has fewer characters
-        {{"ﬁsh", "Fist"}, "F", "2:Fist 1:ﬁsh"},
-        {{"ﬁsh"}, "F", "1:Fish"},
-        {{"ΟΔΟΣ 1", "οδος 2"}, "οδοσ", "1:οδοσ 1 2:οδος 2"}, // both forms of the small sigma
-        {{"İstanbul", "ISTANBUL", "ısı"}, "is", "2:isTANBUL"},
+        {{"ﬁsh", "Fist"}, "F", "1:Fish 2:Fist"},
+        {{"ΟΔΟΣ 1", "οδος 2"}, "οδοσ", "1:ΟΔΟΣ 1 2:οδος 2"}, // both forms of the small sigma
+        {{"İstanbul", "ISTANBUL", "ısı"}, "is", "2:ISTANBUL 1:İstanbul 3:ısı"},
         {{"İstanbul"}, "i", "1:i\u0307stanbul"},
-        {{"Étagère"}, "étag", "1:étagère"},
-        {{"100% wool", "100 pieces"}, "100%", "1:100% wool"},
+        {{"Étagère"}, "étag", "1:Étagère"},
+        {{"100% wool", "100 pieces"}, "100%", "1:100% wool 2:100 pieces"},
         {{"a_b", "axb"}, "a_", "1:a_b"},
-        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o'", "1:o'Neill"},
-        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o\"", "2:o\"Neill"},
-        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o\\", "3:o\\Neill"},
-        {{"\U00010400x", "\U0010FFFFy"}, "\U00010428", "1:\U00010428x"}, // beyond the first 65,536 characters
+        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o'", "1:O'Neill"},
+        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o\"", "2:O\"Neill"},
+        {{"O'Neill", "O\"Neill", "O\\Neill"}, "o\\", "3:O\\Neill"},
+        {{"\U00010400x", "\U0010FFFFy"}, "\U00010428", "1:\U00010400x"}, // beyond the first 65,536 characters
         {{"\U00010400x", "\U0010FFFFy"}, "\U0010FFFF", "2:\U0010FFFFy"},
     };
     forEachRow(rows, [&](const Row& row) {
@@ -80,8 +82,7 @@ TEST_F(CatalogueTest, FirstRowBeginsWithWhateverOfItWasTyped)
                 const std::string typed(firstCharacters(text, count));
                 const LookUpList rows = catalogue.GetProductNameList(typed, false);
                 const std::string first = rows ? rows->front().text : "no row";
-                EXPECT_EQ(first.substr(0, typed.size()), typed);
-                EXPECT_EQ(foldCase(first).substr(0, foldCase(typed).size()), foldCase(typed));
+                EXPECT_EQ(foldCase(firstCharacters(first, count)), foldCase(typed)) << first;
             }
         }
     }
@@ -96,8 +97,8 @@ TEST_F(CatalogueTest, ListsAreLimitedAndTheWholeOneLeavesEmptyTextsOut)
         const char *matches, *listed;
     };
     const Row rows[] = {
-        {"all", 10, 10, "2:Bolt 4:bolt", "5:anchor 2:Bolt 4:bolt 1:nut"},
-        {"some", 1, 2, "2:Bolt", "5:anchor 2:Bolt"},
+        {"all", 10, 10, "4:bolt 2:Bolt", "5:anchor 4:bolt 2:Bolt 1:nut"},
+        {"some", 1, 2, "4:bolt", "5:anchor 4:bolt"},
         {"none", 0, 0, "none", "none"},
     };
     forEachRow(rows, [&](const Row& row) {
@@ -160,7 +161,7 @@ TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
          321, "no catalogue"},
         {"another program's", runs("PRAGMA application_id = 1"), 321, "no catalogue"},
         {"of a later version", runs("PRAGMA user_version = 99"), 321, "newer version"},
-        {"without its index", runs("DROP INDEX product_name"), 321, "no such index: product_name"},
+        {"without a table", runs("DROP TABLE name_start"), 321, "no such table: name_start"},
     };
     // clang-format on
     forEachRow(rows, [&](const Row& row) {
@@ -186,7 +187,7 @@ TEST_F(CatalogueTest, AFileThatCannotBeUsedIsReportedOnceAndTheEditorGoesOn)
         }
         // A session that has the file open keeps a removed one; any other state of it is found.
         const bool gone = !std::filesystem::exists(file());
-        EXPECT_EQ(shown(openBefore->GetPartNumList("b", false)), gone ? "1:bolt" : "none");
+        EXPECT_EQ(shown(openBefore->GetPartNumList("b", false)), gone ? "1:Bolt" : "none");
         EXPECT_EQ(told, std::vector<std::string>{raised.description});
     });
 }
@@ -203,7 +204,6 @@ TEST_F(CatalogueTest, DamageThatASearchMeetsIsReportedAndGivesNoEntries)
     const auto create =
         catalogueFactory({.file = file(), .report = [&](const UserText& text) { told.push_back(text.english()); }});
     const auto catalogue = std::dynamic_pointer_cast<ProductLkpMgr>(create());
-    EXPECT_TRUE(told.empty());
     EXPECT_EQ(shown(catalogue->GetProductNameList("B", false)), "none");
     catalogue->SeekItem(1);
     EXPECT_TRUE(catalogue->IsEOF());

@@ -25,7 +25,7 @@ protected:
         std::string text;
         SqliteFile catalogue(file(), SqliteFile::Access::readOnly);
         SqliteStatement query(catalogue, "SELECT name || '|' || part_num || '|' || ifnull(unit_price / 10000.0, '-')"
-                                         " || '|' || barcode || '|' || note FROM product ORDER BY rowid");
+                                         " || '|' || barcode || '|' || note FROM product ORDER BY item_id");
         for (SqliteRows rows = query.query(); rows.next();) {
             text.append(text.empty() ? "" : "; ").append(rows.text(0));
         }

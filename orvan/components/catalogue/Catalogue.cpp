@@ -1,164 +1,111 @@
 #include "orvan/components/catalogue/Catalogue.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/components/catalogue/CaseFolding.h"
-#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/catalogue/CatalogueVersion.h"
 
-#include <string>
+#include <chrono>
+#include <system_error>
+#include <thread>
 #include <utility>
-
-#include <sys/stat.h>
 
 namespace orvan {
 
 namespace {
 
-constexpr int kColumns = 8;
-constexpr int kUnitPriceColumn = static_cast<int>(LookUpColumn::unitPrice);
+constexpr int kTries = 3;
+constexpr std::chrono::milliseconds kPause(20); // the user interface does not react for that time
 
-/// Tells whether another file has taken a file's name, or the file has been written to. While a file is open, no other
-/// file can get its inode number.
-struct FileIdentity {
-    explicit FileIdentity(const std::filesystem::path& file) : exists(::stat(file.c_str(), &status) == 0) {}
-
-    bool operator==(const FileIdentity& other) const
-    {
-        return status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino &&
-               status.st_size == other.status.st_size && status.st_mtim.tv_sec == other.status.st_mtim.tv_sec &&
-               status.st_mtim.tv_nsec == other.status.st_mtim.tv_nsec;
-    }
-
-    struct stat status = {};
-    bool exists;
-};
-
-LookUpValue valueOf(const SqliteRows& rows, int column)
+/// Whether somebody may be writing the file at present; the clocks of network folders differ a little.
+bool isBeingChanged(const std::filesystem::path& file)
 {
-    switch (rows.type(column)) {
-    case SqliteType::null: return {};
-    case SqliteType::integer: return rows.integer(column);
-    case SqliteType::real: return rows.real(column);
-    case SqliteType::text: break;
-    }
-    return std::string(rows.text(column));
+    constexpr std::chrono::seconds kLately(5);
+    std::error_code error;
+    const auto age = std::filesystem::file_time_type::clock::now() - std::filesystem::last_write_time(file, error);
+    return !error && age < kLately && age > -kLately;
 }
 
 } // namespace
 
-/// The lists of one column. Because of INDEXED BY, a file that lacks the index is refused; without it, such a file
-/// would be read from end to end for each list.
-struct SqliteCatalogue::Column {
-    Column(SqliteFile& catalogue, const std::string& name)
-        : exact(catalogue, "SELECT item_id, " + name + " FROM product INDEXED BY product_" + name + " WHERE " + name +
-                               " >= ?1 ORDER BY " + name + ", item_id"),
-          folded(catalogue, "SELECT item_id, " + name + ", " + name + "_folded FROM product INDEXED BY product_" +
-                                name + "_folded WHERE " + name + "_folded >= ?1 ORDER BY " + name + "_folded, " + name +
-                                ", item_id")
-    {
-    }
-
-    std::vector<LookUpRow> matches(std::string_view typed, std::size_t most)
-    {
-        std::vector<LookUpRow> rows;
-        for (SqliteRows found = exact.query(typed); rows.size() < most && found.next();) {
-            if (!found.text(1).starts_with(typed)) {
-                break;
-            }
-            rows.push_back({found.integer(0), std::string(found.text(1))});
-        }
-        const bool anyExact = !rows.empty();
-        // Here either all exact matches are in the list or the list is full. So the query below skips fewer than
-        // `most` exact matches that it finds again.
-        const std::string typedFolded = foldCase(typed);
-        const std::string_view from = typedFolded;
-        for (SqliteRows found = folded.query(from); rows.size() < most && found.next();) {
-            if (!found.text(2).starts_with(typedFolded)) {
-                break;
-            }
-            if (!found.text(1).starts_with(typed)) {
-                rows.push_back({found.integer(0), std::string(found.text(1))});
-            }
-        }
-        if (!rows.empty() && !anyExact) {
-            rows.front().text = withTypedBeginning(rows.front().text, typed);
-        }
-        return rows;
-    }
-
-    std::vector<LookUpRow> all(std::size_t most)
-    {
-        // The smallest text that is not empty. The query thereby also leaves out Null, which is smaller than any text.
-        constexpr std::string_view kFirst("\0", 1);
-        std::vector<LookUpRow> rows;
-        for (SqliteRows found = folded.query(kFirst); rows.size() < most && found.next();) {
-            rows.push_back({found.integer(0), std::string(found.text(1))});
-        }
-        return rows;
-    }
-
-    SqliteStatement exact;
-    SqliteStatement folded;
-};
-
-struct SqliteCatalogue::File {
-    explicit File(const std::filesystem::path& path)
-        : identity(path), catalogue(openCatalogue(path)), name(catalogue, "name"), partNum(catalogue, "part_num"),
-          entry(catalogue, "SELECT item_id, name_folded, part_num_folded, name, key, part_num, unit_price, note"
-                           " FROM product WHERE item_id = ?1")
-    {
-    }
-
-    FileIdentity identity; // the first member: if the file is replaced while it is opened, this is noticed later
-    SqliteFile catalogue;
-    Column name;
-    Column partNum;
-    SqliteStatement entry;
-};
-
-SqliteCatalogue::SqliteCatalogue(CatalogueOptions options)
-    : options_(std::move(options)), file_(std::make_unique<File>(options_.file))
+SqliteCatalogue::SqliteCatalogue(CatalogueOptions options) : options_(std::move(options))
 {
+    listed_[0].version = listed_[1].version = tried([&] { return present(); });
 }
 
 SqliteCatalogue::~SqliteCatalogue() = default;
 
-SqliteCatalogue::File& SqliteCatalogue::file()
+template <class Step>
+auto SqliteCatalogue::tried(Step&& step) -> decltype(step())
 {
-    const FileIdentity now(options_.file);
-    if (now.exists && !(now == file_->identity)) {
-        file_ = std::make_unique<File>(options_.file);
+    for (int left = kTries - 1;; --left) {
+        try {
+            return step();
+        } catch (const RuntimeError& error) {
+            const bool wasOpen = std::exchange(last_, nullptr) != nullptr; // it is opened anew with the next step
+            const bool mayPass = error.number() == ErrorNumber::invalidFileFormat && isBeingChanged(options_.file);
+            if (left == 0 || error.number() == ErrorNumber::outOfMemory || !(wasOpen || mayPass)) {
+                throw;
+            }
+        }
+        std::this_thread::sleep_for(kPause);
     }
-    return *file_;
 }
 
-LookUpList SqliteCatalogue::list(Column File::*column, std::string_view sText, bool all)
+SqliteCatalogue::Version SqliteCatalogue::present()
 {
+    if (!last_ || !last_->isPresent()) {
+        last_ = std::make_shared<CatalogueVersion>(options_.file);
+    }
+    return last_;
+}
+
+LookUpList SqliteCatalogue::list(LookUpText text, std::string_view sText, bool all)
+{
+    const auto place = static_cast<std::size_t>(text);
+    const std::optional<std::string> missed = std::exchange(missed_, {})[place];
     if (!all && sText.empty()) {
         return {};
     }
-    Column& texts = file().*column;
-    std::vector<LookUpRow> rows = all ? texts.all(options_.mostListed) : texts.matches(sText, options_.mostMatches);
+    std::vector<LookUpRow> rows = tried([&] {
+        listed_[place].version = present();
+        return all ? last_->all(text, options_.mostListed, missed) : last_->matches(text, sText, options_.mostMatches);
+    });
+    lastText_ = place;
+    listed_[place].ids.clear();
+    for (const LookUpRow& row : rows) {
+        listed_[place].ids.insert(row.itemId);
+    }
+    if (!all && rows.empty()) {
+        missed_[place] = sText;
+    }
     return rows.empty() ? LookUpList() : std::move(rows);
 }
 
 LookUpList SqliteCatalogue::GetPartNumList(std::string_view sText, bool all)
 {
-    return list(&File::partNum, sText, all);
+    return list(LookUpText::partNum, sText, all);
 }
 
 LookUpList SqliteCatalogue::GetProductNameList(std::string_view sText, bool all)
 {
-    return list(&File::name, sText, all);
+    return list(LookUpText::name, sText, all);
 }
 
 void SqliteCatalogue::SeekItem(std::int32_t itemId)
 {
+    missed_ = {};
     entry_.clear();
     entry_ = read(itemId);
 }
 
+bool SqliteCatalogue::IsEOF()
+{
+    missed_ = {};
+    return entry_.empty();
+}
+
 std::optional<LookUpSummary> SqliteCatalogue::summary(std::int64_t itemId)
 {
+    missed_ = {};
     const std::vector<LookUpValue> values = read(itemId);
     if (values.empty()) {
         return std::nullopt;
@@ -169,28 +116,35 @@ std::optional<LookUpSummary> SqliteCatalogue::summary(std::int64_t itemId)
 
 std::vector<LookUpValue> SqliteCatalogue::read(std::int64_t itemId)
 {
-    std::vector<LookUpValue> values;
-    SqliteRows found = file().entry.query(itemId);
-    if (!found.next()) {
-        return values;
+    const std::size_t other = 1 - lastText_;
+    // A list that has the id comes first, because the user may have chosen its row.
+    const bool otherFirst = !listed_[lastText_].ids.contains(itemId) && listed_[other].ids.contains(itemId);
+    std::vector<LookUpValue> values = readFrom(listed_[otherFirst ? other : lastText_].version, itemId);
+    return values.empty() ? readFrom(listed_[otherFirst ? lastText_ : other].version, itemId) : values;
+}
+
+std::vector<LookUpValue> SqliteCatalogue::readFrom(const Version& version, std::int64_t itemId)
+{
+    if (!version->isOverwritten()) {
+        try {
+            return version->entry(itemId);
+        } catch (const RuntimeError&) {
+            if (version->isPresent()) {
+                throw;
+            }
+        }
     }
-    values.reserve(kColumns);
-    for (int column = 0; column < kColumns; ++column) {
-        values.push_back(valueOf(found, column));
-    }
-    LookUpValue& unitPrice = values[kUnitPriceColumn];
-    if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {
-        unitPrice = Currency::fromScaled(*tenThousandths);
-    }
-    return values;
+    const Version now = tried([&] { return present(); });
+    return now->isOfSameLineage(*version) ? now->entry(itemId) : std::vector<LookUpValue>();
 }
 
 LookUpValue SqliteCatalogue::GetFieldValue(std::int32_t column)
 {
+    missed_ = {};
     if (entry_.empty()) {
         throw RuntimeError(ErrorNumber::objectNotSet, {}, "The catalogue has no current entry");
     }
-    if (column < 0 || column >= kColumns) {
+    if (column < 0 || static_cast<std::size_t>(column) >= entry_.size()) {
         throw RuntimeError(ErrorNumber::subscriptOutOfRange);
     }
     return entry_[static_cast<std::size_t>(column)];

@@ -41,50 +41,67 @@ private:
     std::string last_;
 };
 
-/// Works as the catalogue in the file until that fails, then as a catalogue without entries.
+/// Works as the catalogue in the file. A call that fails finds no entries; the next list tries the file again.
 class CatalogueOrNone final : public ProductLkpMgr {
 public:
-    CatalogueOrNone(const CatalogueOptions& options, std::shared_ptr<Reports> reports) : reports_(std::move(reports))
+    CatalogueOrNone(CatalogueOptions options, std::shared_ptr<Reports> reports)
+        : options_(std::move(options)), reports_(std::move(reports))
     {
-        orNone([&] { inner_ = std::make_unique<SqliteCatalogue>(options); });
+        orNone([&] { open(); });
     }
 
     LookUpList GetPartNumList(std::string_view sText, bool all) override
     {
         LookUpList rows;
-        orNone([&] { rows = inner_->GetPartNumList(sText, all); });
+        orNone([&] { rows = open().GetPartNumList(sText, all); });
         return rows;
     }
     LookUpList GetProductNameList(std::string_view sText, bool all) override
     {
         LookUpList rows;
-        orNone([&] { rows = inner_->GetProductNameList(sText, all); });
+        orNone([&] { rows = open().GetProductNameList(sText, all); });
         return rows;
     }
     void SeekItem(std::int32_t itemId) override
     {
-        orNone([&] { inner_->SeekItem(itemId); });
+        if (inner_) {
+            orNone([&] { inner_->SeekItem(itemId); });
+        }
     }
-    bool IsEOF() override { return inner_->IsEOF(); }
-    LookUpValue GetFieldValue(std::int32_t column) override { return inner_->GetFieldValue(column); }
+    bool IsEOF() override { return !inner_ || inner_->IsEOF(); }
+    LookUpValue GetFieldValue(std::int32_t column) override
+    {
+        return inner_ ? inner_->GetFieldValue(column) : NoCatalogue().GetFieldValue(column);
+    }
     // A failure is not reported: the list is being painted, and the next look-up fails, too, and is.
-    std::optional<LookUpSummary> summary(std::int64_t itemId) override { return inner_->summary(itemId); }
-    std::size_t mostMatches() const override { return inner_->mostMatches(); }
+    std::optional<LookUpSummary> summary(std::int64_t itemId) override
+    {
+        return inner_ ? inner_->summary(itemId) : std::nullopt;
+    }
+    std::size_t mostMatches() const override { return options_.mostMatches; }
 
 private:
+    SqliteCatalogue& open()
+    {
+        if (!inner_) {
+            inner_ = std::make_unique<SqliteCatalogue>(options_);
+        }
+        return *inner_;
+    }
+
     template <class Action>
     void orNone(Action&& action)
     {
         try {
             action();
         } catch (...) {
-            inner_ = std::make_unique<NoCatalogue>();
             reports_->tell(currentError().userText());
         }
     }
 
+    const CatalogueOptions options_;
     std::shared_ptr<Reports> reports_;
-    std::unique_ptr<ProductLkpMgr> inner_;
+    std::unique_ptr<SqliteCatalogue> inner_; ///< Null where the file could not be opened yet.
 };
 
 } // namespace

@@ -29,8 +29,8 @@ struct CatalogueOptions {
 };
 
 /// Returns the factory that creates catalogue look-ups; the factory may be called from any thread. Neither the factory
-/// nor the objects that it makes fail because of the file: see CatalogueOptions::report. A session whose catalogue
-/// fails goes on without entries; the next session tries the file again.
+/// nor the objects that it makes fail because of the file: see CatalogueOptions::report. A look-up that
+/// fails finds no entries; the next one tries the file again.
 [[nodiscard]] std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options);
 
 } // namespace orvan

@@ -1,10 +1,7 @@
 #include "orvan/components/catalogue/CatalogueFile.h"
 
 #include "orvan/base/RuntimeError.h"
-#include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/files/Descriptor.h"
-
-#include <iterator>
 
 #include <unistd.h>
 
@@ -12,75 +9,65 @@ namespace orvan {
 
 namespace {
 
-constexpr std::int64_t kApplicationId = 0x4F72764B; // "OrvK"
-constexpr std::int64_t kVersion = 1;
+// SQLite's file format has these numbers at these places, in big-endian order.
+constexpr off_t kApplicationIdAt = 68;
+constexpr off_t kVersionAt = 60;
 
-// The price has no declared type; if it had one, SQLite would turn a text that another program wrote into a number.
-//
-// The size of SQLite's cache is also how much SQLite sorts in memory at a time. With a cache sixteen times as large,
-// building the indexes took a quarter longer, because the data no longer stayed in the processor's cache; an import of
-// item ids in random order took a fifth less; and every import needed sixteen times as much memory.
-constexpr char kTable[] = R"(
-PRAGMA journal_mode = OFF;
-PRAGMA synchronous = OFF;
-PRAGMA locking_mode = EXCLUSIVE;
-PRAGMA cache_size = -4096; -- KiB
-BEGIN;
-CREATE TABLE product (
-    item_id INTEGER PRIMARY KEY,
-    name_folded TEXT,
-    part_num_folded TEXT,
-    name TEXT,
-    key TEXT,
-    part_num TEXT,
-    unit_price, -- in ten-thousandths
-    note TEXT,
-    barcode TEXT
-);
-CREATE TABLE origin (
-    source TEXT,
-    entries INTEGER
-);
-)";
+/// Returns 0 where there is no such file, or something else has this name.
+std::int64_t numberInHeader(const std::filesystem::path& file, off_t at)
+{
+    unsigned char bytes[4] = {};
+    try {
+        const files::Descriptor opened = files::Descriptor::openRegular(file);
+        if (::pread(opened.get(), bytes, sizeof bytes, at) != sizeof bytes) {
+            return 0;
+        }
+    } catch (const RuntimeError&) {
+        return 0;
+    }
+    std::int64_t number = 0;
+    for (const unsigned char byte : bytes) {
+        number = number * 256 + byte;
+    }
+    return number;
+}
 
-constexpr const char* kIndexes[] = {
-    "CREATE INDEX product_name_folded ON product (name_folded, name)",
-    "CREATE INDEX product_name ON product (name)",
-    "CREATE INDEX product_part_num_folded ON product (part_num_folded, part_num)",
-    "CREATE INDEX product_part_num ON product (part_num)",
-};
+[[noreturn]] void raiseNewer(const std::filesystem::path& file)
+{
+    raiseCatalogueError(ErrorNumber::invalidFileFormat, file, userText("a newer version of this program has made it"));
+}
 
 } // namespace
 
 bool isCatalogue(const std::filesystem::path& file)
 {
-    // SQLite's file format has the application id at this place, in big-endian order.
-    constexpr off_t kIdAt = 68;
-    unsigned char bytes[4] = {};
-    try {
-        const files::Descriptor opened = files::Descriptor::openRegular(file);
-        if (::pread(opened.get(), bytes, sizeof bytes, kIdAt) != sizeof bytes) {
-            return false;
-        }
-    } catch (const RuntimeError&) {
-        return false; // there is no such file, or something else has this name
+    return numberInHeader(file, kApplicationIdAt) == kCatalogueApplicationId;
+}
+
+void refuseNewerCatalogue(const std::filesystem::path& file)
+{
+    if (isCatalogue(file) && numberInHeader(file, kVersionAt) > kCatalogueVersion) {
+        raiseNewer(file);
     }
-    std::int64_t id = 0;
-    for (const unsigned char byte : bytes) {
-        id = id * 256 + byte;
-    }
-    return id == kApplicationId;
+}
+
+std::int64_t catalogueVersion(SqliteFile& catalogue)
+{
+    return catalogue.number("PRAGMA user_version");
 }
 
 SqliteFile openCatalogue(const std::filesystem::path& file)
 {
     SqliteFile catalogue(file, SqliteFile::Access::readOnly);
-    if (catalogue.number("PRAGMA application_id") != kApplicationId) {
+    if (catalogue.number("PRAGMA application_id") != kCatalogueApplicationId) {
         raiseCatalogueError(ErrorNumber::invalidFileFormat, file, userText("it is no catalogue file"));
     }
-    if (catalogue.number("PRAGMA user_version") != kVersion) {
-        raiseCatalogueError(ErrorNumber::invalidFileFormat, file,
-                            userText("a newer version of this program has made it"));
+    const std::int64_t version = catalogueVersion(catalogue);
+    if (version > kCatalogueVersion) {
+        raiseNewer(file);
+    }
+    if (version < kFirstCatalogueVersion || (version > kFirstCatalogueVersion) != catalogue.hasChecksums()) {
+        raiseCatalogueError(ErrorNumber::invalidFileFormat, file, userText("it is damaged (%1)", "its header"));
     }
     return catalogue;
 }
@@ -92,11 +79,16 @@ CatalogueOrigin catalogueOrigin(SqliteFile& catalogue)
         origin.entries = catalogue.number("SELECT count(*) FROM product");
         return origin;
     }
-    SqliteStatement query(catalogue, "SELECT source, entries FROM origin");
+    const bool isFirst = catalogueVersion(catalogue) == kFirstCatalogueVersion;
+    SqliteStatement query(catalogue, isFirst ? "SELECT source, entries, '', 1, '' FROM origin"
+                                             : "SELECT source, entries, lineage, next_number, language FROM origin");
     SqliteRows rows = query.query();
     if (rows.next()) {
-        origin.source = rows.text(0);
-        origin.entries = rows.integer(1);
+        origin = {.source = std::string(rows.text(0)),
+                  .entries = rows.integer(1),
+                  .lineage = std::string(rows.text(2)),
+                  .nextNumber = rows.integer(3),
+                  .language = std::string(rows.text(4))};
     }
     return origin;
 }
@@ -115,43 +107,6 @@ CatalogueStatistics catalogueStatistics(SqliteFile& catalogue)
     }
     statistics.bytes = static_cast<std::int64_t>(std::filesystem::file_size(catalogue.path()));
     return statistics;
-}
-
-CatalogueWriter::CatalogueWriter(const std::filesystem::path& file)
-    : file_(file, SqliteFile::Access::create),
-      insert_((file_.run(kTable), file_), "INSERT OR IGNORE INTO product VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)")
-{
-}
-
-bool CatalogueWriter::add(const CatalogueEntry& entry)
-{
-    foldCase(entry.name, nameFolded_);
-    foldCase(entry.partNum, partNumFolded_);
-    const std::string_view nameFolded = nameFolded_, partNumFolded = partNumFolded_;
-    const auto insert = [&](auto unitPrice) {
-        return insert_.execute(std::int64_t{entry.itemId}, nameFolded, partNumFolded, entry.name, entry.key,
-                               entry.partNum, unitPrice, entry.note, entry.barcode);
-    };
-    return (entry.unitPrice ? insert(entry.unitPrice->scaled()) : insert(nullptr)) == 1;
-}
-
-void CatalogueWriter::setOrigin(const CatalogueOrigin& origin)
-{
-    SqliteStatement(file_, "INSERT INTO origin VALUES (?, ?)").execute(std::string_view(origin.source), origin.entries);
-}
-
-bool CatalogueWriter::finish(const std::function<bool(int built, int all)>& goOn)
-{
-    const int all = static_cast<int>(std::size(kIndexes));
-    for (int built = 0; built < all; ++built) {
-        if (!file_.runWhile(kIndexes[built], [&] { return goOn(built, all); })) {
-            return false;
-        }
-    }
-    file_.run(("PRAGMA application_id = " + std::to_string(kApplicationId) +
-               "; PRAGMA user_version = " + std::to_string(kVersion) + "; COMMIT")
-                  .c_str());
-    return goOn(all, all);
 }
 
 } // namespace orvan

@@ -1,12 +1,15 @@
 // CatalogueFile: the file format of a product catalogue.
 //
-// An SQLite database with one table, `product`, whose columns are those of an entry in the order of
-// GetFieldValue: item id, folded name, folded part number, name, key, part number, unit price (a whole
-// number of ten-thousandths; a value that another program wrote is not converted), note. Two indexes over the
-// names and two over the part numbers, by exact and by folded text, hold all that a list shows, so that
-// a list is read from consecutive pages. A second table, `origin`, has one row, which tells where the entries come
-// from; catalogues of earlier programs do not have it, and those programs do not look at it. The format's version is
-// the user version in SQLite's file header.
+// An SQLite database. Its table `product` has the entries in the order of their names in a user's language; `rank` is
+// the place in that order, from 1. The unit price is a whole number of ten-thousandths. `part_num_order` has the part
+// numbers in their order. `name_start` and `part_num_start` lead from folded texts (CaseFolding.h) to the ranks, and
+// `crowded` has the beginnings that very many entries share. `piece` is the index of all texts (SearchText.h), and
+// `word` has the words by which typing errors are found. `retired` keeps the numbers and keys of entries that are no
+// longer in the catalogue (CatalogueIds.h). `origin` has one row, about the catalogue as a whole.
+//
+// Each page has a checksum (PageChecksums.h). The form's version is the user version in SQLite's file header. Files of
+// the first form, without all this, can be read, too: those have `product` with `item_id` as its key, folded names and
+// part numbers in it, and two indexes over each. Other programs that write catalogues write this form.
 //
 // A finished file, which programs may have open, is never written to: a new file takes its place (CatalogueImport.h).
 // Thread: one at a time.
@@ -26,7 +29,6 @@
 namespace orvan {
 
 struct CatalogueEntry {
-    std::int32_t itemId = 0;
     /// The list's own id of the entry, which may be any text; empty if it has none. It is the entry's key.
     std::string_view ownId = {};
     std::string_view name = {};
@@ -40,12 +42,30 @@ struct CatalogueEntry {
 /// Whether the file's header is that of a catalogue, damaged or not.
 [[nodiscard]] bool isCatalogue(const std::filesystem::path& file);
 
+/// The version of the form, from the file's header.
+inline constexpr std::int64_t kFirstCatalogueVersion = 1;
+inline constexpr std::int64_t kCatalogueVersion = 2;
+inline constexpr std::int64_t kCatalogueApplicationId = 0x4F72764B; // "OrvK"
+[[nodiscard]] std::int64_t catalogueVersion(SqliteFile& catalogue);
+
+/// Raises 321 if the file is a catalogue of a newer form, which this program must not replace.
+void refuseNewerCatalogue(const std::filesystem::path& file);
+
 /// Opens a finished catalogue.
 [[nodiscard]] SqliteFile openCatalogue(const std::filesystem::path& file);
+
+/// The texts that a look-up lists.
+enum class LookUpText { name, partNum };
+/// How many entries with the same beginning a search sorts at most; those of more are found by the table `crowded`.
+inline constexpr std::int64_t kCrowd = 2'000;
 
 struct CatalogueOrigin {
     std::string source;       ///< The name of the price list; empty for a catalogue of an earlier program.
     std::int64_t entries = 0; ///< How many entries the catalogue holds.
+    // The rest is for the look-up and the next import; a catalogue of the first form has none of it.
+    std::string lineage = {};    ///< Catalogues with the same have the same numbers for the same entries.
+    std::int64_t nextNumber = 1; ///< The number of the next new entry.
+    std::string language = {};   ///< The language whose order the texts have.
 };
 [[nodiscard]] CatalogueOrigin catalogueOrigin(SqliteFile& catalogue);
 
@@ -57,28 +77,5 @@ struct CatalogueStatistics {
 };
 /// Reads every entry, so it takes time in a large catalogue.
 CatalogueStatistics catalogueStatistics(SqliteFile& catalogue);
-
-/// Fills an empty file that nobody else uses. It writes without a journal, because an unfinished file is thrown away.
-class CatalogueWriter {
-public:
-    explicit CatalogueWriter(const std::filesystem::path& file);
-    CatalogueWriter(const CatalogueWriter&) = delete;
-    CatalogueWriter& operator=(const CatalogueWriter&) = delete;
-
-    /// Returns false, and adds nothing, when there is already an entry with this id.
-    bool add(const CatalogueEntry& entry);
-    /// Records where the entries come from.
-    void setOrigin(const CatalogueOrigin& origin);
-    /// Builds the indexes and marks the file as a catalogue. Calls `goOn` now and then with the number of indexes
-    /// built so far and the number of all indexes. If `goOn` returns false, this stops and returns false, and the file
-    /// is useless.
-    bool finish(const std::function<bool(int built, int all)>& goOn);
-
-private:
-    SqliteFile file_;
-    SqliteStatement insert_;
-    std::string nameFolded_; // Scratch buffers; members so that their capacity is reused.
-    std::string partNumFolded_;
-};
 
 } // namespace orvan

@@ -8,6 +8,7 @@
 #include "orvan/files/NewFile.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -47,7 +48,8 @@ bool replaceCatalogue(ImportRun& run, const fs::path& catalogue, bool keepFormer
     }
     const auto file =
         naming(catalogue, [&] { return std::make_unique<files::NewFile>(catalogue, files::NewFile::Others::refused); });
-    if (!run.write(file->path())) {
+    const bool hasFormer = isCatalogue(file->target());
+    if (!run.write(file->path(), hasFormer ? std::optional(file->target()) : std::nullopt)) {
         return false;
     }
     // The warning that a power failure could bring the former catalogue back is dropped: the import has succeeded.
@@ -73,6 +75,7 @@ CatalogueImportResult importCatalogue(const fs::path& source, const fs::path& ca
     if (overwrites && !isCatalogue(catalogue)) { // the price list itself, perhaps, if the user mixed up the arguments
         raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue, userText("there is another file of this name"));
     }
+    refuseNewerCatalogue(catalogue);
     ImportRun run(importSource(source, options.sourceName), options);
     return run.end(replaceCatalogue(run, catalogue, options.keepFormer));
 }

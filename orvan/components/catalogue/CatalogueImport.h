@@ -79,6 +79,8 @@ struct CatalogueImportOptions {
     } columns = {};
     /// What the catalogue keeps as the name of its source; if empty, the source file's own name.
     std::string sourceName = {};
+    /// The language in whose order the lists are shown, such as "sv"; the order of most languages if empty or unknown.
+    std::string language = {};
     /// Whether the replaced catalogue is kept until the next import. CatalogueImportResult::former then names its file.
     bool keepFormer = false;
     std::size_t mostRefused =

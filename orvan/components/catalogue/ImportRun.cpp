@@ -1,6 +1,7 @@
 #include "orvan/components/catalogue/ImportRun.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/base/Text.h"
 
 #include <utility>
 
@@ -11,8 +12,7 @@ namespace {
 using Outcome = CatalogueImportResult::Outcome;
 
 constexpr std::uint64_t kRowsBetweenReports = 1000;
-/// Entries whose list has no ids of 32 bits are numbered from here if the list has some such ids, and from 1 otherwise.
-constexpr std::int32_t kFirstOfMixedIds = 1'000'000'000;
+constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a reason quotes
 
 [[noreturn]] void raise(const ImportSource& source, const UserText& reason)
 {
@@ -52,9 +52,9 @@ bool ImportRun::findPrices()
     return found;
 }
 
-bool ImportRun::write(const std::filesystem::path& catalogue)
+bool ImportRun::write(const std::filesystem::path& catalogue, const std::optional<std::filesystem::path>& former)
 {
-    CatalogueWriter writer(catalogue);
+    CatalogueWriter writer(catalogue, {.former = former, .language = options_.language});
     while (rows_.next()) {
         switch (rows_.kind()) {
         case ListReader::Kind::entry: add(writer); break;
@@ -100,12 +100,10 @@ void ImportRun::refuse(const UserText& reason)
 
 void ImportRun::add(CatalogueWriter& writer)
 {
-    CatalogueEntry entry = rows_.entry();
-    if (entry.itemId == 0) {
-        entry.itemId = static_cast<std::int32_t>(progress_.rows + 1) + (entry.ownId.empty() ? 0 : kFirstOfMixedIds);
-    }
+    const CatalogueEntry& entry = rows_.entry();
     if (!writer.add(entry)) {
-        refuse(userText("the item id \"%1\" is in an earlier row, too", entry.itemId));
+        refuse(
+            userText("the item id \"%1\" is in an earlier row, too", firstCharacters(entry.ownId, kQuotedCharacters)));
         return;
     }
     ++result_.rows;

@@ -6,8 +6,8 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
-#include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/components/catalogue/CatalogueImport.h"
+#include "orvan/components/catalogue/CatalogueWriter.h"
 #include "orvan/components/catalogue/lists/ListReader.h"
 
 #include <cstdint>
@@ -25,8 +25,10 @@ public:
     /// Reads the list from its beginning up to the first price that tells the decimal separator. Returns false when
     /// the import was cancelled, and when there are ambiguous prices but none that tells the separator.
     [[nodiscard]] bool findPrices();
-    /// Writes the new catalogue. Returns false when it is not to be used: rows were refused, or the user cancelled.
-    [[nodiscard]] bool write(const std::filesystem::path& catalogue);
+    /// Writes the new catalogue, whose entries keep the numbers that they have in the former one, if there is one.
+    /// Returns false when it is not to be used: rows were refused, or the user cancelled.
+    [[nodiscard]] bool write(const std::filesystem::path& catalogue,
+                             const std::optional<std::filesystem::path>& former = {});
     /// Puts into the result where the replaced catalogue is kept; an empty path if it is not kept.
     void setFormer(std::filesystem::path former) { result_.former = std::move(former); }
     /// The result; `imported` says whether both steps returned true. To be called once, at the end.

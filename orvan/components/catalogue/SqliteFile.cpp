@@ -1,13 +1,17 @@
 #include "orvan/components/catalogue/SqliteFile.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/components/catalogue/PageChecksums.h"
 #include "orvan/files/Descriptor.h"
 
 #include <sqlite3.h>
 
 #include <cerrno>
 #include <exception>
+#include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include <unistd.h>
 
@@ -35,16 +39,56 @@ int isToEnd(void* context) noexcept
     }
 }
 
-/// The reason why a file cannot be opened. The system's own is preferred: SQLite's is often just "unable to open".
-UserText whyUnreachable(const std::filesystem::path& file, int code)
+/// The reason why a file cannot be used. The system's own is preferred: SQLite's is often just "unable to open" or
+/// "disk I/O error". `systemError` is what SQLite remembers of it, 0 if nothing.
+UserText whyUnreachable(const std::filesystem::path& file, int code, int systemError)
 {
     std::error_code error;
     if (std::filesystem::is_directory(file, error)) {
         return userText("it is a folder");
     }
     const int needed = std::filesystem::exists(file, error) ? R_OK : F_OK;
-    return ::access(file.c_str(), needed) == 0 ? UserText(sqlite3_errstr(code))
-                                               : UserText(std::system_category().message(errno));
+    if (::access(file.c_str(), needed) != 0) {
+        systemError = errno;
+    }
+    return UserText(systemError == 0 ? sqlite3_errstr(code) : std::system_category().message(systemError));
+}
+
+/// The folder in which SQLite sorts what it does not want to sort in memory.
+UserText whyNoTemporaryFile(bool full)
+{
+    std::error_code error;
+    const std::string folder = std::filesystem::temp_directory_path(error).string();
+    return full ? userText("the folder for temporary files, \"%1\", is full", folder)
+                : userText("a temporary file in \"%1\" cannot be used", folder);
+}
+
+struct AddedFunction {
+    SqliteFile::Function function;
+    bool givesText;
+    std::vector<std::string_view> arguments; // Scratch buffers; members so that their capacity is reused.
+    std::string result;
+};
+
+void callFunction(sqlite3_context* context, int count, sqlite3_value** values) noexcept
+{
+    auto& added = *static_cast<AddedFunction*>(sqlite3_user_data(context));
+    try {
+        added.arguments.clear();
+        added.result.clear();
+        for (int i = 0; i < count; ++i) {
+            const auto* const text = reinterpret_cast<const char*>(sqlite3_value_text(values[i]));
+            added.arguments.emplace_back(text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(values[i])));
+        }
+        added.function(added.arguments, added.result);
+        if (added.givesText) {
+            sqlite3_result_text64(context, added.result.data(), added.result.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+        } else {
+            sqlite3_result_blob64(context, added.result.data(), added.result.size(), SQLITE_TRANSIENT);
+        }
+    } catch (...) { // no exception may pass through SQLite's C code
+        sqlite3_result_error_nomem(context);
+    }
 }
 
 } // namespace
@@ -73,7 +117,7 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, Access access)
     }
     const int flags = access == Access::readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     sqlite3* connection = nullptr;
-    const int code = sqlite3_open_v2(path_.c_str(), &connection, flags, nullptr);
+    const int code = sqlite3_open_v2(path_.c_str(), &connection, flags, checkingFileSystem());
     connection_.reset(connection);
     if (code != SQLITE_OK) {
         raise(code);
@@ -84,16 +128,28 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, Access access)
 
 void SqliteFile::raise(int code) const
 {
+    const bool temporary = takeTemporaryFileFailed();
+    if (code == SQLITE_IOERR_DATA) { // a page's checksum
+        raiseCatalogueError(ErrorNumber::invalidFileFormat, path_,
+                            userText("it is damaged (%1)", "a page is not as it was written"));
+    }
     switch (code & 0xFF) {
     case SQLITE_NOMEM: throw RuntimeError(ErrorNumber::outOfMemory);
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         raiseCatalogueError(ErrorNumber::pathFileAccess, path_, userText("another program has locked it"));
-    case SQLITE_FULL: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, userText("the disk is full"));
+    case SQLITE_FULL:
+        raiseCatalogueError(ErrorNumber::pathFileAccess, path_,
+                            temporary ? whyNoTemporaryFile(true) : userText("the disk is full"));
     case SQLITE_CANTOPEN:
     case SQLITE_IOERR:
     case SQLITE_PERM:
-    case SQLITE_READONLY: raiseCatalogueError(ErrorNumber::pathFileAccess, path_, whyUnreachable(path_, code));
+    case SQLITE_READONLY: {
+        const int systemError = connection_ ? sqlite3_system_errno(connection_.get()) : 0;
+        raiseCatalogueError(ErrorNumber::pathFileAccess, path_,
+                            temporary || code == SQLITE_IOERR_GETTEMPPATH ? whyNoTemporaryFile(systemError == ENOSPC)
+                                                                          : whyUnreachable(path_, code, systemError));
+    }
     case SQLITE_NOTADB: raiseCatalogueError(ErrorNumber::invalidFileFormat, path_, userText("it is no catalogue file"));
     default:
         raiseCatalogueError(
@@ -130,6 +186,29 @@ std::int64_t SqliteFile::number(const char* sql)
     SqliteStatement statement(*this, sql);
     SqliteRows rows = statement.query();
     return rows.next() ? rows.integer(0) : 0;
+}
+
+void SqliteFile::addChecksums()
+{
+    if (const int code = beginChecksums(connection_.get()); code != SQLITE_OK) {
+        raise(code);
+    }
+}
+
+bool SqliteFile::hasChecksums() const
+{
+    return orvan::hasChecksums(connection_.get());
+}
+
+void SqliteFile::addFunction(const char* name, int arguments, bool givesText, Function function)
+{
+    auto added = std::make_unique<AddedFunction>(AddedFunction{std::move(function), givesText, {}, {}});
+    const int code = sqlite3_create_function_v2(connection_.get(), name, arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                                added.release(), callFunction, nullptr, nullptr,
+                                                [](void* pointer) { delete static_cast<AddedFunction*>(pointer); });
+    if (code != SQLITE_OK) { // SQLite has deleted the function
+        raise(code);
+    }
 }
 
 // --- SqliteStatement --------------------------------------------------------------------------------

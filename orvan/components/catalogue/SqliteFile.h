@@ -2,8 +2,8 @@
 //
 // A thin layer over SQLite that owns the connection and the statements. Every failure is a RuntimeError whose
 // description names the file and says what is wrong: 75 for a file that cannot be accessed (it is missing or locked,
-// there is no permission, the disk is full), 321 for a file that cannot be understood. Texts are UTF-8.
-// Thread: one at a time.
+// there is no permission, the disk is full), 321 for a file that cannot be understood or that is damaged, which the
+// pages' checksums tell where a file has them (PageChecksums.h). Texts are UTF-8. Thread: one at a time.
 #pragma once
 
 #include "orvan/base/UserText.h"
@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -37,6 +38,13 @@ public:
     bool runWhile(const char* sql, const std::function<bool()>& goOn);
     /// Runs a query that yields one number, and returns it.
     std::int64_t number(const char* sql);
+    /// Gives the pages of a file that is still empty checksums.
+    void addChecksums();
+    [[nodiscard]] bool hasChecksums() const;
+    /// Writes to `result` what an SQL function of this file makes of its arguments.
+    using Function = std::function<void(const std::vector<std::string_view>& arguments, std::string& result)>;
+    /// Statements of this file can call the function from now on. Its result is a text, or bytes.
+    void addFunction(const char* name, int arguments, bool givesText, Function function);
 
 private:
     friend class SqliteStatement;

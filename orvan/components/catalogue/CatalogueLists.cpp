@@ -1,0 +1,173 @@
+#include "orvan/components/catalogue/CatalogueLists.h"
+
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/CaseFolding.h"
+
+#include <algorithm>
+#include <string>
+
+namespace orvan {
+
+namespace {
+
+/// The box shows this text and selects what the user has not typed. So it has to begin with as many characters as were
+/// typed, and with the same ones but for the case.
+void complete(std::string& text, std::string_view typed)
+{
+    const std::string_view beginning = firstCharacters(text, characterCount(typed));
+    if (foldCase(beginning) != foldCase(typed)) {
+        text = withTypedBeginning(text, typed);
+    }
+}
+
+/// A list of the first form: an index holds the folded texts, in whose order the list is.
+class FirstFormLists final : public CatalogueLists {
+public:
+    FirstFormLists(SqliteFile& file, const std::string& name)
+        : from_(file, "SELECT item_id, " + name + ", " + name + "_folded FROM product INDEXED BY product_" + name +
+                          "_folded WHERE " + name + "_folded >= ?1 ORDER BY " + name + "_folded, " + name + ", item_id")
+    {
+    }
+
+    std::vector<LookUpRow> all(std::size_t most) override
+    {
+        // The smallest text that is not empty. The query thereby also leaves out Null, which is smaller than any text.
+        constexpr std::string_view kFirst("\0", 1);
+        return beginning(kFirst, {}, most);
+    }
+
+protected:
+    std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
+    {
+        return beginning(folded, folded, most); // the shortest texts come first, and so the full matches
+    }
+
+private:
+    std::vector<LookUpRow> beginning(std::string_view first, std::string_view with, std::size_t most)
+    {
+        std::vector<LookUpRow> rows;
+        for (SqliteRows found = from_.query(first); rows.size() < most && found.next();) {
+            if (!found.text(2).starts_with(with)) {
+                break;
+            }
+            rows.push_back({found.integer(0), std::string(found.text(1))});
+        }
+        return rows;
+    }
+
+    SqliteStatement from_;
+};
+
+/// A list whose order is fixed in the file: its rows have ranks, and another table leads from folded texts to the
+/// ranks.
+class RankedLists final : public CatalogueLists {
+public:
+    RankedLists(SqliteFile& file, LookUpText text, const std::string& name, const std::string& table)
+        : text_(static_cast<std::int64_t>(text)),
+          full_(file, "SELECT rank FROM " + name + "_start WHERE folded = ?1 ORDER BY rank"),
+          longer_(file, "SELECT rank, folded FROM " + name + "_start WHERE folded > ?1 ORDER BY folded"),
+          crowded_(file, "SELECT first_rank, entries FROM crowded WHERE list = ?1 AND beginning = ?2"),
+          at_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank = ?1"),
+          from_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank >= ?1 ORDER BY rank")
+    {
+    }
+
+    std::vector<LookUpRow> all(std::size_t most) override
+    {
+        std::vector<LookUpRow> rows;
+        for (SqliteRows found = from_.query(std::int64_t{0}); rows.size() < most && found.next();) {
+            if (found.text(1).empty()) { // these are the last ones
+                break;
+            }
+            rows.push_back({found.integer(0), std::string(found.text(1))});
+        }
+        return rows;
+    }
+
+protected:
+    std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
+    {
+        std::vector<LookUpRow> rows;
+        std::vector<std::int64_t> ranks;
+        for (SqliteRows found = full_.query(folded); ranks.size() < most && found.next();) {
+            ranks.push_back(found.integer(0));
+        }
+        addAt(ranks, rows);
+        SqliteRows crowd = crowded_.query(text_, folded);
+        if (crowd.next()) {
+            addFrom(crowd.integer(0), crowd.integer(1), folded, most, rows);
+        } else {
+            addLonger(folded, most, rows);
+        }
+        return rows;
+    }
+
+private:
+    void addAt(const std::vector<std::int64_t>& ranks, std::vector<LookUpRow>& rows)
+    {
+        for (const std::int64_t rank : ranks) {
+            SqliteRows found = at_.query(rank);
+            if (found.next()) {
+                rows.push_back({found.integer(0), std::string(found.text(1))});
+            }
+        }
+    }
+
+    /// Few entries begin so: their ranks are sorted.
+    void addLonger(std::string_view folded, std::size_t most, std::vector<LookUpRow>& rows)
+    {
+        std::vector<std::int64_t> ranks;
+        for (SqliteRows found = longer_.query(folded); found.next() && found.text(1).starts_with(folded);) {
+            ranks.push_back(found.integer(0));
+        }
+        const std::size_t count = std::min(ranks.size(), most - std::min(most, rows.size()));
+        std::partial_sort(ranks.begin(), ranks.begin() + static_cast<std::ptrdiff_t>(count), ranks.end());
+        ranks.resize(count);
+        addAt(ranks, rows);
+    }
+
+    /// Very many entries begin so. They stand close together in the order of ranks, where only few others are between
+    /// them, such as those that have another diacritic.
+    void addFrom(std::int64_t first, std::int64_t entries, std::string_view folded, std::size_t most,
+                 std::vector<LookUpRow>& rows)
+    {
+        std::string text;
+        for (SqliteRows found = from_.query(first); entries > 0 && rows.size() < most && found.next();) {
+            foldCase(found.text(1), text);
+            if (text.starts_with(folded)) {
+                --entries;
+                if (text.size() > folded.size()) { // the full matches are in the list
+                    rows.push_back({found.integer(0), std::string(found.text(1))});
+                }
+            }
+        }
+    }
+
+    const std::int64_t text_;
+    SqliteStatement full_, longer_, crowded_, at_, from_;
+};
+
+} // namespace
+
+std::vector<LookUpRow> CatalogueLists::matches(std::string_view typed, std::size_t most)
+{
+    const std::string folded = foldCase(typed);
+    std::vector<LookUpRow> rows = found(folded, most);
+    std::stable_partition(rows.begin(), rows.end(), [&](const LookUpRow& row) { return row.text == typed; });
+    if (!rows.empty()) {
+        complete(rows.front().text, typed);
+    }
+    return rows;
+}
+
+std::unique_ptr<CatalogueLists> CatalogueLists::of(SqliteFile& file, LookUpText text)
+{
+    const bool isName = text == LookUpText::name;
+    const std::string name = isName ? "name" : "part_num";
+    if (catalogueVersion(file) == kFirstCatalogueVersion) {
+        return std::make_unique<FirstFormLists>(file, name);
+    }
+    return std::make_unique<RankedLists>(file, text, name, isName ? "product" : "part_num_order");
+}
+
+} // namespace orvan

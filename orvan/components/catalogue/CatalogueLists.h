@@ -1,0 +1,31 @@
+// CatalogueLists: the list of one of a catalogue's texts, names or part numbers: as a whole, and the entries whose text
+// begins with what was typed.
+//
+// Order and matching are described in Catalogue.h. Thread: one at a time. Errors: those of SqliteFile.h.
+#pragma once
+
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/lookup/ProductLkpMgr.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace orvan {
+
+class CatalogueLists {
+public:
+    virtual ~CatalogueLists() = default;
+    /// Full matches first; the first row is completed from what was typed, which is not empty.
+    std::vector<LookUpRow> matches(std::string_view typed, std::size_t most);
+    virtual std::vector<LookUpRow> all(std::size_t most) = 0;
+
+    /// The file outlives the result.
+    [[nodiscard]] static std::unique_ptr<CatalogueLists> of(SqliteFile& file, LookUpText text);
+
+protected:
+    /// The full matches, at least those that are spelled as typed first, and then the others; each in the list's order.
+    virtual std::vector<LookUpRow> found(std::string_view folded, std::size_t most) = 0;
+};
+
+} // namespace orvan

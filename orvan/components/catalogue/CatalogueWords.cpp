@@ -1,0 +1,204 @@
+#include "orvan/components/catalogue/CatalogueWords.h"
+
+#include "orvan/base/Ascii.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/SearchText.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace orvan {
+
+namespace {
+
+constexpr std::size_t kMostCandidates = 1'000; ///< Entries that are read for one search, found or not.
+constexpr std::size_t kMostRows = 100;         ///< Entries that words add to a list: each is read from another page.
+constexpr std::size_t kMostCorrections = 64;
+constexpr std::size_t kShortestCorrected = 4; ///< Characters; shorter words are near to too many others.
+constexpr std::size_t kLongestCorrected = 40;
+constexpr std::size_t kShortestCode = 3;
+constexpr std::size_t kShortestBarcode = 12;    ///< Digits: from here on, leading zeros do not count (UPC and EAN).
+constexpr const char* kAfterAll = "\U0010FFFF"; ///< Stands behind whatever continues a beginning.
+
+/// The index's query: the entries that have all pieces of one of the alternatives. Empty if one of them has no pieces.
+std::string queryFor(const std::vector<std::vector<std::string>>& alternatives)
+{
+    std::string query;
+    for (const std::vector<std::string>& words : alternatives) {
+        std::string all;
+        for (const std::string& word : words) {
+            for (const std::string& piece : piecesOf(word)) {
+                all.append(all.empty() ? "\"" : " AND \"").append(piece).append("\"");
+            }
+        }
+        if (all.empty()) {
+            return {};
+        }
+        query.append(query.empty() ? "(" : " OR (").append(all).append(")");
+    }
+    return query;
+}
+
+std::string_view withoutZeros(std::string_view code)
+{
+    if (code.size() < kShortestBarcode || !std::all_of(code.begin(), code.end(), isDigit)) {
+        return code;
+    }
+    code.remove_prefix(std::min(code.find_first_not_of('0'), code.size()));
+    return code;
+}
+
+} // namespace
+
+struct CatalogueWords::Candidate {
+    std::int64_t itemId;
+    std::string name, partNum;
+    std::vector<std::string> forms; ///< Of name, part number, barcode and note.
+};
+
+CatalogueWords::CatalogueWords(SqliteFile& file)
+    : pieces_(file, "SELECT rowid FROM piece WHERE piece MATCH ?1 ORDER BY rowid"),
+      product_(file, "SELECT item_id, name, part_num, barcode, note FROM product WHERE rank = ?1"),
+      word_(file, "SELECT word FROM word WHERE word >= ?1 ORDER BY word LIMIT 1")
+{
+}
+
+template <class Take>
+void CatalogueWords::find(const std::vector<Words>& alternatives, Take&& take)
+{
+    const std::string query = queryFor(alternatives);
+    if (query.empty()) {
+        return;
+    }
+    std::size_t candidates = 0;
+    for (SqliteRows ranks = pieces_.query(std::string_view(query)); candidates < kMostCandidates && ranks.next();
+         ++candidates) {
+        SqliteRows row = product_.query(ranks.integer(0));
+        if (!row.next()) {
+            continue;
+        }
+        Candidate candidate{row.integer(0), std::string(row.text(1)), std::string(row.text(2)), {}};
+        for (int column = 1; column <= 4; ++column) {
+            candidate.forms.push_back(searchForm(row.text(column)));
+        }
+        // The pieces need not stand side by side, so the words themselves are looked for.
+        const auto has = [&](const std::string& word) {
+            return std::any_of(candidate.forms.begin(), candidate.forms.end(),
+                               [&](const std::string& form) { return form.find(word) != form.npos; });
+        };
+        const bool found = std::any_of(alternatives.begin(), alternatives.end(), [&](const Words& words) {
+            return std::all_of(words.begin(), words.end(), has);
+        });
+        if (found && !take(candidate)) {
+            return;
+        }
+    }
+}
+
+void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most,
+                         std::vector<LookUpRow>& rows)
+{
+    std::unordered_set<std::int64_t> listed;
+    std::transform(rows.begin(), rows.end(), std::inserter(listed, listed.end()),
+                   [](const LookUpRow& row) { return row.itemId; });
+    const std::size_t full = std::min(most, rows.size() + kMostRows);
+    if (rows.size() >= full || alternatives.empty()) {
+        return;
+    }
+    find(alternatives, [&](const Candidate& candidate) {
+        const std::string& shown = text == LookUpText::name ? candidate.name : candidate.partNum;
+        if (!shown.empty() && listed.insert(candidate.itemId).second) {
+            rows.push_back({candidate.itemId, shown});
+        }
+        return rows.size() < full;
+    });
+}
+
+void CatalogueWords::addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows)
+{
+    if (Words words = searchWords(typed); !words.empty()) {
+        add(text, {std::move(words)}, most, rows);
+    }
+}
+
+void CatalogueWords::addNearMisses(LookUpText text, std::string_view typed, std::size_t most,
+                                   std::vector<LookUpRow>& rows)
+{
+    const Words words = searchWords(typed);
+    std::vector<Words> alternatives;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        for (std::string& correction : corrections(words[i])) {
+            if (alternatives.size() < kMostCorrections) {
+                alternatives.push_back(words);
+                alternatives.back()[i] = std::move(correction);
+            }
+        }
+    }
+    add(text, alternatives, most, rows);
+}
+
+std::vector<std::int64_t> CatalogueWords::withCode(std::string_view typed)
+{
+    std::vector<std::int64_t> found;
+    const std::string form = searchForm(typed);
+    const std::string code(withoutZeros(form));
+    if (code.size() >= kShortestCode) {
+        find({{code}}, [&](const Candidate& candidate) {
+            const bool isPartNum = candidate.forms[1] == form;
+            if (isPartNum || withoutZeros(candidate.forms[2]) == code) {
+                found.push_back(candidate.itemId);
+            }
+            return found.size() < 2;
+        });
+    }
+    return found;
+}
+
+std::string CatalogueWords::wordFrom(std::string_view text)
+{
+    SqliteRows rows = word_.query(text);
+    return rows.next() ? std::string(rows.text(0)) : std::string();
+}
+
+std::vector<std::string> CatalogueWords::corrections(const std::string& word)
+{
+    std::vector<std::string> found;
+    if (characterCount(word) < kShortestCorrected || word.size() > kLongestCorrected) {
+        return found;
+    }
+    const auto tryWord = [&](std::string near) {
+        if (near != word && !word.starts_with(near) && wordFrom(near).starts_with(near)) {
+            found.push_back(std::move(near));
+        }
+    };
+    for (std::size_t at = 0; at < word.size(); at += characterSize(word, at)) {
+        const std::string before = word.substr(0, at), rest = word.substr(at);
+        const std::size_t size = characterSize(word, at);
+        const std::string one = rest.substr(0, size), behind = rest.substr(size);
+        if (!wordFrom(before).starts_with(before)) {
+            break; // no word begins so, and the error is before this place
+        }
+        tryWord(before + behind);
+        if (!behind.empty()) {
+            const std::size_t next = characterSize(behind, 0);
+            tryWord(std::string(before).append(behind, 0, next).append(one).append(behind, next));
+        }
+        // The characters that follow `before` in the catalogue's words are those that can stand here.
+        for (std::string from = before + '\1';;) {
+            const std::string next = wordFrom(from);
+            if (!next.starts_with(before) || next.size() <= before.size()) {
+                break;
+            }
+            const std::string character = next.substr(at, characterSize(next, at));
+            tryWord(before + character + behind);
+            tryWord(before + character + rest);
+            from = before + character + kAfterAll;
+        }
+    }
+    std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
+}
+
+} // namespace orvan

@@ -1,0 +1,48 @@
+// CatalogueWords: finds entries by words that stand anywhere in their name, part number, barcode or note, by codes
+// without their dashes, and by words with a typing error.
+//
+// Words are compared as SearchText.h says. The results are in the order of the names. Thread: one at a time. Errors:
+// those of SqliteFile.h.
+#pragma once
+
+#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/lookup/ProductLkpMgr.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvan {
+
+class CatalogueWords {
+public:
+    /// The file has the present form, and outlives this object.
+    explicit CatalogueWords(SqliteFile& file);
+
+    /// Appends the entries that have each of the typed words and a text of this kind, but not those that the list
+    /// already has; so that it has `most` rows at most.
+    void addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows);
+    /// The same for entries that have each word once an error of typing is taken back: one character that is wrong,
+    /// missing or too many, or two that have changed places.
+    void addNearMisses(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows);
+    /// The ids of the entries whose part number or barcode is what was typed, but for dashes, blanks and case. Two at
+    /// most.
+    [[nodiscard]] std::vector<std::int64_t> withCode(std::string_view typed);
+
+private:
+    struct Candidate;
+    using Words = std::vector<std::string>;
+
+    /// Calls `take` with each entry that has each of the words of an alternative, until it returns false.
+    template <class Take>
+    void find(const std::vector<Words>& alternatives, Take&& take);
+    void add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most, std::vector<LookUpRow>& rows);
+    /// The beginnings of words in the catalogue that differ from the word by one typing error.
+    [[nodiscard]] std::vector<std::string> corrections(const std::string& word);
+    /// The first word of the catalogue that is not before this text; empty if there is none.
+    [[nodiscard]] std::string wordFrom(std::string_view text);
+
+    SqliteStatement pieces_, product_, word_;
+};
+
+} // namespace orvan

@@ -1,0 +1,334 @@
+#include "orvan/components/catalogue/CatalogueWriter.h"
+
+#include "orvan/base/Ascii.h"
+#include "orvan/base/RuntimeError.h"
+#include "orvan/base/Text.h"
+#include "orvan/components/catalogue/CaseFolding.h"
+#include "orvan/components/catalogue/SearchText.h"
+
+#include <unicode/coll.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace orvan {
+
+namespace {
+
+constexpr std::size_t kLongestWord = 40; // bytes; what is longer is no word that somebody types
+
+// The price has no declared type; if it had one, SQLite would turn a text that another program wrote into a number.
+//
+// The size of SQLite's cache is also how much SQLite sorts in memory at a time. With a cache sixteen times as large,
+// building the indexes took a quarter longer, because the data no longer stayed in the processor's cache, and every
+// import needed sixteen times as much memory.
+constexpr char kSettings[] = R"(
+PRAGMA page_size = 4096;
+PRAGMA journal_mode = OFF;
+PRAGMA synchronous = OFF;
+PRAGMA locking_mode = EXCLUSIVE;
+PRAGMA cache_size = -4096; -- KiB
+)";
+
+constexpr char kTables[] = R"(
+PRAGMA gathered.journal_mode = OFF;
+PRAGMA gathered.synchronous = OFF;
+PRAGMA gathered.locking_mode = EXCLUSIVE;
+BEGIN;
+CREATE TABLE gathered.entry (
+    item_id INTEGER PRIMARY KEY,
+    own_id TEXT, name TEXT, key TEXT, part_num TEXT, unit_price, note TEXT, barcode TEXT
+);
+CREATE TABLE gathered.word (word TEXT);
+CREATE UNIQUE INDEX gathered.entry_own_id ON entry (own_id) WHERE own_id IS NOT NULL;
+CREATE TABLE product (
+    rank INTEGER PRIMARY KEY,
+    item_id INTEGER,
+    own_id TEXT,
+    name TEXT,
+    key TEXT,
+    part_num TEXT,
+    unit_price, -- in ten-thousandths
+    note TEXT,
+    barcode TEXT,
+    id_key TEXT
+);
+CREATE TABLE part_num_order (rank INTEGER PRIMARY KEY, item_id INTEGER, part_num TEXT);
+CREATE TABLE name_start (folded TEXT, rank INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
+CREATE TABLE part_num_start (folded TEXT, rank INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
+CREATE TABLE crowded (
+    list INTEGER, beginning TEXT, first_rank INTEGER, entries INTEGER, PRIMARY KEY (list, beginning)
+) WITHOUT ROWID;
+CREATE VIRTUAL TABLE piece USING fts5(
+    text, content = '', detail = none, columnsize = 0, tokenize = "ascii tokenchars '_'"
+);
+CREATE TABLE word (word TEXT PRIMARY KEY) WITHOUT ROWID;
+CREATE TABLE retired (item_id INTEGER PRIMARY KEY, id_key TEXT);
+CREATE TABLE origin (source TEXT, entries INTEGER, lineage TEXT, next_number INTEGER, language TEXT);
+)";
+
+/// Entries without a text are the last ones, where the list of that text leaves them out.
+constexpr std::array kSteps = {
+    "INSERT INTO product SELECT NULL, item_id, own_id, name, key, part_num, unit_price, note, barcode,"
+    " CASE WHEN own_id IS NOT NULL THEN 'i' || own_id WHEN part_num <> '' THEN 'p' || part_num ELSE 'n' || name END"
+    " FROM gathered.entry ORDER BY name = '', sort_key(name), name, item_id",
+    "CREATE UNIQUE INDEX product_item_id ON product (item_id)",
+    "CREATE INDEX product_id_key ON product (id_key, item_id)",
+    // Keys that several entries share: the name follows, and the place among those that have the same name, too.
+    "UPDATE product SET id_key = 'd' || id_key || char(31) || name || char(31) || place FROM (SELECT rank AS same,"
+    " row_number() OVER (PARTITION BY id_key, name ORDER BY item_id) - 1 AS place FROM product WHERE id_key IN"
+    " (SELECT id_key FROM product INDEXED BY product_id_key GROUP BY id_key HAVING count(*) > 1)) WHERE rank = same",
+    "INSERT INTO part_num_order SELECT NULL, item_id, part_num FROM product WHERE part_num <> ''"
+    " ORDER BY sort_key(part_num), part_num, item_id",
+    "INSERT INTO name_start SELECT fold(name), rank FROM product WHERE name <> '' ORDER BY 1, 2",
+    "INSERT INTO part_num_start SELECT fold(part_num), rank FROM part_num_order ORDER BY 1, 2",
+    "INSERT INTO piece (rowid, text) SELECT rank, pieces(name, part_num, barcode, note) FROM product",
+    "INSERT INTO word SELECT DISTINCT word FROM gathered.word ORDER BY 1",
+};
+
+std::filesystem::path besides(const std::filesystem::path& file)
+{
+    std::filesystem::path gathered = file;
+    return gathered += ".entries";
+}
+
+/// Attaches the file in which the entries are gathered.
+void attachGathered(SqliteFile& file, const std::filesystem::path& path)
+{
+    SqliteStatement attach(file, "ATTACH ? AS gathered");
+    const std::string name = path.string();
+    attach.execute(std::string_view(name));
+}
+
+SqliteFile& prepared(SqliteFile& file)
+{
+    const std::filesystem::path gathered = besides(file.path());
+    std::error_code ignored;
+    std::filesystem::remove(gathered, ignored);
+    file.addChecksums();
+    file.run(kSettings);
+    attachGathered(file, gathered);
+    file.run(kTables);
+    std::filesystem::remove(gathered, ignored); // from now on it lives as long as the connection
+    return file;
+}
+
+void require(UErrorCode status)
+{
+    if (U_FAILURE(status)) {
+        throw RuntimeError(ErrorNumber::internalError, {}, u_errorName(status));
+    }
+}
+
+/// Makes the bytes by which texts of a language compare.
+class SortKeys {
+public:
+    explicit SortKeys(const std::string& language)
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        collator_.reset(::icu::Collator::createInstance(
+            language.empty() ? ::icu::Locale::getRoot() : ::icu::Locale(language.c_str()), status));
+        require(status);
+    }
+
+    void append(std::string_view text, std::string& key)
+    {
+        const auto unicode = ::icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
+        key.resize(std::max<std::size_t>(key.capacity(), 2 * text.size() + 16));
+        const auto write = [&] {
+            return collator_->getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()),
+                                         static_cast<std::int32_t>(key.size()));
+        };
+        const auto size = static_cast<std::size_t>(write());
+        if (size > key.size()) {
+            key.resize(size);
+            static_cast<void>(write());
+        }
+        key.resize(size);
+    }
+
+private:
+    std::unique_ptr<::icu::Collator> collator_;
+};
+
+} // namespace
+
+CatalogueWriter::CatalogueWriter(const std::filesystem::path& file, CatalogueWriterOptions options)
+    : file_(file, SqliteFile::Access::create), options_(std::move(options)), ids_(options_.former),
+      insert_(prepared(file_), "INSERT OR IGNORE INTO gathered.entry VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
+      findOwn_(file_, "SELECT 1 FROM gathered.entry WHERE own_id = ?"),
+      insertWord_(file_, "INSERT INTO gathered.word VALUES (?)")
+{
+    addFunctions();
+}
+
+CatalogueWriter::~CatalogueWriter() = default;
+
+void CatalogueWriter::addFunctions()
+{
+    using Arguments = const std::vector<std::string_view>&;
+    file_.addFunction("fold", 1, true, [](Arguments texts, std::string& folded) { foldCase(texts.front(), folded); });
+    file_.addFunction("sort_key", 1, false,
+                      [keys = std::make_shared<SortKeys>(options_.language)](Arguments texts, std::string& key) {
+                          keys->append(texts.front(), key);
+                      });
+    file_.addFunction("pieces", 4, true, [](Arguments texts, std::string& pieces) {
+        for (const std::string_view text : texts) {
+            appendPieces(text, pieces);
+        }
+    });
+}
+
+bool CatalogueWriter::add(const CatalogueEntry& given)
+{
+    CatalogueEntry entry = given;
+    entry.partNum = trimmed(given.partNum);
+    entry.barcode = trimmed(given.barcode);
+    const std::string ownId = comparedId(given.ownId);
+    const std::string_view own = ownId;
+    if (!own.empty()) {
+        SqliteRows earlier = findOwn_.query(own);
+        if (earlier.next()) {
+            return false;
+        }
+    }
+    const auto insert = [&](std::int32_t number, auto id, auto price) {
+        return insert_.execute(std::int64_t{number}, id, entry.name, entry.key, entry.partNum, price, entry.note,
+                               entry.barcode) == 1;
+    };
+    const auto insertPriced = [&](std::int32_t number, auto id) {
+        return entry.unitPrice ? insert(number, id, entry.unitPrice->scaled()) : insert(number, id, nullptr);
+    };
+    ids_.number(own, entry, [&](std::int32_t number) {
+        return own.empty() ? insertPriced(number, nullptr) : insertPriced(number, own);
+    });
+    addWords(entry);
+    return true;
+}
+
+void CatalogueWriter::addWords(const CatalogueEntry& entry)
+{
+    words_.clear();
+    for (const std::string_view text : {entry.name, entry.partNum, entry.barcode, entry.note}) {
+        appendVocabulary(text, words_);
+    }
+    for (std::size_t begin = 0, end = 0; begin < words_.size(); begin = end + 1) {
+        end = words_.find(' ', begin);
+        const std::string_view word = std::string_view(words_).substr(begin, end - begin);
+        std::string& seen = seenWords_[std::hash<std::string_view>()(word) % seenWords_.size()];
+        if (word.size() <= kLongestWord && seen != word) {
+            seen = word;
+            insertWord_.execute(word);
+        }
+    }
+}
+
+bool CatalogueWriter::finish(const std::function<bool(int built, int all)>& goOn)
+{
+    constexpr int kAll = static_cast<int>(kSteps.size()) + 3;
+    int built = 0;
+    const auto goesOn = [&] { return goOn(built, kAll); };
+    for (const char* const step : kSteps) {
+        if (!file_.runWhile(step, goesOn)) {
+            return false;
+        }
+        ++built;
+    }
+    // Merged step by step, so that it can be cancelled: one search then reads one list for each piece.
+    file_.run("INSERT INTO piece (piece, rank) VALUES ('merge', -1000)");
+    for (std::int64_t before = -2, now = 0; now - before > 1;) {
+        if (!goesOn()) {
+            return false;
+        }
+        before = file_.number("SELECT total_changes()");
+        file_.run("INSERT INTO piece (piece, rank) VALUES ('merge', 1000)");
+        now = file_.number("SELECT total_changes()");
+    }
+    ++built;
+    if (!writeCrowded(LookUpText::name, goesOn) || !writeCrowded(LookUpText::partNum, goesOn)) {
+        return false;
+    }
+    ++built;
+    writeRetired();
+    writeOrigin();
+    ++built;
+    return goesOn();
+}
+
+/// The beginnings that more entries share than a search sorts, with the first rank among those and their number. They
+/// are few: a search goes through the ranks from there, and so needs not sort.
+bool CatalogueWriter::writeCrowded(LookUpText list, const std::function<bool()>& goesOn)
+{
+    struct Beginning {
+        std::size_t size;
+        std::int64_t first, entries;
+    };
+    std::vector<Beginning> open; // of the previous text: its beginnings, one for each character
+    std::string previous;
+    SqliteStatement insert(file_, "INSERT INTO crowded VALUES (?, ?, ?, ?)");
+    const auto closeTo = [&](std::size_t common) {
+        while (!open.empty() && open.back().size > common) {
+            const Beginning closed = open.back();
+            open.pop_back();
+            if (closed.entries > kCrowd) {
+                const std::string_view beginning = std::string_view(previous).substr(0, closed.size);
+                insert.execute(static_cast<std::int64_t>(list), beginning, closed.first, closed.entries);
+            }
+            if (!open.empty()) {
+                open.back().first = std::min(open.back().first, closed.first);
+                open.back().entries += closed.entries;
+            }
+        }
+    };
+    SqliteStatement all(file_, list == LookUpText::name ? "SELECT folded, rank FROM name_start ORDER BY folded"
+                                                        : "SELECT folded, rank FROM part_num_start ORDER BY folded");
+    constexpr std::uint64_t kRowsBetweenQuestions = 10'000;
+    std::uint64_t count = 0;
+    for (SqliteRows rows = all.query(); rows.next();) {
+        if (++count % kRowsBetweenQuestions == 0 && !goesOn()) {
+            return false;
+        }
+        const std::string_view text = rows.text(0);
+        const auto differ = std::mismatch(text.begin(), text.end(), previous.begin(), previous.end());
+        closeTo(static_cast<std::size_t>(differ.first - text.begin()));
+        const std::int64_t rank = rows.integer(1);
+        for (std::size_t at = open.empty() ? 0 : open.back().size; at < text.size();) {
+            at += characterSize(text, at);
+            open.push_back({at, rank, 0});
+        }
+        open.back().first = std::min(open.back().first, rank);
+        ++open.back().entries;
+        previous = text;
+    }
+    closeTo(0);
+    return true;
+}
+
+void CatalogueWriter::writeRetired()
+{
+    SqliteStatement present(file_, "SELECT 1 FROM gathered.entry WHERE item_id = ?");
+    SqliteStatement retire(file_, "INSERT OR IGNORE INTO retired VALUES (?, ?)");
+    ids_.forEachFormer([&](std::int64_t number, std::string_view key) {
+        SqliteRows rows = present.query(number);
+        if (!rows.next()) {
+            retire.execute(number, key);
+        }
+    });
+    file_.run("CREATE INDEX retired_id_key ON retired (id_key)");
+}
+
+void CatalogueWriter::writeOrigin()
+{
+    SqliteStatement(file_, "INSERT INTO origin SELECT ?, count(*), ?, ?, ? FROM product")
+        .execute(std::string_view(source_), std::string_view(ids_.lineage()), ids_.next(),
+                 std::string_view(options_.language));
+    file_.run(("PRAGMA application_id = " + std::to_string(kCatalogueApplicationId) +
+               "; PRAGMA user_version = " + std::to_string(kCatalogueVersion) + "; COMMIT")
+                  .c_str());
+}
+
+} // namespace orvan
