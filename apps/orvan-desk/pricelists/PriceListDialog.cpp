@@ -36,15 +36,20 @@ constexpr std::size_t kShownRows = 50;
 constexpr qint64 kCountingTime = 1000; // milliseconds: a longer list is counted up to here only
 constexpr int kLastLine = 1'000'000;
 
+/// A count in the form that Qt's plurals take.
+int clamped(std::uint64_t count)
+{
+    return static_cast<int>(std::min<std::uint64_t>(count, std::numeric_limits<int>::max()));
+}
+
 QString rowCount(std::uint64_t count)
 {
-    return PriceListDialog::tr("%Ln rows", nullptr, static_cast<int>(std::min<std::uint64_t>(count, 2'000'000'000)));
+    return count == 1 ? PriceListDialog::tr("1 row") : PriceListDialog::tr("%Ln rows", nullptr, clamped(count));
 }
 
 QString productCount(std::uint64_t count)
 {
-    return PriceListDialog::tr("%Ln products", nullptr,
-                               static_cast<int>(std::min<std::uint64_t>(count, 2'000'000'000)));
+    return count == 1 ? PriceListDialog::tr("1 product") : PriceListDialog::tr("%Ln products", nullptr, clamped(count));
 }
 
 QComboBox* encodingChoice()
