@@ -26,7 +26,8 @@ void checkPrice(std::string_view text)
                                      : point && comma ? DecimalEvidence::ambiguous
                                      : point          ? DecimalEvidence::point
                                                       : DecimalEvidence::comma;
-    require(decimalEvidence(text) == evidence, "a price tells the right decimal separator");
+    // Where the text is no plain amount, a currency or dashes around it may still tell more.
+    require((!point && !comma) || decimalEvidence(text) == evidence, "a price tells the right decimal separator");
 }
 
 void checkRecords(CsvReader& reader, std::string_view text, char delimiter)

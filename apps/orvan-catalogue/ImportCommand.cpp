@@ -147,7 +147,11 @@ bool tellQuestions(const std::string& file, const CatalogueImportOptions& option
                   << "\" can be read in two ways; name the decimal separator with --decimal\n";
     }
     const bool any = !preview.form.found.missing.empty() || !preview.ambiguousPrice.empty();
-    if (any && !preview.form.header.empty()) {
+    if (any && preview.form.headerLine == 0) {
+        std::cerr
+            << "orvan-catalogue: no line has the names of the columns; name it with --header-line, or the columns "
+               "by their numbers, such as --name \"#2\"\n";
+    } else if (any) {
         std::cerr << "orvan-catalogue: line " << preview.form.headerLine << " was taken for the names of the columns ("
                   << terminalText(listed({preview.form.header.begin(), preview.form.header.end()}))
                   << "); name another one with --header-line\n";

@@ -334,7 +334,10 @@ void CatalogueMenu::tellImported(const CatalogueImportResult& result)
         return;
     }
     PlainBox box(QMessageBox::Information,
-                 text + u'\n' + tr("%n rows with errors were left out.", nullptr, clamped(result.refusedCount)),
+                 text + u'\n' +
+                     (result.refusedCount == 1
+                          ? tr("1 row with errors was left out.")
+                          : tr("%Ln rows with errors were left out.", nullptr, clamped(result.refusedCount))),
                  QMessageBox::Ok, window_);
     box.setDetailedText(linesOf(result).join(u'\n'));
     box.exec();

@@ -3,6 +3,7 @@
 #include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CsvReader.h"
+#include "orvan/components/catalogue/PriceText.h"
 #include "orvan/components/catalogue/lists/Encoding.h"
 #include "orvan/components/catalogue/lists/Workbook.h"
 
@@ -61,6 +62,7 @@ struct Sample {
     };
     std::vector<Row> rows;
     std::size_t header = 0; ///< The row that has the columns' names.
+    bool hasHeader = true;
     ColumnsFound found;
     std::size_t regular = 0; ///< How many cells stand in rows that have as many cells as most of them.
 
@@ -86,8 +88,16 @@ std::size_t regularCells(const std::vector<Sample::Row>& rows)
     return most;
 }
 
+bool hasAmount(const Sample::Row& row)
+{
+    return std::any_of(row.cells.begin(), row.cells.end(), [](const std::string& cell) {
+        return readListPrice(cell, '.').kind == ListPrice::Kind::amount ||
+               readListPrice(cell, ',').kind == ListPrice::Kind::amount;
+    });
+}
+
 /// Finds the header: the row in which most columns are known. Where none is, the first row that is about as full as the
-/// fullest one, because titles stand alone.
+/// fullest one, because titles stand alone; the list has no header if an amount stands in that row.
 void findHeader(Sample& sample, const CatalogueImportOptions& options)
 {
     std::size_t fullest = 0, first = 0;
@@ -114,6 +124,7 @@ void findHeader(Sample& sample, const CatalogueImportOptions& options)
     if (!known && !sample.rows.empty()) {
         sample.header = first;
         sample.found = findColumns(viewsOf(sample.rows[first].cells), options.columns);
+        sample.hasHeader = options.headerLine.has_value() || sample.found.named > 0 || !hasAmount(sample.rows[first]);
     }
 }
 
@@ -250,7 +261,7 @@ ListForm foundForm(const ImportSource& source, const CatalogueImportOptions& opt
     if (sample.rows.empty()) {
         raise(source, userText("it does not begin with the names of its columns"));
     }
-    if (options.headerLine == 0u) {
+    if (options.headerLine == 0u || !sample.hasHeader) {
         for (const Sample::Row& row : sample.rows) {
             form.width = std::max(form.width, row.cells.size());
         }

@@ -2,9 +2,10 @@
 //
 // What the options leave open is found in the list's beginning: whether it is a workbook, its sheet, its encoding and
 // delimiter, and the row that has the columns' names. That row is the one, of the first ones, in which most columns are
-// known by their names; so lines may stand before it, such as a title or an address. Of several delimiters or sheets
-// that one is taken with which most columns are known. Thread: any. Errors: 5 for an option that does not fit the list,
-// 75 for a list that cannot be read, 321 for one that is in no form that is known, with the list's name.
+// known by their names; so lines may stand before it, such as a title or an address. A list has no such row if no
+// column is known and an amount stands where the names would. Of several delimiters or sheets that one is taken with
+// which most columns are known. Thread: any. Errors: 5 for an option that does not fit the list, 75 for a list that
+// cannot be read, 321 for one that is in no form that is known, with the list's name.
 #pragma once
 
 #include "orvan/components/catalogue/CatalogueColumns.h"
