@@ -39,6 +39,7 @@ import      Makes CATALOGUE from a CSV or TSV file in UTF-8, or replaces it. If 
   --decimal C         the decimal separator of the prices: . or ,; by default found in the prices
   --item-id NAME, --name NAME, --key NAME, --part-number NAME, --unit-price NAME, --note NAME
                       the name of a column in the first line, if it is not one of the usual names
+  --language NAME     the language in whose order the lists are shown, such as sv; by default that of most languages
   --quiet             show no progress bar
 search      Lists the entries whose part number or name begins with TEXT, ordered as in the editor.
   --most N            list at most N entries by part number and N by name (default 20)
@@ -180,7 +181,8 @@ int import(const std::vector<std::string>& words)
                                                                 {"--key", options.columns.key},
                                                                 {"--part-number", options.columns.partNum},
                                                                 {"--unit-price", options.columns.unitPrice},
-                                                                {"--note", options.columns.note}};
+                                                                {"--note", options.columns.note},
+                                                                {"--language", options.language}};
         for (const auto& [name, column] : columns) {
             if (option == name) {
                 column = value();

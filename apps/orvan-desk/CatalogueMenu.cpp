@@ -274,6 +274,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
             options.decimalSeparator = decimalSeparator;
             options.sourceName = sourceName;
             options.keepFormer = true;
+            options.language = QLocale::system().name().toStdString();
             options.progress = [&](const CatalogueImportProgress& state) { return progress.take(state); };
             result = importCatalogue(pathOf(source), pathOf(catalogue_), options);
         } catch (...) {
