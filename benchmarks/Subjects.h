@@ -16,5 +16,6 @@ void addImport(Suite& suite);         ///< L: a price list into a catalogue
 void addDeskStart(Suite& suite);      ///< N: the desk up to its first paint
 void addPrinting(Suite& suite);       ///< O: a quote as a PDF file
 void addListCommands(Suite& suite);   ///< P: search, undo and copy in a long list
+void addSearch(Suite& suite);         ///< Q: the catalogue's search by itself
 
 } // namespace orvan::bench

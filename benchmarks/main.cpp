@@ -38,6 +38,7 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addDeskStart(suite);
     orvan::bench::addPrinting(suite);
     orvan::bench::addListCommands(suite);
+    orvan::bench::addSearch(suite);
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {

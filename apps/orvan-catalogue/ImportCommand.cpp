@@ -31,6 +31,7 @@ preview     Shows how a price list is understood, and imports nothing. It takes 
   --delimiter C       the delimiter of the fields: , ; | or tab
   --encoding NAME     the encoding of a text file: UTF-8, windows-1252, ...
   --sheet NAME        a workbook's sheet, or #2 for the second one
+  --language NAME     the language in whose order the lists are shown, such as sv
   --header-line N     the line with the columns' names; 0 if the list has none
   --first-line N      the line in which the entries begin
   --skip-bad-rows     leave out rows with errors, and write them to CATALOGUE.refused.csv
@@ -112,6 +113,8 @@ struct Request {
                 options.decimalSeparator = oneCharacter(option, value());
             } else if (option == "--encoding") {
                 options.encoding = value();
+            } else if (option == "--language") {
+                options.language = value();
             } else if (option == "--sheet") {
                 options.sheet = value();
             } else if (option == "--header-line") {

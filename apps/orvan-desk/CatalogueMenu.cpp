@@ -284,6 +284,7 @@ CatalogueImportResult CatalogueMenu::importShowingProgress(const QString& source
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
             options.keepFormer = true;
+            options.language = QLocale::system().name().toStdString();
             options.progress = [&](const CatalogueImportProgress& state) { return progress.take(state); };
             result = importCatalogue(pathOf(source), pathOf(catalogue_), options);
         } catch (...) {

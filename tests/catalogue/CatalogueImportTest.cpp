@@ -143,6 +143,9 @@ TEST_F(CatalogueImportTest, FilesThatCannotBeUnderstoodChangeNothing)
     EXPECT_EQ(raisedBy([&] { importCatalogue(folder / "no.csv", file()); }).number, 75);
     EXPECT_EQ(raisedBy([&] { importCatalogue(folder.path(), file()); }).number, 75);
     EXPECT_EQ(raisedBy([&] { importCatalogue(list, folder / "no" / "goods"); }).number, 75);
+    std::filesystem::create_symlink(folder / "loop", folder / "loop");
+    EXPECT_THAT(raisedBy([&] { importCatalogue(list, folder / "loop"); }).description,
+                HasSubstr("Too many levels of symbolic links"));
     EXPECT_EQ(raisedBy([&] { importCatalogue(list, list); }).number, 321) << "a price list is never overwritten";
     EXPECT_EQ(imported(), "kept|K|10000||");
 }

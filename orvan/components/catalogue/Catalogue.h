@@ -12,7 +12,8 @@
 //   3. entries that have the typed words anywhere in name, part number, barcode or note, in any order, without regard
 //   to
 //      case, diacritics, dashes and blanks;
-//   4. if there are fewer than 20 rows so far: entries that have the typed words but for one typing error.
+//   4. if there are fewer than 20 rows so far, and no full match: entries that have the typed words but for one typing
+//      error. Of several words, only those that begin no word of the catalogue are taken for an error.
 // Kinds 3 and 4 come only behind entries of kind 1 or 2. If there are none, there is no list, and the next call begins
 // the whole list with kinds 3 and 4, if it asks for the whole list of the same text; any other call forgets the search.
 //

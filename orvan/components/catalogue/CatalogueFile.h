@@ -3,9 +3,10 @@
 // An SQLite database. Its table `product` has the entries in the order of their names in a user's language; `rank` is
 // the place in that order, from 1. The unit price is a whole number of ten-thousandths. `part_num_order` has the part
 // numbers in their order. `name_start` and `part_num_start` lead from folded texts (CaseFolding.h) to the ranks, and
-// `crowded` has the beginnings that very many entries share. `piece` is the index of all texts (SearchText.h), and
-// `word` has the words by which typing errors are found. `retired` keeps the numbers and keys of entries that are no
-// longer in the catalogue (CatalogueIds.h). `origin` has one row, about the catalogue as a whole.
+// `crowded` has the beginnings that very many entries share. `piece` is the index of all texts (SearchText.h),
+// `piece_entries` says how many entries have each piece, and `word` has the words by which typing errors are found.
+// `retired` keeps the numbers and keys of entries that are no longer in the catalogue (CatalogueIds.h). `origin` has
+// one row, about the catalogue as a whole.
 //
 // Each page has a checksum (PageChecksums.h). The form's version is the user version in SQLite's file header. Files of
 // the first form, without all this, can be read, too: those have `product` with `item_id` as its key, folded names and

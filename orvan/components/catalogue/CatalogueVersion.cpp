@@ -117,8 +117,10 @@ std::vector<LookUpRow> CatalogueVersion::all(LookUpText text, std::size_t most,
 void CatalogueVersion::addFound(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows)
 {
     if (words_ && rows.size() < most) {
+        // Who has typed a text of the catalogue whole has made no error.
+        const bool isFull = !rows.empty() && rows.front().text.size() == typed.size();
         words_->addWords(text, typed, most, rows);
-        if (rows.size() < std::min(kFew, most)) {
+        if (!isFull && rows.size() < std::min(kFew, most)) {
             words_->addNearMisses(text, typed, most, rows);
         }
     }

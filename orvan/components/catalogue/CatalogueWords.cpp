@@ -5,6 +5,7 @@
 #include "orvan/components/catalogue/SearchText.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -13,31 +14,21 @@ namespace orvan {
 namespace {
 
 constexpr std::size_t kMostCandidates = 1'000; ///< Entries that are read for one search, found or not.
-constexpr std::size_t kMostRows = 100;         ///< Entries that words add to a list: each is read from another page.
-constexpr std::size_t kMostCorrections = 64;
+constexpr std::size_t kMostRows = 50;          ///< Entries that words add to a list: each is read from another page.
+constexpr std::size_t kMostPieces = 4; ///< Those that the fewest entries have: more lists exclude few entries more.
+constexpr std::size_t kMostCorrections = 32;
 constexpr std::size_t kShortestCorrected = 4; ///< Characters; shorter words are near to too many others.
 constexpr std::size_t kLongestCorrected = 40;
+/// Bytes at the beginning of a word with digits of which none is taken for a wrong or missing one. There are very many
+/// such words, and the search would read one page for each letter that could stand there.
+constexpr std::size_t kCertainOfCode = 2;
 constexpr std::size_t kShortestCode = 3;
 constexpr std::size_t kShortestBarcode = 12;    ///< Digits: from here on, leading zeros do not count (UPC and EAN).
 constexpr const char* kAfterAll = "\U0010FFFF"; ///< Stands behind whatever continues a beginning.
 
-/// The index's query: the entries that have all pieces of one of the alternatives. Empty if one of them has no pieces.
-std::string queryFor(const std::vector<std::vector<std::string>>& alternatives)
+bool hasDigit(std::string_view word)
 {
-    std::string query;
-    for (const std::vector<std::string>& words : alternatives) {
-        std::string all;
-        for (const std::string& word : words) {
-            for (const std::string& piece : piecesOf(word)) {
-                all.append(all.empty() ? "\"" : " AND \"").append(piece).append("\"");
-            }
-        }
-        if (all.empty()) {
-            return {};
-        }
-        query.append(query.empty() ? "(" : " OR (").append(all).append(")");
-    }
-    return query;
+    return std::any_of(word.begin(), word.end(), isDigit);
 }
 
 std::string_view withoutZeros(std::string_view code)
@@ -59,9 +50,48 @@ struct CatalogueWords::Candidate {
 
 CatalogueWords::CatalogueWords(SqliteFile& file)
     : pieces_(file, "SELECT rowid FROM piece WHERE piece MATCH ?1 ORDER BY rowid"),
+      entries_(file, "SELECT entries FROM piece_entries WHERE piece = ?1"),
       product_(file, "SELECT item_id, name, part_num, barcode, note FROM product WHERE rank = ?1"),
-      word_(file, "SELECT word FROM word WHERE word >= ?1 ORDER BY word LIMIT 1")
+      word_(file, "SELECT word FROM word WHERE has_digits = ?1 AND word >= ?2 ORDER BY word LIMIT 1")
 {
+}
+
+std::vector<std::string> CatalogueWords::rarest(std::vector<std::string> pieces)
+{
+    std::vector<std::pair<std::int64_t, std::string>> counted;
+    for (std::string& piece : pieces) {
+        SqliteRows rows = entries_.query(std::string_view(piece));
+        if (!rows.next()) {
+            return {};
+        }
+        counted.emplace_back(rows.integer(0), std::move(piece));
+    }
+    std::sort(counted.begin(), counted.end());
+    pieces.clear();
+    for (std::size_t i = 0; i < counted.size() && i < kMostPieces; ++i) {
+        pieces.push_back(std::move(counted[i].second));
+    }
+    return pieces;
+}
+
+std::string CatalogueWords::queryFor(const std::vector<Words>& alternatives)
+{
+    std::string query;
+    for (const Words& words : alternatives) {
+        std::vector<std::string> pieces;
+        for (const std::string& word : words) {
+            std::vector<std::string> more = piecesOf(word);
+            pieces.insert(pieces.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+        }
+        std::string all;
+        for (const std::string& piece : rarest(std::move(pieces))) {
+            all.append(all.empty() ? "\"" : " AND \"").append(piece).append("\"");
+        }
+        if (!all.empty()) {
+            query.append(query.empty() ? "(" : " OR (").append(all).append(")");
+        }
+    }
+    return query;
 }
 
 template <class Take>
@@ -128,6 +158,9 @@ void CatalogueWords::addNearMisses(LookUpText text, std::string_view typed, std:
     const Words words = searchWords(typed);
     std::vector<Words> alternatives;
     for (std::size_t i = 0; i < words.size(); ++i) {
+        if (words.size() > 1 && wordFrom(hasDigit(words[i]), words[i]).starts_with(words[i])) {
+            continue; // of several words, the error is in one that the catalogue does not have
+        }
         for (std::string& correction : corrections(words[i])) {
             if (alternatives.size() < kMostCorrections) {
                 alternatives.push_back(words);
@@ -155,9 +188,9 @@ std::vector<std::int64_t> CatalogueWords::withCode(std::string_view typed)
     return found;
 }
 
-std::string CatalogueWords::wordFrom(std::string_view text)
+std::string CatalogueWords::wordFrom(bool hasDigits, std::string_view text)
 {
-    SqliteRows rows = word_.query(text);
+    SqliteRows rows = word_.query(std::int64_t{hasDigits}, text);
     return rows.next() ? std::string(rows.text(0)) : std::string();
 }
 
@@ -167,8 +200,9 @@ std::vector<std::string> CatalogueWords::corrections(const std::string& word)
     if (characterCount(word) < kShortestCorrected || word.size() > kLongestCorrected) {
         return found;
     }
+    const bool digits = hasDigit(word);
     const auto tryWord = [&](std::string near) {
-        if (near != word && !word.starts_with(near) && wordFrom(near).starts_with(near)) {
+        if (near != word && !word.starts_with(near) && wordFrom(digits, near).starts_with(near)) {
             found.push_back(std::move(near));
         }
     };
@@ -176,7 +210,7 @@ std::vector<std::string> CatalogueWords::corrections(const std::string& word)
         const std::string before = word.substr(0, at), rest = word.substr(at);
         const std::size_t size = characterSize(word, at);
         const std::string one = rest.substr(0, size), behind = rest.substr(size);
-        if (!wordFrom(before).starts_with(before)) {
+        if (!wordFrom(digits, before).starts_with(before)) {
             break; // no word begins so, and the error is before this place
         }
         tryWord(before + behind);
@@ -184,9 +218,12 @@ std::vector<std::string> CatalogueWords::corrections(const std::string& word)
             const std::size_t next = characterSize(behind, 0);
             tryWord(std::string(before).append(behind, 0, next).append(one).append(behind, next));
         }
+        if (digits && at < kCertainOfCode) {
+            continue;
+        }
         // The characters that follow `before` in the catalogue's words are those that can stand here.
         for (std::string from = before + '\1';;) {
-            const std::string next = wordFrom(from);
+            const std::string next = wordFrom(digits, from);
             if (!next.starts_with(before) || next.size() <= before.size()) {
                 break;
             }

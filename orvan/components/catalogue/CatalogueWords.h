@@ -39,10 +39,14 @@ private:
     void add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most, std::vector<LookUpRow>& rows);
     /// The beginnings of words in the catalogue that differ from the word by one typing error.
     [[nodiscard]] std::vector<std::string> corrections(const std::string& word);
-    /// The first word of the catalogue that is not before this text; empty if there is none.
-    [[nodiscard]] std::string wordFrom(std::string_view text);
+    /// The first word of the catalogue, with digits or without, that is not before this text; empty if there is none.
+    [[nodiscard]] std::string wordFrom(bool hasDigits, std::string_view text);
+    /// The index's query: the entries that have the pieces of one of the alternatives. Empty if one has no pieces.
+    [[nodiscard]] std::string queryFor(const std::vector<Words>& alternatives);
+    /// The pieces that the fewest entries have; none if no entry has one of them.
+    [[nodiscard]] std::vector<std::string> rarest(std::vector<std::string> pieces);
 
-    SqliteStatement pieces_, product_, word_;
+    SqliteStatement pieces_, entries_, product_, word_;
 };
 
 } // namespace orvan

@@ -66,7 +66,9 @@ CREATE TABLE crowded (
 CREATE VIRTUAL TABLE piece USING fts5(
     text, content = '', detail = none, columnsize = 0, tokenize = "ascii tokenchars '_'"
 );
-CREATE TABLE word (word TEXT PRIMARY KEY) WITHOUT ROWID;
+CREATE TABLE piece_entries (piece TEXT PRIMARY KEY, entries INTEGER) WITHOUT ROWID;
+CREATE VIRTUAL TABLE temp.piece_list USING fts5vocab(main, piece, row);
+CREATE TABLE word (has_digits INTEGER, word TEXT, PRIMARY KEY (has_digits, word)) WITHOUT ROWID;
 CREATE TABLE retired (item_id INTEGER PRIMARY KEY, id_key TEXT);
 CREATE TABLE origin (source TEXT, entries INTEGER, lineage TEXT, next_number INTEGER, language TEXT);
 )";
@@ -87,7 +89,8 @@ constexpr std::array kSteps = {
     "INSERT INTO name_start SELECT fold(name), rank FROM product WHERE name <> '' ORDER BY 1, 2",
     "INSERT INTO part_num_start SELECT fold(part_num), rank FROM part_num_order ORDER BY 1, 2",
     "INSERT INTO piece (rowid, text) SELECT rank, pieces(name, part_num, barcode, note) FROM product",
-    "INSERT INTO word SELECT DISTINCT word FROM gathered.word ORDER BY 1",
+    "INSERT INTO piece_entries SELECT term, doc FROM temp.piece_list",
+    "INSERT INTO word SELECT DISTINCT word GLOB '*[0-9]*', word FROM gathered.word ORDER BY 1, 2",
 };
 
 std::filesystem::path besides(const std::filesystem::path& file)

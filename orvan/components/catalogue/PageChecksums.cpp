@@ -137,28 +137,27 @@ int control(sqlite3_file* base, int operation, void* argument)
     return of(base).inner->pMethods->xFileControl(of(base).inner, operation, argument);
 }
 
-constexpr sqlite3_io_methods methods()
-{
-    sqlite3_io_methods all{};
-    all.iVersion = 1; // without shared memory and mapped pages, which would pass by the check
-    all.xClose = pass<&sqlite3_io_methods::xClose>;
-    all.xRead = readFile;
-    all.xWrite = writeFile;
-    all.xTruncate = pass<&sqlite3_io_methods::xTruncate, sqlite3_int64>;
-    all.xSync = pass<&sqlite3_io_methods::xSync, int>;
-    all.xFileSize = pass<&sqlite3_io_methods::xFileSize, sqlite3_int64*>;
-    all.xLock = pass<&sqlite3_io_methods::xLock, int>;
-    all.xUnlock = pass<&sqlite3_io_methods::xUnlock, int>;
-    all.xCheckReservedLock = pass<&sqlite3_io_methods::xCheckReservedLock, int*>;
-    all.xFileControl = control;
-    all.xSectorSize = [](sqlite3_file* file) { return of(file).inner->pMethods->xSectorSize(of(file).inner); };
-    all.xDeviceCharacteristics = [](sqlite3_file* file) {
-        return of(file).inner->pMethods->xDeviceCharacteristics(of(file).inner);
-    };
-    return all;
-}
-
-constexpr sqlite3_io_methods kMethods = methods();
+constexpr sqlite3_io_methods kMethods = {
+    1, // the version without shared memory and mapped pages, which would pass by the check
+    pass<&sqlite3_io_methods::xClose>,
+    readFile,
+    writeFile,
+    pass<&sqlite3_io_methods::xTruncate, sqlite3_int64>,
+    pass<&sqlite3_io_methods::xSync, int>,
+    pass<&sqlite3_io_methods::xFileSize, sqlite3_int64*>,
+    pass<&sqlite3_io_methods::xLock, int>,
+    pass<&sqlite3_io_methods::xUnlock, int>,
+    pass<&sqlite3_io_methods::xCheckReservedLock, int*>,
+    control,
+    [](sqlite3_file* file) { return of(file).inner->pMethods->xSectorSize(of(file).inner); },
+    [](sqlite3_file* file) { return of(file).inner->pMethods->xDeviceCharacteristics(of(file).inner); },
+    nullptr,
+    nullptr,
+    nullptr,
+    nullptr,
+    nullptr,
+    nullptr,
+};
 
 int openFile(sqlite3_vfs* system, const char* name, sqlite3_file* base, int flags, int* outFlags)
 {
