@@ -773,14 +773,6 @@ Saving would overwrite these changes.</source>
         <translation>لا يوجد اسم ولا رقم قطعة</translation>
     </message>
     <message>
-        <source>no column for the %1 (named: %2); the first line has %3</source>
-        <translation>لا يوجد عمود لـ«%1» (الاسم المحدد: %2)؛ في السطر الأول %3</translation>
-    </message>
-    <message>
-        <source>no column for the %1 (usual names: %2); the first line has %3</source>
-        <translation>لا يوجد عمود لـ«%1» (الأسماء المعتادة: %2)؛ في السطر الأول %3</translation>
-    </message>
-    <message>
         <source>no file is named</source>
         <translation>لم يُحدَّد أي ملف</translation>
     </message>
@@ -823,10 +815,6 @@ Saving would overwrite these changes.</source>
     <message>
         <source>the item id &quot;%1&quot; is in an earlier row, too</source>
         <translation>معرّف الصنف «%1» موجود أيضًا في صف سابق</translation>
-    </message>
-    <message>
-        <source>the item id &quot;%1&quot; is no whole number of 32 bits</source>
-        <translation>معرّف الصنف «%1» ليس عددًا صحيحًا من 32 بت</translation>
     </message>
     <message>
         <source>the record has more than 8 fields</source>
@@ -1000,6 +988,174 @@ Saving would overwrite these changes.</source>
         <source>Products</source>
         <translation>المنتجات</translation>
     </message>
+    <message>
+        <source>%1 fields where the header has %2</source>
+        <translation>%1 من الحقول، بينما في سطر العناوين %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1؛ %2</translation>
+    </message>
+    <message>
+        <source>%1; line %2 has %3</source>
+        <translation>%1؛ السطر %2 فيه %3</translation>
+    </message>
+    <message>
+        <source>a cell refers to text %1 of %2</source>
+        <translation>خلية تشير إلى النص %1 من %2</translation>
+    </message>
+    <message>
+        <source>a cell stands in no row</source>
+        <translation>خلية ليست في أي صف</translation>
+    </message>
+    <message>
+        <source>a tag in its part &quot;%1&quot; is too long</source>
+        <translation>وسم في جزئه «%1» أطول من اللازم</translation>
+    </message>
+    <message>
+        <source>a temporary file in &quot;%1&quot; cannot be used</source>
+        <translation>لا يمكن استخدام ملف مؤقت في «%1»</translation>
+    </message>
+    <message>
+        <source>barcode</source>
+        <translation>الباركود</translation>
+    </message>
+    <message>
+        <source>it has more than %1 columns</source>
+        <translation>فيه أكثر من %1 عمود</translation>
+    </message>
+    <message>
+        <source>it has no sheet &quot;%1&quot;; its sheets are %2</source>
+        <translation>ليس فيه ورقة «%1»؛ أوراقه هي %2</translation>
+    </message>
+    <message>
+        <source>it has no sheet</source>
+        <translation>ليس فيه أي ورقة</translation>
+    </message>
+    <message>
+        <source>it is a PDF file; ask for the list as .xlsx or CSV</source>
+        <translation>إنه ملف PDF؛ اطلب القائمة بصيغة ‎.xlsx أو CSV</translation>
+    </message>
+    <message>
+        <source>it is a ZIP file that is damaged or incomplete (%1)</source>
+        <translation>إنه ملف ZIP تالف أو ناقص (%1)</translation>
+    </message>
+    <message>
+        <source>it is a ZIP file, but no workbook (.xlsx)</source>
+        <translation>إنه ملف ZIP، لكنه ليس مصنفًا (‎.xlsx)</translation>
+    </message>
+    <message>
+        <source>it is a row of totals</source>
+        <translation>إنه صف مجاميع</translation>
+    </message>
+    <message>
+        <source>it is a web page or XML; open it in a spreadsheet and save it as .xlsx or CSV</source>
+        <translation>إنه صفحة ويب أو XML؛ افتحه في برنامج جداول واحفظه بصيغة ‎.xlsx أو CSV</translation>
+    </message>
+    <message>
+        <source>it is a workbook of an older form, or one with a password; save it as .xlsx or CSV</source>
+        <translation>إنه مصنف بصيغة أقدم أو محمي بكلمة مرور؛ احفظه بصيغة ‎.xlsx أو CSV</translation>
+    </message>
+    <message>
+        <source>it is no workbook (.xlsx); save it as .xlsx or CSV</source>
+        <translation>إنه ليس مصنفًا (‎.xlsx)؛ احفظه بصيغة ‎.xlsx أو CSV</translation>
+    </message>
+    <message>
+        <source>it repeats the names of the columns</source>
+        <translation>إنه يكرر أسماء الأعمدة</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; cannot be unpacked (%2)</source>
+        <translation>لا يمكن فك ضغط جزئه «%1» (%2)</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; declares a document type, as no workbook does</source>
+        <translation>جزؤه «%1» يصرّح بنوع مستند، ولا يفعل ذلك أي مصنف</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; is damaged (%2)</source>
+        <translation>جزؤه «%1» تالف (%2)</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; is missing</source>
+        <translation>جزؤه «%1» مفقود</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; unpacks to more than %2 times its size</source>
+        <translation>جزؤه «%1» يكبر عند فك الضغط أكثر من %2 مرة</translation>
+    </message>
+    <message>
+        <source>its row &quot;%1&quot; comes after row %2</source>
+        <translation>صفه «%1» يأتي بعد الصف %2</translation>
+    </message>
+    <message>
+        <source>its sheet &quot;%1&quot; is missing</source>
+        <translation>ورقته «%1» مفقودة</translation>
+    </message>
+    <message>
+        <source>its texts are too large to be kept in memory; save the list as CSV</source>
+        <translation>نصوصه أكبر من أن تُحفظ في الذاكرة؛ احفظ القائمة بصيغة CSV</translation>
+    </message>
+    <message>
+        <source>line %1 has no names of columns</source>
+        <translation>السطر %1 ليس فيه أسماء أعمدة</translation>
+    </message>
+    <message>
+        <source>line %1 of its part &quot;%2&quot; is no XML (%3)</source>
+        <translation>السطر %1 من جزئه «%2» ليس XML (%3)</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (named: %2)</source>
+        <translation>لا عمود لـ %1 (المسمّى: %2)</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (usual names: %2)</source>
+        <translation>لا عمود لـ %1 (الأسماء المعتادة: %2)</translation>
+    </message>
+    <message>
+        <source>nothing stands in it</source>
+        <translation>لا شيء فيه</translation>
+    </message>
+    <message>
+        <source>one of its texts has more than a megabyte</source>
+        <translation>أحد نصوصه أكبر من ميغابايت</translation>
+    </message>
+    <message>
+        <source>row %1 has a cell with the wrong place &quot;%2&quot;</source>
+        <translation>الصف %1 فيه خلية بموضع خاطئ «%2»</translation>
+    </message>
+    <message>
+        <source>row %1 has more than a megabyte</source>
+        <translation>الصف %1 أكبر من ميغابايت</translation>
+    </message>
+    <message>
+        <source>text that is not %1</source>
+        <translation>نص ليس بترميز %1</translation>
+    </message>
+    <message>
+        <source>the barcode &quot;%1&quot; has lost its last digits in a spreadsheet</source>
+        <translation>الباركود «%1» فقد أرقامه الأخيرة في برنامج جداول</translation>
+    </message>
+    <message>
+        <source>the elements of its part &quot;%1&quot; are nested too deeply</source>
+        <translation>عناصر جزئه «%1» متداخلة بعمق زائد</translation>
+    </message>
+    <message>
+        <source>the folder for temporary files, &quot;%1&quot;, is full</source>
+        <translation>مجلد الملفات المؤقتة «%1» ممتلئ</translation>
+    </message>
+    <message>
+        <source>the unit price &quot;%1&quot; is negative</source>
+        <translation>سعر الوحدة «%1» سالب</translation>
+    </message>
+    <message>
+        <source>there is no encoding &quot;%1&quot;</source>
+        <translation>لا يوجد ترميز «%1»</translation>
+    </message>
+    <message>
+        <source>workbooks cannot be read, because a part of this program is missing (%1); save the list as CSV</source>
+        <translation>لا يمكن قراءة المصنفات لأن جزءًا من هذا البرنامج مفقود (%1)؛ احفظ القائمة بصيغة CSV</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -1099,10 +1255,6 @@ The same command brings the other one back.</source>
         <translation>استيراد قائمة أسعار</translation>
     </message>
     <message>
-        <source>Price lists (*.csv *.tsv *.txt);;All files (*)</source>
-        <translation>قوائم الأسعار (*.csv *.tsv *.txt);;كل الملفات (*)</translation>
-    </message>
-    <message>
         <source>Replace it with the products of “%1”?</source>
         <translation>هل تريد استبداله بمنتجات «%1»؟</translation>
     </message>
@@ -1145,10 +1297,6 @@ The same command brings the other one back.</source>
         </translation>
     </message>
     <message>
-        <source>The prices of this list can be read in two ways. What does “%1” mean?</source>
-        <translation>يمكن قراءة أسعار هذه القائمة بطريقتين. ماذا تعني «%1»؟</translation>
-    </message>
-    <message>
         <source>Line %1: %2</source>
         <translation>السطر %1: %2</translation>
     </message>
@@ -1185,6 +1333,29 @@ The catalogue was not changed.</source>
         <translation>
 
 لم يتغير الكتالوج.</translation>
+    </message>
+    <message>
+        <source>Price lists (*.csv *.tsv *.txt *.xlsx);;All files (*)</source>
+        <translation>قوائم الأسعار (*.csv *.tsv *.txt *.xlsx);;كل الملفات (*)</translation>
+    </message>
+    <message>
+        <source>%1 without a price.</source>
+        <translation>%1 بلا سعر.</translation>
+    </message>
+    <message>
+        <source>1 row with errors was left out.</source>
+        <translation>تُجوهل صف واحد به أخطاء.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln rows with errors were left out.</source>
+        <translation>
+            <numerusform>تُجوهل %Ln صف به أخطاء.</numerusform>
+            <numerusform>تُجوهل %Ln صف به أخطاء.</numerusform>
+            <numerusform>تُجوهل صفّان بهما أخطاء (%Ln).</numerusform>
+            <numerusform>تُجوهلت %Ln صفوف بها أخطاء.</numerusform>
+            <numerusform>تُجوهل %Ln صفًا به أخطاء.</numerusform>
+            <numerusform>تُجوهل %Ln صف به أخطاء.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1763,6 +1934,239 @@ Changed: %3.</source>
     <message>
         <source>The currency could not be changed.</source>
         <translation>تعذّر تغيير العملة.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::PriceListDialog</name>
+    <message>
+        <source>1 row</source>
+        <translation>صف واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln rows</source>
+        <translation>
+            <numerusform>%Ln صف</numerusform>
+            <numerusform>%Ln صف</numerusform>
+            <numerusform>صفّان (%Ln)</numerusform>
+            <numerusform>%Ln صفوف</numerusform>
+            <numerusform>%Ln صفًا</numerusform>
+            <numerusform>%Ln صف</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 product</source>
+        <translation>منتج واحد</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln products</source>
+        <translation>
+            <numerusform>%Ln منتج</numerusform>
+            <numerusform>%Ln منتج</numerusform>
+            <numerusform>منتجان (%Ln)</numerusform>
+            <numerusform>%Ln منتجات</numerusform>
+            <numerusform>%Ln منتجًا</numerusform>
+            <numerusform>%Ln منتج</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unicode (UTF-8)</source>
+        <translation>يونيكود (UTF-8)</translation>
+    </message>
+    <message>
+        <source>Unicode (UTF-16)</source>
+        <translation>يونيكود (UTF-16)</translation>
+    </message>
+    <message>
+        <source>Western Europe (Windows-1252)</source>
+        <translation>غرب أوروبا (Windows-1252)</translation>
+    </message>
+    <message>
+        <source>Central Europe (Windows-1250)</source>
+        <translation>وسط أوروبا (Windows-1250)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Windows-1251)</source>
+        <translation>السيريلية (Windows-1251)</translation>
+    </message>
+    <message>
+        <source>Greek (Windows-1253)</source>
+        <translation>اليونانية (Windows-1253)</translation>
+    </message>
+    <message>
+        <source>Turkish (Windows-1254)</source>
+        <translation>التركية (Windows-1254)</translation>
+    </message>
+    <message>
+        <source>Central Europe (ISO 8859-2)</source>
+        <translation>وسط أوروبا (ISO 8859-2)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (ISO 8859-5)</source>
+        <translation>السيريلية (ISO 8859-5)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (KOI8-R)</source>
+        <translation>السيريلية (KOI8-R)</translation>
+    </message>
+    <message>
+        <source>Western Europe (DOS)</source>
+        <translation>غرب أوروبا (DOS)</translation>
+    </message>
+    <message>
+        <source>Import Price List “%1”</source>
+        <translation>استيراد قائمة الأسعار «%1»</translation>
+    </message>
+    <message>
+        <source>What was understood of the list</source>
+        <translation>ما فُهم من القائمة</translation>
+    </message>
+    <message>
+        <source>Rows that cannot be imported</source>
+        <translation>صفوف لا يمكن استيرادها</translation>
+    </message>
+    <message>
+        <source>&amp;Leave out the rows that have errors</source>
+        <translation>تجاهل الصفوف التي بها أخطاء (&amp;ج)</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>لا شيء</translation>
+    </message>
+    <message>
+        <source>&amp;Sheet</source>
+        <translation>الورقة (&amp;و)</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding</source>
+        <translation>الترميز (&amp;ت)</translation>
+    </message>
+    <message>
+        <source>&amp;Separator</source>
+        <translation>الفاصل (&amp;ف)</translation>
+    </message>
+    <message>
+        <source>&amp;Decimals</source>
+        <translation>الفاصلة العشرية (&amp;ع)</translation>
+    </message>
+    <message>
+        <source>Line with the &amp;names of the columns</source>
+        <translation>سطر أسماء الأعمدة (&amp;س)</translation>
+    </message>
+    <message>
+        <source>First line with a &amp;product</source>
+        <translation>أول سطر فيه منتج (&amp;ن)</translation>
+    </message>
+    <message>
+        <source>Choose above which column has the name or the part number.</source>
+        <translation>اختر أعلاه العمود الذي فيه الاسم أو رقم القطعة.</translation>
+    </message>
+    <message>
+        <source>Prices such as “%1” can be read in two ways. Choose the decimals above.</source>
+        <translation>أسعار مثل «%1» تُقرأ على وجهين. اختر الفاصلة العشرية أعلاه.</translation>
+    </message>
+    <message>
+        <source>The list has no products to import.</source>
+        <translation>ليس في القائمة منتجات للاستيراد.</translation>
+    </message>
+    <message>
+        <source>Nothing can be imported, because of errors in %1.</source>
+        <translation>لا يمكن استيراد شيء بسبب أخطاء: %1.</translation>
+    </message>
+    <message>
+        <source>%1 understood.</source>
+        <translation>فُهم: %1.</translation>
+    </message>
+    <message>
+        <source>More than %1 understood.</source>
+        <translation>فُهم أكثر من %1.</translation>
+    </message>
+    <message>
+        <source>No column has the unit price.</source>
+        <translation>لا عمود فيه سعر الوحدة.</translation>
+    </message>
+    <message>
+        <source>%1 without a price.</source>
+        <translation>%1 بلا سعر.</translation>
+    </message>
+    <message>
+        <source>No column has the part number.</source>
+        <translation>لا عمود فيه رقم القطعة.</translation>
+    </message>
+    <message>
+        <source>No column has the name.</source>
+        <translation>لا عمود فيه الاسم.</translation>
+    </message>
+    <message>
+        <source>%1 left out because of errors.</source>
+        <translation>تُجوهل بسبب أخطاء: %1.</translation>
+    </message>
+    <message>
+        <source>%1 skipped: blank, repeated headers, totals.</source>
+        <translation>تُخطّي %1: فارغة أو عناوين مكررة أو مجاميع.</translation>
+    </message>
+    <message>
+        <source>Line %L1: %2</source>
+        <translation>السطر %L1: %2</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>و%1 أخرى</translation>
+    </message>
+    <message>
+        <source>&amp;Import %1</source>
+        <translation>استيراد %1 (&amp;ا)</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>استيراد (&amp;ا)</translation>
+    </message>
+    <message>
+        <source>Item id</source>
+        <translation>المعرّف</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>الاسم</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>المفتاح</translation>
+    </message>
+    <message>
+        <source>Part number</source>
+        <translation>رقم القطعة</translation>
+    </message>
+    <message>
+        <source>Barcode</source>
+        <translation>الباركود</translation>
+    </message>
+    <message>
+        <source>Unit price</source>
+        <translation>سعر الوحدة</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>ملاحظة</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>السطر</translation>
+    </message>
+    <message>
+        <source>Column %L1</source>
+        <translation>العمود %L1</translation>
+    </message>
+    <message>
+        <source>%L1 !</source>
+        <translation>%L1 !</translation>
+    </message>
+    <message>
+        <source>(not imported)</source>
+        <translation>(لا يُستورد)</translation>
+    </message>
+    <message>
+        <source>What column %L1 has</source>
+        <translation>ما في العمود %L1</translation>
     </message>
 </context>
 <context>

@@ -773,14 +773,6 @@ Speichern würde diese Änderungen überschreiben.</translation>
         <translation>weder Name noch Artikelnummer</translation>
     </message>
     <message>
-        <source>no column for the %1 (named: %2); the first line has %3</source>
-        <translation>keine Spalte für „%1“ (angegeben: %2); die erste Zeile hat %3</translation>
-    </message>
-    <message>
-        <source>no column for the %1 (usual names: %2); the first line has %3</source>
-        <translation>keine Spalte für „%1“ (übliche Namen: %2); die erste Zeile hat %3</translation>
-    </message>
-    <message>
         <source>no file is named</source>
         <translation>es ist keine Datei angegeben</translation>
     </message>
@@ -823,10 +815,6 @@ Speichern würde diese Änderungen überschreiben.</translation>
     <message>
         <source>the item id &quot;%1&quot; is in an earlier row, too</source>
         <translation>die Artikel-ID „%1“ steht auch in einer früheren Zeile</translation>
-    </message>
-    <message>
-        <source>the item id &quot;%1&quot; is no whole number of 32 bits</source>
-        <translation>die Artikel-ID „%1“ ist keine ganze Zahl mit 32 Bit</translation>
     </message>
     <message>
         <source>the record has more than 8 fields</source>
@@ -984,6 +972,174 @@ Speichern würde diese Änderungen überschreiben.</translation>
         <source>Products</source>
         <translation>Artikel</translation>
     </message>
+    <message>
+        <source>%1 fields where the header has %2</source>
+        <translation>%1 Felder, wo die Kopfzeile %2 hat</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>%1; line %2 has %3</source>
+        <translation>%1; Zeile %2 hat %3</translation>
+    </message>
+    <message>
+        <source>a cell refers to text %1 of %2</source>
+        <translation>eine Zelle verweist auf den Text %1 von %2</translation>
+    </message>
+    <message>
+        <source>a cell stands in no row</source>
+        <translation>eine Zelle steht in keiner Zeile</translation>
+    </message>
+    <message>
+        <source>a tag in its part &quot;%1&quot; is too long</source>
+        <translation>eine Marke in ihrem Teil „%1“ ist zu lang</translation>
+    </message>
+    <message>
+        <source>a temporary file in &quot;%1&quot; cannot be used</source>
+        <translation>eine temporäre Datei in „%1“ kann nicht benutzt werden</translation>
+    </message>
+    <message>
+        <source>barcode</source>
+        <translation>Strichcode</translation>
+    </message>
+    <message>
+        <source>it has more than %1 columns</source>
+        <translation>sie hat mehr als %1 Spalten</translation>
+    </message>
+    <message>
+        <source>it has no sheet &quot;%1&quot;; its sheets are %2</source>
+        <translation>sie hat kein Tabellenblatt „%1“; ihre Blätter sind %2</translation>
+    </message>
+    <message>
+        <source>it has no sheet</source>
+        <translation>sie hat kein Tabellenblatt</translation>
+    </message>
+    <message>
+        <source>it is a PDF file; ask for the list as .xlsx or CSV</source>
+        <translation>sie ist eine PDF-Datei; bitten Sie um die Liste als .xlsx oder CSV</translation>
+    </message>
+    <message>
+        <source>it is a ZIP file that is damaged or incomplete (%1)</source>
+        <translation>sie ist eine ZIP-Datei, die beschädigt oder unvollständig ist (%1)</translation>
+    </message>
+    <message>
+        <source>it is a ZIP file, but no workbook (.xlsx)</source>
+        <translation>sie ist eine ZIP-Datei, aber keine Arbeitsmappe (.xlsx)</translation>
+    </message>
+    <message>
+        <source>it is a row of totals</source>
+        <translation>sie ist eine Summenzeile</translation>
+    </message>
+    <message>
+        <source>it is a web page or XML; open it in a spreadsheet and save it as .xlsx or CSV</source>
+        <translation>sie ist eine Webseite oder XML; öffnen Sie sie in einer Tabellenkalkulation und speichern Sie sie als .xlsx oder CSV</translation>
+    </message>
+    <message>
+        <source>it is a workbook of an older form, or one with a password; save it as .xlsx or CSV</source>
+        <translation>sie ist eine Arbeitsmappe einer älteren Form oder eine mit Kennwort; speichern Sie sie als .xlsx oder CSV</translation>
+    </message>
+    <message>
+        <source>it is no workbook (.xlsx); save it as .xlsx or CSV</source>
+        <translation>sie ist keine Arbeitsmappe (.xlsx); speichern Sie sie als .xlsx oder CSV</translation>
+    </message>
+    <message>
+        <source>it repeats the names of the columns</source>
+        <translation>sie wiederholt die Namen der Spalten</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; cannot be unpacked (%2)</source>
+        <translation>ihr Teil „%1“ kann nicht entpackt werden (%2)</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; declares a document type, as no workbook does</source>
+        <translation>ihr Teil „%1“ vereinbart einen Dokumenttyp, was keine Arbeitsmappe tut</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; is damaged (%2)</source>
+        <translation>ihr Teil „%1“ ist beschädigt (%2)</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; is missing</source>
+        <translation>ihr Teil „%1“ fehlt</translation>
+    </message>
+    <message>
+        <source>its part &quot;%1&quot; unpacks to more than %2 times its size</source>
+        <translation>ihr Teil „%1“ wird beim Entpacken mehr als %2-mal so groß</translation>
+    </message>
+    <message>
+        <source>its row &quot;%1&quot; comes after row %2</source>
+        <translation>ihre Zeile „%1“ steht nach der Zeile %2</translation>
+    </message>
+    <message>
+        <source>its sheet &quot;%1&quot; is missing</source>
+        <translation>ihr Tabellenblatt „%1“ fehlt</translation>
+    </message>
+    <message>
+        <source>its texts are too large to be kept in memory; save the list as CSV</source>
+        <translation>ihre Texte sind zu groß für den Arbeitsspeicher; speichern Sie die Liste als CSV</translation>
+    </message>
+    <message>
+        <source>line %1 has no names of columns</source>
+        <translation>Zeile %1 hat keine Namen von Spalten</translation>
+    </message>
+    <message>
+        <source>line %1 of its part &quot;%2&quot; is no XML (%3)</source>
+        <translation>Zeile %1 ihres Teils „%2“ ist kein XML (%3)</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (named: %2)</source>
+        <translation>keine Spalte für %1 (genannt: %2)</translation>
+    </message>
+    <message>
+        <source>no column for the %1 (usual names: %2)</source>
+        <translation>keine Spalte für %1 (übliche Namen: %2)</translation>
+    </message>
+    <message>
+        <source>nothing stands in it</source>
+        <translation>in ihr steht nichts</translation>
+    </message>
+    <message>
+        <source>one of its texts has more than a megabyte</source>
+        <translation>einer ihrer Texte hat mehr als ein Megabyte</translation>
+    </message>
+    <message>
+        <source>row %1 has a cell with the wrong place &quot;%2&quot;</source>
+        <translation>Zeile %1 hat eine Zelle mit dem falschen Platz „%2“</translation>
+    </message>
+    <message>
+        <source>row %1 has more than a megabyte</source>
+        <translation>Zeile %1 hat mehr als ein Megabyte</translation>
+    </message>
+    <message>
+        <source>text that is not %1</source>
+        <translation>Text, der nicht %1 ist</translation>
+    </message>
+    <message>
+        <source>the barcode &quot;%1&quot; has lost its last digits in a spreadsheet</source>
+        <translation>der Strichcode „%1“ hat seine letzten Ziffern in einer Tabellenkalkulation verloren</translation>
+    </message>
+    <message>
+        <source>the elements of its part &quot;%1&quot; are nested too deeply</source>
+        <translation>die Elemente ihres Teils „%1“ sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>the folder for temporary files, &quot;%1&quot;, is full</source>
+        <translation>der Ordner für temporäre Dateien, „%1“, ist voll</translation>
+    </message>
+    <message>
+        <source>the unit price &quot;%1&quot; is negative</source>
+        <translation>der Einzelpreis „%1“ ist negativ</translation>
+    </message>
+    <message>
+        <source>there is no encoding &quot;%1&quot;</source>
+        <translation>es gibt keine Zeichencodierung „%1“</translation>
+    </message>
+    <message>
+        <source>workbooks cannot be read, because a part of this program is missing (%1); save the list as CSV</source>
+        <translation>Arbeitsmappen können nicht gelesen werden, weil ein Teil dieses Programms fehlt (%1); speichern Sie die Liste als CSV</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -1079,10 +1235,6 @@ Derselbe Befehl bringt den anderen zurück.</translation>
         <translation>Preisliste importieren</translation>
     </message>
     <message>
-        <source>Price lists (*.csv *.tsv *.txt);;All files (*)</source>
-        <translation>Preislisten (*.csv *.tsv *.txt);;Alle Dateien (*)</translation>
-    </message>
-    <message>
         <source>Replace it with the products of “%1”?</source>
         <translation>Möchten Sie ihn durch die Artikel aus „%1“ ersetzen?</translation>
     </message>
@@ -1117,10 +1269,6 @@ Derselbe Befehl bringt den anderen zurück.</translation>
         </translation>
     </message>
     <message>
-        <source>The prices of this list can be read in two ways. What does “%1” mean?</source>
-        <translation>Die Preise dieser Liste lassen sich auf zwei Arten lesen. Was bedeutet „%1“?</translation>
-    </message>
-    <message>
         <source>Line %1: %2</source>
         <translation>Zeile %1: %2</translation>
     </message>
@@ -1149,6 +1297,25 @@ The catalogue was not changed.</source>
         <translation>
 
 Der Katalog wurde nicht geändert.</translation>
+    </message>
+    <message>
+        <source>Price lists (*.csv *.tsv *.txt *.xlsx);;All files (*)</source>
+        <translation>Preislisten (*.csv *.tsv *.txt *.xlsx);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1 without a price.</source>
+        <translation>%1 ohne Preis.</translation>
+    </message>
+    <message>
+        <source>1 row with errors was left out.</source>
+        <translation>1 Zeile mit Fehlern wurde ausgelassen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln rows with errors were left out.</source>
+        <translation>
+            <numerusform>%Ln Zeile mit Fehlern wurde ausgelassen.</numerusform>
+            <numerusform>%Ln Zeilen mit Fehlern wurden ausgelassen.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1711,6 +1878,231 @@ Geändert: %3.</translation>
     <message>
         <source>The currency could not be changed.</source>
         <translation>Die Währung konnte nicht geändert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::PriceListDialog</name>
+    <message>
+        <source>1 row</source>
+        <translation>1 Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln rows</source>
+        <translation>
+            <numerusform>%Ln Zeile</numerusform>
+            <numerusform>%Ln Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 product</source>
+        <translation>1 Artikel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln products</source>
+        <translation>
+            <numerusform>%Ln Artikel</numerusform>
+            <numerusform>%Ln Artikel</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unicode (UTF-8)</source>
+        <translation>Unicode (UTF-8)</translation>
+    </message>
+    <message>
+        <source>Unicode (UTF-16)</source>
+        <translation>Unicode (UTF-16)</translation>
+    </message>
+    <message>
+        <source>Western Europe (Windows-1252)</source>
+        <translation>Westeuropa (Windows-1252)</translation>
+    </message>
+    <message>
+        <source>Central Europe (Windows-1250)</source>
+        <translation>Mitteleuropa (Windows-1250)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Windows-1251)</source>
+        <translation>Kyrillisch (Windows-1251)</translation>
+    </message>
+    <message>
+        <source>Greek (Windows-1253)</source>
+        <translation>Griechisch (Windows-1253)</translation>
+    </message>
+    <message>
+        <source>Turkish (Windows-1254)</source>
+        <translation>Türkisch (Windows-1254)</translation>
+    </message>
+    <message>
+        <source>Central Europe (ISO 8859-2)</source>
+        <translation>Mitteleuropa (ISO 8859-2)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (ISO 8859-5)</source>
+        <translation>Kyrillisch (ISO 8859-5)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (KOI8-R)</source>
+        <translation>Kyrillisch (KOI8-R)</translation>
+    </message>
+    <message>
+        <source>Western Europe (DOS)</source>
+        <translation>Westeuropa (DOS)</translation>
+    </message>
+    <message>
+        <source>Import Price List “%1”</source>
+        <translation>Preisliste „%1“ importieren</translation>
+    </message>
+    <message>
+        <source>What was understood of the list</source>
+        <translation>Was von der Liste verstanden wurde</translation>
+    </message>
+    <message>
+        <source>Rows that cannot be imported</source>
+        <translation>Zeilen, die nicht importiert werden können</translation>
+    </message>
+    <message>
+        <source>&amp;Leave out the rows that have errors</source>
+        <translation>Zeilen mit &amp;Fehlern auslassen</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>&amp;Sheet</source>
+        <translation>&amp;Tabellenblatt</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding</source>
+        <translation>&amp;Zeichencodierung</translation>
+    </message>
+    <message>
+        <source>&amp;Separator</source>
+        <translation>T&amp;rennzeichen</translation>
+    </message>
+    <message>
+        <source>&amp;Decimals</source>
+        <translation>&amp;Dezimalzeichen</translation>
+    </message>
+    <message>
+        <source>Line with the &amp;names of the columns</source>
+        <translation>Zeile mit den Spalten&amp;namen</translation>
+    </message>
+    <message>
+        <source>First line with a &amp;product</source>
+        <translation>Erste Zeile mit einem Artike&amp;l</translation>
+    </message>
+    <message>
+        <source>Choose above which column has the name or the part number.</source>
+        <translation>Wählen Sie oben, welche Spalte den Namen oder die Artikelnummer hat.</translation>
+    </message>
+    <message>
+        <source>Prices such as “%1” can be read in two ways. Choose the decimals above.</source>
+        <translation>Preise wie „%1“ können auf zwei Arten gelesen werden. Wählen Sie oben das Dezimalzeichen.</translation>
+    </message>
+    <message>
+        <source>The list has no products to import.</source>
+        <translation>Die Liste hat keine Artikel, die importiert werden können.</translation>
+    </message>
+    <message>
+        <source>Nothing can be imported, because of errors in %1.</source>
+        <translation>Wegen Fehlern kann nichts importiert werden: %1.</translation>
+    </message>
+    <message>
+        <source>%1 understood.</source>
+        <translation>%1 verstanden.</translation>
+    </message>
+    <message>
+        <source>More than %1 understood.</source>
+        <translation>Mehr als %1 verstanden.</translation>
+    </message>
+    <message>
+        <source>No column has the unit price.</source>
+        <translation>Keine Spalte hat den Einzelpreis.</translation>
+    </message>
+    <message>
+        <source>%1 without a price.</source>
+        <translation>%1 ohne Preis.</translation>
+    </message>
+    <message>
+        <source>No column has the part number.</source>
+        <translation>Keine Spalte hat die Artikelnummer.</translation>
+    </message>
+    <message>
+        <source>No column has the name.</source>
+        <translation>Keine Spalte hat den Namen.</translation>
+    </message>
+    <message>
+        <source>%1 left out because of errors.</source>
+        <translation>%1 wegen Fehlern ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%1 skipped: blank, repeated headers, totals.</source>
+        <translation>%1 übersprungen: leere, wiederholte Kopfzeilen, Summen.</translation>
+    </message>
+    <message>
+        <source>Line %L1: %2</source>
+        <translation>Zeile %L1: %2</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 mehr</translation>
+    </message>
+    <message>
+        <source>&amp;Import %1</source>
+        <translation>%1 &amp;importieren</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>&amp;Importieren</translation>
+    </message>
+    <message>
+        <source>Item id</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>Part number</source>
+        <translation>Artikelnummer</translation>
+    </message>
+    <message>
+        <source>Barcode</source>
+        <translation>Strichcode</translation>
+    </message>
+    <message>
+        <source>Unit price</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Column %L1</source>
+        <translation>Spalte %L1</translation>
+    </message>
+    <message>
+        <source>%L1 !</source>
+        <translation>%L1 !</translation>
+    </message>
+    <message>
+        <source>(not imported)</source>
+        <translation>(nicht importiert)</translation>
+    </message>
+    <message>
+        <source>What column %L1 has</source>
+        <translation>Was die Spalte %L1 hat</translation>
     </message>
 </context>
 <context>
