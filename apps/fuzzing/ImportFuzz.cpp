@@ -7,10 +7,14 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/Catalogue.h"
+#include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/components/catalogue/ImportRun.h"
 
 #include <map>
+#include <optional>
+#include <set>
 #include <sstream>
+#include <tuple>
 
 namespace orvan::fuzz {
 namespace {
@@ -27,9 +31,9 @@ struct PlainImport {
     bool readable = false;
     char decimal = '.';
     bool ambiguous = false;
-    bool plainPrices = true;            ///< It knows what all prices mean.
-    std::vector<std::uint64_t> refused; ///< The lines.
-    std::map<std::int32_t, PlainEntry> entries;
+    bool plainPrices = true;                   ///< It knows what all prices mean.
+    std::vector<std::uint64_t> refused;        ///< The lines.
+    std::map<std::string, PlainEntry> entries; ///< By their own ids, or else by their rows.
 };
 
 bool isPlainUtf8(const std::string& text)
@@ -165,14 +169,14 @@ void readRows(PlainImport& import, const std::vector<PlainRecord>& records, cons
             import.refused.push_back(records[row].line);
             continue;
         }
-        const PlainEntry entry{field(columns.name), field(columns.key), field(columns.partNum), field(columns.note),
+        const PlainEntry entry{field(columns.name), field(columns.key),
+                               std::string(withoutBlanks(field(columns.partNum))), field(columns.note),
                                readPlainPrice(field(columns.price), import.decimal)};
-        const bool goodPrice = entry.unitPrice || field(columns.price).empty();
+        const bool goodPrice = entry.unitPrice ? *entry.unitPrice >= 0 : withoutBlanks(field(columns.price)).empty();
         import.plainPrices = import.plainPrices && isPlainPrice(field(columns.price));
-        const std::string ownId = field(columns.id);
+        const std::string ownId(withoutBlanks(field(columns.id)));
         const auto number = readPlainId(ownId);
-        const auto id =
-            number.value_or(0) != 0 ? *number : static_cast<std::int32_t>(row) + (ownId.empty() ? 0 : 1'000'000'000);
+        const std::string id = ownId.empty() ? "row " + std::to_string(row) : number ? std::to_string(*number) : ownId;
         if ((entry.name + entry.partNum).empty() || !isPlainUtf8(entry.name) || !isPlainUtf8(entry.key) ||
             !isPlainUtf8(entry.partNum) || !isPlainUtf8(entry.note) || !isPlainUtf8(ownId) || !goodPrice ||
             !import.entries.emplace(id, entry).second) {
@@ -219,40 +223,40 @@ PlainImport readPlainly(const std::vector<PlainRecord>& records, char decimal)
     return import;
 }
 
-/// The rows that a list has for a typed text, or all of them, in their order.
-std::vector<std::pair<std::int64_t, std::string>> plainRows(const PlainImport& import, std::string PlainEntry::*text,
-                                                            const std::string& typed)
+/// The rows that a list has for a typed text, or all of them.
+std::multiset<std::string> plainRows(const PlainImport& import, std::string PlainEntry::*text, const std::string& typed)
 {
-    using Row = std::tuple<bool, std::string, std::string, std::int64_t>;
-    std::vector<Row> found;
+    std::multiset<std::string> rows;
     for (const auto& [id, entry] : import.entries) {
-        const std::string& own = entry.*text;
-        const bool exact = !typed.empty() && own.starts_with(typed);
-        if (!own.empty() && foldCase(own).starts_with(foldCase(typed))) {
-            found.emplace_back(!exact, exact ? "" : foldCase(own), own, id);
+        if (const std::string& own = entry.*text; !own.empty() && foldCase(own).starts_with(foldCase(typed))) {
+            rows.insert(own);
         }
-    }
-    std::sort(found.begin(), found.end());
-    std::vector<std::pair<std::int64_t, std::string>> rows;
-    rows.reserve(found.size());
-    for (const auto& [folded, key, own, id] : found) {
-        rows.emplace_back(id, own);
     }
     return rows;
 }
 
+/// The order of a language is not checked, but that no match is missing and each is there once; what has the typed text
+/// elsewhere stands behind.
 void compareRows(const LookUpList& shown, const PlainImport& import, std::string PlainEntry::*text,
                  const std::string& typed)
 {
-    const auto expected = plainRows(import, text, typed);
+    std::multiset<std::string> expected = plainRows(import, text, typed);
     const std::vector<LookUpRow> rows = shown.value_or(std::vector<LookUpRow>());
-    require(rows.size() == std::min<std::size_t>(expected.size(), typed.empty() ? 1000 : 250), "no match is missing");
-    require(rows.empty() || rows[0].text.starts_with(typed), "the first row begins with the typed text");
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        require(rows[i].itemId == expected[i].first, "the matches are in order");
-        require(i == 0 || rows[i].text == expected[i].second, "each row has its entry's text");
-        require(foldCase(rows[i].text) == foldCase(expected[i].second),
-                "the first row has its entry's text, too, except for capitals");
+    const std::size_t matches = std::min<std::size_t>(expected.size(), typed.empty() ? 1000 : 250);
+    if (matches == 0) {
+        require(rows.empty() || rows[0].text == typed, "nothing begins so, but the text may be a code");
+        return;
+    }
+    require(rows.size() >= matches, "no match is missing");
+    require(foldCase(rows[0].text).starts_with(foldCase(typed)), "the first row begins with the typed text");
+    for (std::size_t i = 0; i < matches; ++i) {
+        // The first row may have the capitals of the typed text.
+        const auto own = i > 0 ? expected.find(rows[i].text)
+                               : std::find_if(expected.begin(), expected.end(), [&](const std::string& each) {
+                                     return foldCase(each) == foldCase(rows[0].text);
+                                 });
+        require(own != expected.end(), "the matches come first, and each once");
+        expected.erase(own);
     }
 }
 
@@ -260,15 +264,21 @@ void checkCatalogue(const PlainImport& import, const std::string& file)
 {
     SqliteCatalogue catalogue({.file = file});
     const auto text = [&](std::int32_t column) { return std::get<std::string>(catalogue.GetFieldValue(column)); };
+    using Values = std::tuple<std::string, std::string, std::string, std::string, std::optional<std::int64_t>>;
+    std::multiset<Values> expected, found;
     for (const auto& [id, entry] : import.entries) {
-        catalogue.SeekItem(id);
-        require(!catalogue.IsEOF(), "each entry is found");
-        require(text(3) == entry.name && text(4) == entry.key && text(5) == entry.partNum && text(7) == entry.note,
-                "the entry's texts");
-        const LookUpValue price = catalogue.GetFieldValue(6);
-        require(entry.unitPrice ? price == LookUpValue(Currency::fromScaled(*entry.unitPrice)) : price == LookUpValue(),
-                "the entry's price");
+        expected.insert({entry.name, entry.key, entry.partNum, entry.note, entry.unitPrice});
     }
+    SqliteFile opened = openCatalogue(file);
+    SqliteStatement numbers(opened, "SELECT item_id FROM product");
+    for (SqliteRows rows = numbers.query(); rows.next();) {
+        catalogue.SeekItem(static_cast<std::int32_t>(rows.integer(0)));
+        require(!catalogue.IsEOF(), "each entry is found");
+        const LookUpValue price = catalogue.GetFieldValue(6);
+        const auto* const amount = std::get_if<Currency>(&price);
+        found.insert({text(3), text(4), text(5), text(7), amount ? std::optional(amount->scaled()) : std::nullopt});
+    }
+    require(found == expected, "the entries are those of the list");
     compareRows(catalogue.GetProductNameList("", true), import, &PlainEntry::name, "");
     compareRows(catalogue.GetPartNumList("", true), import, &PlainEntry::partNum, "");
     std::string typed = import.entries.begin()->second.name.substr(0, 5);
@@ -342,6 +352,7 @@ void runTarget(std::string_view input)
     }
     const std::string file = "/in memory";
     memoryFile(file).clear();
+    memoryFile(file + ".entries").clear(); // which the import would have removed if it were on a disk
     try {
         ImportRun run({.name = "list",
                        .bytes = input.size(),

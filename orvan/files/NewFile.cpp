@@ -66,6 +66,9 @@ fs::path resolvedTarget(const fs::path& target)
     const fs::path absolute = fs::absolute(target);
     if (fs::is_symlink(fs::symlink_status(absolute, error))) {
         fs::path real = fs::canonical(absolute, error);
+        if (error == std::errc::too_many_symbolic_link_levels) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, error.message());
+        }
         if (error) {
             throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("it is a link that leads nowhere"));
         }

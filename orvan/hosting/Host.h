@@ -42,7 +42,11 @@ public:
         platform_(*locale_, components_, std::forward<PlatformArguments>(platformArguments)...),
         messages_(platform_.messageBox()) {
         platform_.editing = options.editing;
-        registerDefaultComponents(components_, options.components);
+        DefaultComponentOptions components = options.components;
+        if (options.editing == ui::EditingWay::classic) { // its completions, and so its traces, stay as they were
+            components.catalogue.completionAsTyped = true;
+        }
+        registerDefaultComponents(components_, components);
     } catch (...) {
         raiseCurrentError();
     }

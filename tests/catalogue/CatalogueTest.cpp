@@ -68,6 +68,14 @@ TEST_F(CatalogueTest, MatchesBeginningsWithoutRegardToCaseAndCompletesThem)
     });
 }
 
+TEST_F(CatalogueTest, AClassicHostsCompletionBeginsAsItWasTyped)
+{
+    makeCatalogue({"Bolt M8", "bolt m10"});
+    SqliteCatalogue catalogue({.file = file(), .completionAsTyped = true});
+    EXPECT_EQ(shown(catalogue.GetProductNameList("BOL", false)), "2:BOLt m10 1:Bolt M8");
+    EXPECT_EQ(shown(catalogue.GetProductNameList("bolt m8", false)), "1:bolt m8");
+}
+
 // Therefore the length of a completion is never negative.
 TEST_F(CatalogueTest, FirstRowBeginsWithWhateverOfItWasTyped)
 {

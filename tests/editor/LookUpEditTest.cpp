@@ -24,7 +24,8 @@ public:
                "11,AB,ab,5,K1,\n12,ABC-1,abc desk,10,K2,new\n13,4001234567890,4001234567890,20,K3,\n";
         importCatalogue(folder / "list.csv", folder / "goods.catalogue");
         registry.registerClass(std::string(kProductLkpMgrClassName), [this] {
-            return std::make_shared<SqliteCatalogue>(CatalogueOptions{.file = folder / "goods.catalogue"});
+            return std::make_shared<SqliteCatalogue>(
+                CatalogueOptions{.file = folder / "goods.catalogue", .completionAsTyped = true}); // a classic host's
         });
         load("2~Old:k:OLD:1:2:0:2:~Two:k2:TWO:3:1:0:3:own~");
     }

@@ -67,7 +67,8 @@ LookUpList SqliteCatalogue::list(LookUpText text, std::string_view sText, bool a
     }
     std::vector<LookUpRow> rows = tried([&] {
         listed_[place].version = present();
-        return all ? last_->all(text, options_.mostListed, missed) : last_->matches(text, sText, options_.mostMatches);
+        return all ? last_->all(text, options_.mostListed, missed)
+                   : last_->matches(text, sText, options_.mostMatches, options_.completionAsTyped);
     });
     lastText_ = place;
     listed_[place].ids.clear();

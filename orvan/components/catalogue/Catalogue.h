@@ -22,9 +22,9 @@
 //
 // Completion. The box shows row 0's text and selects all of it that the user has not typed. Row 0's text therefore
 // begins with the typed text but for the case: it is the catalogue's spelling. Where a folding has another number of
-// characters ("STRAS" and "Straße" give "STRASse"), the typed characters stand in place of the beginning, so that the
-// length of the selection is never negative. The other rows always keep the catalogue's spelling, because the box takes
-// a chosen row's text unchanged.
+// characters ("STRAS" and "Straße" give "STRASse"), and with CatalogueOptions::completionAsTyped, the typed characters
+// stand in place of the beginning. So the length of the selection is never negative. The other rows always keep the
+// catalogue's spelling, because the box takes a chosen row's text unchanged.
 //
 // The whole list holds the entries whose text is not empty.
 //

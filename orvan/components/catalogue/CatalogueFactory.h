@@ -22,6 +22,9 @@ struct CatalogueOptions {
     std::filesystem::path file = {}; ///< If empty, the catalogue has no entries.
     std::size_t mostMatches = 250;   ///< A filtered list has this many rows at most: the best matches.
     std::size_t mostListed = 1000;   ///< The whole list has this many rows at most: the first ones.
+    /// Whether a completion begins with the characters as they were typed, and not as the catalogue spells them; as up
+    /// to version 2.1.30. The box's text, and with it the trace, then stays what it is where a text is typed whole.
+    bool completionAsTyped = false;
     /// Called with the reason when the file cannot be used, in the thread that uses the catalogue; the editor then
     /// works as with a catalogue without entries. The same reason is not reported twice in a row, however many
     /// sessions meet it. If this is empty, one line is written to the standard error stream instead.

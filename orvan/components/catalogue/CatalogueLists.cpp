@@ -12,10 +12,10 @@ namespace {
 
 /// The box shows this text and selects what the user has not typed. So it has to begin with as many characters as were
 /// typed, and with the same ones but for the case.
-void complete(std::string& text, std::string_view typed)
+void complete(std::string& text, std::string_view typed, bool asTyped)
 {
     const std::string_view beginning = firstCharacters(text, characterCount(typed));
-    if (foldCase(beginning) != foldCase(typed)) {
+    if (asTyped || foldCase(beginning) != foldCase(typed)) {
         text = withTypedBeginning(text, typed);
     }
 }
@@ -149,13 +149,13 @@ private:
 
 } // namespace
 
-std::vector<LookUpRow> CatalogueLists::matches(std::string_view typed, std::size_t most)
+std::vector<LookUpRow> CatalogueLists::matches(std::string_view typed, std::size_t most, bool asTyped)
 {
     const std::string folded = foldCase(typed);
     std::vector<LookUpRow> rows = found(folded, most);
     std::stable_partition(rows.begin(), rows.end(), [&](const LookUpRow& row) { return row.text == typed; });
     if (!rows.empty()) {
-        complete(rows.front().text, typed);
+        complete(rows.front().text, typed, asTyped);
     }
     return rows;
 }

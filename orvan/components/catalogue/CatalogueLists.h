@@ -16,8 +16,9 @@ namespace orvan {
 class CatalogueLists {
 public:
     virtual ~CatalogueLists() = default;
-    /// Full matches first; the first row is completed from what was typed, which is not empty.
-    std::vector<LookUpRow> matches(std::string_view typed, std::size_t most);
+    /// Full matches first; the first row is completed from what was typed, which is not empty. With `asTyped` it begins
+    /// with the typed characters.
+    std::vector<LookUpRow> matches(std::string_view typed, std::size_t most, bool asTyped);
     virtual std::vector<LookUpRow> all(std::size_t most) = 0;
 
     /// The file outlives the result.

@@ -80,9 +80,10 @@ bool CatalogueVersion::isOfSameLineage(const CatalogueVersion& other) const
     return !lineage_.empty() && lineage_ == other.lineage_;
 }
 
-std::vector<LookUpRow> CatalogueVersion::matches(LookUpText text, std::string_view typed, std::size_t most)
+std::vector<LookUpRow> CatalogueVersion::matches(LookUpText text, std::string_view typed, std::size_t most,
+                                                 bool asTyped)
 {
-    std::vector<LookUpRow> rows = lists(text).matches(typed, most);
+    std::vector<LookUpRow> rows = lists(text).matches(typed, most, asTyped);
     if (words_ && rows.empty() && text == LookUpText::partNum && most > 0) {
         // Scanned or typed without its dashes. The name box would take what is typed for the product's name.
         if (const std::vector<std::int64_t> found = words_->withCode(typed); found.size() == 1) {

@@ -32,7 +32,7 @@ public:
     /// Whether the same numbers mean the same entries in both.
     [[nodiscard]] bool isOfSameLineage(const CatalogueVersion& other) const;
 
-    std::vector<LookUpRow> matches(LookUpText text, std::string_view typed, std::size_t most);
+    std::vector<LookUpRow> matches(LookUpText text, std::string_view typed, std::size_t most, bool asTyped);
     /// The whole list. If a search found nothing that begins so, `missed` is its text, and the list begins with the
     /// entries that have its words, and with near misses.
     std::vector<LookUpRow> all(LookUpText text, std::size_t most, const std::optional<std::string>& missed);

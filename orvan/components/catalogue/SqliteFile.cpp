@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <exception>
 #include <string>
 #include <system_error>
@@ -54,11 +55,22 @@ UserText whyUnreachable(const std::filesystem::path& file, int code, int systemE
     return UserText(systemError == 0 ? sqlite3_errstr(code) : std::system_category().message(systemError));
 }
 
-/// The folder in which SQLite sorts what it does not want to sort in memory.
+/// The folder in which SQLite sorts what it does not sort in memory: the first of these that can be written to.
+std::string temporaryFolder()
+{
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here sets the environment
+    const char* const folders[] = {std::getenv("SQLITE_TMPDIR"), std::getenv("TMPDIR"), "/var/tmp", "/usr/tmp", "/tmp"};
+    for (const char* const folder : folders) {
+        if (folder && ::access(folder, W_OK | X_OK) == 0) {
+            return folder;
+        }
+    }
+    return ".";
+}
+
 UserText whyNoTemporaryFile(bool full)
 {
-    std::error_code error;
-    const std::string folder = std::filesystem::temp_directory_path(error).string();
+    const std::string folder = temporaryFolder();
     return full ? userText("the folder for temporary files, \"%1\", is full", folder)
                 : userText("a temporary file in \"%1\" cannot be used", folder);
 }
