@@ -2,6 +2,8 @@
 
 #include "orvan/base/RuntimeError.h"
 
+#include <charconv>
+#include <string_view>
 #include <utility>
 
 namespace orvan {
@@ -17,6 +19,14 @@ constexpr std::int32_t kFirstOfMixedIds = 1'000'000'000;
 [[noreturn]] void raise(const ImportSource& source, const UserText& reason)
 {
     throw RuntimeError(ErrorNumber::invalidFileFormat, {}, userText("%1: %2", source.name, reason));
+}
+
+/// The id, if it is a whole number of 32 bits; else 0.
+std::int32_t numberOf(std::string_view text)
+{
+    std::int32_t number = 0;
+    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && rest == text.data() + text.size() ? number : 0;
 }
 
 } // namespace
@@ -101,6 +111,7 @@ void ImportRun::refuse(const UserText& reason)
 void ImportRun::add(CatalogueWriter& writer)
 {
     CatalogueEntry entry = rows_.entry();
+    entry.itemId = numberOf(entry.ownId);
     if (entry.itemId == 0) {
         entry.itemId = static_cast<std::int32_t>(progress_.rows + 1) + (entry.ownId.empty() ? 0 : kFirstOfMixedIds);
     }

@@ -8,7 +8,6 @@
 #include "orvan/components/catalogue/lists/ListWords.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 namespace orvan {
@@ -38,13 +37,6 @@ std::string_view withoutBlanks(std::string_view text)
 bool isBlank(std::string_view text)
 {
     return withoutBlanks(text).empty();
-}
-
-std::int32_t numberOf(std::string_view text)
-{
-    std::int32_t number = 0;
-    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && rest == text.data() + text.size() ? number : 0;
 }
 
 /// Whether a spreadsheet wrote the number in its short form, and so without its last digits: "4.00638E+12".
@@ -244,9 +236,7 @@ UserText ListReader::whyRefused()
     if (UserText reason = whyShaped(*rows_); !reason.empty()) {
         return reason;
     }
-    const std::string_view id = cell(columns_.itemId);
-    entry_ = {.itemId = numberOf(id),
-              .ownId = id,
+    entry_ = {.ownId = cell(columns_.itemId),
               .name = cell(columns_.name),
               .key = cell(columns_.key),
               .partNum = cell(columns_.partNum),
