@@ -44,8 +44,8 @@ public:
     [[nodiscard]] Kind kind() const { return kind_; }
     /// Why the row is skipped or refused.
     [[nodiscard]] const UserText& reason() const { return reason_; }
-    /// The row's values, if it is an entry; the texts are valid until the next call of next(). The item id is 0 where
-    /// the list has none of 32 bits.
+    /// The row's values, if it is an entry; the texts are valid until the next call of next(). It has the list's own
+    /// id, but no item id, which the catalogue gives it.
     [[nodiscard]] const CatalogueEntry& entry() const { return entry_; }
     [[nodiscard]] const std::vector<std::string_view>& cells() const { return rows_->cells(); }
     [[nodiscard]] std::uint64_t line() const { return rows_->line(); }

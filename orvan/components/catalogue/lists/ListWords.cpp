@@ -71,7 +71,11 @@ std::string simplifiedWord(std::string_view text)
     std::string result;
     for (std::size_t at = 0; at < folded.size();) {
         const std::size_t size = characterSize(folded, at);
-        if (u_isalnum(static_cast<UChar32>(characterAt(folded, at)))) {
+        const char32_t character = characterAt(folded, at);
+        if (character == U'\u0131' || character == U'\u0142') {
+            // The Turkish i without a dot, whose capital is I, and the Polish l with a stroke: no accents to Unicode.
+            result += character == U'\u0131' ? 'i' : 'l';
+        } else if (u_isalnum(static_cast<UChar32>(character))) {
             result.append(folded, at, size);
         }
         at += size;
