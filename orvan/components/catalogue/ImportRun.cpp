@@ -3,8 +3,6 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 
-#include <charconv>
-#include <string_view>
 #include <utility>
 
 namespace orvan {
@@ -19,14 +17,6 @@ constexpr std::size_t kQuotedCharacters = 40; // how much of a refused value a r
 [[noreturn]] void raise(const ImportSource& source, const UserText& reason)
 {
     throw RuntimeError(ErrorNumber::invalidFileFormat, {}, userText("%1: %2", source.name, reason));
-}
-
-/// The id, if it is a whole number of 32 bits; else 0.
-std::int32_t numberOf(std::string_view text)
-{
-    std::int32_t number = 0;
-    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && rest == text.data() + text.size() ? number : 0;
 }
 
 } // namespace
@@ -110,15 +100,7 @@ void ImportRun::refuse(const UserText& reason)
 
 void ImportRun::add(CatalogueWriter& writer)
 {
-<<<<<<< HEAD
     const CatalogueEntry& entry = rows_.entry();
-=======
-    CatalogueEntry entry = rows_.entry();
-    entry.itemId = numberOf(entry.ownId);
-    if (entry.itemId == 0) {
-        entry.itemId = static_cast<std::int32_t>(progress_.rows + 1) + (entry.ownId.empty() ? 0 : kFirstOfMixedIds);
-    }
->>>>>>> h-cat2
     if (!writer.add(entry)) {
         refuse(
             userText("the item id \"%1\" is in an earlier row, too", firstCharacters(entry.ownId, kQuotedCharacters)));
