@@ -86,6 +86,10 @@ public:
 
     void dropLine() noexcept { lineKept_ = false; }
 
+    // Both have the processor fetch into its cache what appendLine will read: first the record, then its kept line.
+    void fetchRecord() const { __builtin_prefetch(&line_); }
+    void fetchLine() const { __builtin_prefetch(line_.data()); }
+
     /// Called when the record is taken out of the list.
     void leaveList() noexcept
     {
@@ -113,11 +117,12 @@ private:
         }
     }
 
-    std::shared_ptr<Ledger> ledger_;
-    ProductValues fields_;
+    // The kept line comes first, because writing a long list again reads nothing else of most records.
     std::string line_;
     bool lineKept_ = false;
     bool listed_ = true;
+    std::shared_ptr<Ledger> ledger_;
+    ProductValues fields_;
 };
 
 class InProcessProductMgr final : public ProductMgr {
@@ -232,8 +237,15 @@ std::string InProcessProductMgr::GetProductsString(const std::string& recordSep,
     }
     std::string text = productsStringHead(products_.size(), separators);
     text.reserve(expectedSize_ + expectedSize_ / 16);
-    for (const auto& product : products_) {
-        product->appendLine(text, separators);
+    // Records and lines are scattered in memory. Without fetching them ahead, writing a list of 100,000 products again
+    // would mostly wait for memory.
+    constexpr std::size_t kAhead = 8;
+    for (std::size_t i = 0; i < products_.size(); ++i) {
+        if (i + 2 * kAhead < products_.size()) {
+            products_[i + 2 * kAhead]->fetchRecord();
+            products_[i + kAhead]->fetchLine();
+        }
+        products_[i]->appendLine(text, separators);
     }
     expectedSize_ = text.size();
     if (std::cmp_greater(text.size(), maxDataSize_)) {
