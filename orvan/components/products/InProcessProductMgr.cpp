@@ -27,7 +27,8 @@ struct Ledger {
     std::shared_ptr<const ProductRules> rules;
     Int128 total = 0; // sum of the extended prices; in 128 bits it stays right even while it exceeds a Currency
 
-    // A user changes one or two records before the list is written again. Where there are more, each record is asked.
+    // Usually one or two records change before the list is written again, and the ledger notes which. If more than
+    // kMostNoted have changed, the manager looks at every record of the list instead.
     static constexpr std::size_t kMostNoted = 8;
     std::array<const ListedProduct*, kMostNoted> changed{}; // the first `changes` of them; may have left the list
     std::size_t changes = 0;
