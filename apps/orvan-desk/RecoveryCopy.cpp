@@ -214,7 +214,8 @@ std::vector<AbandonedWork> claimAbandonedWork(const QString& folder, std::vector
             unreadable.push_back(info.filePath());
         }
     }
-    // A desk that ended while it wrote a copy: no other desk has a copy of that name, which would remove what is left.
+    // A desk that was killed while it wrote a copy has left an unfinished file. Each desk's copy has a name of its own,
+    // so no later writing of the same copy would remove that file; it is removed here.
     files::removeUnfinishedFiles(pathOf(folder));
     std::sort(claimed.begin(), claimed.end(),
               [](const AbandonedWork& a, const AbandonedWork& b) { return a.time < b.time; });

@@ -93,7 +93,8 @@ NewFile::NewFile(const fs::path& target, Others others) : target_(resolvedTarget
         // The lock tells other programs that the file is in use. On a file system without locks, no program removes the
         // unfinished files of another one; everything else works there, too.
         locked = file_ && lock(file_);
-        // Between the two calls, another program may have taken the file for one that nobody finishes, and removed it.
+        // Before the lock was taken, another program may have found the file unlocked, and have removed it as one that
+        // a killed program has left.
         if (file_ && attempt < kAttempts && ((!locked && errno == EWOULDBLOCK) || file_.status().st_nlink == 0)) {
             ::unlink(path_.c_str());
             file_ = Descriptor();

@@ -5,6 +5,8 @@
 #include "orvan/ui/LocaleService.h"
 #include "orvan/view/ProductColumnTable.h"
 
+#include <span>
+
 namespace orvan {
 
 namespace {
@@ -88,16 +90,18 @@ std::int32_t ListFind::search(std::int32_t from, std::int32_t step) const
     if (rows < 1 || names < 0 || partNumbers < 0) {
         return 0;
     }
+    const std::span<const ui::GridValue> nameCells = grid_.values(names);
+    const std::span<const ui::GridValue> partNumberCells = grid_.values(partNumbers);
     std::int32_t byPartNumber = 0;
     std::int32_t within = 0;
     std::int32_t row = first + ((from - first) % rows + rows) % rows;
     for (std::int32_t i = 0; i < rows; ++i) {
-        const auto* const name = std::get_if<std::string>(&grid_.value(row, names));
+        const auto at = static_cast<std::size_t>(row);
+        const auto* const name = std::get_if<std::string>(&nameCells[at]);
         if (name && fitsAt(*name, 0)) {
             return row;
         }
-        const auto* const partNumber =
-            byPartNumber > 0 ? nullptr : std::get_if<std::string>(&grid_.value(row, partNumbers));
+        const auto* const partNumber = byPartNumber > 0 ? nullptr : std::get_if<std::string>(&partNumberCells[at]);
         if (partNumber && fitsAt(*partNumber, 0)) {
             byPartNumber = row;
         }

@@ -111,7 +111,10 @@ TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
             load(*manager, written(list, {}));
         }
         const auto separators = random() % 4 != 0 ? ProductsSeparators{'~', ':'} : ProductsSeparators{'|', ';'};
-        ASSERT_EQ(manager->GetProductsString({separators.record}, {separators.field}), written(list, separators)) << i;
+        if (i / 1000 % 2 == 0 || i % 40 == 0) { // in every second thousand, many records change before they are written
+            ASSERT_EQ(manager->GetProductsString({separators.record}, {separators.field}), written(list, separators))
+                << i;
+        }
         Currency total;
         for (const ProductValues& fields : list) {
             total = total + fields.extPrice;

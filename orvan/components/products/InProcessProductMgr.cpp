@@ -6,6 +6,7 @@
 #include "orvan/core/ProductMgr.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <string>
 #include <utility>
@@ -15,13 +16,29 @@ namespace orvan {
 
 namespace {
 
-/// The rules and the total of one list. The records themselves keep the total up to date. All records that were ever
-/// in the list share the ledger, so that a record may outlive the list and the manager.
+class ListedProduct;
+
+/// The rules and the total of one list, and which of its records have changed since the list was last written. The
+/// records themselves keep it up to date. All records that were ever in the list share the ledger, so that a record may
+/// outlive the list and the manager.
 struct Ledger {
     explicit Ledger(std::shared_ptr<const ProductRules> validation) : rules(std::move(validation)) {}
 
     std::shared_ptr<const ProductRules> rules;
     Int128 total = 0; // sum of the extended prices; in 128 bits it stays right even while it exceeds a Currency
+
+    // Usually one or two records change before the list is written again, and the ledger notes which. If more than
+    // kMostNoted have changed, the manager looks at every record of the list instead.
+    static constexpr std::size_t kMostNoted = 8;
+    std::array<const ListedProduct*, kMostNoted> changed{}; // the first `changes` of them; may have left the list
+    std::size_t changes = 0;
+    void noteChange(const ListedProduct* product) noexcept
+    {
+        if (changes < kMostNoted) {
+            changed[changes] = product;
+        }
+        ++changes;
+    }
 };
 
 class ListedProduct final : public ProductRecord {
@@ -71,20 +88,10 @@ public:
         return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
     }
 
-    /// Appends the record in the form that it has in the products string.
-    void appendLine(std::string& text, ProductsSeparators separators)
-    {
-        if (lineKept_) {
-            text += line_;
-            return;
-        }
-        const std::size_t begin = text.size();
-        appendProduct(text, fields_, separators);
-        line_.assign(text, begin);
-        lineKept_ = true;
-    }
-
-    void dropLine() noexcept { lineKept_ = false; }
+    const ProductValues& fields() const noexcept { return fields_; }
+    bool changed() const noexcept { return changed_; }
+    /// Called when the list has been written with the record as it is.
+    void setWritten() noexcept { changed_ = false; }
 
     /// Called when the record is taken out of the list.
     void leaveList() noexcept
@@ -96,12 +103,12 @@ public:
 private:
     static bool accepts(const std::function<bool(Currency)>& rule, Currency value) { return !rule || rule(value); }
 
-    // An equal value does not drop the kept line, because leaving a box saves its field even if it was not edited.
+    // An equal value is no change, because leaving a box saves its field even if it was not edited.
     void set(std::string& field, std::string_view value)
     {
         if (field != value) {
             field = std::string(value);
-            dropLine();
+            noteChange();
         }
     }
 
@@ -109,14 +116,21 @@ private:
     {
         if (field != value) {
             field = value;
-            dropLine();
+            noteChange();
+        }
+    }
+
+    void noteChange() noexcept
+    {
+        if (listed_ && !changed_) {
+            changed_ = true;
+            ledger_->noteChange(this);
         }
     }
 
     std::shared_ptr<Ledger> ledger_;
     ProductValues fields_;
-    std::string line_;
-    bool lineKept_ = false;
+    bool changed_ = false; ///< Since the list was last written.
     bool listed_ = true;
 };
 
@@ -131,7 +145,7 @@ public:
     Currency GetTotalValue() override;
     void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) override;
     std::shared_ptr<ProductRecord> AddNewProduct() override;
-    std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return *at(lIndex); }
+    std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return at(lIndex)->product; }
     void DeleteProduct(std::int32_t lIndex) override;
     void MoveProduct(std::int32_t from, std::int32_t to) override;
     void SetProductsString(std::string_view sProducts, const std::string& recordSep, const std::string& fieldSep,
@@ -140,15 +154,29 @@ public:
     std::int32_t GetMaxDataSize() override { return maxDataSize_; }
 
 private:
-    using Products = std::vector<std::shared_ptr<ListedProduct>>;
+    /// A record, and the place of its text in the text of the list.
+    struct Entry {
+        std::shared_ptr<ListedProduct> product;
+        std::size_t begin = 0, size = 0; ///< In bytes; no size: the text does not have the record as it is.
+    };
+    using Products = std::vector<Entry>;
 
     Products::iterator at(std::int32_t lIndex);
+    /// The entry of the record whose change was noted; the end if it has left the list.
+    Products::iterator entryOf(const ListedProduct* product);
+    void write(Entry& entry);
+    void forgetChanged();
+    void writeAll();
 
     std::int32_t maxDataSize_;
     std::shared_ptr<Ledger> ledger_; // belongs to the records in products_
     Products products_;
-    ProductsSeparators lineSeparators_; // the separators in the lines that the records keep
-    std::size_t expectedSize_ = 0;      // the size of the last products string that was read or written
+    // The list as it was last written. A long list is written again after each product that the user has edited; then
+    // only the text of that product is made anew.
+    std::string text_;
+    ProductsSeparators textSeparators_;
+    bool inOrder_ = false;         // whether the text has the records that are in the list, in their order
+    std::size_t expectedSize_ = 0; // the size of the last products string that was read or written
 };
 
 InProcessProductMgr::Products::iterator InProcessProductMgr::at(std::int32_t lIndex)
@@ -183,21 +211,24 @@ std::shared_ptr<ProductRecord> InProcessProductMgr::AddNewProduct()
 {
     ProductValues fields;
     fields.qty = Currency::fromScaled(Currency::kScale);
-    products_.push_back(std::make_shared<ListedProduct>(ledger_, std::move(fields)));
-    return products_.back();
+    products_.push_back({.product = std::make_shared<ListedProduct>(ledger_, std::move(fields))});
+    inOrder_ = false;
+    return products_.back().product;
 }
 
 void InProcessProductMgr::DeleteProduct(std::int32_t lIndex)
 {
     const auto product = at(lIndex);
-    (*product)->leaveList();
+    product->product->leaveList();
     products_.erase(product);
+    inOrder_ = false;
 }
 
 void InProcessProductMgr::MoveProduct(std::int32_t from, std::int32_t to)
 {
     const auto product = at(from);
     const auto place = at(to);
+    inOrder_ = false;
     if (product < place) {
         std::rotate(product, product + 1, place + 1);
     } else {
@@ -214,34 +245,120 @@ void InProcessProductMgr::SetProductsString(std::string_view sProducts, const st
     Products products;
     products.reserve(reader.expected());
     while (reader.more()) {
-        products.push_back(std::make_shared<ListedProduct>(ledger, reader));
+        products.push_back({.product = std::make_shared<ListedProduct>(ledger, reader)});
     }
     ledger_.swap(ledger);
     products_.swap(products);
+    inOrder_ = false;
     expectedSize_ = sProducts.size();
 }
 
 std::string InProcessProductMgr::GetProductsString(const std::string& recordSep, const std::string& fieldSep)
 {
     const ProductsSeparators separators = productsSeparators(recordSep, fieldSep);
-    if (separators != lineSeparators_) {
-        for (const auto& product : products_) {
-            product->dropLine();
+    if (separators != textSeparators_) {
+        for (Entry& entry : products_) {
+            entry.size = 0;
         }
-        lineSeparators_ = separators;
+        textSeparators_ = separators;
+        inOrder_ = false;
     }
-    std::string text = productsStringHead(products_.size(), separators);
-    text.reserve(expectedSize_ + expectedSize_ / 16);
-    for (const auto& product : products_) {
-        product->appendLine(text, separators);
+    if (!inOrder_ || ledger_->changes > Ledger::kMostNoted) {
+        writeAll();
     }
-    expectedSize_ = text.size();
-    if (std::cmp_greater(text.size(), maxDataSize_)) {
+    for (std::size_t i = 0; i < ledger_->changes; ++i) {
+        if (const auto entry = entryOf(ledger_->changed[i]); entry != products_.end()) {
+            write(*entry);
+        }
+    }
+    ledger_->changes = 0;
+    expectedSize_ = text_.size();
+    if (std::cmp_greater(text_.size(), maxDataSize_)) {
         throw RuntimeError(
             ErrorNumber::outOfStringSpace, {},
-            userText("The products take %1 bytes; at most %2 bytes can be kept", text.size(), maxDataSize_));
+            userText("The products take %1 bytes; at most %2 bytes can be kept", text_.size(), maxDataSize_));
     }
-    return text;
+    return text_;
+}
+
+InProcessProductMgr::Products::iterator InProcessProductMgr::entryOf(const ListedProduct* product)
+{
+    return std::find_if(products_.begin(), products_.end(),
+                        [product](const Entry& entry) { return entry.product.get() == product; });
+}
+
+/// Puts the text of one record that has changed in the place of its former text.
+void InProcessProductMgr::write(Entry& entry)
+{
+    std::string line;
+    appendProduct(line, entry.product->fields(), textSeparators_);
+    text_.replace(entry.begin, entry.size, line);
+    // Nothing below raises.
+    const std::size_t wider = line.size() - entry.size; // modulo 2^64 where the text is shorter now
+    entry.size = line.size();
+    entry.product->setWritten();
+    for (std::size_t i = static_cast<std::size_t>(&entry - products_.data()) + 1; wider != 0 && i < products_.size();
+         ++i) {
+        products_[i].begin += wider;
+    }
+}
+
+/// Leaves no text of a record that has changed.
+void InProcessProductMgr::forgetChanged()
+{
+    if (ledger_->changes > Ledger::kMostNoted) {
+        for (Entry& entry : products_) {
+            entry.size = entry.product->changed() ? 0 : entry.size;
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < ledger_->changes; ++i) {
+        if (const auto entry = entryOf(ledger_->changed[i]); entry != products_.end()) {
+            entry->size = 0;
+        }
+    }
+}
+
+/// Makes the text anew, out of the former one where that has the records as they are.
+void InProcessProductMgr::writeAll()
+{
+    forgetChanged();
+    std::string text = productsStringHead(products_.size(), textSeparators_);
+    const std::size_t first = text.size();
+    text.reserve(expectedSize_ + expectedSize_ / 16);
+    std::vector<std::size_t> made; // the sizes of the texts that are made here
+    std::size_t from = 0, to = 0;  // what is to be copied next of the former text: texts that follow each other
+    const auto copy = [&] { text.append(text_, from, to - from); };
+    for (const Entry& entry : products_) {
+        if (entry.size == 0) {
+            copy();
+            from = to = 0;
+            const std::size_t begin = text.size();
+            appendProduct(text, entry.product->fields(), textSeparators_);
+            made.push_back(text.size() - begin);
+        } else {
+            if (entry.begin != to) {
+                copy();
+                from = entry.begin;
+            }
+            to = entry.begin + entry.size;
+        }
+    }
+    copy();
+    // Nothing below raises.
+    text_.swap(text);
+    std::size_t begin = first;
+    auto size = made.cbegin();
+    for (Entry& entry : products_) {
+        if (entry.size == 0) {
+            entry.size = *size++;
+            entry.product->setWritten();
+        }
+        entry.begin = begin;
+        begin += entry.size;
+    }
+    ledger_->changes = 0;
+    inOrder_ = true;
 }
 
 } // namespace

@@ -226,8 +226,8 @@ void GridView::paintEmptyText(QPainter& painter)
 void GridView::paintFrame()
 {
     QPainter painter(this);
-    // The frame is painted as filled rectangles: at a scale such as 150 %, a line drawn along the right edge would be
-    // rounded to a place outside the view.
+    // The frame is made of filled rectangles and not of lines: at a scale such as 150 %, the place of a line along the
+    // right edge would be rounded to one outside the view, and the line would be missing.
     const auto fill = [&](int thickness, const QColor& colour) {
         const QRect outer = rect();
         painter.fillRect(QRect(0, 0, outer.width(), thickness), colour);

@@ -1,5 +1,5 @@
-// namedInStyleSheets: tells whether a host's style sheet has rules for something that the library would otherwise paint
-// in its own way.
+// namedInStyleSheets: tells whether a host's style sheets set the look of a part of a widget. If they do, Qt paints
+// that part; if not, the library does.
 //
 // Qt does not tell which rules apply to a widget, so the function searches the texts of the style sheets for a name.
 // Thread: the user-interface thread.
