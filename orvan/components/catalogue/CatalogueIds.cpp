@@ -64,6 +64,8 @@ struct CatalogueIds::Former {
                              : "SELECT NULL, NULL FROM product WHERE item_id = ?1"
                                " UNION ALL SELECT NULL, NULL FROM retired WHERE item_id = ?1")
     {
+        // Without a transaction, each question would lock the file and read its header anew.
+        file.run("BEGIN");
     }
 
     std::optional<std::int32_t> number(std::string_view ownId, const CatalogueEntry& entry)

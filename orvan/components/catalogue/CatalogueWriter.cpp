@@ -109,14 +109,23 @@ void attachGathered(SqliteFile& file, const std::filesystem::path& path)
 
 SqliteFile& prepared(SqliteFile& file)
 {
-    const std::filesystem::path gathered = besides(file.path());
-    std::error_code ignored;
-    std::filesystem::remove(gathered, ignored);
-    file.addChecksums();
-    file.run(kSettings);
-    attachGathered(file, gathered);
-    file.run(kTables);
-    std::filesystem::remove(gathered, ignored); // from now on it lives as long as the connection
+    // Removed before it is used, and again once it is open: from then on it lives as long as the connection. A failing
+    // step must not leave it behind, either.
+    const auto removeGathered = [gathered = besides(file.path())] {
+        std::error_code ignored;
+        std::filesystem::remove(gathered, ignored);
+    };
+    removeGathered();
+    try {
+        file.addChecksums();
+        file.run(kSettings);
+        attachGathered(file, besides(file.path()));
+        file.run(kTables);
+    } catch (...) {
+        removeGathered();
+        throw;
+    }
+    removeGathered();
     return file;
 }
 
