@@ -34,6 +34,11 @@ def edit(desk: Desk, folder: pathlib.Path) -> None:
     time.sleep(1)
     keys("alt+Down")
     take(folder / "look-up.png")
+    keys("Escape", "alt+r", "ctrl+a")
+    xdotool("type", "charger dimable")  # words in another order, one with a typing error
+    time.sleep(1)
+    keys("alt+Down")
+    take(folder / "search.png")
     keys("Escape", "Escape")
     answer("alt+n")
     wait_for("the desk alone", lambda: len(titles()) == 1)

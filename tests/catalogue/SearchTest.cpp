@@ -13,19 +13,19 @@ protected:
     void SetUp() override
     {
         CatalogueImportOptions options;
-        import("name,part number,price,note\n"
-               "Mountain-500 Black,BK-M500B,1,frame of aluminium\n"
-               "Mountain Tire,TI-M267,1,\n"
-               "Road Tire,TI-R092,1,for the mountain road\n"
-               "Écrou à ailettes M8 x 20,EC-8-20,1,zingué\n"
-               "Łódź lamp,4006381-333931,1,\n"
-               "Bolt M8,B-8,1,\n"
-               "bolt m10,B-10,1,\n"
-               "Crossbar,CB-1,1,\n"
-               "Bold pen,PE-N,1,\n"
-               "Ärmel,AE-1,1,\n"
-               "Arm,AR-1,1,\n"
-               "Azur,AZ-1,1,\n");
+        import("name,part number,price,note,ean\n"
+               "Mountain-500 Black,BK-M500B,1,frame of aluminium,\n"
+               "Mountain Tire,TI-M267,1,,0012345678905\n"
+               "Road Tire,TI-R092,1,for the mountain road,\n"
+               "Écrou à ailettes M8 x 20,EC-8-20,1,zingué,4 006381 000017\n"
+               "Łódź lamp,4006381-333931,1,,\n"
+               "Bolt M8,B-8,1,,\n"
+               "bolt m10,B-10,1,,\n"
+               "Crossbar,CB-1,1,,\n"
+               "Bold pen,PE-N,1,,\n"
+               "Ärmel,AE-1,1,,\n"
+               "Arm,AR-1,1,,\n"
+               "Azur,AZ-1,1,,\n");
     }
 };
 
@@ -87,11 +87,17 @@ TEST_F(SearchTest, APartNumberWithoutItsDashesAndABarcodeAreMatches)
     const Row rows[] = {
         {"bkm500b", "1:bkm500b"}, {"BK M500B", "1:BK M500B"}, {"4006381333931", "5:4006381333931"},
         {"ti-m267", "2:TI-M267"}, {"bkm500", "none"},
+        // barcodes of the list's own column; what was scanned stays in the box
+        {"0012345678905", "2:0012345678905"}, {"4006381000017", "4:4006381000017"},
+        {"4 006381 000017", "4:4 006381 000017"}, {"001234567890", "none"},
     };
     SqliteCatalogue catalogue({.file = file()});
     forEachRow(rows,
                [&](const Row& row) { EXPECT_EQ(shown(catalogue.GetPartNumList(row.name, false)), row.partNums); });
-    EXPECT_EQ(shown(catalogue.GetProductNameList("bkm500b", false)), "none") << "it would become the product's name";
+    for (const char* const code : {"bkm500b", "0012345678905"}) {
+        EXPECT_EQ(shown(catalogue.GetProductNameList(code, false)), "none") << "it would become the product's name";
+    }
+    EXPECT_TRUE(shown(catalogue.GetProductNameList("", true)).starts_with("2:Mountain Tire")) << "it is in the list";
 }
 
 TEST_F(SearchTest, AnyOtherCallForgetsASearchThatFoundNothing)

@@ -3,6 +3,7 @@
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/core/modInit.h"
 #include "orvan/hosting/DefaultComponents.h"
+#include "orvan/hosting/HeadlessProductView.h"
 #include "orvan/hosting/ThreadMessages.h"
 #include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/headless/HeadlessPlatform.h"
@@ -222,6 +223,15 @@ TEST(DefaultComponents, CatalogueIsTheFileOfTheOptionsOrEmpty)
         registerDefaultComponents(registry, {.catalogue = {.file = file}});
         const auto catalogue = ui::createComponent<ProductLkpMgr>(registry, kProductLkpMgrClassName);
         EXPECT_EQ(catalogue->GetProductNameList("", true).has_value(), !file.empty()) << file;
+    }
+    for (const bool classic : {true, false}) { // hosts of the classic way know completions by their traces
+        HostOptions options;
+        options.editing = classic ? ui::EditingWay::classic : ui::EditingWay::careful;
+        options.components.catalogue.file = folder / "list.catalogue";
+        HeadlessHost host(options);
+        const auto catalogue = ui::createComponent<ProductLkpMgr>(host.components(), kProductLkpMgrClassName);
+        const LookUpList found = catalogue->GetProductNameList("bO", false);
+        EXPECT_EQ(found.value().front().text, classic ? "bOlt" : "Bolt");
     }
 }
 

@@ -72,7 +72,6 @@ private:
     Kind kind_ = Kind::entry;
     UserText reason_;
     CatalogueEntry entry_;
-    std::size_t filled_ = 0; ///< How many cells of the row are not blank.
 };
 
 } // namespace orvan
