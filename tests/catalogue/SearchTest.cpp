@@ -85,11 +85,16 @@ TEST_F(SearchTest, APartNumberWithoutItsDashesAndABarcodeAreMatches)
         const char* partNums;
     };
     const Row rows[] = {
-        {"bkm500b", "1:bkm500b"}, {"BK M500B", "1:BK M500B"}, {"4006381333931", "5:4006381333931"},
-        {"ti-m267", "2:TI-M267"}, {"bkm500", "none"},
+        {"bkm500b", "1:bkm500b"},
+        {"BK M500B", "1:BK M500B"},
+        {"4006381333931", "5:4006381333931"},
+        {"ti-m267", "2:TI-M267"},
+        {"bkm500", "none"},
         // barcodes of the list's own column; what was scanned stays in the box
-        {"0012345678905", "2:0012345678905"}, {"4006381000017", "4:4006381000017"},
-        {"4 006381 000017", "4:4 006381 000017"}, {"001234567890", "none"},
+        {"0012345678905", "2:0012345678905"},
+        {"4006381000017", "4:4006381000017"},
+        {"4 006381 000017", "4:4 006381 000017"},
+        {"001234567890", "none"},
     };
     SqliteCatalogue catalogue({.file = file()});
     forEachRow(rows,
