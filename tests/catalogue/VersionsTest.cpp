@@ -217,7 +217,8 @@ TEST_F(VersionsTest, DamageGivesTheRightDataOrAnError)
     for (std::size_t page = 0; page < pages; ++page) {
         std::string byte = content, zeros = content, other = content;
         const std::size_t begin = page * kPage, from = random() % pages * kPage;
-        byte[begin + random() % kPage] ^= static_cast<char>(1 + random() % 255);
+        char& changed = byte[begin + random() % kPage];
+        changed = static_cast<char>(changed ^ static_cast<char>(1 + random() % 255));
         zeros.replace(begin, kPage, kPage, '\0');
         other.replace(begin, kPage, content, from, kPage);
         check(byte, "a byte of page " + std::to_string(page));

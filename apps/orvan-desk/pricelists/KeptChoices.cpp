@@ -85,7 +85,7 @@ QString shapeOf(const std::vector<std::string>& header)
 
 CatalogueImportOptions keptChoices(const QString& shape)
 {
-    for (const QJsonValue& each : keptList(kKey)) {
+    for (const auto& each : keptList(kKey)) {
         if (!shape.isEmpty() && each[QStringLiteral("shape")].toString() == shape) {
             return fromJson(each[QStringLiteral("choices")].toObject());
         }
@@ -103,7 +103,7 @@ void keepChoices(const QString& shape, const CatalogueImportOptions& choices)
     if (const QJsonObject chosen = toJson(choices); !chosen.isEmpty()) {
         list.append(QJsonObject{{QStringLiteral("shape"), shape}, {QStringLiteral("choices"), chosen}});
     }
-    for (const QJsonValue& each : former) {
+    for (const auto& each : former) {
         if (each[QStringLiteral("shape")].toString() != shape && list.size() < kMostKept) {
             list.append(each);
         }

@@ -65,7 +65,7 @@ void PriceListDialog::showRow(int row, const PreviewedRow& shown)
     const QBrush grey = palette().brush(QPalette::PlaceholderText);
     const auto cells = std::min(static_cast<int>(shown.cells.size()), table_->columnCount());
     for (int column = 0; column < cells; ++column) {
-        const std::size_t at = static_cast<std::size_t>(column);
+        const auto at = static_cast<std::size_t>(column);
         const bool price = read_.columns.unitPrice == at;
         QString text = importedText(shown.cells[at]);
         if (price && shown.unitPrice) {

@@ -228,9 +228,10 @@ std::vector<std::string> CatalogueWords::corrections(const std::string& word)
                 break;
             }
             const std::string character = next.substr(at, characterSize(next, at));
-            tryWord(before + character + behind);
-            tryWord(before + character + rest);
-            from = before + character + kAfterAll;
+            const std::string longer = before + character;
+            tryWord(longer + behind);
+            tryWord(longer + rest);
+            from = longer + kAfterAll;
         }
     }
     std::sort(found.begin(), found.end());

@@ -124,11 +124,11 @@ int writeFile(sqlite3_file* base, const void* buffer, int amount, sqlite3_int64 
 }
 
 /// Passes a call on to the default file system.
-template <auto Method, class... Arguments>
+template <auto method, class... Arguments>
 int pass(sqlite3_file* base, Arguments... arguments)
 {
     File& file = of(base);
-    return noted(file, (file.inner->pMethods->*Method)(file.inner, arguments...));
+    return noted(file, (file.inner->pMethods->*method)(file.inner, arguments...));
 }
 
 /// "Not supported" is no failure here: SQLite asks the file system many things that it need not know.

@@ -182,7 +182,8 @@ protected:
             }
             UErrorCode status = U_ZERO_ERROR;
             ucnv_convertEx(to_.get(), from_.get(), &to, out_.data() + out_.size(), &next_, end_, pivot_.data(),
-                           &pivotFrom_, &pivotTo_, pivot_.data() + pivot_.size(), false, done_, &status);
+                           &pivotFrom_, &pivotTo_, pivot_.data() + pivot_.size(), false, static_cast<UBool>(done_),
+                           &status);
             if (done_ && status != U_BUFFER_OVERFLOW_ERROR) {
                 break;
             }
