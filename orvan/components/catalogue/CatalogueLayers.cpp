@@ -61,6 +61,13 @@ CatalogueLayers::CatalogueLayers(const std::filesystem::path& file)
     }
 }
 
+CatalogueLayers::CatalogueLayers(const std::vector<std::filesystem::path>& files)
+{
+    for (const std::filesystem::path& file : files) {
+        layers_.push_back(std::make_unique<Layer>(file));
+    }
+}
+
 void CatalogueLayers::open(const std::filesystem::path& file)
 {
     layers_.push_back(std::make_unique<Layer>(file));

@@ -29,6 +29,8 @@ class SortKeys;
 class CatalogueLayers {
 public:
     explicit CatalogueLayers(const std::filesystem::path& file);
+    /// Files that need not be a whole version; the upper one first.
+    explicit CatalogueLayers(const std::vector<std::filesystem::path>& files);
     ~CatalogueLayers();
     CatalogueLayers(const CatalogueLayers&) = delete;
     CatalogueLayers& operator=(const CatalogueLayers&) = delete;
