@@ -9,8 +9,6 @@
 namespace orvan {
 namespace {
 
-using server::CopyState;
-using server::LocalCopy;
 using test::forEachRow;
 using test::raisedBy;
 using ::testing::HasSubstr;

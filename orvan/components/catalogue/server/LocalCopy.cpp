@@ -10,7 +10,7 @@
 #include <system_error>
 #include <utility>
 
-namespace orvan::server {
+namespace orvan {
 
 namespace fs = std::filesystem;
 
@@ -331,4 +331,4 @@ void LocalCopy::removeUnnamed() const
     }
 }
 
-} // namespace orvan::server
+} // namespace orvan

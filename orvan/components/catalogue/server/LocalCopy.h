@@ -21,7 +21,7 @@
 #include <utility>
 #include <vector>
 
-namespace orvan::server {
+namespace orvan {
 
 /// Of what a copy is one.
 struct CopyState {
@@ -93,4 +93,4 @@ public:
     [[nodiscard]] virtual bool commit(const CopyState& state, const LocalCopy::GoOn& goOn) = 0;
 };
 
-} // namespace orvan::server
+} // namespace orvan
