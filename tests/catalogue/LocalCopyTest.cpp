@@ -30,10 +30,7 @@ CatalogueEntry entryOf(const Products::value_type& product)
             .number = number};
 }
 
-bool always()
-{
-    return true;
-}
+constexpr auto always = [](auto... /*progress*/) { return true; };
 
 class LocalCopyTest : public test::CatalogueFixture {
 protected:
@@ -215,7 +212,7 @@ TEST_F(LocalCopyTest, WhatIsNotCommittedHasNoEffect)
     {
         const auto update = copy().change();
         update->put({.name = "Nut", .partNum = "N", .number = 2});
-        EXPECT_FALSE(update->commit(state(2), [] { return false; }));
+        EXPECT_FALSE(update->commit(state(2), [](int, int) { return false; }));
     }
     copy().change()->remove(1);
     EXPECT_EQ(copy().state(), state(1));

@@ -71,14 +71,7 @@ public:
             if (++count % kRowsBetweenQuestions == 0 && !goOn()) {
                 return false;
             }
-            const bool priced = rows.type(4) == SqliteType::integer;
-            put({.name = rows.text(1),
-                 .key = rows.text(2),
-                 .partNum = rows.text(3),
-                 .unitPrice = priced ? std::optional(Currency::fromScaled(rows.integer(4))) : std::nullopt,
-                 .note = rows.text(5),
-                 .barcode = rows.text(6),
-                 .number = static_cast<std::int32_t>(rows.integer(0))});
+            put(storedEntry(rows));
         }
         if (hasChanged) {
             SqliteStatement changed(file, "SELECT item_id FROM changed");
@@ -90,7 +83,7 @@ public:
     }
 
     bool finish(const CopyState& state, std::optional<std::int64_t> entries, const std::vector<std::string>& below,
-                bool isLowest, const LocalCopy::GoOn& goOn)
+                bool isLowest, const LocalCopy::Progress& progress)
     {
         SqliteFile& file = writer_.file();
         SqliteStatement(file, "INSERT INTO copy VALUES (?, ?)").execute(state.revision, changes_);
@@ -103,7 +96,7 @@ public:
         }
         writer_.setOrigin({.source = state.source});
         writer_.setNumbering(state.lineage, entries);
-        return writer_.finish([&](int, int) { return goOn(); });
+        return writer_.finish(progress);
     }
 
 private:
@@ -158,14 +151,14 @@ public:
         }
     }
 
-    bool commit(const CopyState& state, const LocalCopy::GoOn& goOn) override
+    bool commit(const CopyState& state, const LocalCopy::Progress& progress) override
     {
         if (!name_.empty()) { // linked first: from now on the new version may name it
             makeLayer(target_, folder_ / name_);
-        } else if (present_ && !writer().addFrom(present_->file(0), !below_.empty(), goOn)) {
+        } else if (present_ && !writer().addFrom(present_->file(0), !below_.empty(), [&] { return progress(0, 1); })) {
             return false;
         }
-        if (!writer().finish(state, entries_, below_, below_.empty(), goOn)) {
+        if (!writer().finish(state, entries_, below_, below_.empty(), progress)) {
             return false;
         }
         writer_.reset();                    // closes the file
@@ -218,6 +211,18 @@ private:
 };
 
 } // namespace
+
+CatalogueEntry storedEntry(const SqliteRows& rows)
+{
+    const bool priced = rows.type(4) == SqliteType::integer;
+    return {.name = rows.text(1),
+            .key = rows.text(2),
+            .partNum = rows.text(3),
+            .unitPrice = priced ? std::optional(Currency::fromScaled(rows.integer(4))) : std::nullopt,
+            .note = rows.text(5),
+            .barcode = rows.text(6),
+            .number = static_cast<std::int32_t>(rows.integer(0))};
+}
 
 LocalCopy::LocalCopy(fs::path folder, const Limits& limits) : folder_(std::move(folder)), limits_(limits) {}
 
@@ -296,7 +301,7 @@ std::string LocalCopy::merged(const fs::path& folder, const Merging& merging, co
                 return {};
             }
         }
-        if (!writer.finish(state, std::nullopt, {}, merging.toLowest, goOn)) {
+        if (!writer.finish(state, std::nullopt, {}, merging.toLowest, [&](int, int) { return goOn(); })) {
             return {};
         }
     }
@@ -313,7 +318,7 @@ void LocalCopy::replace(const Merging& merging, const std::string& file) const
         *at = file;
         below.erase(at + 1, at + static_cast<std::ptrdiff_t>(merging.files.size()));
         Update update(folder_, std::move(below), limits_.onTop);
-        static_cast<void>(update.commit(*present, [] { return true; }));
+        static_cast<void>(update.commit(*present, [](int, int) { return true; }));
     }
     removeUnnamed();
 }

@@ -33,11 +33,17 @@ struct CopyState {
     friend bool operator==(const CopyState&, const CopyState&) = default;
 };
 
+/// The entry of a row that a statement yields with item_id, name, key, part_num, unit_price, note and barcode. Valid
+/// until the next row.
+[[nodiscard]] CatalogueEntry storedEntry(const SqliteRows& rows);
+
 class CopyUpdate;
 
 class LocalCopy {
 public:
     using GoOn = std::function<bool()>;
+    /// Called now and then while a version is written; false ends it.
+    using Progress = std::function<bool(int step, int steps)>;
 
     struct Limits {
         /// Changes in the upper layer, which is written with each batch: a tenth of a second's work.
@@ -89,8 +95,8 @@ public:
     /// The entry has its number. Only the first call counts for an entry.
     virtual void put(const CatalogueEntry& entry) = 0;
     virtual void remove(std::int32_t number) = 0;
-    /// False, and no new version, when `goOn` has returned false.
-    [[nodiscard]] virtual bool commit(const CopyState& state, const LocalCopy::GoOn& goOn) = 0;
+    /// False, and no new version, when `progress` has returned false.
+    [[nodiscard]] virtual bool commit(const CopyState& state, const LocalCopy::Progress& progress) = 0;
 };
 
 } // namespace orvan
