@@ -52,7 +52,7 @@ PostgresCluster::PostgresCluster(const std::string& settings)
     }
     std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
         << "listen_addresses = ''\nunix_socket_directories = '" << folder_.string()
-        << "'\nfsync = off\nfull_page_writes = off\nsynchronous_commit = off\nlog_destination = stderr\n"
+        << "'\nfsync = off\nfull_page_writes = off\nlog_destination = stderr\n"
         << "password_encryption = 'scram-sha-256'\n"
         << settings << '\n';
     // Members of the role with_password have to give a password.

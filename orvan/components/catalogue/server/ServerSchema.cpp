@@ -32,14 +32,16 @@ ServerState serverState(ServerConnection& server)
 {
     constexpr std::string_view kNoRight = "42501", kNoTable = "42P01", kNoSchema = "3F000";
     try {
-        ServerRows rows =
-            server.query("SELECT version, revision, lineage, next_number, language, source FROM orvan.state");
+        ServerRows rows = server.query("SELECT version, revision, lineage, next_number, language, source,"
+                                       " (SELECT stamp FROM orvan.change AS last WHERE last.revision = state.revision)"
+                                       " FROM orvan.state");
         if (!rows.next()) {
             refuse(server, userText("its catalogue is damaged (%1)", "orvan.state"));
         }
         refuseNewer(server, rows.integer(0));
         return {.version = rows.integer(0),
                 .revision = rows.integer(1),
+                .stamp = std::string(rows.text(6)),
                 .lineage = std::string(rows.text(2)),
                 .nextNumber = rows.integer(3),
                 .language = std::string(rows.text(4)),
@@ -56,6 +58,12 @@ ServerState serverState(ServerConnection& server)
         }
         throw;
     }
+}
+
+bool serverKnows(ServerConnection& server, std::int64_t revision, std::string_view stamp)
+{
+    return server.number("SELECT count(*) FROM orvan.change WHERE revision = $1 AND stamp = $2", revision,
+                         ServerConnection::Value(stamp)) == 1;
 }
 
 ServerSetUp setUpServer(ServerConnection& server)

@@ -19,6 +19,7 @@ inline constexpr const char* kServerChannel = "orvan";
 struct ServerState {
     std::int64_t version = 0;    ///< Of the schema.
     std::int64_t revision = 0;   ///< Of the last change.
+    std::string stamp = {};      ///< Of the revision; another server's change with the same number has another one.
     std::string lineage;         ///< Another one means that nothing is known of the entries' numbers.
     std::int64_t nextNumber = 1; ///< The number of the next new entry, if no entry has it already.
     std::string language;        ///< The language whose order the lists shall have.
@@ -26,6 +27,9 @@ struct ServerState {
 };
 
 [[nodiscard]] ServerState serverState(ServerConnection& server);
+/// Whether a change with this stamp led to the revision. If not, a copy of that revision is none of this catalogue: the
+/// server was restored from a backup, or is another one; or the copy is older than what the server remembers.
+[[nodiscard]] bool serverKnows(ServerConnection& server, std::int64_t revision, std::string_view stamp);
 
 enum class ServerSetUp { made, changed, unchanged };
 /// Makes schema and roles, or brings those of an earlier version to the present form. All or nothing.

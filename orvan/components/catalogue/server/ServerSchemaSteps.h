@@ -7,7 +7,11 @@
 //           revision of its last change. A transaction keeps the row of `state` locked from its first change to its
 //           end, so revisions stand in the order in which transactions end: who has seen revision n has seen all
 //           up to n.
-// incoming  where an import puts its rows if it may not make temporary tables. Nobody ever sees rows in it.
+// change    one row for each of the last 10,000 revisions, with a stamp that no other change has. A server that was
+//           restored from a backup, or took over from one that failed, may have given a revision a second time; a desk
+//           tells by the stamp that its copy does not belong to this past.
+// incoming  where an import puts its rows, and in incoming_number their numbers, if it may not make temporary tables.
+//           Nobody ever sees rows in them.
 //
 // The triggers do for people who change `product` by plain SQL what an import does by itself for all rows at once;
 // an import says so by the setting orvan.import.
@@ -30,6 +34,11 @@ CREATE TABLE orvan.state (
     changed_at timestamptz NOT NULL DEFAULT now()
 );
 INSERT INTO orvan.state (version) VALUES (1);
+CREATE TABLE orvan.change (
+    revision bigint PRIMARY KEY,
+    stamp text NOT NULL DEFAULT gen_random_uuid()::text
+);
+INSERT INTO orvan.change (revision) VALUES (0);
 CREATE TABLE orvan.product (
     id integer PRIMARY KEY,
     id_key text NOT NULL,
@@ -54,9 +63,6 @@ CREATE TABLE orvan.gone (
 );
 CREATE INDEX gone_revision ON orvan.gone (revision, id);
 CREATE INDEX gone_id_key ON orvan.gone (id_key);
-CREATE UNLOGGED TABLE orvan.incoming (
-    line bigint, own_id text, name text, key text, part_num text, barcode text, unit_price bigint, note text
-);
 
 -- The key by which an import finds an entry. A long one is shortened, because an index takes 2,700 bytes at most.
 CREATE FUNCTION orvan.key_of(own_id text, part_num text, name text) RETURNS text LANGUAGE sql IMMUTABLE AS $$
@@ -66,6 +72,12 @@ CREATE FUNCTION orvan.key_of(own_id text, part_num text, name text) RETURNS text
                       ELSE 'n' || name END AS full_key) AS made
 $$;
 
+CREATE UNLOGGED TABLE orvan.incoming (
+    line bigint, own_id text, name text, key text, part_num text, barcode text, unit_price bigint, note text,
+    id_key text GENERATED ALWAYS AS (orvan.key_of(own_id, part_num, name)) STORED
+);
+CREATE UNLOGGED TABLE orvan.incoming_number (line bigint, id integer, fresh boolean);
+
 -- The revision of this transaction. Its first call waits for other transactions that change entries.
 CREATE FUNCTION orvan.begin_change() RETURNS bigint LANGUAGE plpgsql SET search_path = '' AS $$
 DECLARE
@@ -73,6 +85,8 @@ DECLARE
 BEGIN
     IF present IS NULL THEN
         UPDATE orvan.state SET revision = revision + 1, changed_at = now() RETURNING revision INTO STRICT present;
+        INSERT INTO orvan.change (revision) VALUES (present);
+        DELETE FROM orvan.change WHERE revision <= present - 10000;
         PERFORM set_config('orvan.revision', present::text, true);
         BEGIN
             PERFORM pg_notify('orvan', present::text);
@@ -187,8 +201,9 @@ END $$;
 
 inline constexpr const char* kServerGrants = R"(
 GRANT USAGE ON SCHEMA orvan TO orvan_reader, orvan_importer;
-GRANT SELECT ON orvan.state, orvan.product, orvan.gone TO orvan_reader;
-GRANT SELECT, INSERT, UPDATE, DELETE ON orvan.product, orvan.gone, orvan.incoming TO orvan_importer;
+GRANT SELECT ON orvan.state, orvan.change, orvan.product, orvan.gone TO orvan_reader;
+GRANT SELECT, INSERT, UPDATE, DELETE ON orvan.product, orvan.gone, orvan.change, orvan.incoming,
+    orvan.incoming_number TO orvan_importer;
 GRANT SELECT, UPDATE ON orvan.state TO orvan_importer;
 )";
 
