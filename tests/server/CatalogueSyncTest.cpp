@@ -45,7 +45,12 @@ protected:
     ServerUri uri(const std::string& user = "owner") const { return ServerUri(cluster.uri(database, user)); }
     CatalogueSyncOptions options() const
     {
-        return {.uri = uri(), .folder = folder / "copy", .firstPause = 50ms, .longestPause = 200ms, .block = 500};
+        return {.uri = uri(),
+                .folder = folder / "copy",
+                .firstPause = 50ms,
+                .longestPause = 200ms,
+                .lockEvery = 50ms,
+                .block = 500};
     }
     CatalogueSyncOptions polling() const
     {

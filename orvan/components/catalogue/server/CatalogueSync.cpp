@@ -20,7 +20,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-constexpr auto kBetweenLocks = 2s;
 constexpr auto kBetweenMergings = 10min; ///< Where one has failed.
 /// The part of a first copy's time in which the entries come; the rest goes into the indexes.
 constexpr double kBringing = 0.2;
@@ -130,7 +129,7 @@ void CatalogueSync::pause(std::chrono::milliseconds time)
 void CatalogueSync::run()
 {
     while (goesOn()) {
-        std::chrono::milliseconds wait = kBetweenLocks;
+        std::chrono::milliseconds wait = options_.lockEvery;
         try {
             if (holdsLock()) {
                 session();

@@ -7,7 +7,7 @@
 // file and never waits for any of this.
 //
 // Of several programs of one user, one brings the changes: the one that has locked the file `lock` in the copy's
-// folder. The others try to get the lock every two seconds. The time of that file is when the copy was last found to be
+// folder. The others try to get the lock now and then. The time of that file is when the copy was last found to be
 // what the server has.
 //
 // Thread: any; `changed` is called in the object's own thread. Errors: none is raised, see CatalogueCopyState::problem.
@@ -38,7 +38,8 @@ struct CatalogueSyncOptions {
     std::chrono::milliseconds silence{30'000}; ///< A server that says nothing for so long within a statement is lost.
     std::chrono::milliseconds connecting{10'000};
     std::chrono::milliseconds firstPause{1'000}, longestPause{60'000};
-    std::int64_t block = 20'000; ///< Entries of a first copy that come at a time.
+    std::chrono::milliseconds lockEvery{2'000}; ///< How often to try the lock that another program has.
+    std::int64_t block = 20'000;                ///< Entries of a first copy that come at a time.
     LocalCopy::Limits limits = {};
 };
 
