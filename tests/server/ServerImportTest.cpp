@@ -253,31 +253,25 @@ TEST_F(ServerImport, CancelledWhileItReadsOrWaits)
 
 TEST_F(ServerImport, ServerKilledInMidImport)
 {
-    PostgresCluster own;
-    const ServerUri there(own.uri(own.newDatabase()));
-    {
-        ServerConnection server(there);
-        setUpServer(server);
-    }
-    importAs(there, kHeader + ",Bolt,B,1\n");
+    import(kHeader + ",Bolt,B,1\n");
     // While the list is read, and while the catalogue is changed.
     for (const int step : {0, 3}) {
         bool killed = false;
         CatalogueImportOptions options{.progress = [&](const auto& progress) {
             if (!killed && progress.rows >= 2000 && progress.indexesBuilt >= step) {
                 killed = true;
-                own.kill();
+                cluster().kill();
             }
             return true;
         }};
-        const Raised raised = raisedBy([&] { importAs(there, many(100'000), {.removeMissing = true}, options); });
+        const Raised raised = raisedBy([&] { import(many(100'000), {.removeMissing = true}, options); });
         EXPECT_TRUE(killed);
         EXPECT_EQ(raised.number, 75);
-        own.start();
-        ServerConnection server(there);
+        cluster().start();
+        ServerConnection server(uri);
         EXPECT_EQ(shown(server, "SELECT id, name, revision FROM orvan.product", 3), "1 Bolt 1");
     }
-    EXPECT_EQ(importAs(there, many(10)).added, 10);
+    EXPECT_EQ(import(many(10)).added, 10);
 }
 
 } // namespace

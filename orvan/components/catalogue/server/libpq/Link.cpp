@@ -21,13 +21,19 @@ constexpr milliseconds kBetweenQuestions(100);
 /// How long a server that is told to stop a statement may take to answer.
 constexpr milliseconds kStopping(2000);
 
+/// The message in one line.
 UserText trimmedReason(const char* message)
 {
-    std::string reason = message ? message : "";
-    while (!reason.empty() && (reason.back() == '\n' || reason.back() == ' ')) {
-        reason.pop_back();
+    std::string reason;
+    for (const char* at = message ? message : ""; *at != '\0'; ++at) {
+        const bool isBlank = *at == ' ' || *at == '\n' || *at == '\t';
+        if (!isBlank) {
+            reason += *at;
+        } else if (!reason.empty() && reason.back() != ' ') {
+            reason += ' ';
+        }
     }
-    std::replace(reason.begin(), reason.end(), '\n', ' ');
+    reason.erase(reason.find_last_not_of(' ') + 1);
     return reason;
 }
 
@@ -115,7 +121,7 @@ bool Link::await(bool toWrite, Clock::time_point end)
 {
     for (;;) {
         if (!watch_.goesOn()) {
-            stopServer();
+            stopServer(kStopping);
             return fail(Kind::cancelled, userText("it was cancelled"));
         }
         const short events = toWrite ? POLLIN | POLLOUT : POLLIN;
@@ -128,17 +134,18 @@ bool Link::await(bool toWrite, Clock::time_point end)
             return fail(Kind::unreachable, UserText(std::strerror(errno)));
         }
         if (Clock::now() >= end) {
-            stopServer();
+            stopServer(milliseconds(0)); // it may be the network that is dead
             return fail(Kind::timedOut, userText("the server does not answer"));
         }
     }
 }
 
-/// Tells the server to stop the statement. A thread of its own does so, because libpq's call blocks, and may do so
-/// for minutes where the network is dead.
-void Link::stopServer() noexcept
+/// Tells the server to stop the statement, and waits for its answer for a while. A thread of its own does so, because
+/// libpq's call blocks, and may do so for minutes where the network is dead.
+void Link::stopServer(milliseconds patience) noexcept
 {
-    PGcancel* const cancel = connection_ ? ::PQgetCancel(connection_.get()) : nullptr;
+    const bool connected = connection_ && ::PQstatus(connection_.get()) == CONNECTION_OK;
+    PGcancel* const cancel = connected ? ::PQgetCancel(connection_.get()) : nullptr;
     if (!cancel) {
         return;
     }
@@ -151,7 +158,7 @@ void Link::stopServer() noexcept
             ::PQfreeCancel(cancel);
             done->set_value();
         }).detach();
-        static_cast<void>(answered.wait_for(kStopping));
+        static_cast<void>(answered.wait_for(patience));
     } catch (...) { // no thread can be started; the server notices when the connection is closed
         ::PQfreeCancel(cancel);
     }

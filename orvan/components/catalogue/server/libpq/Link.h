@@ -53,7 +53,7 @@ private:
     bool flush();
     bool takeResult();
     void take(const PGresult& error);
-    void stopServer() noexcept;
+    void stopServer(std::chrono::milliseconds patience) noexcept;
 
     ServerWatch& watch_;
     ServerFailure failure_;
