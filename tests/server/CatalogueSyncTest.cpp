@@ -244,7 +244,8 @@ TEST_F(CatalogueSyncTest, NoDeskSeesHalfAnImport)
 {
     insert(1, 1'000);
     CatalogueSyncOptions frequent = options();
-    frequent.limits = {.onTop = 400, .layersBetween = 2, .fewChanges = 1'500, .lowestByChanges = 1};
+    frequent.limits = {
+        .onTop = 400, .layersBetween = 2, .fewChanges = 1'500, .lowestByChanges = 1, .atOnceByChanges = 0};
     const CatalogueSync sync(frequent);
     ASSERT_TRUE(follows());
     run("UPDATE orvan.product SET unit_price = 10000");

@@ -242,7 +242,6 @@ void CatalogueSync::bringAll(ServerConnection& server)
     });
     if (isMade) {
         known_ = all.state();
-        copy_.removeUnnamed();
         tell([](CatalogueCopyState& state) { state.percent.reset(); });
     }
 }
@@ -293,6 +292,9 @@ void CatalogueSync::mergeLayers()
             isMerged_ = true;
             signal_.wake();
         });
+    }
+    if (!merging_) {
+        copy_.removeUnnamed();
     }
 }
 

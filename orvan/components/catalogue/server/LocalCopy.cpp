@@ -82,6 +82,8 @@ public:
         return true;
     }
 
+    std::int64_t changes() const { return changes_; }
+
     bool finish(const CopyState& state, std::optional<std::int64_t> entries, const std::vector<std::string>& below,
                 bool isLowest, const LocalCopy::Progress& progress)
     {
@@ -115,19 +117,19 @@ private:
 class Update final : public CopyUpdate {
 public:
     /// With nothing of the present version.
-    Update(const fs::path& folder, std::string language)
-        : folder_(folder), target_(LocalCopy::catalogueIn(folder)), language_(std::move(language))
+    Update(const fs::path& folder, const LocalCopy::Limits& limits, std::string language)
+        : folder_(folder), target_(LocalCopy::catalogueIn(folder)), limits_(limits), language_(std::move(language))
     {
     }
     /// The present version, above the layers `below`.
-    Update(const fs::path& folder, std::vector<std::string> below, std::int64_t mostOnTop)
-        : folder_(folder), target_(LocalCopy::catalogueIn(folder)),
+    Update(const fs::path& folder, const LocalCopy::Limits& limits, std::vector<std::string> below)
+        : folder_(folder), target_(LocalCopy::catalogueIn(folder)), limits_(limits),
           present_(std::make_unique<CatalogueLayers>(target_)), below_(std::move(below))
     {
         const CatalogueOrigin origin = catalogueOrigin(present_->file(0));
         entries_ = origin.entries;
         language_ = origin.language;
-        if (changesIn(present_->file(0)) > mostOnTop) {
+        if (changesIn(present_->file(0)) > limits_.onTop) {
             name_ = newLayerName();
             below_.insert(below_.begin(), name_);
         }
@@ -153,9 +155,18 @@ public:
 
     bool commit(const CopyState& state, const LocalCopy::Progress& progress) override
     {
-        if (!name_.empty()) { // linked first: from now on the new version may name it
+        const auto goOn = [&] { return progress(0, 1); };
+        if (isForAll()) {
+            for (std::size_t layer = 0; layer < present_->count(); ++layer) {
+                const bool hasChanged = layer + 1 < present_->count();
+                if (!writer().addFrom(present_->file(layer), hasChanged, goOn)) {
+                    return false;
+                }
+            }
+            below_.clear();
+        } else if (!name_.empty()) { // linked first: from now on the new version may name it
             makeLayer(target_, folder_ / name_);
-        } else if (present_ && !writer().addFrom(present_->file(0), !below_.empty(), [&] { return progress(0, 1); })) {
+        } else if (present_ && !writer().addFrom(present_->file(0), !below_.empty(), goOn)) {
             return false;
         }
         if (!writer().finish(state, entries_, below_, below_.empty(), progress)) {
@@ -167,6 +178,14 @@ public:
     }
 
 private:
+    /// Whether the batch has changed so much that all entries are written again.
+    bool isForAll()
+    {
+        const std::int64_t changes = writer().changes();
+        return present_ && present_->count() > 0 && changes > limits_.fewChanges &&
+               changes * limits_.atOnceByChanges > changesIn(present_->file(present_->count() - 1));
+    }
+
     LayerWriter& writer()
     {
         if (!writer_) {
@@ -200,6 +219,7 @@ private:
     }
 
     const fs::path folder_, target_;
+    const LocalCopy::Limits limits_;
     std::unique_ptr<CatalogueLayers> present_; ///< Null if nothing of it is kept.
     std::vector<std::unique_ptr<SqliteStatement>> find_;
     std::vector<std::string> below_;
@@ -250,12 +270,12 @@ std::optional<CopyState> LocalCopy::state() const
 
 std::unique_ptr<CopyUpdate> LocalCopy::change() const
 {
-    return std::make_unique<Update>(folder_, layersBelow(), limits_.onTop);
+    return std::make_unique<Update>(folder_, limits_, layersBelow());
 }
 
 std::unique_ptr<CopyUpdate> LocalCopy::anew(const std::string& language) const
 {
-    return std::make_unique<Update>(folder_, language);
+    return std::make_unique<Update>(folder_, limits_, language);
 }
 
 std::vector<std::string> LocalCopy::layersBelow() const
@@ -266,18 +286,26 @@ std::vector<std::string> LocalCopy::layersBelow() const
 
 std::optional<LocalCopy::Merging> LocalCopy::merging() const
 {
-    const CatalogueLayers layers(catalogueIn(folder_));
-    std::vector<std::string> below = namesOfLayersBelow(layers.file(0));
-    if (below.size() < 2) {
-        return std::nullopt;
+    std::int64_t onTop = 0, changes = 0, lowest = 0;
+    std::vector<std::string> below;
+    {
+        const CatalogueLayers layers(catalogueIn(folder_));
+        below = namesOfLayersBelow(layers.file(0));
+        if (below.empty()) {
+            return std::nullopt;
+        }
+        onTop = changesIn(layers.file(0));
+        lowest = changesIn(layers.file(layers.count() - 1));
+        for (std::size_t layer = 0; layer + 1 < layers.count(); ++layer) {
+            changes += changesIn(layers.file(layer));
+        }
     }
-    std::int64_t changes = 0;
-    for (std::size_t layer = 1; layer + 1 < layers.count(); ++layer) {
-        changes += changesIn(layers.file(layer));
-    }
-    const std::int64_t lowest = changesIn(layers.file(layers.count() - 1));
     if (changes > std::max(limits_.fewChanges, lowest / limits_.lowestByChanges)) {
-        return Merging{std::move(below), true};
+        if (const std::optional<CopyState> present = state(); onTop > limits_.onTop && present) {
+            static_cast<void>(change()->commit(*present, [](int, int) { return true; }));
+            below = layersBelow();
+        }
+        return below.size() > 1 ? std::optional(Merging{std::move(below), true}) : std::nullopt;
     }
     below.pop_back();
     return below.size() >= limits_.layersBetween ? std::optional(Merging{std::move(below), false}) : std::nullopt;
@@ -317,7 +345,7 @@ void LocalCopy::replace(const Merging& merging, const std::string& file) const
     if (at != below.end() && present) {
         *at = file;
         below.erase(at + 1, at + static_cast<std::ptrdiff_t>(merging.files.size()));
-        Update update(folder_, std::move(below), limits_.onTop);
+        Update update(folder_, limits_, std::move(below));
         static_cast<void>(update.commit(*present, [](int, int) { return true; }));
     }
     removeUnnamed();

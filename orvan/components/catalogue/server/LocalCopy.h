@@ -51,6 +51,9 @@ public:
         std::size_t layersBetween = 3;     ///< From so many on, the layers above the lowest one become one.
         std::int64_t fewChanges = 5'000;   ///< No new lowest layer is made for so few,
         std::int64_t lowestByChanges = 20; ///< nor before the changes are this part of it.
+        /// A batch with which the upper layer has more changes than this part of the lowest one makes a new lowest one
+        /// at once: a search would meet too many hidden entries. If 0, none does.
+        std::int64_t atOnceByChanges = 4;
     };
 
     /// The folder exists.
@@ -71,6 +74,7 @@ public:
         std::vector<std::string> files;
         bool toLowest = false;
     };
+    /// Empty if there is nothing to do. A large upper layer gets a small one above it, so that it can be merged.
     [[nodiscard]] std::optional<Merging> merging() const;
     /// Makes one file of the layers and returns its name; an empty one when `goOn` has returned false. In any thread,
     /// while the copy is changed in another.
