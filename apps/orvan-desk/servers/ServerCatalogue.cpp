@@ -1,9 +1,9 @@
 #include "ServerCatalogue.h"
 
-#include "CatalogueMenu.h"
-#include "OpenQuote.h"
-#include "OutsideText.h"
-#include "StatusLine.h"
+#include "apps/orvan-desk/CatalogueMenu.h"
+#include "apps/orvan-desk/OpenQuote.h"
+#include "apps/orvan-desk/OutsideText.h"
+#include "apps/orvan-desk/StatusLine.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
