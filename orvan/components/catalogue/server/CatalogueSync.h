@@ -54,8 +54,9 @@ public:
     [[nodiscard]] CatalogueCopyState state() const;
     /// Asks the server now, also where a pause was to pass before.
     void bringNow();
-    /// To be called when a look-up has found the copy damaged: all entries are brought anew.
-    void replaceDamaged();
+    /// To be called when a look-up has found the copy damaged: whichever program brings the changes brings all entries
+    /// anew.
+    void replaceDamaged() noexcept;
 
 private:
     void run();
@@ -70,12 +71,16 @@ private:
     void pause(std::chrono::milliseconds time);
     template <class Change>
     void tell(Change&& change);
+    /// Runs a step that reads and writes the copy.
+    template <class Step>
+    void withCopy(Step&& step);
+    [[nodiscard]] std::filesystem::path damageMark() const { return options_.folder / "damaged"; }
     [[nodiscard]] bool goesOn() const { return !stopped_.load(); }
 
     const CatalogueSyncOptions options_;
     const LocalCopy copy_;
     ServerSignal signal_;
-    std::atomic<bool> stopped_ = false, damaged_ = false;
+    std::atomic<bool> stopped_ = false;
     files::Descriptor lock_;
     std::optional<CopyState> known_; ///< What the copy is; empty if it is not known.
     std::chrono::milliseconds pause_;
