@@ -6,10 +6,15 @@
 
 namespace orvan {
 
-/// The columns of copiedEntry(), in its order.
-#define ORVAN_COPIED_COLUMNS "id, name, key, part_num, unit_price, note, barcode"
+/// The next entries behind a number.
+inline constexpr const char* kNextEntries =
+    "SELECT id, name, key, part_num, unit_price, note, barcode FROM orvan.product"
+    " WHERE id > $1::bigint ORDER BY id LIMIT $2::bigint";
+/// The entries that have changed since a revision.
+inline constexpr const char* kChangedEntries = "SELECT id, name, key, part_num, unit_price, note, barcode"
+                                               " FROM orvan.product WHERE revision > $1 ORDER BY revision, id";
 
-/// Valid until the next row.
+/// The entry of a row of those queries; valid until the next row.
 [[nodiscard]] inline CatalogueEntry copiedEntry(const ServerRows& rows)
 {
     return {.name = rows.text(1),
@@ -36,9 +41,7 @@ CopyState changesSince(ServerConnection& server, std::int64_t revision, const Pu
     server.transaction("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", [&] {
         state = copyStateOf(serverState(server));
         {
-            ServerRows rows = server.query("SELECT " ORVAN_COPIED_COLUMNS
-                                           " FROM orvan.product WHERE revision > $1 ORDER BY revision, id",
-                                           revision);
+            ServerRows rows = server.query(kChangedEntries, revision);
             while (rows.next()) {
                 put(copiedEntry(rows));
             }

@@ -135,9 +135,7 @@ void FirstCopy::bringBlocks(ServerConnection& server, const Progress& progress)
         come = 0;
         together(*file_, [&] {
             std::int64_t last = last_;
-            ServerRows rows = server.query("SELECT " ORVAN_COPIED_COLUMNS
-                                           " FROM orvan.product WHERE id > $1::bigint ORDER BY id LIMIT $2::bigint",
-                                           last_, block_);
+            ServerRows rows = server.query(kNextEntries, last_, block_);
             for (; rows.next(); ++come) {
                 put(copiedEntry(rows));
                 last = rows.integer(0);
