@@ -79,6 +79,7 @@ public:
         bool done = false;
         server_.run("BEGIN; SET LOCAL search_path = ''; SET LOCAL statement_timeout = 0; SET LOCAL lock_timeout = 0;"
                     " SET LOCAL idle_in_transaction_session_timeout = 0");
+        setIfKnown("jit", "off"); // which takes longer to compile a statement than it then saves
         try {
             makeTables();
             done = copy() && refuseTwice() && change(result);
@@ -95,14 +96,21 @@ public:
     }
 
 private:
-    static constexpr int kAllSteps = static_cast<int>(kServerImportNumbering.size()) + 5;
+    static constexpr int kAllSteps = static_cast<int>(kServerImportNumbering.size()) + 6;
 
     bool goesOn() { return committing_ || list_.builds(step_, step_ == 0 ? 0 : kAllSteps); }
     void requireRight();
+    /// Sets what PostgreSQL knows, and other servers may not, until the end of the transaction.
+    void setIfKnown(std::string_view name, std::string_view value)
+    {
+        server_.execute("SELECT set_config(name, $2, true) FROM pg_settings WHERE name = $1",
+                        ServerConnection::Value(name), ServerConnection::Value(value));
+    }
     void makeTables();
     bool copy();
     bool refuseTwice();
     void lockState();
+    void numberNewEntries();
     bool change(ServerImportResult& result);
     void commit();
     std::string sql(std::string_view text) const;
@@ -217,6 +225,22 @@ void ServerImportRun::lockState()
     }
 }
 
+void ServerImportRun::numberNewEntries()
+{
+    ++step_;
+    const std::int64_t fresh = server_.number(sql(kServerImportUnnumbered).c_str());
+    if (fresh == 0) {
+        return;
+    }
+    const std::int64_t used = server_.number(sql(kServerImportUsed).c_str());
+    setIfKnown("enable_nestloop", "off");
+    const std::int64_t numbered = server_.execute(sql(kServerImportFresh).c_str(), fresh, used);
+    setIfKnown("enable_nestloop", "on");
+    if (numbered < fresh) {
+        throw RuntimeError(ErrorNumber::overflow);
+    }
+}
+
 bool ServerImportRun::change(ServerImportResult& result)
 {
     if (temporary_) {
@@ -231,9 +255,7 @@ bool ServerImportRun::change(ServerImportResult& result)
             server_.run(sql("ANALYZE {numbers}").c_str());
         }
     }
-    if (server_.number(sql(kServerImportUnnumbered).c_str()) > 0) {
-        throw RuntimeError(ErrorNumber::overflow);
-    }
+    numberNewEntries();
     result.changed = step(kServerImportChange, result.revision);
     result.removed = serverOptions_.removeMissing ? step(kServerImportRemove) : 0;
     result.added = step(kServerImportAdd, result.revision);

@@ -66,28 +66,37 @@ FROM (SELECT line, CASE WHEN own_id ~ '^(0|-?[1-9][0-9]{0,9})$' THEN own_id::big
 WHERE number BETWEEN -2147483648 AND 2147483647
   AND NOT EXISTS (SELECT FROM orvan.product AS p WHERE p.id = number)
   AND NOT EXISTS (SELECT FROM orvan.gone AS g WHERE g.id = number)
-)",
-    R"(
+)"};
+
+/// How many rows have no number yet.
+inline constexpr const char* kServerImportUnnumbered = R"(
+SELECT count(*) FROM {rows} AS r WHERE NOT EXISTS (SELECT FROM {numbers} AS n WHERE n.line = r.line)
+)";
+
+/// How many of the numbers from the next one on are used.
+inline constexpr const char* kServerImportUsed = R"(
+SELECT (SELECT count(*) FROM orvan.product WHERE id >= next_number)
+     + (SELECT count(*) FROM orvan.gone WHERE id >= next_number)
+     + (SELECT count(*) FROM {numbers} WHERE id >= next_number)
+FROM orvan.state
+)";
+
+/// Gives $1 rows the next free numbers, of which $2 may be used. A nested loop, which takes hours for a long list,
+/// would be chosen because the server does not know how many numbers are free.
+inline constexpr const char* kServerImportFresh = R"(
 INSERT INTO {numbers}
 WITH fresh AS (
     SELECT line, row_number() OVER (ORDER BY line) AS nth
     FROM {rows} AS r WHERE NOT EXISTS (SELECT FROM {numbers} AS n WHERE n.line = r.line)
-), used AS (
-    SELECT id FROM orvan.product WHERE id >= (SELECT next_number FROM orvan.state)
-    UNION SELECT id FROM orvan.gone WHERE id >= (SELECT next_number FROM orvan.state)
-    UNION SELECT id FROM {numbers} WHERE id >= (SELECT next_number FROM orvan.state)
 ), free AS (
     SELECT number, row_number() OVER (ORDER BY number) AS nth
-    FROM generate_series((SELECT next_number FROM orvan.state),
-                         least(2147483647, (SELECT next_number FROM orvan.state) - 1
-                                           + (SELECT count(*) FROM fresh) + (SELECT count(*) FROM used))) AS number
-    WHERE NOT EXISTS (SELECT FROM used WHERE id = number)
+    FROM (SELECT next_number FROM orvan.state) AS state,
+         generate_series(next_number, least(2147483647, next_number - 1 + $1::bigint + $2::bigint)) AS number
+    WHERE NOT EXISTS (SELECT FROM orvan.product AS p WHERE p.id = number)
+      AND NOT EXISTS (SELECT FROM orvan.gone AS g WHERE g.id = number)
+      AND NOT EXISTS (SELECT FROM {numbers} AS n WHERE n.id = number)
 )
 SELECT line, number, true FROM fresh JOIN free USING (nth)
-)"};
-
-inline constexpr const char* kServerImportUnnumbered = R"(
-SELECT count(*) FROM {rows} AS r WHERE NOT EXISTS (SELECT FROM {numbers} AS n WHERE n.line = r.line)
 )";
 
 inline constexpr const char* kServerImportChange = R"(
