@@ -250,11 +250,11 @@ void compareRows(const LookUpList& shown, const PlainImport& import, std::string
     require(rows.size() >= matches, "no match is missing");
     require(foldCase(rows[0].text).starts_with(foldCase(typed)), "the first row begins with the typed text");
     for (std::size_t i = 0; i < matches; ++i) {
-        // The first row may have the capitals of the typed text.
-        const auto own = i > 0 ? expected.find(rows[i].text)
-                               : std::find_if(expected.begin(), expected.end(), [&](const std::string& each) {
-                                     return foldCase(each) == foldCase(rows[0].text);
-                                 });
+        auto own = expected.find(rows[i].text);
+        if (i == 0 && own == expected.end()) { // the first row may have the capitals of the typed text
+            own = std::find_if(expected.begin(), expected.end(),
+                               [&](const std::string& each) { return foldCase(each) == foldCase(rows[0].text); });
+        }
         require(own != expected.end(), "the matches come first, and each once");
         expected.erase(own);
     }
