@@ -129,6 +129,9 @@ TEST_F(ServerSchema, AServerThatDoesNotAnswer)
         EXPECT_TRUE(error.isTemporary());
         EXPECT_EQ(error.number(), 75);
     }
+    const std::string both = folder.path().string() + "," + cluster().folder().string();
+    const ServerUri second("postgresql://owner@/" + database + "?host=" + both);
+    EXPECT_EQ(ServerConnection(second, {.connecting = 500ms}).number("SELECT 7"), 7);
     ::close(silent);
     ServerConnection server(uri, {.silence = 200ms});
     try {

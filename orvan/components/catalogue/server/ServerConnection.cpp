@@ -43,6 +43,46 @@ constexpr std::pair<const char*, const char*> kDefaults[] = {
 /// What is always as this library needs it.
 constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "UTF8"}};
 
+std::vector<std::string> partsOf(const std::string& list)
+{
+    std::vector<std::string> parts(1);
+    for (const char c : list) {
+        if (c == ',') {
+            parts.emplace_back();
+        } else {
+            parts.back() += c;
+        }
+    }
+    return parts;
+}
+
+/// The parameters for each of several hosts alone, so that one that does not answer has a limit of its own; libpq would
+/// have one limit for all. Only libpq itself can do a search that needs to know all hosts.
+std::vector<ServerUri::Parameters> perHost(const ServerUri::Parameters& parameters)
+{
+    constexpr std::string_view kListed[] = {"host", "hostaddr", "port"};
+    std::size_t hosts = 1;
+    for (const auto& [name, value] : parameters) {
+        if (value == "prefer-standby") {
+            return {parameters};
+        }
+        if (name == "host" || name == "hostaddr") {
+            hosts = std::max(hosts, partsOf(value).size());
+        }
+    }
+    std::vector<ServerUri::Parameters> each(hosts, parameters);
+    for (std::size_t host = 0; host < hosts; ++host) {
+        for (auto& [name, value] : each[host]) {
+            const auto parts = partsOf(value);
+            const bool listed = std::find(std::begin(kListed), std::end(kListed), name) != std::end(kListed);
+            if (listed && parts.size() == hosts) {
+                value = parts[host];
+            }
+        }
+    }
+    return each;
+}
+
 ServerUri::Parameters completed(const ServerUri& uri, const std::string& application)
 {
     ServerUri::Parameters all(std::begin(kDefaults), std::end(kDefaults));
@@ -144,7 +184,11 @@ ServerConnection::~ServerConnection() = default;
 
 void ServerConnection::connect()
 {
-    static_cast<void>(link_->connect(completed(uri_, options_.application), options_.connecting));
+    for (const ServerUri::Parameters& host : perHost(completed(uri_, options_.application))) {
+        if (link_->connect(host, options_.connecting) || link_->failure().kind == Kind::cancelled) {
+            break;
+        }
+    }
     check();
 }
 
