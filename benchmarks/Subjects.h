@@ -17,5 +17,6 @@ void addDeskStart(Suite& suite);      ///< N: the desk up to its first paint
 void addPrinting(Suite& suite);       ///< O: a quote as a PDF file
 void addListCommands(Suite& suite);   ///< P: search, undo and copy in a long list
 void addSearch(Suite& suite);         ///< Q: the catalogue's search by itself
+void addServerCopy(Suite& suite);     ///< R: the local copy of a server's catalogue
 
 } // namespace orvan::bench

@@ -39,6 +39,9 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addPrinting(suite);
     orvan::bench::addListCommands(suite);
     orvan::bench::addSearch(suite);
+#ifdef ORVAN_POSTGRES_FOLDER
+    orvan::bench::addServerCopy(suite);
+#endif
 
     const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
     if (take("--help") || take("-h")) {

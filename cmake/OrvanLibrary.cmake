@@ -54,13 +54,15 @@ function(orvan_library name)
     endif()
 endfunction()
 
-# Puts the module that reads workbooks beside a program of the build folder, where it is found as in an installation.
-function(orvan_reads_workbooks program)
-    if(TARGET orvan_workbooks)
-        add_dependencies(${program} orvan_workbooks)
-        add_custom_command(TARGET ${program} POST_BUILD COMMAND ${CMAKE_COMMAND} -E create_symlink
-            $<TARGET_FILE:orvan_workbooks> $<TARGET_FILE_DIR:${program}>/$<TARGET_FILE_NAME:orvan_workbooks>)
-    endif()
+# Puts the modules beside a program of the build folder, where they are found as in an installation.
+function(orvan_loads_modules program)
+    foreach(module IN ITEMS orvan_workbooks orvan_postgres)
+        if(TARGET ${module})
+            add_dependencies(${program} ${module})
+            add_custom_command(TARGET ${program} POST_BUILD COMMAND ${CMAKE_COMMAND} -E create_symlink
+                $<TARGET_FILE:${module}> $<TARGET_FILE_DIR:${program}>/$<TARGET_FILE_NAME:${module}>)
+        endif()
+    endforeach()
 endfunction()
 
 # Installs the files with which find_package(KTVOrvanProduct) finds the library.

@@ -27,6 +27,8 @@ MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|Pro
 INSTALLED_HOSTS = ("apps/quick-host/", "apps/orvan-grid/")
 # The folders that use no library except the standard library.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
+# The benchmarks of catalogues on servers start the PostgreSQL of the tests.
+SERVERS_FOR_BENCHMARKS = ("benchmarks", "tests/server/")
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
 MOST_PUBLIC_HEADERS = 40
@@ -53,6 +55,8 @@ def check_includes(path: str, text: str) -> list[str]:
         place = f"{path}:{line_of(match, text)}"
         if quote == '"' or target.startswith("orvan/"):
             other = layer_of(target)
+            if own == SERVERS_FOR_BENCHMARKS[0] and target.startswith(SERVERS_FOR_BENCHMARKS[1]):
+                continue
             if other is None:
                 if not (ROOT / path).parent.joinpath(target).exists():
                     findings.append(f"{place}: {line} is not a path from the root")

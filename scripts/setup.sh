@@ -3,10 +3,11 @@
 # and scripts/pictures.
 
 run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsqlite3-dev
-              libzip-dev libexpat1-dev fonts-dejavu-core
+              libzip-dev libexpat1-dev libpq-dev fonts-dejavu-core
               qt6-l10n-tools qt6-translations-l10n)
 test_packages=("${run_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox strace desktop-file-utils appstream shared-mime-info
+               postgresql # the tests start one of their own
                poppler-utils # reads the text of a printed quote
                dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi) # these four: assistive technology
 lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev shellcheck)
@@ -16,8 +17,26 @@ fuzz_packages=("${run_packages[@]}" ccache clang libclang-rt-dev llvm) # llvm: f
 libcxx_packages=(libc++-dev libc++abi-dev googletest)
 aarch64_packages=(g++-aarch64-linux-gnu qemu-user googletest)
 s390x_packages=(g++-s390x-linux-gnu qemu-user googletest)
-bench_packages=("${run_packages[@]}" libbenchmark-dev xvfb)
+bench_packages=("${run_packages[@]}" libbenchmark-dev postgresql xvfb)
 picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick poppler-utils)
+
+# install_packages PACKAGE...: installs them, without what they only recommend.
+install_packages() {
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@"
+}
+
+# prepare_postgresql: sees to it that installing PostgreSQL neither makes nor starts a server on this computer. Does
+# nothing where there is a PostgreSQL already.
+prepare_postgresql() {
+    local programs=(/usr/lib/postgresql/*/bin/postgres) as_root=()
+    [ -e "${programs[0]}" ] && return 0
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    install_packages postgresql-common &&
+        "${as_root[@]}" sed -i -E 's/^#?create_main_cluster *=.*/create_main_cluster = false/' \
+            /etc/postgresql-common/createcluster.conf
+}
 
 # install_missing PACKAGE...: installs the packages that are missing; prints nothing when none is.
 install_missing() {
@@ -34,8 +53,8 @@ install_missing() {
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     echo "Installing ${missing[*]}" >&2
     { "${as_root[@]}" apt-get update -qq &&
-        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
-            "${missing[@]}"; } >&2 ||
+        { [[ " ${missing[*]} " != *" postgresql "* ]] || prepare_postgresql; } &&
+        install_packages "${missing[@]}"; } >&2 ||
         { echo "Could not install: ${missing[*]}" >&2; return 1; }
 }
 

@@ -1,8 +1,10 @@
 #include "ImportCommand.h"
 
 #include "CommandLine.h"
+#include "Interruption.h"
 #include "ProgressBar.h"
 #include "RefusedReport.h"
+#include "ServerCommands.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -10,7 +12,6 @@
 #include "orvan/components/catalogue/lists/ListPreview.h"
 
 #include <algorithm>
-#include <csignal>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -23,6 +24,8 @@ const char kImportHelp[] =
             workbook (.xlsx). If rows have errors, lists them with their line numbers and does not change
             CATALOGUE. Programs that have CATALOGUE open need not be closed: their next look-up uses the new
             one. The catalogue that is replaced is kept as CATALOGUE.former until the next import.
+            CATALOGUE may be on a server: postgresql://user@host/database. Then the list's entries are added to
+            those that are there, or change them.
 preview     Shows how a price list is understood, and imports nothing. It takes the same options:
   --item-id COLUMN, --name COLUMN, --key COLUMN, --part-number COLUMN, --barcode COLUMN,
   --unit-price COLUMN, --note COLUMN
@@ -36,26 +39,13 @@ preview     Shows how a price list is understood, and imports nothing. It takes 
   --first-line N      the line in which the entries begin
   --skip-bad-rows     leave out rows with errors, and write them to CATALOGUE.refused.csv
   --report FILE       write the rows with errors to FILE instead
+  --remove-missing    on a server: remove the entries that the list does not have
   --quiet             show no progress bar
 )";
 
 namespace {
 
 using shared::terminalText;
-
-volatile std::sig_atomic_t interrupted = 0;
-
-/// The first signal cancels the import, which removes its unfinished file. A second one ends the program at once.
-/// Without SA_RESTART, a signal also ends a system call that waits.
-void endInOrderAtSignals()
-{
-    struct sigaction action = {};
-    action.sa_handler = [](int) { interrupted = 1; };
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        ::sigaction(signal, &action, nullptr);
-    }
-}
 
 char oneCharacter(const std::string& option, const std::string& value)
 {
@@ -96,6 +86,7 @@ struct Request {
     CatalogueImportOptions options;
     std::string reportFile;
     bool quiet = false;
+    bool removeMissing = false;
     std::vector<std::string> files;
 
     Request(const std::string& command, const std::vector<std::string>& words)
@@ -125,6 +116,8 @@ struct Request {
                 options.skipBadRows = true;
             } else if (option == "--report") {
                 reportFile = value();
+            } else if (option == "--remove-missing") {
+                removeMissing = true;
             } else if (option == "--quiet") {
                 quiet = true;
             } else {
@@ -230,21 +223,32 @@ int import(const std::vector<std::string>& words)
     if (request.files.size() != 2) {
         throw WrongUse{"import needs two arguments, a price list and a catalogue"};
     }
+    const std::optional<ServerUri> server = serverUri(request.files[1]);
+    if (request.removeMissing && !server) {
+        throw WrongUse{"--remove-missing is for servers; an import into a file always removes what the list lacks"};
+    }
     if (request.reportFile.empty() && request.options.skipBadRows) {
-        request.reportFile = request.files[1] + ".refused.csv";
+        request.reportFile = request.files[server ? 0 : 1] + ".refused.csv";
     }
     endInOrderAtSignals();
     request.options.keepFormer = true;
     RefusedReport refused(request.reportFile);
     request.options.eachRefused = [&](const RefusedRow& row, const auto& cells) { refused.add(row, cells); };
-    CatalogueImportResult result;
+    ServerImportResult result;
     try {
         ProgressBar bar(!request.quiet);
         request.options.progress = [&](const CatalogueImportProgress& progress) {
             bar.show(progress);
             return interrupted == 0;
         };
-        result = importCatalogue(request.files[0], request.files[1], request.options);
+        if (server) {
+            result = importToServer(request.files[0], *server, request.options,
+                                    {.removeMissing = request.removeMissing, .waits = [&bar] {
+                                         bar.tell("orvan-catalogue: waiting until another import has ended");
+                                     }});
+        } else {
+            result.list = importCatalogue(request.files[0], request.files[1], request.options);
+        }
     } catch (const RuntimeError& error) {
         if (error.number() != ErrorNumber::invalidFileFormat || !tellQuestions(request.files[0], request.options)) {
             throw;
@@ -252,7 +256,11 @@ int import(const std::vector<std::string>& words)
         return kNothing;
     }
     refused.finish();
-    return report(result, request, refused);
+    if (server && result.list.outcome == CatalogueImportResult::Outcome::imported) {
+        std::cout << result.added << " added, " << result.changed << " changed, " << result.removed
+                  << " removed; revision " << result.revision << '\n';
+    }
+    return report(result.list, request, refused);
 }
 
 int preview(const std::vector<std::string>& words)

@@ -42,6 +42,13 @@ public:
         }
     }
 
+    /// Writes a line of its own, also where the bar is not shown.
+    void tell(const char* line)
+    {
+        std::cerr << (last_.empty() ? "" : "\r\033[K") << line << std::endl;
+        last_.clear();
+    }
+
 private:
     const bool shown_;
     std::string last_;

@@ -1,7 +1,10 @@
 // orvan-catalogue: makes a catalogue from a price list, searches it, and counts its entries.
 
 #include "CommandLine.h"
+#include "ExportCommand.h"
 #include "ImportCommand.h"
+#include "Interruption.h"
+#include "ServerCommands.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -27,13 +30,16 @@ constexpr char kUsage[] = R"(usage: orvan-catalogue import LIST CATALOGUE [optio
        orvan-catalogue preview LIST [option...]
        orvan-catalogue search CATALOGUE TEXT [--most N]
        orvan-catalogue statistics CATALOGUE
+       orvan-catalogue export CATALOGUE FILE
+       orvan-catalogue setup-server URI [option...]
 
 )";
 constexpr char kSearchHelp[] =
     R"(search      Lists the entries whose part number or name begins with TEXT, ordered as in the editor.
   --most N            list at most N entries by part number and N by name (default 20)
 statistics  Counts the entries and shows the lowest and the highest price.
-
+)";
+constexpr char kExitHelp[] = R"(
 Exit status: 0 success; 1 nothing was found, or the list was refused; 2 an error; 130 cancelled.
 )";
 
@@ -92,6 +98,9 @@ int statistics(const std::vector<std::string>& words)
     if (files.size() != 1) {
         throw WrongUse{"statistics needs one argument, a catalogue"};
     }
+    if (const std::optional<ServerUri> server = serverUri(files[0])) {
+        return serverStatistics(*server);
+    }
     SqliteFile catalogue = openCatalogue(files[0]);
     const CatalogueStatistics counted = catalogueStatistics(catalogue);
     std::cout << "Entries         " << counted.entries << "\nWithout price   " << counted.withoutPrice
@@ -106,7 +115,7 @@ int run(const std::vector<std::string>& words)
     const std::vector<std::string> rest(words.begin() + (words.empty() ? 0 : 1), words.end());
     try {
         if (command == "--help" || command == "-h") {
-            std::cout << kUsage << kImportHelp << kSearchHelp;
+            std::cout << kUsage << kImportHelp << kSearchHelp << kExportHelp << kServerHelp << kExitHelp;
             return kDone;
         }
         if (command == "import") {
@@ -121,10 +130,20 @@ int run(const std::vector<std::string>& words)
         if (command == "statistics") {
             return statistics(rest);
         }
+        if (command == "export") {
+            return exportCatalogue(rest);
+        }
+        if (command == "setup-server") {
+            return setUpServer(rest);
+        }
         throw WrongUse{command.empty() ? "no command" : "there is no command \"" + command + "\""};
     } catch (const WrongUse& wrong) {
         std::cerr << "orvan-catalogue: " << terminalText(wrong.problem) << "; see orvan-catalogue --help\n";
     } catch (const std::exception& error) {
+        if (interrupted != 0) {
+            std::cerr << "orvan-catalogue: cancelled\n";
+            return kCancelled;
+        }
         std::cerr << "orvan-catalogue: " << terminalText(error.what()) << '\n';
     }
     return kFailed;

@@ -4,6 +4,7 @@
 #include "PlainBox.h"
 #include "RecentFiles.h"
 #include "pricelists/PriceListDialog.h"
+#include "servers/ServerCatalogue.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
@@ -140,13 +141,21 @@ QString sourceName(const std::string& source)
     return source == kSampleName ? CatalogueMenu::tr("sample products") : shortened(QString::fromStdString(source));
 }
 
+CatalogueOptions catalogueOptionsFor(const QString& catalogue)
+{
+    CatalogueOptions options;
+    options.file = pathOf(catalogue);
+    options.copies = pathOf(copiesFolder());
+    options.report = [](const UserText& problem) {
+        PlainBox(QMessageBox::Warning, qt::translated(problem), QMessageBox::Ok, QApplication::activeWindow()).exec();
+    };
+    return options;
+}
+
 HostOptions lookUpProductsIn(const QString& catalogue)
 {
     HostOptions options;
-    options.components.catalogue.file = pathOf(catalogue);
-    options.components.catalogue.report = [](const UserText& problem) {
-        PlainBox(QMessageBox::Warning, qt::translated(problem), QMessageBox::Ok, QApplication::activeWindow()).exec();
-    };
+    options.components.catalogue = catalogueOptionsFor(catalogue);
     return options;
 }
 
@@ -157,8 +166,11 @@ CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tel
     addAction(tr("Use the &Sample Products"), this, &CatalogueMenu::useSample);
     addSeparator();
     bringBack_ = addAction(tr("&Bring Back the Former Catalogue"), this, &CatalogueMenu::bringBackFormer);
+    for (QAction* const action : actions()) {
+        action->setEnabled(!catalogue_.isEmpty());
+    }
     connect(this, &QMenu::aboutToShow, this,
-            [this] { bringBack_->setEnabled(formerOf(pathOf(catalogue_)).has_value()); });
+            [this] { bringBack_->setEnabled(!catalogue_.isEmpty() && formerOf(pathOf(catalogue_)).has_value()); });
 }
 
 /// Asks only if there is a catalogue. If something else has its name, the import itself refuses to replace it.

@@ -20,8 +20,10 @@ QString defaultCatalogueFile();
 /// The file that a catalogue was imported from, as the user knows it.
 [[nodiscard]] QString sourceName(const std::string& source);
 
-/// Options with which the editor looks products up in this file. If the file cannot be used, the user is told why once,
-/// when the editor first looks something up, and the editor works without entries.
+/// Options with which the editor looks products up in this file, or in the copy of this server's catalogue. If it
+/// cannot be used, the user is told why once, when the editor first looks something up, and the editor works without
+/// entries.
+[[nodiscard]] CatalogueOptions catalogueOptionsFor(const QString& catalogue);
 [[nodiscard]] HostOptions lookUpProductsIn(const QString& catalogue);
 
 class CatalogueMenu : public QMenu {
@@ -31,6 +33,7 @@ public:
     /// Shows what could not be done, and why; `details` holds more for users who want to know it.
     using Tell = std::function<void(const QString& what, const QString& why, const QString& details)>;
 
+    /// Without a catalogue's file, which is so where a server has the catalogue, nothing can be imported.
     CatalogueMenu(const QString& catalogue, QWidget* window, Tell tell);
 
     /// Imports the products that come with the desk, where there is no catalogue yet.

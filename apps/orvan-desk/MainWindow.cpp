@@ -6,6 +6,7 @@
 #include "QuoteLocale.h"
 #include "StatusLine.h"
 #include "WatchedProducts.h"
+#include "servers/ServerCatalogue.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
@@ -137,6 +138,8 @@ MainWindow::MainWindow()
     connect(history_, &QuoteHistory::failed, this,
             [this](const QString& why) { tell(tr("This could not be undone."), why); });
 }
+
+MainWindow::~MainWindow() = default;
 
 void MainWindow::listEdited()
 {

@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QAction;
@@ -23,6 +24,8 @@ class ProductViewWidget;
 
 namespace orvan::desk {
 
+class CatalogueMenu;
+class CopyWatch;
 class KeySheet;
 class RecentFiles;
 class StatusLine;
@@ -32,6 +35,7 @@ class MainWindow : public QMainWindow {
 
 public:
     MainWindow();
+    ~MainWindow() override;
 
     /// Shows a file's quote, after asking about unsaved changes. A file that cannot be read gives a
     /// message and leaves the open quote alone; false then and when the user cancels.
@@ -49,6 +53,8 @@ public:
     /// Adds the menu of the catalogue of products where the editor looks them up (lookUpProductsIn).
     /// `sampleIfNone`: where there is none, it is made of the sample products once the event loop runs.
     void useCatalogue(const QString& file, bool sampleIfNone);
+    /// The same for the catalogue of a server; the editor looks products up in its copy from now on.
+    void useServer(const QString& uri);
 
     /// Takes what would be told in a message box, where nobody is there to answer one.
     std::function<void(const QString& problem)> onProblem;
@@ -63,6 +69,9 @@ private:
     QWidget* makeFields();
     QAction* addFileAction(const QString& text, const QKeySequence& keys, void (MainWindow::*slot)());
 
+    /// Replaces the menu of the catalogue.
+    CatalogueMenu* showCatalogueMenu(const QString& file);
+    void chooseServer();
     void showKeys();
     void chooseCurrency();
     /// Has the amounts written in that currency, and keeps it with the quote.
@@ -103,6 +112,9 @@ private:
     QPointer<KeySheet> keySheet_; ///< While it is open.
     RecentFiles* recent_ = nullptr;
     StatusLine* status_ = nullptr;
+    QPointer<CatalogueMenu> catalogueMenu_;
+    std::unique_ptr<CopyWatch> copyWatch_; ///< Null where no server's catalogue is used.
+    QString server_;                       ///< The URI of that server.
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.

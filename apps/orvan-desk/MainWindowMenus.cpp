@@ -1,6 +1,5 @@
 // The window's menus.
 
-#include "CatalogueMenu.h"
 #include "CurrencyDialog.h"
 #include "DeskSettings.h"
 #include "KeySheet.h"
@@ -177,22 +176,6 @@ void MainWindow::useTheme(Theme theme)
 {
     theme_ = theme;
     applyTheme(theme);
-}
-
-void MainWindow::useCatalogue(const QString& file, bool sampleIfNone)
-{
-    auto* const menu =
-        new CatalogueMenu(file, this, [this](const QString& what, const QString& why, const QString& details) {
-            tell(what, why, details);
-        });
-    menuBar()->insertMenu(menuBar()->actions().constLast(), menu); // before the help menu
-    status_->setCatalogue(file);
-    QTimer::singleShot(0, menu, [this, menu, sampleIfNone] {
-        if (sampleIfNone) {
-            menu->importSampleIfNone();
-        }
-        status_->lookAgain();
-    });
 }
 
 } // namespace orvan::desk

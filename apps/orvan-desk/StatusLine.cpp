@@ -3,6 +3,7 @@
 #include "CatalogueMenu.h"
 #include "OpenQuote.h"
 #include "OutsideText.h"
+#include "servers/ServerCatalogue.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
@@ -139,14 +140,36 @@ void StatusLine::lookAgain()
     } catch (...) {
         return; // a manager of a component library failed; the numbers before it stay
     }
-    parts_ = fullness(counts_.percentFull);
-    parts_ << (counts_.products == 1 ? tr("1 product") : tr("%Ln products", nullptr, counts_.products));
-    parts_ += lacking(counts_, false);
+    quoteParts_ = fullness(counts_.percentFull);
+    quoteParts_ << (counts_.products == 1 ? tr("1 product") : tr("%Ln products", nullptr, counts_.products));
+    quoteParts_ += lacking(counts_, false);
     if (unsavedSince_) {
-        parts_ << tr("Unsaved since %1").arg(timeText(*unsavedSince_));
+        quoteParts_ << tr("Unsaved since %1").arg(timeText(*unsavedSince_));
     }
+    showParts();
+}
+
+void StatusLine::setCatalogue(const QString& file)
+{
+    catalogue_ = file;
+    copyText_.clear();
+}
+
+void StatusLine::setCopy(const CatalogueCopyState& state)
+{
+    if (catalogue_.isEmpty()) { // otherwise the user has chosen a file meanwhile
+        copyText_ = copyText(state, QDateTime::currentDateTime());
+        showParts();
+    }
+}
+
+void StatusLine::showParts()
+{
+    parts_ = quoteParts_;
     if (!catalogue_.isEmpty()) {
         parts_ << presentCatalogue();
+    } else if (!copyText_.isEmpty()) {
+        parts_ << copyText_;
     }
     setToolTip(qt::toolTipText(parts_.join(kSeparator)));
     fit();

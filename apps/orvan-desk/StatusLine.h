@@ -10,6 +10,8 @@
 
 #include "WatchedProducts.h"
 
+#include "orvan/components/catalogue/CatalogueFactory.h"
+
 #include <QDateTime>
 #include <QLabel>
 #include <QTimer>
@@ -36,7 +38,9 @@ class StatusLine : public QLabel {
 public:
     explicit StatusLine(QStatusBar& bar);
 
-    void setCatalogue(const QString& file) { catalogue_ = file; }
+    /// The catalogue's file; empty where a server has the catalogue, and setCopy() says how its copy stands.
+    void setCatalogue(const QString& file);
+    void setCopy(const CatalogueCopyState& state);
     /// To be called when another quote is shown, before its first change is noticed.
     void startAnew() { unsavedSince_.reset(); }
     /// To be called when the quote that is shown has been unsaved for longer than it has been shown.
@@ -54,6 +58,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void showParts();
     void fit();
     [[nodiscard]] const QString& presentCatalogue();
 
@@ -64,7 +69,9 @@ private:
     QString catalogue_;
     QString catalogueText_;
     std::tuple<QDateTime, qint64, QDate> catalogueKey_; ///< Of the catalogue that the text is about.
-    QStringList parts_;                                 ///< The most important one first.
+    QString copyText_;                                  ///< In place of the catalogue's.
+    QStringList quoteParts_;                            ///< About the quote, the most important one first.
+    QStringList parts_;                                 ///< Those and that about the catalogue.
 };
 
 } // namespace orvan::desk

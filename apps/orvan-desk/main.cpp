@@ -1,6 +1,7 @@
 // orvan-desk: opens, edits and saves quotes.
 
 #include "CatalogueMenu.h"
+#include "DeskSettings.h"
 #include "EndSignals.h"
 #include "Language.h"
 #include "MainWindow.h"
@@ -9,6 +10,7 @@
 #include "PlacePrinter.h"
 #include "QuoteLocale.h"
 #include "WindowPlace.h"
+#include "servers/ServerCatalogue.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -114,8 +116,9 @@ public:
                                           .arg(orvan::desk::languages().join(QStringLiteral(", "))),
                                       QStringLiteral("language")};
     const QCommandLineOption catalogue{QStringLiteral("catalogue"),
-                                       QStringLiteral("Look products up in this catalogue instead of the user's own."),
-                                       QStringLiteral("file")};
+                                       QStringLiteral("Look products up in this catalogue instead of the user's own: a "
+                                                      "file, or postgresql://user@host/database."),
+                                       QStringLiteral("catalogue")};
     const QCommandLineOption editing{
         QStringLiteral("editing"),
         QStringLiteral("Edit in the careful way (the default), which changes nothing that the user has not edited and "
@@ -150,6 +153,11 @@ private:
         }
         if (way != u"careful" && way != u"classic") {
             return QStringLiteral("--editing must be classic or careful, not \"%1\".").arg(way);
+        }
+        if (const QString server = parser.value(catalogue); orvan::desk::isServer(server)) {
+            if (const QString why = orvan::desk::whyRefused(server); !why.isEmpty()) {
+                return QStringLiteral("--catalogue cannot be used: %1").arg(why);
+            }
         }
         if (parser.isSet(sample) && !QFile::exists(QStringLiteral(":/samples/%1.quote.json").arg(name))) {
             return QStringLiteral("There is no sample \"%1\". The samples are: %2.").arg(name, sampleNames());
@@ -207,7 +215,8 @@ int run(const CommandLine& line)
     const QCommandLineParser& parser = line.parser;
     const bool ownCatalogue = parser.isSet(line.catalogue);
     const QString products = ownCatalogue ? parser.value(line.catalogue) : orvan::desk::defaultCatalogueFile();
-    orvan::HostOptions options = orvan::desk::lookUpProductsIn(products);
+    // A server's catalogue gets its place in the host below, once the settings can be read.
+    orvan::HostOptions options = orvan::desk::lookUpProductsIn(orvan::desk::isServer(products) ? QString() : products);
     options.editing =
         parser.value(line.editing) == u"classic" ? orvan::ui::EditingWay::classic : orvan::ui::EditingWay::careful;
     options.localeService = orvan::desk::makeQuoteLocale(options.locale);
@@ -219,7 +228,12 @@ int run(const CommandLine& line)
     if (parser.isSet(line.render)) {
         window.onProblem = complain;
     }
-    window.useCatalogue(products, !ownCatalogue);
+    const QString server = ownCatalogue ? products : orvan::desk::keptText(orvan::desk::kServerKey);
+    if (orvan::desk::isServer(server)) {
+        window.useServer(server);
+    } else {
+        window.useCatalogue(products, !ownCatalogue);
+    }
     std::optional<orvan::desk::WindowPlaceKeeper> place;
     if (!parser.isSet(line.render)) { // a picture has always the same size
         place.emplace(window);

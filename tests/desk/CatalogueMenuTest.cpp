@@ -234,7 +234,7 @@ TEST_F(CatalogueMenuTest, AListIsReadAsTheUserSaysAndTheNextOneOfItsShapeToo)
     const QString next = write("next.csv", header + "Stuhl;1,234\n");
     const auto texts = [this](const char* column) {
         SqliteFile opened = openCatalogue(file());
-        SqliteStatement query(opened, std::string("SELECT ") + column + " FROM product ORDER BY rowid");
+        SqliteStatement query(opened, std::string("SELECT ") + column + " FROM product ORDER BY item_id");
         std::string found;
         for (SqliteRows rows = query.query(); rows.next();) {
             found.append(rows.text(0)).append(";");

@@ -2,8 +2,10 @@
 
 #include "StatusLine.h"
 #include "MainWindow.h"
+#include "OpenQuote.h"
 #include "OutsideText.h"
 #include "WatchedProducts.h"
+#include "servers/ServerCatalogue.h"
 
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/components/products/ProductsString.h"
@@ -74,6 +76,47 @@ TEST_F(StatusLineTest, TheStatusLinesWords)
     EXPECT_EQ(catalogueText(catalogue, today.addDays(3)).toStdString(), "“list.csv”: 1 entry, imported 3 days ago");
     write("goods.catalogue", "damaged");
     EXPECT_EQ(catalogueText(catalogue, today).toStdString(), "“goods.catalogue” cannot be read");
+}
+
+TEST_F(StatusLineTest, HowTheCopyOfAServersCatalogueStands)
+{
+    write("list.csv", "part number,product,price\nA,Alpha,1.5\n");
+    importCatalogue(folder / "list.csv", folder / "present.catalogue", {});
+    const QDateTime now(QDate(2026, 3, 1), QTime(9, 0));
+    const auto before = [&](int seconds) {
+        return std::chrono::system_clock::from_time_t(now.addSecs(-seconds).toSecsSinceEpoch());
+    };
+    struct Row {
+        const char* name;
+        bool isThere;
+        std::optional<int> percent;
+        const char* problem;
+        std::optional<std::chrono::system_clock::time_point> checked;
+        std::string text;
+    };
+    const std::string then = timeText(now.addSecs(-7200)).toStdString();
+    const Row rows[] = {
+        {"the program has just begun", false, {}, "", {}, "Asking db@host for its products"},
+        {"the first copy", false, 34, "", {}, "Copying the products of db@host: 34 %"},
+        {"no first copy", false, 34, "no route", {}, "No products of db@host yet: no route"},
+        {"all is well", true, {}, "", before(60), "“list.csv”: 1 entry, up to date"},
+        {"asleep for long", true, {}, "", before(7200), "“list.csv”: 1 entry, as of " + then},
+        {"no server",
+         true,
+         {},
+         "no route",
+         before(7200),
+         "“list.csv”: 1 entry, as of " + then + ". No changes come: no route"},
+        {"another catalogue", true, 5, "", before(60), "“list.csv”: 1 entry, up to date. Copying anew: 5 %"},
+    };
+    forEachRow(rows, [&](const Row& row) {
+        const CatalogueCopyState state{.server = "db@host",
+                                       .copy = folder / (row.isThere ? "present.catalogue" : "none.catalogue"),
+                                       .percent = row.percent,
+                                       .problem = UserText(row.problem),
+                                       .checked = row.checked};
+        EXPECT_EQ(copyText(state, now).toStdString(), row.text);
+    });
 }
 
 TEST_F(StatusLineTest, TheStatusLineFollowsTheQuote)

@@ -3,10 +3,14 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/Catalogue.h"
 #include "orvan/components/catalogue/NoCatalogue.h"
+#include "orvan/components/catalogue/server/CatalogueSync.h"
 
+#include <cstdlib>
 #include <iostream>
 #include <mutex>
+#include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace orvan {
@@ -41,11 +45,71 @@ private:
     std::string last_;
 };
 
+/// The local copy of a server's catalogue, which is kept up to date as long as this object lives.
+class ServerCatalogue {
+public:
+    ServerCatalogue(const std::string& uri, const CatalogueOptions& options)
+    {
+        try {
+            const ServerUri server(uri);
+            sync_ = std::make_unique<CatalogueSync>(
+                CatalogueSyncOptions{.uri = server,
+                                     .folder = copiesFolder(options.copies) / server.identity(),
+                                     .changed = options.copyChanged});
+        } catch (...) {
+            failure_.emplace(currentError());
+        }
+    }
+
+    /// The copy's file. Raises an error that says why there is none.
+    std::filesystem::path file() const
+    {
+        if (failure_) {
+            throw RuntimeError(*failure_);
+        }
+        const CatalogueCopyState state = sync_->state();
+        if (std::error_code error; !std::filesystem::exists(state.copy, error)) {
+            throw RuntimeError(
+                ErrorNumber::pathFileAccess, {},
+                state.problem.empty()
+                    ? userText("The products of %1 are being copied; until that is done, none is found.", state.server)
+                    : userText("The products of %1 cannot be copied: %2.", state.server, state.problem));
+        }
+        return state.copy;
+    }
+
+    void tellFailure(std::int32_t number)
+    {
+        if (sync_ && number == ErrorNumber::invalidFileFormat) {
+            sync_->replaceDamaged();
+        }
+    }
+
+private:
+    static std::filesystem::path copiesFolder(const std::filesystem::path& named)
+    {
+        if (!named.empty()) {
+            return named;
+        }
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing here sets the environment
+        const char *const data = std::getenv("XDG_DATA_HOME"), *const home = std::getenv("HOME");
+        if (!(data && *data) && !(home && *home)) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("there is no folder for the user's data"));
+        }
+        return (data && *data ? std::filesystem::path(data) : std::filesystem::path(home) / ".local/share") /
+               "orvan/catalogues";
+    }
+
+    std::unique_ptr<CatalogueSync> sync_;
+    std::optional<RuntimeError> failure_; ///< Why there is no thread.
+};
+
 /// Works as the catalogue in the file. A call that fails finds no entries; the next list tries the file again.
 class CatalogueOrNone final : public ProductLkpMgr {
 public:
-    CatalogueOrNone(CatalogueOptions options, std::shared_ptr<Reports> reports)
-        : options_(std::move(options)), reports_(std::move(reports))
+    /// `server` is null for a file.
+    CatalogueOrNone(CatalogueOptions options, std::shared_ptr<Reports> reports, std::shared_ptr<ServerCatalogue> server)
+        : options_(std::move(options)), reports_(std::move(reports)), server_(std::move(server))
     {
         orNone([&] { open(); });
     }
@@ -84,7 +148,9 @@ private:
     SqliteCatalogue& open()
     {
         if (!inner_) {
-            inner_ = std::make_unique<SqliteCatalogue>(options_);
+            CatalogueOptions options = options_;
+            options.file = server_ ? server_->file() : options.file;
+            inner_ = std::make_unique<SqliteCatalogue>(std::move(options));
         }
         return *inner_;
     }
@@ -95,12 +161,17 @@ private:
         try {
             action();
         } catch (...) {
-            reports_->tell(currentError().userText());
+            const RuntimeError error = currentError();
+            reports_->tell(error.userText());
+            if (server_) {
+                server_->tellFailure(error.number());
+            }
         }
     }
 
     const CatalogueOptions options_;
     std::shared_ptr<Reports> reports_;
+    std::shared_ptr<ServerCatalogue> server_;
     std::unique_ptr<SqliteCatalogue> inner_; ///< Null where the file could not be opened yet.
 };
 
@@ -112,8 +183,13 @@ std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOption
         return [] { return std::make_shared<NoCatalogue>(); };
     }
     auto reports = std::make_shared<Reports>(options.report);
-    return [options = std::move(options), reports = std::move(reports)] {
-        return std::make_shared<CatalogueOrNone>(options, reports);
+    std::shared_ptr<ServerCatalogue> server;
+    if (const std::string file = options.file.string(); ServerUri::isUri(file)) {
+        server = std::make_shared<ServerCatalogue>(file, options);
+        options.file.clear(); // it may have a password
+    }
+    return [options = std::move(options), reports = std::move(reports), server = std::move(server)] {
+        return std::make_shared<CatalogueOrNone>(options, reports, server);
     };
 }
 

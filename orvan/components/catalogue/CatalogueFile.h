@@ -38,6 +38,8 @@ struct CatalogueEntry {
     std::optional<Currency> unitPrice = {}; ///< Without one, the file has Null, which the editor takes for 0.
     std::string_view note = {};
     std::string_view barcode = {}; ///< EAN, GTIN, UPC or another; with the blanks and dashes that the list has.
+    /// The entry's number, where a server has given it. Otherwise CatalogueIds gives one.
+    std::optional<std::int32_t> number = {};
 };
 
 /// Whether the file's header is that of a catalogue, damaged or not.

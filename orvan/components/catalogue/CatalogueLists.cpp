@@ -36,7 +36,6 @@ public:
         return beginning(kFirst, {}, most);
     }
 
-protected:
     std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
     {
         return beginning(folded, folded, most); // the shortest texts come first, and so the full matches
@@ -62,13 +61,9 @@ private:
 /// ranks.
 class RankedLists final : public CatalogueLists {
 public:
-    RankedLists(SqliteFile& file, LookUpText text, const std::string& name, const std::string& table)
-        : text_(static_cast<std::int64_t>(text)),
-          full_(file, "SELECT rank FROM " + name + "_start WHERE folded = ?1 ORDER BY rank"),
-          longer_(file, "SELECT rank, folded FROM " + name + "_start WHERE folded > ?1 ORDER BY folded"),
-          crowded_(file, "SELECT first_rank, entries FROM crowded WHERE list = ?1 AND beginning = ?2"),
-          at_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank = ?1"),
-          from_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank >= ?1 ORDER BY rank")
+    RankedLists(const CatalogueLayers& layers, std::size_t layer, LookUpText text)
+        : RankedLists(layers, layer, layers.file(layer), text, text == LookUpText::name ? "name" : "part_num",
+                      text == LookUpText::name ? "product" : "part_num_order")
     {
     }
 
@@ -79,20 +74,17 @@ public:
             if (found.text(1).empty()) { // these are the last ones
                 break;
             }
-            rows.push_back({found.integer(0), std::string(found.text(1))});
+            addUnlessHidden(found, rows);
         }
         return rows;
     }
 
-protected:
     std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
     {
         std::vector<LookUpRow> rows;
-        std::vector<std::int64_t> ranks;
-        for (SqliteRows found = full_.query(folded); ranks.size() < most && found.next();) {
-            ranks.push_back(found.integer(0));
+        for (SqliteRows found = full_.query(folded); rows.size() < most && found.next();) {
+            addAt(found.integer(0), rows);
         }
-        addAt(ranks, rows);
         SqliteRows crowd = crowded_.query(text_, folded);
         if (crowd.next()) {
             addFrom(crowd.integer(0), crowd.integer(1), folded, most, rows);
@@ -103,13 +95,29 @@ protected:
     }
 
 private:
-    void addAt(const std::vector<std::int64_t>& ranks, std::vector<LookUpRow>& rows)
+    RankedLists(const CatalogueLayers& layers, std::size_t layer, SqliteFile& file, LookUpText text,
+                const std::string& name, const std::string& table)
+        : layers_(layers), layer_(layer), text_(static_cast<std::int64_t>(text)),
+          full_(file, "SELECT rank FROM " + name + "_start WHERE folded = ?1 ORDER BY rank"),
+          longer_(file, "SELECT rank, folded FROM " + name + "_start WHERE folded > ?1 ORDER BY folded"),
+          crowded_(file, "SELECT first_rank, entries FROM crowded WHERE list = ?1 AND beginning = ?2"),
+          at_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank = ?1"),
+          from_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank >= ?1 ORDER BY rank")
     {
-        for (const std::int64_t rank : ranks) {
-            SqliteRows found = at_.query(rank);
-            if (found.next()) {
-                rows.push_back({found.integer(0), std::string(found.text(1))});
-            }
+    }
+
+    void addUnlessHidden(const SqliteRows& found, std::vector<LookUpRow>& rows)
+    {
+        if (!layers_.isHidden(layer_, found.integer(0))) {
+            rows.push_back({found.integer(0), std::string(found.text(1))});
+        }
+    }
+
+    void addAt(std::int64_t rank, std::vector<LookUpRow>& rows)
+    {
+        SqliteRows found = at_.query(rank);
+        if (found.next()) {
+            addUnlessHidden(found, rows);
         }
     }
 
@@ -120,10 +128,13 @@ private:
         for (SqliteRows found = longer_.query(folded); found.next() && found.text(1).starts_with(folded);) {
             ranks.push_back(found.integer(0));
         }
-        const std::size_t count = std::min(ranks.size(), most - std::min(most, rows.size()));
+        // Of a lower layer any number may be hidden.
+        const std::size_t count =
+            layer_ == 0 ? std::min(ranks.size(), most - std::min(most, rows.size())) : ranks.size();
         std::partial_sort(ranks.begin(), ranks.begin() + static_cast<std::ptrdiff_t>(count), ranks.end());
-        ranks.resize(count);
-        addAt(ranks, rows);
+        for (std::size_t i = 0; i < count && rows.size() < most; ++i) {
+            addAt(ranks[i], rows);
+        }
     }
 
     /// Very many entries begin so. They stand close together in the order of ranks, where only few others are between
@@ -137,14 +148,64 @@ private:
             if (text.starts_with(folded)) {
                 --entries;
                 if (text.size() > folded.size()) { // the full matches are in the list
-                    rows.push_back({found.integer(0), std::string(found.text(1))});
+                    addUnlessHidden(found, rows);
                 }
             }
         }
     }
 
+    const CatalogueLayers& layers_;
+    const std::size_t layer_;
     const std::int64_t text_;
     SqliteStatement full_, longer_, crowded_, at_, from_;
+};
+
+/// The list of a version of several files, from the lists of its layers.
+class MergedLists final : public CatalogueLists {
+public:
+    MergedLists(const CatalogueLayers& layers, LookUpText text) : layers_(layers)
+    {
+        for (std::size_t layer = 0; layer < layers.count(); ++layer) {
+            lists_.push_back(std::make_unique<RankedLists>(layers, layer, text));
+        }
+    }
+
+    std::vector<LookUpRow> all(std::size_t most) override
+    {
+        return merged(
+            most, [&](CatalogueLists& list) { return list.all(most); }, [](const LookUpRow&) { return 0; });
+    }
+
+    std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
+    {
+        return merged(
+            most, [&](CatalogueLists& list) { return list.found(folded, most); },
+            [&](const LookUpRow& row) { return foldCase(row.text) == folded ? 0 : 1; });
+    }
+
+private:
+    template <class Read, class Kind>
+    std::vector<LookUpRow> merged(std::size_t most, const Read& read, const Kind& kind)
+    {
+        std::vector<CatalogueLayers::Row> found;
+        for (const auto& list : lists_) {
+            for (LookUpRow& row : read(*list)) {
+                const int itsKind = kind(row);
+                std::string by = row.text;
+                found.push_back({itsKind, std::move(by), std::move(row)});
+            }
+        }
+        layers_.sort(found);
+        found.resize(std::min(found.size(), most));
+        std::vector<LookUpRow> rows;
+        for (CatalogueLayers::Row& each : found) {
+            rows.push_back(std::move(each.row));
+        }
+        return rows;
+    }
+
+    const CatalogueLayers& layers_;
+    std::vector<std::unique_ptr<CatalogueLists>> lists_;
 };
 
 } // namespace
@@ -160,14 +221,13 @@ std::vector<LookUpRow> CatalogueLists::matches(std::string_view typed, std::size
     return rows;
 }
 
-std::unique_ptr<CatalogueLists> CatalogueLists::of(SqliteFile& file, LookUpText text)
+std::unique_ptr<CatalogueLists> CatalogueLists::of(const CatalogueLayers& layers, LookUpText text)
 {
-    const bool isName = text == LookUpText::name;
-    const std::string name = isName ? "name" : "part_num";
-    if (catalogueVersion(file) == kFirstCatalogueVersion) {
-        return std::make_unique<FirstFormLists>(file, name);
+    if (catalogueVersion(layers.file(0)) == kFirstCatalogueVersion) {
+        return std::make_unique<FirstFormLists>(layers.file(0), text == LookUpText::name ? "name" : "part_num");
     }
-    return std::make_unique<RankedLists>(file, text, name, isName ? "product" : "part_num_order");
+    return layers.count() > 1 ? std::unique_ptr<CatalogueLists>(std::make_unique<MergedLists>(layers, text))
+                              : std::make_unique<RankedLists>(layers, 0, text);
 }
 
 } // namespace orvan

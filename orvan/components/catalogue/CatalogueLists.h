@@ -4,7 +4,7 @@
 // Order and matching are described in Catalogue.h. Thread: one at a time. Errors: those of SqliteFile.h.
 #pragma once
 
-#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/catalogue/CatalogueLayers.h"
 #include "orvan/lookup/ProductLkpMgr.h"
 
 #include <memory>
@@ -21,11 +21,11 @@ public:
     std::vector<LookUpRow> matches(std::string_view typed, std::size_t most, bool asTyped);
     virtual std::vector<LookUpRow> all(std::size_t most) = 0;
 
-    /// The file outlives the result.
-    [[nodiscard]] static std::unique_ptr<CatalogueLists> of(SqliteFile& file, LookUpText text);
+    /// The layers outlive the result.
+    [[nodiscard]] static std::unique_ptr<CatalogueLists> of(const CatalogueLayers& layers, LookUpText text);
 
-protected:
-    /// The full matches, at least those that are spelled as typed first, and then the others; each in the list's order.
+    /// What matches() lists, before row 0 is completed: the full matches, at least those that are spelled as typed
+    /// first, and then the others; each in the list's order.
     virtual std::vector<LookUpRow> found(std::string_view folded, std::size_t most) = 0;
 };
 

@@ -50,16 +50,36 @@ LookUpValue valueOf(const SqliteRows& rows, int column)
     return std::string(rows.text(column));
 }
 
+std::vector<LookUpValue> columnsOf(const SqliteRows& found)
+{
+    std::vector<LookUpValue> values;
+    values.reserve(kColumns);
+    for (int column = 0; column < kColumns; ++column) {
+        values.push_back(valueOf(found, column));
+        if (column == kFoldedNameColumn || column == kFoldedPartNumColumn) {
+            values.back() = foldCase(found.text(column));
+        }
+    }
+    LookUpValue& unitPrice = values[static_cast<std::size_t>(LookUpColumn::unitPrice)];
+    if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {
+        unitPrice = Currency::fromScaled(*tenThousandths);
+    }
+    return values;
+}
+
 } // namespace
 
 CatalogueVersion::CatalogueVersion(const std::filesystem::path& file)
-    : path_(file), opened_(statusOf(file)), file_(openCatalogue(file)), lineage_(catalogueOrigin(file_).lineage),
-      names_(CatalogueLists::of(file_, LookUpText::name)), partNums_(CatalogueLists::of(file_, LookUpText::partNum)),
-      entry_(file_, "SELECT item_id, name, part_num, name, key, part_num, unit_price, note FROM product"
-                    " WHERE item_id = ?1")
+    : path_(file), opened_(statusOf(file)), layers_(file), lineage_(catalogueOrigin(layers_.file(0)).lineage),
+      names_(CatalogueLists::of(layers_, LookUpText::name)), partNums_(CatalogueLists::of(layers_, LookUpText::partNum))
 {
-    if (catalogueVersion(file_) != kFirstCatalogueVersion) {
-        words_.emplace(file_);
+    for (std::size_t layer = 0; layer < layers_.count(); ++layer) {
+        entry_.push_back(std::make_unique<SqliteStatement>(
+            layers_.file(layer), "SELECT item_id, name, part_num, name, key, part_num, unit_price, note FROM product"
+                                 " WHERE item_id = ?1"));
+    }
+    if (catalogueVersion(layers_.file(0)) != kFirstCatalogueVersion) {
+        words_.emplace(layers_);
     }
 }
 
@@ -129,23 +149,16 @@ void CatalogueVersion::addFound(LookUpText text, std::string_view typed, std::si
 
 std::vector<LookUpValue> CatalogueVersion::entry(std::int64_t itemId)
 {
-    std::vector<LookUpValue> values;
-    SqliteRows found = entry_.query(itemId);
-    if (!found.next()) {
-        return values;
-    }
-    values.reserve(kColumns);
-    for (int column = 0; column < kColumns; ++column) {
-        values.push_back(valueOf(found, column));
-        if (column == kFoldedNameColumn || column == kFoldedPartNumColumn) {
-            values.back() = foldCase(found.text(column));
+    for (std::size_t layer = 0; layer < layers_.count(); ++layer) {
+        SqliteRows found = entry_[layer]->query(itemId);
+        if (found.next()) {
+            return columnsOf(found);
+        }
+        if (layers_.changes(layer, itemId)) {
+            break; // it is gone
         }
     }
-    LookUpValue& unitPrice = values[static_cast<std::size_t>(LookUpColumn::unitPrice)];
-    if (const auto* const tenThousandths = std::get_if<std::int64_t>(&unitPrice)) {
-        unitPrice = Currency::fromScaled(*tenThousandths);
-    }
-    return values;
+    return {};
 }
 
 } // namespace orvan

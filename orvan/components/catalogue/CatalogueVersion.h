@@ -1,4 +1,5 @@
-// CatalogueVersion: one version of a catalogue, open for searching.
+// CatalogueVersion: one version of a catalogue, open for searching. It may consist of several files
+// (CatalogueLayers.h).
 //
 // An import gives the catalogue's name to another file; this object goes on with the file that it has opened. Some
 // programs write into the open file instead (`cp`, some network folders); then its entries are gone.
@@ -45,11 +46,11 @@ private:
 
     const std::filesystem::path path_;
     struct stat opened_ = {}; // set before the file is opened: if it is replaced meanwhile, this is noticed later
-    SqliteFile file_;
+    CatalogueLayers layers_;
     std::string lineage_;
     std::unique_ptr<CatalogueLists> names_, partNums_;
-    std::optional<CatalogueWords> words_; ///< None in a catalogue of the first form.
-    SqliteStatement entry_;
+    std::optional<CatalogueWords> words_;                 ///< None in a catalogue of the first form.
+    std::vector<std::unique_ptr<SqliteStatement>> entry_; ///< One for each layer.
 };
 
 } // namespace orvan

@@ -48,19 +48,33 @@ struct CatalogueWords::Candidate {
     std::vector<std::string> forms; ///< Of name, part number, barcode and note.
 };
 
-CatalogueWords::CatalogueWords(SqliteFile& file)
-    : pieces_(file, "SELECT rowid FROM piece WHERE piece MATCH ?1 ORDER BY rowid"),
-      entries_(file, "SELECT entries FROM piece_entries WHERE piece = ?1"),
-      product_(file, "SELECT item_id, name, part_num, barcode, note FROM product WHERE rank = ?1"),
-      word_(file, "SELECT word FROM word WHERE has_digits = ?1 AND word >= ?2 ORDER BY word LIMIT 1")
+struct CatalogueWords::Layer {
+    Layer(const CatalogueLayers& layers, std::size_t number)
+        : at(number), pieces(layers.file(at), "SELECT rowid FROM piece WHERE piece MATCH ?1 ORDER BY rowid"),
+          entries(layers.file(at), "SELECT entries FROM piece_entries WHERE piece = ?1"),
+          product(layers.file(at), "SELECT item_id, name, part_num, barcode, note FROM product WHERE rank = ?1"),
+          word(layers.file(at), "SELECT word FROM word WHERE has_digits = ?1 AND word >= ?2 ORDER BY word LIMIT 1")
+    {
+    }
+
+    const std::size_t at;
+    SqliteStatement pieces, entries, product, word;
+};
+
+CatalogueWords::CatalogueWords(const CatalogueLayers& layers) : layers_(layers)
 {
+    for (std::size_t layer = 0; layer < layers.count(); ++layer) {
+        files_.push_back(std::make_unique<Layer>(layers, layer));
+    }
 }
 
-std::vector<std::string> CatalogueWords::rarest(std::vector<std::string> pieces)
+CatalogueWords::~CatalogueWords() = default;
+
+std::vector<std::string> CatalogueWords::rarest(Layer& layer, std::vector<std::string> pieces)
 {
     std::vector<std::pair<std::int64_t, std::string>> counted;
     for (std::string& piece : pieces) {
-        SqliteRows rows = entries_.query(std::string_view(piece));
+        SqliteRows rows = layer.entries.query(std::string_view(piece));
         if (!rows.next()) {
             return {};
         }
@@ -74,7 +88,7 @@ std::vector<std::string> CatalogueWords::rarest(std::vector<std::string> pieces)
     return pieces;
 }
 
-std::string CatalogueWords::queryFor(const std::vector<Words>& alternatives)
+std::string CatalogueWords::queryFor(Layer& layer, const std::vector<Words>& alternatives)
 {
     std::string query;
     for (const Words& words : alternatives) {
@@ -84,7 +98,7 @@ std::string CatalogueWords::queryFor(const std::vector<Words>& alternatives)
             pieces.insert(pieces.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
         }
         std::string all;
-        for (const std::string& piece : rarest(std::move(pieces))) {
+        for (const std::string& piece : rarest(layer, std::move(pieces))) {
             all.append(all.empty() ? "\"" : " AND \"").append(piece).append("\"");
         }
         if (!all.empty()) {
@@ -95,17 +109,17 @@ std::string CatalogueWords::queryFor(const std::vector<Words>& alternatives)
 }
 
 template <class Take>
-void CatalogueWords::find(const std::vector<Words>& alternatives, Take&& take)
+void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, Take&& take)
 {
-    const std::string query = queryFor(alternatives);
+    const std::string query = queryFor(layer, alternatives);
     if (query.empty()) {
         return;
     }
     std::size_t candidates = 0;
-    for (SqliteRows ranks = pieces_.query(std::string_view(query)); candidates < kMostCandidates && ranks.next();
+    for (SqliteRows ranks = layer.pieces.query(std::string_view(query)); candidates < kMostCandidates && ranks.next();
          ++candidates) {
-        SqliteRows row = product_.query(ranks.integer(0));
-        if (!row.next()) {
+        SqliteRows row = layer.product.query(ranks.integer(0));
+        if (!row.next() || layers_.isHidden(layer.at, row.integer(0))) {
             continue;
         }
         Candidate candidate{row.integer(0), std::string(row.text(1)), std::string(row.text(2)), {}};
@@ -132,17 +146,28 @@ void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives
     std::unordered_set<std::int64_t> listed;
     std::transform(rows.begin(), rows.end(), std::inserter(listed, listed.end()),
                    [](const LookUpRow& row) { return row.itemId; });
-    const std::size_t full = std::min(most, rows.size() + kMostRows);
-    if (rows.size() >= full || alternatives.empty()) {
+    const std::size_t space = std::min(most - std::min(most, rows.size()), kMostRows);
+    if (space == 0 || alternatives.empty()) {
         return;
     }
-    find(alternatives, [&](const Candidate& candidate) {
-        const std::string& shown = text == LookUpText::name ? candidate.name : candidate.partNum;
-        if (!shown.empty() && listed.insert(candidate.itemId).second) {
-            rows.push_back({candidate.itemId, shown});
-        }
-        return rows.size() < full;
-    });
+    std::vector<CatalogueLayers::Row> found;
+    for (const auto& layer : files_) {
+        std::size_t left = space;
+        find(*layer, alternatives, [&](const Candidate& candidate) {
+            const std::string& shown = text == LookUpText::name ? candidate.name : candidate.partNum;
+            if (!shown.empty() && listed.insert(candidate.itemId).second) {
+                found.push_back({candidate.name.empty() ? 1 : 0, candidate.name, {candidate.itemId, shown}});
+                --left;
+            }
+            return left > 0;
+        });
+    }
+    if (files_.size() > 1) {
+        layers_.sort(found);
+        found.resize(std::min(found.size(), space));
+    }
+    std::transform(found.begin(), found.end(), std::back_inserter(rows),
+                   [](CatalogueLayers::Row& each) { return std::move(each.row); });
 }
 
 void CatalogueWords::addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows)
@@ -177,21 +202,29 @@ std::vector<std::int64_t> CatalogueWords::withCode(std::string_view typed)
     const std::string form = searchForm(typed);
     const std::string code(withoutZeros(form));
     if (code.size() >= kShortestCode) {
-        find({{code}}, [&](const Candidate& candidate) {
-            const bool isPartNum = candidate.forms[1] == form;
-            if (isPartNum || withoutZeros(candidate.forms[2]) == code) {
-                found.push_back(candidate.itemId);
-            }
-            return found.size() < 2;
-        });
+        for (const auto& layer : files_) {
+            find(*layer, {{code}}, [&](const Candidate& candidate) {
+                const bool isPartNum = candidate.forms[1] == form;
+                if (isPartNum || withoutZeros(candidate.forms[2]) == code) {
+                    found.push_back(candidate.itemId);
+                }
+                return found.size() < 2;
+            });
+        }
     }
     return found;
 }
 
 std::string CatalogueWords::wordFrom(bool hasDigits, std::string_view text)
 {
-    SqliteRows rows = word_.query(std::int64_t{hasDigits}, text);
-    return rows.next() ? std::string(rows.text(0)) : std::string();
+    std::string first;
+    for (const auto& layer : files_) {
+        SqliteRows rows = layer->word.query(std::int64_t{hasDigits}, text);
+        if (rows.next() && (first.empty() || rows.text(0) < first)) {
+            first = rows.text(0);
+        }
+    }
+    return first;
 }
 
 std::vector<std::string> CatalogueWords::corrections(const std::string& word)

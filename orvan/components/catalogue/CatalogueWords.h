@@ -5,9 +5,10 @@
 // those of SqliteFile.h.
 #pragma once
 
-#include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/catalogue/CatalogueLayers.h"
 #include "orvan/lookup/ProductLkpMgr.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,8 +17,9 @@ namespace orvan {
 
 class CatalogueWords {
 public:
-    /// The file has the present form, and outlives this object.
-    explicit CatalogueWords(SqliteFile& file);
+    /// The files have the present form, and outlive this object.
+    explicit CatalogueWords(const CatalogueLayers& layers);
+    ~CatalogueWords();
 
     /// Appends the entries that have each of the typed words and a text of this kind, but not those that the list
     /// already has; so that it has `most` rows at most.
@@ -31,22 +33,24 @@ public:
 
 private:
     struct Candidate;
+    struct Layer;
     using Words = std::vector<std::string>;
 
-    /// Calls `take` with each entry that has each of the words of an alternative, until it returns false.
+    /// Calls `take` with each entry of a layer that has each of the words of an alternative, until it returns false.
     template <class Take>
-    void find(const std::vector<Words>& alternatives, Take&& take);
+    void find(Layer& layer, const std::vector<Words>& alternatives, Take&& take);
     void add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most, std::vector<LookUpRow>& rows);
     /// The beginnings of words in the catalogue that differ from the word by one typing error.
     [[nodiscard]] std::vector<std::string> corrections(const std::string& word);
     /// The first word of the catalogue, with digits or without, that is not before this text; empty if there is none.
     [[nodiscard]] std::string wordFrom(bool hasDigits, std::string_view text);
     /// The index's query: the entries that have the pieces of one of the alternatives. Empty if one has no pieces.
-    [[nodiscard]] std::string queryFor(const std::vector<Words>& alternatives);
+    [[nodiscard]] std::string queryFor(Layer& layer, const std::vector<Words>& alternatives);
     /// The pieces that the fewest entries have; none if no entry has one of them.
-    [[nodiscard]] std::vector<std::string> rarest(std::vector<std::string> pieces);
+    [[nodiscard]] std::vector<std::string> rarest(Layer& layer, std::vector<std::string> pieces);
 
-    SqliteStatement pieces_, entries_, product_, word_;
+    const CatalogueLayers& layers_;
+    std::vector<std::unique_ptr<Layer>> files_; ///< One for each layer.
 };
 
 } // namespace orvan

@@ -5,9 +5,7 @@
 #include "orvan/base/Text.h"
 #include "orvan/components/catalogue/CaseFolding.h"
 #include "orvan/components/catalogue/SearchText.h"
-
-#include <unicode/coll.h>
-#include <unicode/unistr.h>
+#include "orvan/components/catalogue/SortKeys.h"
 
 #include <algorithm>
 #include <array>
@@ -129,44 +127,6 @@ SqliteFile& prepared(SqliteFile& file)
     return file;
 }
 
-void require(UErrorCode status)
-{
-    if (U_FAILURE(status)) {
-        throw RuntimeError(ErrorNumber::internalError, {}, u_errorName(status));
-    }
-}
-
-/// Makes the bytes by which texts of a language compare.
-class SortKeys {
-public:
-    explicit SortKeys(const std::string& language)
-    {
-        UErrorCode status = U_ZERO_ERROR;
-        collator_.reset(::icu::Collator::createInstance(
-            language.empty() ? ::icu::Locale::getRoot() : ::icu::Locale(language.c_str()), status));
-        require(status);
-    }
-
-    void append(std::string_view text, std::string& key)
-    {
-        const auto unicode = ::icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
-        key.resize(std::max<std::size_t>(key.capacity(), 2 * text.size() + 16));
-        const auto write = [&] {
-            return collator_->getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()),
-                                         static_cast<std::int32_t>(key.size()));
-        };
-        const auto size = static_cast<std::size_t>(write());
-        if (size > key.size()) {
-            key.resize(size);
-            static_cast<void>(write());
-        }
-        key.resize(size);
-    }
-
-private:
-    std::unique_ptr<::icu::Collator> collator_;
-};
-
 } // namespace
 
 CatalogueWriter::CatalogueWriter(const std::filesystem::path& file, CatalogueWriterOptions options)
@@ -186,7 +146,7 @@ void CatalogueWriter::addFunctions()
     file_.addFunction("fold", 1, true, [](Arguments texts, std::string& folded) { foldCase(texts.front(), folded); });
     file_.addFunction("sort_key", 1, false,
                       [keys = std::make_shared<SortKeys>(options_.language)](Arguments texts, std::string& key) {
-                          keys->append(texts.front(), key);
+                          keys->write(texts.front(), key);
                       });
     file_.addFunction("pieces", 4, true, [](Arguments texts, std::string& pieces) {
         for (const std::string_view text : texts) {
@@ -215,9 +175,16 @@ bool CatalogueWriter::add(const CatalogueEntry& given)
     const auto insertPriced = [&](std::int32_t number, auto id) {
         return entry.unitPrice ? insert(number, id, entry.unitPrice->scaled()) : insert(number, id, nullptr);
     };
-    ids_.number(own, entry, [&](std::int32_t number) {
+    const auto take = [&](std::int32_t number) {
         return own.empty() ? insertPriced(number, nullptr) : insertPriced(number, own);
-    });
+    };
+    if (given.number) {
+        if (!take(*given.number)) {
+            return false;
+        }
+    } else {
+        ids_.number(own, entry, take);
+    }
     addWords(entry);
     return true;
 }
@@ -336,8 +303,11 @@ void CatalogueWriter::writeRetired()
 void CatalogueWriter::writeOrigin()
 {
     SqliteStatement(file_, "INSERT INTO origin SELECT ?, count(*), ?, ?, ? FROM product")
-        .execute(std::string_view(source_), std::string_view(ids_.lineage()), ids_.next(),
+        .execute(std::string_view(source_), std::string_view(lineage_.empty() ? ids_.lineage() : lineage_), ids_.next(),
                  std::string_view(options_.language));
+    if (entries_) {
+        SqliteStatement(file_, "UPDATE origin SET entries = ?").execute(*entries_);
+    }
     file_.run(("PRAGMA application_id = " + std::to_string(kCatalogueApplicationId) +
                "; PRAGMA user_version = " + std::to_string(kCatalogueVersion) + "; COMMIT")
                   .c_str());

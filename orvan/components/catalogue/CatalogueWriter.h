@@ -15,6 +15,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace orvan {
 
@@ -35,10 +36,19 @@ public:
     CatalogueWriter& operator=(const CatalogueWriter&) = delete;
 
     /// Removes blanks around the part number, the barcode and the own id. Returns false, and adds nothing, when there
-    /// is already an entry with this own id.
+    /// is already an entry with this own id, or with the number that the entry brings.
     bool add(const CatalogueEntry& entry);
     /// Records where the entries come from; only the name of the list is used.
     void setOrigin(const CatalogueOrigin& origin) { source_ = origin.source; }
+    /// For entries that bring their numbers: the name that all catalogues with these numbers share. `entries` is what
+    /// the catalogue says of its size, where it is the layer of another one (CatalogueLayers.h).
+    void setNumbering(std::string lineage, std::optional<std::int64_t> entries)
+    {
+        lineage_ = std::move(lineage);
+        entries_ = entries;
+    }
+    /// For tables of the caller's own, to be written before finish().
+    SqliteFile& file() { return file_; }
     /// Writes the catalogue and marks the file as one. Calls `goOn` now and then with the number of steps done so far
     /// and the number of all steps. If `goOn` returns false, this stops and returns false, and the file is useless.
     bool finish(const std::function<bool(int built, int all)>& goOn);
@@ -54,7 +64,8 @@ private:
     const CatalogueWriterOptions options_;
     CatalogueIds ids_;
     SqliteStatement insert_, findOwn_, insertWord_;
-    std::string source_;
+    std::string source_, lineage_;
+    std::optional<std::int64_t> entries_;
     std::string words_; // Scratch buffer; a member so that its capacity is reused.
     /// Words that were met lately, each at the place that its hash gives: most words come again and again.
     std::array<std::string, 16'384> seenWords_;

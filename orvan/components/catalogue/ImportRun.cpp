@@ -3,6 +3,7 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvan {
@@ -52,14 +53,15 @@ bool ImportRun::findPrices()
     return found;
 }
 
-bool ImportRun::write(const std::filesystem::path& catalogue, const std::optional<std::filesystem::path>& former)
+bool ImportRun::read(const Add& add)
 {
-    CatalogueWriter writer(catalogue, {.former = former, .language = options_.language});
     while (rows_.next()) {
         switch (rows_.kind()) {
-        case ListReader::Kind::entry: add(writer); break;
-        case ListReader::Kind::skipped: note(result_.skipped, result_.skippedCount, rows_.reason()); break;
-        case ListReader::Kind::refused: refuse(rows_.reason()); break;
+        case ListReader::Kind::entry: take(add); break;
+        case ListReader::Kind::skipped:
+            note(result_.skipped, result_.skippedCount, rows_.reason(), rows_.line());
+            break;
+        case ListReader::Kind::refused: refuse(rows_.reason(), rows_); break;
         }
         ++progress_.rows;
         progress_.bytesRead = rows_.bytesRead();
@@ -72,42 +74,76 @@ bool ImportRun::write(const std::filesystem::path& catalogue, const std::optiona
     if (result_.rows + result_.refusedCount == 0) {
         raise(source_, userText("it holds no rows"));
     }
-    writer.setOrigin({.source = source_.origin, .entries = static_cast<std::int64_t>(result_.rows)});
-    const bool complete = result_.refusedCount == 0 || (options_.skipBadRows && result_.rows > 0);
-    return complete && writer.finish([&](int built, int all) {
-        progress_.indexesBuilt = built;
-        progress_.indexesTotal = all;
-        return goesOn();
+    return isUsable();
+}
+
+bool ImportRun::builds(int built, int all)
+{
+    progress_.indexesBuilt = built;
+    progress_.indexesTotal = all;
+    return goesOn();
+}
+
+bool ImportRun::write(const std::filesystem::path& catalogue, const std::optional<std::filesystem::path>& former)
+{
+    CatalogueWriter writer(catalogue, {.former = former, .language = options_.language});
+    const bool usable = read([&](const CatalogueEntry& entry, std::uint64_t /*line*/) {
+        return writer.add(entry) ? UserText() : whyTwice(entry);
     });
+    writer.setOrigin({.source = source_.origin, .entries = static_cast<std::int64_t>(result_.rows)});
+    return usable && writer.finish([&](int built, int all) { return builds(built, all); });
 }
 
 /// Notes a row that is not imported.
-void ImportRun::note(std::vector<RefusedRow>& rows, std::uint64_t& count, const UserText& reason) const
+void ImportRun::note(std::vector<RefusedRow>& rows, std::uint64_t& count, const UserText& reason,
+                     std::uint64_t line) const
 {
     ++count;
     if (rows.size() < options_.mostRefused) {
-        rows.push_back({rows_.line(), reason});
+        rows.push_back({line, reason});
     }
 }
 
-void ImportRun::refuse(const UserText& reason)
+void ImportRun::refuse(const UserText& reason, const ListReader& rows)
 {
-    note(result_.refused, result_.refusedCount, reason);
+    note(result_.refused, result_.refusedCount, reason, rows.line());
     if (options_.eachRefused) {
-        options_.eachRefused({rows_.line(), reason}, rows_.cells());
+        options_.eachRefused({rows.line(), reason}, rows.cells());
     }
 }
 
-void ImportRun::add(CatalogueWriter& writer)
+void ImportRun::take(const Add& add)
 {
     const CatalogueEntry& entry = rows_.entry();
-    if (!writer.add(entry)) {
-        refuse(
-            userText("the item id \"%1\" is in an earlier row, too", firstCharacters(entry.ownId, kQuotedCharacters)));
+    if (const UserText reason = add(entry, rows_.line()); !reason.empty()) {
+        refuse(reason, rows_);
         return;
     }
     ++result_.rows;
     result_.withoutPrice += entry.unitPrice ? 0 : 1;
+}
+
+bool ImportRun::refuseTaken(const std::vector<std::uint64_t>& lines, const Reason& reason)
+{
+    ListReader again(source_, options_);
+    static_cast<void>(again.findPrices([](std::uint64_t /*bytesRead*/) { return true; })); // it has been found before
+    for (auto line = lines.begin(); line != lines.end() && again.next();) {
+        if (again.line() != *line || again.kind() != ListReader::Kind::entry) {
+            continue;
+        }
+        ++line;
+        refuse(reason(again.entry()), again);
+        --result_.rows;
+        result_.withoutPrice -= again.entry().unitPrice ? 0 : 1;
+    }
+    std::stable_sort(result_.refused.begin(), result_.refused.end(),
+                     [](const RefusedRow& a, const RefusedRow& b) { return a.line < b.line; });
+    return isUsable();
+}
+
+UserText whyTwice(const CatalogueEntry& entry)
+{
+    return userText("the item id \"%1\" is in an earlier row, too", firstCharacters(entry.ownId, kQuotedCharacters));
 }
 
 } // namespace orvan

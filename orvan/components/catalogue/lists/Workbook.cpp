@@ -1,44 +1,21 @@
 #include "orvan/components/catalogue/lists/Workbook.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/components/catalogue/LoadedModule.h"
 #include "orvan/components/catalogue/lists/WorkbookModule.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
-
-#include <dlfcn.h>
 
 namespace orvan {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// The places where the module may stand, the first one first.
-std::vector<fs::path> modulePlaces()
-{
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
-    std::vector<fs::path> places;
-    if (!error) {
-        places.push_back(program / ORVAN_WORKBOOKS_MODULE);
-        places.push_back(program.parent_path() / ORVAN_MODULES_BELOW_PREFIX / ORVAN_WORKBOOKS_MODULE);
-    }
-    places.push_back(fs::path(ORVAN_INSTALLED_MODULES) / ORVAN_WORKBOOKS_MODULE);
-    return places;
-}
-
 OpenWorkbookParts loadedModule()
 {
     std::string reasons;
-    for (const fs::path& place : modulePlaces()) {
-        void* const module = ::dlopen(place.c_str(), RTLD_NOW | RTLD_LOCAL); // never closed: it may be needed again
-        void* const function = module ? ::dlsym(module, kOpenWorkbookParts) : nullptr;
-        if (function) {
-            return reinterpret_cast<OpenWorkbookParts>(function);
-        }
-        reasons.append(reasons.empty() ? "" : "; ").append(::dlerror());
+    if (void* const function = moduleFunction("orvan_workbooks", kOpenWorkbookParts, reasons)) {
+        return reinterpret_cast<OpenWorkbookParts>(function);
     }
     throw RuntimeError(ErrorNumber::cannotCreateComponent, {},
                        userText("workbooks cannot be read, because a part of this program is missing (%1); save the "

@@ -1,8 +1,8 @@
 // Workbook: reads the sheets of a workbook (.xlsx) as rows of cells.
 //
 // The reader of these files, with the libraries that it needs, stands in a shared library of its own, the module
-// orvan_workbooks. It is loaded when the first workbook is opened, so that programs start without it. It is looked for
-// beside the program, in the folder of the program's installation, and in the folder where the library was installed.
+// orvan_workbooks. It is loaded when the first workbook is opened (orvan/components/catalogue/LoadedModule.h), so that
+// programs start without it.
 //
 // Ownership: a sheet keeps its workbook. Thread: one at a time for a workbook. Errors: 429 where the module is missing,
 // 321 for a file that is damaged or hostile, 75 for one that cannot be read; the description begins with its name.
