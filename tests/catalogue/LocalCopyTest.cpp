@@ -38,7 +38,11 @@ protected:
 
     static CopyState state(std::int64_t revision)
     {
-        return {.lineage = "house", .revision = revision, .source = "prices.csv", .language = "de"};
+        return {.lineage = "house",
+                .revision = revision,
+                .source = "prices.csv",
+                .language = "de",
+                .stamp = std::to_string(revision)};
     }
     std::filesystem::path copied() const { return LocalCopy::catalogueIn(folder.path()); }
     std::filesystem::path single() const { return LocalCopy::catalogueIn(folder / "single"); }

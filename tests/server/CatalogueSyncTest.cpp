@@ -294,9 +294,14 @@ TEST_F(CatalogueSyncTest, ACopyThatIsOfNoUseIsMadeAnew)
     };
     const Row rows[] = {
         {"another catalogue", "UPDATE orvan.state SET lineage = 'other'; UPDATE orvan.product SET name = 'other'"},
-        {"the server was set back", "UPDATE orvan.product SET name = 'later'; SET session_replication_role = replica;"
-                                    " UPDATE orvan.product SET name = 'earlier', revision = 1;"
-                                    " UPDATE orvan.state SET revision = 1"},
+        {"the server was set back",
+         "UPDATE orvan.product SET name = 'later'; SET session_replication_role = replica;"
+         " UPDATE orvan.product SET name = 'earlier', revision = 1;"
+         " UPDATE orvan.state SET revision = 1; DELETE FROM orvan.change WHERE revision > 1"},
+        {"the server has lost a change and made another one",
+         "UPDATE orvan.change SET stamp = 'other' WHERE revision = (SELECT revision FROM orvan.state);"
+         " SET session_replication_role = replica; UPDATE orvan.product SET name = 'without the change' WHERE id = 1;"
+         " SET session_replication_role = origin; UPDATE orvan.product SET name = 'another change' WHERE id = 2"},
         {"another language", "UPDATE orvan.state SET language = 'sv'"},
         {"the copy is damaged", "SELECT 1",
          [&](CatalogueSync& sync) {

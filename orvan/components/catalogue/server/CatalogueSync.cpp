@@ -225,9 +225,8 @@ void CatalogueSync::bring(ServerConnection& server)
     }
     std::error_code error;
     const bool isDamaged = fs::exists(damageMark(), error);
-    // A revision that is earlier than the copy's: the server was set back to an earlier state.
-    const bool continues = !isDamaged && known_ && known_->lineage == now.lineage && known_->language == now.language &&
-                           known_->revision <= now.revision;
+    const bool continues =
+        !isDamaged && known_ && known_->language == now.language && canContinue(server, *known_, now);
     if (!continues) {
         bringAll(server);
         if (isDamaged && goesOn()) {

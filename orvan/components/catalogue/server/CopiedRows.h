@@ -28,8 +28,21 @@ inline constexpr const char* kChangedEntries = "SELECT id, name, key, part_num, 
 
 [[nodiscard]] inline CopyState copyStateOf(const ServerState& server)
 {
-    return {
-        .lineage = server.lineage, .revision = server.revision, .source = server.source, .language = server.language};
+    return {.lineage = server.lineage,
+            .revision = server.revision,
+            .source = server.source,
+            .language = server.language,
+            .stamp = server.stamp};
+}
+
+/// Whether the server, which is in the state `now`, can tell what has changed since the copy. One that was set back to
+/// an earlier state, or has lost changes, may have made others of the same numbers since.
+[[nodiscard]] inline bool canContinue(ServerConnection& server, const CopyState& copy, const CopyState& now)
+{
+    return copy.lineage == now.lineage &&
+           (copy.revision == now.revision ? copy.stamp == now.stamp
+                                          : copy.revision < now.revision &&
+                                                (copy.revision == 0 || serverKnows(server, copy.revision, copy.stamp)));
 }
 
 /// Calls `put` with each entry that has changed since a revision, and `remove` with the number of each that is gone, as

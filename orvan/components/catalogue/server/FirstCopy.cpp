@@ -17,7 +17,7 @@ constexpr const char* kTables = "PRAGMA synchronous = NORMAL;"
                                 "CREATE TABLE IF NOT EXISTS entry (item_id INTEGER PRIMARY KEY, name TEXT, key TEXT,"
                                 " part_num TEXT, unit_price INTEGER, note TEXT, barcode TEXT);"
                                 "CREATE TABLE IF NOT EXISTS brought (single INTEGER PRIMARY KEY, lineage TEXT,"
-                                " revision INTEGER, source TEXT, language TEXT, last INTEGER);";
+                                " revision INTEGER, source TEXT, language TEXT, stamp TEXT, last INTEGER);";
 
 /// Runs the action as one transaction of the file.
 template <class Action>
@@ -69,14 +69,15 @@ void FirstCopy::open()
     put_ = std::make_unique<SqliteStatement>(*file_, "REPLACE INTO entry VALUES (?, ?, ?, ?, ?, ?, ?)");
     state_ = {};
     last_ = kBeforeAll;
-    SqliteStatement brought(*file_, "SELECT lineage, revision, source, language, last FROM brought");
+    SqliteStatement brought(*file_, "SELECT lineage, revision, source, language, stamp, last FROM brought");
     SqliteRows rows = brought.query();
     if (rows.next()) {
         state_ = {.lineage = std::string(rows.text(0)),
                   .revision = rows.integer(1),
                   .source = std::string(rows.text(2)),
-                  .language = std::string(rows.text(3))};
-        last_ = rows.integer(4);
+                  .language = std::string(rows.text(3)),
+                  .stamp = std::string(rows.text(4))};
+        last_ = rows.integer(5);
     }
 }
 
@@ -91,9 +92,9 @@ void FirstCopy::beginAnew()
 void FirstCopy::keepState(std::int64_t last)
 {
     last_ = last;
-    SqliteStatement(*file_, "REPLACE INTO brought VALUES (1, ?, ?, ?, ?, ?)")
+    SqliteStatement(*file_, "REPLACE INTO brought VALUES (1, ?, ?, ?, ?, ?, ?)")
         .execute(std::string_view(state_.lineage), state_.revision, std::string_view(state_.source),
-                 std::string_view(state_.language), last);
+                 std::string_view(state_.language), std::string_view(state_.stamp), last);
 }
 
 void FirstCopy::put(const CatalogueEntry& entry)
@@ -105,16 +106,9 @@ void FirstCopy::put(const CatalogueEntry& entry)
     entry.unitPrice ? put(entry.unitPrice->scaled()) : put(nullptr);
 }
 
-/// Whether what has come can be completed by what has changed since. A server that was set back to an earlier state
-/// has given its later revisions anew.
-bool FirstCopy::continues(const CopyState& server)
-{
-    return state_.lineage == server.lineage && state_.revision <= server.revision;
-}
-
 void FirstCopy::bring(ServerConnection& server, const Progress& progress)
 {
-    if (const CopyState now = copyStateOf(serverState(server)); !continues(now)) {
+    if (const CopyState now = copyStateOf(serverState(server)); !canContinue(server, state_, now)) {
         if (!state_.lineage.empty()) {
             beginAnew();
         }
@@ -153,7 +147,7 @@ void FirstCopy::bringChanges(ServerConnection& server)
         const CopyState now = changesSince(
             server, state_.revision, [&](const CatalogueEntry& entry) { put(entry); },
             [&](std::int32_t number) { remove.execute(std::int64_t{number}); });
-        if (!continues(now)) {
+        if (now.lineage != state_.lineage || now.revision < state_.revision) {
             throw RuntimeError(
                 ErrorNumber::pathFileAccess, {},
                 userText("%1: %2", server.uri().shown(), userText("the catalogue was exchanged while it was copied")));

@@ -35,7 +35,6 @@ public:
 private:
     void open();
     void beginAnew();
-    [[nodiscard]] bool continues(const CopyState& server);
     void bringBlocks(ServerConnection& server, const Progress& progress);
     void bringChanges(ServerConnection& server);
     void put(const CatalogueEntry& entry);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* kLayerPrefix = "layer-";
 
-constexpr const char* kTables = "CREATE TABLE copy (revision INTEGER, changes INTEGER);"
+constexpr const char* kTables = "CREATE TABLE copy (revision INTEGER, changes INTEGER, stamp TEXT);"
                                 "CREATE TEMP TABLE touched (item_id INTEGER PRIMARY KEY);";
 constexpr const char* kLayerTables = "CREATE TABLE below (place INTEGER PRIMARY KEY, file TEXT);"
                                      "CREATE TABLE changed (item_id INTEGER PRIMARY KEY);"
@@ -38,10 +38,16 @@ std::int64_t changesIn(SqliteFile& layer)
 CopyState stateOf(SqliteFile& catalogue)
 {
     CatalogueOrigin origin = catalogueOrigin(catalogue);
+    SqliteStatement copy(catalogue, "SELECT revision, stamp FROM copy");
+    SqliteRows rows = copy.query();
+    if (!rows.next()) {
+        raiseCatalogueError(ErrorNumber::invalidFileFormat, catalogue.path(), userText("it is damaged (%1)", "copy"));
+    }
     return {.lineage = std::move(origin.lineage),
-            .revision = catalogue.number("SELECT revision FROM copy"),
+            .revision = rows.integer(0),
             .source = std::move(origin.source),
-            .language = std::move(origin.language)};
+            .language = std::move(origin.language),
+            .stamp = std::string(rows.text(1))};
 }
 
 /// Writes one layer: what it says of an entry first counts.
@@ -88,7 +94,8 @@ public:
                 bool isLowest, const LocalCopy::Progress& progress)
     {
         SqliteFile& file = writer_.file();
-        SqliteStatement(file, "INSERT INTO copy VALUES (?, ?)").execute(state.revision, changes_);
+        SqliteStatement(file, "INSERT INTO copy VALUES (?, ?, ?)")
+            .execute(state.revision, changes_, std::string_view(state.stamp));
         if (!isLowest) {
             file.run(kLayerTables);
             SqliteStatement add(file, "INSERT INTO below VALUES (NULL, ?)");

@@ -29,6 +29,7 @@ struct CopyState {
     std::int64_t revision = 0;
     std::string source;   ///< The name of the price list.
     std::string language; ///< In whose order the lists are.
+    std::string stamp;    ///< That of the revision, by which the server knows it as one of its own.
 
     friend bool operator==(const CopyState&, const CopyState&) = default;
 };
