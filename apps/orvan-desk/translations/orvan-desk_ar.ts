@@ -1156,6 +1156,102 @@ Saving would overwrite these changes.</source>
         <source>workbooks cannot be read, because a part of this program is missing (%1); save the list as CSV</source>
         <translation>لا يمكن قراءة المصنفات لأن جزءًا من هذا البرنامج مفقود (%1)؛ احفظ القائمة بصيغة CSV</translation>
     </message>
+    <message>
+        <source>%1. The connection ended with the import, so the list may be imported or not; import it again to be sure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: it cannot be written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The products of %1 are being copied; until that is done, none is found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The products of %1 cannot be copied: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a newer version of this program has set it up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a port must be a number; percent-encode the characters : / @ in names and passwords</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a server cannot be used, because a part of this program is missing (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a text has a character 0, which the server cannot keep</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an address in brackets must end with ]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>behind the ?, options have the form name=value and stand between &amp;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it does not begin with postgresql://</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it has a character 0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it was cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its catalogue is damaged (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the address of the server is wrong: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the catalogue was exchanged while it was copied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the database has the encoding %1, but a catalogue needs %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the server does not answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the user may not change the catalogue, and needs the role %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the user may not read the catalogue, and needs the role %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no connection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no folder for the user&apos;s data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>this database has no catalogue; orvan-catalogue setup-server makes one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>two hexadecimal digits must follow each percent sign</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -1356,6 +1452,53 @@ The catalogue was not changed.</source>
             <numerusform>تُجوهل %Ln صفًا به أخطاء.</numerusform>
             <numerusform>تُجوهل %Ln صف به أخطاء.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::CopyWatch</name>
+    <message>
+        <source>of an unknown time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>up to date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>as of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1”: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Others could read a password here. Keep it in the file ~/.pgpass or in a service file, and leave it out of the address.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No products of %1 yet: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copying the products of %1: %L2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking %1 for its products</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation type="unfinished">%1؛ %2 {1,?}</translation>
+    </message>
+    <message>
+        <source>%1. No changes come: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1. Copying anew: %L2 %</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1934,6 +2077,27 @@ Changed: %3.</source>
     <message>
         <source>The currency could not be changed.</source>
         <translation>تعذّر تغيير العملة.</translation>
+    </message>
+    <message>
+        <source>&amp;Company Catalogue…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Company Catalogue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The address of the server, such as postgresql://user@server/database.
+Without an address, products are looked up in this computer&apos;s own catalogue.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An address begins with postgresql://</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This address cannot be used.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
