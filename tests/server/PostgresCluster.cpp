@@ -38,6 +38,7 @@ PostgresCluster::PostgresCluster(const std::string& settings)
         fail("no temporary folder");
     }
     folder_ = name;
+    watch(); // before anything is written, because this program may end at any time
     if (::getuid() == 0) {
         const passwd* const user = ::getpwnam(kUnprivileged);
         if (!user || ::chown(name.c_str(), user->pw_uid, user->pw_gid) != 0) {
@@ -58,7 +59,6 @@ PostgresCluster::PostgresCluster(const std::string& settings)
     // Members of the role with_password have to give a password.
     std::ofstream(folder_ / "data/pg_hba.conf") << "local all +with_password scram-sha-256\nlocal all all trust\n";
     start();
-    watch();
     ServerConnection(ServerUri(uri("postgres"))).run("CREATE ROLE with_password NOLOGIN");
 }
 
@@ -147,8 +147,11 @@ void PostgresCluster::watch()
             for (int tries = 0; tries < 100 && fs::exists(folder_ / "data/postmaster.pid"); ++tries) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(50));
             }
-            std::error_code ignoredError;
-            fs::remove_all(folder_, ignoredError);
+            std::error_code error;
+            for (int tries = 0; tries < 100 && fs::exists(folder_, error); ++tries) {
+                fs::remove_all(folder_, error); // fails where a program that ends has just written
+                std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            }
         }
         ::_exit(0);
     }
