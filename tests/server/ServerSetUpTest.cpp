@@ -48,8 +48,11 @@ const struct {
     const char* entries; ///< Afterwards; or what the server says.
 } kChanges[] = {
     {"a new entry", "INSERT INTO orvan.product (name) VALUES (' New ')", "1 Bolt 10000 1, 2 Nut 20000 1, 3 New - 2"},
-    {"own ids", "INSERT INTO orvan.product (own_id, name) VALUES ('77', 'A'), ('1', 'B'), ('x', 'C')",
-     "1 Bolt 10000 1, 2 Nut 20000 1, 3 B - 2, 4 C - 2, 77 A - 2"},
+    {"own ids",
+     "INSERT INTO orvan.product (own_id, name) VALUES ('077', 'A'), ('1', 'B'), ('x', 'C'), ('4294967297', 'D')",
+     "1 Bolt 10000 1, 2 Nut 20000 1, 3 B - 2, 4 C - 2, 5 D - 2, 77 A - 2"},
+    {"an own id with zeros, that is there", "INSERT INTO orvan.product (own_id, name) VALUES ('7', 'A'), ('007', 'B')",
+     "product_id_key"},
     {"a price", "UPDATE orvan.product SET unit_price = 5 WHERE id = 2", "1 Bolt 10000 1, 2 Nut 5 2"},
     {"one that goes and comes back",
      "DELETE FROM orvan.product WHERE id = 1; INSERT INTO orvan.product (part_num, name)"

@@ -131,8 +131,15 @@ END $$;
 CREATE FUNCTION orvan.complete_row() RETURNS trigger LANGUAGE plpgsql SET search_path = '' AS $$
 DECLARE
     was_named text;
+    own_number integer;
 BEGIN
     NEW.own_id := nullif(btrim(NEW.own_id, E' \t'), '');
+    IF NEW.own_id ~ '^-?0*[0-9]{1,10}$' THEN
+        IF NEW.own_id::numeric BETWEEN -2147483648 AND 2147483647 THEN
+            own_number := NEW.own_id::numeric;
+            NEW.own_id := own_number::text; -- without leading zeros, as an import compares it
+        END IF;
+    END IF;
     NEW.name := btrim(coalesce(NEW.name, ''), E' \t');
     NEW.key := btrim(coalesce(NEW.key, ''), E' \t');
     NEW.part_num := btrim(coalesce(NEW.part_num, ''), E' \t');
@@ -144,10 +151,10 @@ BEGIN
         IF NEW.id IS NULL THEN
             SELECT min(id) INTO NEW.id FROM orvan.gone WHERE id_key = NEW.id_key HAVING count(*) = 1;
         END IF;
-        IF NEW.id IS NULL AND NEW.own_id ~ '^(0|-?[1-9][0-9]{0,9})$' AND NEW.own_id::bigint BETWEEN -2147483648 AND 2147483647
-           AND NOT EXISTS (SELECT FROM orvan.product WHERE id = NEW.own_id::bigint)
-           AND NOT EXISTS (SELECT FROM orvan.gone WHERE id = NEW.own_id::bigint) THEN
-            NEW.id := NEW.own_id::integer;
+        IF NEW.id IS NULL AND own_number IS NOT NULL
+           AND NOT EXISTS (SELECT FROM orvan.product WHERE id = own_number)
+           AND NOT EXISTS (SELECT FROM orvan.gone WHERE id = own_number) THEN
+            NEW.id := own_number;
         END IF;
         IF NEW.id IS NULL THEN
             NEW.id := orvan.new_number();
