@@ -5,10 +5,17 @@
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/Currency.h"
+#include "orvan/base/RuntimeError.h"
 #include "orvan/components/catalogue/server/ServerSchema.h"
 
+#include <chrono>
+#include <condition_variable>
+#include <filesystem>
 #include <iostream>
+#include <mutex>
 #include <utility>
+
+#include <unistd.h>
 
 namespace orvan::tool {
 
@@ -38,6 +45,61 @@ std::optional<ServerUri> serverUri(const std::string& word)
 ServerConnectionOptions connectionOptions()
 {
     return {.goOn = [] { return interrupted == 0; }, .application = "orvan-catalogue"};
+}
+
+namespace {
+
+/// What the thread that brings the copy's changes tells.
+struct ToldState {
+    std::mutex mutex;
+    std::condition_variable told;
+    CatalogueCopyState state;
+};
+
+/// Another program that brings the changes asks the server once a minute at least.
+constexpr std::chrono::minutes kFresh(2);
+
+/// Waits until the copy is what the server has, or cannot be brought. Returns the last state.
+CatalogueCopyState awaitCopy(ToldState& told)
+{
+    const auto begin = std::chrono::system_clock::now();
+    std::unique_lock lock(told.mutex);
+    for (std::optional<int> shown; interrupted == 0;) {
+        const CatalogueCopyState& state = told.state;
+        const auto since = state.brought ? begin : begin - kFresh;
+        if (!state.problem.empty() || (state.checked && *state.checked >= since && !state.copy.empty())) {
+            return state;
+        }
+        if (state.percent && state.percent != shown && ::isatty(STDERR_FILENO) != 0) {
+            shown = state.percent;
+            std::cerr << "\rCopying the catalogue: " << *shown << " % " << std::flush;
+        }
+        told.told.wait_for(lock, std::chrono::milliseconds(100)); // a signal does not notify
+    }
+    throw RuntimeError(ErrorNumber::pathFileAccess); // main says why
+}
+
+} // namespace
+
+std::shared_ptr<ProductLkpMgr> openServerCopy(CatalogueOptions options)
+{
+    const auto told = std::make_shared<ToldState>();
+    options.copyChanged = [told](const CatalogueCopyState& state) {
+        const std::lock_guard lock(told->mutex);
+        told->state = state;
+        told->told.notify_all();
+    };
+    const auto factory = catalogueFactory(options);
+    const CatalogueCopyState state = awaitCopy(*told);
+    std::error_code error;
+    if (!state.problem.empty()) {
+        if (state.copy.empty() || !std::filesystem::exists(state.copy, error)) {
+            throw RuntimeError(ErrorNumber::pathFileAccess, {}, state.problem);
+        }
+        std::cerr << "orvan-catalogue: " << terminalText(state.problem.english())
+                  << "; the copy of an earlier time is searched\n";
+    }
+    return std::dynamic_pointer_cast<ProductLkpMgr>(factory());
 }
 
 int serverStatistics(const ServerUri& uri)

@@ -36,6 +36,7 @@ constexpr char kUsage[] = R"(usage: orvan-catalogue import LIST CATALOGUE [optio
 )";
 constexpr char kSearchHelp[] =
     R"(search      Lists the entries whose part number or name begins with TEXT, ordered as in the editor.
+            A server's catalogue is searched in a local copy, which is brought up to date first.
   --most N            list at most N entries by part number and N by name (default 20)
 statistics  Counts the entries and shows the lowest and the highest price.
 )";
@@ -43,7 +44,7 @@ constexpr char kExitHelp[] = R"(
 Exit status: 0 success; 1 nothing was found, or the list was refused; 2 an error; 130 cancelled.
 )";
 
-std::string shown(SqliteCatalogue& catalogue, LookUpColumn column)
+std::string shown(ProductLkpMgr& catalogue, LookUpColumn column)
 {
     const LookUpValue value = catalogue.GetFieldValue(static_cast<std::int32_t>(column));
     return std::holds_alternative<std::monostate>(value) ? std::string() : terminalText(toText(value));
@@ -65,12 +66,16 @@ int search(const std::vector<std::string>& words)
     if (rest.size() != 2) {
         throw WrongUse{"search needs two arguments, a catalogue and a text"};
     }
+    const std::optional<ServerUri> server = serverUri(rest[0]);
+    endInOrderAtSignals();
     options.file = rest[0];
-    SqliteCatalogue catalogue(options);
+    const std::shared_ptr<ProductLkpMgr> opened =
+        server ? openServerCopy(options) : std::make_shared<SqliteCatalogue>(options);
+    ProductLkpMgr& catalogue = *opened;
     bool any = false;
-    using List = LookUpList (SqliteCatalogue::*)(std::string_view, bool);
-    const std::pair<const char*, List> lists[] = {{"Part numbers", &SqliteCatalogue::GetPartNumList},
-                                                  {"Names", &SqliteCatalogue::GetProductNameList}};
+    using List = LookUpList (ProductLkpMgr::*)(std::string_view, bool);
+    const std::pair<const char*, List> lists[] = {{"Part numbers", &ProductLkpMgr::GetPartNumList},
+                                                  {"Names", &ProductLkpMgr::GetProductNameList}};
     for (const auto& [title, list] : lists) {
         const LookUpList rows = (catalogue.*list)(rest[1], false);
         if (!rows) {

@@ -71,6 +71,25 @@ TEST_F(ServerProgram, ImportsCountsAndExports)
     EXPECT_THAT(refused.output, HasSubstr("goods is a catalogue, and is not replaced"));
 }
 
+TEST_F(ServerProgram, SearchesInACopy)
+{
+    ::setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
+    writeText(folder / "list.csv", "name,part number,price\nHex Bolt,B,1\nNut,N,2\n");
+    call("import list.csv " + quoted());
+    EXPECT_THAT(call("search " + quoted() + " hex").output, HasSubstr("           1  Hex Bolt\n"));
+    EXPECT_EQ(call("search " + quoted() + " none-such").status, 1);
+    owner.run("UPDATE orvan.product SET unit_price = 50000 WHERE part_num = 'B'");
+    EXPECT_THAT(call("search " + quoted() + " hex").output, HasSubstr("           5  Hex Bolt\n"));
+    cluster().kill();
+    const Ended offline = call("search " + quoted() + " hex");
+    cluster().start();
+    ::unsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(offline.status, 0);
+    EXPECT_THAT(offline.output, HasSubstr("the copy of an earlier time is searched\n"));
+    EXPECT_THAT(offline.output, HasSubstr("           5  Hex Bolt\n"));
+    EXPECT_EQ(call("search 'postgresql:///goods?host=/nowhere' hex").status, 2);
+}
+
 TEST_F(ServerProgram, RemovesAndRefuses)
 {
     writeText(folder / "list.csv", "name,part number,price\nBolt,B,1\nNut,N,2\n");
