@@ -1158,99 +1158,99 @@ Saving would overwrite these changes.</source>
     </message>
     <message>
         <source>%1. The connection ended with the import, so the list may be imported or not; import it again to be sure</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. انقطع الاتصال أثناء الاستيراد، فربما استُوردت القائمة وربما لم تُستورد؛ استوردها مرة أخرى للتأكد</translation>
     </message>
     <message>
         <source>%1: it cannot be written</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: لا يمكن الكتابة فيه</translation>
     </message>
     <message>
         <source>The products of %1 are being copied; until that is done, none is found.</source>
-        <translation type="unfinished"></translation>
+        <translation>يجري نسخ منتجات %1؛ ولن يُعثر على أي منتج حتى ينتهي ذلك.</translation>
     </message>
     <message>
         <source>The products of %1 cannot be copied: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يمكن نسخ منتجات %1: %2.</translation>
     </message>
     <message>
         <source>a newer version of this program has set it up</source>
-        <translation type="unfinished"></translation>
+        <translation>أعدّه إصدار أحدث من هذا البرنامج</translation>
     </message>
     <message>
         <source>a port must be a number; percent-encode the characters : / @ in names and passwords</source>
-        <translation type="unfinished"></translation>
+        <translation>يجب أن يكون المنفذ رقمًا؛ اكتب الأحرف : / @ في الأسماء وكلمات المرور بترميز النسبة المئوية</translation>
     </message>
     <message>
         <source>a server cannot be used, because a part of this program is missing (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يمكن استخدام خادم لأن جزءًا من هذا البرنامج مفقود (%1)</translation>
     </message>
     <message>
         <source>a text has a character 0, which the server cannot keep</source>
-        <translation type="unfinished"></translation>
+        <translation>نص فيه الحرف 0 الذي لا يستطيع الخادم حفظه</translation>
     </message>
     <message>
         <source>an address in brackets must end with ]</source>
-        <translation type="unfinished"></translation>
+        <translation>يجب أن ينتهي العنوان بين قوسين بالرمز ]</translation>
     </message>
     <message>
         <source>behind the ?, options have the form name=value and stand between &amp;</source>
-        <translation type="unfinished"></translation>
+        <translation>بعد ? تكون الخيارات على صورة اسم=قيمة ويُفصل بينها بالرمز &amp;</translation>
     </message>
     <message>
         <source>it does not begin with postgresql://</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يبدأ بـ postgresql://</translation>
     </message>
     <message>
         <source>it has a character 0</source>
-        <translation type="unfinished"></translation>
+        <translation>فيه الحرف 0</translation>
     </message>
     <message>
         <source>it was cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>أُلغي</translation>
     </message>
     <message>
         <source>its catalogue is damaged (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>كتالوجه تالف (%1)</translation>
     </message>
     <message>
         <source>the address of the server is wrong: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>عنوان الخادم خاطئ: %1</translation>
     </message>
     <message>
         <source>the catalogue was exchanged while it was copied</source>
-        <translation type="unfinished"></translation>
+        <translation>استُبدل الكتالوج أثناء نسخه</translation>
     </message>
     <message>
         <source>the database has the encoding %1, but a catalogue needs %2</source>
-        <translation type="unfinished"></translation>
+        <translation>ترميز قاعدة البيانات %1، لكن الكتالوج يحتاج إلى %2</translation>
     </message>
     <message>
         <source>the server does not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>الخادم لا يجيب</translation>
     </message>
     <message>
         <source>the user may not change the catalogue, and needs the role %1</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يحق للمستخدم تغيير الكتالوج، ويحتاج إلى الدور %1</translation>
     </message>
     <message>
         <source>the user may not read the catalogue, and needs the role %1</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يحق للمستخدم قراءة الكتالوج، ويحتاج إلى الدور %1</translation>
     </message>
     <message>
         <source>there is no connection</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يوجد اتصال</translation>
     </message>
     <message>
         <source>there is no folder for the user&apos;s data</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يوجد مجلد لبيانات المستخدم</translation>
     </message>
     <message>
         <source>this database has no catalogue; orvan-catalogue setup-server makes one</source>
-        <translation type="unfinished"></translation>
+        <translation>ليس في قاعدة البيانات هذه كتالوج؛ ينشئه الأمر orvan-catalogue setup-server</translation>
     </message>
     <message>
         <source>two hexadecimal digits must follow each percent sign</source>
-        <translation type="unfinished"></translation>
+        <translation>يجب أن يتبع كل علامة نسبة مئوية رقمان ست عشريان</translation>
     </message>
 </context>
 <context>
@@ -1458,47 +1458,47 @@ The catalogue was not changed.</source>
     <name>orvan::desk::CopyWatch</name>
     <message>
         <source>of an unknown time</source>
-        <translation type="unfinished"></translation>
+        <translation>من وقت غير معروف</translation>
     </message>
     <message>
         <source>up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>محدّث</translation>
     </message>
     <message>
         <source>as of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>بتاريخ %1</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1»: %2</translation>
     </message>
     <message>
         <source>Others could read a password here. Keep it in the file ~/.pgpass or in a service file, and leave it out of the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>قد يقرأ آخرون كلمة المرور هنا. احفظها في الملف ‎~/.pgpass أو في ملف خدمة، واتركها خارج العنوان.</translation>
     </message>
     <message>
         <source>No products of %1 yet: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>لا منتجات من %1 بعد: %2</translation>
     </message>
     <message>
         <source>Copying the products of %1: %L2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>يجري نسخ منتجات %1: ‏%L2 %</translation>
     </message>
     <message>
         <source>Asking %1 for its products</source>
-        <translation type="unfinished"></translation>
+        <translation>يجري سؤال %1 عن منتجاته</translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished">%1؛ %2 {1,?}</translation>
+        <translation>%1، %2</translation>
     </message>
     <message>
         <source>%1. No changes come: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. لا تصل تغييرات: %2</translation>
     </message>
     <message>
         <source>%1. Copying anew: %L2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. يجري النسخ من جديد: ‏%L2 %</translation>
     </message>
 </context>
 <context>
@@ -2080,24 +2080,25 @@ Changed: %3.</source>
     </message>
     <message>
         <source>&amp;Company Catalogue…</source>
-        <translation type="unfinished"></translation>
+        <translation>كتالوج الشركة… (&amp;C)</translation>
     </message>
     <message>
         <source>Company Catalogue</source>
-        <translation type="unfinished"></translation>
+        <translation>كتالوج الشركة</translation>
     </message>
     <message>
         <source>The address of the server, such as postgresql://user@server/database.
 Without an address, products are looked up in this computer&apos;s own catalogue.</source>
-        <translation type="unfinished"></translation>
+        <translation>عنوان الخادم، مثل postgresql://user@server/database.
+من دون عنوان يُبحث عن المنتجات في الكتالوج الخاص بهذا الحاسوب.</translation>
     </message>
     <message>
         <source>An address begins with postgresql://</source>
-        <translation type="unfinished"></translation>
+        <translation>يبدأ العنوان بـ postgresql://</translation>
     </message>
     <message>
         <source>This address cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>لا يمكن استخدام هذا العنوان.</translation>
     </message>
 </context>
 <context>

@@ -1142,99 +1142,99 @@ Speichern würde diese Änderungen überschreiben.</translation>
     </message>
     <message>
         <source>%1. The connection ended with the import, so the list may be imported or not; import it again to be sure</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Die Verbindung endete während des Imports; vielleicht ist die Liste importiert, vielleicht nicht. Importieren Sie sie zur Sicherheit noch einmal</translation>
     </message>
     <message>
         <source>%1: it cannot be written</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: in diese Datei kann nicht geschrieben werden</translation>
     </message>
     <message>
         <source>The products of %1 are being copied; until that is done, none is found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Artikel von %1 werden kopiert; solange das dauert, wird keiner gefunden.</translation>
     </message>
     <message>
         <source>The products of %1 cannot be copied: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Artikel von %1 können nicht kopiert werden: %2.</translation>
     </message>
     <message>
         <source>a newer version of this program has set it up</source>
-        <translation type="unfinished"></translation>
+        <translation>eine neuere Version dieses Programms hat ihn eingerichtet</translation>
     </message>
     <message>
         <source>a port must be a number; percent-encode the characters : / @ in names and passwords</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Port muss eine Zahl sein; die Zeichen : / @ in Namen und Kennwörtern sind mit Prozentzeichen zu schreiben</translation>
     </message>
     <message>
         <source>a server cannot be used, because a part of this program is missing (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Server kann nicht benutzt werden, weil ein Teil dieses Programms fehlt (%1)</translation>
     </message>
     <message>
         <source>a text has a character 0, which the server cannot keep</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Text hat ein Zeichen 0, das der Server nicht aufnehmen kann</translation>
     </message>
     <message>
         <source>an address in brackets must end with ]</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Adresse in Klammern muss mit ] enden</translation>
     </message>
     <message>
         <source>behind the ?, options have the form name=value and stand between &amp;</source>
-        <translation type="unfinished"></translation>
+        <translation>nach dem ? haben Optionen die Form Name=Wert und sind durch &amp; getrennt</translation>
     </message>
     <message>
         <source>it does not begin with postgresql://</source>
-        <translation type="unfinished"></translation>
+        <translation>sie beginnt nicht mit postgresql://</translation>
     </message>
     <message>
         <source>it has a character 0</source>
-        <translation type="unfinished"></translation>
+        <translation>sie hat ein Zeichen 0</translation>
     </message>
     <message>
         <source>it was cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>er wurde abgebrochen</translation>
     </message>
     <message>
         <source>its catalogue is damaged (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>sein Katalog ist beschädigt (%1)</translation>
     </message>
     <message>
         <source>the address of the server is wrong: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>die Adresse des Servers ist falsch: %1</translation>
     </message>
     <message>
         <source>the catalogue was exchanged while it was copied</source>
-        <translation type="unfinished"></translation>
+        <translation>der Katalog wurde ausgetauscht, während er kopiert wurde</translation>
     </message>
     <message>
         <source>the database has the encoding %1, but a catalogue needs %2</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datenbank hat die Zeichencodierung %1, aber ein Katalog braucht %2</translation>
     </message>
     <message>
         <source>the server does not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>der Server antwortet nicht</translation>
     </message>
     <message>
         <source>the user may not change the catalogue, and needs the role %1</source>
-        <translation type="unfinished"></translation>
+        <translation>der Benutzer darf den Katalog nicht ändern und braucht die Rolle %1</translation>
     </message>
     <message>
         <source>the user may not read the catalogue, and needs the role %1</source>
-        <translation type="unfinished"></translation>
+        <translation>der Benutzer darf den Katalog nicht lesen und braucht die Rolle %1</translation>
     </message>
     <message>
         <source>there is no connection</source>
-        <translation type="unfinished"></translation>
+        <translation>es besteht keine Verbindung</translation>
     </message>
     <message>
         <source>there is no folder for the user&apos;s data</source>
-        <translation type="unfinished"></translation>
+        <translation>es gibt keinen Ordner für die Daten des Benutzers</translation>
     </message>
     <message>
         <source>this database has no catalogue; orvan-catalogue setup-server makes one</source>
-        <translation type="unfinished"></translation>
+        <translation>diese Datenbank hat keinen Katalog; orvan-catalogue setup-server legt einen an</translation>
     </message>
     <message>
         <source>two hexadecimal digits must follow each percent sign</source>
-        <translation type="unfinished"></translation>
+        <translation>auf jedes Prozentzeichen müssen zwei hexadezimale Ziffern folgen</translation>
     </message>
 </context>
 <context>
@@ -1418,47 +1418,47 @@ Der Katalog wurde nicht geändert.</translation>
     <name>orvan::desk::CopyWatch</name>
     <message>
         <source>of an unknown time</source>
-        <translation type="unfinished"></translation>
+        <translation>Stand unbekannt</translation>
     </message>
     <message>
         <source>up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>auf dem neuesten Stand</translation>
     </message>
     <message>
         <source>as of %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Stand %1</translation>
     </message>
     <message>
         <source>“%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“: %2</translation>
     </message>
     <message>
         <source>Others could read a password here. Keep it in the file ~/.pgpass or in a service file, and leave it out of the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Andere könnten ein Kennwort hier lesen. Bewahren Sie es in der Datei ~/.pgpass oder in einer Dienstdatei auf, und lassen Sie es in der Adresse weg.</translation>
     </message>
     <message>
         <source>No products of %1 yet: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch keine Artikel von %1: %2</translation>
     </message>
     <message>
         <source>Copying the products of %1: %L2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Artikel von %1 werden kopiert: %L2 %</translation>
     </message>
     <message>
         <source>Asking %1 for its products</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird nach seinen Artikeln gefragt</translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished">%1; %2 {1,?}</translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>%1. No changes come: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Es kommen keine Änderungen: %2</translation>
     </message>
     <message>
         <source>%1. Copying anew: %L2 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1. Wird neu kopiert: %L2 %</translation>
     </message>
 </context>
 <context>
@@ -2024,24 +2024,25 @@ Geändert: %3.</translation>
     </message>
     <message>
         <source>&amp;Company Catalogue…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Firmenkatalog …</translation>
     </message>
     <message>
         <source>Company Catalogue</source>
-        <translation type="unfinished"></translation>
+        <translation>Firmenkatalog</translation>
     </message>
     <message>
         <source>The address of the server, such as postgresql://user@server/database.
 Without an address, products are looked up in this computer&apos;s own catalogue.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse des Servers, zum Beispiel postgresql://benutzer@server/datenbank.
+Ohne Adresse werden Artikel im eigenen Katalog dieses Rechners gesucht.</translation>
     </message>
     <message>
         <source>An address begins with postgresql://</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Adresse beginnt mit postgresql://</translation>
     </message>
     <message>
         <source>This address cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Adresse kann nicht benutzt werden.</translation>
     </message>
 </context>
 <context>
