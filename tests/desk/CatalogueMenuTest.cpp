@@ -262,7 +262,7 @@ TEST_F(CatalogueMenuTest, AListIsReadAsTheUserSaysAndTheNextOneOfItsShapeToo)
         EXPECT_TRUE(menu.importFrom(first));
         EXPECT_THAT(user.told, HasSubstr("now contains 2 products"));
         EXPECT_THAT(user.told, HasSubstr("1 row with errors was left out"));
-        EXPECT_EQ(texts("name || unit_price"), "Tisch20000;Tür12340;");
+        EXPECT_EQ(texts("name || unit_price"), "Tür12340;Tisch20000;");
     }
     EXPECT_EQ(keptChoices(shapeOf({"Sache", "Wert"})).columns.name, "") << "another shape";
     User user("Replace");
