@@ -53,6 +53,14 @@ QString contentOf(const CatalogueCopyState& state)
     }
 }
 
+/// The problem without the server's address, with which errors of servers begin: the status line would show little
+/// else.
+QString reasonOf(const CatalogueCopyState& state)
+{
+    const QString problem = qt::translated(state.problem), server = QString::fromStdString(state.server + ": ");
+    return problem.startsWith(server) ? problem.mid(server.size()) : problem;
+}
+
 } // namespace
 
 bool isServer(const QString& catalogue)
@@ -74,7 +82,7 @@ QString whyRefused(const QString& uri)
 
 QString copyText(const CatalogueCopyState& state, const QDateTime& now)
 {
-    const QString content = contentOf(state), problem = qt::translated(state.problem);
+    const QString content = contentOf(state), problem = reasonOf(state);
     const QString server = shortened(QString::fromStdString(state.server));
     if (content.isEmpty()) {
         return !problem.isEmpty() ? CopyWatch::tr("No products of %1 yet: %2").arg(server, problem)
