@@ -30,7 +30,7 @@ CatalogueEntry entryOf(const Products::value_type& product)
             .number = number};
 }
 
-constexpr auto always = [](auto... /*progress*/) { return true; };
+constexpr auto kAlways = [](auto... /*progress*/) { return true; };
 
 class LocalCopyTest : public test::CatalogueFixture {
 protected:
@@ -53,7 +53,7 @@ protected:
         for (const auto& product : products) {
             update->put(entryOf(product));
         }
-        EXPECT_TRUE(update->commit(state(1), always));
+        EXPECT_TRUE(update->commit(state(1), kAlways));
     }
     /// One batch: those with no name are gone.
     void change(const Products& products, std::int64_t revision) const
@@ -66,14 +66,14 @@ protected:
                 update->put(entryOf(product));
             }
         }
-        EXPECT_TRUE(update->commit(state(revision), always));
+        EXPECT_TRUE(update->commit(state(revision), kAlways));
     }
     LocalCopy copy() const { return {folder.path(), limits}; }
     void mergeOnce() const
     {
         const auto merging = copy().merging();
         ASSERT_TRUE(merging);
-        copy().replace(*merging, LocalCopy::merged(folder.path(), *merging, always));
+        copy().replace(*merging, LocalCopy::merged(folder.path(), *merging, kAlways));
     }
     std::int64_t layers() const
     {
@@ -117,7 +117,9 @@ Product anyProduct(std::mt19937& random)
             .partNum = random() % 8 == 0 ? "" : "AB-" + code,
             .note = random() % 5 == 0 ? "für die Werkstatt" : "",
             .barcode = random() % 4 == 0 ? "400638133" + code : "",
-            .price = random() % 9 == 0 ? std::nullopt : std::optional(Currency::fromScaled(random() % 100'000))};
+            .price = random() % 9 == 0
+                         ? std::nullopt
+                         : std::optional(Currency::fromScaled(static_cast<std::int64_t>(random() % 100'000)))};
 }
 
 TEST_F(LocalCopyTest, FindsAfterEachBatchWhatOneFileFinds)
@@ -201,7 +203,7 @@ TEST_F(LocalCopyTest, BatchesGoOnWhileLayersAreMerged)
     const auto merging = copy().merging();
     ASSERT_TRUE(merging && !merging->toLowest);
     EXPECT_EQ(LocalCopy::merged(folder.path(), *merging, [] { return false; }), "") << "stopped";
-    const std::string file = LocalCopy::merged(folder.path(), *merging, always);
+    const std::string file = LocalCopy::merged(folder.path(), *merging, kAlways);
     change({{2, {}}, {6, {"Key", "K", "", "", {}}}}, 6);
     copy().replace(*merging, file);
     EXPECT_EQ(shown(SqliteCatalogue({.file = copied()}).GetProductNameList("", true)),

@@ -83,6 +83,7 @@ pid_t PostgresCluster::run(const std::vector<std::string>& command) const
                                      "--clear-groups", "--pdeathsig=QUIT"});
     }
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words) {
         pointers.push_back(word.data());
     }
@@ -167,7 +168,7 @@ std::string PostgresCluster::uri(const std::string& database, const std::string&
 
 std::string PostgresCluster::newDatabase()
 {
-    const std::string name = "test" + std::to_string(++databases_);
+    std::string name = "test" + std::to_string(++databases_);
     ServerConnection(ServerUri(uri("postgres"))).run(("CREATE DATABASE " + name).c_str());
     return name;
 }

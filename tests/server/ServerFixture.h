@@ -23,7 +23,7 @@ protected:
     /// A new user of the server, who may log in and nothing else.
     std::string newUser(const std::string& more = {})
     {
-        const std::string name = database + "_user" + std::to_string(++users_);
+        std::string name = database + "_user" + std::to_string(++users_);
         owner.run(("CREATE ROLE " + name + " LOGIN " + more).c_str());
         return name;
     }

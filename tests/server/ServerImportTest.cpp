@@ -216,12 +216,16 @@ TEST_F(ServerImport, ManyImportsAtOnceLoseNothing)
 {
     constexpr int kImporters = 4, kRounds = 5;
     std::vector<std::thread> importers;
+    importers.reserve(kImporters);
     for (int importer = 0; importer < kImporters; ++importer) {
         importers.emplace_back([&, importer] {
             const std::filesystem::path list = folder / ("list" + std::to_string(importer));
             for (int round = 0; round < kRounds; ++round) {
                 const std::string own = std::to_string(importer) + "-" + std::to_string(round);
-                writeText(list, kHeader + ",Own " + own + "," + own + ",1\n,Shared,S," + own.substr(2) + "\n");
+                std::string rows = kHeader;
+                rows.append(",Own ").append(own).append(",").append(own).append(",1\n");
+                rows.append(",Shared,S,").append(own.substr(2)).append("\n");
+                writeText(list, rows);
                 importToServer(list, uri);
             }
         });

@@ -125,7 +125,8 @@ TEST_F(ServerSchema, AServerThatDoesNotAnswer)
     ASSERT_EQ(::bind(silent, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     ASSERT_EQ(::listen(silent, 1), 0);
     try {
-        ServerConnection(ServerUri("postgresql:///x?host=" + folder.path().string()), {.connecting = 200ms});
+        const ServerConnection server(ServerUri("postgresql:///x?host=" + folder.path().string()),
+                                      {.connecting = 200ms});
         ADD_FAILURE() << "connected";
     } catch (const ServerError& error) {
         EXPECT_EQ(error.kind(), ServerFailure::Kind::timedOut);

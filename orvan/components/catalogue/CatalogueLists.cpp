@@ -198,6 +198,7 @@ private:
         layers_.sort(found);
         found.resize(std::min(found.size(), most));
         std::vector<LookUpRow> rows;
+        rows.reserve(found.size());
         for (CatalogueLayers::Row& each : found) {
             rows.push_back(std::move(each.row));
         }

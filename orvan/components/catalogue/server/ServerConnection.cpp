@@ -224,7 +224,7 @@ void ServerConnection::run(const char* sql)
 
 std::int64_t ServerConnection::copyIn(const char* sql, const std::function<void(const Put&)>& fill)
 {
-    constexpr std::size_t kBatch = 64 * 1024;
+    constexpr std::size_t kBatch = std::size_t{64} * 1024;
     send(sql, {});
     static_cast<void>(link_->next());
     check();
