@@ -1,5 +1,6 @@
 #include "orvan/base/Text.h"
 #include "orvan/components/catalogue/CaseFolding.h"
+#include "orvan/components/catalogue/PageChecksums.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
 #include <sys/stat.h>
@@ -208,7 +209,7 @@ TEST_F(CatalogueTest, DamageThatASearchMeetsIsReportedAndGivesNoEntries)
 {
     makeCatalogue({"Bolt"});
     {
-        constexpr int kPage = 4096; // of SQLite; the first one holds the structure
+        constexpr int kPage = kCheckedPage; // the first one holds the structure
         std::fstream stream(file(), std::ios::in | std::ios::out | std::ios::binary);
         stream.seekp(kPage) << std::string(std::filesystem::file_size(file()) - kPage, 'x');
     }

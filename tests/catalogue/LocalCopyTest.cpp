@@ -1,5 +1,6 @@
 // The local copy of a server's catalogue: a version of several layers finds what one file with the same entries finds.
 
+#include "orvan/components/catalogue/PageChecksums.h"
 #include "orvan/components/catalogue/server/LocalCopy.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
@@ -241,7 +242,7 @@ TEST_F(LocalCopyTest, DamageOfAnyLayerIsAnErrorThatNamesIt)
     };
     const auto page = [](const std::filesystem::path& file) {
         std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
-        stream.seekp(4096 + 100);
+        stream.seekp(kCheckedPage + 100);
         stream.write("damage", 6);
     };
     const auto gone = [](const std::filesystem::path& file) { std::filesystem::remove(file); };

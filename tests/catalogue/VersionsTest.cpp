@@ -1,6 +1,7 @@
 // A catalogue is replaced, overwritten, upgraded and damaged while it is used.
 
 #include "orvan/components/catalogue/CatalogueFile.h"
+#include "orvan/components/catalogue/PageChecksums.h"
 #include "tests/catalogue/CatalogueFixture.h"
 #include "tests/catalogue/FirstForm.h"
 
@@ -195,7 +196,7 @@ TEST_F(VersionsTest, DamageGivesTheRightDataOrAnError)
     const std::vector<std::string> typed = {"prod", "note words", "p11", "prodact"};
     const std::string content = read(file()), right = everything(file(), typed);
     ASSERT_GT(right.size(), 10'000u);
-    constexpr std::size_t kPage = 4096;
+    constexpr std::size_t kPage = kCheckedPage;
     const std::size_t pages = content.size() / kPage;
     std::mt19937 random(14); // NOLINT(cert-msc51-cpp): the same places each time
     int wrong = 0, errors = 0;

@@ -120,7 +120,7 @@ class CatalogueImported(Scenario):
             rows = (f"{name}{row},Thing {row} that is {name},{row}.50" for row in range(self.rows))
             (self.work / f"{name}.csv").write_text("Part number,Name,Price\n" + "\n".join(rows) + "\n")
         old = Path(plugins) / f"old-{self.rows}.catalogue"
-        if not old.exists():
+        if not old.exists() or old.stat().st_mtime < Path(catalogue_tool).stat().st_mtime:
             subprocess.run([catalogue_tool, "import", str(self.work / "old.csv"), str(old), "--quiet"],
                            capture_output=True, check=True)
         shutil.copy(old, self.work / "goods.catalogue")

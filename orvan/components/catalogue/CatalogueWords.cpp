@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 
@@ -14,8 +15,9 @@ namespace orvan {
 namespace {
 
 constexpr std::size_t kMostCandidates = 1'000; ///< Entries that are read for one search, found or not.
-constexpr std::size_t kMostRows = 50;          ///< Entries that words add to a list: each is read from another page.
-constexpr std::size_t kMostPieces = 4; ///< Those that the fewest entries have: more lists exclude few entries more.
+constexpr std::size_t kMostRows = 20;          ///< Entries that words add to a list: each is read from another page.
+constexpr std::size_t kMostPieces = 4; ///< More of them exclude few entries more,
+constexpr std::size_t kMostWords = 6;  ///< unless they are of words that are not looked for yet.
 constexpr std::size_t kMostCorrections = 32;
 constexpr std::size_t kShortestCorrected = 4; ///< Characters; shorter words are near to too many others.
 constexpr std::size_t kLongestCorrected = 40;
@@ -70,20 +72,37 @@ CatalogueWords::CatalogueWords(const CatalogueLayers& layers) : layers_(layers)
 
 CatalogueWords::~CatalogueWords() = default;
 
-std::vector<std::string> CatalogueWords::rarest(Layer& layer, std::vector<std::string> pieces)
+std::vector<std::string> CatalogueWords::telling(Layer& layer, const Words& words)
 {
-    std::vector<std::pair<std::int64_t, std::string>> counted;
-    for (std::string& piece : pieces) {
-        SqliteRows rows = layer.entries.query(std::string_view(piece));
-        if (!rows.next()) {
-            return {};
+    struct Piece {
+        bool isOther; ///< Not the rarest one of its word.
+        std::int64_t entries;
+        std::string text;
+    };
+    const auto rarer = [](const Piece& a, const Piece& b) {
+        return std::tie(a.isOther, a.entries, a.text) < std::tie(b.isOther, b.entries, b.text);
+    };
+    std::vector<Piece> counted;
+    for (const std::string& word : words) {
+        const auto first = static_cast<std::ptrdiff_t>(counted.size());
+        for (std::string& piece : piecesOf(word)) {
+            SqliteRows rows = layer.entries.query(std::string_view(piece));
+            if (!rows.next()) {
+                return {};
+            }
+            counted.push_back({true, rows.integer(0), std::move(piece)});
         }
-        counted.emplace_back(rows.integer(0), std::move(piece));
+        if (const auto rarest = std::min_element(counted.begin() + first, counted.end(), rarer);
+            rarest != counted.end()) {
+            rarest->isOther = false;
+        }
     }
-    std::sort(counted.begin(), counted.end());
-    pieces.clear();
-    for (std::size_t i = 0; i < counted.size() && i < kMostPieces; ++i) {
-        pieces.push_back(std::move(counted[i].second));
+    std::sort(counted.begin(), counted.end(), rarer);
+    std::vector<std::string> pieces;
+    for (const Piece& piece : counted) {
+        if (pieces.size() < (piece.isOther ? kMostPieces : kMostWords)) {
+            pieces.push_back(piece.text);
+        }
     }
     return pieces;
 }
@@ -92,13 +111,8 @@ std::string CatalogueWords::queryFor(Layer& layer, const std::vector<Words>& alt
 {
     std::string query;
     for (const Words& words : alternatives) {
-        std::vector<std::string> pieces;
-        for (const std::string& word : words) {
-            std::vector<std::string> more = piecesOf(word);
-            pieces.insert(pieces.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
-        }
         std::string all;
-        for (const std::string& piece : rarest(layer, std::move(pieces))) {
+        for (const std::string& piece : telling(layer, words)) {
             all.append(all.empty() ? "\"" : " AND \"").append(piece).append("\"");
         }
         if (!all.empty()) {

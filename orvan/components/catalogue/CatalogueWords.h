@@ -46,8 +46,9 @@ private:
     [[nodiscard]] std::string wordFrom(bool hasDigits, std::string_view text);
     /// The index's query: the entries that have the pieces of one of the alternatives. Empty if one has no pieces.
     [[nodiscard]] std::string queryFor(Layer& layer, const std::vector<Words>& alternatives);
-    /// The pieces that the fewest entries have; none if no entry has one of them.
-    [[nodiscard]] std::vector<std::string> rarest(Layer& layer, std::vector<std::string> pieces);
+    /// The pieces by which the index excludes most entries that do not have all the words: of each word the one that
+    /// the fewest entries have, and then others that few entries have. None if no entry has one of the pieces.
+    [[nodiscard]] std::vector<std::string> telling(Layer& layer, const Words& words);
 
     const CatalogueLayers& layers_;
     std::vector<std::unique_ptr<Layer>> files_; ///< One for each layer.

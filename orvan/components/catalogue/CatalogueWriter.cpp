@@ -25,7 +25,6 @@ constexpr std::size_t kLongestWord = 40; // bytes; what is longer is no word tha
 // building the indexes took a quarter longer, because the data no longer stayed in the processor's cache, and every
 // import needed sixteen times as much memory.
 constexpr char kSettings[] = R"(
-PRAGMA page_size = 4096;
 PRAGMA journal_mode = OFF;
 PRAGMA synchronous = OFF;
 PRAGMA locking_mode = EXCLUSIVE;
@@ -64,6 +63,7 @@ CREATE TABLE crowded (
 CREATE VIRTUAL TABLE piece USING fts5(
     text, content = '', detail = none, columnsize = 0, tokenize = "ascii tokenchars '_'"
 );
+INSERT INTO piece (piece, rank) VALUES ('pgsz', 8000); -- bytes, so that a page of the index fits into one of the file
 CREATE TABLE piece_entries (piece TEXT PRIMARY KEY, entries INTEGER) WITHOUT ROWID;
 CREATE VIRTUAL TABLE temp.piece_list USING fts5vocab(main, piece, row);
 CREATE TABLE word (has_digits INTEGER, word TEXT, PRIMARY KEY (has_digits, word)) WITHOUT ROWID;

@@ -7,12 +7,13 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
+#include <string>
 
 namespace orvan {
 
 namespace {
 
-constexpr int kPage = 4096;
+constexpr int kPage = kCheckedPage;
 constexpr int kReserved = 16;
 constexpr int kChecked = kPage - 8; ///< The checksum's place; it covers what is before it.
 constexpr int kSalt = kPage - kReserved;
@@ -206,9 +207,13 @@ const char* checkingFileSystem()
 
 int beginChecksums(sqlite3* connection)
 {
+    const std::string setPage = "PRAGMA page_size = " + std::to_string(kPage);
     int reserved = kReserved;
-    if (const int code = sqlite3_file_control(connection, "main", SQLITE_FCNTL_RESERVE_BYTES, &reserved);
-        code != SQLITE_OK) {
+    int code = sqlite3_exec(connection, setPage.c_str(), nullptr, nullptr, nullptr);
+    if (code == SQLITE_OK) {
+        code = sqlite3_file_control(connection, "main", SQLITE_FCNTL_RESERVE_BYTES, &reserved);
+    }
+    if (code != SQLITE_OK) {
         return code;
     }
     File& file = mainFile(connection);

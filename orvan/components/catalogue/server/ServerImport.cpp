@@ -80,6 +80,9 @@ public:
         server_.run("BEGIN; SET LOCAL search_path = ''; SET LOCAL statement_timeout = 0; SET LOCAL lock_timeout = 0;"
                     " SET LOCAL idle_in_transaction_session_timeout = 0");
         setIfKnown("jit", "off"); // which takes longer to compile a statement than it then saves
+        // The server would choose nested loops, which take hours for a long list, because it does not know how many of
+        // the rows a condition leaves.
+        setIfKnown("enable_nestloop", "off");
         try {
             makeTables();
             done = copy() && refuseTwice() && change(result);
@@ -233,9 +236,7 @@ void ServerImportRun::numberNewEntries()
         return;
     }
     const std::int64_t used = server_.number(sql(kServerImportUsed).c_str());
-    setIfKnown("enable_nestloop", "off");
     const std::int64_t numbered = server_.execute(sql(kServerImportFresh).c_str(), fresh, used);
-    setIfKnown("enable_nestloop", "on");
     if (numbered < fresh) {
         throw RuntimeError(ErrorNumber::overflow);
     }

@@ -81,8 +81,7 @@ SELECT (SELECT count(*) FROM orvan.product WHERE id >= next_number)
 FROM orvan.state
 )";
 
-/// Gives $1 rows the next free numbers, of which $2 may be used. A nested loop, which takes hours for a long list,
-/// would be chosen because the server does not know how many numbers are free.
+/// Gives $1 rows the next free numbers, of which $2 may be used.
 inline constexpr const char* kServerImportFresh = R"(
 INSERT INTO {numbers}
 WITH fresh AS (
