@@ -148,6 +148,8 @@ void requireShown(const ui::ComboBox& combo, const std::string& typed, bool matc
 std::vector<double> coldLookUps(Typed typed, std::size_t entries, int samples)
 {
     std::vector<double> times;
+    static_cast<void>(catalogueFile(entries));
+    settleDisk();
     lookUpInWindow(entries, [&](ui::Form& form, OpenedAnew& catalogue) {
         const bool name = typed == Typed::name;
         auto& combo = form.control<ui::ComboBox>(name ? "cboProductName" : "cboPartNum");

@@ -105,6 +105,11 @@ const std::filesystem::path& catalogueFile(std::size_t rows)
                 [&](const std::filesystem::path& file) { importCatalogue(priceList(rows), file); });
 }
 
+void settleDisk()
+{
+    ::sync();
+}
+
 void dropFromCache(const std::filesystem::path& file)
 {
     const auto begin = std::chrono::steady_clock::now();

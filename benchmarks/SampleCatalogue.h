@@ -22,6 +22,8 @@ const std::filesystem::path& priceList(std::size_t rows);
 /// The catalogue imported from it.
 const std::filesystem::path& catalogueFile(std::size_t rows);
 
+/// Waits until the system has written what other benchmarks have left to write, which would delay readings.
+void settleDisk();
 /// Removes the file's pages from the system's memory, so that they are read from the disk again. Throws if they stay.
 void dropFromCache(const std::filesystem::path& file);
 

@@ -94,6 +94,7 @@ double coldSearch(const Kind& kind, double part)
     const std::filesystem::path& file = catalogueFile(kEntries);
     Random random(17);
     std::vector<double> times;
+    settleDisk();
     for (int i = 0; i < kSamples; ++i) {
         const std::string typed = kind.typed(priceListRow(random() % kEntries), random);
         SqliteCatalogue catalogue({.file = file});
