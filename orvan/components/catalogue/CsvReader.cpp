@@ -62,8 +62,10 @@ bool CsvReader::fill()
 
 void CsvReader::begin()
 {
+    constexpr std::size_t kLongestStart = 10; // bytes of a mark and "sep=;" with its line break
     begun_ = true;
-    fill();
+    while (end_ < kLongestStart && fill()) {
+    }
     const std::string_view start(buffer_.data(), end_);
     if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF")) {
         raise(ErrorNumber::invalidFileFormat, userText("it is in UTF-16; save it as UTF-8"));
