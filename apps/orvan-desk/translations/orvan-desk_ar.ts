@@ -1252,6 +1252,10 @@ Saving would overwrite these changes.</source>
         <source>two hexadecimal digits must follow each percent sign</source>
         <translation>يجب أن يتبع كل علامة نسبة مئوية رقمان ست عشريان</translation>
     </message>
+    <message>
+        <source>a row stands within row %1</source>
+        <translation>صف موجود داخل الصف %1</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>

@@ -1236,6 +1236,10 @@ Speichern würde diese Änderungen überschreiben.</translation>
         <source>two hexadecimal digits must follow each percent sign</source>
         <translation>auf jedes Prozentzeichen müssen zwei hexadezimale Ziffern folgen</translation>
     </message>
+    <message>
+        <source>a row stands within row %1</source>
+        <translation>eine Zeile steht in der Zeile %1</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>

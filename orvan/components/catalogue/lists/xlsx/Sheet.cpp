@@ -153,6 +153,9 @@ void Sheet::begin(std::string_view name, const XML_Char** attributes)
 
 void Sheet::beginRow(std::string_view reference)
 {
+    if (std::exchange(inRow_, true)) {
+        refuse(userText("a row stands within row %1", line_));
+    }
     std::uint64_t line = line_ + 1;
     if (!reference.empty() && (!readNumber(reference, line) || line <= line_ || line > kLastRow)) {
         refuse(userText("its row \"%1\" comes after row %2", firstCharacters(reference, 20), line_));
@@ -164,7 +167,7 @@ void Sheet::beginRow(std::string_view reference)
 
 void Sheet::beginCell(const XML_Char** attributes)
 {
-    if (rows_.empty()) {
+    if (!inRow_) {
         refuse(userText("a cell stands in no row"));
     }
     const std::string_view reference = attribute(attributes, "r");
@@ -215,10 +218,13 @@ void Sheet::end(std::string_view name)
         inValue_ = false;
     } else if (name == "rPh") {
         --phonetic_;
-    } else if (name == "c" && !rows_.empty()) {
+    } else if (name == "c") {
         endCell();
-    } else if (name == "row" && rows_.back().text.empty()) {
-        rows_.pop_back();
+    } else if (name == "row") {
+        inRow_ = false;
+        if (rows_.back().text.empty()) {
+            rows_.pop_back();
+        }
     }
 }
 

@@ -59,6 +59,7 @@ private:
     std::uint64_t line_ = 0;
     std::size_t column_ = 0; ///< Of the present cell, from 0.
     std::string type_, value_;
+    bool inRow_ = false;
     bool inValue_ = false;
     int phonetic_ = 0; ///< Within how many elements whose text says how another text is pronounced.
     bool more_ = true;
