@@ -1,7 +1,7 @@
 // The local copy of a server's catalogue: a version of several layers finds what one file with the same entries finds.
 
-#include "orvan/components/catalogue/PageChecksums.h"
 #include "orvan/components/catalogue/server/LocalCopy.h"
+#include "orvan/components/catalogue/PageChecksums.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
 #include <map>

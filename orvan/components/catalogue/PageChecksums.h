@@ -20,7 +20,8 @@ inline constexpr int kCheckedPage = 8192;
 /// Name of the SQLite file system that checks pages; registered at the first call, above the default one.
 [[nodiscard]] const char* checkingFileSystem();
 
-/// To be called for a connection of that file system to an empty file: its pages get that size and checksums. Returns SQLite's code.
+/// To be called for a connection of that file system to an empty file: its pages get that size and checksums. Returns
+/// SQLite's code.
 [[nodiscard]] int beginChecksums(sqlite3* connection);
 
 /// Whether the pages of a file that the connection has read from are checked.
