@@ -138,7 +138,7 @@ std::string textFor(Typed typed, std::size_t entries, std::mt19937& random)
 
 void requireShown(const ui::ComboBox& combo, const std::string& typed, bool matches)
 {
-    // The box may take the catalogue's spelling.
+    // Case does not count: where it differs, the box shows the entry as the catalogue spells it.
     requireSame(inSmallLetters(combo.text()).starts_with(inSmallLetters(typed)), true, "the typed text stands");
     requireSame(combo.text() == typed || matches, true, "only a match completes it");
     requireSame(combo.count() <= 250, matches, "the list holds the matches, or all there is");

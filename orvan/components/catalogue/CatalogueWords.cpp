@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::size_t kMostCandidates = 1'000; ///< Entries that are read for one search, found or not.
 constexpr std::size_t kMostRows = 20;          ///< Entries that words add to a list: each is read from another page.
-constexpr std::size_t kMostPieces = 4;         ///< More of them exclude few entries more,
-constexpr std::size_t kMostWords = 6;          ///< unless they are of words that are not looked for yet.
+constexpr std::size_t kMostPieces = 4;         ///< Asked for in one search: more of them exclude few entries more.
+constexpr std::size_t kMostWords = 6;          ///< Typed words of which a piece is asked for, if they are many.
 constexpr std::size_t kMostCorrections = 32;
 constexpr std::size_t kShortestCorrected = 4; ///< Characters; shorter words are near to too many others.
 constexpr std::size_t kLongestCorrected = 40;

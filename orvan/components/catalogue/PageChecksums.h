@@ -1,10 +1,10 @@
 // PageChecksums: makes SQLite check each page of a catalogue file when it reads it.
 //
-// Each page (kCheckedPage) ends with 16 bytes that SQLite leaves alone: a number that all pages of one file share, and
-// a checksum of the page, this number and the page's place. So a damaged page, a page in another's place, and a page of
-// another file (one that is being copied over this one) are an error and never other data. The check reads nothing
-// that the search does not read anyway, and takes about two microseconds a page. A file whose header reserves no such
-// bytes is read without a check.
+// Each page has kCheckedPage bytes. SQLite leaves the last 16 of them alone, and they hold a number that all pages of
+// one file share, and a checksum of the page, this number and the page's place. So a damaged page, a page in another's
+// place, and a page of another file (one that is being copied over this one) are an error and never other data. The
+// check reads nothing that the search does not read anyway, and takes about a microsecond for 4 KiB. A file whose
+// header reserves no such bytes is read without a check.
 //
 // Thread: any. Errors: a failed check is SQLITE_IOERR_DATA.
 #pragma once
@@ -13,8 +13,8 @@ struct sqlite3;
 
 namespace orvan {
 
-/// Bytes. With half of it, a search that has to read from the disk reads a third more pages, and an import of a
-/// million entries takes a fifth longer.
+/// Bytes. With smaller pages, a search that has to read from the disk waits for more of them, and an import takes
+/// longer.
 inline constexpr int kCheckedPage = 8192;
 
 /// Name of the SQLite file system that checks pages; registered at the first call, above the default one.

@@ -80,8 +80,8 @@ public:
         server_.run("BEGIN; SET LOCAL search_path = ''; SET LOCAL statement_timeout = 0; SET LOCAL lock_timeout = 0;"
                     " SET LOCAL idle_in_transaction_session_timeout = 0");
         setIfKnown("jit", "off"); // which takes longer to compile a statement than it then saves
-        // The server would choose nested loops, which take hours for a long list, because it does not know how many of
-        // the rows a condition leaves.
+        // PostgreSQL expects far fewer rows of some steps than they have, and would join them with the entries one by
+        // one (a nested loop), which takes hours for a long list.
         setIfKnown("enable_nestloop", "off");
         try {
             makeTables();
