@@ -31,10 +31,18 @@ std::vector<std::string> namesOfLayersBelow(SqliteFile& catalogue)
     return names;
 }
 
-CatalogueLayers::Layer::Layer(const std::filesystem::path& path) : file(openCatalogue(path))
+CatalogueLayers::Layer::Layer(const std::filesystem::path& path)
+    : file(openCatalogue(path)), first(file, "SELECT 1 FROM sqlite_master")
 {
     if (hasTable(file, "changed")) {
         changed.emplace(file, "SELECT 1 FROM changed WHERE item_id = ?1");
+    }
+}
+
+CatalogueLayers::Reading::Reading(const CatalogueLayers& layers)
+{
+    for (const auto& layer : layers.layers_) {
+        open_.emplace_back(layer->first).next();
     }
 }
 

@@ -16,6 +16,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -25,6 +26,12 @@
 namespace orvan {
 
 class SortKeys;
+
+/// A row of a list, and where its entry is: in which layer, and at which rank of that layer's table `product`.
+struct ListedRow : LookUpRow {
+    std::size_t layer = 0;
+    std::int64_t rank = 0;
+};
 
 class CatalogueLayers {
 public:
@@ -43,10 +50,19 @@ public:
     /// Whether the layer says that the entry below is no longer valid.
     [[nodiscard]] bool changes(std::size_t layer, std::int64_t itemId) const;
 
+    /// Keeps the files as they are read: each statement would otherwise ask for itself whether the file has changed.
+    class Reading {
+    public:
+        explicit Reading(const CatalogueLayers& layers);
+
+    private:
+        std::deque<SqliteRows> open_;
+    };
+
     struct Row {
         int kind; ///< Those of a smaller one come first.
         std::string by;
-        LookUpRow row;
+        ListedRow row;
         std::string key = {}; ///< What sort() compares; made by it.
     };
     /// Orders rows of several layers as an import would have ordered them: by the text `by`, or, if it is the same, by
@@ -58,6 +74,7 @@ private:
         explicit Layer(const std::filesystem::path& path);
         SqliteFile file;
         std::optional<SqliteStatement> changed;
+        SqliteStatement first; ///< Yields a row, so that an unfinished query of it keeps the file as it is.
     };
 
     void open(const std::filesystem::path& file);

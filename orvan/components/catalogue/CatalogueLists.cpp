@@ -29,27 +29,27 @@ public:
     {
     }
 
-    std::vector<LookUpRow> all(std::size_t most) override
+    std::vector<ListedRow> all(std::size_t most) override
     {
         // The smallest text that is not empty. The query thereby also leaves out Null, which is smaller than any text.
         constexpr std::string_view kFirst("\0", 1);
         return beginning(kFirst, {}, most);
     }
 
-    std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
+    std::vector<ListedRow> found(std::string_view folded, std::size_t most) override
     {
         return beginning(folded, folded, most); // the shortest texts come first, and so the full matches
     }
 
 private:
-    std::vector<LookUpRow> beginning(std::string_view first, std::string_view with, std::size_t most)
+    std::vector<ListedRow> beginning(std::string_view first, std::string_view with, std::size_t most)
     {
-        std::vector<LookUpRow> rows;
+        std::vector<ListedRow> rows;
         for (SqliteRows found = from_.query(first); rows.size() < most && found.next();) {
             if (!found.text(2).starts_with(with)) {
                 break;
             }
-            rows.push_back({found.integer(0), std::string(found.text(1))});
+            rows.push_back({{found.integer(0), std::string(found.text(1))}});
         }
         return rows;
     }
@@ -63,13 +63,13 @@ class RankedLists final : public CatalogueLists {
 public:
     RankedLists(const CatalogueLayers& layers, std::size_t layer, LookUpText text)
         : RankedLists(layers, layer, layers.file(layer), text, text == LookUpText::name ? "name" : "part_num",
-                      text == LookUpText::name ? "product" : "part_num_order")
+                      text == LookUpText::name ? "rank FROM product" : "product_rank FROM part_num_order")
     {
     }
 
-    std::vector<LookUpRow> all(std::size_t most) override
+    std::vector<ListedRow> all(std::size_t most) override
     {
-        std::vector<LookUpRow> rows;
+        std::vector<ListedRow> rows;
         for (SqliteRows found = from_.query(std::int64_t{0}); rows.size() < most && found.next();) {
             if (found.text(1).empty()) { // these are the last ones
                 break;
@@ -79,9 +79,9 @@ public:
         return rows;
     }
 
-    std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
+    std::vector<ListedRow> found(std::string_view folded, std::size_t most) override
     {
-        std::vector<LookUpRow> rows;
+        std::vector<ListedRow> rows;
         for (SqliteRows found = full_.query(folded); rows.size() < most && found.next();) {
             addAt(found.integer(0), rows);
         }
@@ -96,24 +96,24 @@ public:
 
 private:
     RankedLists(const CatalogueLayers& layers, std::size_t layer, SqliteFile& file, LookUpText text,
-                const std::string& name, const std::string& table)
+                const std::string& name, const std::string& rankFromTable)
         : layers_(layers), layer_(layer), text_(static_cast<std::int64_t>(text)),
           full_(file, "SELECT rank FROM " + name + "_start WHERE folded = ?1 ORDER BY rank"),
           longer_(file, "SELECT rank, folded FROM " + name + "_start WHERE folded > ?1 ORDER BY folded"),
           crowded_(file, "SELECT first_rank, entries FROM crowded WHERE list = ?1 AND beginning = ?2"),
-          at_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank = ?1"),
-          from_(file, "SELECT item_id, " + name + " FROM " + table + " WHERE rank >= ?1 ORDER BY rank")
+          at_(file, "SELECT item_id, " + name + ", " + rankFromTable + " WHERE rank = ?1"),
+          from_(file, "SELECT item_id, " + name + ", " + rankFromTable + " WHERE rank >= ?1 ORDER BY rank")
     {
     }
 
-    void addUnlessHidden(const SqliteRows& found, std::vector<LookUpRow>& rows)
+    void addUnlessHidden(const SqliteRows& found, std::vector<ListedRow>& rows)
     {
         if (!layers_.isHidden(layer_, found.integer(0))) {
-            rows.push_back({found.integer(0), std::string(found.text(1))});
+            rows.push_back({{found.integer(0), std::string(found.text(1))}, layer_, found.integer(2)});
         }
     }
 
-    void addAt(std::int64_t rank, std::vector<LookUpRow>& rows)
+    void addAt(std::int64_t rank, std::vector<ListedRow>& rows)
     {
         SqliteRows found = at_.query(rank);
         if (found.next()) {
@@ -122,7 +122,7 @@ private:
     }
 
     /// Few entries begin so: their ranks are sorted.
-    void addLonger(std::string_view folded, std::size_t most, std::vector<LookUpRow>& rows)
+    void addLonger(std::string_view folded, std::size_t most, std::vector<ListedRow>& rows)
     {
         std::vector<std::int64_t> ranks;
         for (SqliteRows found = longer_.query(folded); found.next() && found.text(1).starts_with(folded);) {
@@ -140,7 +140,7 @@ private:
     /// Very many entries begin so. They stand close together in the order of ranks, where only few others are between
     /// them, such as those that have another diacritic.
     void addFrom(std::int64_t first, std::int64_t entries, std::string_view folded, std::size_t most,
-                 std::vector<LookUpRow>& rows)
+                 std::vector<ListedRow>& rows)
     {
         std::string text;
         for (SqliteRows found = from_.query(first); entries > 0 && rows.size() < most && found.next();) {
@@ -170,26 +170,26 @@ public:
         }
     }
 
-    std::vector<LookUpRow> all(std::size_t most) override
+    std::vector<ListedRow> all(std::size_t most) override
     {
         return merged(
             most, [&](CatalogueLists& list) { return list.all(most); }, [](const LookUpRow&) { return 0; });
     }
 
-    std::vector<LookUpRow> found(std::string_view folded, std::size_t most) override
+    std::vector<ListedRow> found(std::string_view folded, std::size_t most) override
     {
         return merged(
             most, [&](CatalogueLists& list) { return list.found(folded, most); },
-            [&](const LookUpRow& row) { return foldCase(row.text) == folded ? 0 : 1; });
+            [&](const ListedRow& row) { return foldCase(row.text) == folded ? 0 : 1; });
     }
 
 private:
     template <class Read, class Kind>
-    std::vector<LookUpRow> merged(std::size_t most, const Read& read, const Kind& kind)
+    std::vector<ListedRow> merged(std::size_t most, const Read& read, const Kind& kind)
     {
         std::vector<CatalogueLayers::Row> found;
         for (const auto& list : lists_) {
-            for (LookUpRow& row : read(*list)) {
+            for (ListedRow& row : read(*list)) {
                 const int itsKind = kind(row);
                 std::string by = row.text;
                 found.push_back({itsKind, std::move(by), std::move(row)});
@@ -197,7 +197,7 @@ private:
         }
         layers_.sort(found);
         found.resize(std::min(found.size(), most));
-        std::vector<LookUpRow> rows;
+        std::vector<ListedRow> rows;
         rows.reserve(found.size());
         for (CatalogueLayers::Row& each : found) {
             rows.push_back(std::move(each.row));
@@ -211,11 +211,11 @@ private:
 
 } // namespace
 
-std::vector<LookUpRow> CatalogueLists::matches(std::string_view typed, std::size_t most, bool asTyped)
+std::vector<ListedRow> CatalogueLists::matches(std::string_view typed, std::size_t most, bool asTyped)
 {
     const std::string folded = foldCase(typed);
-    std::vector<LookUpRow> rows = found(folded, most);
-    std::stable_partition(rows.begin(), rows.end(), [&](const LookUpRow& row) { return row.text == typed; });
+    std::vector<ListedRow> rows = found(folded, most);
+    std::stable_partition(rows.begin(), rows.end(), [&](const ListedRow& row) { return row.text == typed; });
     if (!rows.empty()) {
         complete(rows.front().text, typed, asTyped);
     }

@@ -18,15 +18,15 @@ public:
     virtual ~CatalogueLists() = default;
     /// Full matches first; the first row is completed from what was typed, which is not empty. With `asTyped` it begins
     /// with the typed characters.
-    std::vector<LookUpRow> matches(std::string_view typed, std::size_t most, bool asTyped);
-    virtual std::vector<LookUpRow> all(std::size_t most) = 0;
+    std::vector<ListedRow> matches(std::string_view typed, std::size_t most, bool asTyped);
+    virtual std::vector<ListedRow> all(std::size_t most) = 0;
 
     /// The layers outlive the result.
     [[nodiscard]] static std::unique_ptr<CatalogueLists> of(const CatalogueLayers& layers, LookUpText text);
 
     /// What matches() lists, before row 0 is completed: the full matches, at least those that are spelled as typed
     /// first, and then the others; each in the list's order.
-    virtual std::vector<LookUpRow> found(std::string_view folded, std::size_t most) = 0;
+    virtual std::vector<ListedRow> found(std::string_view folded, std::size_t most) = 0;
 };
 
 } // namespace orvan

@@ -3,6 +3,7 @@
 #include "orvan/components/catalogue/CaseFolding.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace orvan {
@@ -48,6 +49,11 @@ LookUpValue valueOf(const SqliteRows& rows, int column)
     case SqliteType::text: break;
     }
     return std::string(rows.text(column));
+}
+
+std::vector<LookUpRow> shown(std::vector<ListedRow>&& rows)
+{
+    return {std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end())};
 }
 
 std::vector<LookUpValue> columnsOf(const SqliteRows& found)
@@ -103,46 +109,48 @@ bool CatalogueVersion::isOfSameLineage(const CatalogueVersion& other) const
 std::vector<LookUpRow> CatalogueVersion::matches(LookUpText text, std::string_view typed, std::size_t most,
                                                  bool asTyped)
 {
-    std::vector<LookUpRow> rows = lists(text).matches(typed, most, asTyped);
+    const CatalogueLayers::Reading reading(layers_);
+    std::vector<ListedRow> rows = lists(text).matches(typed, most, asTyped);
     if (words_ && rows.empty() && text == LookUpText::partNum && most > 0) {
         // Scanned or typed without its dashes. The name box would take what is typed for the product's name.
         if (const std::vector<std::int64_t> found = words_->withCode(typed); found.size() == 1) {
-            rows.push_back({found.front(), std::string(typed)});
+            rows.push_back({{found.front(), std::string(typed)}});
         }
     }
     if (!rows.empty()) {
         addFound(text, typed, most, rows);
     }
-    return rows;
+    return shown(std::move(rows));
 }
 
 std::vector<LookUpRow> CatalogueVersion::all(LookUpText text, std::size_t most,
                                              const std::optional<std::string>& missed)
 {
-    std::vector<LookUpRow> rows;
+    const CatalogueLayers::Reading reading(layers_);
+    std::vector<ListedRow> rows;
     if (missed) {
         addFound(text, *missed, most, rows);
     }
     std::unordered_set<std::int64_t> listed;
-    for (const LookUpRow& row : rows) {
+    for (const ListedRow& row : rows) {
         listed.insert(row.itemId);
     }
-    for (LookUpRow& row : lists(text).all(most)) {
+    for (ListedRow& row : lists(text).all(most)) {
         if (rows.size() < most && !listed.contains(row.itemId)) {
             rows.push_back(std::move(row));
         }
     }
-    return rows;
+    return shown(std::move(rows));
 }
 
-void CatalogueVersion::addFound(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows)
+void CatalogueVersion::addFound(LookUpText text, std::string_view typed, std::size_t most, std::vector<ListedRow>& rows)
 {
     if (words_ && rows.size() < most) {
         // Who has typed a text of the catalogue whole has made no error.
         const bool isFull = !rows.empty() && rows.front().text.size() == typed.size();
         words_->addWords(text, typed, most, rows);
         if (!isFull && rows.size() < std::min(kFew, most)) {
-            words_->addNearMisses(text, typed, most, rows);
+            words_->addNearMisses(text, typed, std::min(kFew, most), rows);
         }
     }
 }

@@ -42,7 +42,7 @@ public:
 
 private:
     CatalogueLists& lists(LookUpText text) { return text == LookUpText::name ? *names_ : *partNums_; }
-    void addFound(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows);
+    void addFound(LookUpText text, std::string_view typed, std::size_t most, std::vector<ListedRow>& rows);
 
     const std::filesystem::path path_;
     struct stat opened_ = {}; // set before the file is opened: if it is replaced meanwhile, this is noticed later

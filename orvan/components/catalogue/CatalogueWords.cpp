@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <iterator>
 #include <tuple>
-#include <unordered_set>
 #include <utility>
 
 namespace orvan {
@@ -45,7 +44,7 @@ std::string_view withoutZeros(std::string_view code)
 } // namespace
 
 struct CatalogueWords::Candidate {
-    std::int64_t itemId;
+    std::int64_t itemId, rank;
     std::string name, partNum;
     std::vector<std::string> forms; ///< Of name, part number, barcode and note.
 };
@@ -123,20 +122,25 @@ std::string CatalogueWords::queryFor(Layer& layer, const std::vector<Words>& alt
 }
 
 template <class Take>
-void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, Take&& take)
+void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, const Ranks& listed, Take&& take)
 {
     const std::string query = queryFor(layer, alternatives);
     if (query.empty()) {
         return;
     }
     std::size_t candidates = 0;
-    for (SqliteRows ranks = layer.pieces.query(std::string_view(query)); candidates < kMostCandidates && ranks.next();
-         ++candidates) {
-        SqliteRows row = layer.product.query(ranks.integer(0));
+    for (SqliteRows ranks = layer.pieces.query(std::string_view(query));
+         candidates < kMostCandidates && ranks.next();) {
+        const std::int64_t rank = ranks.integer(0);
+        if (listed.contains(rank)) {
+            continue;
+        }
+        ++candidates;
+        SqliteRows row = layer.product.query(rank);
         if (!row.next() || layers_.isHidden(layer.at, row.integer(0))) {
             continue;
         }
-        Candidate candidate{row.integer(0), std::string(row.text(1)), std::string(row.text(2)), {}};
+        Candidate candidate{row.integer(0), rank, std::string(row.text(1)), std::string(row.text(2)), {}};
         for (int column = 1; column <= 4; ++column) {
             candidate.forms.push_back(searchForm(row.text(column)));
         }
@@ -155,11 +159,14 @@ void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, 
 }
 
 void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most,
-                         std::vector<LookUpRow>& rows)
+                         std::vector<ListedRow>& rows)
 {
     std::unordered_set<std::int64_t> listed;
-    std::transform(rows.begin(), rows.end(), std::inserter(listed, listed.end()),
-                   [](const LookUpRow& row) { return row.itemId; });
+    std::vector<Ranks> listedAt(files_.size());
+    for (const ListedRow& row : rows) {
+        listed.insert(row.itemId);
+        listedAt[row.layer].insert(row.rank);
+    }
     const std::size_t space = std::min(most - std::min(most, rows.size()), kMostRows);
     if (space == 0 || alternatives.empty()) {
         return;
@@ -167,10 +174,12 @@ void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives
     std::vector<CatalogueLayers::Row> found;
     for (const auto& layer : files_) {
         std::size_t left = space;
-        find(*layer, alternatives, [&](const Candidate& candidate) {
+        find(*layer, alternatives, listedAt[layer->at], [&](const Candidate& candidate) {
             const std::string& shown = text == LookUpText::name ? candidate.name : candidate.partNum;
             if (!shown.empty() && listed.insert(candidate.itemId).second) {
-                found.push_back({candidate.name.empty() ? 1 : 0, candidate.name, {candidate.itemId, shown}});
+                found.push_back({candidate.name.empty() ? 1 : 0,
+                                 candidate.name,
+                                 {{candidate.itemId, shown}, layer->at, candidate.rank}});
                 --left;
             }
             return left > 0;
@@ -184,7 +193,7 @@ void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives
                    [](CatalogueLayers::Row& each) { return std::move(each.row); });
 }
 
-void CatalogueWords::addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows)
+void CatalogueWords::addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<ListedRow>& rows)
 {
     if (Words words = searchWords(typed); !words.empty()) {
         add(text, {std::move(words)}, most, rows);
@@ -192,7 +201,7 @@ void CatalogueWords::addWords(LookUpText text, std::string_view typed, std::size
 }
 
 void CatalogueWords::addNearMisses(LookUpText text, std::string_view typed, std::size_t most,
-                                   std::vector<LookUpRow>& rows)
+                                   std::vector<ListedRow>& rows)
 {
     const Words words = searchWords(typed);
     std::vector<Words> alternatives;
@@ -217,7 +226,7 @@ std::vector<std::int64_t> CatalogueWords::withCode(std::string_view typed)
     const std::string code(withoutZeros(form));
     if (code.size() >= kShortestCode) {
         for (const auto& layer : files_) {
-            find(*layer, {{code}}, [&](const Candidate& candidate) {
+            find(*layer, {{code}}, {}, [&](const Candidate& candidate) {
                 const bool isPartNum = candidate.forms[1] == form;
                 if (isPartNum || withoutZeros(candidate.forms[2]) == code) {
                     found.push_back(candidate.itemId);

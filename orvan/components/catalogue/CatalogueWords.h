@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace orvan {
@@ -23,10 +24,10 @@ public:
 
     /// Appends the entries that have each of the typed words and a text of this kind, but not those that the list
     /// already has; so that it has `most` rows at most.
-    void addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows);
+    void addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<ListedRow>& rows);
     /// The same for entries that have each word once an error of typing is taken back: one character that is wrong,
     /// missing or too many, or two that have changed places.
-    void addNearMisses(LookUpText text, std::string_view typed, std::size_t most, std::vector<LookUpRow>& rows);
+    void addNearMisses(LookUpText text, std::string_view typed, std::size_t most, std::vector<ListedRow>& rows);
     /// The ids of the entries whose part number or barcode is what was typed, but for dashes, blanks and case. Two at
     /// most.
     [[nodiscard]] std::vector<std::int64_t> withCode(std::string_view typed);
@@ -35,11 +36,13 @@ private:
     struct Candidate;
     struct Layer;
     using Words = std::vector<std::string>;
+    using Ranks = std::unordered_set<std::int64_t>;
 
     /// Calls `take` with each entry of a layer that has each of the words of an alternative, until it returns false.
+    /// Entries at the ranks of `listed` are left out, without being read.
     template <class Take>
-    void find(Layer& layer, const std::vector<Words>& alternatives, Take&& take);
-    void add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most, std::vector<LookUpRow>& rows);
+    void find(Layer& layer, const std::vector<Words>& alternatives, const Ranks& listed, Take&& take);
+    void add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most, std::vector<ListedRow>& rows);
     /// The beginnings of words in the catalogue that differ from the word by one typing error.
     [[nodiscard]] std::vector<std::string> corrections(const std::string& word);
     /// The first word of the catalogue, with digits or without, that is not before this text; empty if there is none.

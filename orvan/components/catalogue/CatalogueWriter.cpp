@@ -54,7 +54,7 @@ CREATE TABLE product (
     barcode TEXT,
     id_key TEXT
 );
-CREATE TABLE part_num_order (rank INTEGER PRIMARY KEY, item_id INTEGER, part_num TEXT);
+CREATE TABLE part_num_order (rank INTEGER PRIMARY KEY, item_id INTEGER, part_num TEXT, product_rank INTEGER);
 CREATE TABLE name_start (folded TEXT, rank INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
 CREATE TABLE part_num_start (folded TEXT, rank INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
 CREATE TABLE crowded (
@@ -82,7 +82,7 @@ constexpr std::array kSteps = {
     "UPDATE product SET id_key = 'd' || id_key || char(31) || name || char(31) || place FROM (SELECT rank AS same,"
     " row_number() OVER (PARTITION BY id_key, name ORDER BY item_id) - 1 AS place FROM product WHERE id_key IN"
     " (SELECT id_key FROM product INDEXED BY product_id_key GROUP BY id_key HAVING count(*) > 1)) WHERE rank = same",
-    "INSERT INTO part_num_order SELECT NULL, item_id, part_num FROM product WHERE part_num <> ''"
+    "INSERT INTO part_num_order SELECT NULL, item_id, part_num, rank FROM product WHERE part_num <> ''"
     " ORDER BY sort_key(part_num), part_num, item_id",
     "INSERT INTO name_start SELECT fold(name), rank FROM product WHERE name <> '' ORDER BY 1, 2",
     "INSERT INTO part_num_start SELECT fold(part_num), rank FROM part_num_order ORDER BY 1, 2",
