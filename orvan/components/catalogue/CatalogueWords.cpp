@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <tuple>
 #include <utility>
 
@@ -18,6 +19,8 @@ constexpr std::size_t kMostRows = 20;          ///< Entries that words add to a 
 constexpr std::size_t kMostPieces = 4;         ///< Asked for in one search: more of them exclude few entries more.
 constexpr std::size_t kMostWords = 6;          ///< Typed words of which a piece is asked for, if they are many.
 constexpr std::size_t kMostCorrections = 32;
+constexpr std::size_t kMostOfWord = 100;      ///< Words with the same beginning whose entries are looked up one by one.
+constexpr const char* kNoPiece = "\"\"";      ///< A query that no entry meets.
 constexpr std::size_t kShortestCorrected = 4; ///< Characters; shorter words are near to too many others.
 constexpr std::size_t kLongestCorrected = 40;
 /// Bytes at the beginning of a word with digits of which none is taken for a wrong or missing one. There are very many
@@ -54,7 +57,7 @@ struct CatalogueWords::Layer {
         : at(number), pieces(layers.file(at), "SELECT rowid FROM piece WHERE piece MATCH ?1 ORDER BY rowid"),
           entries(layers.file(at), "SELECT entries FROM piece_entries WHERE piece = ?1"),
           product(layers.file(at), "SELECT item_id, name, part_num, barcode, note FROM product WHERE rank = ?1"),
-          word(layers.file(at), "SELECT word FROM word WHERE has_digits = ?1 AND word >= ?2 ORDER BY word LIMIT 1")
+          word(layers.file(at), "SELECT word, rank FROM word WHERE has_digits = ?1 AND word >= ?2 ORDER BY word")
     {
     }
 
@@ -106,33 +109,68 @@ std::vector<std::string> CatalogueWords::telling(Layer& layer, const Words& word
     return pieces;
 }
 
-std::string CatalogueWords::queryFor(Layer& layer, const std::vector<Words>& alternatives)
+std::string CatalogueWords::queryFor(Layer& layer, const std::vector<const Alternative*>& alternatives)
 {
     std::string query;
-    for (const Words& words : alternatives) {
+    for (const Alternative* const alternative : alternatives) {
         std::string all;
-        for (const std::string& piece : telling(layer, words)) {
+        for (const std::string& piece : telling(layer, alternative->words)) {
             all.append(all.empty() ? "\"" : " AND \"").append(piece).append("\"");
         }
         if (!all.empty()) {
             query.append(query.empty() ? "(" : " OR (").append(all).append(")");
         }
     }
-    return query;
+    return query.empty() ? kNoPiece : query;
+}
+
+bool CatalogueWords::addRanks(Layer& layer, const Alternative& alternative, std::vector<std::int64_t>& ranks)
+{
+    if (!alternative.corrected) {
+        return false;
+    }
+    const std::size_t before = ranks.size();
+    const std::string& beginning = alternative.words[*alternative.corrected];
+    for (SqliteRows rows = layer.word.query(std::int64_t{alternative.hasDigits}, std::string_view(beginning));
+         rows.next() && rows.text(0).starts_with(beginning);) {
+        if (rows.type(1) == SqliteType::null || ranks.size() - before == kMostOfWord) {
+            ranks.resize(before);
+            return false;
+        }
+        ranks.push_back(rows.integer(1));
+    }
+    return true;
 }
 
 template <class Take>
-void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, const Ranks& listed, Take&& take)
+void CatalogueWords::find(Layer& layer, const std::vector<Alternative>& alternatives, const Ranks& listed, Take&& take)
 {
-    const std::string query = queryFor(layer, alternatives);
-    if (query.empty()) {
-        return;
+    std::vector<std::int64_t> ranks;
+    std::vector<const Alternative*> others;
+    for (const Alternative& alternative : alternatives) {
+        if (!addRanks(layer, alternative, ranks)) {
+            others.push_back(&alternative);
+        }
     }
+    std::sort(ranks.begin(), ranks.end());
+    const std::string query = queryFor(layer, others);
+    SqliteRows byPieces = layer.pieces.query(std::string_view(query));
+    constexpr std::int64_t kNone = std::numeric_limits<std::int64_t>::max();
+    const auto nextByPieces = [&] { return byPieces.next() ? byPieces.integer(0) : kNone; };
     std::size_t candidates = 0;
-    for (SqliteRows ranks = layer.pieces.query(std::string_view(query));
-         candidates < kMostCandidates && ranks.next();) {
-        const std::int64_t rank = ranks.integer(0);
-        if (listed.contains(rank)) {
+    std::int64_t last = kNone;
+    auto byWord = ranks.begin();
+    for (std::int64_t byPiece = nextByPieces(); candidates < kMostCandidates;) {
+        const std::int64_t rank = std::min(byPiece, byWord == ranks.end() ? kNone : *byWord);
+        if (rank == kNone) {
+            return;
+        }
+        if (rank == byPiece) {
+            byPiece = nextByPieces();
+        } else {
+            ++byWord;
+        }
+        if (listed.contains(rank) || std::exchange(last, rank) == rank) {
             continue;
         }
         ++candidates;
@@ -149,8 +187,8 @@ void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, 
             return std::any_of(candidate.forms.begin(), candidate.forms.end(),
                                [&](const std::string& form) { return form.find(word) != form.npos; });
         };
-        const bool found = std::any_of(alternatives.begin(), alternatives.end(), [&](const Words& words) {
-            return std::all_of(words.begin(), words.end(), has);
+        const bool found = std::any_of(alternatives.begin(), alternatives.end(), [&](const Alternative& each) {
+            return std::all_of(each.words.begin(), each.words.end(), has);
         });
         if (found && !take(candidate)) {
             return;
@@ -158,7 +196,7 @@ void CatalogueWords::find(Layer& layer, const std::vector<Words>& alternatives, 
     }
 }
 
-void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most,
+void CatalogueWords::add(LookUpText text, const std::vector<Alternative>& alternatives, std::size_t most,
                          std::vector<ListedRow>& rows)
 {
     std::unordered_set<std::int64_t> listed;
@@ -196,7 +234,7 @@ void CatalogueWords::add(LookUpText text, const std::vector<Words>& alternatives
 void CatalogueWords::addWords(LookUpText text, std::string_view typed, std::size_t most, std::vector<ListedRow>& rows)
 {
     if (Words words = searchWords(typed); !words.empty()) {
-        add(text, {std::move(words)}, most, rows);
+        add(text, {{std::move(words)}}, most, rows);
     }
 }
 
@@ -204,15 +242,15 @@ void CatalogueWords::addNearMisses(LookUpText text, std::string_view typed, std:
                                    std::vector<ListedRow>& rows)
 {
     const Words words = searchWords(typed);
-    std::vector<Words> alternatives;
+    std::vector<Alternative> alternatives;
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (words.size() > 1 && wordFrom(hasDigit(words[i]), words[i]).starts_with(words[i])) {
             continue; // of several words, the error is in one that the catalogue does not have
         }
         for (std::string& correction : corrections(words[i])) {
             if (alternatives.size() < kMostCorrections) {
-                alternatives.push_back(words);
-                alternatives.back()[i] = std::move(correction);
+                alternatives.push_back({words, i, hasDigit(words[i])});
+                alternatives.back().words[i] = std::move(correction);
             }
         }
     }
@@ -226,7 +264,7 @@ std::vector<std::int64_t> CatalogueWords::withCode(std::string_view typed)
     const std::string code(withoutZeros(form));
     if (code.size() >= kShortestCode) {
         for (const auto& layer : files_) {
-            find(*layer, {{code}}, {}, [&](const Candidate& candidate) {
+            find(*layer, {{{code}}}, {}, [&](const Candidate& candidate) {
                 const bool isPartNum = candidate.forms[1] == form;
                 if (isPartNum || withoutZeros(candidate.forms[2]) == code) {
                     found.push_back(candidate.itemId);

@@ -9,6 +9,7 @@
 #include "orvan/lookup/ProductLkpMgr.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -36,19 +37,29 @@ private:
     struct Candidate;
     struct Layer;
     using Words = std::vector<std::string>;
+    struct Alternative {
+        Words words;
+        /// Which of the words has been corrected, and is the beginning of at least one of the catalogue's words.
+        std::optional<std::size_t> corrected = {};
+        bool hasDigits = false; ///< Whether those words of the catalogue have digits.
+    };
     using Ranks = std::unordered_set<std::int64_t>;
 
     /// Calls `take` with each entry of a layer that has each of the words of an alternative, until it returns false.
     /// Entries at the ranks of `listed` are left out, without being read.
     template <class Take>
-    void find(Layer& layer, const std::vector<Words>& alternatives, const Ranks& listed, Take&& take);
-    void add(LookUpText text, const std::vector<Words>& alternatives, std::size_t most, std::vector<ListedRow>& rows);
+    void find(Layer& layer, const std::vector<Alternative>& alternatives, const Ranks& listed, Take&& take);
+    void add(LookUpText text, const std::vector<Alternative>& alternatives, std::size_t most,
+             std::vector<ListedRow>& rows);
     /// The beginnings of words in the catalogue that differ from the word by one typing error.
     [[nodiscard]] std::vector<std::string> corrections(const std::string& word);
     /// The first word of the catalogue, with digits or without, that is not before this text; empty if there is none.
     [[nodiscard]] std::string wordFrom(bool hasDigits, std::string_view text);
     /// The index's query: the entries that have the pieces of one of the alternatives. Empty if one has no pieces.
-    [[nodiscard]] std::string queryFor(Layer& layer, const std::vector<Words>& alternatives);
+    [[nodiscard]] std::string queryFor(Layer& layer, const std::vector<const Alternative*>& alternatives);
+    /// Appends the ranks of the entries that have a word which begins with the corrected one. Appends none and returns
+    /// false where the table of words does not tell them all.
+    [[nodiscard]] bool addRanks(Layer& layer, const Alternative& alternative, std::vector<std::int64_t>& ranks);
     /// The pieces by which the index excludes most entries that do not have all the words: of each word the one that
     /// the fewest entries have, and then others that few entries have. None if no entry has one of the pieces.
     [[nodiscard]] std::vector<std::string> telling(Layer& layer, const Words& words);

@@ -18,6 +18,7 @@ namespace orvan {
 namespace {
 
 constexpr std::size_t kLongestWord = 40; // bytes; what is longer is no word that somebody types
+constexpr std::uint64_t kRowsBetweenQuestions = 10'000;
 
 // The price has no declared type; if it had one, SQLite would turn a text that another program wrote into a number.
 //
@@ -40,7 +41,7 @@ CREATE TABLE gathered.entry (
     item_id INTEGER PRIMARY KEY,
     own_id TEXT, name TEXT, key TEXT, part_num TEXT, unit_price, note TEXT, barcode TEXT
 );
-CREATE TABLE gathered.word (word TEXT);
+CREATE TABLE gathered.word (word TEXT, rank INTEGER);
 CREATE UNIQUE INDEX gathered.entry_own_id ON entry (own_id) WHERE own_id IS NOT NULL;
 CREATE TABLE product (
     rank INTEGER PRIMARY KEY,
@@ -66,7 +67,11 @@ CREATE VIRTUAL TABLE piece USING fts5(
 INSERT INTO piece (piece, rank) VALUES ('pgsz', 8000); -- bytes, so that a page of the index fits into one of the file
 CREATE TABLE piece_entries (piece TEXT PRIMARY KEY, entries INTEGER) WITHOUT ROWID;
 CREATE VIRTUAL TABLE temp.piece_list USING fts5vocab(main, piece, row);
-CREATE TABLE word (has_digits INTEGER, word TEXT, PRIMARY KEY (has_digits, word)) WITHOUT ROWID;
+CREATE TABLE word (
+    has_digits INTEGER, word TEXT,
+    rank INTEGER, -- of the entry that has it; NULL if several have it
+    PRIMARY KEY (has_digits, word)
+) WITHOUT ROWID;
 CREATE TABLE retired (item_id INTEGER PRIMARY KEY, id_key TEXT);
 CREATE TABLE origin (source TEXT, entries INTEGER, lineage TEXT, next_number INTEGER, language TEXT);
 )";
@@ -88,7 +93,6 @@ constexpr std::array kSteps = {
     "INSERT INTO part_num_start SELECT fold(part_num), rank FROM part_num_order ORDER BY 1, 2",
     "INSERT INTO piece (rowid, text) SELECT rank, pieces(name, part_num, barcode, note) FROM product",
     "INSERT INTO piece_entries SELECT term, doc FROM temp.piece_list",
-    "INSERT INTO word SELECT DISTINCT word GLOB '*[0-9]*', word FROM gathered.word ORDER BY 1, 2",
 };
 
 std::filesystem::path besides(const std::filesystem::path& file)
@@ -133,7 +137,7 @@ CatalogueWriter::CatalogueWriter(const std::filesystem::path& file, CatalogueWri
     : file_(file, SqliteFile::Access::create), options_(std::move(options)), ids_(options_.former),
       insert_(prepared(file_), "INSERT OR IGNORE INTO gathered.entry VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
       findOwn_(file_, "SELECT 1 FROM gathered.entry WHERE own_id = ?"),
-      insertWord_(file_, "INSERT INTO gathered.word VALUES (?)")
+      gatherWord_(file_, "INSERT INTO gathered.word VALUES (?, ?)")
 {
     addFunctions();
 }
@@ -185,30 +189,49 @@ bool CatalogueWriter::add(const CatalogueEntry& given)
     } else {
         ids_.number(own, entry, take);
     }
-    addWords(entry);
     return true;
 }
 
-void CatalogueWriter::addWords(const CatalogueEntry& entry)
+/// Of a word that several entries have, two are enough to tell.
+void CatalogueWriter::gatherWords(std::int64_t rank, const SqliteRows& texts)
 {
     words_.clear();
-    for (const std::string_view text : {entry.name, entry.partNum, entry.barcode, entry.note}) {
-        appendVocabulary(text, words_);
+    for (int column = 1; column <= 4; ++column) {
+        appendVocabulary(texts.text(column), words_);
     }
     for (std::size_t begin = 0, end = 0; begin < words_.size(); begin = end + 1) {
         end = words_.find(' ', begin);
         const std::string_view word = std::string_view(words_).substr(begin, end - begin);
-        std::string& seen = seenWords_[std::hash<std::string_view>()(word) % seenWords_.size()];
-        if (word.size() <= kLongestWord && seen != word) {
-            seen = word;
-            insertWord_.execute(word);
+        SeenWord& seen = seenWords_[std::hash<std::string_view>()(word) % seenWords_.size()];
+        const bool isAnother = seen.word != word;
+        if (word.size() <= kLongestWord && (isAnother || (!seen.inSeveral && seen.rank != rank))) {
+            seen.word = word;
+            seen.rank = rank;
+            seen.inSeveral = !isAnother;
+            gatherWord_.execute(word, rank);
         }
     }
 }
 
+bool CatalogueWriter::writeWords(const std::function<bool()>& goesOn)
+{
+    SqliteStatement all(file_, "SELECT rank, name, part_num, barcode, note FROM product");
+    std::uint64_t count = 0;
+    for (SqliteRows rows = all.query(); rows.next();) {
+        if (++count % kRowsBetweenQuestions == 0 && !goesOn()) {
+            return false;
+        }
+        gatherWords(rows.integer(0), rows);
+    }
+    return file_.runWhile(
+        "INSERT INTO word SELECT word GLOB '*[0-9]*', word, iif(min(rank) = max(rank), min(rank), NULL)"
+        " FROM gathered.word GROUP BY 1, 2",
+        goesOn);
+}
+
 bool CatalogueWriter::finish(const std::function<bool(int built, int all)>& goOn)
 {
-    constexpr int kAll = static_cast<int>(kSteps.size()) + 3;
+    constexpr int kAll = static_cast<int>(kSteps.size()) + 4;
     int built = 0;
     const auto goesOn = [&] { return goOn(built, kAll); };
     for (const char* const step : kSteps) {
@@ -226,6 +249,10 @@ bool CatalogueWriter::finish(const std::function<bool(int built, int all)>& goOn
         before = file_.number("SELECT total_changes()");
         file_.run("INSERT INTO piece (piece, rank) VALUES ('merge', 1000)");
         now = file_.number("SELECT total_changes()");
+    }
+    ++built;
+    if (!writeWords(goesOn)) {
+        return false;
     }
     ++built;
     if (!writeCrowded(LookUpText::name, goesOn) || !writeCrowded(LookUpText::partNum, goesOn)) {
@@ -265,7 +292,6 @@ bool CatalogueWriter::writeCrowded(LookUpText list, const std::function<bool()>&
     };
     SqliteStatement all(file_, list == LookUpText::name ? "SELECT folded, rank FROM name_start ORDER BY folded"
                                                         : "SELECT folded, rank FROM part_num_start ORDER BY folded");
-    constexpr std::uint64_t kRowsBetweenQuestions = 10'000;
     std::uint64_t count = 0;
     for (SqliteRows rows = all.query(); rows.next();) {
         if (++count % kRowsBetweenQuestions == 0 && !goesOn()) {

@@ -55,7 +55,8 @@ public:
 
 private:
     void addFunctions();
-    void addWords(const CatalogueEntry& entry);
+    bool writeWords(const std::function<bool()>& goesOn);
+    void gatherWords(std::int64_t rank, const SqliteRows& texts);
     bool writeCrowded(LookUpText list, const std::function<bool()>& goesOn);
     void writeRetired();
     void writeOrigin();
@@ -63,12 +64,17 @@ private:
     SqliteFile file_;
     const CatalogueWriterOptions options_;
     CatalogueIds ids_;
-    SqliteStatement insert_, findOwn_, insertWord_;
+    SqliteStatement insert_, findOwn_, gatherWord_;
     std::string source_, lineage_;
     std::optional<std::int64_t> entries_;
     std::string words_; // Scratch buffer; a member so that its capacity is reused.
+    struct SeenWord {
+        std::string word;
+        std::int64_t rank = 0;
+        bool inSeveral = false;
+    };
     /// Words that were met lately, each at the place that its hash gives: most words come again and again.
-    std::array<std::string, 16'384> seenWords_;
+    std::array<SeenWord, 16'384> seenWords_;
 };
 
 } // namespace orvan
