@@ -2,8 +2,9 @@
 //
 // An SQLite database. Its table `product` has the entries in the order of their names in a user's language; `rank` is
 // the place in that order, from 1. The unit price is a whole number of ten-thousandths. `part_num_order` has the part
-// numbers in their order. `name_start` and `part_num_start` lead from folded texts (CaseFolding.h) to the ranks, and
-// `crowded` has the beginnings that very many entries share. `piece` is the index of all texts (SearchText.h),
+// numbers in their order. `name_start` and `part_num_start` lead from folded texts (CaseFolding.h) to the ranks; they
+// also have the beginnings that very many entries share, each with the number of these entries and, as a negative
+// number, the first of their ranks. A search finds both on one page. `piece` is the index of all texts (SearchText.h),
 // `piece_entries` says how many entries have each piece, and `word` has the words by which typing errors are found.
 // `retired` keeps the numbers and keys of entries that are no longer in the catalogue (CatalogueIds.h). `origin` has
 // one row, about the catalogue as a whole.
@@ -59,7 +60,7 @@ void refuseNewerCatalogue(const std::filesystem::path& file);
 
 /// The texts that a look-up lists.
 enum class LookUpText { name, partNum };
-/// How many entries with the same beginning a search sorts at most; those of more are found by the table `crowded`.
+/// How many entries with the same beginning a search sorts at most; those of more are found by a row for the beginning.
 inline constexpr std::int64_t kCrowd = 2'000;
 
 struct CatalogueOrigin {

@@ -62,7 +62,7 @@ private:
 class RankedLists final : public CatalogueLists {
 public:
     RankedLists(const CatalogueLayers& layers, std::size_t layer, LookUpText text)
-        : RankedLists(layers, layer, layers.file(layer), text, text == LookUpText::name ? "name" : "part_num",
+        : RankedLists(layers, layer, layers.file(layer), text == LookUpText::name ? "name" : "part_num",
                       text == LookUpText::name ? "rank FROM product" : "product_rank FROM part_num_order")
     {
     }
@@ -82,12 +82,17 @@ public:
     std::vector<ListedRow> found(std::string_view folded, std::size_t most) override
     {
         std::vector<ListedRow> rows;
+        std::int64_t first = 0, entries = 0;
         for (SqliteRows found = full_.query(folded); rows.size() < most && found.next();) {
-            addAt(found.integer(0), rows);
+            if (found.type(1) == SqliteType::null) {
+                addAt(found.integer(0), rows);
+            } else { // its rank is negative, and so it is the first row
+                first = -found.integer(0);
+                entries = found.integer(1);
+            }
         }
-        SqliteRows crowd = crowded_.query(text_, folded);
-        if (crowd.next()) {
-            addFrom(crowd.integer(0), crowd.integer(1), folded, most, rows);
+        if (entries > 0) {
+            addFrom(first, entries, folded, most, rows);
         } else {
             addLonger(folded, most, rows);
         }
@@ -95,12 +100,11 @@ public:
     }
 
 private:
-    RankedLists(const CatalogueLayers& layers, std::size_t layer, SqliteFile& file, LookUpText text,
-                const std::string& name, const std::string& rankFromTable)
-        : layers_(layers), layer_(layer), text_(static_cast<std::int64_t>(text)),
-          full_(file, "SELECT rank FROM " + name + "_start WHERE folded = ?1 ORDER BY rank"),
+    RankedLists(const CatalogueLayers& layers, std::size_t layer, SqliteFile& file, const std::string& name,
+                const std::string& rankFromTable)
+        : layers_(layers), layer_(layer),
+          full_(file, "SELECT rank, entries FROM " + name + "_start WHERE folded = ?1 ORDER BY rank"),
           longer_(file, "SELECT rank, folded FROM " + name + "_start WHERE folded > ?1 ORDER BY folded"),
-          crowded_(file, "SELECT first_rank, entries FROM crowded WHERE list = ?1 AND beginning = ?2"),
           at_(file, "SELECT item_id, " + name + ", " + rankFromTable + " WHERE rank = ?1"),
           from_(file, "SELECT item_id, " + name + ", " + rankFromTable + " WHERE rank >= ?1 ORDER BY rank")
     {
@@ -156,8 +160,7 @@ private:
 
     const CatalogueLayers& layers_;
     const std::size_t layer_;
-    const std::int64_t text_;
-    SqliteStatement full_, longer_, crowded_, at_, from_;
+    SqliteStatement full_, longer_, at_, from_;
 };
 
 /// The list of a version of several files, from the lists of its layers.

@@ -5,6 +5,7 @@
 #include "orvan/components/catalogue/SearchText.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <limits>
 #include <tuple>
@@ -50,6 +51,18 @@ struct CatalogueWords::Candidate {
     std::int64_t itemId, rank;
     std::string name, partNum;
     std::vector<std::string> forms; ///< Of name, part number, barcode and note.
+
+    /// Its pieces need not stand side by side, so the words themselves are looked for.
+    [[nodiscard]] bool hasWordsOfOne(const std::vector<Alternative>& alternatives) const
+    {
+        const auto has = [&](const std::string& word) {
+            return std::any_of(forms.begin(), forms.end(),
+                               [&](const std::string& form) { return form.find(word) != form.npos; });
+        };
+        return std::any_of(alternatives.begin(), alternatives.end(), [&](const Alternative& each) {
+            return std::all_of(each.words.begin(), each.words.end(), has);
+        });
+    }
 };
 
 struct CatalogueWords::Layer {
@@ -145,55 +158,51 @@ bool CatalogueWords::addRanks(Layer& layer, const Alternative& alternative, std:
 template <class Take>
 void CatalogueWords::find(Layer& layer, const std::vector<Alternative>& alternatives, const Ranks& listed, Take&& take)
 {
-    std::vector<std::int64_t> ranks;
+    std::vector<std::int64_t> byWord;
     std::vector<const Alternative*> others;
     for (const Alternative& alternative : alternatives) {
-        if (!addRanks(layer, alternative, ranks)) {
+        if (!addRanks(layer, alternative, byWord)) {
             others.push_back(&alternative);
         }
     }
-    std::sort(ranks.begin(), ranks.end());
+    std::sort(byWord.begin(), byWord.end(), std::greater<>());
     const std::string query = queryFor(layer, others);
     SqliteRows byPieces = layer.pieces.query(std::string_view(query));
     constexpr std::int64_t kNone = std::numeric_limits<std::int64_t>::max();
     const auto nextByPieces = [&] { return byPieces.next() ? byPieces.integer(0) : kNone; };
     std::size_t candidates = 0;
-    std::int64_t last = kNone;
-    auto byWord = ranks.begin();
-    for (std::int64_t byPiece = nextByPieces(); candidates < kMostCandidates;) {
-        const std::int64_t rank = std::min(byPiece, byWord == ranks.end() ? kNone : *byWord);
-        if (rank == kNone) {
-            return;
-        }
-        if (rank == byPiece) {
-            byPiece = nextByPieces();
+    for (std::int64_t ahead = nextByPieces(), last = kNone; candidates < kMostCandidates;) {
+        std::int64_t rank = ahead;
+        if (!byWord.empty() && byWord.back() < ahead) {
+            rank = byWord.back();
+            byWord.pop_back();
+        } else if (rank != kNone) {
+            ahead = nextByPieces();
         } else {
-            ++byWord;
+            return;
         }
         if (listed.contains(rank) || std::exchange(last, rank) == rank) {
             continue;
         }
         ++candidates;
-        SqliteRows row = layer.product.query(rank);
-        if (!row.next() || layers_.isHidden(layer.at, row.integer(0))) {
-            continue;
-        }
-        Candidate candidate{row.integer(0), rank, std::string(row.text(1)), std::string(row.text(2)), {}};
-        for (int column = 1; column <= 4; ++column) {
-            candidate.forms.push_back(searchForm(row.text(column)));
-        }
-        // The pieces need not stand side by side, so the words themselves are looked for.
-        const auto has = [&](const std::string& word) {
-            return std::any_of(candidate.forms.begin(), candidate.forms.end(),
-                               [&](const std::string& form) { return form.find(word) != form.npos; });
-        };
-        const bool found = std::any_of(alternatives.begin(), alternatives.end(), [&](const Alternative& each) {
-            return std::all_of(each.words.begin(), each.words.end(), has);
-        });
-        if (found && !take(candidate)) {
+        const std::optional<Candidate> candidate = read(layer, rank);
+        if (candidate && candidate->hasWordsOfOne(alternatives) && !take(*candidate)) {
             return;
         }
     }
+}
+
+std::optional<CatalogueWords::Candidate> CatalogueWords::read(Layer& layer, std::int64_t rank)
+{
+    SqliteRows row = layer.product.query(rank);
+    if (!row.next() || layers_.isHidden(layer.at, row.integer(0))) {
+        return std::nullopt;
+    }
+    Candidate candidate{row.integer(0), rank, std::string(row.text(1)), std::string(row.text(2)), {}};
+    for (int column = 1; column <= 4; ++column) {
+        candidate.forms.push_back(searchForm(row.text(column)));
+    }
+    return candidate;
 }
 
 void CatalogueWords::add(LookUpText text, const std::vector<Alternative>& alternatives, std::size_t most,

@@ -49,6 +49,8 @@ private:
     /// Entries at the ranks of `listed` are left out, without being read.
     template <class Take>
     void find(Layer& layer, const std::vector<Alternative>& alternatives, const Ranks& listed, Take&& take);
+    /// The entry at this rank; none if a layer above hides it.
+    [[nodiscard]] std::optional<Candidate> read(Layer& layer, std::int64_t rank);
     void add(LookUpText text, const std::vector<Alternative>& alternatives, std::size_t most,
              std::vector<ListedRow>& rows);
     /// The beginnings of words in the catalogue that differ from the word by one typing error.

@@ -56,11 +56,8 @@ CREATE TABLE product (
     id_key TEXT
 );
 CREATE TABLE part_num_order (rank INTEGER PRIMARY KEY, item_id INTEGER, part_num TEXT, product_rank INTEGER);
-CREATE TABLE name_start (folded TEXT, rank INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
-CREATE TABLE part_num_start (folded TEXT, rank INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
-CREATE TABLE crowded (
-    list INTEGER, beginning TEXT, first_rank INTEGER, entries INTEGER, PRIMARY KEY (list, beginning)
-) WITHOUT ROWID;
+CREATE TABLE name_start (folded TEXT, rank INTEGER, entries INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
+CREATE TABLE part_num_start (folded TEXT, rank INTEGER, entries INTEGER, PRIMARY KEY (folded, rank)) WITHOUT ROWID;
 CREATE VIRTUAL TABLE piece USING fts5(
     text, content = '', detail = none, columnsize = 0, tokenize = "ascii tokenchars '_'"
 );
@@ -89,8 +86,8 @@ constexpr std::array kSteps = {
     " (SELECT id_key FROM product INDEXED BY product_id_key GROUP BY id_key HAVING count(*) > 1)) WHERE rank = same",
     "INSERT INTO part_num_order SELECT NULL, item_id, part_num, rank FROM product WHERE part_num <> ''"
     " ORDER BY sort_key(part_num), part_num, item_id",
-    "INSERT INTO name_start SELECT fold(name), rank FROM product WHERE name <> '' ORDER BY 1, 2",
-    "INSERT INTO part_num_start SELECT fold(part_num), rank FROM part_num_order ORDER BY 1, 2",
+    "INSERT INTO name_start SELECT fold(name), rank, NULL FROM product WHERE name <> '' ORDER BY 1, 2",
+    "INSERT INTO part_num_start SELECT fold(part_num), rank, NULL FROM part_num_order ORDER BY 1, 2",
     "INSERT INTO piece (rowid, text) SELECT rank, pieces(name, part_num, barcode, note) FROM product",
     "INSERT INTO piece_entries SELECT term, doc FROM temp.piece_list",
 };
@@ -275,14 +272,13 @@ bool CatalogueWriter::writeCrowded(LookUpText list, const std::function<bool()>&
     };
     std::vector<Beginning> open; // of the previous text: its beginnings, one for each character
     std::string previous;
-    SqliteStatement insert(file_, "INSERT INTO crowded VALUES (?, ?, ?, ?)");
+    std::vector<std::pair<std::string, Beginning>> crowded; // written at the end, because the table is being read
     const auto closeTo = [&](std::size_t common) {
         while (!open.empty() && open.back().size > common) {
             const Beginning closed = open.back();
             open.pop_back();
             if (closed.entries > kCrowd) {
-                const std::string_view beginning = std::string_view(previous).substr(0, closed.size);
-                insert.execute(static_cast<std::int64_t>(list), beginning, closed.first, closed.entries);
+                crowded.emplace_back(previous.substr(0, closed.size), closed);
             }
             if (!open.empty()) {
                 open.back().first = std::min(open.back().first, closed.first);
@@ -290,8 +286,8 @@ bool CatalogueWriter::writeCrowded(LookUpText list, const std::function<bool()>&
             }
         }
     };
-    SqliteStatement all(file_, list == LookUpText::name ? "SELECT folded, rank FROM name_start ORDER BY folded"
-                                                        : "SELECT folded, rank FROM part_num_start ORDER BY folded");
+    const std::string table = list == LookUpText::name ? "name_start" : "part_num_start";
+    SqliteStatement all(file_, "SELECT folded, rank FROM " + table + " ORDER BY folded");
     std::uint64_t count = 0;
     for (SqliteRows rows = all.query(); rows.next();) {
         if (++count % kRowsBetweenQuestions == 0 && !goesOn()) {
@@ -310,6 +306,10 @@ bool CatalogueWriter::writeCrowded(LookUpText list, const std::function<bool()>&
         previous = text;
     }
     closeTo(0);
+    SqliteStatement insert(file_, "INSERT INTO " + table + " VALUES (?, ?, ?)");
+    for (const auto& [text, beginning] : crowded) {
+        insert.execute(std::string_view(text), -beginning.first, beginning.entries);
+    }
     return true;
 }
 
