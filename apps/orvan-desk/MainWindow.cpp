@@ -200,6 +200,7 @@ Quote MainWindow::currentQuote() const
 
 void MainWindow::showQuote(const Quote& quote)
 {
+    setReadOnly(false);
     currency_ = showCurrency(quote.currency);
     products_->Show(quote.products);
     listChanged_ = false;
@@ -208,6 +209,15 @@ void MainWindow::showQuote(const Quote& quote)
     number_->setText(quote.number);
     date_->setDate(quote.date);
     history_->restart();
+    updateTitle();
+}
+
+void MainWindow::setReadOnly(bool readOnly)
+{
+    products_->setReadOnly(readOnly);
+    customer_->setReadOnly(readOnly);
+    number_->setReadOnly(readOnly);
+    date_->setReadOnly(readOnly);
     updateTitle();
 }
 
@@ -238,7 +248,8 @@ void MainWindow::updateTitle()
     const QString name = !file_.path().isEmpty()      ? shortFileName(file_.path())
                          : !number_->text().isEmpty() ? shortened(number_->text())
                                                       : tr("New quote");
-    setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(name)));
+    const QString shown = products_->isReadOnly() ? tr("%1 (read only)").arg(name) : name;
+    setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(shown)));
     setWindowModified(isUnsaved());
     status_->notice(isWindowModified());
 }

@@ -89,7 +89,11 @@ bool MainWindow::open(const QString& chosen)
         switch (askAboutHolder(path, *lock.holder(), this)) {
         case OpeningChoice::cancel: return false;
         case OpeningChoice::openAnyway: lock = files::EditLock(file, true); break;
-        case OpeningChoice::openToRead: return openLocked(path, std::nullopt);
+        case OpeningChoice::openToRead: {
+            const bool opened = openLocked(path, std::nullopt);
+            setReadOnly(opened || products_->isReadOnly()); // where it could not be opened, the former quote stays
+            return opened;
+        }
         case OpeningChoice::open: break;
         }
     }
@@ -201,7 +205,7 @@ bool MainWindow::saveTo(const QString& path)
         case OpenQuote::Saving::saved: break;
         }
         recovery_.discard();
-        updateTitle();
+        setReadOnly(false); // the file is this desk's own now
         noteRecent(path);
         status_->tellSaved();
         if (!warning.isEmpty()) {
