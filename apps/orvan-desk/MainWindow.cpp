@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QStatusBar>
+#include <QStyleOptionSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -74,6 +75,15 @@ protected:
     bool focusNextPrevChild(bool next) override
     {
         return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call): passes over QDateTimeEdit's
+    }
+
+    /// A date that takes no input looks as the line edits beside it do.
+    void initStyleOption(QStyleOptionSpinBox* option) const override
+    {
+        QDateEdit::initStyleOption(option);
+        if (isReadOnly()) {
+            option->palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+        }
     }
 
     void wheelEvent(QWheelEvent* event) override
@@ -218,6 +228,8 @@ void MainWindow::setReadOnly(bool readOnly)
     customer_->setReadOnly(readOnly);
     number_->setReadOnly(readOnly);
     date_->setReadOnly(readOnly);
+    date_->setCalendarPopup(!readOnly); // no arrow where there is nothing to choose
+    date_->setButtonSymbols(readOnly ? QAbstractSpinBox::NoButtons : QAbstractSpinBox::UpDownArrows);
     updateTitle();
 }
 

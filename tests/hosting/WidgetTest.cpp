@@ -29,6 +29,9 @@ using ::testing::HasSubstr;
 
 const QString kTwo = QStringLiteral("2~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1:0:74.95:blue~");
 
+/// The second screen is too small for the editor. Set before there is an application.
+const bool kTwoScreens = qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TWO_SCREENS);
+
 /// A manager whose calls fail as a test says; otherwise it is the library's.
 class FailingMgr final : public ProductMgr {
 public:
@@ -298,12 +301,15 @@ TEST_F(WidgetTest, TheDialogOpensAboveTheWindowThatOwnsIt)
 {
     const auto list = ui::createComponent<ProductMgr>(host->components(), kProductMgrClassName);
     list->SetProductsString(kTwo.toStdString(), kRecordSeparator, kFieldSeparator, false);
-    QWidget active, other;
+    ASSERT_TRUE(kTwoScreens);
+    QWidget active, other, onTheSmallScreen;
     auto* const inside = new QWidget(&other);
     active.setGeometry(0, 0, 300, 200);
-    other.setGeometry(260, 330, 300, 200);
+    other.setGeometry(460, 430, 300, 200);
+    onTheSmallScreen.setGeometry(1220, 40, 100, 100);
     active.show();
     other.show();
+    onTheSmallScreen.show();
     active.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&active));
     auto gone = std::make_unique<QWidget>();
@@ -317,6 +323,7 @@ TEST_F(WidgetTest, TheDialogOpensAboveTheWindowThatOwnsIt)
     const Row rows[] = {
         {"the window itself", ownerWindow(&other), &other},
         {"a widget in it", ownerWindow(inside), &other},
+        {"one on the other screen", ownerWindow(&onTheSmallScreen), &onTheSmallScreen},
         {"none", ownerWindow(nullptr), &active},
         {"one that is gone", goneWindow, &active},
     };
@@ -324,8 +331,8 @@ TEST_F(WidgetTest, TheDialogOpensAboveTheWindowThatOwnsIt)
         ProductDlg dialog(host->platform(), row.owner);
         whenModal([&](QWidget& editor) {
             EXPECT_EQ(editor.windowHandle()->transientParent(), row.above->windowHandle());
-            const QRect screen = editor.screen()->availableGeometry();
-            EXPECT_TRUE(screen.contains(editor.frameGeometry()));
+            EXPECT_EQ(editor.screen(), row.above->screen());
+            EXPECT_TRUE(editor.screen()->availableGeometry().contains(editor.frameGeometry()));
             const QPoint away = editor.geometry().center() - other.frameGeometry().center();
             if (row.above ==
                 &other) { // the other window is in a corner, where the editor has no place above its middle
