@@ -3,6 +3,7 @@
 #include "orvan/hosting/ProductViewWidget.h"
 #include "orvan/hosting/QtHost.h"
 #include "tests/hosting/HostServices.h"
+#include "tests/support/FaultyProductMgr.h"
 #include "tests/support/QtEnvironment.h"
 
 #include <gmock/gmock.h>
@@ -32,46 +33,6 @@ const QString kTwo = QStringLiteral("2~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1:
 /// The second screen is too small for the editor. Set before there is an application.
 const bool kTwoScreens = qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TWO_SCREENS);
 
-/// A manager whose calls fail as a test says; otherwise it is the library's.
-class FailingMgr final : public ProductMgr {
-public:
-    using Fail = std::function<void()>;
-    explicit FailingMgr(const Fail& fail) : fail_(fail) {}
-
-    std::int32_t GetProductCount() override { return inner().GetProductCount(); }
-    Currency GetTotalValue() override { return inner().GetTotalValue(); }
-    void SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, bool& found) override
-    {
-        inner().SeekIndex(lIndex, lOffset, found);
-    }
-    std::shared_ptr<ProductRecord> AddNewProduct() override { return inner().AddNewProduct(); }
-    std::shared_ptr<ProductRecord> GetProduct(std::int32_t lIndex) override { return inner().GetProduct(lIndex); }
-    void DeleteProduct(std::int32_t lIndex) override { inner().DeleteProduct(lIndex); }
-    void MoveProduct(std::int32_t from, std::int32_t to) override { inner().MoveProduct(from, to); }
-    void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
-                           const std::string& fieldSeparator, bool flag) override
-    {
-        inner().SetProductsString(sProducts, recordSeparator, fieldSeparator, flag);
-    }
-    std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) override
-    {
-        return inner().GetProductsString(recordSeparator, fieldSeparator);
-    }
-    std::int32_t GetMaxDataSize() override { return inner().GetMaxDataSize(); }
-
-private:
-    ProductMgr& inner()
-    {
-        if (fail_) {
-            fail_();
-        }
-        return *inner_;
-    }
-
-    const Fail& fail_;
-    std::shared_ptr<ProductMgr> inner_ = std::dynamic_pointer_cast<ProductMgr>(productMgrFactory()());
-};
-
 class WidgetTest : public testing::Test {
 protected:
     WidgetTest()
@@ -79,24 +40,38 @@ protected:
         HostOptions options;
         options.locale = {.monetary = "en_US", .numeric = "en_US"};
         options.messageBox = box;
-        options.makeProductMgr = [this] { return std::make_shared<FailingMgr>(fail); };
+        options.makeProductMgr = [this] {
+            return std::make_shared<FaultyProductMgr>(std::dynamic_pointer_cast<ProductMgr>(productMgrFactory()()),
+                                                      faults);
+        };
         host.emplace(options);
         view.emplace(host->platform());
         view->resize(600, 400);
         view->show();
         settle();
     }
-    ~WidgetTest() override
-    {
-        fail = nullptr;
-        view.reset();
-    }
 
+    /// The next call of a manager throws.
+    void fail(const std::function<void()>& how)
+    {
+        faults.failAtCall = 1;
+        faults.act = how;
+    }
     static void settle() { QCoreApplication::processEvents(); }
     QTableView& table() { return *view->findChild<QTableView*>(); }
+    void dragFirstRowDown()
+    {
+        const auto centre = [&](int row) { return table().visualRect(table().model()->index(row, 1)).center(); };
+        QWidget* const rows = table().viewport();
+        const QPoint below = centre(1) + QPoint(0, 8);
+        QTest::mousePress(rows, Qt::LeftButton, {}, centre(0));
+        QTest::mouseMove(rows, centre(0) + QPoint(0, 12));
+        QTest::mouseMove(rows, below);
+        QTest::mouseRelease(rows, Qt::LeftButton, {}, below);
+    }
 
     const std::shared_ptr<OwnBox> box = std::make_shared<OwnBox>();
-    FailingMgr::Fail fail;
+    Faults faults;
     std::optional<QtHost> host;
     std::optional<ProductViewWidget> view;
 };
@@ -111,7 +86,7 @@ TEST_F(WidgetTest, WhateverFailsBecomesAReason)
 {
     struct Row {
         const char* name;
-        FailingMgr::Fail fail;
+        std::function<void()> how;
         const char* reason;
     };
     const Row rows[] = {
@@ -122,20 +97,21 @@ TEST_F(WidgetTest, WhateverFailsBecomesAReason)
         {"a host's exception", [] { throw std::runtime_error("no licence"); }, "no licence"},
         {"a number", [] { throw 42; }, "Automation error"},
     };
+    const std::function<bool(QString * reason)> operations[] = {
+        [&](QString* reason) { return view->products(reason).has_value(); },
+        [&](QString* reason) { return view->total(reason).has_value(); },
+        [&](QString* reason) { return view->load(kTwo, reason); },
+    };
     forEachRow(rows, [&](const Row& row) {
-        fail = nullptr;
         ASSERT_TRUE(view->load(kTwo));
-        fail = row.fail;
-        QString loading, reading, adding;
-        EXPECT_FALSE(view->products(&reading));
-        EXPECT_FALSE(view->total(&adding));
-        EXPECT_FALSE(view->load(kTwo, &loading));
-        for (const QString& reason : {loading, reading, adding}) {
+        for (const auto& operation : operations) {
+            QString reason;
+            fail(row.how);
+            EXPECT_FALSE(operation(&reason));
             EXPECT_THAT(reason.toStdString(), HasSubstr(row.reason));
+            fail(row.how);
+            EXPECT_FALSE(operation(nullptr));
         }
-        EXPECT_FALSE(view->load(kTwo));
-        EXPECT_FALSE(view->products());
-        EXPECT_FALSE(view->total());
     });
     static_assert(noexcept(view->load(kTwo))&& noexcept(view->products())&& noexcept(view->total()));
 }
@@ -181,11 +157,11 @@ TEST_F(WidgetTest, ATextIsLoadedAndGivenBackOrRefusedWithAReason)
 TEST_F(WidgetTest, TheReasonOfAnEarlierErrorIsNotTheOneOfALaterOne)
 {
     ASSERT_TRUE(view->load(kTwo));
-    fail = [] { throw RuntimeError(91, {}, "the first"); };
+    fail([] { throw RuntimeError(91, {}, "the first"); });
     QString reason;
     EXPECT_FALSE(view->total(&reason));
     EXPECT_EQ(reason, QStringLiteral("the first"));
-    fail = [] { throw RuntimeError(91); };
+    fail([] { throw RuntimeError(91); });
     EXPECT_FALSE(view->total(&reason));
     EXPECT_FALSE(reason.contains(QStringLiteral("the first"))) << reason.toStdString();
 }
@@ -252,20 +228,22 @@ TEST_F(WidgetTest, AListToReadTakesNoInput)
     EXPECT_EQ(view->action(Command::paste)->isEnabled(), false) << "one that is asked for later";
 
     QTest::keyClick(&table(), Qt::Key_Delete);
-    const auto rowCentre = [&](int row) { return table().visualRect(table().model()->index(row, 1)).center(); };
-    QWidget* const rows = table().viewport();
-    QTest::mousePress(rows, Qt::LeftButton, {}, rowCentre(0));
-    QTest::mouseMove(rows, rowCentre(0) + QPoint(0, 12));
-    QTest::mouseMove(rows, rowCentre(1) + QPoint(0, 12));
-    QTest::mouseRelease(rows, Qt::LeftButton, {}, rowCentre(1) + QPoint(0, 12));
+    dragFirstRowDown();
     EXPECT_EQ(view->products(), kTwo);
     EXPECT_TRUE(box->shown.empty());
+    view->action(Command::rowMenu)->trigger();
+    auto* const menu = view->findChild<QMenu*>(QStringLiteral("mnuRow"));
+    EXPECT_EQ(menu->findChild<QAction*>(QStringLiteral("edit"))->text(), QStringLiteral("View Product"));
+    EXPECT_FALSE(menu->findChild<QAction*>(QStringLiteral("delete"))->isEnabled());
+    menu->close();
     for (const char* name : {"cmdNew", "cmdDelete", "cmdMoveUp", "cmdMoveDown"}) {
         EXPECT_FALSE(view->findChild<QPushButton*>(QString::fromLatin1(name))->isEnabled()) << name;
     }
     view->setReadOnly(false);
     EXPECT_EQ(edit->text(), QStringLiteral("Edit"));
     EXPECT_TRUE(remove->isEnabled());
+    dragFirstRowDown();
+    EXPECT_NE(view->products(), kTwo) << "the rows can be dragged again";
 }
 
 TEST_F(WidgetTest, TheEditorToReadHasBoxesThatCanBeCopied)
