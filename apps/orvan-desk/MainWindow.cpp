@@ -230,7 +230,6 @@ void MainWindow::setReadOnly(bool readOnly)
     date_->setReadOnly(readOnly);
     date_->setCalendarPopup(!readOnly); // no arrow where there is nothing to choose
     date_->setButtonSymbols(readOnly ? QAbstractSpinBox::NoButtons : QAbstractSpinBox::UpDownArrows);
-    updateTitle();
 }
 
 bool MainWindow::isUnsaved() const

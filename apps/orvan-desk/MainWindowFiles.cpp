@@ -92,6 +92,7 @@ bool MainWindow::open(const QString& chosen)
         case OpeningChoice::openToRead: {
             const bool opened = openLocked(path, std::nullopt);
             setReadOnly(opened || products_->isReadOnly()); // where it could not be opened, the former quote stays
+            updateTitle();
             return opened;
         }
         case OpeningChoice::open: break;
@@ -206,6 +207,7 @@ bool MainWindow::saveTo(const QString& path)
         }
         recovery_.discard();
         setReadOnly(false); // the file is this desk's own now
+        updateTitle();
         noteRecent(path);
         status_->tellSaved();
         if (!warning.isEmpty()) {
