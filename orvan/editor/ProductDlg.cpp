@@ -67,10 +67,10 @@ void ProductDlg::ShowAddNew(const std::shared_ptr<ProductMgr>& objProductMgr)
     tracePropagate("KTVOrvanProduct.ProductDlg::ShowAddNew", [&] { session.run(frmProduct::Use::edit, 0, true); });
 }
 
-void ProductDlg::ShowReadOnly(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx)
+void ProductDlg::showReadOnly(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx)
 {
     Session session(*this, objProductMgr);
-    tracePropagate("KTVOrvanProduct.ProductDlg::ShowReadOnly",
+    tracePropagate("KTVOrvanProduct.ProductDlg::showReadOnly",
                    [&] { session.run(frmProduct::Use::read, lProdIdx, false); });
 }
 

@@ -1,6 +1,6 @@
 // ProductDlg: opens the product editor on one product of a list, or on a new one.
 //
-// Modal: Show, ShowAddNew and ShowReadOnly return when the user has closed the dialog. The editor works directly on
+// Modal: Show, ShowAddNew and showReadOnly return when the user has closed the dialog. The editor works directly on
 // the manager it is given, so the caller sees every change at once; a user who answers No to saving
 // has the list put back as it was. An object may be used again: each call is a session of its own.
 //
@@ -43,7 +43,7 @@ public:
     /// take no input, but their texts can be copied; the user goes through the list and closes the dialog. The library
     /// writes nothing to the manager, asks no catalogue, and leaves Dirty false. What the dialog is for does not change
     /// while it is open.
-    void ShowReadOnly(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx);
+    void showReadOnly(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx);
 
     /// Whether the last session changed anything; saving does not clear it. False before the first session.
     /// In the classic way of editing, two kinds of change do not count. The first is deleting a product: a host that

@@ -114,7 +114,7 @@ void ProductView::editRow(std::int32_t row)
         }
         if (list.stillShown()) {
             openEditor(list, [&, toRead = readOnly_](ProductDlg& dialog, const auto& manager) {
-                toRead ? dialog.ShowReadOnly(manager, index) : dialog.Show(manager, index);
+                toRead ? dialog.showReadOnly(manager, index) : dialog.Show(manager, index);
             });
         }
     });

@@ -236,10 +236,10 @@ TEST_F(ReadOnlyTest, TheDialogAloneOpensToReadForItsOwner)
             EXPECT_EQ(form.ownerWindow(), owner);
             form.clickCloseBox();
         });
-        dialog.ShowReadOnly(list, 2);
+        dialog.showReadOnly(list, 2);
         EXPECT_FALSE(dialog.Dirty());
         trace->declareError(91, 2);
-        EXPECT_EQ(errorOf([&] { dialog.ShowReadOnly(nullptr, 1); }), 91);
+        EXPECT_EQ(errorOf([&] { dialog.showReadOnly(nullptr, 1); }), 91);
     }
 }
 
