@@ -30,9 +30,9 @@ public:
     ui::LocaleService& locale() override { return qt().locale(); }
     ui::ComponentFactory& components() override { return qt().components(); }
     ui::ScreenPointer& pointer() override { return qt().pointer(); }
-    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design, std::int32_t ownerWindow) override
     {
-        auto loaded = qt().loadForm(design);
+        auto loaded = qt().loadForm(design, ownerWindow);
         form = loaded.get();
         return loaded;
     }

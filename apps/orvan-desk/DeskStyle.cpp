@@ -89,6 +89,14 @@ void DeskStyle::drawControl(ControlElement element, const QStyleOption* option, 
 void DeskStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const
 {
+    const auto* const box = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (element == PE_PanelLineEdit && box && box->state.testFlag(State_ReadOnly)) {
+        // Fusion shows a box that takes no input as one that does.
+        QStyleOptionFrame plain(*box);
+        plain.palette.setBrush(QPalette::Base, plain.palette.brush(QPalette::Window));
+        QProxyStyle::drawPrimitive(element, &plain, painter, widget);
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_PanelMenu || element == PE_FrameMenu) {
         // The edge that Fusion draws cannot be seen on a dark window.

@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QStatusBar>
+#include <QStyleOptionSpinBox>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -74,6 +75,15 @@ protected:
     bool focusNextPrevChild(bool next) override
     {
         return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call): passes over QDateTimeEdit's
+    }
+
+    /// A date that takes no input looks as the line edits beside it do.
+    void initStyleOption(QStyleOptionSpinBox* option) const override
+    {
+        QDateEdit::initStyleOption(option);
+        if (isReadOnly()) {
+            option->palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+        }
     }
 
     void wheelEvent(QWheelEvent* event) override
@@ -200,6 +210,7 @@ Quote MainWindow::currentQuote() const
 
 void MainWindow::showQuote(const Quote& quote)
 {
+    setReadOnly(false);
     currency_ = showCurrency(quote.currency);
     products_->Show(quote.products);
     listChanged_ = false;
@@ -209,6 +220,16 @@ void MainWindow::showQuote(const Quote& quote)
     date_->setDate(quote.date);
     history_->restart();
     updateTitle();
+}
+
+void MainWindow::setReadOnly(bool readOnly)
+{
+    products_->setReadOnly(readOnly);
+    customer_->setReadOnly(readOnly);
+    number_->setReadOnly(readOnly);
+    date_->setReadOnly(readOnly);
+    date_->setCalendarPopup(!readOnly); // no arrow where there is nothing to choose
+    date_->setButtonSymbols(readOnly ? QAbstractSpinBox::NoButtons : QAbstractSpinBox::UpDownArrows);
 }
 
 bool MainWindow::isUnsaved() const
@@ -238,7 +259,8 @@ void MainWindow::updateTitle()
     const QString name = !file_.path().isEmpty()      ? shortFileName(file_.path())
                          : !number_->text().isEmpty() ? shortened(number_->text())
                                                       : tr("New quote");
-    setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(name)));
+    const QString shown = products_->isReadOnly() ? tr("%1 (read only)").arg(name) : name;
+    setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(shown)));
     setWindowModified(isUnsaved());
     status_->notice(isWindowModified());
 }

@@ -88,7 +88,10 @@ private:
     Quote currentQuote() const;
     void showQuote(const Quote& quote);
     void showNew();
-    /// Without a lock the quote is for reading: it is shown as one without a file, so that saving asks for a name.
+    /// Whether the user can only look at the quote, until another one is shown or this one has a file of its own. The
+    /// title says so when it is updated.
+    void setReadOnly(bool readOnly);
+    /// Without a lock the quote is shown as one without a file, so that saving asks for a name.
     [[nodiscard]] bool openLocked(const QString& path, std::optional<files::EditLock> lock);
     void recover(const AbandonedWork& abandoned);
     /// The user has changed the list.

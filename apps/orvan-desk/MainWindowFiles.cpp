@@ -89,7 +89,12 @@ bool MainWindow::open(const QString& chosen)
         switch (askAboutHolder(path, *lock.holder(), this)) {
         case OpeningChoice::cancel: return false;
         case OpeningChoice::openAnyway: lock = files::EditLock(file, true); break;
-        case OpeningChoice::openToRead: return openLocked(path, std::nullopt);
+        case OpeningChoice::openToRead: {
+            const bool opened = openLocked(path, std::nullopt);
+            setReadOnly(opened || products_->isReadOnly()); // where it could not be opened, the former quote stays
+            updateTitle();
+            return opened;
+        }
         case OpeningChoice::open: break;
         }
     }
@@ -201,6 +206,7 @@ bool MainWindow::saveTo(const QString& path)
         case OpenQuote::Saving::saved: break;
         }
         recovery_.discard();
+        setReadOnly(false); // the file is this desk's own now
         updateTitle();
         noteRecent(path);
         status_->tellSaved();

@@ -105,7 +105,8 @@ void MainWindow::makeListMenus()
         edit->addAction(products_->action(command));
     }
     edit->addSeparator();
-    edit->addAction(tr("Quote Curre&ncy…"), this, &MainWindow::chooseCurrency);
+    QAction* const currency = edit->addAction(tr("Quote Curre&ncy…"), this, &MainWindow::chooseCurrency);
+    connect(products_, &ProductViewWidget::readOnlyChanged, currency, &QAction::setDisabled);
     auto* const product = new QMenu(tr("&Product"), this);
     const std::optional<Command> commands[] = {Command::edit,
                                                Command::add,

@@ -3,6 +3,7 @@
 #include <orvan/hosting/QtHost.h>
 
 #include <QApplication>
+#include <QMessageBox>
 
 int main(int argc, char** argv)
 {
@@ -14,7 +15,13 @@ int main(int argc, char** argv)
     lamp->SetExtPrice(orvan::Currency::fromText("74.95"));
 
     orvan::ProductViewWidget view;
-    view.Show(list->GetProductsString(orvan::kRecordSeparator, orvan::kFieldSeparator));
+    QString reason;
+    if (!view.load(QString::fromStdString(list->GetProductsString(orvan::kRecordSeparator, orvan::kFieldSeparator)),
+                   &reason)) {
+        QMessageBox::warning(nullptr, QStringLiteral("Products"), reason);
+    }
     view.show();
-    return QApplication::exec();
+    const int result = QApplication::exec();
+    qInfo("%s", qPrintable(view.products().value_or(QString()))); // what a real host saves
+    return result;
 }

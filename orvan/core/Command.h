@@ -34,23 +34,25 @@ struct CommandRow {
     std::string_view text; ///< As a menu shows it: "Move Up".
     std::string_view key;  ///< "" for a command without a key.
     std::string_view otherKey = {};
+    bool changesList = true;
+    std::string_view readOnlyText = {}; ///< As a menu shows it where the list can only be read; "": as elsewhere.
 };
 
-/// In the order of Command.
+/// In the order of Command. Where the list can only be read, `edit` opens the editor to read.
 inline constexpr std::array kCommands = {
-    CommandRow{Command::edit, "edit", "Edit", "Return", "F2"},
+    CommandRow{Command::edit, "edit", "Edit", "Return", "F2", false, "View Product"},
     CommandRow{Command::add, "add", "Add", "Ins"},
     CommandRow{Command::duplicate, "duplicate", "Duplicate", "Ctrl+D"},
     CommandRow{Command::remove, "delete", "Delete", "Del"},
     CommandRow{Command::moveUp, "moveUp", "Move Up", "Alt+Up"},
     CommandRow{Command::moveDown, "moveDown", "Move Down", "Alt+Down"},
     CommandRow{Command::cut, "cut", "Cut", "Ctrl+X"},
-    CommandRow{Command::copy, "copy", "Copy", "Ctrl+C"},
+    CommandRow{Command::copy, "copy", "Copy", "Ctrl+C", {}, false},
     CommandRow{Command::paste, "paste", "Paste", "Ctrl+V"},
-    CommandRow{Command::selectAll, "selectAll", "Select All", "Ctrl+A"},
-    CommandRow{Command::findNext, "findNext", "Find Next", "F3"},
-    CommandRow{Command::findPrevious, "findPrevious", "Find Previous", "Shift+F3"},
-    CommandRow{Command::rowMenu, "rowMenu", "Menu of the Row", "Menu", "Shift+F10"},
+    CommandRow{Command::selectAll, "selectAll", "Select All", "Ctrl+A", {}, false},
+    CommandRow{Command::findNext, "findNext", "Find Next", "F3", {}, false},
+    CommandRow{Command::findPrevious, "findPrevious", "Find Previous", "Shift+F3", {}, false},
+    CommandRow{Command::rowMenu, "rowMenu", "Menu of the Row", "Menu", "Shift+F10", false},
 };
 static_assert([] {
     for (std::size_t i = 0; i < kCommands.size(); ++i) {
@@ -64,6 +66,12 @@ static_assert([] {
 [[nodiscard]] constexpr const CommandRow& rowOf(Command command)
 {
     return kCommands[static_cast<std::size_t>(command)];
+}
+
+/// What a menu shows for the command.
+[[nodiscard]] constexpr std::string_view textOf(const CommandRow& row, bool readOnly)
+{
+    return readOnly && !row.readOnlyText.empty() ? row.readOnlyText : row.text;
 }
 
 } // namespace orvan

@@ -33,7 +33,7 @@ private:
 
 class EditorSession {
 public:
-    EditorSession() = default;
+    explicit EditorSession(bool toRead = false) : readOnly(toRead) {}
     EditorSession(const EditorSession&) = delete;
     EditorSession& operator=(const EditorSession&) = delete;
     virtual ~EditorSession() = default;
@@ -68,6 +68,9 @@ public:
         eventHandled();
     }
 
+    /// The session only shows products: no box takes input, nothing is looked up, and nothing is written to a product.
+    /// It stays what it was when the session began.
+    const bool readOnly;
     std::shared_ptr<ProductMgr> objProductMgr; ///< Set from the end of the form's set-up until the form unloads.
     /// The current product, whose values the controls show; may be null.
     std::shared_ptr<ProductRecord> heldProduct;

@@ -1,5 +1,6 @@
 #include "orvan/core/modInit.h"
 
+#include "orvan/core/KeptError.h"
 #include "orvan/ui/Platform.h"
 
 #include <utility>
@@ -13,7 +14,10 @@ namespace {
 /// A plain bool has no destructor, so it can still be read while the thread's other objects are destroyed.
 thread_local bool threadEnded = false;
 
-/// The endMark object is declared after gobjTrace, so that it is destroyed first and sets threadEnded in time.
+thread_local KeptError keptError; ///< What the thread's procedures have told the trace object.
+
+/// The endMark object is declared after gobjTrace and keptError, so that it is destroyed first and sets threadEnded in
+/// time.
 struct EndMark {
     ~EndMark() { threadEnded = true; }
 };
@@ -65,13 +69,38 @@ void raiseApplicationError(std::string_view label, std::string message)
 
 void raiseLastError()
 {
+    if (!threadEnded) {
+        keptError.passOn();
+    }
     throw RuntimeError(asRuntimeError([] { return traceObject().LastErrorNumber(); }));
+}
+
+RuntimeError currentErrorWithText() noexcept
+{
+    RuntimeError error = currentError();
+    try {
+        const bool keepsText = !threadEnded && error.description().empty() && keptError.error() &&
+                               keptError.error()->number() == error.number();
+        return keepsText ? *keptError.error() : error;
+    } catch (...) {
+        return error; // no memory for a copy of the text
+    }
+}
+
+void forgetErrorText() noexcept
+{
+    if (!threadEnded) {
+        keptError.forget();
+    }
 }
 
 namespace detail {
 
 void recordError()
 {
+    if (!threadEnded) {
+        keptError.note(currentError()); // first, because the trace object may fail
+    }
     asRuntimeError([] { traceObject().TraceError(""); });
 }
 

@@ -10,12 +10,12 @@ namespace orvan {
 class ProductDlg::Session {
 public:
     Session(ProductDlg& dialog, std::shared_ptr<ProductMgr> manager)
-        : dialog_(dialog), watch_(dialog.lifetime_.watch()), platform_(dialog.platform_), manager_(std::move(manager)),
-          onChange_(dialog.onChange)
+        : dialog_(dialog), watch_(dialog.lifetime_.watch()), platform_(dialog.platform_),
+          ownerWindow_(dialog.ownerWindow_), manager_(std::move(manager)), onChange_(dialog.onChange)
     {
     }
 
-    void run(std::int32_t lProdIdx, bool bAddNew)
+    void run(frmProduct::Use use, std::int32_t lProdIdx, bool bAddNew)
     {
         /// Its destructor reads Dirty however the session ends: a session that an error ends may have changed the list.
         struct DirtyRead {
@@ -28,7 +28,7 @@ public:
                 }
             }
         };
-        frmProduct form(platform_);
+        frmProduct form(platform_, use, ownerWindow_);
         form.onChange = onChange_;
         const DirtyRead read{*this, form};
         try {
@@ -44,12 +44,13 @@ private:
     ProductDlg& dialog_;
     LifetimeWatch watch_;
     ui::Platform& platform_;
+    std::int32_t ownerWindow_;
     std::shared_ptr<ProductMgr> manager_;
     std::function<void()> onChange_;
 };
 
-ProductDlg::ProductDlg(ui::Platform& platform)
-try : platform_((enterLibrary(platform), platform)) {
+ProductDlg::ProductDlg(ui::Platform& platform, std::int32_t ownerWindow)
+try : platform_((enterLibrary(platform), platform)), ownerWindow_(ownerWindow) {
 } catch (...) {
     raiseCurrentError();
 }
@@ -57,13 +58,20 @@ try : platform_((enterLibrary(platform), platform)) {
 void ProductDlg::Show(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx)
 {
     Session session(*this, objProductMgr);
-    tracePropagate("KTVOrvanProduct.ProductDlg::Show", [&] { session.run(lProdIdx, false); });
+    tracePropagate("KTVOrvanProduct.ProductDlg::Show", [&] { session.run(frmProduct::Use::edit, lProdIdx, false); });
 }
 
 void ProductDlg::ShowAddNew(const std::shared_ptr<ProductMgr>& objProductMgr)
 {
     Session session(*this, objProductMgr);
-    tracePropagate("KTVOrvanProduct.ProductDlg::ShowAddNew", [&] { session.run(0, true); });
+    tracePropagate("KTVOrvanProduct.ProductDlg::ShowAddNew", [&] { session.run(frmProduct::Use::edit, 0, true); });
+}
+
+void ProductDlg::showReadOnly(const std::shared_ptr<ProductMgr>& objProductMgr, std::int32_t lProdIdx)
+{
+    Session session(*this, objProductMgr);
+    tracePropagate("KTVOrvanProduct.ProductDlg::showReadOnly",
+                   [&] { session.run(frmProduct::Use::read, lProdIdx, false); });
 }
 
 } // namespace orvan

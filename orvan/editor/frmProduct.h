@@ -1,4 +1,8 @@
-// frmProduct: the product editor's form. An object serves one session, in which one list is edited.
+// frmProduct: the product editor's form. An object serves one session, in which one list is edited, or only looked at.
+//
+// For looking, the form has another design, without what changes the list: its boxes take no input, there is no
+// catalogue, and nothing is saved. What remains, which is moving through the list and closing, is done by the same
+// procedures.
 //
 // Init is called once, after the form is made and before it is shown. From then on the form acts on
 // the user's events until it unloads itself, which releases the list and the records.
@@ -22,6 +26,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,10 +34,10 @@ namespace orvan {
 
 namespace ui {
 class Button;
-class ComboBox;
 class Control;
 class Form;
 class Frame;
+class TextEntry;
 class ToolBar;
 struct KeyStroke;
 struct ToolDesign;
@@ -41,12 +46,15 @@ enum class UnloadMode : std::int16_t;
 
 class frmProduct final : private EditorSession {
 public:
+    /// What the session is for.
+    enum class Use { edit, read };
+
     /// Loads the form; nothing is shown yet.
-    explicit frmProduct(ui::Platform& platform);
+    explicit frmProduct(ui::Platform& platform, Use use = Use::edit, std::int32_t ownerWindow = 0);
     ~frmProduct() override;
 
     /// Opens the session on the product at lProductIndex, or with bAddNew on a new one. Raises the errors of the
-    /// manager and of the catalogue, reduced to their numbers.
+    /// manager and of the catalogue, reduced to their numbers. A session that only reads adds no product.
     void Init(const std::shared_ptr<ProductMgr>& objProdMgr, std::int32_t lProductIndex, bool bAddNew);
     /// After an Init that failed: takes the new product that it added out of the list again. Never raises.
     void takeBackNewProduct();
@@ -58,7 +66,7 @@ public:
     [[nodiscard]] bool Dirty() const { return dirty_; }
     /// Whether an error in an event handler has closed the form.
     [[nodiscard]] bool DialogError() const { return dialogError_; }
-    [[nodiscard]] const LookUpBoxes::State& lookUpState() const { return lookUp_.state(); }
+    [[nodiscard]] const LookUpBoxes::State& lookUpState() const { return lookUp_->state(); }
 
     /// Called after each event that may have changed the list.
     std::function<void()> onChange;
@@ -73,6 +81,8 @@ private:
     void eventHandled() override;
     void PrvCloseOnError() override;
 
+    /// A button that the design for reading does not have; null there.
+    [[nodiscard]] ui::Button* editingButton(std::string_view name) const;
     void takeEvents();
     void PrvInitForm();
     void PrvSetFormCaption();
@@ -140,21 +150,22 @@ private:
     ui::Platform& platform_;
     std::unique_ptr<ui::Form> form_;
     FieldEntry fields_;
-    LookUpBoxes lookUp_;
+    std::optional<LookUpBoxes> lookUp_; ///< Empty in a session that only reads.
     ui::Frame& fraWizProducts_;
     ui::Frame& fraLeftButtons_;
     ui::ToolBar& atbMain_;
-    ui::Button& cmdNew_;
-    ui::Button& cmdDelete_;
+    // Null in a session that only reads.
+    ui::Button* cmdNew_;
+    ui::Button* cmdDelete_;
+    ui::Button* cmdSaveClose_;
     ui::Button& cmdNext_;
     ui::Button& cmdPrevious_;
     ui::Button& cmdGotoFirst_;
     ui::Button& cmdGotoLast_;
-    ui::Button& cmdSaveClose_;
     ui::Button& cmdCancel_;
     // Used only to set the focus; fields_ and lookUp_ do everything else with them.
-    ui::ComboBox& cboPartNum_;
-    ui::ComboBox& cboProductName_;
+    ui::TextEntry& cboPartNum_;
+    ui::TextEntry& cboProductName_;
 
     std::string productsSnapshot_;  ///< The list as it was when the session began.
     std::int32_t currentIndex_ = 0; ///< Position of the current product; 0 once the list is empty.

@@ -1,5 +1,9 @@
 #include "orvan/editor/frmProductDesign.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace orvan {
 
 namespace {
@@ -111,9 +115,54 @@ constexpr ui::ControlDesign kControls[] = {
 };
 // clang-format on
 
+// The form for reading is made of the other one, so that a control that is added there is in both.
+constexpr std::string_view kControlsThatEdit[] = {"tmrPartNum", "tmrProdLkp", "cmdNew", "cmdDelete", "cmdSaveClose"};
+constexpr std::string_view kToolsThatEdit[] = {"ID_NewProduct", "ID_DuplicateProduct", "ID_DeleteProduct",
+                                               "ID_SaveClose", ""}; // "": the separators, which stand between these
+
+constexpr bool isAmong(std::span<const std::string_view> names, std::string_view name)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+constexpr auto toolsThatRead()
+{
+    constexpr auto reads = [](const ui::ToolDesign& tool) { return !isAmong(kToolsThatEdit, tool.id); };
+    std::array<ui::ToolDesign, std::count_if(std::begin(kTools), std::end(kTools), reads)> tools{};
+    std::copy_if(std::begin(kTools), std::end(kTools), tools.begin(), reads);
+    return tools;
+}
+
+constexpr auto kToolsThatRead = toolsThatRead();
+
+constexpr auto readControls()
+{
+    constexpr auto reads = [](const ui::ControlDesign& row) { return !isAmong(kControlsThatEdit, row.name); };
+    std::array<ui::ControlDesign, std::count_if(std::begin(kControls), std::end(kControls), reads)> controls{};
+    std::copy_if(std::begin(kControls), std::end(kControls), controls.begin(), reads);
+    for (ui::ControlDesign& row : controls) {
+        if (row.kind == ControlKind::comboBox || row.kind == ControlKind::textBox) {
+            row.kind = ControlKind::textBox;
+            row.readOnly = true;
+        } else if (row.kind == ControlKind::toolBar) {
+            row.tools = kToolsThatRead;
+        } else if (row.name == "lblFrameHeader") {
+            row.caption = "Product Information (Read Only)";
+        } else if (row.cancels) {
+            row.caption = "Close"; // there is nothing to cancel
+        }
+    }
+    return controls;
+}
+
+constexpr auto kReadControls = readControls();
+
 } // namespace
 
 const ui::FormDesign kProductFormDesign = {
     .name = "frmProduct", .width = 6960, .height = 5115, .controls = kControls, .caption = "Product (1/2)"};
+
+const ui::FormDesign kProductReadDesign = {
+    .name = "frmProduct", .width = 6960, .height = 5115, .controls = kReadControls, .caption = "Product (1/2)"};
 
 } // namespace orvan

@@ -9,4 +9,8 @@ namespace orvan {
 
 extern const ui::FormDesign kProductFormDesign;
 
+/// The same form for a user who only reads: its boxes take no input, the look-up boxes have no lists, and the controls
+/// and menus that change the list are not there.
+extern const ui::FormDesign kProductReadDesign;
+
 } // namespace orvan

@@ -3,8 +3,8 @@
 
 #include "orvan/core/ProductValues.h"
 #include "orvan/editor/frmProduct.h"
-#include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Form.h"
+#include "orvan/ui/TextEntry.h"
 #include "orvan/ui/ToolSet.h"
 
 namespace orvan {

@@ -30,8 +30,10 @@ void frmProduct::Form_Resize()
         cmdCancel_.move(fraWizProducts_.left() + fraWizProducts_.width() - cmdCancel_.width(),
                         fraWizProducts_.top() + fraWizProducts_.height() + kGap);
     });
-    step([&] { cmdSaveClose_.move(cmdCancel_.left() - cmdSaveClose_.width() - kGap, cmdCancel_.top()); });
-    step([&] { fraLeftButtons_.move(fraWizProducts_.left(), cmdSaveClose_.top()); });
+    if (cmdSaveClose_) {
+        step([&] { cmdSaveClose_->move(cmdCancel_.left() - cmdSaveClose_->width() - kGap, cmdCancel_.top()); });
+    }
+    step([&] { fraLeftButtons_.move(fraWizProducts_.left(), cmdCancel_.top()); });
 }
 
 } // namespace orvan

@@ -3,9 +3,9 @@
 #include "orvan/core/Deviations.h"
 #include "orvan/editor/frmProduct.h"
 #include "orvan/ui/Button.h"
-#include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Frame.h"
+#include "orvan/ui/TextEntry.h"
 #include "orvan/ui/ToolSet.h"
 
 #include <utility>
@@ -116,7 +116,7 @@ void frmProduct::PrvDeleteProduct()
 
 void frmProduct::askAndDelete()
 {
-    if (!leaveBoxFor(cmdDelete_)) { // the focus moves to the button even when the command came from the menu
+    if (!leaveBoxFor(*cmdDelete_)) { // the focus moves to the button even when the command came from the menu
         return;
     }
     const auto answer = show({.text = userText("Are you sure you want to delete the current product?"),
@@ -160,9 +160,11 @@ void frmProduct::PrvDeleteCurrentProduct()
 void frmProduct::setProductShown(bool shown)
 {
     fraWizProducts_.setEnabled(shown);
-    cmdDelete_.setEnabled(shown);
-    atbMain_.setToolEnabled("ID_DeleteProduct", shown);
-    atbMain_.setToolEnabled("ID_DuplicateProduct", shown);
+    if (!readOnly) {
+        cmdDelete_->setEnabled(shown);
+        atbMain_.setToolEnabled("ID_DeleteProduct", shown);
+        atbMain_.setToolEnabled("ID_DuplicateProduct", shown);
+    }
     if (!shown) {
         form_->setCaption(" (0/0)");
     }
@@ -196,7 +198,7 @@ void frmProduct::atbMain_ToolClick(std::string_view toolId)
 
 void frmProduct::cmdNew_Click()
 {
-    handleClick("KTVOrvanProduct.frmProduct::cmdNew_Click", cmdNew_, [&] {
+    handleClick("KTVOrvanProduct.frmProduct::cmdNew_Click", *cmdNew_, [&] {
         PrvAddNewProduct();
         PrvSeekProduct(0);
         cboProductName_.setFocus();

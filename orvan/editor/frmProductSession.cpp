@@ -16,8 +16,6 @@ namespace orvan {
 
 namespace {
 
-constexpr const char* kSupportAddress = "support@orvan.example";
-
 /// The records of a products string, sorted; the count before them is left out. An escaped separator ends none.
 std::vector<std::string> sortedRecords(std::string_view sProducts)
 {
@@ -63,7 +61,9 @@ void frmProduct::PrvLoadProductInfo()
         goOnToProduct([&] {
             heldProduct = productAt(currentIndex_);
             setProductShown(true);
-            lookUp_.forgetFormerText();
+            if (lookUp_) {
+                lookUp_->forgetFormerText();
+            }
             fields_.showProduct();
         });
     });
@@ -77,11 +77,15 @@ void frmProduct::priceAnew()
 
 void frmProduct::PrvSaveCurrentProduct(bool& bOk)
 {
+    if (readOnly) {
+        bOk = true; // the procedures that move through the list save before they do
+        return;
+    }
     bool checkingSize = false;
     traceRecover(
         "KTVOrvanProduct.frmProduct::PrvSaveCurrentProduct",
         [&] {
-            lookUp_.finishPendingLookUps();
+            lookUp_->finishPendingLookUps();
             if (heldProduct) {
                 fields_.PrvSaveNameFld();
                 fields_.PrvSavePartNumFld();
@@ -203,7 +207,7 @@ void frmProduct::PrvCloseOnError()
     const ScopedFlag closing(closingOnError_);
     show({.text = userText("We apologize for the inconvenience but due to an internal application error the current "
                            "dialog will be closed. If the issue persists please contact our support department at %1",
-                           kSupportAddress),
+                           platform_.supportAddress),
           .buttons = ui::MessageButtons::ok,
           .icon = ui::MessageIcon::exclamation});
     form_->unload();
@@ -273,7 +277,9 @@ void frmProduct::Form_Unload()
     const ResumeNext<false> step; // if the release of one component fails, the others are still released
     step([&] { heldProduct.reset(); });
     step([&] { objProductMgr.reset(); });
-    step([&] { lookUp_.productLkpMgr.reset(); });
+    if (lookUp_) {
+        step([&] { lookUp_->productLkpMgr.reset(); });
+    }
 }
 
 } // namespace orvan

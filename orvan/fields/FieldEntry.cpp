@@ -4,7 +4,6 @@
 #include "orvan/core/Deviations.h"
 #include "orvan/core/ProductValues.h"
 #include "orvan/core/modConversion.h"
-#include "orvan/ui/ComboBox.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/Surface.h"
 #include "orvan/ui/TextEntry.h"
@@ -131,13 +130,16 @@ const FieldEntry::AmountField FieldEntry::kDiscount = {
     }};
 
 FieldEntry::FieldEntry(EditorSession& session, ui::Surface& surface)
-    : session_(session), cboProductName_{kName, surface.control<ui::ComboBox>("cboProductName")},
-      cboPartNum_{kPartNum, surface.control<ui::ComboBox>("cboPartNum")},
+    : session_(session), cboProductName_{kName, surface.control<ui::TextEntry>("cboProductName")},
+      cboPartNum_{kPartNum, surface.control<ui::TextEntry>("cboPartNum")},
       txtNote_{kNote, surface.control<ui::TextBox>("txtNote")}, txtQty_{kQty, surface.control<ui::TextBox>("txtQty")},
       txtUnitPrice_{kUnitPrice, surface.control<ui::TextBox>("txtUnitPrice")},
       txtDiscount_{kDiscount, surface.control<ui::TextBox>("txtDiscount")},
       txtExtPrice_(surface.control<ui::TextBox>("txtExtPrice")), txtTotal_(surface.control<ui::TextBox>("txtTotal"))
 {
+    if (session.readOnly) {
+        return; // showing a product raises change events, and their procedures would write it back, rounded and cut
+    }
     takeEvents(txtQty_);
     takeEvents(txtUnitPrice_);
     takeEvents(txtDiscount_);
@@ -311,7 +313,9 @@ void FieldEntry::showProduct()
 {
     const ScopedFlag showing(session_.showingProduct);
     const auto product = session_.currentProduct(); // setting a text raises a change event, which may end the session
-    txtNote_.box.setMaxLength(kNote.mostShown);
+    if (!session_.readOnly) {                       // a box that takes no input can show more than it would take
+        txtNote_.box.setMaxLength(kNote.mostShown);
+    }
     showText(cboProductName_, *product);
     showText(cboPartNum_, *product);
     showAmount(txtUnitPrice_, *product, AmountForm::display);
@@ -328,10 +332,10 @@ void FieldEntry::PrvShowExtPriceAndTotal()
     showMoney(txtTotal_, session_.productMgr()->GetTotalValue());
 }
 
-void FieldEntry::showText(const TextFieldBox& text, const ProductRecord& product)
+void FieldEntry::showText(const TextFieldBox& text, const ProductRecord& product) const
 {
     const std::string value = (product.*text.field.value)();
-    text.box.setText(shownPart(text.field, value));
+    text.box.setText(session_.readOnly ? value : shownPart(text.field, value));
 }
 
 void FieldEntry::showAmount(AmountBox& amount, const ProductRecord& product, AmountForm form)

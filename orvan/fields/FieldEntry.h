@@ -25,7 +25,7 @@ class TextEntry;
 
 class FieldEntry {
 public:
-    /// The surface must have the boxes of kProductFormDesign (orvan/editor/frmProductDesign.h).
+    /// The surface must have the boxes of kProductFormDesign or kProductReadDesign (orvan/editor/frmProductDesign.h).
     FieldEntry(EditorSession& session, ui::Surface& surface);
     FieldEntry(const FieldEntry&) = delete;
     FieldEntry& operator=(const FieldEntry&) = delete;
@@ -84,7 +84,7 @@ private:
     void saveAmount(const AmountBox& amount);
     /// The part of the record's text that the box takes; a view into value.
     [[nodiscard]] static std::string_view shownPart(const TextField& field, const std::string& value);
-    static void showText(const TextFieldBox& text, const ProductRecord& product);
+    void showText(const TextFieldBox& text, const ProductRecord& product) const;
     void showAmount(AmountBox& amount, const ProductRecord& product, AmountForm form);
     void showMoney(ui::TextBox& box, Currency cyValue);
     /// Does the work of PrvCalcExtPrice, but raises where the price cannot be computed.

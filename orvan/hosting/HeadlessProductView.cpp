@@ -50,6 +50,16 @@ bool HeadlessProductView::Dirty() const
     return parts_->view.Dirty();
 }
 
+bool HeadlessProductView::isReadOnly() const
+{
+    return parts_->view.readOnly();
+}
+
+void HeadlessProductView::setReadOnly(bool readOnly)
+{
+    asRuntimeError([&] { parts_->view.setReadOnly(readOnly); });
+}
+
 headless::SurfaceDriver& HeadlessProductView::surface()
 {
     return parts_->surface;

@@ -33,6 +33,11 @@ public:
     [[nodiscard]] Currency TotalValue();
     [[nodiscard]] bool Dirty() const;
 
+    /// Whether the user can only look at the list and copy from it; false at first. The same as
+    /// ProductViewWidget::readOnly.
+    [[nodiscard]] bool isReadOnly() const;
+    void setReadOnly(bool readOnly);
+
     headless::SurfaceDriver& surface();
     headless::GridDriver& flexGrid() { return surface().grid("flexGrid"); }
     headless::EntryDriver& txtTotal() { return surface().textBox("txtTotal"); }

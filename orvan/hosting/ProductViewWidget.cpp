@@ -1,5 +1,6 @@
 #include "orvan/hosting/ProductViewWidget.h"
 
+#include "orvan/core/modInit.h"
 #include "orvan/hosting/QtHost.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/Frame.h"
@@ -8,6 +9,7 @@
 #include "orvan/ui/qt/QtPlatform.h"
 #include "orvan/ui/qt/QtSurface.h"
 #include "orvan/ui/qt/QtText.h"
+#include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/Twips.h"
 #include "orvan/ui/qt/WindowHandles.h"
 #include "orvan/view/ProductView.h"
@@ -30,6 +32,28 @@ namespace {
 
 constexpr int kBandGap = 8; ///< Pixels between the total and the buttons.
 constexpr int kLeastLines = 6;
+
+/// Runs the body for a caller that no exception may reach. Returns whether it ended; otherwise `reason` says why it did
+/// not, to a person.
+template <class Body>
+bool withoutRaising(QString* reason, const Body& body) noexcept
+{
+    try {
+        forgetErrorText();
+        body();
+        return true;
+    } catch (...) {
+        const RuntimeError error = currentErrorWithText();
+        try {
+            if (reason) {
+                *reason = qt::boundedText(qt::translated(error));
+            }
+        } catch (...) {
+            *reason = QStringLiteral("Out of memory"); // takes none
+        }
+    }
+    return false;
+}
 
 } // namespace
 
@@ -75,7 +99,24 @@ public:
     std::int32_t parentWindow() override { return qt::windowHandle(widget_.window()); }
     void propertyChanged(std::string_view /*property*/) override {} // a widget has no properties to save
 
-    void setHostTypeName(const QString& name) { hostTypeName_ = name; }
+    void setHostTypeName(const QString& name)
+    {
+        hostTypeName_ = name;
+        note(nullptr);
+    }
+    const QString& hostTypeName() const { return hostTypeName_; }
+
+    void setReadOnly(bool readOnly)
+    {
+        view_.setReadOnly(readOnly); // has it noted
+        for (const CommandRow& row : kCommands) {
+            QAction* const action = actions_[static_cast<std::size_t>(row.command)];
+            if (action && !row.readOnlyText.empty()) { // the others keep a text that the host may have given them
+                action->setText(qt::plainCaption(textOf(row, readOnly)));
+            }
+        }
+        enableActions();
+    }
 
     void readPropertiesOnce()
     {
@@ -91,7 +132,7 @@ public:
         QAction*& action = actions_[static_cast<std::size_t>(command)];
         if (!action) {
             const CommandRow& row = rowOf(command);
-            action = new QAction(qt::plainCaption(row.text), &widget_);
+            action = new QAction(qt::plainCaption(textOf(row, view_.readOnly())), &widget_);
             action->setShortcut(QKeySequence(qt::toQt(row.key)));
             action->setShortcutContext(Qt::WidgetShortcut); // shown only: the list handles its keys itself
             QObject::connect(action, &QAction::triggered, &widget_, [this, command] { view_.run(command); });
@@ -116,18 +157,35 @@ private:
         }
     }
 
-    void tell()
+    void enableActions()
     {
-        tells_ = false;
         for (const CommandRow& row : kCommands) {
             if (QAction* const action = actions_[static_cast<std::size_t>(row.command)]) {
                 action->setEnabled(view_.enabled(row.command));
             }
         }
+    }
+
+    /// Whether the value is another one than that last told, which it becomes.
+    template <class Value>
+    static bool becomes(Value& told, const Value& now)
+    {
+        return std::exchange(told, now) != now;
+    }
+
+    void tell()
+    {
+        tells_ = false;
+        enableActions();
         const std::vector<Signal> noted = std::exchange(noted_, {});
-        const bool total = std::exchange(total_, view_.totalText()) != view_.totalText();
+        const bool total = becomes(total_, view_.totalText());
         const std::int32_t current = view_.currentProduct();
-        const bool moved = std::exchange(current_, current) != current;
+        const bool moved = becomes(current_, current);
+        const bool dirty = becomes(dirty_, view_.Dirty());
+        const bool readOnly = view_.readOnly();
+        const bool switched = becomes(readOnly_, readOnly);
+        const QString name = hostTypeName_;
+        const bool renamed = becomes(toldName_, name);
         const QPointer<ProductViewWidget> widget(&widget_); // a slot may destroy it, and this object with it
         for (const Signal signal : noted) {
             if (widget) {
@@ -140,14 +198,27 @@ private:
         if (widget && moved) {
             Q_EMIT widget->currentProductChanged(current);
         }
+        if (widget && dirty) {
+            Q_EMIT widget->dirtyChanged(true);
+        }
+        if (widget && switched) {
+            Q_EMIT widget->readOnlyChanged(readOnly);
+        }
+        if (widget && renamed) {
+            Q_EMIT widget->hostTypeNameChanged(name);
+        }
     }
 
     ProductViewWidget& widget_;
     std::array<QAction*, kCommands.size()> actions_{}; ///< Null until somebody asks for them. The widget owns them.
     std::vector<Signal> noted_;
-    bool tells_ = false;       ///< tell() is going to run.
-    std::string total_;        ///< As last told.
-    std::int32_t current_ = 0; ///< As last told.
+    bool tells_ = false; ///< tell() is going to run.
+    // As last told:
+    std::string total_;
+    std::int32_t current_ = 0;
+    bool dirty_ = false;
+    bool readOnly_ = false;
+    QString toldName_;
     QString hostTypeName_;
     bool propertiesRead_ = false;
     qt::QtSurface surface_;
@@ -169,6 +240,44 @@ void ProductViewWidget::setHostTypeName(const QString& name)
     site_->setHostTypeName(name);
 }
 
+QString ProductViewWidget::hostTypeName() const
+{
+    return site_->hostTypeName();
+}
+
+bool ProductViewWidget::load(const QString& products, QString* reason) noexcept
+{
+    return withoutRaising(reason, [&] {
+        if (!products.isValidUtf16()) {
+            throw RuntimeError(ErrorNumber::invalidFileFormat, {},
+                               userText("The products hold half a character, which is no text."));
+        }
+        Show(qt::fromQt(products));
+    });
+}
+
+std::optional<QString> ProductViewWidget::products(QString* reason) const noexcept
+{
+    std::optional<QString> result;
+    withoutRaising(reason, [&] {
+        const std::string bytes = Products();
+        QString text = qt::toQt(bytes);
+        if (qt::fromQt(text) != bytes) { // to save the replacement characters would lose what stands there
+            throw RuntimeError(ErrorNumber::invalidFileFormat, {},
+                               userText("The products hold bytes that are no text (UTF-8)."));
+        }
+        result = std::move(text);
+    });
+    return result;
+}
+
+std::optional<Currency> ProductViewWidget::total(QString* reason) const noexcept
+{
+    std::optional<Currency> result;
+    withoutRaising(reason, [&] { result = TotalValue(); });
+    return result;
+}
+
 void ProductViewWidget::Show(std::string_view sProducts)
 {
     site_->view().Show(sProducts);
@@ -187,6 +296,21 @@ Currency ProductViewWidget::TotalValue() const
 bool ProductViewWidget::Dirty() const
 {
     return site_->view().Dirty();
+}
+
+QString ProductViewWidget::totalText() const
+{
+    return qt::toQt(site_->view().totalText());
+}
+
+bool ProductViewWidget::isReadOnly() const
+{
+    return site_->view().readOnly();
+}
+
+void ProductViewWidget::setReadOnly(bool readOnly)
+{
+    site_->setReadOnly(readOnly);
 }
 
 void ProductViewWidget::refresh()

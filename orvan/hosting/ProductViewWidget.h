@@ -2,13 +2,21 @@
 //
 //     QApplication application(argc, argv);
 //     orvan::ProductViewWidget view;
-//     view.Show(products);
+//     view.load(products);
 //     view.show();
 //
-// `Show` loads products, `show` makes the widget visible. The signals come from the event loop, after the procedure
+// `load` shows products, `show` makes the widget visible. The signals come from the event loop, after the procedure
 // that caused them has ended, so a slot may do anything, also destroy the widget. Several changes in one procedure give
-// one signal. Thread: the user-interface thread, once there is a QApplication. Errors: the constructor, Show, Products
-// and TotalValue raise RuntimeError (orvan/base/RuntimeError.h).
+// one signal. Thread: the user-interface thread, once there is a QApplication.
+//
+// Errors: the constructor, Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h). No exception
+// may leave a slot, because Qt then ends the program; `load`, `products` and `total` do the same as those three, but
+// return false or nothing where these raise:
+//
+//     QString reason;
+//     if (!view.load(products, &reason)) {
+//         QMessageBox::warning(&view, tr("Quote"), reason);
+//     }
 #pragma once
 
 #ifndef Q_MOC_RUN // the meta-object compiler cannot read the standard library's concepts
@@ -16,10 +24,12 @@
 #include "orvan/core/Command.h"
 #endif
 
+#include <QString>
 #include <QWidget>
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,6 +45,14 @@ class QtPlatform;
 
 class ProductViewWidget : public QWidget {
     Q_OBJECT
+    /// As set by setHostTypeName; empty at first.
+    Q_PROPERTY(QString hostTypeName READ hostTypeName WRITE setHostTypeName NOTIFY hostTypeNameChanged)
+    Q_PROPERTY(bool dirty READ Dirty NOTIFY dirtyChanged)
+    /// The total as the list shows it, with the user's money format. The amount itself is that of total().
+    Q_PROPERTY(QString total READ totalText NOTIFY totalChanged)
+    /// Counts from 1, as the positions of a product manager do; 0 if there is no current row.
+    Q_PROPERTY(int currentRow READ currentProduct WRITE setCurrentProduct NOTIFY currentProductChanged)
+    Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly NOTIFY readOnlyChanged)
 
 public:
     /// Makes the widget on the application's own host (orvan/hosting/QtHost.h).
@@ -48,6 +66,18 @@ public:
     /// Sets the name under which the user's choice of columns is kept; by default it is the class name of the window
     /// that the widget is in. The choice is read when the widget is first shown; later calls have no effect.
     void setHostTypeName(const QString& name);
+    QString hostTypeName() const;
+
+    /// The same as Show, but never throws. A false result means that the products could not be loaded, and the view is
+    /// then left as Show leaves it after an error; `reason`, if not null, gets a sentence that says why in the user's
+    /// language, and is left alone otherwise. A text that holds half a character (a surrogate that stands alone) is
+    /// refused, and the list stays.
+    bool load(const QString& products, QString* reason = nullptr) noexcept;
+    /// The same as Products. Nothing where that raises, and where the list has bytes that are not UTF-8, which a
+    /// QString cannot hold.
+    std::optional<QString> products(QString* reason = nullptr) const noexcept;
+    /// The same as TotalValue; nothing where that raises.
+    std::optional<Currency> total(QString* reason = nullptr) const noexcept;
 
     /// Loads the products (UTF-8) and fills the grid; the dirty flag stays as it is.
     void Show(std::string_view sProducts);
@@ -55,6 +85,16 @@ public:
     Currency TotalValue() const;
     /// Whether the user changed anything since the widget was made.
     bool Dirty() const;
+
+    /// The total as it is shown; empty until a list has been shown.
+    QString totalText() const;
+
+    /// Whether the user can only look at the list and copy from it; false at first. Adding, deleting, moving, dragging,
+    /// cutting and pasting are then off, and the editor opens to read: Enter and a double click show a product in boxes
+    /// that take no input. An editor that is open when this is switched goes on as it was opened, so that nobody's
+    /// entry is lost; a question that is open then changes nothing any more. What the host does itself is not affected.
+    bool isReadOnly() const;
+    void setReadOnly(bool readOnly);
 
     /// Shows the list anew, after the host has changed it through the product manager itself.
     void refresh();
@@ -80,6 +120,10 @@ Q_SIGNALS:
     void currentProductChanged(int position);
     void editorOpened();
     void editorClosed();
+    void hostTypeNameChanged(const QString& hostTypeName);
+    /// Dirty has become true; it stays so.
+    void dirtyChanged(bool dirty);
+    void readOnlyChanged(bool readOnly);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -1,5 +1,9 @@
 #include "orvan/hosting/QtHost.h"
 
+#include "orvan/ui/qt/WindowHandles.h"
+
+#include <QWidget>
+
 #include <optional>
 
 namespace orvan {
@@ -26,6 +30,11 @@ void setQtHostOptions(const HostOptions& options)
         throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, "the host's options were set too late");
     }
     asRuntimeError([&] { chosenOptions = options; });
+}
+
+std::int32_t ownerWindow(QWidget* widget)
+{
+    return asRuntimeError([&] { return widget ? qt::windowHandle(widget->window()) : 0; });
 }
 
 } // namespace orvan

@@ -6,6 +6,10 @@
 #include "orvan/hosting/Host.h"
 #include "orvan/ui/qt/QtPlatform.h"
 
+#include <cstdint>
+
+class QWidget;
+
 namespace orvan {
 
 using QtHost = Host<qt::QtPlatform>;
@@ -15,5 +19,9 @@ using QtHost = Host<qt::QtPlatform>;
 QtHost& qtHost();
 /// Raises 5 once the host exists.
 void setQtHostOptions(const HostOptions& options);
+
+/// The handle by which ProductDlg, and what shows a ui::Message, name the window that the widget is in; 0 for null. It
+/// stays the window's own, and names no window once that one is destroyed.
+[[nodiscard]] std::int32_t ownerWindow(QWidget* widget);
 
 } // namespace orvan

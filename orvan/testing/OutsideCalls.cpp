@@ -287,10 +287,10 @@ ui::ScreenPointer& WrappedPlatform::pointer()
     return services_->pointer;
 }
 
-std::unique_ptr<ui::Form> WrappedPlatform::loadForm(const ui::FormDesign& design)
+std::unique_ptr<ui::Form> WrappedPlatform::loadForm(const ui::FormDesign& design, std::int32_t ownerWindow)
 {
     calls_.report("Platform::loadForm");
-    std::unique_ptr<ui::Form> form = inner_.loadForm(design);
+    std::unique_ptr<ui::Form> form = inner_.loadForm(design, ownerWindow);
     for (const ui::ControlDesign& control : design.controls) {
         if (control.kind == ui::ControlKind::timer) {
             form->control<ui::Timer>(control.name).beforeSchedule = [this] { calls_.report("Timer::schedule"); };

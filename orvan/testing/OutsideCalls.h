@@ -78,7 +78,7 @@ public:
     ui::ComponentFactory& components() override;
     ui::ScreenPointer& pointer() override;
     ui::Clipboard& clipboard() override;
-    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design, std::int32_t ownerWindow) override;
 
     /// Called with each form that loadForm has made, before the form is shown.
     std::function<void(ui::Form& form)> onFormLoaded;

@@ -307,7 +307,9 @@ void Grid::userChoseRow(std::int32_t row, RowChoice choice)
 
 void Grid::userDraggedRows(std::int32_t before)
 {
-    raise(onDragRows, before);
+    if (rowDragging_) { // it may have been switched off while the user dragged
+        raise(onDragRows, before);
+    }
 }
 
 bool Grid::userPressedKey(KeyStroke key)

@@ -117,6 +117,9 @@ public:
     /// Whether the user can select several rows. If not, only the current row is selected.
     bool multiSelect() const { return multiSelect_; }
     void setMultiSelect(bool allowed) { multiSelect_ = allowed; }
+    /// Whether the user can drag the selected rows to another place; true at first. Without onDragRows nobody can.
+    bool rowDragging() const { return rowDragging_; }
+    void setRowDragging(bool allowed) { rowDragging_ = allowed; }
     /// Header rows are never selected. A change of the row count leaves only the current row selected.
     const RowSelection& selection() const { return selection_; }
     /// Selects rows, and makes `current` the current row. Raises 5 if a header row is among them.
@@ -163,6 +166,7 @@ protected:
     void userChoseRow(std::int32_t row, RowChoice choice = RowChoice::only);
     /// Returns whether the key has been taken. The event's handler may destroy the grid, and has then taken it.
     [[nodiscard]] bool userPressedKey(KeyStroke key);
+    /// Does nothing if rows cannot be dragged (any more).
     void userDraggedRows(std::int32_t before);
     void userDoubleClicked(std::int32_t row);
     void userRightClicked(std::int32_t row, std::int32_t column);
@@ -196,6 +200,7 @@ private:
     std::int32_t currentRow_ = 0;
     std::int32_t anchorRow_ = 0; ///< Where a selection of several rows begins.
     bool multiSelect_ = false;
+    bool rowDragging_ = true;
     RowSelection selection_;
     UserText searchText_;
     UserText emptyText_;

@@ -12,7 +12,10 @@
 #include "orvan/ui/MessageBox.h"
 #include "orvan/ui/SettingsStore.h"
 
+#include <cstdint>
 #include <functional>
+#include <memory>
+#include <string>
 #include <type_traits>
 
 namespace orvan::ui {
@@ -20,6 +23,16 @@ namespace orvan::ui {
 class Form;
 class ScreenPointer;
 struct FormDesign;
+
+/// Stands in for the address of a host that names none.
+inline constexpr const char* kSupportAddress = "support@orvan.example";
+
+/// Services of a host that a platform uses in place of its own; null: the platform's own. The platform shares them as
+/// long as it lives, and calls them in its thread.
+struct HostServices {
+    std::shared_ptr<SettingsStore> settings = {};
+    std::shared_ptr<MessageBox> messageBox = {};
+};
 
 class Platform {
 public:
@@ -33,11 +46,16 @@ public:
     /// By default one that only this platform uses.
     virtual Clipboard& clipboard() { return clipboard_; }
     /// Makes a form and all its controls without showing it (see orvan/ui/Form.h). Never null. The platform must
-    /// outlive the form. Raises what making a Surface of the same design raises.
-    [[nodiscard]] virtual std::unique_ptr<Form> loadForm(const FormDesign& design) = 0;
+    /// outlive the form. `ownerWindow` is a handle such as Message::ownerWindow; 0, or a window that no longer exists:
+    /// the form belongs to the window that is active when it is shown. Raises what making a Surface of the same design
+    /// raises.
+    [[nodiscard]] virtual std::unique_ptr<Form> loadForm(const FormDesign& design, std::int32_t ownerWindow) = 0;
 
     /// The way of editing of the forms and views that are made from now on.
     EditingWay editing = EditingWay::classic;
+
+    /// Where users find help: the message about an error that closes a dialog names it. UTF-8; shown as it is.
+    std::string supportAddress = kSupportAddress;
 
     /// Takes an error that left an event handler. No exception may cross a toolkit's event loop: the
     /// platform calls this instead and goes on. A host may set its own; it must not throw.

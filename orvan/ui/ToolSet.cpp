@@ -9,6 +9,10 @@ namespace orvan::ui {
 ToolSet::ToolSet(const ControlDesign& design)
     : Control(design), tools_(design.tools), enabled_(design.tools.size(), true), checked_(design.tools.size(), false)
 {
+    captions_.reserve(tools_.size());
+    for (const ToolDesign& tool : tools_) {
+        captions_.push_back(tool.caption);
+    }
 }
 
 std::size_t ToolSet::indexOf(std::string_view id) const
@@ -26,6 +30,15 @@ void ToolSet::setToolEnabled(std::string_view id, bool enabled)
     const std::size_t index = indexOf(id);
     enabled_[index] = enabled;
     doSetToolEnabled(index, enabled);
+}
+
+void ToolSet::setToolCaption(std::string_view id, std::string_view caption)
+{
+    const std::size_t index = indexOf(id);
+    if (caption != captions_[index]) {
+        captions_[index] = caption;
+        doSetToolCaption(index, caption);
+    }
 }
 
 void ToolSet::setToolChecked(std::string_view id, bool checked)

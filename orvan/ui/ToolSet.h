@@ -20,6 +20,9 @@ public:
     bool toolEnabled(std::string_view id) const { return enabled_[indexOf(id)]; }
     /// A tool that is not enabled is shown greyed and cannot be chosen.
     void setToolEnabled(std::string_view id, bool enabled);
+    std::string_view toolCaption(std::string_view id) const { return captions_[indexOf(id)]; }
+    /// Replaces the design's caption; the mnemonic stays. The text outlives the tool set.
+    void setToolCaption(std::string_view id, std::string_view caption);
     bool toolChecked(std::string_view id) const { return checked_[indexOf(id)]; }
     /// A tool that is checked is shown with a mark.
     void setToolChecked(std::string_view id, bool checked);
@@ -30,6 +33,8 @@ public:
 protected:
     /// The platform shows whether the tool is enabled; `index` is its place in tools().
     virtual void doSetToolEnabled(std::size_t index, bool enabled) = 0;
+    /// The platform shows the tool's caption.
+    virtual void doSetToolCaption(std::size_t index, std::string_view caption) = 0;
     /// The platform shows whether the tool is checked.
     virtual void doSetToolChecked(std::size_t index, bool checked) = 0;
     /// The platform reports that the user chose a tool. Raises onToolClick; does nothing for a tool that is not
@@ -40,6 +45,7 @@ private:
     std::size_t indexOf(std::string_view id) const;
 
     std::span<const ToolDesign> tools_;
+    std::vector<std::string_view> captions_;
     std::vector<bool> enabled_;
     std::vector<bool> checked_;
 };

@@ -118,11 +118,19 @@ void ListCommands::flexGrid_KeyDown(ui::KeyStroke& key)
 
 bool ListCommands::enabled(Command command) const
 {
-    return (this->*bindingOf(command).enabled)();
+    return mayRun(command) && (this->*bindingOf(command).enabled)();
+}
+
+bool ListCommands::mayRun(Command command) const
+{
+    return !view_.readOnly() || !rowOf(command).changesList;
 }
 
 void ListCommands::run(Command command)
 {
+    if (!mayRun(command)) {
+        return;
+    }
     if (command != Command::findNext && command != Command::findPrevious) {
         find_.end();
     }
@@ -250,6 +258,7 @@ void ListCommands::prepareRowMenu()
     for (const CommandRow& row : kCommands) {
         for (const ui::ToolDesign& tool : mnuRow_.tools()) {
             if (tool.id == row.id) {
+                mnuRow_.setToolCaption(row.id, textOf(row, view_.readOnly()));
                 mnuRow_.setToolEnabled(row.id, enabled(row.command));
             }
         }

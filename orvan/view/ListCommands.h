@@ -39,6 +39,9 @@ public:
     [[nodiscard]] bool enabled(Command command) const;
 
 private:
+    /// Whether the list may be changed, or the command does not change it.
+    [[nodiscard]] bool mayRun(Command command) const;
+
     /// How a command is run, and when it can be.
     struct Binding {
         Command command;

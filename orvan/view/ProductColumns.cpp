@@ -104,9 +104,15 @@ void ProductColumns::PrvInitGrid()
     flexGrid_.setUserResizing(true);
     flexGrid_.setColumnWidth(0, kNumberColumnWidth);
     flexGrid_.setColumnTakesRest(columnIndices_[kNameColumn], true);
-    flexGrid_.setEmptyText(userText("No products yet. Press Insert or the + button to add one."));
+    showEmptyText(false);
     PrvSetColumnHeaders();
     flexGrid_.setRedraw(true);
+}
+
+void ProductColumns::showEmptyText(bool readOnly)
+{
+    flexGrid_.setEmptyText(readOnly ? userText("No products.")
+                                    : userText("No products yet. Press Insert or the + button to add one."));
 }
 
 void ProductColumns::PrvSetColumnHeaders()

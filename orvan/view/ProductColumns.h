@@ -82,6 +82,8 @@ public:
     void showRow(std::int32_t row, Cells&& cells);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
+    /// What the list shows instead of rows while it has none.
+    void showEmptyText(bool readOnly);
 
 private:
     struct ChosenColumn {

@@ -182,6 +182,15 @@ void ProductView::setCurrentProduct(std::int32_t position)
     tellRowChosen();
 }
 
+void ProductView::setReadOnly(bool readOnly)
+{
+    readOnly_ = readOnly;
+    flexGrid_.setRowDragging(!readOnly);
+    columns_.showEmptyText(readOnly);
+    fraBottomRight_.setEnabled(!readOnly); // the four buttons; one that has the focus gives it to the list
+    runHandler(events.refreshed);
+}
+
 const std::string& ProductView::totalText() const
 {
     return txtTotal_.text();

@@ -75,6 +75,12 @@ public:
     /// form's type name. Never raises.
     void UserControl_ReadProperties();
 
+    /// Whether the user can only look at the list and copy from it; false at first. The editor then opens to read. An
+    /// editor that is open when this is switched goes on as it was opened; a question that is open then changes nothing
+    /// any more. Loading a list, and what the host does through the product manager, is not affected.
+    [[nodiscard]] bool readOnly() const { return readOnly_; }
+    void setReadOnly(bool readOnly);
+
     /// Runs a command as its key does; see ListCommands.
     void run(Command command) { commands_.run(command); }
     [[nodiscard]] bool enabled(Command command) const { return commands_.enabled(command); }
@@ -105,6 +111,8 @@ private:
         {
         }
         [[nodiscard]] bool stillShown() const { return !watch_.ended() && view_.productMgr_ == manager_; }
+        /// The same, for a procedure that has asked the user before it changes the list.
+        [[nodiscard]] bool stillEditable() const { return stillShown() && !view_.readOnly_; }
         /// Held as long as this object, so that it outlives each call into it. Error 91 when there is none.
         ProductMgr* operator->() const;
         const std::shared_ptr<ProductMgr>& manager() const { return manager_; }
@@ -183,6 +191,7 @@ private:
     Lifetime lifetime_;                      ///< A host may destroy the view while one of its procedures runs.
     std::shared_ptr<ProductMgr> productMgr_; ///< Never null once the view is made.
     LocaleStrings locale_;                   ///< Read once; of the five only the symbol is used here, for the total.
+    bool readOnly_ = false;
     bool dirty_ = false;
     bool dirtyLock_ = false; ///< While true, the flag cannot be set. No procedure sets the lock so far.
     /// True only where Deviation::failedRefreshShowsFormerRows applies: a refresh has failed, and the grid shows the

@@ -113,7 +113,9 @@ void ProductView::editRow(std::int32_t row)
             index = 1;
         }
         if (list.stillShown()) {
-            openEditor(list, [&](ProductDlg& dialog, const auto& manager) { dialog.Show(manager, index); });
+            openEditor(list, [&, toRead = readOnly_](ProductDlg& dialog, const auto& manager) {
+                toRead ? dialog.showReadOnly(manager, index) : dialog.Show(manager, index);
+            });
         }
     });
 }
@@ -140,7 +142,7 @@ void ProductView::PrvDeleteProduct()
                 {.text = userText("Please select a product first"), .ownerWindow = messageOwner()});
             return;
         }
-        if (!userAgreesToDelete(rows.size()) || !list.stillShown()) {
+        if (!userAgreesToDelete(rows.size()) || !list.stillEditable()) {
             return;
         }
         std::reverse(rows.begin(), rows.end());

@@ -97,7 +97,7 @@ void ProductView::pasteProducts()
                                                      .buttons = ui::MessageButtons::yesNo,
                                                      .icon = ui::MessageIcon::question,
                                                      .ownerWindow = messageOwner()});
-    if (answer == ui::MessageResult::yes && list.stillShown()) {
+    if (answer == ui::MessageResult::yes && list.stillEditable()) {
         const std::vector<std::int32_t> rows = rowsToActOn();
         addBelow(list, rows.empty() ? flexGrid_.rowCount() - 1 : rows.back(), products);
     }

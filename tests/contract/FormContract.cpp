@@ -45,7 +45,7 @@ const ui::FormDesign kFormDesign{
 void FormContract::SetUp()
 {
     PlatformContract::SetUp();
-    form = driver->platform().loadForm(kFormDesign);
+    form = driver->platform().loadForm(kFormDesign, 0);
     for (const ui::ControlDesign& design : kFormDesign.controls) {
         auto& control = form->control<ui::Control>(design.name);
         control.onGotFocus = [this, &control] { log += control.name() + "+ "; };

@@ -24,7 +24,7 @@ protected:
 
     void load(const ui::FormDesign& design)
     {
-        form = driver.platform().loadForm(design);
+        form = driver.platform().loadForm(design, 0);
         for (const char* name : {"a", "b", "c", "cancel"}) {
             form->control<ui::Button>(name).onClick = [this, name] { log += std::string(name) + ' '; };
         }
@@ -243,7 +243,7 @@ TEST_F(QtFormTest, ButtonsLoseTheirPicturesWhereTheScreenIsTooNarrow)
         };
         // clang-format on
         const ui::FormDesign design{.name = "Wide", .width = width, .height = 600, .controls = controls};
-        const auto wide = driver.platform().loadForm(design);
+        const auto wide = driver.platform().loadForm(design, 0);
         auto& button = wide->control<ui::Button>("save");
         const bool squeezed = width == kWiderThanTheScreen;
         EXPECT_EQ(dynamic_cast<QPushButton*>(widgetOf(button))->icon().isNull(), squeezed);

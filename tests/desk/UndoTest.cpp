@@ -269,5 +269,28 @@ TEST_F(UndoTest, TheWidgetTellsWhatHappens)
     EXPECT_TRUE(products->action(Command::add)->isEnabled());
 }
 
+TEST_F(UndoTest, AListToReadKeepsItsStepsAndTakesNone)
+{
+    show(kThree);
+    products->setCurrentProduct(1);
+    run(Command::remove);
+    const std::string afterwards = products->Products();
+    const auto actions = window.findChildren<QAction*>();
+    const auto found = std::find_if(actions.begin(), actions.end(),
+                                    [](const QAction* a) { return a->iconText() == QStringLiteral("Undo"); });
+    ASSERT_NE(found, actions.end());
+    QAction* const undo = *found;
+    ASSERT_TRUE(undo->isEnabled());
+    products->setReadOnly(true);
+    undo->trigger(); // by a key that came before the action was disabled
+    EXPECT_EQ(products->Products(), afterwards);
+    settle();
+    EXPECT_FALSE(undo->isEnabled());
+    products->setReadOnly(false);
+    settle();
+    undo->trigger();
+    EXPECT_EQ(products->Products(), kThree);
+}
+
 } // namespace
 } // namespace orvan::desk

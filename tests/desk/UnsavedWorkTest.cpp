@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QDateEdit>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -140,6 +141,26 @@ TEST_F(UnsavedWorkTest, AQuoteThatIsOpenElsewhereIsToldAndCanBeRead)
     answerNext("Open to Read");
     EXPECT_TRUE(second.open(path()));
     EXPECT_THAT(second.windowTitle().toStdString(), testing::Not(HasSubstr("own.quote.json"))) << "saving asks where";
+    EXPECT_THAT(second.windowTitle().toStdString(), HasSubstr("(read only)"));
+    const auto takesInput = [](const MainWindow& window) {
+        std::string what;
+        for (auto* const field : window.findChildren<QLineEdit*>()) {
+            what += field->isReadOnly() || field->objectName() == QStringLiteral("txtTotal") ? "" : "field ";
+        }
+        what += window.findChild<QDateEdit*>()->isReadOnly() ? "" : "date ";
+        what += window.findChild<ProductViewWidget*>()->isReadOnly() ? "" : "list ";
+        for (auto* const action : window.findChildren<QAction*>()) {
+            const bool changes = action->text() == QStringLiteral("&Import Lines…") ||
+                                 action->text() == QStringLiteral("Quote Curre&ncy…");
+            what += changes && action->isEnabled() ? "action " : "";
+        }
+        return what;
+    };
+    QCoreApplication::processEvents(); // actions are enabled from the event loop
+    EXPECT_EQ(takesInput(second), "");
+    EXPECT_TRUE(second.openSample(QStringLiteral("coffee-bar")));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(takesInput(second), "field field field date list action action ") << "another quote";
 }
 
 TEST_F(UnsavedWorkTest, MembersOfTheFileThatTheDeskDoesNotKnowAreKept)

@@ -7,6 +7,7 @@
 #include "orvan/hosting/ThreadMessages.h"
 #include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/headless/HeadlessPlatform.h"
+#include "tests/hosting/HostServices.h"
 #include "tests/support/Raised.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TemporaryFolder.h"
@@ -211,6 +212,36 @@ TEST(ThreadMessages, GoToTheNewestHostThatLives)
     ThreadMessages::show({.text = "nobody"});
     EXPECT_EQ(first.shown().size(), 0U);
     EXPECT_EQ(second.shown().size(), 2U);
+}
+
+TEST(HostOptions, EachServiceCanBeReplaced)
+{
+    test::checkServices<HeadlessHost>();
+    test::checkFailingFactories<HeadlessHost>();
+}
+
+TEST(HostOptions, AHostsOwnServicesAreUsedByItsViews)
+{
+    const auto store = std::make_shared<test::OwnStore>();
+    const auto trace = std::make_shared<test::OwnTrace>();
+    int managers = 0;
+    HostOptions options;
+    options.settings = store;
+    options.makeTrace = [&] { return trace; };
+    options.makeProductMgr = [&] {
+        ++managers;
+        return std::dynamic_pointer_cast<ProductMgr>(productMgrFactory()());
+    };
+    std::thread([&] { // a new one, because a thread keeps the trace object that it has
+        HeadlessHost host(options);
+        HeadlessProductView view(host.platform(), "Own");
+        view.Show("");
+        view.flexGrid().dragColumn(2, 1234);
+    })
+        .join();
+    EXPECT_EQ(managers, 2);
+    EXPECT_THAT(trace->entered, ::testing::Contains("KTVOrvanProduct.ProductView::Show"));
+    EXPECT_EQ(store->values.size(), 1U) << "the widths, under the view's name";
 }
 
 TEST(DefaultComponents, CatalogueIsTheFileOfTheOptionsOrEmpty)

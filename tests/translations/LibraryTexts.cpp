@@ -22,7 +22,8 @@ void print(std::string_view caption, char mnemonic = 0)
 
 int main()
 {
-    for (const orvan::ui::FormDesign* design : {&orvan::kProductFormDesign, &orvan::kProductViewDesign}) {
+    for (const orvan::ui::FormDesign* design :
+         {&orvan::kProductFormDesign, &orvan::kProductReadDesign, &orvan::kProductViewDesign}) {
         for (const orvan::ui::ControlDesign& control : design->controls) {
             print(control.caption, control.mnemonic);
             print(control.toolTip);
@@ -33,6 +34,7 @@ int main()
     }
     for (const orvan::CommandRow& command : orvan::kCommands) {
         print(command.text);
+        print(command.readOnlyText);
     }
     for (const auto& column : orvan::kColumns) {
         print(column.caption);

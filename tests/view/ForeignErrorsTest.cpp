@@ -62,9 +62,11 @@ struct FailingSettings final : ui::SettingsStore {
 /// A platform of a host's own that cannot be made.
 struct NoPlatform {
     NoPlatform(ui::LocaleService&, ui::ComponentFactory&, const Kind& kind) { kind.raise(); }
+    void useServices(const ui::HostServices& /*services*/) {}
     ui::MessageBox& messageBox() { return box; }
     headless::HeadlessMessageBox box;
     ui::EditingWay editing{};
+    std::string supportAddress;
 };
 
 class ForeignErrorsTest : public ViewFixture {

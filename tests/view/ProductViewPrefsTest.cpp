@@ -118,7 +118,10 @@ TEST_F(ProductViewPrefsTest, ABrokenStoreCostsOnlyThePreferences)
         ui::LocaleService& locale() override { return inner_.locale(); }
         ui::ComponentFactory& components() override { return inner_.components(); }
         ui::ScreenPointer& pointer() override { return inner_.pointer(); }
-        std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override { return inner_.loadForm(design); }
+        std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design, std::int32_t ownerWindow) override
+        {
+            return inner_.loadForm(design, ownerWindow);
+        }
 
     private:
         headless::HeadlessPlatform& inner_;

@@ -99,7 +99,8 @@ bool askFormat(LineFormat& format, QWidget* window)
 
 ExchangeActions::ExchangeActions(QMenu* menu, const Desk& desk) : QObject(desk.window), desk_(desk)
 {
-    menu->addAction(tr("&Import Lines…"), this, &ExchangeActions::chooseAndImport);
+    QAction* const import = menu->addAction(tr("&Import Lines…"), this, &ExchangeActions::chooseAndImport);
+    connect(&desk.products, &ProductViewWidget::readOnlyChanged, import, &QAction::setDisabled);
     menu->addAction(tr("E&xport Lines…"), this, &ExchangeActions::chooseAndExport);
 }
 

@@ -1256,6 +1256,30 @@ Saving would overwrite these changes.</source>
         <source>a row stands within row %1</source>
         <translation>صف موجود داخل الصف %1</translation>
     </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>إغلاق (&amp;غ)</translation>
+    </message>
+    <message>
+        <source>No products.</source>
+        <translation>لا توجد منتجات.</translation>
+    </message>
+    <message>
+        <source>Product Information (Read Only)</source>
+        <translation>معلومات المنتج (للقراءة فقط)</translation>
+    </message>
+    <message>
+        <source>The products hold bytes that are no text (UTF-8).</source>
+        <translation>تحتوي المنتجات على بايتات ليست نصًا (UTF-8).</translation>
+    </message>
+    <message>
+        <source>The products hold half a character, which is no text.</source>
+        <translation>تحتوي المنتجات على نصف حرف، وهو ليس نصًا.</translation>
+    </message>
+    <message>
+        <source>View Product</source>
+        <translation>عرض المنتج</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -2103,6 +2127,10 @@ Without an address, products are looked up in this computer&apos;s own catalogue
     <message>
         <source>This address cannot be used.</source>
         <translation>لا يمكن استخدام هذا العنوان.</translation>
+    </message>
+    <message>
+        <source>%1 (read only)</source>
+        <translation>%1 (للقراءة فقط)</translation>
     </message>
 </context>
 <context>

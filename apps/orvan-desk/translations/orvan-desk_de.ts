@@ -1240,6 +1240,30 @@ Speichern würde diese Änderungen überschreiben.</translation>
         <source>a row stands within row %1</source>
         <translation>eine Zeile steht in der Zeile %1</translation>
     </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>No products.</source>
+        <translation>Keine Artikel.</translation>
+    </message>
+    <message>
+        <source>Product Information (Read Only)</source>
+        <translation>Artikelinformationen (nur zum Lesen)</translation>
+    </message>
+    <message>
+        <source>The products hold bytes that are no text (UTF-8).</source>
+        <translation>Die Artikel enthalten Bytes, die kein Text sind (UTF-8).</translation>
+    </message>
+    <message>
+        <source>The products hold half a character, which is no text.</source>
+        <translation>Die Artikel enthalten ein halbes Zeichen, das kein Text ist.</translation>
+    </message>
+    <message>
+        <source>View Product</source>
+        <translation>Artikel ansehen</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -2047,6 +2071,10 @@ Ohne Adresse werden Artikel im eigenen Katalog dieses Rechners gesucht.</transla
     <message>
         <source>This address cannot be used.</source>
         <translation>Diese Adresse kann nicht benutzt werden.</translation>
+    </message>
+    <message>
+        <source>%1 (read only)</source>
+        <translation>%1 (nur zum Lesen)</translation>
     </message>
 </context>
 <context>

@@ -251,13 +251,23 @@ QList<QAction*> QuoteHistory::makeActions(QObject* parent)
         };
         return std::pair(action, name);
     };
+    // A list that can only be read keeps its steps, but does not take them.
+    const auto takesSteps = [this](QAction* action, void (QUndoStack::*take)(), bool (QUndoStack::*can)() const,
+                                   void (QUndoStack::*canChanged)(bool)) {
+        connect(action, &QAction::triggered, this, [this, take] {
+            if (!products_.isReadOnly()) {
+                (stack_.*take)();
+            }
+        });
+        const auto enable = [this, action, can] { action->setEnabled((stack_.*can)() && !products_.isReadOnly()); };
+        connect(&stack_, canChanged, action, enable);
+        connect(&products_, &ProductViewWidget::readOnlyChanged, action, enable);
+    };
     const auto [undo, nameUndo] = make(tr("&Undo"), tr("&Undo %1"), QKeySequence::Undo);
-    connect(undo, &QAction::triggered, &stack_, &QUndoStack::undo);
-    connect(&stack_, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    takesSteps(undo, &QUndoStack::undo, &QUndoStack::canUndo, &QUndoStack::canUndoChanged);
     connect(&stack_, &QUndoStack::undoTextChanged, undo, nameUndo);
     const auto [redo, nameRedo] = make(tr("&Redo"), tr("&Redo %1"), QKeySequence(tr("Ctrl+Shift+Z")));
-    connect(redo, &QAction::triggered, &stack_, &QUndoStack::redo);
-    connect(&stack_, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    takesSteps(redo, &QUndoStack::redo, &QUndoStack::canRedo, &QUndoStack::canRedoChanged);
     connect(&stack_, &QUndoStack::redoTextChanged, redo, nameRedo);
     return {undo, redo};
 }

@@ -37,7 +37,8 @@ public:
     /// Another quote is shown: nothing can be undone any more.
     void restart();
     QUndoStack& stack() { return stack_; }
-    /// Actions for a menu that undo a step and do it again, and name the step. `parent` owns them.
+    /// Actions for a menu that undo a step and do it again, and name the step. They are disabled while the list can
+    /// only be read. `parent` owns them.
     [[nodiscard]] QList<QAction*> makeActions(QObject* parent);
 
 Q_SIGNALS:

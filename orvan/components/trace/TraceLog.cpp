@@ -3,11 +3,11 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 #include "orvan/components/trace/TraceFile.h"
+#include "orvan/core/KeptError.h"
 #include "orvan/core/modInit.h"
 
 #include <array>
 #include <exception>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -90,7 +90,7 @@ public:
     {
     }
 
-    std::int32_t LastErrorNumber() override { return lastError_ ? lastError_->number() : 0; }
+    std::int32_t LastErrorNumber() override { return last_.error() ? last_.error()->number() : 0; }
     std::int32_t AppErrorNumber() override { return kAppErrorNumber; }
     void TraceError(std::string_view sText) override;
     void TraceEnter(std::string_view label) override;
@@ -104,14 +104,13 @@ private:
     std::shared_ptr<TraceFile> file_;
     ui::MessageBox& messageBox_;
     OpenProcedures open_;
-    std::optional<RuntimeError> lastError_;
-    bool passingUp_ = false; // the last call was TraceError, so that another one may be about the same error
-    std::string line_;       // a member, so that its capacity is reused and a call allocates nothing
+    KeptError last_;   // of two calls of TraceError in a row, the second one may be about the same error
+    std::string line_; // a member, so that its capacity is reused and a call allocates nothing
 };
 
 void TraceLog::TraceEnter(std::string_view label)
 {
-    passingUp_ = false;
+    last_.goOn();
     beginLine("enter ", open_.enter(label));
     appendOnOneLine(line_, label);
     file_->write(line_, false);
@@ -119,7 +118,7 @@ void TraceLog::TraceEnter(std::string_view label)
 
 void TraceLog::TraceExit(std::string_view label)
 {
-    passingUp_ = false;
+    last_.goOn();
     open_.exit(label);
     beginLine("exit  ", open_.depth());
     appendOnOneLine(line_, label);
@@ -129,18 +128,11 @@ void TraceLog::TraceExit(std::string_view label)
 void TraceLog::TraceError(std::string_view sText)
 {
     if (std::current_exception()) {
-        RuntimeError error = currentError();
-        // When an error is passed from procedure to procedure, only its number remains. The first error is kept,
-        // because its text tells the user more.
-        const bool sameError = passingUp_ && lastError_ && error.number() == lastError_->number() &&
-                               error.source().empty() && error.description().empty();
-        if (!sameError) {
-            lastError_ = std::move(error);
-        }
+        last_.note(currentError());
+        last_.passOn();
     } else {
-        lastError_.reset(); // no exception is being handled, so there is no error to record
+        last_.forget(); // no exception is being handled, so there is no error to record
     }
-    passingUp_ = true;
     open_.fail();
     beginLine("error ", open_.depth());
     appendLastError();
@@ -153,12 +145,12 @@ void TraceLog::TraceError(std::string_view sText)
 
 void TraceLog::ShowLastError(std::int32_t hWnd)
 {
-    passingUp_ = false;
+    last_.goOn();
     beginLine("show  ", open_.depth());
     appendLastError();
     file_->write(line_, true);
-    if (lastError_) {
-        messageBox_.show({.text = userText("Error %1: %2", lastError_->number(), lastError_->userText()),
+    if (const auto& error = last_.error()) {
+        messageBox_.show({.text = userText("Error %1: %2", error->number(), error->userText()),
                           .buttons = ui::MessageButtons::ok,
                           .icon = ui::MessageIcon::exclamation,
                           .ownerWindow = hWnd});
@@ -178,16 +170,17 @@ void TraceLog::beginLine(std::string_view kind, std::size_t depth)
 
 void TraceLog::appendLastError()
 {
-    if (!lastError_) {
+    const auto& error = last_.error();
+    if (!error) {
         line_ += "none";
         return;
     }
-    line_ += std::to_string(lastError_->number());
+    line_ += std::to_string(error->number());
     line_ += ' ';
-    appendOnOneLine(line_, lastError_->text());
-    if (!lastError_->source().empty()) {
+    appendOnOneLine(line_, error->text());
+    if (!error->source().empty()) {
         line_ += " [";
-        appendOnOneLine(line_, lastError_->source());
+        appendOnOneLine(line_, error->source());
         line_ += ']';
     }
 }

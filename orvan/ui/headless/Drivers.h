@@ -58,6 +58,8 @@ public:
     virtual std::string offered() const = 0;
     /// The IDs of the tools that have a mark, separated by blanks.
     virtual std::string checked() const = 0;
+    /// What the menu shows for the tool. Raises 5 for an ID that no tool has.
+    virtual std::string caption(std::string_view id) const = 0;
     /// Chooses the tool, which closes the menu. Raises 5 if the menu is not open.
     virtual void choose(std::string_view id) = 0;
     /// Presses Escape or clicks elsewhere, which closes the menu. Raises 5 if the menu is not open.
@@ -80,6 +82,7 @@ public:
     /// Clicks a row with Ctrl, which adds it to the selected rows or takes it out of them.
     virtual void toggleRow(std::int32_t row) = 0;
     /// Drags the selected rows to the place above the row `before`; the row count stands for the end of the list.
+    /// Raises 5 where no row is selected or rows cannot be dragged.
     virtual void dragRows(std::int32_t before) = 0;
     /// Double clicks a row (-1: where there is no row). The first click chooses the row unless it is a header.
     virtual void doubleClick(std::int32_t row) = 0;
@@ -176,6 +179,8 @@ public:
     virtual const std::string& caption() const = 0;
     /// False once the form has closed. Its controls then still have their texts, but raise no events.
     virtual bool loaded() const = 0;
+    /// The handle of the window that the form belongs to, as ProductDlg was given it; 0: none was named.
+    virtual std::int32_t ownerWindow() const = 0;
 };
 
 } // namespace orvan::headless

@@ -196,7 +196,7 @@ void HeadlessGrid::choose(std::int32_t row, ui::RowChoice choice)
 
 void HeadlessGrid::dragRows(std::int32_t before)
 {
-    if (selection().count() == 0 || before < fixedRows() || before > rowCount()) {
+    if (!rowDragging() || selection().count() == 0 || before < fixedRows() || before > rowCount()) {
         raiseImpossible(name() + ": a user cannot drag the selected rows to row " + std::to_string(before));
     }
     userDraggedRows(before);

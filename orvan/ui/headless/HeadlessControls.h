@@ -59,6 +59,7 @@ public:
 private:
     void doMove() override {}
     void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+    void doSetToolCaption(std::size_t /*index*/, std::string_view /*caption*/) override {}
     void doSetToolChecked(std::size_t /*index*/, bool /*checked*/) override {}
 };
 
@@ -77,10 +78,12 @@ public:
     std::string checked() const override;
     void choose(std::string_view id) override;
     void dismiss() override;
+    std::string caption(std::string_view id) const override { return std::string(toolCaption(id)); }
 
 private:
     void doMove() override {}
     void doSetToolEnabled(std::size_t /*index*/, bool /*enabled*/) override {}
+    void doSetToolCaption(std::size_t /*index*/, std::string_view /*caption*/) override {}
     void doSetToolChecked(std::size_t /*index*/, bool /*checked*/) override {}
     [[noreturn]] void raiseUndriven() const;
 

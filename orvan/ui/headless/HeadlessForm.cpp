@@ -4,8 +4,8 @@
 
 namespace orvan::headless {
 
-HeadlessForm::HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform)
-    : DrivenSurface(design, platform), platform_(platform)
+HeadlessForm::HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform, std::int32_t ownerWindow)
+    : DrivenSurface(design, platform), platform_(platform), ownerWindow_(ownerWindow)
 {
     buildControls();
 }

@@ -14,7 +14,7 @@ class HeadlessPlatform;
 
 class HeadlessForm final : public DrivenSurface<ui::Form, FormDriver> {
 public:
-    HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform);
+    HeadlessForm(const ui::FormDesign& design, HeadlessPlatform& platform, std::int32_t ownerWindow = 0);
 
     void clickCloseBox() override { unload(ui::UnloadMode::closeBox); }
     void pressEscape() override { userPressedEscape(); }
@@ -22,6 +22,7 @@ public:
     [[nodiscard]] bool press(const ui::KeyStroke& key) { return userPressedKey(key); }
     const std::string& caption() const override { return Form::caption(); }
     bool loaded() const override { return Form::loaded(); }
+    std::int32_t ownerWindow() const override { return ownerWindow_; }
 
     std::int32_t window() override { return 0; }
 
@@ -32,6 +33,7 @@ private:
     void doUnload() override {}
 
     HeadlessPlatform& platform_;
+    std::int32_t ownerWindow_;
 };
 
 } // namespace orvan::headless

@@ -3,6 +3,7 @@
 #include "orvan/ui/headless/HeadlessForm.h"
 
 #include <iostream>
+#include <utility>
 
 namespace orvan::headless {
 
@@ -27,6 +28,9 @@ ui::MessageResult HeadlessMessageBox::show(const ui::Message& message)
     if (onWaiting) {
         onWaiting(message);
     }
+    if (const auto box = hostBox) { // held, because the user of that box may take it away meanwhile
+        return box->show(message);
+    }
     if (answers_.empty() || !offers(message.buttons, answers_.front())) {
         ++unanswered_;
         throw RuntimeError(ErrorNumber::internalError, {},
@@ -39,6 +43,9 @@ ui::MessageResult HeadlessMessageBox::show(const ui::Message& message)
 
 std::string HeadlessSettingsStore::get(std::string_view application, std::string_view section, std::string_view key)
 {
+    if (hostStore) {
+        return hostStore->get(application, section, key);
+    }
     const auto found = values_.find({std::string(application), std::string(section), std::string(key)});
     return found == values_.end() ? std::string() : found->second;
 }
@@ -46,6 +53,10 @@ std::string HeadlessSettingsStore::get(std::string_view application, std::string
 void HeadlessSettingsStore::set(std::string_view application, std::string_view section, std::string_view key,
                                 std::string_view value)
 {
+    if (hostStore) {
+        hostStore->set(application, section, key, value);
+        return;
+    }
     values_[{std::string(application), std::string(section), std::string(key)}] = value;
 }
 
@@ -57,9 +68,15 @@ HeadlessPlatform::HeadlessPlatform(ui::LocaleService& locale, ui::ComponentFacto
     };
 }
 
-std::unique_ptr<ui::Form> HeadlessPlatform::loadForm(const ui::FormDesign& design)
+std::unique_ptr<ui::Form> HeadlessPlatform::loadForm(const ui::FormDesign& design, std::int32_t ownerWindow)
 {
-    return std::make_unique<HeadlessForm>(design, *this);
+    return std::make_unique<HeadlessForm>(design, *this, ownerWindow);
+}
+
+void HeadlessPlatform::useServices(ui::HostServices services)
+{
+    settings_.hostStore = std::move(services.settings);
+    messageBox_.hostBox = std::move(services.messageBox);
 }
 
 HeadlessPlatform::Driver HeadlessPlatform::nextDriver()

@@ -2,8 +2,9 @@
 //
 // For hosts without a window (servers, converters, tests): the same logic runs on controls in memory.
 // A user's answers to message boxes and actions in dialogs are given in advance, time passes by
-// clock().advance(), and settings live as long as the platform. A message box
-// without an answer and a form without a driver raise 51. Ownership: the host. Thread: the thread that made it.
+// clock().advance(), and settings live as long as the platform, unless the host has services of its own for them
+// (useServices). A message box without an answer and a form without a driver raise 51. Ownership: the host. Thread: the
+// thread that made it.
 #pragma once
 
 #include "orvan/ui/Platform.h"
@@ -13,6 +14,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 #include <tuple>
 #include <vector>
 
@@ -20,17 +22,20 @@ namespace orvan::headless {
 
 class HeadlessForm;
 
-/// A message box that takes its answers from a queue.
+/// A message box that takes its answers from a queue, or from the host's own message box.
 class HeadlessMessageBox final : public ui::MessageBox {
 public:
+    /// If not null, every message goes there, and the queue is not used.
+    std::shared_ptr<ui::MessageBox> hostBox;
+
     /// Adds an answer to the queue; each message box takes the first one.
     void answer(ui::MessageResult result) { answers_.push_back(result); }
 
     /// Runs while a message box waits for its answer, as timers and other windows do in a program.
     std::function<void(const ui::Message& message)> onWaiting;
 
-    /// Raises 51 if the queue is empty or its first answer is none of the box's buttons. The message box is then still
-    /// in shown().
+    /// Raises 51 if the queue is empty or its first answer is none of the box's buttons, and what the host's box
+    /// raises. The message box is then still in shown().
     ui::MessageResult show(const ui::Message& message) override;
 
     /// Every message box so far, oldest first.
@@ -46,8 +51,12 @@ private:
     int unanswered_ = 0;
 };
 
+/// Settings in memory, or in the host's own store.
 class HeadlessSettingsStore final : public ui::SettingsStore {
 public:
+    /// If not null, every setting is read and kept there.
+    std::shared_ptr<ui::SettingsStore> hostStore;
+
     std::string get(std::string_view application, std::string_view section, std::string_view key) override;
     void set(std::string_view application, std::string_view section, std::string_view key,
              std::string_view value) override;
@@ -79,7 +88,10 @@ public:
     ui::LocaleService& locale() override { return locale_; }
     ui::ComponentFactory& components() override { return components_; }
     HeadlessPointer& pointer() override { return pointer_; }
-    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design, std::int32_t ownerWindow) override;
+
+    /// Uses the host's services from now on.
+    void useServices(ui::HostServices services);
 
     /// A function of the host that plays the user of one form. "Driver" means such a function in the names below;
     /// the interface that it uses is a FormDriver.

@@ -33,13 +33,6 @@ constexpr QSize kDecoration(16, 48);
 constexpr Qt::WindowFlags kFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                    Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
 
-/// The window that a new one is to be placed above; null when none of the program's windows is active.
-QWidget* windowInFront()
-{
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
-}
-
 /// Selects the text of the box with the focus, as Tab does. Setting the focus with TabFocusReason would not be enough:
 /// that reason is lost if the window becomes active only later.
 void selectFirst(const QWidget* window)
@@ -140,8 +133,8 @@ private:
     QtForm* form_;
 };
 
-QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform)
-    : Form(design, platform), window_(new Window(*this)), widgets_(*this, platform, window_)
+QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform, QWidget* owner)
+    : Form(design, platform), owner_(owner), window_(new Window(*this)), widgets_(*this, platform, window_)
 {
     widgets_.onUserFocus = [this](ui::Control& to) { userMovedFocus(to); };
     widgets_.onHostSize = [this](int width, int height) { setInnerSize(toTwips(width), toTwips(height)); };
@@ -153,8 +146,8 @@ QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform)
     }
     widgets_.complete();
     doSetCaption();
-    QWidget* front = windowInFront();
-    const QScreen* screen = front ? front->screen() : QApplication::primaryScreen();
+    const QWidget* const front = windowBelow();
+    const QScreen* const screen = front ? front->screen() : QApplication::primaryScreen();
     const QSize fitting = fitToContents(*this, screen->availableSize() - kDecoration);
     // At a scale such as 150 %, the window gets whole pixels of the screen, which can be a part of a pixel less; the
     // frame with the fields would then need a scroll bar.
@@ -170,6 +163,12 @@ QtForm::~QtForm()
         window_->hide();
         window_->deleteLater();
     }
+}
+
+QWidget* QtForm::windowBelow() const
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    return owner_ ? owner_.data() : modal ? modal : QApplication::activeWindow();
 }
 
 std::unique_ptr<ui::Control> QtForm::make(const ui::ControlDesign& design, ui::Control* parent)
@@ -193,7 +192,7 @@ void QtForm::doShowModal()
 {
     QEventLoop loop;
     const QScopedValueRollback shown(loop_, &loop);
-    const QPointer<QWidget> front = windowInFront();
+    const QPointer<QWidget> front = windowBelow();
     if (window_) {
         window_->standAbove(front);
         qApp->installEventFilter(window_);

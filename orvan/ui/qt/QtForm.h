@@ -1,10 +1,11 @@
 // QtForm: a form as a window that blocks the program's other windows while it is shown.
 //
 // The window has no parent, so that a window which a host destroys does not take the form along. It opens in the middle
-// of the program's active window, as large as the design says, or larger where fonts and texts need it, and within the
-// screen; no size or place is kept for the next time. Escape and the close box ask to close, and Enter goes to the
-// control that has the focus. Quitting the program asks the form to close (UnloadMode::session); if the form stays, so
-// does the program. Errors and ownership: see orvan/ui/Form.h. Thread: the user-interface thread.
+// of its owner, or of the program's active window where it has none, as large as the design says, or larger where fonts
+// and texts need it, and within the screen; no size or place is kept for the next time. Escape and the close box ask to
+// close, and Enter goes to the control that has the focus. Quitting the program asks the form to close
+// (UnloadMode::session); if the form stays, so does the program. Errors and ownership: see orvan/ui/Form.h. Thread: the
+// user-interface thread.
 #pragma once
 
 #include "orvan/ui/Form.h"
@@ -17,7 +18,8 @@ namespace orvan::qt {
 class QtForm final : public ui::Form {
 public:
     /// Raises what ui::Surface does, and 380 for a button picture that does not exist.
-    QtForm(const ui::FormDesign& design, ui::Platform& platform);
+    /// `owner` may be null, and may be destroyed at any time.
+    QtForm(const ui::FormDesign& design, ui::Platform& platform, QWidget* owner);
     ~QtForm() override;
 
     /// The window's number from windowHandle() while it is shown; otherwise 0.
@@ -33,6 +35,11 @@ private:
     void doShowModal() override;
     void doUnload() override;
 
+    /// The window that this one is to be placed above; null where it has no owner and none of the program's windows is
+    /// active.
+    [[nodiscard]] QWidget* windowBelow() const;
+
+    QPointer<QWidget> owner_;
     QPointer<Window> window_;
     SurfaceWidgets widgets_;
     QEventLoop* loop_ = nullptr; ///< Null unless the form is shown.

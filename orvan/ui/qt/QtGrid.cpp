@@ -41,7 +41,7 @@ QtGrid::QtGrid(const ui::ControlDesign& design, QWidget* parent, ui::Platform& p
     handlers_.set(view()->onUserRow, [this](int row, ui::RowChoice choice) { takeUserRow(row, choice); });
     handlers_.set(view()->onUserKey, [this](const ui::KeyStroke& key) { return userPressedKey(key); });
     handlers_.set(view()->takesKey, [this](const ui::KeyStroke& key) { return runHandler(takesKey, key); });
-    handlers_.set(view()->rowsCanBeDragged, [this] { return onDragRows != nullptr; });
+    handlers_.set(view()->rowsCanBeDragged, [this] { return rowDragging() && onDragRows; });
     handlers_.set(view()->onUserDragRows, [this](int before) { userDraggedRows(before + fixedRows()); });
     handlers_.set(header.onUserResize, [this](int column, int pixels) { takeUserWidth(column, pixels); });
     handlers_.set(view()->onUserDoubleClick, [this](int row) { userDoubleClicked(clickedRow(row)); });

@@ -30,7 +30,11 @@ public:
     NoteEdit(const ui::ControlDesign& design, QWidget* parent, ui::Platform& platform)
         : QPlainTextEdit(parent), EntryWidget(design, platform, true)
     {
-        setReadOnly(design.readOnly);
+        if (design.readOnly) {
+            setReadOnly(true);
+            setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+            viewport()->setBackgroundRole(QPalette::Window); // as boxes of one line; see orvan/ui/qt/EntryLine.h
+        }
         setTabChangesFocus(true);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // lines are wrapped
         setFrameStyle(QFrame::Box | QFrame::Plain);           // only for its width; see paintFrame
@@ -117,6 +121,9 @@ private:
         option.initFrom(this);
         option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, this);
         option.state |= QStyle::State_Sunken;
+        if (isReadOnly()) {
+            option.palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+        }
         QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
         paintEdge(*this);
     }

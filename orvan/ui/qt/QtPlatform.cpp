@@ -13,6 +13,8 @@
 #include <QScopedValueRollback>
 #include <QtDebug>
 
+#include <utility>
+
 namespace orvan::qt {
 
 namespace {
@@ -28,6 +30,7 @@ public:
 
 /// The parts of the platform. They are not in its header, because hosts include that.
 struct QtPlatform::Services {
+    ui::HostServices host = {};
     QtSettingsStore settings;
     QtMessageBox messageBox = {};
     QtScreenPointer pointer = {};
@@ -40,7 +43,7 @@ QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& componen
 }
 
 QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components, const std::string& settingsPath)
-    : locale_(locale), components_(components), services_(new Services{QtSettingsStore(settingsPath)})
+    : locale_(locale), components_(components), services_(new Services{.settings = QtSettingsStore(settingsPath)})
 {
     installAssistance();
     onUnhandledError = [this](const RuntimeError& error) { showUnhandled(error); };
@@ -50,12 +53,12 @@ QtPlatform::~QtPlatform() = default;
 
 ui::MessageBox& QtPlatform::messageBox()
 {
-    return services_->messageBox;
+    return services_->host.messageBox ? *services_->host.messageBox : services_->messageBox;
 }
 
 ui::SettingsStore& QtPlatform::settings()
 {
-    return services_->settings;
+    return services_->host.settings ? *services_->host.settings : services_->settings;
 }
 
 ui::ScreenPointer& QtPlatform::pointer()
@@ -68,9 +71,14 @@ ui::Clipboard& QtPlatform::clipboard()
     return services_->clipboard;
 }
 
-std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design)
+std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design, std::int32_t ownerWindow)
 {
-    return std::make_unique<QtForm>(design, *this);
+    return std::make_unique<QtForm>(design, *this, windowOf(ownerWindow));
+}
+
+void QtPlatform::useServices(ui::HostServices services)
+{
+    services_->host = std::move(services);
 }
 
 void QtPlatform::showUnhandled(const RuntimeError& error) noexcept

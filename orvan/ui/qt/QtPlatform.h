@@ -27,7 +27,10 @@ public:
     ui::ComponentFactory& components() override { return components_; }
     ui::ScreenPointer& pointer() override;
     ui::Clipboard& clipboard() override;
-    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design) override;
+    std::unique_ptr<ui::Form> loadForm(const ui::FormDesign& design, std::int32_t ownerWindow) override;
+
+    /// Uses the host's services from now on.
+    void useServices(ui::HostServices services);
 
 private:
     struct Services;

@@ -48,6 +48,13 @@ void QtPopupMenu::doSetToolEnabled(std::size_t index, bool enabled)
     }
 }
 
+void QtPopupMenu::doSetToolCaption(std::size_t index, std::string_view caption)
+{
+    if (menu_) {
+        actions_[index]->setText(markedCaption(caption, tools()[index].mnemonic));
+    }
+}
+
 void QtPopupMenu::doSetToolChecked(std::size_t index, bool checked)
 {
     if (menu_) {

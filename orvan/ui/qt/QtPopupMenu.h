@@ -22,6 +22,7 @@ public:
 private:
     void doMove() override {}
     void doSetToolEnabled(std::size_t index, bool enabled) override;
+    void doSetToolCaption(std::size_t index, std::string_view caption) override;
     void doSetToolChecked(std::size_t index, bool checked) override;
 
     QPointer<QMenu> menu_;

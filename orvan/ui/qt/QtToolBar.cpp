@@ -61,6 +61,13 @@ void QtToolBar::doSetToolEnabled(std::size_t index, bool enabled)
     }
 }
 
+void QtToolBar::doSetToolCaption(std::size_t index, std::string_view caption)
+{
+    if (widget()) {
+        actions_[index]->setText(markedCaption(caption, tools()[index].mnemonic));
+    }
+}
+
 void QtToolBar::doSetToolChecked(std::size_t index, bool checked)
 {
     if (widget()) {

@@ -18,6 +18,7 @@ public:
 private:
     void doMove() override { place(*this); }
     void doSetToolEnabled(std::size_t index, bool enabled) override;
+    void doSetToolCaption(std::size_t index, std::string_view caption) override;
     void doSetToolChecked(std::size_t index, bool checked) override;
 
     std::vector<QAction*> actions_; ///< One action per tool, in the design's order. The widget owns them.
