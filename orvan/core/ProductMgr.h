@@ -87,6 +87,12 @@ public:
     virtual std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) = 0;
     /// Largest size of the products string that the manager accepts, in bytes.
     virtual std::int32_t GetMaxDataSize() = 0;
+    /// Raises what GetProductsString would raise now with these separators, and does nothing else. The editor calls it
+    /// at each save, so a manager that knows the size of its data without making the string overrides it.
+    virtual void CheckDataSize(const std::string& recordSeparator, const std::string& fieldSeparator)
+    {
+        static_cast<void>(GetProductsString(recordSeparator, fieldSeparator));
+    }
 };
 
 } // namespace orvan
