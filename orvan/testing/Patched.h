@@ -23,7 +23,7 @@ struct RecordPatches {
     /// What is stored, or read, in the place of a value; `property` is the name without "Set".
     std::function<std::string(std::string_view property, std::string_view text)> storedText = {};
     std::function<Currency(std::string_view property, Currency amount)> storedAmount = {};
-    std::function<std::string(std::string_view property, std::string text)> readText = {};
+    std::function<std::string(std::string_view property, const std::string& text)> readText = {};
     /// Called after each amount that was set, and before each question whether one is valid ("IsValidQty").
     std::function<void(ProductRecord& own, std::string_view what, Currency amount)> called = {};
 };
@@ -66,9 +66,9 @@ private:
     {
         return patches_.storedText ? patches_.storedText(property, text) : std::string(text);
     }
-    std::string read(std::string_view property, std::string text) const
+    std::string read(std::string_view property, const std::string& text) const
     {
-        return patches_.readText ? patches_.readText(property, std::move(text)) : text;
+        return patches_.readText ? patches_.readText(property, text) : text;
     }
     void set(std::string_view property, void (ProductRecord::*setter)(Currency), Currency value)
     {

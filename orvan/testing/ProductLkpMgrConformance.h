@@ -53,6 +53,7 @@ inline LookUpRow firstOf(ProductLkpMgr& lookUp, List list)
 inline std::vector<std::int64_t> idsOf(const std::vector<LookUpRow>& rows)
 {
     std::vector<std::int64_t> ids;
+    ids.reserve(rows.size());
     for (const LookUpRow& row : rows) {
         ids.push_back(row.itemId);
     }

@@ -44,7 +44,7 @@ inline std::shared_ptr<ProductRecord> required(std::shared_ptr<ProductRecord> re
 
 inline std::shared_ptr<ProductRecord> add(ProductMgr& manager, std::string_view name)
 {
-    const auto record = required(manager.AddNewProduct());
+    auto record = required(manager.AddNewProduct());
     record->SetName(name);
     return record;
 }
@@ -263,8 +263,7 @@ inline constexpr Row<ProductMgrFactory> kRows[] = {
          const auto manager = withNames(make, {"~a:b\\", "second"}), other = made(make);
          const auto record = required(manager->GetProduct(1));
          record->SetKey("\\~:");
-         record->SetPartNum("Stra\xC3\x9F"
-                            "e; 1|2^3");
+         record->SetPartNum("Straße; 1|2^3");
          record->SetNote("two\nlines\tand \\\\ ~~ ::");
          load(*other, saved(*manager));
          const auto loaded = required(other->GetProduct(1));

@@ -21,10 +21,7 @@ using products::required;
 using products::withNames;
 
 /// Texts that a record has to give back as they are.
-inline const std::string kTexts[] = {"Bolt", "~a:b\\", "two\nlines\tand  blanks ",
-                                     "Stra\xC3\x9F"
-                                     "e \xE2\x82\xAC",
-                                     ""};
+inline const std::string kTexts[] = {"Bolt", "~a:b\\", "two\nlines\tand  blanks ", "Straße €", ""};
 /// Ten-thousandths that a record has to give back as they are.
 inline constexpr std::int64_t kAmounts[] = {10'000, 1, -5, 199'999, 0};
 

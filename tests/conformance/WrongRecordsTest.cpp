@@ -60,7 +60,7 @@ const Wrong<ProductMgrFactory> kWrongRecords[] = {
                                  return std::string(text);
                              },
                          .readText =
-                             [view](std::string_view property, std::string text) {
+                             [view](std::string_view property, const std::string& text) {
                                  return property == "PartNum" && *view ? std::string(**view) : text;
                              }});
      }}},

@@ -155,16 +155,18 @@ TEST(LocaleServiceConformance, EachRowCatchesItsOwnFault)
 // --- Settings stores ---------------------------------------------------------------------------------
 
 using Values = std::map<std::string, std::string>;
+using Text = const std::string&;
+
+std::string placeOf(Text application, Text section, Text key)
+{
+    return application + "\n" + section + "\n" + key;
+}
 
 /// A store in a map, with what is wrong about it.
 struct Settings final : ui::SettingsStore {
     struct Faults {
-        std::string (*place)(std::string application, std::string section,
-                             std::string key) = [](std::string application, std::string section, std::string key) {
-            return application + "\n" + section + "\n" + key;
-        };
-        std::string (*stored)(std::string value, const std::string& former) = [](std::string value,
-                                                                                 const std::string&) { return value; };
+        std::string (*place)(Text application, Text section, Text key) = placeOf;
+        std::string (*stored)(Text value, Text former) = [](Text value, Text /*former*/) { return value; };
         std::string missing = {};
     };
 
@@ -178,8 +180,8 @@ struct Settings final : ui::SettingsStore {
     void set(std::string_view application, std::string_view section, std::string_view key,
              std::string_view value) override
     {
-        std::string& former = (*values)[faults.place(std::string(application), std::string(section), std::string(key))];
-        former = faults.stored(std::string(value), former);
+        std::string& kept = (*values)[faults.place(std::string(application), std::string(section), std::string(key))];
+        kept = faults.stored(std::string(value), std::string(kept));
     }
 
     std::shared_ptr<Values> values;
@@ -194,31 +196,28 @@ SettingsStoreSubject settings(const Settings::Faults& faults, bool keeps = true)
         .makeAgain = [=] { return std::make_shared<Settings>(keeps ? *last : std::make_shared<Values>(), faults); }};
 }
 
-using Text = std::string;
+std::string overwritten(Text value, Text former)
+{
+    return value.empty() || value.size() > former.size() ? value : value + former.substr(value.size());
+}
+
+std::string placeWithoutEquals(Text application, Text section, Text key)
+{
+    return key.find('=') != key.npos ? throw RuntimeError(75) : placeOf(application, section, key);
+}
 
 const Wrong<SettingsStoreSubject> kWrongSettings[] = {
     {"MissingKeyReadsAsNothing", settings({.missing = "none"})},
-    {"ValueIsKept", settings({.stored = [](Text value, const Text&) { return value.substr(0, value.find('^')); }})},
-    {"LaterValueReplacesTheFormer", settings({.stored =
-                                                  [](Text value, const Text& former) {
-                                                      return former.size() > value.size() && !value.empty()
-                                                                 ? value + former.substr(value.size())
-                                                                 : value;
-                                                  }})},
+    {"ValueIsKept", settings({.stored = [](Text value, Text) { return value.substr(0, value.find('^')); }})},
+    {"LaterValueReplacesTheFormer", settings({.stored = overwritten})},
     {"EmptyValueReplacesTheFormer",
-     settings({.stored = [](Text value, const Text& former) { return value.empty() ? former : value; }})},
-    {"AnyValueIsKept", settings({.stored = [](Text value, const Text&) { return value.substr(0, value.find('\n')); }})},
-    {"AnyKeyIsKept", settings({.place =
-                                   [](Text application, Text section, Text key) {
-                                       return key.find('=') != key.npos ? throw RuntimeError(75)
-                                                                        : application + "\n" + section + "\n" + key;
-                                   }})},
+     settings({.stored = [](Text value, Text former) { return value.empty() ? former : value; }})},
+    {"AnyValueIsKept", settings({.stored = [](Text value, Text) { return value.substr(0, value.find('\n')); }})},
+    {"AnyKeyIsKept", settings({.place = placeWithoutEquals})},
     {"KeysAreApart",
-     settings({.place = [](Text application, Text section,
-                           Text key) { return application + "\n" + section + "\n" + key.substr(0, 3); }})},
-    {"SectionsAreApart",
-     settings({.place = [](Text application, Text, Text key) { return application + "\n" + key; }})},
-    {"ApplicationsAreApart", settings({.place = [](Text, Text section, Text key) { return section + "\n" + key; }})},
+     settings({.place = [](Text one, Text two, Text key) { return placeOf(one, two, key.substr(0, 3)); }})},
+    {"SectionsAreApart", settings({.place = [](Text one, Text, Text key) { return placeOf(one, "", key); }})},
+    {"ApplicationsAreApart", settings({.place = [](Text, Text two, Text key) { return placeOf("", two, key); }})},
     {"ValueOutlivesTheStore", settings({}, false)},
 };
 
