@@ -79,7 +79,7 @@ const Wrong<ProductMgrFactory> kWrongRecords[] = {
                                  return std::string(text);
                              },
                          .readText = [key](std::string_view property,
-                                           std::string text) { return property == "Key" ? *key : text; }});
+                                           const std::string& text) { return property == "Key" ? *key : text; }});
      }}},
     {"ValidityIsAskedWithoutEffect", Patched{[] {
          return records({.called = [](ProductRecord& own, std::string_view what, Currency amount) {
