@@ -54,6 +54,20 @@ function(orvan_library name)
     endif()
 endfunction()
 
+# orvan_headers(<name> PUBLIC_HEADERS ... LINKS ...) makes the same kind of target out of headers alone.
+function(orvan_headers name)
+    cmake_parse_arguments(ARG "" "" "PUBLIC_HEADERS;LINKS" ${ARGN})
+    add_library(orvan_${name} INTERFACE)
+    add_library(orvan::${name} ALIAS orvan_${name})
+    set_target_properties(orvan_${name} PROPERTIES EXPORT_NAME ${name})
+    target_link_libraries(orvan_${name} INTERFACE ${ARG_LINKS})
+    if(ORVAN_INSTALL)
+        file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
+        install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
+        install(FILES ${ARG_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+    endif()
+endfunction()
+
 # Puts the modules beside a program of the build folder, where they are found as in an installation.
 function(orvan_loads_modules program)
     foreach(module IN ITEMS orvan_workbooks orvan_postgres)

@@ -31,7 +31,9 @@ LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup",
 SERVERS_FOR_BENCHMARKS = ("benchmarks", "tests/server/")
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
-MOST_PUBLIC_HEADERS = 40
+# 37 that programs include, and the conformance suites, which only tests of hosts include: one for each contract, and
+# what they share.
+MOST_PUBLIC_HEADERS = 46
 FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
 DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/catalogue.md", "docs/performance.md",
              "docs/reliability.md"]

@@ -96,6 +96,18 @@ void compare(ProductMgr& manager, const std::vector<PlainProduct>& products)
     }
 }
 
+/// What the error says that `action` raises.
+template <class Action>
+std::string refusal(Action&& action)
+{
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.description();
+    }
+    return {};
+}
+
 } // namespace
 
 void runTarget(std::string_view input)
@@ -122,6 +134,15 @@ void runTarget(std::string_view input)
     require(expected.has_value(), "a bad string is refused");
     compare(*manager, *expected);
     require(manager->GetProductsString(record, field) == input, "the string is written again as the same bytes");
+    static const auto makeFull =
+        productMgrFactory({.maxDataSize = -1}); // always too large, and its error tells the size
+    const auto full = std::dynamic_pointer_cast<ProductMgr>(makeFull());
+    full->SetProductsString(input, record, field, false);
+    for (const auto& separators : {std::pair(record, field), std::pair(std::string(";"), std::string("^"))}) {
+        require(refusal([&] { full->CheckDataSize(separators.first, separators.second); }) ==
+                    refusal([&] { full->GetProductsString(separators.first, separators.second); }),
+                "the size that is checked is that of the string");
+    }
     const std::string other = manager->GetProductsString(";", "^");
     manager->SetProductsString(other, ";", "^", false);
     compare(*manager, *expected);

@@ -156,7 +156,7 @@ void checkProducts(const std::string& products)
 {
     const auto manager = makeManager();
     manager->SetProductsString(products, kRecordSeparator, kFieldSeparator, false);
-    static_cast<void>(manager->GetProductsString(kRecordSeparator, kFieldSeparator));
+    manager->CheckDataSize(kRecordSeparator, kFieldSeparator);
 }
 
 std::size_t differingProducts(const std::string& one, const std::string& other)

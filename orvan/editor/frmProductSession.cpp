@@ -95,7 +95,7 @@ void frmProduct::PrvSaveCurrentProduct(bool& bOk)
                 fields_.PrvSaveNoteFld();
             }
             checkingSize = true;
-            productMgr()->GetProductsString(kRecordSeparator, kFieldSeparator); // raises beyond the limit
+            productMgr()->CheckDataSize(kRecordSeparator, kFieldSeparator); // raises beyond the limit
             checkingSize = false;
             bOk = true;
         },

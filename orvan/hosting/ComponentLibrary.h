@@ -30,7 +30,7 @@
 namespace orvan {
 
 /// Increased whenever an interface that components implement changes.
-inline constexpr std::int32_t kComponentInterfaceVersion = 1;
+inline constexpr std::int32_t kComponentInterfaceVersion = 2;
 inline constexpr std::int32_t kInterfaceVersionMask = 0xFFFF;
 static_assert(kComponentInterfaceVersion <= kInterfaceVersionMask);
 

@@ -1,8 +1,26 @@
 // ProductLkpMgr: the interface of the catalogue look-up: it gives lists of entries, and the values of one current
 // entry.
 //
-// The editor creates the component by class name for each session, and releases it when the session ends. Texts
-// are UTF-8. Errors: any operation may throw. Thread: the thread that created it.
+// orvan/components/catalogue/CatalogueFactory.h has the one that comes with the library. A host that brings its own
+// registers a factory of it, before its first editor opens:
+//
+//     host.components().registerClass(std::string(orvan::kProductLkpMgrClassName),
+//                                     [] { return std::make_shared<AcmeLookUp>(); });
+//
+// orvan/testing/ProductLkpMgrConformance.h tests a look-up against what is said here.
+//
+// Ownership: shared. The editor has the factory make a new object for each session, and releases it when the session
+// ends, so what is dear to open belongs to the factory. Several objects may live at the same time, each with a current
+// entry of its own. Texts are UTF-8 and valid during the call only. Which entries match, how they are ordered, and how
+// many are listed is up to the look-up, within what is said below.
+//
+// Errors: any operation may throw anything. An error in a list closes the editor with a message, or keeps it from
+// opening; a look-up that cannot reach its catalogue should rather give no list. An error of SeekItem or GetFieldValue
+// is passed over: a column that cannot be read is applied as 0 or as an empty text. Where IsEOF fails, an entry is
+// taken to be there. An error of summary shows nothing.
+//
+// Thread: the thread that created it, which is that of the user interface: a list that takes long keeps the user
+// waiting.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -20,7 +38,7 @@ namespace orvan {
 /// Class name of the catalogue look-up component.
 inline constexpr std::string_view kProductLkpMgrClassName = "KTBOrvanProductEditor.ProductLkpMgr";
 
-/// One row of a list. The editor takes ids of 32 bits; what a catalogue delivers may be wider.
+/// One row of a list. A row with an empty text is not shown, and an id beyond 32 bits is error 6.
 struct LookUpRow {
     std::int64_t itemId = 0;
     std::string text;
@@ -45,6 +63,7 @@ struct LookUpSummary {
 
 class ORVAN_EXPORT ProductLkpMgr : public ui::Component {
 public:
+    /// Asked for half a second after the last key, and for the whole list when the editor opens.
     /// The entries whose part number begins with sText. The best completion comes first: row 0's text begins with
     /// sText, but for the case, and so has at least as many characters: the box shows this text and selects what has
     /// not been typed. Rows 1 and on may hold other entries that the user may have meant. Must return no list for an
@@ -56,16 +75,20 @@ public:
     [[nodiscard]] virtual LookUpList GetPartNumList(std::string_view sText, bool all) = 0;
     /// The same for entries whose name begins with sText.
     [[nodiscard]] virtual LookUpList GetProductNameList(std::string_view sText, bool all) = 0;
-    /// Makes the entry with this id the current one, where there is such an entry.
+    /// Makes the entry with this id the current one; where there is none, there is no current entry then. The id is one
+    /// that a list of this object had; the catalogue may have changed since.
     virtual void SeekItem(std::int32_t itemId) = 0;
-    /// True when there is no current entry.
+    /// True when there is no current entry, as in a new object. Asked right after SeekItem.
     [[nodiscard]] virtual bool IsEOF() = 0;
-    /// The column's value of the current entry.
+    /// The column's value of the current entry; the library asks for LookUpColumn's columns only, and only when there
+    /// is such an entry. Part number and name are those of the lists. A price that is a text is read as the user's
+    /// locale writes amounts; Null counts as 0 or as an empty text.
     [[nodiscard]] virtual LookUpValue GetFieldValue(std::int32_t column) = 0;
 
     // A catalogue can do without the following: the lists then show the texts of their rows alone.
 
-    /// The entry with this id, for showing it in a list. The current entry stays what it is.
+    /// The entry with this id, for showing it in a list; nothing where there is none. Asked for each row while the list
+    /// is painted, so it should be quick. The current entry stays what it is.
     [[nodiscard]] virtual std::optional<LookUpSummary> summary(std::int64_t /*itemId*/) { return std::nullopt; }
     /// The most rows of a list of matches, which leaves out further ones; 0: a list has all matches.
     [[nodiscard]] virtual std::size_t mostMatches() const { return 0; }

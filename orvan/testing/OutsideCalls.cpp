@@ -96,6 +96,10 @@ public:
         return inner("ProductMgr::GetProductsString").GetProductsString(recordSeparator, fieldSeparator);
     }
     std::int32_t GetMaxDataSize() override { return inner("ProductMgr::GetMaxDataSize").GetMaxDataSize(); }
+    void CheckDataSize(const std::string& recordSeparator, const std::string& fieldSeparator) override
+    {
+        inner("ProductMgr::CheckDataSize").CheckDataSize(recordSeparator, fieldSeparator);
+    }
 };
 
 class WrappedLookUp final : public ProductLkpMgr, Wrapped<std::shared_ptr<ProductLkpMgr>> {

@@ -1,6 +1,10 @@
 // MessageBox: asks or tells the user one thing, modally.
 //
-// Ownership: the platform. Thread: the user-interface thread.
+// Each platform has one (orvan/ui/Platform.h). orvan/testing/MessageBoxConformance.h tests a message box against what
+// is said here.
+//
+// Ownership: the platform. Thread: the user-interface thread. Errors: what `show` throws is an error of the procedure
+// that asked.
 #pragma once
 
 #include "orvan/base/UserText.h"
@@ -34,9 +38,10 @@ class MessageBox {
 public:
     virtual ~MessageBox() = default;
 
-    /// Returns when the user has answered. If the user closes the box without an answer, the result is `cancel` for a
-    /// box with a Cancel button, `no` for one with Yes and No, and `ok` for one with OK alone. An owner window that no
-    /// longer exists counts as no owner.
+    /// Returns when the user has answered, with one of the box's own buttons. Timers and other windows may go on while
+    /// the box waits: the owner may be destroyed, and another message may be shown. If the user closes the box without
+    /// an answer, the result is `cancel` for a box with a Cancel button, `no` for one with Yes and No, and `ok` for one
+    /// with OK alone. An owner window that no longer exists counts as no owner.
     virtual MessageResult show(const Message& message) = 0;
 };
 

@@ -1,6 +1,11 @@
 // SettingsStore: the user's own settings, kept between runs.
 //
-// Ownership: the platform. Raises 75. Thread: the user-interface thread.
+// Each platform has one (orvan/ui/Platform.h): in memory, the settings live as long as the platform; on Qt they stand
+// in a file. The list view reads its columns when it is made and stores them when the user changes them; the desk keeps
+// its own settings beside them. orvan/testing/SettingsStoreConformance.h tests a store against what is said here.
+//
+// Ownership: the platform. Errors: 75, as below. A list view whose settings cannot be read shows its defaults, and what
+// cannot be stored is forgotten; both errors stand in the trace. Thread: the user-interface thread.
 #pragma once
 
 #include <string>
@@ -15,10 +20,13 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
-    /// The value of a key; "" if it is missing. All texts are UTF-8. Raises 75 when the store cannot be read.
+    /// The value of a key; "" if it is missing, so that a stored "" looks the same. The three names together make a
+    /// place: the same key in another section or application is another one. Names and values are UTF-8 and may have
+    /// any characters, line breaks included. Raises 75 when the store cannot be read.
     [[nodiscard]] virtual std::string get(std::string_view application, std::string_view section,
                                           std::string_view key) = 0;
-    /// Stores a value before it returns. Raises 75 when the store cannot be written; the store is then unchanged.
+    /// Stores a value in the place of the former one, before it returns. Raises 75 when the store cannot be written;
+    /// the store is then unchanged.
     virtual void set(std::string_view application, std::string_view section, std::string_view key,
                      std::string_view value) = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/core/modInit.h"
+#include "orvan/hosting/ComponentLibrary.h"
 #include "orvan/hosting/DefaultComponents.h"
 #include "orvan/hosting/HeadlessProductView.h"
 #include "orvan/hosting/ThreadMessages.h"
@@ -68,6 +69,8 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
         std::int32_t number = 429;
         const char* reason;
     };
+    const std::string otherVersion = "version " + std::to_string(kComponentInterfaceVersion + 1) + " instead of " +
+                                     std::to_string(kComponentInterfaceVersion);
     const Row rows[] = {
         {.name = "X.Null", .factory = [] { return nullptr; }, .reason = "no object"},
         {.name = "X.Empty", .reason = "empty factory"},
@@ -78,7 +81,7 @@ TEST(ComponentRegistry, FailedCreationTellsClassLibraryAndReason)
         {.name = "X.Missing", .library = "/nowhere/libmissing.so", .reason = "No such file"},
         {.name = "X.Text", .library = noLibrary, .reason = "too short"},
         {.name = "X.NoEntry", .library = "libm.so.6", .reason = "OrvanComponentInterfaceVersion"},
-        {.name = "Test.Trace", .library = LIBRARY_OtherVersion, .reason = "version 2 instead of 1"},
+        {.name = "Test.Trace", .library = LIBRARY_OtherVersion, .reason = otherVersion.c_str()},
         {.name = "Test.Trace", .library = LIBRARY_NoClasses, .reason = "OrvanCreateComponent"},
 #ifdef __GLIBCXX__ // another standard library does not know the option
         {.name = "Test.Trace",

@@ -24,3 +24,4 @@ file(WRITE ${WORK}/products.txt "1~Desk lamp:::74.95:2:0:149.9:~\n")
 expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n"
     ${WORK}/host/orvan-grid ${WORK}/products.txt)
 expect_output("1  Desk lamp  2  $149.90  $149.90\n149.9 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)
+execute_process(COMMAND ${WORK}/host/own-manager --gtest_brief=1 COMMAND_ERROR_IS_FATAL ANY)

@@ -124,6 +124,40 @@ TEST(InProcessProductMgr, KeptTotalsAndTextsStayRightThroughAnyEdits)
     EXPECT_GT(gone.size(), 500U);
 }
 
+TEST(InProcessProductMgr, TheKeptSizeIsThatOfTheStringThroughAnyEdits)
+{
+    const auto manager =
+        makeManager({.maxDataSize = -1, .rules = {}}); // always too large, and the error tells the size
+    std::mt19937 random(20260104);
+    const std::string texts[] = {"", "plain", "~", "a:b", "\\", "|;", "ä"};
+    const std::string lists[] = {"", kThree, "2~a\\~b:::1.5:1:0:-1:~::\\::0.0001:1:0:0:\\\\~"};
+    for (int i = 0; i < 5000; ++i) {
+        const std::int32_t count = manager->GetProductCount();
+        const auto place = [&] { return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(count)) + 1; };
+        const std::string& text = texts[random() % std::size(texts)];
+        const Currency amount = Currency::fromScaled(static_cast<std::int32_t>(random()) >> random() % 32);
+        const auto operation = random() % 8;
+        if (count == 0 || operation < 2) {
+            manager->AddNewProduct();
+        } else if (operation == 2) {
+            const auto product = manager->GetProduct(place());
+            manager->DeleteProduct(place());
+            product->SetNote(text);
+        } else if (operation == 3) {
+            manager->MoveProduct(place(), place());
+        } else if (operation == 4 && random() % 8 == 0) {
+            load(*manager, lists[random() % std::size(lists)]);
+        } else {
+            setValues(*manager->GetProduct(place()), {text, text, text, amount, amount, amount, amount, text});
+        }
+        const std::string record = random() % 9 != 0 ? "~" : "|", field = random() % 9 != 0 ? ":" : "^";
+        const Raised checked = raisedBy([&] { manager->CheckDataSize(record, field); });
+        const Raised written = raisedBy([&] { manager->GetProductsString(record, field); });
+        ASSERT_EQ(checked.description, written.description) << "step " << i;
+        ASSERT_EQ(checked.number, ErrorNumber::outOfStringSpace);
+    }
+}
+
 TEST(InProcessProductMgr, EveryFieldIsReadAndReachesTheNextString)
 {
     const Currency two = Currency::fromInteger(2);
@@ -173,10 +207,13 @@ TEST(InProcessProductMgr, LimitIsInBytesAndHoldsForSavingOnly)
     EXPECT_EQ(manager->GetMaxDataSize(), text.size());
     load(*manager, text);
     EXPECT_EQ(saved(*manager), text);
+    manager->CheckDataSize(kRecordSeparator, kFieldSeparator);
     load(*manager, kThree);
+    EXPECT_EQ(raisedBy([&] { manager->CheckDataSize("~", ":"); }).number, ErrorNumber::outOfStringSpace);
     EXPECT_EQ(raisedBy([&] { saved(*manager); }).number, ErrorNumber::outOfStringSpace);
     manager->DeleteProduct(1);
     manager->DeleteProduct(1);
+    manager->CheckDataSize(kRecordSeparator, kFieldSeparator);
     EXPECT_EQ(saved(*manager), "1~C:::1:1:0:300:~") << "the list was kept and fits again";
 }
 

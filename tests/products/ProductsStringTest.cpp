@@ -184,7 +184,8 @@ TEST(ProductsString, UnusableSeparatorsAreRefused)
     };
     forEachRow(rows, [&](const Row& row) {
         for (const Raised& error : {raisedBy([&] { manager->SetProductsString("", row.record, row.field, false); }),
-                                    raisedBy([&] { manager->GetProductsString(row.record, row.field); })}) {
+                                    raisedBy([&] { manager->GetProductsString(row.record, row.field); }),
+                                    raisedBy([&] { manager->CheckDataSize(row.record, row.field); })}) {
             EXPECT_EQ(error.number, ErrorNumber::invalidProcedureCall);
             EXPECT_THAT(error.description, HasSubstr("separator"));
         }

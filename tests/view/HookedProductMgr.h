@@ -59,6 +59,10 @@ public:
         return after("GetProductsString", inner_->GetProductsString(recordSeparator, fieldSeparator));
     }
     std::int32_t GetMaxDataSize() override { return inner_->GetMaxDataSize(); }
+    void CheckDataSize(const std::string& recordSeparator, const std::string& fieldSeparator) override
+    {
+        inner_->CheckDataSize(recordSeparator, fieldSeparator);
+    }
 
 private:
     /// Reads a member once the host has acted, which is an error where the host has let this manager go.

@@ -181,6 +181,10 @@ public:
         return inner_->GetProductsString(recordSeparator, fieldSeparator);
     }
     std::int32_t GetMaxDataSize() override { return inner_->GetMaxDataSize(); }
+    void CheckDataSize(const std::string& recordSeparator, const std::string& fieldSeparator) override
+    {
+        inner_->CheckDataSize(recordSeparator, fieldSeparator);
+    }
 
     std::vector<ListChange> takeChanges() override { return journal_->take(); }
 

@@ -1,12 +1,11 @@
 #include "orvan/components/products/InProcessProductMgr.h"
 
-#include "orvan/base/Int128.h"
 #include "orvan/base/RuntimeError.h"
+#include "orvan/components/products/ListedProduct.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/core/ProductMgr.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <string>
 #include <utility>
@@ -16,128 +15,10 @@ namespace orvan {
 
 namespace {
 
-class ListedProduct;
-
-/// The rules and the total of one list, and which of its records have changed since the list was last written. The
-/// records themselves keep it up to date. All records that were ever in the list share the ledger, so that a record may
-/// outlive the list and the manager.
-struct Ledger {
-    explicit Ledger(std::shared_ptr<const ProductRules> validation) : rules(std::move(validation)) {}
-
-    std::shared_ptr<const ProductRules> rules;
-    Int128 total = 0; // sum of the extended prices; in 128 bits it stays right even while it exceeds a Currency
-
-    // Usually one or two records change before the list is written again, and the ledger notes which. If more than
-    // kMostNoted have changed, the manager looks at every record of the list instead.
-    static constexpr std::size_t kMostNoted = 8;
-    std::array<const ListedProduct*, kMostNoted> changed{}; // the first `changes` of them; may have left the list
-    std::size_t changes = 0;
-    void noteChange(const ListedProduct* product) noexcept
-    {
-        if (changes < kMostNoted) {
-            changed[changes] = product;
-        }
-        ++changes;
-    }
-};
-
-class ListedProduct final : public ProductRecord {
-public:
-    ListedProduct(std::shared_ptr<Ledger> ledger, ProductValues fields)
-        : ledger_(std::move(ledger)), fields_(std::move(fields))
-    {
-        ledger_->total += fields_.extPrice.scaled();
-    }
-    ListedProduct(std::shared_ptr<Ledger> ledger, ProductsReader& reader) : ledger_(std::move(ledger))
-    {
-        reader.next(fields_);
-        ledger_->total += fields_.extPrice.scaled();
-    }
-
-    std::string Name() const override { return fields_.name; }
-    void SetName(std::string_view name) override { set(fields_.name, name); }
-    std::string Key() const override { return fields_.key; }
-    void SetKey(std::string_view key) override { set(fields_.key, key); }
-    std::string PartNum() const override { return fields_.partNum; }
-    void SetPartNum(std::string_view partNum) override { set(fields_.partNum, partNum); }
-    Currency UnitPrice() const override { return fields_.unitPrice; }
-    void SetUnitPrice(Currency unitPrice) override { set(fields_.unitPrice, unitPrice); }
-    Currency Qty() const override { return fields_.qty; }
-    void SetQty(Currency qty) override { set(fields_.qty, qty); }
-    Currency DiscPrcnt() const override { return fields_.discPrcnt; }
-    void SetDiscPrcnt(Currency discPrcnt) override { set(fields_.discPrcnt, discPrcnt); }
-    Currency ExtPrice() const override { return fields_.extPrice; }
-    std::string Note() const override { return fields_.note; }
-    void SetNote(std::string_view note) override { set(fields_.note, note); }
-
-    void SetExtPrice(Currency extPrice) override
-    {
-        if (listed_) {
-            ledger_->total += Int128{extPrice.scaled()} - fields_.extPrice.scaled();
-        }
-        set(fields_.extPrice, extPrice);
-    }
-
-    bool IsValidUnitPrice(Currency cyValue) const override
-    {
-        return accepts(ledger_->rules->isValidUnitPrice, cyValue);
-    }
-    bool IsValidQty(Currency cyValue) const override { return accepts(ledger_->rules->isValidQty, cyValue); }
-    bool IsValidDiscPrcnt(Currency cyValue) const override
-    {
-        return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
-    }
-
-    const ProductValues& fields() const noexcept { return fields_; }
-    bool changed() const noexcept { return changed_; }
-    /// Called when the list has been written with the record as it is.
-    void setWritten() noexcept { changed_ = false; }
-
-    /// Called when the record is taken out of the list.
-    void leaveList() noexcept
-    {
-        ledger_->total -= fields_.extPrice.scaled();
-        listed_ = false;
-    }
-
-private:
-    static bool accepts(const std::function<bool(Currency)>& rule, Currency value) { return !rule || rule(value); }
-
-    // An equal value is no change, because leaving a box saves its field even if it was not edited.
-    void set(std::string& field, std::string_view value)
-    {
-        if (field != value) {
-            field = std::string(value);
-            noteChange();
-        }
-    }
-
-    void set(Currency& field, Currency value) noexcept
-    {
-        if (field != value) {
-            field = value;
-            noteChange();
-        }
-    }
-
-    void noteChange() noexcept
-    {
-        if (listed_ && !changed_) {
-            changed_ = true;
-            ledger_->noteChange(this);
-        }
-    }
-
-    std::shared_ptr<Ledger> ledger_;
-    ProductValues fields_;
-    bool changed_ = false; ///< Since the list was last written.
-    bool listed_ = true;
-};
-
 class InProcessProductMgr final : public ProductMgr {
 public:
     InProcessProductMgr(std::int32_t maxDataSize, std::shared_ptr<const ProductRules> rules)
-        : maxDataSize_(maxDataSize), ledger_(std::make_shared<Ledger>(std::move(rules)))
+        : maxDataSize_(maxDataSize), ledger_(std::make_shared<Ledger>(std::move(rules), ProductsSeparators()))
     {
     }
 
@@ -152,6 +33,7 @@ public:
                            bool flag) override;
     std::string GetProductsString(const std::string& recordSep, const std::string& fieldSep) override;
     std::int32_t GetMaxDataSize() override { return maxDataSize_; }
+    void CheckDataSize(const std::string& recordSep, const std::string& fieldSep) override;
 
 private:
     /// A record, and the place of its text in the text of the list.
@@ -167,6 +49,8 @@ private:
     void write(Entry& entry);
     void forgetChanged();
     void writeAll();
+    /// Raises 14 for a products string of that many bytes, if that is too large.
+    void refuseBeyondLimit(std::size_t size) const;
 
     std::int32_t maxDataSize_;
     std::shared_ptr<Ledger> ledger_; // belongs to the records in products_
@@ -212,6 +96,7 @@ std::shared_ptr<ProductRecord> InProcessProductMgr::AddNewProduct()
     ProductValues fields;
     fields.qty = Currency::fromScaled(Currency::kScale);
     products_.push_back({.product = std::make_shared<ListedProduct>(ledger_, std::move(fields))});
+    ledger_->recordBytes += productSize(products_.back().product->fields(), ledger_->separators);
     inOrder_ = false;
     return products_.back().product;
 }
@@ -239,14 +124,17 @@ void InProcessProductMgr::MoveProduct(std::int32_t from, std::int32_t to)
 void InProcessProductMgr::SetProductsString(std::string_view sProducts, const std::string& recordSep,
                                             const std::string& fieldSep, bool /*flag*/)
 {
-    ProductsReader reader(sProducts, productsSeparators(recordSep, fieldSep));
+    const ProductsSeparators separators = productsSeparators(recordSep, fieldSep);
+    ProductsReader reader(sProducts, separators);
     // The new list gets a new ledger; records of the old list that somebody still holds go on with the old ledger.
-    auto ledger = std::make_shared<Ledger>(ledger_->rules);
+    auto ledger = std::make_shared<Ledger>(ledger_->rules, separators);
     Products products;
     products.reserve(reader.expected());
     while (reader.more()) {
         products.push_back({.product = std::make_shared<ListedProduct>(ledger, reader)});
     }
+    // A list has one string only, so the records would be written with as many bytes as were read.
+    ledger->recordBytes = sProducts.size() - productsStringHead(products.size(), separators).size();
     ledger_.swap(ledger);
     products_.swap(products);
     inOrder_ = false;
@@ -273,12 +161,29 @@ std::string InProcessProductMgr::GetProductsString(const std::string& recordSep,
     }
     ledger_->changes = 0;
     expectedSize_ = text_.size();
-    if (std::cmp_greater(text_.size(), maxDataSize_)) {
-        throw RuntimeError(
-            ErrorNumber::outOfStringSpace, {},
-            userText("The products take %1 bytes; at most %2 bytes can be kept", text_.size(), maxDataSize_));
-    }
+    refuseBeyondLimit(text_.size());
     return text_;
+}
+
+void InProcessProductMgr::CheckDataSize(const std::string& recordSep, const std::string& fieldSep)
+{
+    const ProductsSeparators separators = productsSeparators(recordSep, fieldSep);
+    if (separators != ledger_->separators) { // other characters have escapes now
+        ledger_->recordBytes = 0;
+        for (const Entry& entry : products_) {
+            ledger_->recordBytes += productSize(entry.product->fields(), separators);
+        }
+        ledger_->separators = separators;
+    }
+    refuseBeyondLimit(productsStringHead(products_.size(), separators).size() + ledger_->recordBytes);
+}
+
+void InProcessProductMgr::refuseBeyondLimit(std::size_t size) const
+{
+    if (std::cmp_greater(size, maxDataSize_)) {
+        throw RuntimeError(ErrorNumber::outOfStringSpace, {},
+                           userText("The products take %1 bytes; at most %2 bytes can be kept", size, maxDataSize_));
+    }
 }
 
 InProcessProductMgr::Products::iterator InProcessProductMgr::entryOf(const ListedProduct* product)

@@ -6,15 +6,16 @@
 //   - A new record has quantity 1, everything else 0 or "".
 //   - The string is the one of orvan/components/products/ProductsString.h; a string that cannot be read raises 321 or 6
 //     as that header says and leaves the list as it was. Unusable separators raise 5.
-//   - GetProductsString raises 14 when the string would exceed the largest size.
+//   - GetProductsString and CheckDataSize raise 14 when the string would exceed the largest size.
 //     SetProductsString does not check the size: a list that was stored elsewhere, under another
 //     limit, can still be shown and shortened.
 //   - The flag of SetProductsString (a list is shown, or put back as it was) has no effect.
 //   - A record that is no longer in a list (it was deleted or replaced, or its manager was destroyed) keeps its values
 //     and its rules, and can be read and written.
 //
-// The total and the records' texts are kept up to date: asking for the total, the count or a record
-// costs the same however long the list is, and writing serialises the changed records only.
+// The total, the size and the records' texts are kept up to date: asking for the total, the count or a record, and
+// checking the size, cost the same however long the list is, and writing serialises the changed records only. (The size
+// is that with the separators of the last loading or checking; a check with others goes through the list once.)
 //
 // Thread: the manager and its records belong to the thread that created the manager.
 #pragma once

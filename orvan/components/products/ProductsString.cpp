@@ -52,12 +52,16 @@ bool isSeparator(std::string_view text)
     return isAscii(c) && !letter && !isDigit(c) && c != '-' && c != '.' && c != kEscape;
 }
 
+bool needsEscape(char c, ProductsSeparators separators)
+{
+    return c == separators.record || c == separators.field || c == kEscape;
+}
+
 void appendEscaped(std::string& out, std::string_view text, ProductsSeparators separators)
 {
     std::size_t begin = 0; // where the part of the text that is not written yet begins
     for (std::size_t at = 0; at < text.size(); ++at) {
-        const char c = text[at];
-        if (c == separators.record || c == separators.field || c == kEscape) {
+        if (needsEscape(text[at], separators)) {
             out.append(text, begin, at - begin);
             out += kEscape;
             begin = at; // the next part begins with the escaped character itself
@@ -119,6 +123,29 @@ void appendProduct(std::string& out, const ProductValues& fields, ProductsSepara
         }
         out += i + 1 < kFieldCount ? separators.field : separators.record;
     }
+}
+
+std::size_t fieldSize(std::string_view text, ProductsSeparators separators) noexcept
+{
+    const auto escapes =
+        std::count_if(text.begin(), text.end(), [separators](char c) { return needsEscape(c, separators); });
+    return text.size() + static_cast<std::size_t>(escapes);
+}
+
+std::size_t fieldSize(Currency amount, ProductsSeparators /*separators*/) noexcept
+{
+    Currency::TextBuffer buffer;
+    return amount.toText(buffer).size();
+}
+
+std::size_t productSize(const ProductValues& fields, ProductsSeparators separators) noexcept
+{
+    std::size_t size = kFieldCount; // a separator behind each field
+    for (const Field& field : kFields) {
+        size += field.text != nullptr ? fieldSize(fields.*field.text, separators)
+                                      : fieldSize(fields.*field.amount, separators);
+    }
+    return size;
 }
 
 std::string productsStringHead(std::size_t count, ProductsSeparators separators)

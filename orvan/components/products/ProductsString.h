@@ -41,6 +41,12 @@ ProductsSeparators productsSeparators(std::string_view recordSep, std::string_vi
 /// Appends one record with its closing record separator.
 void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators);
 
+/// The size of what appendProduct would append, in bytes; and the part of it that one field takes, without its
+/// separator.
+[[nodiscard]] std::size_t productSize(const ProductValues& fields, ProductsSeparators separators) noexcept;
+[[nodiscard]] std::size_t fieldSize(std::string_view text, ProductsSeparators separators) noexcept;
+[[nodiscard]] std::size_t fieldSize(Currency amount, ProductsSeparators separators) noexcept;
+
 /// The count and its closing separator, which stand in front of the records; "" for a count of 0.
 [[nodiscard]] std::string productsStringHead(std::size_t count, ProductsSeparators separators);
 
