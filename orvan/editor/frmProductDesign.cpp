@@ -127,9 +127,9 @@ constexpr bool isAmong(std::span<const std::string_view> names, std::string_view
 
 constexpr auto toolsThatRead()
 {
-    constexpr auto reads = [](const ui::ToolDesign& tool) { return !isAmong(kToolsThatEdit, tool.id); };
-    std::array<ui::ToolDesign, std::count_if(std::begin(kTools), std::end(kTools), reads)> tools{};
-    std::copy_if(std::begin(kTools), std::end(kTools), tools.begin(), reads);
+    constexpr auto kReads = [](const ui::ToolDesign& tool) { return !isAmong(kToolsThatEdit, tool.id); };
+    std::array<ui::ToolDesign, std::count_if(std::begin(kTools), std::end(kTools), kReads)> tools{};
+    std::copy_if(std::begin(kTools), std::end(kTools), tools.begin(), kReads);
     return tools;
 }
 
@@ -137,9 +137,9 @@ constexpr auto kToolsThatRead = toolsThatRead();
 
 constexpr auto readControls()
 {
-    constexpr auto reads = [](const ui::ControlDesign& row) { return !isAmong(kControlsThatEdit, row.name); };
-    std::array<ui::ControlDesign, std::count_if(std::begin(kControls), std::end(kControls), reads)> controls{};
-    std::copy_if(std::begin(kControls), std::end(kControls), controls.begin(), reads);
+    constexpr auto kReads = [](const ui::ControlDesign& row) { return !isAmong(kControlsThatEdit, row.name); };
+    std::array<ui::ControlDesign, std::count_if(std::begin(kControls), std::end(kControls), kReads)> controls{};
+    std::copy_if(std::begin(kControls), std::end(kControls), controls.begin(), kReads);
     for (ui::ControlDesign& row : controls) {
         if (row.kind == ControlKind::comboBox || row.kind == ControlKind::textBox) {
             row.kind = ControlKind::textBox;

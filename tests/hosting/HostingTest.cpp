@@ -230,7 +230,7 @@ TEST(HostOptions, AHostsOwnServicesAreUsedByItsViews)
     int managers = 0;
     HostOptions options;
     options.settings = store;
-    options.makeTrace = [&] { return trace; };
+    options.makeTrace = [&]() -> std::shared_ptr<Trace> { return trace; };
     options.makeProductMgr = [&] {
         ++managers;
         return std::dynamic_pointer_cast<ProductMgr>(productMgrFactory()());
