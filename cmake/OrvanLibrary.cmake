@@ -3,6 +3,7 @@
 include(GNUInstallDirs)
 
 set(ORVAN_SOURCE_ROOT ${CMAKE_CURRENT_SOURCE_DIR})
+include(${CMAKE_CURRENT_LIST_DIR}/OrvanComponents.cmake)
 
 if(ORVAN_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
@@ -33,38 +34,58 @@ endfunction()
 
 # orvan_library(<name> [PUBLIC_HEADERS ...] SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]) makes the target orvan_<name>
 # with the alias orvan::<name>. PUBLIC_HEADERS are the headers that hosts include; no others are installed, so a public
-# header may include only public headers (scripts/check_layers_and_documents.py checks this).
+# header may include only public headers (scripts/check_layers_and_documents.py checks this). With BUILD_SHARED_LIBS the
+# target's objects go into a shared library, which has the alias (OrvanComponents.cmake).
 function(orvan_library name)
     cmake_parse_arguments(ARG "" "" "PUBLIC_HEADERS;SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
-    add_library(orvan_${name} STATIC ${ARG_PUBLIC_HEADERS} ${ARG_SOURCES})
-    add_library(orvan::${name} ALIAS orvan_${name})
-    set_target_properties(orvan_${name} PROPERTIES
-        EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
+    orvan_part_of(${name} part)
+    set(kind STATIC)
+    if(BUILD_SHARED_LIBS AND part)
+        set(kind OBJECT)
+    endif()
+    add_library(orvan_${name} ${kind} ${ARG_PUBLIC_HEADERS} ${ARG_SOURCES})
+    set_target_properties(orvan_${name} PROPERTIES EXPORT_NAME ${name} DEBUG_POSTFIX d
+        POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     target_compile_features(orvan_${name} PUBLIC cxx_std_20)
     # Without this option the compiler must allow for functions that are replaced when the program is loaded, because
     # the code may become part of a shared library, and it then inlines less. Nobody replaces functions of this library.
     target_compile_options(orvan_${name} PRIVATE -fno-semantic-interposition)
-    target_include_directories(orvan_${name} PUBLIC
-        $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
-    target_link_libraries(orvan_${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
-    if(ORVAN_INSTALL)
-        file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
-        install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
-        install(FILES ${ARG_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
-    endif()
+    target_include_directories(orvan_${name} PUBLIC $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}>
+        $<BUILD_INTERFACE:${ORVAN_GENERATED}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    orvan_resolve(${name} links ${ARG_LINKS})
+    orvan_resolve(${name} private_links ${ARG_PRIVATE_LINKS})
+    target_link_libraries(orvan_${name} PUBLIC ${links} PRIVATE ${private_links})
+    orvan_name_target(${name} "${ARG_PUBLIC_HEADERS}")
 endfunction()
 
 # orvan_headers(<name> PUBLIC_HEADERS ... LINKS ...) makes the same kind of target out of headers alone.
 function(orvan_headers name)
     cmake_parse_arguments(ARG "" "" "PUBLIC_HEADERS;LINKS" ${ARGN})
     add_library(orvan_${name} INTERFACE)
-    add_library(orvan::${name} ALIAS orvan_${name})
     set_target_properties(orvan_${name} PROPERTIES EXPORT_NAME ${name})
-    target_link_libraries(orvan_${name} INTERFACE ${ARG_LINKS})
-    if(ORVAN_INSTALL)
+    orvan_resolve(${name} links ${ARG_LINKS})
+    target_link_libraries(orvan_${name} INTERFACE ${links})
+    orvan_name_target(${name} "${ARG_PUBLIC_HEADERS}")
+endfunction()
+
+# Gives the target of a folder its alias, and installs it with its headers.
+function(orvan_name_target name headers)
+    orvan_part_of(${name} part)
+    set(target orvan_${name})
+    if(BUILD_SHARED_LIBS AND part)
+        set(target orvan_part_${part})
+    endif()
+    add_library(orvan::${name} ALIAS ${target})
+    if(ORVAN_INSTALL AND (part OR headers))
+        if(target STREQUAL "orvan_${name}")
+            if(NOT part)
+                set(part core)
+            endif()
+            install(TARGETS ${target} EXPORT KTVOrvanProduct-${part}
+                ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
+        endif()
         file(RELATIVE_PATH folder ${ORVAN_SOURCE_ROOT} ${CMAKE_CURRENT_SOURCE_DIR})
-        install(TARGETS orvan_${name} EXPORT KTVOrvanProduct)
-        install(FILES ${ARG_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder} COMPONENT Development)
     endif()
 endfunction()
 
@@ -83,11 +104,18 @@ endfunction()
 function(orvan_install_package)
     include(CMakePackageConfigHelpers)
     set(package ${CMAKE_INSTALL_LIBDIR}/cmake/KTVOrvanProduct)
-    install(EXPORT KTVOrvanProduct NAMESPACE orvan:: FILE KTVOrvanProductTargets.cmake DESTINATION ${package})
+    set(folder_names)
+    foreach(part IN LISTS ORVAN_PARTS)
+        if(ORVAN_QT OR NOT part STREQUAL qt)
+            install(EXPORT KTVOrvanProduct-${part} NAMESPACE orvan:: FILE KTVOrvanProduct-${part}.cmake
+                DESTINATION ${package} COMPONENT Development)
+            string(APPEND folder_names "set(orvan_folders_of_${part} ${ORVAN_FOLDERS_OF_${part}})\n")
+        endif()
+    endforeach()
     configure_package_config_file(${ORVAN_SOURCE_ROOT}/cmake/KTVOrvanProductConfig.cmake.in
         ${CMAKE_CURRENT_BINARY_DIR}/KTVOrvanProductConfig.cmake INSTALL_DESTINATION ${package})
     write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/KTVOrvanProductConfigVersion.cmake
         COMPATIBILITY SameMajorVersion)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KTVOrvanProductConfig.cmake
-        ${CMAKE_CURRENT_BINARY_DIR}/KTVOrvanProductConfigVersion.cmake DESTINATION ${package})
+        ${CMAKE_CURRENT_BINARY_DIR}/KTVOrvanProductConfigVersion.cmake DESTINATION ${package} COMPONENT Development)
 endfunction()

@@ -6,6 +6,8 @@
 // Thread: any; a Currency is a plain value.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <compare>
 #include <cstdint>
 #include <iterator>
@@ -16,7 +18,7 @@
 
 namespace orvan {
 
-class Currency {
+class ORVAN_CORE_EXPORT Currency {
 public:
     static constexpr int kDecimals = 4;
     static constexpr std::int64_t kScale = 10'000;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/core_export.h"
 
 #include <cstdint>
 #include <exception>
@@ -45,7 +46,7 @@ struct ErrorNumber {
 };
 
 /// The standard text of an error number; "Application-defined or object-defined error" for a number without one.
-[[nodiscard]] std::string_view standardErrorText(std::int32_t number);
+[[nodiscard]] ORVAN_CORE_EXPORT std::string_view standardErrorText(std::int32_t number);
 
 class ORVAN_EXPORT RuntimeError : public std::exception {
 public:
@@ -74,11 +75,11 @@ private:
 /// A component of a host may throw any type, and the library handles numbers only: std::bad_alloc becomes 7,
 /// std::out_of_range 9, std::bad_cast 13, and anything else 440 with what() as its text. If there is no memory for the
 /// texts, the number comes without them.
-[[nodiscard]] RuntimeError currentError() noexcept;
+[[nodiscard]] ORVAN_CORE_EXPORT RuntimeError currentError() noexcept;
 
 /// Raises the error that the calling thread is handling: a RuntimeError as it is, anything else as currentError() gives
 /// it. To be called inside a catch block only.
-[[noreturn]] void raiseCurrentError();
+[[noreturn]] ORVAN_CORE_EXPORT void raiseCurrentError();
 
 /// Runs `body`, and raises whatever it throws by raiseCurrentError. Each operation that hosts call and that runs code
 /// of a host, or may run out of memory, uses it, so that hosts need to catch one type only.

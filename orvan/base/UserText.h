@@ -11,6 +11,8 @@
 // counted text. Texts are UTF-8. Thread: any.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -22,7 +24,7 @@
 
 namespace orvan {
 
-class UserText {
+class ORVAN_CORE_EXPORT UserText {
 public:
     /// Translates an English sentence, and returns nothing where it has no translation. The number is that of a counted
     /// text, whose key is the sentence for many; "%n" may stay in the result.
@@ -60,7 +62,7 @@ private:
     std::vector<UserText> parts_;
 };
 
-[[nodiscard]] UserText sentenceOf(std::string_view english, std::vector<UserText> parts);
+[[nodiscard]] ORVAN_CORE_EXPORT UserText sentenceOf(std::string_view english, std::vector<UserText> parts);
 
 template <class... Parts>
 [[nodiscard]] UserText userText(std::string_view english, Parts&&... parts)
@@ -69,7 +71,7 @@ template <class... Parts>
 }
 
 /// `one` is the sentence for the number 1, and `many` the one for all other numbers.
-[[nodiscard]] UserText countedText(std::int64_t count, std::string_view one, std::string_view many,
-                                   std::vector<UserText> parts = {});
+[[nodiscard]] ORVAN_CORE_EXPORT UserText countedText(std::int64_t count, std::string_view one, std::string_view many,
+                                                     std::vector<UserText> parts = {});
 
 } // namespace orvan

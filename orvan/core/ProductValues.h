@@ -4,6 +4,7 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/core_export.h"
 
 #include <string>
 
@@ -25,11 +26,11 @@ struct ProductValues {
 };
 
 /// Raises what the record raises.
-[[nodiscard]] ProductValues valuesOf(const ProductRecord& record);
-void setValues(ProductRecord& record, const ProductValues& values);
+[[nodiscard]] ORVAN_CORE_INTERNAL ProductValues valuesOf(const ProductRecord& record);
+ORVAN_CORE_INTERNAL void setValues(ProductRecord& record, const ProductValues& values);
 
 /// The price of `qty` pieces less the discount in percent; a discount above 100 counts as none. Raises 6 beyond the
 /// range.
-[[nodiscard]] Currency extendedPrice(Currency unitPrice, Currency qty, Currency discPrcnt);
+[[nodiscard]] ORVAN_CORE_INTERNAL Currency extendedPrice(Currency unitPrice, Currency qty, Currency discPrcnt);
 
 } // namespace orvan

@@ -23,6 +23,7 @@
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/core/Trace.h"
+#include "orvan/core_export.h"
 
 #include <cstdint>
 #include <memory>
@@ -62,9 +63,9 @@ Trace& traceObject();
 /// The error that the calling thread is handling, as currentError() gives it, but with the text that it had when it was
 /// raised: what the public operations raise has none. For the reasons that hosts show to a person. To be called inside
 /// a catch block around operations of the library, before any other one.
-[[nodiscard]] RuntimeError currentErrorWithText() noexcept;
+[[nodiscard]] ORVAN_CORE_INTERNAL RuntimeError currentErrorWithText() noexcept;
 /// Called before those operations: the text of an earlier error is none of theirs.
-void forgetErrorText() noexcept;
+ORVAN_CORE_INTERNAL void forgetErrorText() noexcept;
 
 /// A body that returns this decides whether TraceExit is called. A few event handlers deliberately trace only their
 /// entry when they have nothing to do. The shape around such a body returns nothing.

@@ -5,6 +5,8 @@
 // Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <string>
 
 namespace orvan {
@@ -30,6 +32,6 @@ struct LocaleStrings {
 };
 
 /// All five, read by the two procedures above, the separators first.
-[[nodiscard]] LocaleStrings PrvInitLocale(ui::LocaleService& locale);
+[[nodiscard]] ORVAN_CORE_INTERNAL LocaleStrings PrvInitLocale(ui::LocaleService& locale);
 
 } // namespace orvan

@@ -13,6 +13,7 @@
 
 #include "orvan/base/Lifetime.h"
 #include "orvan/core/ProductMgr.h"
+#include "orvan/core_export.h"
 
 #include <cstdint>
 #include <functional>
@@ -24,7 +25,7 @@ namespace ui {
 class Platform;
 }
 
-class ProductDlg {
+class ORVAN_CORE_EXPORT ProductDlg {
 public:
     /// The dialog opens in the middle of the owner, on its screen and no larger than that. `ownerWindow` is a handle
     /// that the platform's host gives (on Qt orvan::ownerWindow of orvan/hosting/QtHost.h). 0, or a window that no

@@ -4,6 +4,8 @@
 // is the system's own text for the reason, without a full stop.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -19,9 +21,9 @@ namespace orvan::files {
 /// Raises 75 if the path is that of a folder, a device, a pipe or a socket; returns if there is a regular file or
 /// nothing at all. For a file that another library opens by its name, and where it would wait for a pipe. This
 /// function does not open the file: to close a file that the process has open elsewhere, too, would release its locks.
-void refuseOtherThanFile(const std::filesystem::path& path);
+ORVAN_CORE_INTERNAL void refuseOtherThanFile(const std::filesystem::path& path);
 
-class Descriptor {
+class ORVAN_CORE_INTERNAL Descriptor {
 public:
     Descriptor() = default;
     explicit Descriptor(int descriptor) : descriptor_(descriptor) {}

@@ -9,6 +9,8 @@
 // a program that cannot make a file there cannot replace the edited one either.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -25,7 +27,7 @@ struct LockHolder {
     friend bool operator==(const LockHolder&, const LockHolder&) = default;
 };
 
-class EditLock {
+class ORVAN_CORE_INTERNAL EditLock {
 public:
     /// Makes an object that holds no lock.
     EditLock() = default;

@@ -8,13 +8,15 @@
 // Thread: any, one at a time. Errors: 75 with the reason in the description; all files are then as they were.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <filesystem>
 #include <optional>
 
 namespace orvan::files {
 
 /// The former file of `file`; empty if there is none. Symbolic links to `file` are followed.
-[[nodiscard]] std::optional<std::filesystem::path> formerFileOf(const std::filesystem::path& file);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::optional<std::filesystem::path> formerFileOf(const std::filesystem::path& file);
 
 /// Gives `next` the name of `target`, and makes the file that had this name the former one. Both stand in one folder,
 /// and `target` is no link. The caller makes sure that nobody else replaces `target` meanwhile (NewFile.h).
@@ -22,6 +24,6 @@ void replaceKeepingFormer(const std::filesystem::path& next, const std::filesyst
 
 /// Exchanges a file and its former one; a second call exchanges them back. Raises 75 also when there is no former
 /// file, and while another program replaces the file.
-void swapWithFormer(const std::filesystem::path& file);
+ORVAN_CORE_INTERNAL void swapWithFormer(const std::filesystem::path& file);
 
 } // namespace orvan::files

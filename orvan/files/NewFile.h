@@ -14,6 +14,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/core_export.h"
 #include "orvan/files/Descriptor.h"
 
 #include <filesystem>
@@ -26,7 +27,7 @@ namespace orvan::files {
 /// link that leads nowhere.
 [[nodiscard]] std::filesystem::path resolvedTarget(const std::filesystem::path& target);
 
-class NewFile {
+class ORVAN_CORE_INTERNAL NewFile {
 public:
     /// Whether other programs may make new files for the same target at the same time.
     enum class Others { allowed, refused };
@@ -66,6 +67,6 @@ private:
 
 /// Removes the unfinished files that programs which have ended have left in the folder, whatever their targets are. For
 /// a folder whose targets have names that do not come again.
-void removeUnfinishedFiles(const std::filesystem::path& folder);
+ORVAN_CORE_INTERNAL void removeUnfinishedFiles(const std::filesystem::path& folder);
 
 } // namespace orvan::files

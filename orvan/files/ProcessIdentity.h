@@ -3,19 +3,21 @@
 // Thread: any. Errors: none is raised; a text that cannot be found out is "".
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 #include <string>
 
 namespace orvan::files {
 
 [[nodiscard]] std::string userName();
-[[nodiscard]] std::string hostName();
+[[nodiscard]] ORVAN_CORE_INTERNAL std::string hostName();
 
 /// A text that distinguishes a process of this host from a later process with the same number: it names the start of
 /// the computer and the start of the process.
-[[nodiscard]] std::string processIdentity(std::int64_t process);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::string processIdentity(std::int64_t process);
 
 /// Whether the process that had this identity still runs on this host.
-[[nodiscard]] bool isRunning(std::int64_t process, const std::string& identity);
+[[nodiscard]] ORVAN_CORE_INTERNAL bool isRunning(std::int64_t process, const std::string& identity);
 
 } // namespace orvan::files

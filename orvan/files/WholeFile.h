@@ -4,6 +4,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/core_export.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -32,10 +33,11 @@ struct WholeFile {
 
 /// Reads a file. Raises for anything but a regular file (a folder, a pipe, a device), without waiting, and for a file
 /// of more than `most` bytes.
-[[nodiscard]] WholeFile readFile(const std::filesystem::path& path, std::int64_t most);
+[[nodiscard]] ORVAN_CORE_INTERNAL WholeFile readFile(const std::filesystem::path& path, std::int64_t most);
 
 /// The stamp of the file that has that name now; empty if there is no file. Raises if there is one that cannot be read.
-[[nodiscard]] std::optional<FileStamp> currentStamp(const std::filesystem::path& path, std::int64_t most);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::optional<FileStamp> currentStamp(const std::filesystem::path& path,
+                                                                        std::int64_t most);
 
 struct ReplacedFile {
     FileStamp stamp;
@@ -43,6 +45,6 @@ struct ReplacedFile {
 };
 
 /// Replaces a file, or makes it. The old content stays until the new one is on the disk.
-[[nodiscard]] ReplacedFile replaceFile(const std::filesystem::path& path, std::string_view bytes);
+[[nodiscard]] ORVAN_CORE_INTERNAL ReplacedFile replaceFile(const std::filesystem::path& path, std::string_view bytes);
 
 } // namespace orvan::files

@@ -11,6 +11,7 @@
 // object, without a lock held, and may itself use the registry.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/ComponentFactory.h"
 
 #include <filesystem>
@@ -23,7 +24,7 @@
 
 namespace orvan {
 
-class ComponentRegistry final : public ui::ComponentFactory {
+class ORVAN_CORE_EXPORT ComponentRegistry final : public ui::ComponentFactory {
 public:
     using Factory = std::function<std::shared_ptr<ui::Component>()>;
 

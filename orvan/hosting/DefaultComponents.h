@@ -1,6 +1,7 @@
 // The components that come with the library, registered under the class names it asks for.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/CatalogueFactory.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/components/trace/TraceLog.h"
@@ -17,6 +18,7 @@ struct DefaultComponentOptions {
 
 /// Registers the in-process product manager, the catalogue look-up and the trace log. The trace log
 /// shows its messages in the message box of the thread that uses it (orvan/hosting/ThreadMessages.h).
-void registerDefaultComponents(ComponentRegistry& registry, const DefaultComponentOptions& options = {});
+ORVAN_CATALOGUE_EXPORT void registerDefaultComponents(ComponentRegistry& registry,
+                                                      const DefaultComponentOptions& options = {});
 
 } // namespace orvan

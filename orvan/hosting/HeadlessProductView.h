@@ -5,6 +5,7 @@
 // Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h).
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/hosting/Host.h"
 #include "orvan/ui/headless/Drivers.h"
 #include "orvan/ui/headless/HeadlessPlatform.h"
@@ -18,7 +19,7 @@ namespace orvan {
 
 using HeadlessHost = Host<headless::HeadlessPlatform>;
 
-class HeadlessProductView {
+class ORVAN_CATALOGUE_EXPORT HeadlessProductView {
 public:
     /// The view's preferences are kept under `hostTypeName` in the platform's settings store. The view's message boxes
     /// belong to `ownerWindow` (see ui::Message).

@@ -6,6 +6,7 @@
 // the views made on it. The constructor raises a RuntimeError: 51 when the locale library's data is missing.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/Trace.h"
 #include "orvan/hosting/ComponentRegistry.h"
@@ -56,7 +57,8 @@ struct HostOptions {
 
 /// The user's number and money formats, as ICU knows them. Raises 51 when ICU's data is missing, and 5 for a currency
 /// that is no code of three letters.
-[[nodiscard]] std::unique_ptr<ui::LocaleService> makeLocaleService(const icu::LocaleNames& names);
+[[nodiscard]] ORVAN_CATALOGUE_EXPORT std::unique_ptr<ui::LocaleService>
+makeLocaleService(const icu::LocaleNames& names);
 
 template <class PlatformType>
 class Host {

@@ -22,6 +22,7 @@
 #ifndef Q_MOC_RUN // the meta-object compiler cannot read the standard library's concepts
 #include "orvan/base/Currency.h"
 #include "orvan/core/Command.h"
+#include "orvan/qt_export.h"
 #endif
 
 #include <QString>
@@ -43,7 +44,7 @@ namespace qt {
 class QtPlatform;
 }
 
-class ProductViewWidget : public QWidget {
+class ORVAN_QT_EXPORT ProductViewWidget : public QWidget {
     Q_OBJECT
     /// As set by setHostTypeName; empty at first.
     Q_PROPERTY(QString hostTypeName READ hostTypeName WRITE setHostTypeName NOTIFY hostTypeNameChanged)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "orvan/hosting/Host.h"
+#include "orvan/qt_export.h"
 #include "orvan/ui/qt/QtPlatform.h"
 
 #include <cstdint>
@@ -16,12 +17,12 @@ using QtHost = Host<qt::QtPlatform>;
 
 /// The application's own host. The first call makes it, after the QApplication was made; it lives to the end of the
 /// process. Its options have to be set before the first call.
-QtHost& qtHost();
+ORVAN_QT_EXPORT QtHost& qtHost();
 /// Raises 5 once the host exists.
-void setQtHostOptions(const HostOptions& options);
+ORVAN_QT_EXPORT void setQtHostOptions(const HostOptions& options);
 
 /// The handle by which ProductDlg, and what shows a ui::Message, name the window that the widget is in; 0 for null. It
 /// stays the window's own, and names no window once that one is destroyed.
-[[nodiscard]] std::int32_t ownerWindow(QWidget* widget);
+[[nodiscard]] ORVAN_QT_EXPORT std::int32_t ownerWindow(QWidget* widget);
 
 } // namespace orvan

@@ -7,11 +7,12 @@
 // made it.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/MessageBox.h"
 
 namespace orvan {
 
-class ThreadMessages {
+class ORVAN_CORE_EXPORT ThreadMessages {
 public:
     explicit ThreadMessages(ui::MessageBox& messageBox);
     ThreadMessages(const ThreadMessages&) = delete;

@@ -3,13 +3,14 @@
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
 
 #include <functional>
 
 namespace orvan::ui {
 
-class Button : public EnabledControl {
+class ORVAN_CORE_INTERNAL Button : public EnabledControl {
 public:
     using EnabledControl::EnabledControl;
 

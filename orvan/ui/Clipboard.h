@@ -4,12 +4,14 @@
 // Texts are UTF-8. Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <string>
 #include <string_view>
 
 namespace orvan::ui {
 
-class Clipboard {
+class ORVAN_CORE_EXPORT Clipboard {
 public:
     virtual ~Clipboard() = default;
 

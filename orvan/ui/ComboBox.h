@@ -7,13 +7,14 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/TextEntry.h"
 
 #include <vector>
 
 namespace orvan::ui {
 
-class ComboBox : public TextEntry {
+class ORVAN_CORE_INTERNAL ComboBox : public TextEntry {
 public:
     using TextEntry::TextEntry;
 

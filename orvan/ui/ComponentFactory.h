@@ -5,6 +5,7 @@
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/core_export.h"
 
 #include <memory>
 #include <string>
@@ -20,7 +21,7 @@ public:
     virtual ~Component() = default;
 };
 
-class ComponentFactory {
+class ORVAN_CORE_EXPORT ComponentFactory {
 public:
     virtual ~ComponentFactory() = default;
 

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "orvan/base/RunHandler.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/FormDesign.h"
 #include "orvan/ui/Platform.h"
 
@@ -23,7 +24,7 @@ namespace orvan::ui {
 
 class Surface;
 
-class Control {
+class ORVAN_CORE_INTERNAL Control {
 public:
     /// The design must outlive the control.
     explicit Control(const ControlDesign& design);

@@ -9,6 +9,7 @@
 // user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/KeyStroke.h"
 #include "orvan/ui/Surface.h"
 
@@ -26,7 +27,7 @@ enum class UnloadMode : std::int16_t {
     taskManager = 3,
 };
 
-class Form : public Surface {
+class ORVAN_CORE_INTERNAL Form : public Surface {
 public:
     Form(const FormDesign& design, Platform& platform);
 

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
 #include "orvan/ui/GridFormat.h"
 #include "orvan/ui/KeyStroke.h"
@@ -43,7 +44,7 @@ enum class RowChoice {
     toggle, ///< The row is added to the selection or taken out of it (Ctrl).
 };
 
-class Grid : public Control {
+class ORVAN_CORE_INTERNAL Grid : public Control {
 public:
     Grid(const ControlDesign& design, NumberSeparators separators);
 

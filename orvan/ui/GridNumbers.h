@@ -4,6 +4,8 @@
 // Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,6 +17,6 @@ class Grid;
 /// Texts of the column's numbers, header rows left out: one for each size and count of decimals, with and without a
 /// minus sign. Every number of the column has a text of no more characters than one of these. Empty for a column
 /// without numbers.
-[[nodiscard]] std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column);
 
 } // namespace orvan::ui

@@ -5,6 +5,7 @@
 // thread.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/FormDesign.h"
 #include "orvan/ui/GridFormat.h"
 
@@ -18,10 +19,10 @@ enum class LocaleItem : std::int32_t;
 [[nodiscard]] std::string readLocaleItem(LocaleService& locale, LocaleItem item, std::string_view defaultText);
 
 /// The user's separators of plain numbers; "," and "." if the service does not give them.
-[[nodiscard]] NumberSeparators gridSeparators(LocaleService& locale);
+[[nodiscard]] ORVAN_CORE_INTERNAL NumberSeparators gridSeparators(LocaleService& locale);
 
 /// What the keypad's decimal key types into a box: the user's decimal separator of numbers or of money, depending on
 /// what the box is used for; "." for plain text.
-[[nodiscard]] std::string keypadDecimal(LocaleService& locale, TextUse use);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::string keypadDecimal(LocaleService& locale, TextUse use);
 
 } // namespace orvan::ui

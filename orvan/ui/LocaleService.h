@@ -14,6 +14,7 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/core_export.h"
 
 #include <cstdint>
 #include <span>
@@ -34,7 +35,7 @@ enum class LocaleItem : std::int32_t {
     monetaryThousandsSeparator = 0x17,
 };
 
-class LocaleService {
+class ORVAN_CORE_EXPORT LocaleService {
 public:
     virtual ~LocaleService() = default;
 

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/core_export.h"
 
 #include <cstdint>
 #include <string>
@@ -34,7 +35,7 @@ struct Message {
     bool ignoresTypeAhead = false;
 };
 
-class MessageBox {
+class ORVAN_CORE_EXPORT MessageBox {
 public:
     virtual ~MessageBox() = default;
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/Clipboard.h"
 #include "orvan/ui/ComponentFactory.h"
 #include "orvan/ui/EditingWay.h"
@@ -34,7 +35,7 @@ struct HostServices {
     std::shared_ptr<MessageBox> messageBox = {};
 };
 
-class Platform {
+class ORVAN_CORE_EXPORT Platform {
 public:
     virtual ~Platform() = default;
 

@@ -3,6 +3,8 @@
 // Ownership: the platform. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 
 namespace orvan::ui {
@@ -13,7 +15,7 @@ enum class PointerCode : std::int32_t {
     arrowHourglass = 13, ///< Busy, and the user may go on.
 };
 
-class ScreenPointer {
+class ORVAN_CORE_EXPORT ScreenPointer {
 public:
     virtual ~ScreenPointer() = default;
 

@@ -8,6 +8,8 @@
 // cannot be stored is forgotten; both errors stand in the trace. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <string>
 #include <string_view>
 
@@ -16,7 +18,7 @@ namespace orvan::ui {
 /// The application name under which the library and its desk keep their settings.
 inline constexpr std::string_view kSettingsApplication = "Orvan";
 
-class SettingsStore {
+class ORVAN_CORE_EXPORT SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "orvan/base/Lifetime.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
 
 #include <functional>
@@ -16,7 +17,7 @@
 
 namespace orvan::ui {
 
-class Surface {
+class ORVAN_CORE_INTERNAL Surface {
 public:
     Surface(const FormDesign& design, Platform& platform);
     Surface(const Surface&) = delete;

@@ -6,6 +6,7 @@
 // thread.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
 
 #include <cstdint>
@@ -18,15 +19,15 @@ namespace orvan::ui {
 
 /// The line end that a user's Enter makes in a text of several lines: "\r\n" where the text has one
 /// already, else "\n", so that editing a text does not mix the two.
-[[nodiscard]] std::string_view lineEndOf(std::string_view text);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::string_view lineEndOf(std::string_view text);
 
 /// The part of a typed or pasted text that a box takes: each line end becomes `lineEnd` (" " for a box of one line),
 /// and the text is cut to `capacity` characters, but never inside a line end. A capacity below 0 counts as 0; without
 /// one there is no limit.
-[[nodiscard]] std::string fitForEntry(std::string_view text, std::string_view lineEnd,
-                                      std::optional<std::int64_t> capacity);
+[[nodiscard]] ORVAN_CORE_INTERNAL std::string fitForEntry(std::string_view text, std::string_view lineEnd,
+                                                          std::optional<std::int64_t> capacity);
 
-class TextEntry : public Control {
+class ORVAN_CORE_INTERNAL TextEntry : public Control {
 public:
     using Control::Control;
 

@@ -5,13 +5,14 @@
 // Ownership: the surface. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
 
 #include <cstdint>
 
 namespace orvan::ui {
 
-class Timer : public Control {
+class ORVAN_CORE_INTERNAL Timer : public Control {
 public:
     using Control::Control;
 

@@ -4,6 +4,7 @@
 // surface. Thread: the user-interface thread.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
 
 #include <string_view>
@@ -11,7 +12,7 @@
 
 namespace orvan::ui {
 
-class ToolSet : public Control {
+class ORVAN_CORE_INTERNAL ToolSet : public Control {
 public:
     explicit ToolSet(const ControlDesign& design);
 

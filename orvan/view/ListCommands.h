@@ -9,6 +9,7 @@
 #pragma once
 
 #include "orvan/core/Command.h"
+#include "orvan/core_export.h"
 #include "orvan/view/ListFind.h"
 
 #include <string_view>
@@ -26,7 +27,7 @@ class Surface;
 struct KeyStroke;
 } // namespace ui
 
-class ListCommands {
+class ORVAN_CORE_INTERNAL ListCommands {
 public:
     ListCommands(ProductView& view, ProductColumns& columns, const ui::Surface& surface, ui::LocaleService& locale);
     ListCommands(const ListCommands&) = delete;

@@ -18,6 +18,7 @@
 #include "orvan/core/ProductMgr.h"
 #include "orvan/core/ProductValues.h"
 #include "orvan/core/modLocale.h"
+#include "orvan/core_export.h"
 #include "orvan/view/ListCommands.h"
 #include "orvan/view/ProductColumns.h"
 
@@ -51,7 +52,7 @@ struct ProductViewEvents {
     std::function<void()> editorClosed;
 };
 
-class ProductView {
+class ORVAN_CORE_INTERNAL ProductView {
 public:
     /// `surface` is loaded with kProductViewDesign (orvan/view/ProductViewDesign.h). Raises what creating
     /// the product manager raises, 424 or 13 for a surface of another design, and the number alone

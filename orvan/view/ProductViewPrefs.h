@@ -6,6 +6,7 @@
 // stands when they are saved. Written whenever the user changes them, read when a control is loaded.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/SettingsStore.h"
 
 #include <string>
@@ -16,6 +17,7 @@ namespace orvan {
 /// Stores `value` for a host form whose user has no preferences yet: with it a host gives its list view
 /// widths that suit the place it stands in. To be called before the view is shown. Raises 75 when the
 /// store cannot be read or written.
-void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& hostTypeName, std::string_view value);
+ORVAN_CORE_EXPORT void seedProductViewPrefs(ui::SettingsStore& settings, const std::string& hostTypeName,
+                                            std::string_view value);
 
 } // namespace orvan

@@ -6,9 +6,18 @@ list(LENGTH headers count)
 list(JOIN headers "\n  " lines)
 message(STATUS "${count} headers are installed:\n  ${lines}")
 
-execute_process(COMMAND ${CMAKE_COMMAND} -G ${GENERATOR} -S ${CMAKE_CURRENT_LIST_DIR}/host -B ${WORK}/host
-        -DCMAKE_PREFIX_PATH=${WORK}/installed -DCMAKE_CXX_COMPILER=${CXX} -DAPPS=${SOURCE}/apps -DQT=${QT}
-    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+set(configure ${CMAKE_COMMAND} -G ${GENERATOR} -S ${CMAKE_CURRENT_LIST_DIR}/host
+    -DCMAKE_PREFIX_PATH=${WORK}/installed -DCMAKE_CXX_COMPILER=${CXX} -DAPPS=${SOURCE}/apps -DQT=${QT})
+execute_process(COMMAND ${configure} -B ${WORK}/unknown -DCOMPONENTS=core\;colours RESULT_VARIABLE failed
+    OUTPUT_QUIET ERROR_VARIABLE told)
+if(NOT failed OR NOT told MATCHES "colours")
+    message(FATAL_ERROR "An unknown component is to fail with its name: ${told}")
+endif()
+set(components core catalogue)
+if(QT)
+    list(APPEND components qt)
+endif()
+execute_process(COMMAND ${configure} -B ${WORK}/host "-DCOMPONENTS=${components}" OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK}/host COMMAND_ERROR_IS_FATAL ANY)
 
 # Runs a host and compares what it prints.
@@ -25,3 +34,7 @@ expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal
     ${WORK}/host/orvan-grid ${WORK}/products.txt)
 expect_output("1  Desk lamp  2  $149.90  $149.90\n149.9 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)
 execute_process(COMMAND ${WORK}/host/own-manager --gtest_brief=1 COMMAND_ERROR_IS_FATAL ANY)
+
+execute_process(COMMAND ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/exports.py ${WORK}/installed
+        ${WORK}/host/orvan-grid ${WORK}/host/own-names ${WORK}/host/own-manager
+    COMMAND_ERROR_IS_FATAL ANY)

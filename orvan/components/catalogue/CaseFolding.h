@@ -8,6 +8,8 @@
 // ago, and stored in a file, can still be compared. Thread: any.
 #pragma once
 
+#include "orvan/catalogue_export.h"
+
 #include <string>
 #include <string_view>
 
@@ -18,7 +20,7 @@ namespace orvan {
 /// The same, but writes into `folded`, whose memory is reused.
 void foldCase(std::string_view text, std::string& folded);
 
-[[nodiscard]] bool isUtf8(std::string_view text);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL bool isUtf8(std::string_view text);
 
 /// Returns `text` with its beginning, which equals `typed` except for the case, replaced by `typed`. Where that
 /// beginning ends within the folding of a character, the rest of the folding follows: "Straße" for the typed "STRAS"

@@ -44,6 +44,7 @@
 // entry.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/CatalogueFactory.h"
 #include "orvan/lookup/ProductLkpMgr.h"
 
@@ -60,7 +61,7 @@ namespace orvan {
 class CatalogueVersion;
 enum class LookUpText;
 
-class SqliteCatalogue final : public ProductLkpMgr {
+class ORVAN_CATALOGUE_INTERNAL SqliteCatalogue final : public ProductLkpMgr {
 public:
     /// Raises 75 or 321 when the file cannot be used. Does not use the option `report`.
     explicit SqliteCatalogue(CatalogueOptions options);

@@ -1,6 +1,7 @@
 // CatalogueColumns: finds the fields of an imported row by the names in the list's header. Thread: any.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/CatalogueImport.h"
 
 #include <array>
@@ -29,13 +30,13 @@ struct ColumnKind {
     bool required; ///< It has to be found, unless the caller says that the list has none.
 };
 inline constexpr std::size_t kColumnKinds = 7;
-[[nodiscard]] const std::array<ColumnKind, kColumnKinds>& columnKinds();
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL const std::array<ColumnKind, kColumnKinds>& columnKinds();
 
 /// The name in the form in which names are compared: "Part-No." and "PART NO" give the same.
-[[nodiscard]] std::string simplifiedColumnName(std::string_view name);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::string simplifiedColumnName(std::string_view name);
 
 /// The simplified names under which price lists usually have a column.
-[[nodiscard]] const std::vector<std::string_view>& usualColumnNames(ColumnPlace column);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL const std::vector<std::string_view>& usualColumnNames(ColumnPlace column);
 
 struct ColumnsFound {
     CatalogueColumns columns;
@@ -46,9 +47,10 @@ struct ColumnsFound {
                                        const CatalogueImportOptions::ColumnNames& names);
 
 /// Why a column was not found.
-[[nodiscard]] UserText whyMissing(const ColumnKind& kind, const CatalogueImportOptions::ColumnNames& names);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL UserText whyMissing(const ColumnKind& kind,
+                                                           const CatalogueImportOptions::ColumnNames& names);
 
 /// The cells in quotes, for a message.
-[[nodiscard]] std::string listed(const std::vector<std::string_view>& names);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::string listed(const std::vector<std::string_view>& names);
 
 } // namespace orvan

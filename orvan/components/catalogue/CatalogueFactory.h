@@ -8,6 +8,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/catalogue_export.h"
 #include "orvan/ui/ComponentFactory.h"
 
 #include <chrono>
@@ -57,6 +58,7 @@ struct CatalogueOptions {
 /// nor the objects that it makes fail because of the file: see CatalogueOptions::report. A look-up that
 /// fails finds no entries; the next one tries the file again. For a server's catalogue, changes are brought as long as
 /// the factory or one of its objects lives.
-[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> catalogueFactory(CatalogueOptions options);
+[[nodiscard]] ORVAN_CATALOGUE_EXPORT std::function<std::shared_ptr<ui::Component>()>
+catalogueFactory(CatalogueOptions options);
 
 } // namespace orvan

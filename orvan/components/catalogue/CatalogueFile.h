@@ -19,6 +19,7 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/SqliteFile.h"
 
 #include <cstdint>
@@ -44,19 +45,19 @@ struct CatalogueEntry {
 };
 
 /// Whether the file's header is that of a catalogue, damaged or not.
-[[nodiscard]] bool isCatalogue(const std::filesystem::path& file);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL bool isCatalogue(const std::filesystem::path& file);
 
 /// The version of the form, from the file's header.
 inline constexpr std::int64_t kFirstCatalogueVersion = 1;
 inline constexpr std::int64_t kCatalogueVersion = 2;
 inline constexpr std::int64_t kCatalogueApplicationId = 0x4F72764B; // "OrvK"
-[[nodiscard]] std::int64_t catalogueVersion(SqliteFile& catalogue);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::int64_t catalogueVersion(SqliteFile& catalogue);
 
 /// Raises 321 if the file is a catalogue of a newer form, which this program must not replace.
 void refuseNewerCatalogue(const std::filesystem::path& file);
 
 /// Opens a finished catalogue.
-[[nodiscard]] SqliteFile openCatalogue(const std::filesystem::path& file);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL SqliteFile openCatalogue(const std::filesystem::path& file);
 
 /// The texts that a look-up lists.
 enum class LookUpText { name, partNum };
@@ -71,7 +72,7 @@ struct CatalogueOrigin {
     std::int64_t nextNumber = 1; ///< The number of the next new entry.
     std::string language = {};   ///< The language whose order the texts have.
 };
-[[nodiscard]] CatalogueOrigin catalogueOrigin(SqliteFile& catalogue);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL CatalogueOrigin catalogueOrigin(SqliteFile& catalogue);
 
 struct CatalogueStatistics {
     std::int64_t entries = 0;
@@ -80,6 +81,6 @@ struct CatalogueStatistics {
     std::int64_t bytes = 0;             ///< Size of the file.
 };
 /// Reads every entry, so it takes time in a large catalogue.
-CatalogueStatistics catalogueStatistics(SqliteFile& catalogue);
+ORVAN_CATALOGUE_INTERNAL CatalogueStatistics catalogueStatistics(SqliteFile& catalogue);
 
 } // namespace orvan

@@ -35,6 +35,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/catalogue_export.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -124,7 +125,8 @@ struct CatalogueImportResult {
     std::string sheet;    ///< The name of the workbook's sheet; empty for a text file.
 };
 
-CatalogueImportResult importCatalogue(const std::filesystem::path& source, const std::filesystem::path& catalogue,
-                                      const CatalogueImportOptions& options = {});
+ORVAN_CATALOGUE_EXPORT CatalogueImportResult importCatalogue(const std::filesystem::path& source,
+                                                             const std::filesystem::path& catalogue,
+                                                             const CatalogueImportOptions& options = {});
 
 } // namespace orvan

@@ -11,6 +11,7 @@
 // then probably never closed; 75 when reading fails. The description begins with the file's name.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/lists/RowSource.h"
 
 #include <cstddef>
@@ -22,7 +23,7 @@
 
 namespace orvan {
 
-class CsvReader final : public RowSource {
+class ORVAN_CATALOGUE_INTERNAL CsvReader final : public RowSource {
 public:
     static constexpr std::size_t kReadSize = std::size_t{256} * 1024;
 

@@ -11,6 +11,7 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/catalogue_export.h"
 
 #include <optional>
 #include <string>
@@ -20,10 +21,10 @@ namespace orvan {
 
 /// Reads an amount. Rounds to four decimals, ties to even. Returns nothing for a text that is not an amount or is out
 /// of range.
-[[nodiscard]] std::optional<Currency> readPrice(std::string_view price, char decimalSeparator);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::optional<Currency> readPrice(std::string_view price, char decimalSeparator);
 
 /// The amount of a price, as readPrice reads it; a text that is no price stays as it is.
-[[nodiscard]] std::string amountOfPrice(std::string_view price);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::string amountOfPrice(std::string_view price);
 
 /// Whether the text says that there is no price: "-", "n/a", "on request", in the languages of price lists.
 [[nodiscard]] bool saysNoPrice(std::string_view text);
@@ -38,6 +39,6 @@ struct ListPrice {
 
 /// What one price tells about the decimal separator of its file. "1,234" is ambiguous; "12" tells nothing.
 enum class DecimalEvidence { none, ambiguous, point, comma };
-[[nodiscard]] DecimalEvidence decimalEvidence(std::string_view price);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL DecimalEvidence decimalEvidence(std::string_view price);
 
 } // namespace orvan

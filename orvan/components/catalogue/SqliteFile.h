@@ -7,6 +7,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/catalogue_export.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -24,7 +25,7 @@ namespace orvan {
 /// Raises the error with the given number; its description names the catalogue file and the reason.
 [[noreturn]] void raiseCatalogueError(std::int32_t number, const std::filesystem::path& file, const UserText& reason);
 
-class SqliteFile {
+class ORVAN_CATALOGUE_INTERNAL SqliteFile {
 public:
     enum class Access { readOnly, create };
 
@@ -63,7 +64,7 @@ class SqliteStatement;
 enum class SqliteType { null, integer, real, text };
 
 /// The rows that a statement yields. The destructor ends the query, because an unfinished query keeps the file locked.
-class SqliteRows {
+class ORVAN_CATALOGUE_INTERNAL SqliteRows {
 public:
     explicit SqliteRows(SqliteStatement& statement) : statement_(statement) {}
     SqliteRows(const SqliteRows&) = delete;
@@ -84,7 +85,7 @@ private:
 };
 
 /// A prepared statement; to be destroyed before its SqliteFile.
-class SqliteStatement {
+class ORVAN_CATALOGUE_INTERNAL SqliteStatement {
 public:
     SqliteStatement(SqliteFile& file, std::string_view sql);
     SqliteStatement(const SqliteStatement&) = delete;

@@ -21,6 +21,7 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/ComponentFactory.h"
 
 #include <cstdint>
@@ -46,6 +47,7 @@ struct ProductMgrOptions {
 
 /// Returns the factory that creates managers; each call of the factory makes a new one with an empty list. The factory
 /// may be called from any thread; all managers that it makes share one set of rules.
-[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> productMgrFactory(ProductMgrOptions options = {});
+[[nodiscard]] ORVAN_CORE_EXPORT std::function<std::shared_ptr<ui::Component>()>
+productMgrFactory(ProductMgrOptions options = {});
 
 } // namespace orvan

@@ -19,6 +19,7 @@
 #include "orvan/base/UserText.h"
 #include "orvan/components/products/FieldMarks.h"
 #include "orvan/core/ProductValues.h"
+#include "orvan/core_export.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -39,7 +40,7 @@ struct ProductsSeparators {
 ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep);
 
 /// Appends one record with its closing record separator.
-void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators);
+ORVAN_CORE_INTERNAL void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators);
 
 /// The size of what appendProduct would append, in bytes; and the part of it that one field takes, without its
 /// separator.
@@ -58,7 +59,7 @@ void appendProduct(std::string& out, const ProductValues& fields, ProductsSepara
 /// Both operations raise 321 for a string that is not of the form above and 6 for a number beyond
 /// its range. The description says at which record (1-based), in which field where it is about one,
 /// and why. The text must outlive the reader.
-class ProductsReader {
+class ORVAN_CORE_INTERNAL ProductsReader {
 public:
     ProductsReader(std::string_view text, ProductsSeparators separators);
 

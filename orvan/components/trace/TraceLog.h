@@ -29,6 +29,7 @@
 // be called from any.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/ComponentFactory.h"
 #include "orvan/ui/MessageBox.h"
 
@@ -47,7 +48,7 @@ inline constexpr std::int32_t kAppErrorNumber = -2147221504 + 513;
 
 /// One file per process: "orvan/trace-<pid>.log" in $XDG_STATE_HOME, or in ~/.local/state where that is
 /// not set. Empty when the user has no home directory: no trace is written then.
-[[nodiscard]] std::filesystem::path defaultTraceFile();
+[[nodiscard]] ORVAN_CORE_EXPORT std::filesystem::path defaultTraceFile();
 
 struct TraceLogOptions {
     std::filesystem::path file = defaultTraceFile();
@@ -60,7 +61,7 @@ struct TraceLogOptions {
 
 /// Returns the factory that creates trace objects. The message box must outlive the last call of ShowLastError. Where
 /// several factories name one file, the first one's options count.
-[[nodiscard]] std::function<std::shared_ptr<ui::Component>()> traceLogFactory(TraceLogOptions options,
-                                                                              ui::MessageBox& messageBox);
+[[nodiscard]] ORVAN_CORE_EXPORT std::function<std::shared_ptr<ui::Component>()>
+traceLogFactory(TraceLogOptions options, ui::MessageBox& messageBox);
 
 } // namespace orvan

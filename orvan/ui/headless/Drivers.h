@@ -12,6 +12,8 @@
 // platform's.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,7 +22,7 @@
 namespace orvan::headless {
 
 /// What buttons, boxes and grids have in common.
-class ControlDriver {
+class ORVAN_CORE_EXPORT ControlDriver {
 public:
     virtual ~ControlDriver() = default;
 
@@ -28,7 +30,7 @@ public:
     virtual bool canTakeFocus() const = 0;
 };
 
-class ButtonDriver : public ControlDriver {
+class ORVAN_CORE_EXPORT ButtonDriver : public ControlDriver {
 public:
     /// Clicks the button with the mouse: it gets the focus and is pressed.
     virtual void click() = 0;
@@ -37,7 +39,7 @@ public:
     virtual void press() = 0;
 };
 
-class ToolBarDriver {
+class ORVAN_CORE_EXPORT ToolBarDriver {
 public:
     virtual ~ToolBarDriver() = default;
 
@@ -49,7 +51,7 @@ public:
 
 /// A menu that opens at the mouse pointer or at the current row. The user of an open menu has to choose or dismiss:
 /// otherwise error 51 reaches the platform's onUnhandledError when the menu is to open again, or is destroyed.
-class PopupMenuDriver {
+class ORVAN_CORE_EXPORT PopupMenuDriver {
 public:
     virtual ~PopupMenuDriver() = default;
 
@@ -68,7 +70,7 @@ public:
 
 /// The numbers of rows and columns include headers and hidden columns. In the list view row 0 is the header, and the
 /// hidden columns are the last ones. Raises 9 for a row or column outside the grid.
-class GridDriver : public ControlDriver {
+class ORVAN_CORE_EXPORT GridDriver : public ControlDriver {
 public:
     /// Drags the column's right edge until it is `twips` wide. Raises 5 where the grid does not let columns be resized
     /// or the column is hidden.
@@ -108,7 +110,7 @@ public:
 
 /// A text box. A user who types or pastes moves the focus to the box first, and so do these actions. A read-only box
 /// takes no text.
-class EntryDriver : public ControlDriver {
+class ORVAN_CORE_EXPORT EntryDriver : public ControlDriver {
 public:
     /// Types each character in turn. A "\n" presses Enter, which puts a line end only into a box of several lines.
     virtual void type(std::string_view text) = 0;
@@ -132,7 +134,7 @@ public:
 };
 
 /// A line of text with a list that drops down. Raises 9 for a row that is not in the list.
-class ComboBoxDriver : public EntryDriver {
+class ORVAN_CORE_EXPORT ComboBoxDriver : public EntryDriver {
 public:
     /// Chooses a row of the list, by mouse or keyboard.
     virtual void chooseRow(std::int32_t row) = 0;
@@ -148,7 +150,7 @@ public:
 
 /// The controls of a form or a list view, by name. Raises 424 for a name that no control has, and 13 for a control of
 /// another kind.
-class SurfaceDriver {
+class ORVAN_CORE_EXPORT SurfaceDriver {
 public:
     virtual ~SurfaceDriver() = default;
 
@@ -171,7 +173,7 @@ public:
     virtual void resize(float width, float height) = 0;
 };
 
-class FormDriver : public SurfaceDriver {
+class ORVAN_CORE_EXPORT FormDriver : public SurfaceDriver {
 public:
     virtual void clickCloseBox() = 0;
     virtual void pressEscape() = 0;

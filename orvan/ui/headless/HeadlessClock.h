@@ -4,6 +4,8 @@
 // timers. Thread: the platform's.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -11,7 +13,7 @@ namespace orvan::headless {
 
 class HeadlessTimer;
 
-class HeadlessClock {
+class ORVAN_CORE_EXPORT HeadlessClock {
 public:
     std::int64_t now() const { return now_; }
     /// Lets time pass; timers fire in the order in which they are due, each at its own time. Handlers

@@ -3,6 +3,7 @@
 // Ownership: the surface. Thread: the platform's.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/Button.h"
 #include "orvan/ui/Grid.h"
 #include "orvan/ui/ToolSet.h"
@@ -38,7 +39,7 @@ private:
     void doMove() final {}
 };
 
-class HeadlessButton final : public DrivenControl<ui::Button, ButtonDriver> {
+class ORVAN_CORE_INTERNAL HeadlessButton final : public DrivenControl<ui::Button, ButtonDriver> {
 public:
     using DrivenControl::DrivenControl;
 
@@ -49,7 +50,7 @@ private:
     void doSetEnabled() override {}
 };
 
-class HeadlessToolBar final : public ui::ToolBar, public ToolBarDriver {
+class ORVAN_CORE_INTERNAL HeadlessToolBar final : public ui::ToolBar, public ToolBarDriver {
 public:
     using ToolBar::ToolBar;
 
@@ -63,7 +64,7 @@ private:
     void doSetToolChecked(std::size_t /*index*/, bool /*checked*/) override {}
 };
 
-class HeadlessPopupMenu final : public ui::PopupMenu, public PopupMenuDriver {
+class ORVAN_CORE_INTERNAL HeadlessPopupMenu final : public ui::PopupMenu, public PopupMenuDriver {
 public:
     HeadlessPopupMenu(const ui::ControlDesign& design, ui::Platform& platform);
     /// If the menu is still open, error 51 reaches the platform's onUnhandledError, because nobody has chosen from it
@@ -91,7 +92,7 @@ private:
     bool up_ = false;
 };
 
-class HeadlessGrid final : public DrivenControl<ui::Grid, GridDriver> {
+class ORVAN_CORE_INTERNAL HeadlessGrid final : public DrivenControl<ui::Grid, GridDriver> {
 public:
     HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform);
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "orvan/base/Lifetime.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/ComboBox.h"
 #include "orvan/ui/EntryPort.h"
 #include "orvan/ui/KeyStroke.h"
@@ -90,7 +91,7 @@ public:
     using HeadlessEntry::HeadlessEntry;
 };
 
-class HeadlessComboBox final : public HeadlessEntry<ui::ComboBox, ComboBoxDriver> {
+class ORVAN_CORE_INTERNAL HeadlessComboBox final : public HeadlessEntry<ui::ComboBox, ComboBoxDriver> {
 public:
     using HeadlessEntry::HeadlessEntry;
 

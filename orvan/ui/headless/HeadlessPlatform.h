@@ -7,6 +7,7 @@
 // thread that made it.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/ScreenPointer.h"
 #include "orvan/ui/headless/Drivers.h"
@@ -23,7 +24,7 @@ namespace orvan::headless {
 class HeadlessForm;
 
 /// A message box that takes its answers from a queue, or from the host's own message box.
-class HeadlessMessageBox final : public ui::MessageBox {
+class ORVAN_CORE_EXPORT HeadlessMessageBox final : public ui::MessageBox {
 public:
     /// If not null, every message goes there, and the queue is not used.
     std::shared_ptr<ui::MessageBox> hostBox;
@@ -52,7 +53,7 @@ private:
 };
 
 /// Settings in memory, or in the host's own store.
-class HeadlessSettingsStore final : public ui::SettingsStore {
+class ORVAN_CORE_EXPORT HeadlessSettingsStore final : public ui::SettingsStore {
 public:
     /// If not null, every setting is read and kept there.
     std::shared_ptr<ui::SettingsStore> hostStore;
@@ -65,7 +66,7 @@ private:
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
 };
 
-class HeadlessPointer final : public ui::ScreenPointer {
+class ORVAN_CORE_EXPORT HeadlessPointer final : public ui::ScreenPointer {
 public:
     ui::PointerCode code() const override { return history_.back(); }
     void setCode(ui::PointerCode code) override { history_.push_back(code); }
@@ -77,7 +78,7 @@ private:
     std::vector<ui::PointerCode> history_{ui::PointerCode::standard};
 };
 
-class HeadlessPlatform final : public ui::Platform {
+class ORVAN_CORE_EXPORT HeadlessPlatform final : public ui::Platform {
 public:
     /// The locale and the components must outlive the platform. An error that leaves an event handler is written to
     /// std::cerr until the host sets onUnhandledError.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "orvan/base/Text.h"
+#include "orvan/core_export.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/Form.h"
 #include "orvan/ui/Surface.h"
@@ -64,7 +65,7 @@ private:
     void doSetFocus(ui::Control& /*to*/) final {}
 };
 
-class HeadlessSurface final : public DrivenSurface<ui::Surface, SurfaceDriver> {
+class ORVAN_CORE_INTERNAL HeadlessSurface final : public DrivenSurface<ui::Surface, SurfaceDriver> {
 public:
     /// Makes every control of the design. The platform must outlive the surface. Raises 51 for a timer:
     /// only a form has a clock for timers.

@@ -9,13 +9,14 @@
 // missing, and 5 for a currency that is no code of three letters.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/LocaleService.h"
 #include "orvan/ui/icu/LocaleData.h"
 #include "orvan/ui/icu/LocaleNames.h"
 
 namespace orvan::icu {
 
-class IcuLocaleService : public ui::LocaleService {
+class ORVAN_CORE_INTERNAL IcuLocaleService : public ui::LocaleService {
 public:
     /// The names are those of LocaleNames.h. An unknown name is no error; icuLocaleId says which locale replaces it.
     explicit IcuLocaleService(const LocaleNames& names);

@@ -4,6 +4,7 @@
 // ICU fails, which it does only where its data is missing. Thread: any.
 #pragma once
 
+#include "orvan/core_export.h"
 #include "orvan/ui/icu/NumberPattern.h"
 
 #include <string>
@@ -21,19 +22,19 @@ namespace orvan::icu {
 ///   The territory stays, because it decides the currency. ICU itself would use the process's default locale without
 ///   saying so.
 /// - Any other text that names no locale becomes en_US, as the C library falls back to "C".
-std::string icuLocaleId(std::string_view name);
+ORVAN_CORE_INTERNAL std::string icuLocaleId(std::string_view name);
 
 /// The ISO code of the locale's currency: the one that "@currency=" asks for, else the present one of its territory. If
 /// the locale names no territory, the likely one is used. A locale without a country, such as Esperanto or "English in
 /// the world", has "XXX" (no currency; its symbol is "¤").
-std::string currencyCode(const std::string& localeId);
+ORVAN_CORE_INTERNAL std::string currencyCode(const std::string& localeId);
 
 /// The locale with another currency: the separators and the pattern stay the locale's, and the symbol is the one with
 /// which its users write that currency. An empty code changes nothing. Raises 5 for a code that is not three letters.
 std::string withCurrency(const std::string& localeId, std::string_view code);
 
 /// How many decimals amounts of a currency usually have: 2 for EUR, 0 for JPY, 3 for KWD.
-int currencyDigits(const std::string& code);
+ORVAN_CORE_INTERNAL int currencyDigits(const std::string& code);
 
 NumberPattern numberPattern(const std::string& localeId);
 

@@ -5,6 +5,8 @@
 // the environment while it is read.
 #pragma once
 
+#include "orvan/core_export.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -22,9 +24,9 @@ using EnvironmentReader = std::function<const char*(const char* variable)>;
 
 /// The locale of money is the first of LC_ALL, LC_MONETARY and LANG that is not empty, as the C library's setlocale
 /// decides; for numbers LC_NUMERIC takes the place of LC_MONETARY. "" if all are empty.
-LocaleNames localeNamesFromEnvironment(const EnvironmentReader& read);
+ORVAN_CORE_EXPORT LocaleNames localeNamesFromEnvironment(const EnvironmentReader& read);
 /// The same, read from the environment of this process.
-LocaleNames localeNamesFromEnvironment();
+ORVAN_CORE_EXPORT LocaleNames localeNamesFromEnvironment();
 
 /// The parts of a locale name, unchanged.
 struct LocaleNameParts {
@@ -34,6 +36,6 @@ struct LocaleNameParts {
 
 /// Splits a locale name. The codeset is dropped, because the library's texts are always UTF-8. The parts are views into
 /// `name`.
-LocaleNameParts splitLocaleName(std::string_view name);
+ORVAN_CORE_EXPORT LocaleNameParts splitLocaleName(std::string_view name);
 
 } // namespace orvan::icu

@@ -6,6 +6,7 @@
 // user-interface thread.
 #pragma once
 
+#include "orvan/qt_export.h"
 #include "orvan/ui/Platform.h"
 
 #include <memory>
@@ -13,7 +14,7 @@
 
 namespace orvan::qt {
 
-class QtPlatform final : public ui::Platform {
+class ORVAN_QT_EXPORT QtPlatform final : public ui::Platform {
 public:
     /// The locale and the components must outlive the platform. The user's settings are kept in the file
     /// "Orvan/settings.ini" of the user's configuration folder, or in `settingsPath` (UTF-8).

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/qt_export.h"
 #include "orvan/ui/SettingsStore.h"
 
 #include <QByteArray>
@@ -17,7 +18,7 @@
 
 namespace orvan::qt {
 
-class QtSettingsStore : public ui::SettingsStore {
+class ORVAN_QT_INTERNAL QtSettingsStore : public ui::SettingsStore {
 public:
     /// The file and its folder are made when a setting is first stored.
     explicit QtSettingsStore(const std::string& path = defaultPath());

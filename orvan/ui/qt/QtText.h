@@ -3,6 +3,8 @@
 // Thread: any.
 #pragma once
 
+#include "orvan/qt_export.h"
+
 #include <QString>
 
 #include <filesystem>
@@ -32,23 +34,23 @@ inline std::filesystem::path pathOf(const QString& name)
 
 /// A caption of Qt's without its mark of a mnemonic: "Save && &Close" gives "Save & Close". A mark that stands behind
 /// the text, as in "حفظ (&ح)", goes with its brackets.
-QString withoutMnemonic(const QString& caption);
+ORVAN_QT_INTERNAL QString withoutMnemonic(const QString& caption);
 
 /// A design's caption as Qt needs it, translated: with '&' before the first character that equals the mnemonic, case
 /// included. The marked caption is the key of its translation, which has an '&' of its own.
 QString markedCaption(std::string_view caption, char mnemonic);
 
 /// A design's caption as the user reads it, translated and without the mark of a mnemonic: "&&" becomes one ampersand.
-QString plainCaption(std::string_view caption, char mnemonic = 0);
+ORVAN_QT_INTERNAL QString plainCaption(std::string_view caption, char mnemonic = 0);
 
 /// The beginning of a text, short enough for a message box or a tool tip that fits on a screen. A text that comes from
 /// a file may have a megabyte.
-QString boundedText(const QString& text);
+ORVAN_QT_INTERNAL QString boundedText(const QString& text);
 
 /// Text for a window's title, changed so that Qt never takes a "[*]" in it for the place of its own mark.
-QString titleText(const QString& plain);
+ORVAN_QT_INTERNAL QString titleText(const QString& plain);
 
 /// Text for a tool tip, bounded, and changed so that Qt never takes the text itself for markup.
-QString toolTipText(const QString& text);
+ORVAN_QT_INTERNAL QString toolTipText(const QString& text);
 
 } // namespace orvan::qt

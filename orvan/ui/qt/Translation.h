@@ -6,6 +6,7 @@
 #pragma once
 
 #include "orvan/base/UserText.h"
+#include "orvan/qt_export.h"
 
 #include <QString>
 
@@ -15,8 +16,8 @@
 namespace orvan::qt {
 
 [[nodiscard]] QString translatedSentence(std::string_view english);
-[[nodiscard]] QString translated(const UserText& text);
+[[nodiscard]] ORVAN_QT_INTERNAL QString translated(const UserText& text);
 /// The text of an error. That of an error that is no RuntimeError is taken as it is.
-[[nodiscard]] QString translated(const std::exception& error);
+[[nodiscard]] ORVAN_QT_INTERNAL QString translated(const std::exception& error);
 
 } // namespace orvan::qt

@@ -8,6 +8,8 @@
 // stream.
 #pragma once
 
+#include "orvan/catalogue_export.h"
+
 #include <atomic>
 #include <cstdint>
 #include <istream>
@@ -20,7 +22,7 @@ namespace orvan {
 inline constexpr std::string_view kUtf8 = "UTF-8";
 
 /// Reads the stream to its end.
-[[nodiscard]] std::string foundEncoding(std::istream& input);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::string foundEncoding(std::istream& input);
 
 /// The name by which ICU knows an encoding; empty if it does not know it.
 [[nodiscard]] std::string knownEncoding(const std::string& name);
@@ -31,7 +33,7 @@ using ReadCount = std::shared_ptr<std::atomic<std::uint64_t>>;
 /// The text as UTF-8; a character that the encoding does not have becomes U+FFFD. A text in UTF-8 stays as it is,
 /// faults included. Adds what was read of `input` to `count`, except for a text in UTF-8.
 /// Raises 5 for an encoding that ICU does not know.
-[[nodiscard]] std::unique_ptr<std::istream> utf8Stream(std::unique_ptr<std::istream> input, const std::string& encoding,
-                                                       const ReadCount& count = nullptr);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL std::unique_ptr<std::istream>
+utf8Stream(std::unique_ptr<std::istream> input, const std::string& encoding, const ReadCount& count = nullptr);
 
 } // namespace orvan

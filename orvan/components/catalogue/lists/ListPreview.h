@@ -6,6 +6,7 @@
 #pragma once
 
 #include "orvan/base/Currency.h"
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/lists/ListReader.h"
 
 #include <cstdint>
@@ -39,8 +40,10 @@ struct ListPreview {
 
 /// `goesOn` is called now and then; when it returns false, the rest of the list is not read, except for `mostRows`
 /// rows.
-[[nodiscard]] ListPreview previewList(const std::filesystem::path& file, const CatalogueImportOptions& options,
-                                      std::size_t mostRows, const std::function<bool()>& goesOn);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL ListPreview previewList(const std::filesystem::path& file,
+                                                               const CatalogueImportOptions& options,
+                                                               std::size_t mostRows,
+                                                               const std::function<bool()>& goesOn);
 
 /// A price list in a file. `origin` is what the catalogue keeps as its name; if empty, the file's own name.
 [[nodiscard]] ImportSource importSource(const std::filesystem::path& file, const std::string& origin = {});

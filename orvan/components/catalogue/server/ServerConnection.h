@@ -12,6 +12,7 @@
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/server/ServerModule.h"
 #include "orvan/components/catalogue/server/ServerUri.h"
 
@@ -78,7 +79,7 @@ struct ServerConnectionOptions {
 class ServerConnection;
 
 /// The rows of a statement. The destructor reads the rest, because the connection is free only then.
-class ServerRows {
+class ORVAN_CATALOGUE_INTERNAL ServerRows {
 public:
     ServerRows(const ServerRows&) = delete;
     ServerRows& operator=(const ServerRows&) = delete;
@@ -99,7 +100,7 @@ private:
     bool ended_ = false;
 };
 
-class ServerConnection {
+class ORVAN_CATALOGUE_INTERNAL ServerConnection {
 public:
     using Value = ServerLink::Value;
 

@@ -12,6 +12,7 @@
 // 6 when all numbers of 32 bits are used up.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/CatalogueImport.h"
 #include "orvan/components/catalogue/server/ServerUri.h"
 
@@ -37,8 +38,8 @@ struct ServerImportResult {
     std::int64_t revision = 0; ///< Of the catalogue after the import.
 };
 
-ServerImportResult importToServer(const std::filesystem::path& source, const ServerUri& uri,
-                                  const CatalogueImportOptions& options = {},
-                                  const ServerImportOptions& serverOptions = {});
+ORVAN_CATALOGUE_INTERNAL ServerImportResult importToServer(const std::filesystem::path& source, const ServerUri& uri,
+                                                           const CatalogueImportOptions& options = {},
+                                                           const ServerImportOptions& serverOptions = {});
 
 } // namespace orvan

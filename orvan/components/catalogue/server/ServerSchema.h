@@ -6,6 +6,7 @@
 // Thread: that of the connection. Errors: ServerError; 321 where the database is no catalogue, or one of a newer form.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/server/ServerConnection.h"
 
 #include <cstdint>
@@ -26,17 +27,17 @@ struct ServerState {
     std::string source;          ///< The name of the list that was imported last.
 };
 
-[[nodiscard]] ServerState serverState(ServerConnection& server);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL ServerState serverState(ServerConnection& server);
 /// Whether a change with this stamp led to the revision. If not, a copy of that revision is none of this catalogue: the
 /// server was restored from a backup, or is another one; or the copy is older than what the server remembers.
 [[nodiscard]] bool serverKnows(ServerConnection& server, std::int64_t revision, std::string_view stamp);
 
 enum class ServerSetUp { made, changed, unchanged };
 /// Makes schema and roles, or brings those of an earlier version to the present form. All or nothing.
-ServerSetUp setUpServer(ServerConnection& server);
+ORVAN_CATALOGUE_INTERNAL ServerSetUp setUpServer(ServerConnection& server);
 
 enum class ServerRole { reader, importer };
 /// Gives a user of the server the role.
-void grantServerRole(ServerConnection& server, ServerRole role, std::string_view user);
+ORVAN_CATALOGUE_INTERNAL void grantServerRole(ServerConnection& server, ServerRole role, std::string_view user);
 
 } // namespace orvan

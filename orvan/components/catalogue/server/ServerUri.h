@@ -8,6 +8,8 @@
 // text that is no such URI.
 #pragma once
 
+#include "orvan/catalogue_export.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,7 +17,7 @@
 
 namespace orvan {
 
-class ServerUri {
+class ORVAN_CATALOGUE_INTERNAL ServerUri {
 public:
     using Parameters = std::vector<std::pair<std::string, std::string>>;
 
