@@ -15,6 +15,11 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kDelimiters = ",;\t|";
 constexpr char kQuote = '"';
 
+char smallLetter(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
 bool isLineBreak(char c)
 {
     return c == '\n' || c == '\r';
@@ -87,7 +92,7 @@ char CsvReader::namedDelimiter()
     const bool names = start.size() > kNaming.size() + 1 && isLineBreak(start[kNaming.size() + 1]) &&
                        !isLineBreak(start[kNaming.size()]) && start[kNaming.size()] != kQuote &&
                        std::equal(kNaming.begin(), kNaming.end(), start.begin(),
-                                  [](char wanted, char c) { return wanted == (c | 0x20) || wanted == c; });
+                                  [](char wanted, char c) { return wanted == smallLetter(c); });
     if (!names) {
         return 0;
     }

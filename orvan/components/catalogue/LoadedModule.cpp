@@ -22,6 +22,14 @@ std::vector<fs::path> modulePlaces(const std::string& file)
         places.push_back(program / file);
         places.push_back(program.parent_path() / ORVAN_MODULES_BELOW_PREFIX / file);
     }
+    // Beside the shared library that has this code; a host's program may stand anywhere. If it is no shared library,
+    // the name is that with which the program was started, which may be relative to any folder.
+    Dl_info here = {};
+    if (::dladdr(reinterpret_cast<const void*>(&moduleFunction), &here) != 0) {
+        if (const fs::path library = here.dli_fname; library.is_absolute()) {
+            places.push_back(library.parent_path() / "orvan" / file);
+        }
+    }
     places.push_back(fs::path(ORVAN_INSTALLED_MODULES) / file);
     return places;
 }

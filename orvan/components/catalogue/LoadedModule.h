@@ -1,7 +1,8 @@
 // moduleFunction: a function of one of this library's modules, which are shared libraries that are loaded at first use.
 //
-// A module is looked for beside the program, in the folder of the program's installation, and in the folder where the
-// library was installed. It is never unloaded, because it may be needed again. Thread: any.
+// A module is looked for beside the program, in the folder of the program's installation, in the folder "orvan" beside
+// the shared library, and in the folder where the library was installed. It is never unloaded, because it may be needed
+// again. Thread: any.
 #pragma once
 
 #include <string>
