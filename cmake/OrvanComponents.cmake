@@ -67,7 +67,8 @@ function(orvan_write_export_header part target)
 endfunction()
 
 # orvan_marked(<header> <mark> <result>) appends patterns of the linker for the names that a header marks. Marked
-# declarations begin in the first column, and are read as one line each; `@` stands for a semicolon there.
+# declarations begin in the first column, and are read as one line each; `@` stands for a semicolon there. The linker
+# takes what stands in quotes for a whole name, and allows neither blanks nor parentheses elsewhere, so `?` stands for them.
 function(orvan_marked header mark result)
     set(patterns ${${result}})
     file(READ ${header} text)
@@ -84,13 +85,13 @@ function(orvan_marked header mark result)
             continue()
         elseif(line MATCHES "^(class|struct) ${mark} ([A-Za-z]+)")
             set(name ${namespace}::${CMAKE_MATCH_2})
-            list(APPEND patterns "${name}::*" "vtable for ${name}" "typeinfo for ${name}" "typeinfo name for ${name}"
-                "vtable for ${name}::*" "typeinfo for ${name}::*" "typeinfo name for ${name}::*"
-                "non-virtual thunk to ${name}::*" "virtual thunk to ${name}::*")
+            list(APPEND patterns ${name}::* vtable?for?${name} typeinfo?for?${name} typeinfo?name?for?${name}
+                vtable?for?${name}::* typeinfo?for?${name}::* typeinfo?name?for?${name}::*
+                non-virtual?thunk?to?${name}::* virtual?thunk?to?${name}::*)
         elseif(line MATCHES "${mark} [^(]*(\\(\\)[^(]*)?[ &*]([A-Za-z0-9_]+)\\(")
-            list(APPEND patterns "${namespace}::${CMAKE_MATCH_2}(*" "${namespace}::${CMAKE_MATCH_2}?abi:*")
+            list(APPEND patterns ${namespace}::${CMAKE_MATCH_2}?*)
         elseif(line MATCHES "${mark} .* ([A-Za-z0-9_]+)@$")
-            list(APPEND patterns "${namespace}::${CMAKE_MATCH_1}")
+            list(APPEND patterns ${namespace}::${CMAKE_MATCH_1})
         else()
             message(FATAL_ERROR "${header}: ${mark} is at no class, function or constant: ${line}")
         endif()
@@ -116,14 +117,14 @@ function(orvan_write_version_script part)
             endforeach()
         endif()
     endforeach()
-    list(JOIN public "\";\n        \"" public)
-    list(JOIN private "\";\n        \"" private)
+    list(JOIN public ";\n        " public)
+    list(JOIN private ";\n        " private)
     set(private_node "")
     if(private)
-        set(private_node "ORVAN_PRIVATE_${PROJECT_VERSION} {\n    extern \"C++\" {\n        \"${private}\";\n    };\n};\n")
+        set(private_node "ORVAN_PRIVATE_${PROJECT_VERSION} {\n    extern \"C++\" {\n        ${private};\n    };\n};\n")
     endif()
     file(CONFIGURE OUTPUT ${ORVAN_GENERATED}/${part}.map CONTENT
-        "ORVAN_${ORVAN_ABI} {\n    extern \"C++\" {\n        \"${public}\";\n    };\n    local: *;\n};\n${private_node}")
+        "ORVAN_${ORVAN_ABI} {\n    global: extern \"C++\" {\n        ${public};\n    };\n    local: *;\n};\n${private_node}")
 endfunction()
 
 # To be called before the folders: with BUILD_SHARED_LIBS it makes the targets that they link.

@@ -26,6 +26,7 @@ def declared(name: str, headers: str) -> bool:
     """Whether the installed headers have the class or function of a demangled name."""
     plain = re.sub(r"^(vtable|typeinfo|typeinfo name|VTT|guard variable|non-virtual thunk|virtual thunk) (for|to) ", "", name)
     plain = re.sub(r"\[abi:\w+\]", "", plain.split("(")[0])
+    plain = re.sub(r"::(metaObject|staticMetaObject|qt_metacall|qt_metacast)$", "::Q_OBJECT", plain) # what that declares
     return all(re.search(rf"\b{part}\b", headers) for part in plain.split("::") if re.fullmatch(r"\w+", part))
 
 
