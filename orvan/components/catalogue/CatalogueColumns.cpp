@@ -62,6 +62,11 @@ public:
         std::transform(header.begin(), header.end(), std::back_inserter(present_), simplifiedColumnName);
         std::transform(header.begin(), header.end(), std::back_inserter(short_), withoutAdditions);
         taken_.resize(header.size());
+        for (std::size_t at = 0; at < header.size(); ++at) {
+            if (isUsualColumnName(present_[at]) || isUsualColumnName(short_[at])) {
+                usual_.push_back(at);
+            }
+        }
     }
 
     ColumnsFound find()
@@ -81,9 +86,11 @@ public:
                 }
             }
         };
-        takeEach(false, false);
-        takeEach(true, false);
-        takeEach(false, true);
+        if (!usual_.empty()) {
+            takeEach(false, false);
+            takeEach(true, false);
+            takeEach(false, true);
+        }
         for (const ColumnKind& kind : columnKinds()) {
             const std::string& given = names_.*kind.given;
             if (!(result_.columns.*kind.place) && given != kNoColumn && (kind.required || !given.empty())) {
@@ -109,7 +116,7 @@ private:
             vague ? vagueColumnNames(kind.place) : usualColumnNames(kind.place);
         for (const std::string_view name : usual) {
             for (const std::vector<std::string>* const header : {&present_, &short_}) {
-                for (std::size_t at = 0; at < header->size(); ++at) {
+                for (const std::size_t at : usual_) {
                     if ((*header)[at] != name || taken_[at]) {
                         continue;
                     }
@@ -130,6 +137,8 @@ private:
     const Names& names_;
     std::vector<std::string> present_, short_;
     std::vector<bool> taken_;
+    // The places that have some usual name. Many rows are looked at for a header, and most of them have no such place.
+    std::vector<std::size_t> usual_;
     ColumnsFound result_;
 };
 

@@ -6,6 +6,7 @@
 #include <deque>
 #include <iterator>
 #include <set>
+#include <unordered_set>
 
 namespace orvan {
 
@@ -117,6 +118,20 @@ const std::vector<std::string_view>& usualColumnNames(ColumnPlace column)
 const std::vector<std::string_view>& vagueColumnNames(ColumnPlace column)
 {
     return namesOf(column).vague.views();
+}
+
+bool isUsualColumnName(std::string_view simplifiedName)
+{
+    static const std::unordered_set<std::string_view> names = [] {
+        std::unordered_set<std::string_view> all;
+        for (const ColumnKind& kind : columnKinds()) {
+            for (const auto* const some : {&usualColumnNames(kind.place), &vagueColumnNames(kind.place)}) {
+                all.insert(some->begin(), some->end());
+            }
+        }
+        return all;
+    }();
+    return names.contains(simplifiedName);
 }
 
 bool isColumnAddition(std::string_view simplifiedWord)

@@ -10,6 +10,9 @@ namespace orvan {
 /// name, and the note otherwise.
 [[nodiscard]] const std::vector<std::string_view>& vagueColumnNames(ColumnPlace column);
 
+/// Whether any column has this simplified name among its usual names or its vague ones.
+[[nodiscard]] bool isUsualColumnName(std::string_view simplifiedName);
+
 /// Whether a word of a column's name says nothing about what the column has: a currency, "net", "in".
 [[nodiscard]] bool isColumnAddition(std::string_view simplifiedWord);
 

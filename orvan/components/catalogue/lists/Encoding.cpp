@@ -11,13 +11,13 @@
 #include <array>
 #include <streambuf>
 #include <utility>
-#include <vector>
 
 namespace orvan {
 
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{64} * 1024;
+constexpr std::size_t kPivot = kChunk / 4;                 // characters of UTF-16, between two encodings
 constexpr std::size_t kSample = std::size_t{32} * 1024;    // bytes of lines that are not ASCII, for ICU's detector
 constexpr std::size_t kBeginning = std::size_t{16} * 1024; // in which a byte 0 tells UTF-16
 constexpr std::int32_t kLongestCharacter = 4;              // bytes of UTF-8
@@ -166,14 +166,14 @@ public:
 protected:
     int_type underflow() override
     {
-        char* to = out_.data();
-        while (to == out_.data() && !(done_ && next_ == end_)) {
+        char* to = out_.get();
+        while (to == out_.get() && !(done_ && next_ == end_)) {
             if (next_ == end_ && !done_) {
-                input_->read(in_.data(), kChunk);
+                input_->read(in_.get(), kChunk);
                 if (input_->bad()) {
                     throw RuntimeError(ErrorNumber::pathFileAccess, {}, userText("it cannot be read"));
                 }
-                next_ = in_.data();
+                next_ = in_.get();
                 end_ = next_ + input_->gcount();
                 done_ = input_->gcount() == 0;
                 if (count_) {
@@ -181,15 +181,14 @@ protected:
                 }
             }
             UErrorCode status = U_ZERO_ERROR;
-            ucnv_convertEx(to_.get(), from_.get(), &to, out_.data() + out_.size(), &next_, end_, pivot_.data(),
-                           &pivotFrom_, &pivotTo_, pivot_.data() + pivot_.size(), false, static_cast<UBool>(done_),
-                           &status);
+            ucnv_convertEx(to_.get(), from_.get(), &to, out_.get() + kChunk, &next_, end_, pivot_.get(), &pivotFrom_,
+                           &pivotTo_, pivot_.get() + kPivot, false, static_cast<UBool>(done_), &status);
             if (done_ && status != U_BUFFER_OVERFLOW_ERROR) {
                 break;
             }
         }
-        setg(out_.data(), out_.data(), to);
-        return to == out_.data() ? traits_type::eof() : traits_type::to_int_type(out_.front());
+        setg(out_.get(), out_.get(), to);
+        return to == out_.get() ? traits_type::eof() : traits_type::to_int_type(out_[0]);
     }
 
 private:
@@ -209,10 +208,12 @@ private:
     const std::unique_ptr<std::istream> input_;
     const ReadCount count_;
     const Converter from_, to_;
-    std::vector<char> in_ = std::vector<char>(kChunk), out_ = std::vector<char>(kChunk);
-    std::vector<UChar> pivot_ = std::vector<UChar>(kChunk / 4);
+    // The buffers are not cleared, because that takes longer than reading a short list.
+    const std::unique_ptr<char[]> in_ = std::make_unique_for_overwrite<char[]>(kChunk),
+                                  out_ = std::make_unique_for_overwrite<char[]>(kChunk);
+    const std::unique_ptr<UChar[]> pivot_ = std::make_unique_for_overwrite<UChar[]>(kPivot);
     const char *next_ = nullptr, *end_ = nullptr;
-    UChar *pivotFrom_ = pivot_.data(), *pivotTo_ = pivot_.data();
+    UChar *pivotFrom_ = pivot_.get(), *pivotTo_ = pivot_.get();
     bool done_ = false;
 };
 

@@ -149,10 +149,10 @@ Sample sampleOf(RowSource& rows, const CatalogueImportOptions& options)
 
 Sample sampleOfText(const ImportSource& source, ListForm& form, const CatalogueImportOptions& options)
 {
-    std::string start(kSampleBytes, '\0');
+    const auto bytes = std::make_unique_for_overwrite<char[]>(kSampleBytes); // clearing them would take long
     const std::unique_ptr<std::istream> stream = utf8Stream(source.open(), form.encoding);
-    stream->read(start.data(), kSampleBytes);
-    start.resize(static_cast<std::size_t>(stream->gcount()));
+    stream->read(bytes.get(), kSampleBytes);
+    const std::string start(bytes.get(), static_cast<std::size_t>(stream->gcount()));
     const auto read = [&](char delimiter) {
         std::istringstream text(start);
         CsvReader rows(text, source.name, delimiter, start.size() + 3);
