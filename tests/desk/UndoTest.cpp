@@ -1,7 +1,10 @@
 #include "MainWindow.h"
 #include "WatchedProducts.h"
+#include "undo/ProductsJournal.h"
 
+#include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/hosting/ProductViewWidget.h"
+#include "orvan/testing/ProductRecordConformance.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
 
@@ -14,6 +17,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include <array>
 #include <random>
 
 namespace orvan::desk {
@@ -22,6 +26,16 @@ namespace {
 using test::forEachRow;
 
 constexpr const char* kThree = "3~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1:0:74.95:~Chair::C-3:1000:1:0:1000:blue~";
+
+/// The managers of the desk's list: those that note each change. The limit is low, so that the rows are quick.
+std::shared_ptr<ui::Component> journalledManager()
+{
+    const auto inner = productMgrFactory({.maxDataSize = 4096, .rules = {}})();
+    return journalled(std::dynamic_pointer_cast<ProductMgr>(inner), [](const auto&) {});
+}
+
+const std::array kConformance{conformance::addProductMgrTests("Journalled", journalledManager),
+                              conformance::addProductRecordTests("Journalled", journalledManager)};
 
 class UndoTest : public testing::Test {
 protected:
