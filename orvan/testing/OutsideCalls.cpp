@@ -120,6 +120,11 @@ public:
     {
         return inner("ProductLkpMgr::GetFieldValue").GetFieldValue(column);
     }
+    std::optional<LookUpSummary> summary(std::int64_t itemId) override
+    {
+        return inner("ProductLkpMgr::summary").summary(itemId);
+    }
+    std::size_t mostMatches() const override { return inner("ProductLkpMgr::mostMatches").mostMatches(); }
 };
 
 class WrappedTrace final : public Trace, Wrapped<std::shared_ptr<Trace>> {
