@@ -31,9 +31,9 @@ LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup",
 SERVERS_FOR_BENCHMARKS = ("benchmarks", "tests/server/")
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
-# 37 that programs include, and the conformance suites, which only tests of hosts include: one for each contract, and
-# what they share.
-MOST_PUBLIC_HEADERS = 46
+# The headers of the library that are installed: 37 that programs include, and eight that only tests of hosts include.
+# Those eight are the conformance suites, one for each contract, and the header that they share.
+MOST_PUBLIC_HEADERS = 45
 # Headers that CMake writes into the build folder, and that are installed.
 GENERATED = re.compile(r"orvan/(version|(core|catalogue|qt)_export)\.h")
 FOLDERS = ["orvan", "apps", "benchmarks", "tests"]

@@ -1,8 +1,9 @@
 // KeptError: the error that procedures pass on to each other, with the text that it had when it was raised.
 //
-// A procedure that passes an error on raises its number alone, so that only who saw it first knows its text. A
-// KeptError is told of each error that is recorded, and keeps the first one while the same one is only passed on.
-// Ownership: it owns its error. Thread: one at a time. Errors: none.
+// A procedure that passes an error on raises the error's number alone. So only the first procedure that records an
+// error still has its text. A KeptError is told of each error that is recorded. It keeps the one that was recorded
+// first as long as procedures only pass this error on. Ownership: it owns its error. Thread: one at a time. Errors:
+// none.
 #pragma once
 
 #include "orvan/base/RuntimeError.h"
@@ -14,8 +15,8 @@ namespace orvan {
 
 class KeptError {
 public:
-    /// A procedure records the error. One without a text that has the same number as the kept one is that one again, if
-    /// it has been passed on.
+    /// To be called when a procedure records an error. After passOn(), an error that has the number of the kept error
+    /// and no text of its own is taken for the kept error, which has come to the next procedure.
     void note(RuntimeError error) noexcept
     {
         const bool sameAgain = passedOn_ && error_ && error.number() == error_->number() && error.source().empty() &&
@@ -25,9 +26,9 @@ public:
         }
         passedOn_ = false;
     }
-    /// The procedure raises it again, by its number.
+    /// To be called when the procedure raises the recorded error again, by its number.
     void passOn() noexcept { passedOn_ = true; }
-    /// The procedure goes on instead.
+    /// To be called when the procedure does not raise the recorded error again, but goes on.
     void goOn() noexcept { passedOn_ = false; }
     void forget() noexcept { error_.reset(); }
 

@@ -7,10 +7,11 @@
 //     host.components().registerClass(std::string(orvan::kProductMgrClassName),
 //                                     [] { return std::make_shared<AcmeManager>(); });
 //
-// or names a shared library that has it (orvan/hosting/ComponentRegistry.h). The factory makes a new manager with an
-// empty list at each call, because several are alive at a time: a view makes one when it is made, one for each Show,
-// and one before each paste or duplicate, to ask how large the new products are. orvan/testing/ProductMgrConformance.h
-// and ProductRecordConformance.h test a manager against what is said here.
+// or names a shared library that has it (orvan/hosting/ComponentRegistry.h). At each call, the factory makes a new
+// manager with an empty list, because several managers exist at a time. A view has the factory make one when the view
+// itself is made, one for each Show, and one before each paste or duplicate; the view asks this last one how large the
+// new products are. orvan/testing/ProductMgrConformance.h and ProductRecordConformance.h test a manager against what is
+// said here.
 //
 // Positions are 1-based: the first product is 1, the last is the count. Amounts are Currency (ten-thousandths). Texts
 // are UTF-8 of any length and with any characters, line breaks and separators included.
@@ -24,9 +25,9 @@
 // command of the list is shown by the trace (orvan/core/Trace.h); one in an operation that the host has called goes to
 // the host.
 //
-// Thread: the thread that created the manager; the library never calls it from another one, and locks nothing. An
-// operation may run code of the host's own, even code that destroys the view: the library holds the manager until the
-// operation has returned.
+// Thread: the thread that created the manager; the library never calls it from another one, and locks nothing. While an
+// operation runs, it may call the host, and the host may even destroy the view: the library keeps the manager alive
+// until the operation has returned.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -123,12 +124,12 @@ public:
     virtual void SetProductsString(std::string_view sProducts, const std::string& recordSeparator,
                                    const std::string& fieldSeparator, bool flag) = 0;
     /// The whole list as one string, from which SetProductsString makes the same list again, in the same order. The
-    /// library does not look into it: which fields it has, how they are escaped, and whether it uses the separators at
-    /// all, is up to the manager. Two places reckon with what is usual: for its question before a revert, the careful
-    /// editor counts the products that differ as the parts between record separators (a backslash escapes one), and
-    /// before products are pasted or duplicated, the view adds the sizes of two strings and of one separator, and
-    /// refuses what exceeds the limit. The editor asks for the string when it opens, so a list beyond the limit can be
-    /// shown, but not edited.
+    /// manager alone decides which fields the string has, how they are escaped, and whether it uses the separators at
+    /// all. The library does not read the string, except in two places. Before a revert, the careful editor says how
+    /// many products differ: it compares the parts between the record separators, where a backslash escapes a
+    /// separator. Before products are pasted or duplicated, the view adds the sizes of the list's string, of the new
+    /// products' string and of one separator, and refuses products that would exceed the limit. The editor asks for the
+    /// string when it opens, so a list beyond the limit can be shown, but not edited.
     ///
     /// Raises an error when the string exceeds GetMaxDataSize(), and keeps the list.
     virtual std::string GetProductsString(const std::string& recordSeparator, const std::string& fieldSeparator) = 0;
@@ -137,9 +138,9 @@ public:
     virtual std::int32_t GetMaxDataSize() = 0;
     /// Raises what GetProductsString would raise now with these separators, and does nothing else. The editor calls it
     /// at each save, that is, whenever the user goes to another product, so a manager that knows the size of its data
-    /// without making the string overrides it. In the classic way of editing, the user is told of any error of this
-    /// operation as of data that is too large; in the careful way, of error 14 so, and of others by their own texts.
-    /// The editor stays open.
+    /// without making the string overrides it. The editor tells the user of the error and stays open. In the classic
+    /// way of editing, it says of any error that the data are too large. In the careful way, it says so of error 14,
+    /// and shows the text of any other error.
     virtual void CheckDataSize(const std::string& recordSeparator, const std::string& fieldSeparator)
     {
         static_cast<void>(GetProductsString(recordSeparator, fieldSeparator));

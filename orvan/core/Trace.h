@@ -8,9 +8,10 @@
 //
 // orvan/testing/TraceConformance.h tests a trace against what is said here.
 //
-// Ownership: shared. Each thread that uses the library has the factory make one object, at its first use there, and
-// keeps it to its end, longer than any host or window lives; so the object keeps no reference to them. If it cannot be
-// made, the user is told once, and the thread's procedures raise 91 from then on.
+// Ownership: shared. Each thread that uses the library has the factory make one object, when the thread first uses the
+// library, and keeps this object until the thread ends. The object outlives every host and every window of the thread,
+// so it must not keep a reference to one of them. If the factory makes no object, the user is told once, and the
+// thread's procedures raise 91 from then on.
 //
 // Thread: the thread that created the object. Objects of several threads may be called at the same time.
 //

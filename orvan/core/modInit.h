@@ -64,7 +64,8 @@ Trace& traceObject();
 /// raised: what the public operations raise has none. For the reasons that hosts show to a person. To be called inside
 /// a catch block around operations of the library, before any other one.
 [[nodiscard]] ORVAN_CORE_INTERNAL RuntimeError currentErrorWithText() noexcept;
-/// Called before those operations: the text of an earlier error is none of theirs.
+/// To be called before such an operation, so that currentErrorWithText does not give the text of an earlier error that
+/// happens to have the same number.
 ORVAN_CORE_INTERNAL void forgetErrorText() noexcept;
 
 /// A body that returns this decides whether TraceExit is called. A few event handlers deliberately trace only their

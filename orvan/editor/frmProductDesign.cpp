@@ -115,7 +115,8 @@ constexpr ui::ControlDesign kControls[] = {
 };
 // clang-format on
 
-// The form for reading is made of the other one, so that a control that is added there is in both.
+// The form of a read-only list has the controls of the form above, without those that only serve to edit. It is
+// computed from that form, so that a control that is added there appears in both forms.
 constexpr std::string_view kControlsThatEdit[] = {"tmrPartNum", "tmrProdLkp", "cmdNew", "cmdDelete", "cmdSaveClose"};
 constexpr std::string_view kToolsThatEdit[] = {"ID_NewProduct", "ID_DuplicateProduct", "ID_DeleteProduct",
                                                "ID_SaveClose", ""}; // "": the separators, which stand between these

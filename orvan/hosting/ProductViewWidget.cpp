@@ -166,7 +166,7 @@ private:
         }
     }
 
-    /// Whether the value is another one than that last told, which it becomes.
+    /// Stores the present value in `told`, and returns whether it differs from the one that was told before.
     template <class Value>
     static bool becomes(Value& told, const Value& now)
     {
@@ -213,7 +213,8 @@ private:
     std::array<QAction*, kCommands.size()> actions_{}; ///< Null until somebody asks for them. The widget owns them.
     std::vector<Signal> noted_;
     bool tells_ = false; ///< tell() is going to run.
-    // As last told:
+    // The values that the signals have told most recently. A signal is sent only when its value differs from the one
+    // that stands here.
     std::string total_;
     std::int32_t current_ = 0;
     bool dirty_ = false;

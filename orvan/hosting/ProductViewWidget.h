@@ -9,9 +9,10 @@
 // that caused them has ended, so a slot may do anything, also destroy the widget. Several changes in one procedure give
 // one signal. Thread: the user-interface thread, once there is a QApplication.
 //
-// Errors: the constructor, Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h). No exception
-// may leave a slot, because Qt then ends the program; `load`, `products` and `total` do the same as those three, but
-// return false or nothing where these raise:
+// Errors: the constructor, Show, Products and TotalValue raise RuntimeError (orvan/base/RuntimeError.h). Qt ends the
+// program when an exception leaves a slot, so a slot calls `load`, `products` and `total` instead. They do the same as
+// Show, Products and TotalValue, but raise nothing: after an error, `load` returns false, and `products` and `total`
+// return an empty optional. Each can say the reason:
 //
 //     QString reason;
 //     if (!view.load(products, &reason)) {

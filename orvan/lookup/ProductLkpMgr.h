@@ -10,17 +10,19 @@
 // orvan/testing/ProductLkpMgrConformance.h tests a look-up against what is said here.
 //
 // Ownership: shared. The editor has the factory make a new object for each session, and releases it when the session
-// ends, so what is dear to open belongs to the factory. Several objects may live at the same time, each with a current
-// entry of its own. Texts are UTF-8 and valid during the call only. Which entries match, how they are ordered, and how
-// many are listed is up to the look-up, within what is said below.
+// ends. So the factory, and not the object, should keep what takes long to open, such as a file or a connection.
+// Several objects may exist at the same time, and each has a current entry of its own. Texts are UTF-8 and valid during
+// the call only. The look-up decides which entries match, in what order they are listed and how many are listed, within
+// what is said below.
 //
-// Errors: any operation may throw anything. An error in a list closes the editor with a message, or keeps it from
-// opening; a look-up that cannot reach its catalogue should rather give no list. An error of SeekItem or GetFieldValue
-// is passed over: a column that cannot be read is applied as 0 or as an empty text. Where IsEOF fails, an entry is
-// taken to be there. An error of summary shows nothing.
+// Errors: any operation may throw anything. An error of GetPartNumList or GetProductNameList closes the editor with a
+// message, or keeps it from opening. So a look-up that cannot reach its catalogue should return no list rather than
+// throw: the user can then go on without a catalogue. The editor ignores an error of SeekItem or GetFieldValue: it
+// applies a column that cannot be read as 0 or as an empty text. Where IsEOF fails, the editor goes on as if there were
+// an entry. Where summary fails, the row shows its own text alone.
 //
-// Thread: the thread that created it, which is that of the user interface: a list that takes long keeps the user
-// waiting.
+// Thread: the thread that created the object, which is the thread of the user interface. The user waits while a list is
+// made.
 #pragma once
 
 #include "orvan/base/Currency.h"

@@ -19,6 +19,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <utility>
@@ -42,6 +43,18 @@ std::int32_t errorOf(Action&& action)
         return currentError().number();
     }
     return 0;
+}
+
+/// What a host's factory makes, as the interface that the library asks it for. Raises 430 with `missing` where the
+/// factory makes something else or nothing.
+template <class Interface, class Factory>
+std::shared_ptr<Interface> madeAs(const Factory& make, const char* missing)
+{
+    auto object = std::dynamic_pointer_cast<Interface>(make());
+    if (!object) {
+        throw RuntimeError(ErrorNumber::interfaceNotSupported, {}, missing);
+    }
+    return object;
 }
 
 /// Runs one row; an error that leaves it becomes a failure.

@@ -1,6 +1,7 @@
 // failedRows: runs the rows of a conformance suite on a subject and tells which fail, without failing the test.
 //
-// For the tests of the suites themselves: a wrong implementation has to fail its row, and no other. Thread: the test's.
+// The library tests its conformance suites with it: for each row there is an implementation that breaks this row's
+// requirement, and it has to fail this row and no other. Thread: that of the tests.
 #pragma once
 
 #include "orvan/testing/Conformance.h"

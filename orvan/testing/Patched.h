@@ -1,7 +1,8 @@
-// Patched: implementations of the contracts in which a test replaces single operations, and which pass the others on.
+// Patched: wrappers around implementations of the contracts, in which a test replaces single operations.
 //
-// A function that is set takes the place of its operation; it gets the wrapped object, its own. Ownership: the wrappers
-// share what they wrap. Thread: that of the wrapped object.
+// A wrapper passes each operation on to the object that it wraps. Where the test has set a function for an operation,
+// the wrapper calls this function instead, and gives it the wrapped object as `own`. Ownership: a wrapper shares the
+// object that it wraps. Thread: that of the wrapped object.
 #pragma once
 
 #include "orvan/core/ProductMgr.h"

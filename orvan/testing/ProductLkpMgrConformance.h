@@ -25,11 +25,7 @@ namespace lookups {
 
 inline std::shared_ptr<ProductLkpMgr> made(const ProductLkpMgrFactory& make)
 {
-    auto lookUp = std::dynamic_pointer_cast<ProductLkpMgr>(make());
-    if (!lookUp) {
-        throw RuntimeError(ErrorNumber::interfaceNotSupported, {}, "The factory made no ProductLkpMgr");
-    }
-    return lookUp;
+    return madeAs<ProductLkpMgr>(make, "The factory made no ProductLkpMgr");
 }
 
 using List = LookUpList (ProductLkpMgr::*)(std::string_view, bool);

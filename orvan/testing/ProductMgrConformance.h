@@ -27,11 +27,7 @@ namespace products {
 
 inline std::shared_ptr<ProductMgr> made(const ProductMgrFactory& make)
 {
-    auto manager = std::dynamic_pointer_cast<ProductMgr>(make());
-    if (!manager) {
-        throw RuntimeError(ErrorNumber::interfaceNotSupported, {}, "The factory made no ProductMgr");
-    }
-    return manager;
+    return madeAs<ProductMgr>(make, "The factory made no ProductMgr");
 }
 
 inline std::shared_ptr<ProductRecord> required(std::shared_ptr<ProductRecord> record)
@@ -310,7 +306,8 @@ inline constexpr Row<ProductMgrFactory> kRows[] = {
      [](const ProductMgrFactory& make) {
          const auto manager = withNames(make, {"A", "B"});
          const std::string good = saved(*withNames(make, {"C", "D", "E"}));
-         // Only the manager knows what its string looks like, so one of these may be a good one to it.
+         // Each manager has a form of its own for the string, so it may accept one of these strings. The row then
+         // checks nothing for this string, and puts the list back for the next one.
          for (const std::string& doubtful : {good.substr(0, good.size() / 2), "\x01" + good, good + good + "\x01"}) {
              if (errorOf([&] { load(*manager, doubtful); }) != 0) {
                  EXPECT_EQ(namesIn(*manager), (Names{"A", "B"})) << "a string was refused, and the list is another one";

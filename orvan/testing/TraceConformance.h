@@ -26,11 +26,7 @@ namespace traces {
 
 inline std::shared_ptr<Trace> made(const TraceSubject& subject)
 {
-    auto trace = std::dynamic_pointer_cast<Trace>(subject.make());
-    if (!trace) {
-        throw RuntimeError(ErrorNumber::interfaceNotSupported, {}, "The factory made no Trace");
-    }
-    return trace;
+    return madeAs<Trace>(subject.make, "The factory made no Trace");
 }
 
 /// Records `error` as a procedure of the library does: while it handles it.

@@ -1,7 +1,7 @@
 // MessageBox: asks or tells the user one thing, modally.
 //
-// Each platform has one (orvan/ui/Platform.h). orvan/testing/MessageBoxConformance.h tests a message box against what
-// is said here.
+// Each platform makes a message box of its own kind; HostOptions::messageBox (orvan/hosting/Host.h) replaces it with
+// one of the host's. orvan/testing/MessageBoxConformance.h tests a message box against what is said here.
 //
 // Ownership: the platform. Thread: the user-interface thread. Errors: what `show` throws is an error of the procedure
 // that asked.

@@ -1,8 +1,10 @@
 // SettingsStore: the user's own settings, kept between runs.
 //
-// Each platform has one (orvan/ui/Platform.h): in memory, the settings live as long as the platform; on Qt they stand
-// in a file. The list view reads its columns when it is made and stores them when the user changes them; the desk keeps
-// its own settings beside them. orvan/testing/SettingsStoreConformance.h tests a store against what is said here.
+// Each platform makes a store of its own kind: that of the platform in memory keeps the settings as long as the
+// platform exists, that of the Qt platform keeps them in a file. HostOptions::settings (orvan/hosting/Host.h) replaces
+// it with a store of the host's. The list view reads its columns when it is made and stores them when the user changes
+// them; the desk keeps its own settings beside them. orvan/testing/SettingsStoreConformance.h tests a store against
+// what is said here.
 //
 // Ownership: the platform. Errors: 75, as below. A list view whose settings cannot be read shows its defaults, and what
 // cannot be stored is forgotten; both errors stand in the trace. Thread: the user-interface thread.

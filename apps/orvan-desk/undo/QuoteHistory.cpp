@@ -251,7 +251,7 @@ QList<QAction*> QuoteHistory::makeActions(QObject* parent)
         };
         return std::pair(action, name);
     };
-    // A list that can only be read keeps its steps, but does not take them.
+    // While the list can only be read, its steps are kept, and these actions are disabled.
     const auto takesSteps = [this](QAction* action, void (QUndoStack::*take)(), bool (QUndoStack::*can)() const,
                                    void (QUndoStack::*canChanged)(bool)) {
         connect(action, &QAction::triggered, this, [this, take] {

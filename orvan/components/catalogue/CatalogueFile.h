@@ -61,7 +61,8 @@ void refuseNewerCatalogue(const std::filesystem::path& file);
 
 /// The texts that a look-up lists.
 enum class LookUpText { name, partNum };
-/// How many entries with the same beginning a search sorts at most; those of more are found by a row for the beginning.
+/// How many entries with the same beginning a search sorts at most. Where more entries share a beginning, the file has
+/// a row for this beginning (see above), so that the search need not sort them.
 inline constexpr std::int64_t kCrowd = 2'000;
 
 struct CatalogueOrigin {

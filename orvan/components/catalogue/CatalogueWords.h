@@ -39,7 +39,8 @@ private:
     using Words = std::vector<std::string>;
     struct Alternative {
         Words words;
-        /// Which of the words has been corrected, and is the beginning of at least one of the catalogue's words.
+        /// The position in `words` of the word in which a typing error was corrected. At least one word of the
+        /// catalogue begins with it.
         std::optional<std::size_t> corrected = {};
         bool hasDigits = false; ///< Whether those words of the catalogue have digits.
     };
@@ -59,8 +60,9 @@ private:
     [[nodiscard]] std::string wordFrom(bool hasDigits, std::string_view text);
     /// The index's query: the entries that have the pieces of one of the alternatives. Empty if one has no pieces.
     [[nodiscard]] std::string queryFor(Layer& layer, const std::vector<const Alternative*>& alternatives);
-    /// Appends the ranks of the entries that have a word which begins with the corrected one. Appends none and returns
-    /// false where the table of words does not tell them all.
+    /// Appends the ranks of the entries that have a word which begins with the corrected one. The table of words says
+    /// which entry has a word only where no other entry has it. Where one of the words belongs to several entries, the
+    /// function appends nothing and returns false.
     [[nodiscard]] bool addRanks(Layer& layer, const Alternative& alternative, std::vector<std::int64_t>& ranks);
     /// The pieces by which the index excludes most entries that do not have all the words: of each word the one that
     /// the fewest entries have, and then others that few entries have. None if no entry has one of the pieces.

@@ -189,7 +189,8 @@ bool CatalogueWriter::add(const CatalogueEntry& given)
     return true;
 }
 
-/// Of a word that several entries have, two are enough to tell.
+/// Notes each word of the entry with the entry's rank. Two ranks are enough to say that a word belongs to several
+/// entries, so seenWords_ keeps most of the further ranks of such a word from being written.
 void CatalogueWriter::gatherWords(std::int64_t rank, const SqliteRows& texts)
 {
     words_.clear();

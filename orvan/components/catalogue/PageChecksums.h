@@ -1,10 +1,11 @@
 // PageChecksums: makes SQLite check each page of a catalogue file when it reads it.
 //
-// Each page has kCheckedPage bytes. SQLite leaves the last 16 of them alone, and they hold a number that all pages of
-// one file share, and a checksum of the page, this number and the page's place. So a damaged page, a page in another's
-// place, and a page of another file (one that is being copied over this one) are an error and never other data. The
-// check reads nothing that the search does not read anyway, and takes about a microsecond for 4 KiB. A file whose
-// header reserves no such bytes is read without a check.
+// Each page has kCheckedPage bytes. SQLite does not use the last 16 of them. They hold a number, which all pages of one
+// file share, and a checksum, which is computed from the page, from this number and from the page's position. So the
+// check finds a page that was damaged, a page that stands in the position of another one, and a page that belongs to
+// another file, as it happens while another catalogue is copied over this one. Each of these is an error, and the
+// search never goes on with wrong data. The check reads only what the search has to read anyway, and takes about a
+// microsecond for 4 KiB. A file whose header does not reserve these bytes is read without a check.
 //
 // Thread: any. Errors: a failed check is SQLITE_IOERR_DATA.
 #pragma once

@@ -32,7 +32,8 @@ struct Ledger {
 
     std::shared_ptr<const ProductRules> rules;
     Int128 total = 0; // sum of the extended prices; in 128 bits it stays right even while it exceeds a Currency
-    // What the records take in a products string with these separators, without the count in front of them.
+    // How many bytes all records of the list take in a products string that is written with these separators. The
+    // number of records, with which such a string begins, is not included.
     ProductsSeparators separators;
     std::size_t recordBytes = 0;
 

@@ -1,5 +1,6 @@
-// A manager that a host has written from the contract alone runs the conformance suites of the installed package. Its
-// products string is a form of its own: each text and amount with its length before it, and no separators.
+// A host's own product manager, written from the contract's header alone, and the conformance suites of the installed
+// package that test it. This manager writes its products string in another form than the library's manager: each text
+// and amount stands behind its length, and there are no separators.
 
 #include <orvan/base/RuntimeError.h>
 #include <orvan/testing/ProductRecordConformance.h>
