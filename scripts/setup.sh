@@ -9,6 +9,7 @@ test_packages=("${run_packages[@]}" ccache clang libclang-rt-dev libgtest-dev li
                xvfb xauth xdotool openbox strace desktop-file-utils appstream shared-mime-info
                postgresql # the tests start one of their own
                poppler-utils # reads the text of a printed quote
+               qt6-tools-dev libqt6opengl6-dev # Designer's plug-in, and the loader of forms for its test
                dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi) # these four: assistive technology
 lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev shellcheck)
 fuzz_packages=("${run_packages[@]}" ccache clang libclang-rt-dev llvm) # llvm: finds the source line of a fault

@@ -49,11 +49,13 @@ class ORVAN_QT_EXPORT ProductViewWidget : public QWidget {
     Q_OBJECT
     /// As set by setHostTypeName; empty at first.
     Q_PROPERTY(QString hostTypeName READ hostTypeName WRITE setHostTypeName NOTIFY hostTypeNameChanged)
-    Q_PROPERTY(bool dirty READ Dirty NOTIFY dirtyChanged)
+    // What a form in Qt Designer cannot set is not designable.
+    Q_PROPERTY(bool dirty READ Dirty NOTIFY dirtyChanged DESIGNABLE false STORED false)
     /// The total as the list shows it, with the user's money format. The amount itself is that of total().
-    Q_PROPERTY(QString total READ totalText NOTIFY totalChanged)
+    Q_PROPERTY(QString total READ totalText NOTIFY totalChanged DESIGNABLE false STORED false)
     /// Counts from 1, as the positions of a product manager do; 0 if there is no current row.
-    Q_PROPERTY(int currentRow READ currentProduct WRITE setCurrentProduct NOTIFY currentProductChanged)
+    Q_PROPERTY(int currentRow READ currentProduct WRITE setCurrentProduct NOTIFY currentProductChanged
+                   DESIGNABLE false STORED false)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly NOTIFY readOnlyChanged)
 
 public:
