@@ -14,7 +14,7 @@ LAYERS = ["orvan/base", "orvan/files", "orvan/ui", "orvan/core", "orvan/fields",
           "orvan/testing",
           "orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt",
           "orvan/components/products", "orvan/components/catalogue", "orvan/components/trace",
-          "orvan/hosting", "apps", "benchmarks"]
+          "orvan/hosting", "apps", "benchmarks", "examples", "docs/snippets"]
 # Within each of these groups, no folder includes another one.
 SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
                 {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"},
@@ -22,9 +22,10 @@ SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
 # Platforms are an exception: they include only the abstract controls and their own toolkit, but not the logic.
 PLATFORMS = {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"}
 BELOW_PLATFORMS = {"orvan/base", "orvan/files", "orvan/ui"}
-MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|ProductViewWidget))")
-# The example hosts that README.md shows and that the package's test builds: they include only installed headers.
-INSTALLED_HOSTS = ("apps/quick-host/", "apps/orvan-grid/")
+MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|examples/|docs/snippets/|orvan/hosting/(Qt|ProductViewWidget))")
+# The examples, the snippets of the documents, and a host that the package's test builds: they include only installed
+# headers, as <orvan/...>, and their own.
+INSTALLED_HOSTS = ("examples/", "docs/snippets/", "apps/orvan-grid/")
 # The folders that use no library except the standard library.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
 # The benchmarks of catalogues on servers start the PostgreSQL of the tests.
@@ -36,7 +37,7 @@ MOST_LINES = 400
 MOST_PUBLIC_HEADERS = 46
 # Headers that CMake writes into the build folder, and that are installed.
 GENERATED = re.compile(r"orvan/(version|(core|catalogue|qt)_export)\.h")
-FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
+FOLDERS = ["orvan", "apps", "benchmarks", "examples", "docs/snippets", "tests"]
 DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/catalogue.md", "docs/performance.md",
              "docs/reliability.md"]
 
@@ -92,7 +93,7 @@ def check_public(path: str, text: str, public: set[str]) -> list[str]:
     if path.startswith(INSTALLED_HOSTS):
         return [f"{path}: {line}: a host includes public headers, as <orvan/...>"
                 for line, quote, target in INCLUDE.findall(text)
-                if quote == '"' or target.startswith("orvan/") and target not in public and not GENERATED.fullmatch(target)]
+                if quote == '"' and not (ROOT / path).parent.joinpath(target).exists() or target.startswith("orvan/") and target not in public and not GENERATED.fullmatch(target)]
     return []
 
 
