@@ -28,8 +28,9 @@ MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|examples/|docs/snippe
 INSTALLED_HOSTS = ("examples/", "docs/snippets/", "apps/orvan-grid/")
 # The folders that use no library except the standard library.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
-# The benchmarks of catalogues on servers start the PostgreSQL of the tests.
-SERVERS_FOR_BENCHMARKS = ("benchmarks", "tests/server/")
+# The benchmarks of catalogues on servers start the PostgreSQL of the tests, and the snippets of the documents, which are
+# tests, use their application and their folders.
+HELPERS_OF_TESTS = {"benchmarks": "tests/server/", "docs/snippets": "tests/support/"}
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
 # 37 that programs include, and the conformance suites, which only tests of hosts include: one for each contract, and
@@ -62,7 +63,7 @@ def check_includes(path: str, text: str) -> list[str]:
             continue
         if quote == '"' or target.startswith("orvan/"):
             other = layer_of(target)
-            if own == SERVERS_FOR_BENCHMARKS[0] and target.startswith(SERVERS_FOR_BENCHMARKS[1]):
+            if own in HELPERS_OF_TESTS and target.startswith(HELPERS_OF_TESTS[own]):
                 continue
             if other is None:
                 if not (ROOT / path).parent.joinpath(target).exists():
@@ -93,7 +94,8 @@ def check_public(path: str, text: str, public: set[str]) -> list[str]:
     if path.startswith(INSTALLED_HOSTS):
         return [f"{path}: {line}: a host includes public headers, as <orvan/...>"
                 for line, quote, target in INCLUDE.findall(text)
-                if quote == '"' and not (ROOT / path).parent.joinpath(target).exists() or target.startswith("orvan/") and target not in public and not GENERATED.fullmatch(target)]
+                if quote == '"' and not (ROOT / path).parent.joinpath(target).exists() and not target.startswith("tests/support/")
+                or target.startswith("orvan/") and target not in public and not GENERATED.fullmatch(target)]
     return []
 
 
