@@ -33,6 +33,7 @@ LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup",
 HELPERS_OF_TESTS = {"benchmarks": "tests/server/", "docs/snippets": "tests/support/"}
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
+MOST_CHARACTERS = 120 # of a line of README.md
 # 37 that programs include, and the conformance suites, which only tests of hosts include: one for each contract, and
 # what they share.
 MOST_PUBLIC_HEADERS = 46
@@ -114,9 +115,18 @@ def check_document(name: str, sources: list[str]) -> list[str]:
     # CONTRIBUTING.md shows how names are written. Other code is a part of a program that is compiled; the pages of the site
     # have none of their own, but take it from docs/snippets and from the examples.
     findings = [f"{name}:{line_of(block, text)}: this code is in no source file"
-                for block in re.finditer(r"^```(?:cpp|c\+\+)\n(.*?)^```", text, re.M | re.S | re.I)
+                for block in re.finditer(r"^```(?:cpp|c\+\+|cmake)\n(.*?)^```", text, re.M | re.S | re.I)
                 if name != "CONTRIBUTING.md" and not any(without_indents(block[1]) in source for source in sources)]
+    if name == "README.md":
+        findings += [f"{name}:{number}: {len(line)} characters, more than {MOST_CHARACTERS}"
+                     for number, line in enumerate(text.splitlines(), 1) if len(line) > MOST_CHARACTERS]
     prose = re.sub(r"^```.*?^```", lambda block: re.sub(r"[^\n]", "", block[0]), text, flags=re.M | re.S)
+    for match in re.finditer(r"\[([^\]]+)\]\(([\w./-]+)\)", prose):
+        target = (ROOT / name).parent / match[2]
+        if not target.exists():
+            findings.append(f"{name}:{line_of(match, prose)}: {match[2]} does not exist")
+        elif target.suffix == ".cpp" and not re.search(rf"^TEST.*\b{match[1]}\)", target.read_text(), re.M):
+            findings.append(f"{name}:{line_of(match, prose)}: {match[2]} has no test {match[1]}")
     for match in re.finditer(r"`([^`\n]+)`", prose):
         span = match[1]
         place = f"{name}:{line_of(match, prose)}"
@@ -144,6 +154,7 @@ def main() -> int:
     for path, text in sources.items():
         findings += check_includes(path, text) + check_public(path, text, public) + check_size(path, text)
     plain = [without_indents(source) for source in sources.values()]
+    plain += [path.read_text() for path in (ROOT / "examples").rglob("CMakeLists.txt")]
     for name in DOCUMENTS:
         findings += check_document(name, plain)
     print("\n".join(findings) or f"{len(sources)} source files in order, {len(public)} public headers")

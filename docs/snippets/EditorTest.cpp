@@ -21,16 +21,16 @@ TEST(Editor, OpensOnAManagerOfTheHost)
         title = editor.windowTitle();
         editor.close();
     });
-    bool changed = false;
+    bool listHasChanged = false;
     //! [dialog]
     orvan::ProductDlg dialog(orvan::qtHost().platform());
     dialog.Show(list, 1);
     if (dialog.Dirty()) {
-        changed = true;
+        listHasChanged = true;
     }
     //! [dialog]
     EXPECT_EQ(title, "Lamp (1/1)");
-    EXPECT_FALSE(changed);
+    EXPECT_FALSE(listHasChanged);
 }
 
 } // namespace
