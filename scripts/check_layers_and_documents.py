@@ -14,7 +14,7 @@ LAYERS = ["orvan/base", "orvan/files", "orvan/ui", "orvan/core", "orvan/fields",
           "orvan/testing",
           "orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt",
           "orvan/components/products", "orvan/components/catalogue", "orvan/components/trace",
-          "orvan/hosting", "apps", "benchmarks"]
+          "orvan/hosting", "apps", "benchmarks", "examples", "docs/snippets"]
 # Within each of these groups, no folder includes another one.
 SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
                 {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"},
@@ -22,23 +22,27 @@ SIDE_BY_SIDE = [{"orvan/fields", "orvan/lookup"},
 # Platforms are an exception: they include only the abstract controls and their own toolkit, but not the logic.
 PLATFORMS = {"orvan/ui/headless", "orvan/ui/icu", "orvan/ui/qt"}
 BELOW_PLATFORMS = {"orvan/base", "orvan/files", "orvan/ui"}
-MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|orvan/hosting/(Qt|ProductViewWidget))")
-# The example hosts that README.md shows and that the package's test builds: they include only installed headers.
-INSTALLED_HOSTS = ("apps/quick-host/", "apps/orvan-grid/")
+MAY_USE_QT = re.compile(r"^(orvan/ui/qt/|apps/|benchmarks/|examples/|docs/snippets/|orvan/hosting/(Qt|ProductViewWidget))")
+# The examples, the snippets of the documents, and a host that the package's test builds: they include only installed
+# headers, as <orvan/...>, and their own.
+INSTALLED_HOSTS = ("examples/", "docs/snippets/", "apps/orvan-grid/")
 # The folders that use no library except the standard library.
 LOGIC = {"orvan/base", "orvan/ui", "orvan/core", "orvan/fields", "orvan/lookup", "orvan/editor", "orvan/view"}
-# The benchmarks of catalogues on servers start the PostgreSQL of the tests.
-SERVERS_FOR_BENCHMARKS = ("benchmarks", "tests/server/")
+# The benchmarks of catalogues on servers start the PostgreSQL of the tests, and the snippets of the documents, which are
+# tests, use their application and their folders.
+HELPERS_OF_TESTS = {"benchmarks": "tests/server/", "docs/snippets": "tests/support/"}
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
+MOST_CHARACTERS = 120 # of a line of README.md
 # The headers of the library that are installed: 37 that programs include, and eight that only tests of hosts include.
 # Those eight are the conformance suites, one for each contract, and the header that they share.
 MOST_PUBLIC_HEADERS = 45
 # Headers that CMake writes into the build folder, and that are installed.
 GENERATED = re.compile(r"orvan/(version|(core|catalogue|qt)_export)\.h")
-FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
+FOLDERS = ["orvan", "apps", "benchmarks", "examples", "docs/snippets", "tests"]
 DOCUMENTS = ["README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md", "docs/catalogue.md", "docs/performance.md",
-             "docs/reliability.md"]
+             "docs/reliability.md", "docs/index.md", "docs/pieces.md", "docs/troubleshooting.md", "SECURITY.md"]
+DOCUMENTS += sorted(str(path.relative_to(ROOT)) for path in (ROOT / "docs/guide").glob("*.md"))
 
 
 def layer_of(path: str) -> str | None:
@@ -61,7 +65,7 @@ def check_includes(path: str, text: str) -> list[str]:
             continue
         if quote == '"' or target.startswith("orvan/"):
             other = layer_of(target)
-            if own == SERVERS_FOR_BENCHMARKS[0] and target.startswith(SERVERS_FOR_BENCHMARKS[1]):
+            if own in HELPERS_OF_TESTS and target.startswith(HELPERS_OF_TESTS[own]):
                 continue
             if other is None:
                 if not (ROOT / path).parent.joinpath(target).exists():
@@ -92,7 +96,8 @@ def check_public(path: str, text: str, public: set[str]) -> list[str]:
     if path.startswith(INSTALLED_HOSTS):
         return [f"{path}: {line}: a host includes public headers, as <orvan/...>"
                 for line, quote, target in INCLUDE.findall(text)
-                if quote == '"' or target.startswith("orvan/") and target not in public and not GENERATED.fullmatch(target)]
+                if quote == '"' and not (ROOT / path).parent.joinpath(target).exists() and not target.startswith("tests/support/")
+                or target.startswith("orvan/") and target not in public and not GENERATED.fullmatch(target)]
     return []
 
 
@@ -101,12 +106,27 @@ def check_size(path: str, text: str) -> list[str]:
     return [f"{path}:{MOST_LINES + 1}: {lines} lines, more than {MOST_LINES}"] if lines > MOST_LINES else []
 
 
+def without_indents(code: str) -> str:
+    return re.sub(r"^ +", "", code, flags=re.M)
+
+
 def check_document(name: str, sources: list[str]) -> list[str]:
     text = (ROOT / name).read_text()
+    # CONTRIBUTING.md shows how names are written. Other code is a part of a program that is compiled; the pages of the site
+    # have none of their own, but take it from docs/snippets and from the examples.
     findings = [f"{name}:{line_of(block, text)}: this code is in no source file"
-                for block in re.finditer(r"^```cpp\n(#include.*?)^```", text, re.M | re.S)
-                if not any(block[1] in source for source in sources)]
+                for block in re.finditer(r"^```(?:cpp|c\+\+|cmake)\n(.*?)^```", text, re.M | re.S | re.I)
+                if name != "CONTRIBUTING.md" and not any(without_indents(block[1]) in source for source in sources)]
+    if name == "README.md":
+        findings += [f"{name}:{number}: {len(line)} characters, more than {MOST_CHARACTERS}"
+                     for number, line in enumerate(text.splitlines(), 1) if len(line) > MOST_CHARACTERS]
     prose = re.sub(r"^```.*?^```", lambda block: re.sub(r"[^\n]", "", block[0]), text, flags=re.M | re.S)
+    for match in re.finditer(r"\[([^\]]+)\]\(([\w./-]+)\)", prose):
+        target = (ROOT / name).parent / match[2]
+        if not target.exists():
+            findings.append(f"{name}:{line_of(match, prose)}: {match[2]} does not exist")
+        elif target.suffix == ".cpp" and not re.search(rf"^TEST.*\b{match[1]}\)", target.read_text(), re.M):
+            findings.append(f"{name}:{line_of(match, prose)}: {match[2]} has no test {match[1]}")
     for match in re.finditer(r"`([^`\n]+)`", prose):
         span = match[1]
         place = f"{name}:{line_of(match, prose)}"
@@ -122,6 +142,9 @@ def check_document(name: str, sources: list[str]) -> list[str]:
 
 
 def main() -> int:
+    if sys.argv[1:] == ["--public-headers"]: # for ./site
+        print("\n".join(sorted(public_headers())))
+        return 0
     sources = {str(path.relative_to(ROOT)): path.read_text() for folder in FOLDERS
                for path in sorted((ROOT / folder).rglob("*")) if path.suffix in (".h", ".cpp")}
     public = public_headers()
@@ -130,8 +153,10 @@ def main() -> int:
         findings.append(f"{len(public)} public headers, more than {MOST_PUBLIC_HEADERS}")
     for path, text in sources.items():
         findings += check_includes(path, text) + check_public(path, text, public) + check_size(path, text)
+    plain = [without_indents(source) for source in sources.values()]
+    plain += [path.read_text() for path in (ROOT / "examples").rglob("CMakeLists.txt")]
     for name in DOCUMENTS:
-        findings += check_document(name, list(sources.values()))
+        findings += check_document(name, plain)
     print("\n".join(findings) or f"{len(sources)} source files in order, {len(public)} public headers")
     return 1 if findings else 0
 

@@ -8,7 +8,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
-FOLDERS = ["orvan", "apps", "benchmarks", "tests"]
+FOLDERS = ["orvan", "apps", "benchmarks", "examples", "docs/snippets", "tests"]
 
 TYPE_PREFIX = re.compile(r"\b(?:b|cy|h|i|l|m|g?obj|s|str)[A-Z]\w*")
 KNOWN = set("""

@@ -1,11 +1,12 @@
 # shellcheck shell=bash disable=SC2034
-# Installs the Debian packages that a build needs and are missing. Sourced by ./run, ./test, ./lint, ./bench, ./fuzz
-# and scripts/pictures.
+# Installs the Debian packages that a build needs and are missing. Sourced by ./run, ./test, ./lint, ./bench,
+# ./fuzz, ./site and scripts/pictures.
 
 run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsqlite3-dev
               libzip-dev libexpat1-dev libpq-dev fonts-dejavu-core
               qt6-l10n-tools qt6-translations-l10n)
-test_packages=("${run_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
+site_packages=(doxygen doxygen-awesome-css graphviz python3)
+test_packages=("${run_packages[@]}" "${site_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
                xvfb xauth xdotool openbox strace desktop-file-utils appstream shared-mime-info
                postgresql # the tests start one of their own
                poppler-utils # reads the text of a printed quote

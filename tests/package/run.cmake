@@ -33,8 +33,27 @@ file(WRITE ${WORK}/products.txt "1~Desk lamp:::74.95:2:0:149.9:~\n")
 expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n"
     ${WORK}/host/orvan-grid ${WORK}/products.txt)
 expect_output("1  Desk lamp  2  $149.90  $149.90\n149.9 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)
-execute_process(COMMAND ${WORK}/host/own-manager --gtest_brief=1 COMMAND_ERROR_IS_FATAL ANY)
+
+# The examples are projects of their own, with tests of their own, which run the conformance suites.
+set(examples own-manager)
+if(QT)
+    list(APPEND examples quick-host order-window)
+endif()
+foreach(example IN LISTS examples)
+    set(built ${WORK}/examples/${example})
+    execute_process(COMMAND ${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE}/examples/${example} -B ${built}
+            -DCMAKE_PREFIX_PATH=${WORK}/installed -DCMAKE_CXX_COMPILER=${CXX}
+        OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${CMAKE_COMMAND} --build ${built} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+set(examples_with_tests ${examples})
+list(REMOVE_ITEM examples_with_tests quick-host)
+foreach(example IN LISTS examples_with_tests)
+    execute_process(COMMAND ${CMAKE_CTEST_COMMAND} --test-dir ${WORK}/examples/${example} --output-on-failure
+            --no-tests=error
+        COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
 
 execute_process(COMMAND ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/exports.py ${WORK}/installed
-        ${WORK}/host/orvan-grid ${WORK}/host/own-names ${WORK}/host/own-manager
+        ${WORK}/host/orvan-grid ${WORK}/host/own-names ${WORK}/examples/own-manager/own-manager-test
     COMMAND_ERROR_IS_FATAL ANY)
