@@ -90,6 +90,9 @@ public:
             line->extPrice = orvan::Currency::fromText(cut(rest, '\t'));
             line->key = textOf(cut(rest, '\t'));
             line->note = textOf(cut(rest, '\t'));
+            if (!rest.empty()) { // what is not understood must not be lost with the next save
+                throw orvan::RuntimeError(orvan::ErrorNumber::invalidFileFormat, "OrderLines", "Too many fields");
+            }
         }
         lines_.swap(lines); // only now: a string that cannot be read leaves the list as it was
     }

@@ -37,9 +37,14 @@ orvan::Currency discountsOf(const QString& products)
 /// What the label below the list says. Amounts beyond the range raise an error, which must not leave a slot.
 QString discountText(const orvan::ProductViewWidget& view)
 {
+    QString reason;
+    const std::optional<QString> products = view.products(&reason);
+    if (!products) {
+        return reason;
+    }
     try {
-        const std::string amount =
-            orvan::qtHost().platform().locale().formatCurrency(discountsOf(view.products().value_or(QString())), 2);
+        orvan::ui::LocaleService& formats = orvan::qtHost().platform().locale();
+        const std::string amount = formats.formatCurrency(discountsOf(*products), 2);
         return QObject::tr("The discounts are worth %1.").arg(QString::fromStdString(amount));
     } catch (const std::exception& error) {
         return QString::fromUtf8(error.what());
@@ -89,9 +94,12 @@ int main(int argc, char** argv)
     window.resize(640, 360);
     window.show();
     QApplication::exec();
-    if (view.Dirty() && !save(file.fileName(), view)) {
-        QMessageBox::critical(nullptr, file.fileName(), QObject::tr("The order could not be saved."));
-        return 1;
+    // As often as the user wants, who would lose the order otherwise.
+    while (view.Dirty() && !save(file.fileName(), view)) {
+        if (QMessageBox::critical(nullptr, file.fileName(), QObject::tr("The order could not be saved."),
+                                  QMessageBox::Retry | QMessageBox::Discard) == QMessageBox::Discard) {
+            return 1;
+        }
     }
     return 0;
 }
