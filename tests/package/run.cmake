@@ -35,6 +35,6 @@ expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal
 expect_output("1  Desk lamp  2  $149.90  $149.90\n149.9 EUR, 2 pages, dial 0.5, rich\n" ${WORK}/host/own-names)
 execute_process(COMMAND ${WORK}/host/own-manager --gtest_brief=1 COMMAND_ERROR_IS_FATAL ANY)
 
-execute_process(COMMAND ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/exports.py ${WORK}/installed
+execute_process(COMMAND ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/exports.py ${WORK}/installed ${BUILD_TYPE}
         ${WORK}/host/orvan-grid ${WORK}/host/own-names ${WORK}/host/own-manager
     COMMAND_ERROR_IS_FATAL ANY)
