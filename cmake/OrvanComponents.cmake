@@ -174,6 +174,7 @@ function(orvan_end_parts)
             $<$<BOOL:${ORVAN_PACKED_RELOCATIONS}>:-Wl,-z,pack-relative-relocs>
             -Wl,--version-script=${ORVAN_GENERATED}/${part}.map)
         set_property(TARGET ${library} PROPERTY LINK_DEPENDS ${ORVAN_GENERATED}/${part}.map)
+        orvan_finds_libraries(${library} $ORIGIN)
         if(ORVAN_INSTALL)
             install(TARGETS ${library} EXPORT KTVOrvanProduct-${part}
                 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)

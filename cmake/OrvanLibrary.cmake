@@ -102,6 +102,31 @@ function(orvan_loads_modules program)
     endforeach()
 endfunction()
 
+# Has an installed program or library find the shared libraries in a folder, unless the loader looks there anyway.
+function(orvan_finds_libraries target folder)
+    if(BUILD_SHARED_LIBS AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+        set_target_properties(${target} PROPERTIES INSTALL_RPATH ${folder})
+    endif()
+endfunction()
+
+# Installs a program with its manual page, which is made from what the program itself says about its use.
+function(orvan_install_program program purpose)
+    if(NOT ORVAN_INSTALL)
+        return()
+    endif()
+    orvan_finds_libraries(${program} $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+    install(TARGETS ${program} COMPONENT Desk)
+    find_package(Python3 COMPONENTS Interpreter)
+    if(Python3_FOUND AND NOT (CMAKE_CROSSCOMPILING OR ORVAN_SANITIZE OR ORVAN_THREAD_SANITIZE))
+        set(page ${CMAKE_CURRENT_BINARY_DIR}/${program}.1)
+        set(writer ${ORVAN_SOURCE_ROOT}/scripts/man_page.py)
+        add_custom_command(OUTPUT ${page} DEPENDS ${program} ${writer}
+            COMMAND ${Python3_EXECUTABLE} ${writer} $<TARGET_FILE:${program}> ${program} ${purpose} ${page} VERBATIM)
+        add_custom_target(${program}-manual ALL DEPENDS ${page})
+        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Desk)
+    endif()
+endfunction()
+
 # Installs the files with which find_package(KTVOrvanProduct) finds the library.
 function(orvan_install_package)
     include(CMakePackageConfigHelpers)
