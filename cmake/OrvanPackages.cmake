@@ -21,6 +21,9 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME liborvan${ORVAN_ABI})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "lists of products to show and edit: the shared libraries")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+if(ORVAN_PACKED_RELOCATIONS)
+    set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libc6 (>= 2.36)") # dpkg-shlibdeps looks at functions alone
+endif()
 # dpkg has the loader learn of the libraries, and forget them.
 file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/packages/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_BINARY_DIR}/packages/triggers)

@@ -19,10 +19,9 @@ foreach(part IN LISTS ORVAN_PARTS)
     set(libraries -lorvan_${part}${postfix})
     if(NOT BUILD_SHARED_LIBS)
         set(libraries ${ORVAN_FOLDERS_OF_${part}})
+        list(REVERSE libraries) # the linker reads each library once, so what needs another one stands before it
         list(TRANSFORM libraries REPLACE "(.+)" "-lorvan_\\1${postfix}")
-        # The folders of a part need each other in both directions for the linker, which reads each library once.
         list(JOIN libraries " " libraries)
-        set(libraries "-Wl,--start-group ${libraries} -Wl,--end-group")
         list(APPEND requires ${static_${part}})
     endif()
     if(part STREQUAL qt)
