@@ -6,6 +6,7 @@
 # its own programs use. The latter gets the version node ORVAN_PRIVATE_<version>, so
 # that a part is never combined with another version's parts, and hosts are not tempted.
 
+include(CheckLinkerFlag)
 include(GenerateExportHeader)
 
 # The number in the file names of the shared libraries. CONTRIBUTING.md says what may change without raising it.
@@ -141,6 +142,9 @@ endfunction()
 
 # To be called after the folders.
 function(orvan_end_parts)
+    if(BUILD_SHARED_LIBS)
+        check_linker_flag(CXX -Wl,-z,pack-relative-relocs ORVAN_PACKED_RELOCATIONS)
+    endif()
     foreach(part IN LISTS ORVAN_PARTS)
         set(library orvan_part_${part})
         set(folders ${ORVAN_FOLDERS_OF_${part}})
@@ -164,9 +168,13 @@ function(orvan_end_parts)
             target_link_libraries(${library} PUBLIC Qt6::Widgets)
         endif()
         orvan_write_version_script(${part})
-        target_link_options(${library} PRIVATE -Wl,--no-undefined
+        # Nobody replaces functions of the library, so its own calls need no table of addresses; and relocations are packed
+        # where the linker can do it: a program then needs glibc 2.36, which systems with ICU 72 have.
+        target_link_options(${library} PRIVATE -Wl,--no-undefined -Wl,-Bsymbolic-functions
+            $<$<BOOL:${ORVAN_PACKED_RELOCATIONS}>:-Wl,-z,pack-relative-relocs>
             -Wl,--version-script=${ORVAN_GENERATED}/${part}.map)
         set_property(TARGET ${library} PROPERTY LINK_DEPENDS ${ORVAN_GENERATED}/${part}.map)
+        orvan_finds_libraries(${library} $ORIGIN)
         if(ORVAN_INSTALL)
             install(TARGETS ${library} EXPORT KTVOrvanProduct-${part}
                 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)

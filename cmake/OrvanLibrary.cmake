@@ -4,6 +4,7 @@ include(GNUInstallDirs)
 
 set(ORVAN_SOURCE_ROOT ${CMAKE_CURRENT_SOURCE_DIR})
 include(${CMAKE_CURRENT_LIST_DIR}/OrvanComponents.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/OrvanSizes.cmake)
 
 if(ORVAN_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
@@ -50,6 +51,7 @@ function(orvan_library name)
     # Without this option the compiler must allow for functions that are replaced when the program is loaded, because
     # the code may become part of a shared library, and it then inlines less. Nobody replaces functions of this library.
     target_compile_options(orvan_${name} PRIVATE -fno-semantic-interposition)
+    orvan_choose_size(${name} "${ARG_SOURCES}")
     target_include_directories(orvan_${name} PUBLIC $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}>
         $<BUILD_INTERFACE:${ORVAN_GENERATED}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     orvan_resolve(${name} links ${ARG_LINKS})
@@ -98,6 +100,31 @@ function(orvan_loads_modules program)
                 $<TARGET_FILE:${module}> $<TARGET_FILE_DIR:${program}>/$<TARGET_FILE_NAME:${module}>)
         endif()
     endforeach()
+endfunction()
+
+# Has an installed program or library find the shared libraries in a folder, unless the loader looks there anyway.
+function(orvan_finds_libraries target folder)
+    if(BUILD_SHARED_LIBS AND NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+        set_target_properties(${target} PROPERTIES INSTALL_RPATH ${folder})
+    endif()
+endfunction()
+
+# Installs a program with its manual page, which is made from what the program itself says about its use.
+function(orvan_install_program program purpose)
+    if(NOT ORVAN_INSTALL)
+        return()
+    endif()
+    orvan_finds_libraries(${program} $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+    install(TARGETS ${program} COMPONENT Desk)
+    find_package(Python3 COMPONENTS Interpreter)
+    if(Python3_FOUND AND NOT (CMAKE_CROSSCOMPILING OR ORVAN_SANITIZE OR ORVAN_THREAD_SANITIZE))
+        set(page ${CMAKE_CURRENT_BINARY_DIR}/${program}.1)
+        set(writer ${ORVAN_SOURCE_ROOT}/scripts/man_page.py)
+        add_custom_command(OUTPUT ${page} DEPENDS ${program} ${writer}
+            COMMAND ${Python3_EXECUTABLE} ${writer} $<TARGET_FILE:${program}> ${program} ${purpose} ${page} VERBATIM)
+        add_custom_target(${program}-manual ALL DEPENDS ${page})
+        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Desk)
+    endif()
 endfunction()
 
 # Installs the files with which find_package(KTVOrvanProduct) finds the library.

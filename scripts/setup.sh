@@ -6,7 +6,7 @@ run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsql
               libzip-dev libexpat1-dev libpq-dev fonts-dejavu-core
               qt6-l10n-tools qt6-translations-l10n)
 site_packages=(doxygen doxygen-awesome-css graphviz python3)
-test_packages=("${run_packages[@]}" "${site_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3
+test_packages=("${run_packages[@]}" "${site_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3 pkgconf
                xvfb xauth xdotool openbox strace desktop-file-utils appstream shared-mime-info
                postgresql # the tests start one of their own
                poppler-utils # reads the text of a printed quote

@@ -12,6 +12,7 @@
 #include "orvan/components/catalogue/Catalogue.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
 #include "orvan/lookup/LookUpValue.h"
+#include "orvan/version.h"
 
 #include <iomanip>
 #include <iostream>
@@ -32,6 +33,7 @@ constexpr char kUsage[] = R"(usage: orvan-catalogue import LIST CATALOGUE [optio
        orvan-catalogue statistics CATALOGUE
        orvan-catalogue export CATALOGUE FILE
        orvan-catalogue setup-server URI [option...]
+       orvan-catalogue --help | --version
 
 )";
 constexpr char kSearchHelp[] =
@@ -121,6 +123,10 @@ int run(const std::vector<std::string>& words)
     try {
         if (command == "--help" || command == "-h") {
             std::cout << kUsage << kImportHelp << kSearchHelp << kExportHelp << kServerHelp << kExitHelp;
+            return kDone;
+        }
+        if (command == "--version") {
+            std::cout << "orvan-catalogue " << ORVAN_VERSION_TEXT << '\n';
             return kDone;
         }
         if (command == "import") {

@@ -59,6 +59,9 @@ public:
     /// Takes what would be told in a message box, where nobody is there to answer one.
     std::function<void(const QString& problem)> onProblem;
 
+    /// Shows what could not be done, and why; in a message box, or by onProblem.
+    void tell(const QString& what, const QString& why, const QString& details = {});
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -104,7 +107,6 @@ private:
     bool mayDiscard();
     void updateTitle();
     void noteRecent(const QString& path);
-    void tell(const QString& what, const QString& why, const QString& details = {});
 
     QLineEdit* customer_ = nullptr;
     QLineEdit* number_ = nullptr;

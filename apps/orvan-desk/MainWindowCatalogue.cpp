@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "StatusLine.h"
 #include "servers/ServerCatalogue.h"
+#include "settings/SystemSettings.h"
 
 #include "orvan/hosting/QtHost.h"
 #include "orvan/lookup/ProductLkpMgr.h"
@@ -42,7 +43,8 @@ CatalogueMenu* MainWindow::showCatalogueMenu(const QString& file)
             tell(what, why, details);
         });
     catalogueMenu_->addSeparator();
-    catalogueMenu_->addAction(tr("&Company Catalogue…"), this, &MainWindow::chooseServer);
+    catalogueMenu_->addAction(tr("&Company Catalogue…"), this, &MainWindow::chooseServer)
+        ->setEnabled(!systemSettings().locks("catalogue"));
     menuBar()->insertMenu(menuBar()->actions().constLast(), catalogueMenu_); // before the help menu
     status_->setCatalogue(file);
     return catalogueMenu_;
@@ -89,6 +91,9 @@ void MainWindow::chooseServer()
         return;
     }
     keepText(kServerKey, uri);
+    if (uri.isEmpty() && !keptText(kServerKey).isEmpty()) { // the computer's catalogue, which would come back
+        keepText(kServerKey, defaultCatalogueFile());
+    }
     if (!uri.isEmpty()) {
         useServer(uri);
         return;

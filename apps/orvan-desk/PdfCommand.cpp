@@ -5,11 +5,11 @@
 #include "WatchedProducts.h"
 #include "exchange/LineFiles.h"
 #include "printing/QuotePdf.h"
+#include "settings/SettingsCommand.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/files/WholeFile.h"
 #include "orvan/hosting/Host.h"
-#include "orvan/ui/qt/QtSettingsStore.h"
 #include "orvan/ui/qt/Translation.h"
 
 #include <algorithm>
@@ -23,8 +23,7 @@ namespace {
 PrintOptions chosenOptions(QStringList& notices)
 {
     try {
-        qt::QtSettingsStore settings(qt::QtSettingsStore::defaultPath());
-        return readPrintOptions(settings, notices);
+        return readPrintOptions(*deskSettings(), notices);
     } catch (const RuntimeError& error) {
         notices << qt::translated(error);
         PrintOptions options;
@@ -43,7 +42,8 @@ void needNoDisplayForFiles(int argc, char** argv)
         return word == option || word.starts_with(option + "=");
     };
     const bool asked = std::any_of(argv, argv + argc, [&](std::string_view word) {
-        return isOption(word, kPdfOption) || isOption(word, kCsvOption);
+        return isOption(word, kPdfOption) || isOption(word, kCsvOption) || isOption(word, kSettingsOption) ||
+               word == "--help" || word == "-h" || word == "--version" || word == "-v";
     });
     if (asked && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

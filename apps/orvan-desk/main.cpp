@@ -11,6 +11,7 @@
 #include "QuoteLocale.h"
 #include "WindowPlace.h"
 #include "servers/ServerCatalogue.h"
+#include "settings/SettingsCommand.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -33,6 +34,20 @@
 namespace {
 
 constexpr int kFailed = 1, kWrongUse = 2;
+constexpr const char* kHelpEnd = R"(
+Files:
+  /etc/xdg/orvan/defaults.conf
+      What holds for all users of the computer, in lines name = value: catalogue, language, theme, editing,
+      support-address, seller-name, seller-address, logo, closing-text. A line such as locked = catalogue, seller-name
+      takes these settings from the users. The folder is one of XDG_CONFIG_DIRS.
+  ~/.config/Orvan/settings.ini
+      What the user has chosen. The command line goes before it, and it goes before the former file.
+
+Exit status:
+  0   The desk was closed, or what was asked for was written.
+  1   A file, or a setting that was asked for, could not be read or written.
+  2   The command line is wrong, or a setting in it is locked.
+)";
 
 void complain(const QString& problem)
 {
@@ -92,7 +107,7 @@ public:
         parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."),
                                      QStringLiteral("[file]"));
         printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
-        parser.addOptions({sample, theme, language, catalogue, editing, render, pdf, csv, printPlaces});
+        parser.addOptions({sample, theme, language, catalogue, editing, render, pdf, csv, settings, printPlaces});
     }
 
     /// Reads the command line, and answers --help and --version. Returns what is wrong with it, or an empty text.
@@ -101,7 +116,11 @@ public:
         if (!parser.parse(QApplication::arguments())) {
             return parser.errorText();
         }
-        parser.process(application); // ends the program after --help and --version
+        if (parser.isSet(QStringLiteral("help"))) {
+            QTextStream(stdout) << parser.helpText() << kHelpEnd;
+            std::exit(0);
+        }
+        parser.process(application); // ends the program after --help-all and --version
         return problem();
     }
 
@@ -137,6 +156,10 @@ public:
         QStringLiteral("Write the quote's lines into this CSV file for a spreadsheet and exit; needs no display. The "
                        "separators are those of the user's locale, and a tab where the name ends with .tsv."),
         QStringLiteral("csv")};
+    const QCommandLineOption settings{
+        orvan::desk::kSettingsOption,
+        QStringLiteral("List the settings that can be made for all users of a computer, each with its value, where "
+                       "that comes from and whether it is locked, and exit; needs no display.")};
     QCommandLineOption printPlaces{QStringLiteral("print-places")}; ///< For tests: see PlacePrinter.h.
 
 private:
@@ -153,6 +176,10 @@ private:
         }
         if (way != u"careful" && way != u"classic") {
             return QStringLiteral("--editing must be classic or careful, not \"%1\".").arg(way);
+        }
+        if (const QString locked = orvan::desk::lockedOption(parser); !locked.isEmpty()) {
+            return QStringLiteral("--%1 cannot be used: %2 locks this setting.")
+                .arg(locked, orvan::desk::systemSettings().choice(locked.toStdString()).lockedBy);
         }
         if (const QString server = parser.value(catalogue); orvan::desk::isServer(server)) {
             if (const QString why = orvan::desk::whyRefused(server); !why.isEmpty()) {
@@ -209,17 +236,30 @@ QIcon windowIcon()
     return icon;
 }
 
+/// A setting; `otherwise` where the user's settings cannot be read, which the window tells when it reads them.
+QString chosen(const CommandLine& line, std::string_view name, const QString& otherwise)
+{
+    try {
+        return orvan::desk::settingValue(line.parser, name);
+    } catch (const orvan::RuntimeError& error) {
+        qWarning("%s", error.what());
+        return otherwise;
+    }
+}
+
 /// Opens the window as the command line asks, and runs until the user or the system ends it.
 int run(const CommandLine& line)
 {
     const QCommandLineParser& parser = line.parser;
-    const bool ownCatalogue = parser.isSet(line.catalogue);
-    const QString products = ownCatalogue ? parser.value(line.catalogue) : orvan::desk::defaultCatalogueFile();
-    // A server's catalogue gets its place in the host below, once the settings can be read.
+    const QString products = chosen(line, "catalogue", orvan::desk::defaultCatalogueFile());
+    // A server's catalogue gets its place in the host below, once there is a window that shows its state.
     orvan::HostOptions options = orvan::desk::lookUpProductsIn(orvan::desk::isServer(products) ? QString() : products);
     options.editing =
-        parser.value(line.editing) == u"classic" ? orvan::ui::EditingWay::classic : orvan::ui::EditingWay::careful;
+        chosen(line, "editing", {}) == u"classic" ? orvan::ui::EditingWay::classic : orvan::ui::EditingWay::careful;
     options.localeService = orvan::desk::makeQuoteLocale(options.locale);
+    options.settings = orvan::desk::deskSettings();
+    options.supportAddress =
+        chosen(line, "support-address", QString::fromUtf8(orvan::ui::kSupportAddress)).toStdString();
     orvan::setQtHostOptions(options);
     orvan::desk::MainWindow window;
     if (parser.isSet(line.theme)) {
@@ -228,11 +268,10 @@ int run(const CommandLine& line)
     if (parser.isSet(line.render)) {
         window.onProblem = complain;
     }
-    const QString server = ownCatalogue ? products : orvan::desk::keptText(orvan::desk::kServerKey);
-    if (orvan::desk::isServer(server)) {
-        window.useServer(server);
+    if (orvan::desk::isServer(products)) {
+        window.useServer(products);
     } else {
-        window.useCatalogue(products, !ownCatalogue);
+        window.useCatalogue(products, products == orvan::desk::defaultCatalogueFile());
     }
     std::optional<orvan::desk::WindowPlaceKeeper> place;
     if (!parser.isSet(line.render)) { // a picture has always the same size
@@ -250,7 +289,13 @@ int run(const CommandLine& line)
         window.keepUnsavedWork(); // asks nobody: whoever sends a signal does not wait for an answer
         QApplication::exit();
     });
-    QTimer::singleShot(0, &window, &orvan::desk::MainWindow::offerAbandonedWork);
+    QTimer::singleShot(0, &window, [&window] {
+        if (const QStringList& problems = orvan::desk::systemSettings().problems; !problems.isEmpty()) {
+            window.tell(QCoreApplication::translate("MainWindow", "Some settings of this computer cannot be used."),
+                        problems.join(u'\n'));
+        }
+        window.offerAbandonedWork();
+    });
     std::optional<orvan::desk::PlacePrinter> places;
     if (parser.isSet(line.printPlaces)) {
         places.emplace();
@@ -274,8 +319,16 @@ int main(int argc, char** argv)
         complain(problem);
         return kWrongUse;
     }
-    orvan::desk::useLanguage(line.parser.isSet(line.language) ? QStringList(line.parser.value(line.language))
-                                                              : QLocale::system().uiLanguages());
+    if (line.parser.isSet(line.settings)) {
+        return orvan::desk::printSettings(line.parser, complain) ? 0 : kFailed;
+    }
+    orvan::desk::useLanguage(
+        chosen(line, "language", QLocale::system().uiLanguages().join(u',')).split(u',', Qt::SkipEmptyParts));
+    if (line.parser.isSet(line.pdf) || line.parser.isSet(line.csv) || line.parser.isSet(line.render)) {
+        for (const QString& problem : orvan::desk::systemSettings().problems) {
+            complain(problem); // a window tells it itself
+        }
+    }
     try {
         const QCommandLineParser& parser = line.parser;
         return parser.isSet(line.pdf)   ? convert(line, parser.value(line.pdf), orvan::desk::convertToPdf)

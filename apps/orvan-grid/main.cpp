@@ -2,6 +2,7 @@
 
 #include <orvan/core/ProductMgr.h>
 #include <orvan/hosting/HeadlessProductView.h>
+#include <orvan/hosting/Version.h>
 
 #include <shared/TerminalText.h>
 
@@ -16,6 +17,14 @@
 #include <unistd.h>
 
 namespace {
+
+constexpr const char* kHelp = R"(usage: orvan-grid [file]
+       orvan-grid --help | --version
+
+Reads a products string from the file or from standard input and prints it as a grid.
+
+Exit status: 0 the grid was printed; 1 the command line or the input is wrong.
+)";
 
 using Rows = std::vector<std::vector<std::string>>;
 
@@ -95,10 +104,14 @@ std::string readAll(int input)
 
 int main(int argc, char** argv)
 {
-    if (argc > 2 || (argc > 1 && std::string_view(argv[1]).starts_with("--"))) {
-        std::cerr << "usage: orvan-grid [file]\nReads a products string from the file or from standard input and "
-                     "prints it as a grid.\n";
-        return 1;
+    const std::string_view option = argc > 1 ? argv[1] : "";
+    if (option == "--version") {
+        std::cout << "orvan-grid " << orvan::libraryVersion() << '\n';
+        return 0;
+    }
+    if (option == "--help" || argc > 2 || option.starts_with("--")) {
+        (option == "--help" ? std::cout : std::cerr) << kHelp;
+        return option == "--help" ? 0 : 1;
     }
     try {
         const std::string products = readAll(argc > 1 ? openFile(argv[1]) : STDIN_FILENO);

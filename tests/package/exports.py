@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""exports.py INSTALLED HOST...: checks what the installed shared libraries and the programs of hosts export and ask for.
+"""exports.py INSTALLED BUILD_TYPE HOST...: checks what the installed shared libraries and the programs of hosts export and
+ask for, and in a Release build how large the libraries are.
 
 A shared library exports names of its own namespace alone: those that hosts use, which its installed headers declare, and
 those that only the other parts of the library use, under a version of their own, which no host asks for. A program that
@@ -8,7 +9,10 @@ was linked with the static library exports none of its names."""
 import re
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
+
+MOST_BYTES = {"core": 600_000, "qt": 700_000}  # stripped
 
 
 def names(options: list[str], file: Path) -> list[tuple[str, str]]:
@@ -30,12 +34,22 @@ def declared(name: str, headers: str) -> bool:
     return all(re.search(rf"\b{part}\b", headers) for part in plain.split("::") if re.fullmatch(r"\w+", part))
 
 
+def stripped_bytes(library: Path) -> int:
+    with tempfile.TemporaryDirectory() as folder:
+        stripped = Path(folder) / "stripped"
+        subprocess.run(["strip", "-o", str(stripped), str(library)], check=True)
+        return stripped.stat().st_size
+
+
 def main() -> int:
-    installed, hosts = Path(sys.argv[1]), [Path(host) for host in sys.argv[2:]]
+    installed, build_type, hosts = Path(sys.argv[1]), sys.argv[2], [Path(host) for host in sys.argv[3:]]
     headers = "\n".join(header.read_text() for header in (installed / "include").rglob("*.h"))
     findings, public, private = [], 0, 0
     libraries = sorted(file for file in installed.rglob("liborvan_*.so") if not file.is_symlink() or file.exists())
     for library in libraries:
+        most = MOST_BYTES.get(re.sub(r"liborvan_|\.so.*", "", library.name)) if build_type == "Release" else None
+        if most and (size := stripped_bytes(library)) > most:
+            findings.append(f"{library.name} has {size} bytes when stripped, more than {most} (cmake/OrvanSizes.cmake)")
         for name, version in names(["--defined-only"], library):
             if "orvan::" not in name:
                 findings.append(f"{library.name} exports {name}, which is not of its namespace")

@@ -54,6 +54,24 @@ foreach(example IN LISTS examples_with_tests)
         COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
 
-execute_process(COMMAND ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/exports.py ${WORK}/installed
+# A host that asks pkg-config. Its libraries are found as the loader is told, because they do not stand in a system folder.
+find_program(PKG_CONFIG pkg-config REQUIRED)
+file(GLOB_RECURSE pc ${WORK}/installed/orvan-catalogue.pc)
+get_filename_component(pc_folder ${pc} DIRECTORY)
+get_filename_component(libraries ${pc_folder} DIRECTORY)
+set(ENV{PKG_CONFIG_PATH} ${pc_folder})
+set(pkg_parts orvan-core orvan-catalogue)
+if(QT)
+    list(APPEND pkg_parts orvan-qt)
+endif()
+execute_process(COMMAND ${PKG_CONFIG} --exists --print-errors ${pkg_parts} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${PKG_CONFIG} --cflags --libs orvan-catalogue OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(flags UNIX_COMMAND ${flags})
+execute_process(COMMAND ${CXX} -std=c++20 -I${SOURCE}/apps ${SOURCE}/apps/orvan-grid/main.cpp -o ${WORK}/pkg-grid ${flags}
+    COMMAND_ERROR_IS_FATAL ANY)
+expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n"
+    LD_LIBRARY_PATH=${libraries} ${WORK}/pkg-grid ${WORK}/products.txt)
+
+execute_process(COMMAND ${PYTHON} ${CMAKE_CURRENT_LIST_DIR}/exports.py ${WORK}/installed ${BUILD_TYPE}
         ${WORK}/host/orvan-grid ${WORK}/host/own-names ${WORK}/examples/own-manager/own-manager-test
     COMMAND_ERROR_IS_FATAL ANY)

@@ -1,6 +1,7 @@
 #include "LetterheadDialog.h"
 
 #include "apps/orvan-desk/OutsideText.h"
+#include "apps/orvan-desk/settings/SystemSettings.h"
 
 #include "orvan/base/RuntimeError.h"
 
@@ -71,6 +72,16 @@ LetterheadDialog::LetterheadDialog(const PrintOptions& options, ui::LocaleServic
     sellerName_->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
     connect(logoFile_, &QLineEdit::textChanged, this, &LetterheadDialog::showLogoState);
     showLogoState();
+    const std::pair<const char*, QWidget*> presets[] = {{"seller-name", sellerName_},
+                                                        {"seller-address", sellerAddress_},
+                                                        {"logo", logoFile_->parentWidget()},
+                                                        {"closing-text", closingText_}};
+    for (const auto& [name, field] : presets) {
+        if (systemSettings().locks(name)) {
+            field->setEnabled(false);
+            field->setToolTip(tr("This is set for all users of this computer."));
+        }
+    }
 }
 
 QWidget* LetterheadDialog::makeLogo()

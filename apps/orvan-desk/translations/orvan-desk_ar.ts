@@ -64,6 +64,13 @@
     </message>
 </context>
 <context>
+    <name>MainWindow</name>
+    <message>
+        <source>Some settings of this computer cannot be used.</source>
+        <translation>لا يمكن استخدام بعض إعدادات هذا الحاسوب.</translation>
+    </message>
+</context>
+<context>
     <name>OpenQuote</name>
     <message>
         <source>%1 on %2 since %3</source>
@@ -1859,6 +1866,10 @@ The catalogue was not changed.</source>
     <message>
         <source>“%1” is not a rate: 0 to 100 percent, with at most four decimals.</source>
         <translation>القيمة «%1» ليست معدل ضريبة: من 0 إلى 100 بالمئة، بأربع منازل عشرية على الأكثر.</translation>
+    </message>
+    <message>
+        <source>This is set for all users of this computer.</source>
+        <translation>هذا محدَّد لجميع مستخدمي هذا الحاسوب.</translation>
     </message>
 </context>
 <context>

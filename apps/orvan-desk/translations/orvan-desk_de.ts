@@ -64,6 +64,13 @@
     </message>
 </context>
 <context>
+    <name>MainWindow</name>
+    <message>
+        <source>Some settings of this computer cannot be used.</source>
+        <translation>Einige Einstellungen dieses Computers sind nicht verwendbar.</translation>
+    </message>
+</context>
+<context>
     <name>OpenQuote</name>
     <message>
         <source>%1 on %2 since %3</source>
@@ -1807,6 +1814,10 @@ Der Katalog wurde nicht geändert.</translation>
     <message>
         <source>“%1” is not a rate: 0 to 100 percent, with at most four decimals.</source>
         <translation>„%1“ ist kein Steuersatz: 0 bis 100 Prozent mit höchstens vier Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>This is set for all users of this computer.</source>
+        <translation>Das ist für alle Benutzer dieses Computers festgelegt.</translation>
     </message>
 </context>
 <context>

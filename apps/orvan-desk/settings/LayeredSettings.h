@@ -1,0 +1,69 @@
+// LayeredSettings: the user's settings above those of the computer.
+//
+// What the user has not set, or has set to an empty text, is as the computer's file says; what that file locks is as it
+// says in any case. A user's own value of a locked setting is kept, and counts again once the lock is gone. Thread and
+// errors: as of the user's store. A locked setting does not ask that store.
+#pragma once
+
+#include "SystemSettings.h"
+
+#include "orvan/ui/SettingsStore.h"
+
+#include <memory>
+
+namespace orvan::desk {
+
+class LayeredSettings : public ui::SettingsStore {
+public:
+    /// `system` outlives this object.
+    LayeredSettings(std::shared_ptr<ui::SettingsStore> user, const SystemSettings& system);
+
+    std::string get(std::string_view application, std::string_view section, std::string_view key) override;
+    /// Stores nothing where the setting is locked. A value that the computer's file has, too, is stored as "not set",
+    /// so that the user's dialogs, which store all that they show, do not turn it into the user's own.
+    void set(std::string_view application, std::string_view section, std::string_view key,
+             std::string_view value) override;
+
+private:
+    const std::shared_ptr<ui::SettingsStore> user_;
+    const SystemSettings& system_;
+};
+
+/// The settings of this user on this computer.
+[[nodiscard]] std::shared_ptr<ui::SettingsStore> deskSettings();
+
+/// One row of `orvan-desk --settings`.
+struct ListedSetting {
+    QString name, value;
+    QString origin; ///< "built in", "system file /etc/xdg/orvan/defaults.conf", "user file ...", "command line"
+    bool locked = false;
+};
+
+/// All settings with where their values come from. `option` and `builtIn` give the value of the command line, which may
+/// be none, and of the desk itself. Raises 75 where the user's settings cannot be read.
+template <class Option, class BuiltIn>
+std::vector<ListedSetting> listSettings(ui::SettingsStore& user, const QString& userFile, const SystemSettings& system,
+                                        Option&& option, BuiltIn&& builtIn)
+{
+    std::vector<ListedSetting> list;
+    for (const SettingRow& row : settingRows()) {
+        const SystemSettings::Choice& choice = system.choice(row.name);
+        const bool locked = system.locks(row.name);
+        const QString own =
+            locked ? QString() : QString::fromStdString(user.get(ui::kSettingsApplication, row.section, row.key));
+        const std::optional<QString> asked = locked ? std::nullopt : option(row);
+        const QString name = QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
+        if (asked) {
+            list.push_back({name, *asked, QStringLiteral("command line")});
+        } else if (!own.isEmpty()) {
+            list.push_back({name, own, QStringLiteral("user file ") + userFile});
+        } else if (choice.value) {
+            list.push_back({name, *choice.value, QStringLiteral("system file ") + choice.file, locked});
+        } else {
+            list.push_back({name, builtIn(row), QStringLiteral("built in"), locked});
+        }
+    }
+    return list;
+}
+
+} // namespace orvan::desk
