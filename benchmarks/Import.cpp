@@ -187,15 +187,18 @@ Side sqliteAlone(std::size_t rows)
             }};
 }
 
-/// Throws unless both files hold the same rows and indexes, as far as some queries tell.
+/// Throws unless both files hold the same rows and indexes, as far as some queries tell. The library's file also has
+/// what makes searches faster, which SQLite alone does not write: rows for crowded beginnings, whose ranks are
+/// negative, and the entry of each word that no other entry has.
 void requireSameFiles()
 {
     constexpr std::size_t kRows = 10'000;
     fill(peersFile(), parsedRows(kRows));
     for (const char* const sql :
          {"SELECT count(*) FROM product", "SELECT sum(item_id * length(name || note || key)) FROM product",
-          "SELECT sum(unit_price * rank) FROM product", "SELECT sum(rank * length(folded)) FROM name_start",
-          "SELECT sum(rank * length(folded)) FROM part_num_start", "SELECT count(*) FROM word",
+          "SELECT sum(unit_price * rank) FROM product",
+          "SELECT sum(rank * length(folded)) FROM name_start WHERE rank > 0",
+          "SELECT sum(rank * length(folded)) FROM part_num_start WHERE rank > 0", "SELECT count(*) FROM word",
           "SELECT count(*) FROM piece WHERE piece MATCH 'ing'"}) {
         SqliteFile ours(catalogueFile(kRows), SqliteFile::Access::readOnly);
         SqliteFile peers(peersFile(), SqliteFile::Access::readOnly);
