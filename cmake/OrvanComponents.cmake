@@ -7,7 +7,6 @@
 # that a part is never combined with another version's parts, and hosts are not tempted.
 
 include(CheckLinkerFlag)
-include(GenerateExportHeader)
 
 # The number in the file names of the shared libraries. CONTRIBUTING.md says what may change without raising it.
 set(ORVAN_ABI 2)
@@ -56,15 +55,14 @@ function(orvan_resolve folder result)
     set(${result} ${resolved} PARENT_SCOPE)
 endfunction()
 
-# Writes the part's export header. `target` tells whether the part is static.
-function(orvan_write_export_header part target)
+# Writes the part's export header.
+function(orvan_write_export_header part)
     string(TOUPPER ${part} upper)
-    set(more "
-/* What only the library's other parts and its own programs use. */
-#define ORVAN_${upper}_INTERNAL ORVAN_${upper}_EXPORT
-")
-    generate_export_header(${target} BASE_NAME ORVAN_${upper} EXPORT_FILE_NAME ${ORVAN_GENERATED}/orvan/${part}_export.h
-        CUSTOM_CONTENT_FROM_VARIABLE more)
+    set(mark "")
+    if(BUILD_SHARED_LIBS)
+        set(mark " __attribute__((visibility(\"default\")))")
+    endif()
+    configure_file(${ORVAN_SOURCE_ROOT}/orvan/base/export.h.in ${ORVAN_GENERATED}/orvan/${part}_export.h @ONLY)
 endfunction()
 
 # orvan_marked(<header> <mark> <result>) appends patterns of the linker for the names that a header marks. Marked
@@ -134,7 +132,7 @@ function(orvan_begin_parts)
         foreach(part IN LISTS ORVAN_PARTS)
             if(ORVAN_QT OR NOT part STREQUAL qt)
                 add_library(orvan_part_${part} SHARED ${ORVAN_GENERATED}/orvan/version.h)
-                orvan_write_export_header(${part} orvan_part_${part})
+                orvan_write_export_header(${part})
             endif()
         endforeach()
     endif()
@@ -152,7 +150,7 @@ function(orvan_end_parts)
         if(NOT TARGET ${library})
             list(GET folders 0 first)
             if(TARGET ${first})
-                orvan_write_export_header(${part} ${first})
+                orvan_write_export_header(${part})
             endif()
             continue()
         endif()

@@ -1,6 +1,12 @@
 # Each folder is a target of its own, so that a folder which uses another one against the order of layers does not link.
 
-include(GNUInstallDirs)
+if(ORVAN_INSTALL)
+    include(GNUInstallDirs)
+elseif(NOT CMAKE_INSTALL_LIBDIR)
+    # In another project, which may not want the cache entries of GNUInstallDirs. Modules are looked for there.
+    set(CMAKE_INSTALL_LIBDIR lib)
+    set(CMAKE_INSTALL_FULL_LIBDIR ${CMAKE_INSTALL_PREFIX}/lib)
+endif()
 
 set(ORVAN_SOURCE_ROOT ${CMAKE_CURRENT_SOURCE_DIR})
 include(${CMAKE_CURRENT_LIST_DIR}/OrvanComponents.cmake)

@@ -155,6 +155,7 @@ def main() -> int:
         findings += check_includes(path, text) + check_public(path, text, public) + check_size(path, text)
     plain = [without_indents(source) for source in sources.values()]
     plain += [path.read_text() for path in (ROOT / "examples").rglob("CMakeLists.txt")]
+    plain += [path.read_text() for path in (ROOT / "tests/package/parent").glob("*.cmake")]
     for name in DOCUMENTS:
         findings += check_document(name, plain)
     print("\n".join(findings) or f"{len(sources)} source files in order, {len(public)} public headers")

@@ -1,0 +1,5 @@
+include(FetchContent)
+set(ORVAN_QT OFF)
+FetchContent_Declare(orvan SOURCE_DIR ${ORVAN_TREE})
+FetchContent_MakeAvailable(orvan)
+target_link_libraries(shop PRIVATE orvan::hosting)
