@@ -23,6 +23,9 @@ namespace {
 constexpr std::size_t kMostRows = 200;     ///< A long quote's rows, of which each adds at most half a cent.
 constexpr std::size_t kMostPositions = 10; ///< In a sentence.
 
+/// Right also where the writing runs from right to left, so that digits of the same value stand below each other.
+constexpr Qt::Alignment kNumberSide = Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter;
+
 /// Writes numbers in the user's format. Exact values have all their digits, so they are not grouped.
 class Writer {
 public:
@@ -68,7 +71,7 @@ QString roundingOf(const PriceStep& step)
     }
     switch (step.rounding) {
     case PriceRounding::none: return ExplainDialog::tr("exact");
-    case PriceRounding::halfToEven: return ExplainDialog::tr("rounded to four decimals, a half to the even digit");
+    case PriceRounding::halfToEven: return ExplainDialog::tr("rounded, a half to the even digit");
     case PriceRounding::binary: return ExplainDialog::tr("rounded in binary arithmetic");
     }
     return {};
@@ -89,7 +92,7 @@ void addRow(QTreeWidgetItem& heading, const QStringList& cells)
 {
     auto* const row = new QTreeWidgetItem(&heading, cells);
     for (const int number : {1, 2}) {
-        row->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
+        row->setTextAlignment(number, kNumberSide);
     }
 }
 
@@ -205,7 +208,7 @@ ExplainDialog::ExplainDialog(const ExplainedQuote& quote, ui::LocaleService& mon
     setWindowTitle(tr("Explain"));
     list_->setHeaderLabels({tr("Step"), tr("Exact value"), tr("Amount"), tr("How")});
     for (const int number : {1, 2}) {
-        list_->headerItem()->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
+        list_->headerItem()->setTextAlignment(number, kNumberSide);
     }
     list_->setRootIsDecorated(false);
     list_->setItemsExpandable(false);
@@ -240,11 +243,16 @@ ExplainDialog::ExplainDialog(const ExplainedQuote& quote, ui::LocaleService& mon
     column->addWidget(sentences);
     column->addWidget(buttons);
     const int em = fontMetrics().averageCharWidth();
+    int width = 6 * em; // around the list
     for (int i = 0; i < list_->columnCount(); ++i) {
         list_->resizeColumnToContents(i);
-        list_->setColumnWidth(i, list_->columnWidth(i) + 2 * em); // apart from the next column
+        if (i + 1 < list_->columnCount()) {
+            list_->setColumnWidth(i, list_->columnWidth(i) + 2 * em); // apart from the next column
+        }
+        width += list_->columnWidth(i);
     }
-    resize(QSize(120 * em, 34 * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() * 9 / 10));
+    resize(QSize(std::max(width, 80 * em), 30 * fontMetrics().lineSpacing())
+               .boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 QString ExplainDialog::text() const

@@ -185,9 +185,9 @@ TEST_F(DeskDialogsTest, ExplainShowsWhyPricesDoNotAddUpAndCopiesIt)
     action("F9").trigger();
     EXPECT_EQ(copied, "Price of product 1: Washer\n"
                       "Percent to pay: 100% − 5%\t95\t95\texact\n"
-                      "Quantity × unit price: 2.5 × 0.0125\t0.03125\t0.0312\trounded to four decimals, a half to the "
+                      "Quantity × unit price: 2.5 × 0.0125\t0.03125\t0.0312\trounded, a half to the "
                       "even digit\n"
-                      "95% of 0.0312\t0.02964\t0.0296\trounded to four decimals, a half to the even digit\n"
+                      "95% of 0.0312\t0.02964\t0.0296\trounded, a half to the even digit\n"
                       "Price\t0.0296875\t0.0296\tshown as $0.03\n"
                       "Total\n"
                       "Product 1\t0.0296\t$0.03\trounded to be shown: +0.0004\n"

@@ -1641,10 +1641,6 @@ The catalogue was not changed.</source>
         <translation>دقيق</translation>
     </message>
     <message>
-        <source>rounded to four decimals, a half to the even digit</source>
-        <translation>مقرّب إلى أربع منازل عشرية، والنصف إلى الرقم الزوجي</translation>
-    </message>
-    <message>
         <source>rounded in binary arithmetic</source>
         <translation>مقرّب في الحساب الثنائي</translation>
     </message>
@@ -1755,6 +1751,10 @@ The catalogue was not changed.</source>
     <message>
         <source>&amp;Copy</source>
         <translation>&amp;نسخ</translation>
+    </message>
+    <message>
+        <source>rounded, a half to the even digit</source>
+        <translation>مقرّب، والنصف إلى الرقم الزوجي</translation>
     </message>
 </context>
 <context>

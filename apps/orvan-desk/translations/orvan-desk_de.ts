@@ -1597,10 +1597,6 @@ Der Katalog wurde nicht geändert.</translation>
         <translation>genau</translation>
     </message>
     <message>
-        <source>rounded to four decimals, a half to the even digit</source>
-        <translation>auf vier Stellen gerundet, eine Hälfte zur geraden Ziffer</translation>
-    </message>
-    <message>
         <source>rounded in binary arithmetic</source>
         <translation>beim Rechnen mit Binärzahlen gerundet</translation>
     </message>
@@ -1711,6 +1707,10 @@ Der Katalog wurde nicht geändert.</translation>
     <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>rounded, a half to the even digit</source>
+        <translation>gerundet, eine Hälfte zur geraden Ziffer</translation>
     </message>
 </context>
 <context>
