@@ -87,6 +87,8 @@ function(orvan_marked header mark result)
             list(APPEND patterns ${name}::* vtable?for?${name} typeinfo?for?${name} typeinfo?name?for?${name}
                 vtable?for?${name}::* typeinfo?for?${name}::* typeinfo?name?for?${name}::*
                 non-virtual?thunk?to?${name}::* virtual?thunk?to?${name}::*)
+        elseif(line MATCHES "${mark} [^(]* operator[^(]+\\(")
+            list(APPEND patterns ${namespace}::operator??*) # the linker would take "*(" for something else
         elseif(line MATCHES "${mark} [^(]*(\\(\\)[^(]*)?[ &*]([A-Za-z0-9_]+)\\(")
             list(APPEND patterns ${namespace}::${CMAKE_MATCH_2}?*)
         elseif(line MATCHES "${mark} .* ([A-Za-z0-9_]+)@$")

@@ -34,9 +34,9 @@ HELPERS_OF_TESTS = {"benchmarks": "tests/server/", "docs/snippets": "tests/suppo
 INCLUDE = re.compile(r'^(#include ([<"])([^>"]+)[>"])', re.M)
 MOST_LINES = 400
 MOST_CHARACTERS = 120 # of a line of README.md
-# The headers of the library that are installed: 37 that programs include, and eight that only tests of hosts include.
+# The headers of the library that are installed: 38 that programs include, and eight that only tests of hosts include.
 # Those eight are the conformance suites, one for each contract, and the header that they share.
-MOST_PUBLIC_HEADERS = 45
+MOST_PUBLIC_HEADERS = 46
 # Headers that CMake writes into the build folder, and that are installed.
 GENERATED = re.compile(r"orvan/(version|(core|catalogue|qt)_export)\.h")
 FOLDERS = ["orvan", "apps", "benchmarks", "examples", "docs/snippets", "tests"]

@@ -10,6 +10,9 @@ import time
 from desk_window import COLUMN_ONE, Desk, answer, desk_window, geometry, keys, titles, wait_for, wait_for_title, xdotool
 
 FRAME_X, FRAME_TOP, FRAME_BOTTOM = 1, 20, 5  # pixels that the window manager adds
+# A quote in parts of cents: as they are shown, its prices add up to a cent more than the total.
+PARTS_OF_CENTS = ("4~Cable, per metre::C-3:0.385:12.5:5:4.5719:~Cable duct, per metre::D-1:1.155:4.5:5:4.9376:~"
+                  "Wall plug::W-8:0.0742:25:0:1.855:~Fitting, per hour::H-1:58.5:1.25:0:73.125:~")
 LONG_LIST = 2_000_000  # enough rows that the import lasts until its picture is taken
 
 
@@ -67,6 +70,15 @@ def import_list(desk: Desk, folder: pathlib.Path) -> None:
     wait_for("the desk alone", lambda: len(titles()) == 1)
 
 
+def explain(desk: Desk, folder: pathlib.Path) -> None:
+    desk.click("flexGrid row 1", 1)
+    keys("F9")
+    wait_for_title("Explain")
+    take(folder / "explain.png")
+    keys("Escape")
+    wait_for("the desk alone", lambda: len(titles()) == 1)
+
+
 def screen(path: pathlib.Path) -> None:
     time.sleep(0.7)  # until everything has been painted
     subprocess.run(["import", "-window", "root", "-strip", str(path)], check=True)
@@ -95,6 +107,9 @@ def main() -> None:
         edit(desk, folder)
         choose_column(desk, folder)
         import_list(desk, folder)
+    quote["products"] = PARTS_OF_CENTS
+    with tempfile.TemporaryDirectory() as home, Desk(program, home, quote) as desk:
+        explain(desk, folder)
 
 
 main()

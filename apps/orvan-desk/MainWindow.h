@@ -76,6 +76,8 @@ private:
     CatalogueMenu* showCatalogueMenu(const QString& file);
     void chooseServer();
     void showKeys();
+    /// Shows how the current product's price and the total came about.
+    void explain();
     void chooseCurrency();
     /// Has the amounts written in that currency, and keeps it with the quote.
     void setCurrency(const QString& code);

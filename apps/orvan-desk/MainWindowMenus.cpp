@@ -2,11 +2,13 @@
 
 #include "CurrencyDialog.h"
 #include "DeskSettings.h"
+#include "ExplainDialog.h"
 #include "KeySheet.h"
 #include "MainWindow.h"
 #include "QuoteLocale.h"
 #include "RecentFiles.h"
 #include "StatusLine.h"
+#include "WatchedProducts.h"
 #include "exchange/ExchangeActions.h"
 #include "printing/PrintActions.h"
 #include "undo/DoneStep.h"
@@ -122,6 +124,8 @@ void MainWindow::makeListMenus()
     for (const auto& command : commands) {
         command ? product->addAction(products_->action(*command)) : static_cast<void>(product->addSeparator());
     }
+    product->addSeparator();
+    product->addAction(tr("E&xplain…"), QKeySequence(tr("F9")), this, &MainWindow::explain);
     const QList<QAction*> menus = menuBar()->actions();
     menuBar()->insertMenu(menus.value(1), edit); // after the file menu
     menuBar()->insertMenu(menus.value(1), product);
@@ -148,6 +152,15 @@ void MainWindow::showKeys()
     keySheet_->show();
     keySheet_->raise();
     keySheet_->activateWindow();
+}
+
+void MainWindow::explain()
+{
+    try {
+        ExplainDialog(explainWatched(products_->currentProduct()), qtHost().platform().locale(), this).exec();
+    } catch (const std::exception& error) {
+        tell(tr("The amounts could not be explained."), qt::translated(error));
+    }
 }
 
 void MainWindow::chooseCurrency()

@@ -1,5 +1,7 @@
 #include "WatchedProducts.h"
 
+#include "ExplainDialog.h"
+
 #include "apps/orvan-desk/undo/ProductsJournal.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/InProcessProductMgr.h"
@@ -150,6 +152,24 @@ ProductCounts countWatchedProducts()
     }
     counts.percentFull = manager ? percentFull(*manager) : 0;
     return counts;
+}
+
+ExplainedQuote explainWatched(std::int32_t position)
+{
+    ExplainedQuote explained;
+    const auto manager = newest.lock();
+    if (!manager) {
+        explained.total = explainTotal(*makeManager());
+        return explained;
+    }
+    if (position > 0 && position <= manager->GetProductCount()) {
+        const auto record = manager->GetProduct(position);
+        explained.position = position;
+        explained.name = QString::fromStdString(record->Name());
+        explained.price = explainExtPrice(*record);
+    }
+    explained.total = explainTotal(*manager);
+    return explained;
 }
 
 void checkProducts(const std::string& products)

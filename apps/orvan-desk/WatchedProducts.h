@@ -16,7 +16,8 @@ struct ProductValues;
 
 namespace orvan::desk {
 
-struct ListChange; // undo/ProductsJournal.h
+struct ExplainedQuote; // ExplainDialog.h
+struct ListChange;     // undo/ProductsJournal.h
 
 /// Has the host's product managers made here; to be called before there is a list view.
 void watchProducts();
@@ -57,6 +58,10 @@ struct ProductCounts {
 
 /// Counts the products of the list view, also of a list that is too large for a products string. Reads every product.
 [[nodiscard]] ProductCounts countWatchedProducts();
+
+/// Explains the total of the list view's products, and the price of the one at `position` (0: of none), with two
+/// decimals shown, as the list view and the editor do. Raises what the manager raises.
+[[nodiscard]] ExplainedQuote explainWatched(std::int32_t position);
 
 /// Raises where a product manager cannot read a list, or could not give it back: such a list must not reach the list
 /// view, because showing it would lose the list that is shown.

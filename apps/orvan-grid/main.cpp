@@ -1,4 +1,7 @@
-// orvan-grid: a host without a window. Reads a products string and prints the list view's grid.
+// orvan-grid: a host without a window. Reads a products string and prints the list view's grid, or how its amounts came
+// about.
+
+#include "Explained.h"
 
 #include <orvan/core/ProductMgr.h>
 #include <orvan/hosting/HeadlessProductView.h>
@@ -8,6 +11,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,15 +22,15 @@
 
 namespace {
 
-constexpr const char* kHelp = R"(usage: orvan-grid [file]
+constexpr const char* kHelp = R"(usage: orvan-grid [--explain] [file]
        orvan-grid --help | --version
 
 Reads a products string from the file or from standard input and prints it as a grid.
 
-Exit status: 0 the grid was printed; 1 the command line or the input is wrong.
-)";
+  --explain   prints how each price and the total came about instead: each step with its exact value
 
-using Rows = std::vector<std::vector<std::string>>;
+Exit status: 0 the products were printed; 1 the command line or the input is wrong.
+)";
 
 /// The number of characters of a UTF-8 text: every byte begins a character, except those that continue one.
 std::size_t characterCount(std::string_view text)
@@ -46,8 +50,8 @@ Rows gridRows(const orvan::headless::GridDriver& grid)
     return rows;
 }
 
-/// Prints the rows as a table. The name stands at the left edge of its column, all other texts at the right edge.
-void print(const Rows& rows)
+/// Prints the rows as a table. The texts of the columns `left` stand at the left edge, all others at the right edge.
+void print(const Rows& rows, const std::set<std::size_t>& left)
 {
     std::vector<std::size_t> widths(rows.front().size());
     for (const auto& row : rows) {
@@ -58,8 +62,11 @@ void print(const Rows& rows)
     for (const auto& row : rows) {
         for (std::size_t column = 0; column < row.size(); ++column) {
             const std::string blanks(widths[column] - characterCount(row[column]), ' ');
-            std::cout << (column == 1 ? row[column] + blanks : blanks + row[column])
-                      << (column + 1 < row.size() ? "  " : "\n");
+            const bool last = column + 1 == row.size();
+            std::cout << (!left.contains(column) ? blanks + row[column]
+                          : last                 ? row[column]
+                                                 : row[column] + blanks)
+                      << (last ? "\n" : "  ");
         }
     }
 }
@@ -109,20 +116,32 @@ int main(int argc, char** argv)
         std::cout << "orvan-grid " << orvan::libraryVersion() << '\n';
         return 0;
     }
-    if (option == "--help" || argc > 2 || option.starts_with("--")) {
+    const bool explains = option == "--explain";
+    const int fileAt = explains ? 2 : 1;
+    const char* const file = argc > fileAt ? argv[fileAt] : nullptr;
+    if (option == "--help" || argc > fileAt + 1 || (file && std::string_view(file).starts_with("--"))) {
         (option == "--help" ? std::cout : std::cerr) << kHelp;
         return option == "--help" ? 0 : 1;
     }
     try {
-        const std::string products = readAll(argc > 1 ? openFile(argv[1]) : STDIN_FILENO);
+        const std::string products = readAll(file ? openFile(file) : STDIN_FILENO);
         orvan::HeadlessHost host;
         orvan::HeadlessProductView view(host.platform());
         // view.Show reports an error as a number alone. So the string is first given to a separate product manager,
         // which reports the reason.
-        orvan::ui::createComponent<orvan::ProductMgr>(host.components(), orvan::kProductMgrClassName)
-            ->SetProductsString(products, orvan::kRecordSeparator, orvan::kFieldSeparator, false);
+        const auto manager =
+            orvan::ui::createComponent<orvan::ProductMgr>(host.components(), orvan::kProductMgrClassName);
+        manager->SetProductsString(products, orvan::kRecordSeparator, orvan::kFieldSeparator, false);
+        if (explains) {
+            const Explained explanation = explained(*manager);
+            print(explanation.table, {1, 4});
+            for (const std::string& sentence : explanation.sentences) {
+                std::cout << sentence << '\n';
+            }
+            return 0;
+        }
         view.Show(products);
-        print(gridRows(view.flexGrid()));
+        print(gridRows(view.flexGrid()), {1});
         std::cout << "Total  " << orvan::shared::terminalText(view.txtTotal().text()) << '\n';
         return 0;
     } catch (const orvan::RuntimeError& error) {

@@ -18,6 +18,12 @@
 
 namespace orvan {
 
+class Currency;
+// What stands outside a class leaves the shared library only if it is marked itself, even where it is a friend.
+ORVAN_CORE_EXPORT Currency operator*(Currency a, Currency b);
+/// Raises 11 when b is zero.
+ORVAN_CORE_EXPORT Currency operator/(Currency a, Currency b);
+
 class ORVAN_CORE_EXPORT Currency {
 public:
     static constexpr int kDecimals = 4;
@@ -75,7 +81,6 @@ public:
         return __builtin_sub_overflow(a.scaled_, b.scaled_, &difference) ? raiseOverflow() : Currency(difference);
     }
     friend Currency operator*(Currency a, Currency b);
-    /// Raises 11 when b is zero.
     friend Currency operator/(Currency a, Currency b);
     friend constexpr auto operator<=>(Currency, Currency) noexcept = default;
 

@@ -24,6 +24,10 @@
 
 namespace orvan {
 
+class UserText;
+/// One text behind another.
+ORVAN_CORE_EXPORT UserText operator+(UserText first, UserText second);
+
 class ORVAN_CORE_EXPORT UserText {
 public:
     /// Translates an English sentence, and returns nothing where it has no translation. The number is that of a counted
@@ -45,7 +49,6 @@ public:
     [[nodiscard]] std::string in(const Translation& translation) const;
     [[nodiscard]] bool empty() const { return text_.empty(); }
 
-    /// One text behind another.
     friend UserText operator+(UserText first, UserText second);
     friend bool operator==(const UserText& text, std::string_view english) { return text.english() == english; }
 

@@ -28,15 +28,24 @@ void setValues(ProductRecord& record, const ProductValues& values)
     record.SetNote(values.note);
 }
 
-Currency extendedPrice(Currency unitPrice, Currency qty, Currency discPrcnt)
+void computePrice(PriceSteps& steps, Currency unitPrice, Currency qty, Currency discPrcnt)
 {
     const Currency hundred = Currency::fromScaled(100 * Currency::kScale);
-    const Currency rest = discPrcnt > hundred ? hundred : hundred - discPrcnt;
-    const Currency gross = qty * unitPrice;
+    steps = {};
+    steps.share = discPrcnt > hundred ? hundred : hundred - discPrcnt;
+    steps.gross = qty * unitPrice;
     // The price is computed in double, and the percentage is divided before it is multiplied, because existing quotes
     // were priced this way and must get the same prices again. fromDouble raises for a result that is not a number or
     // is out of range.
-    return Currency::fromDouble(rest.toDouble() / 100.0 * gross.toDouble());
+    steps.net = steps.share->toDouble() / 100.0 * steps.gross->toDouble();
+    steps.price = Currency::fromDouble(steps.net);
+}
+
+Currency extendedPrice(Currency unitPrice, Currency qty, Currency discPrcnt)
+{
+    PriceSteps steps;
+    computePrice(steps, unitPrice, qty, discPrcnt);
+    return *steps.price;
 }
 
 } // namespace orvan

@@ -1,5 +1,7 @@
 #include "orvan/ui/GridFormat.h"
 
+#include "orvan/base/RoundedAmount.h"
+
 #include <algorithm>
 
 namespace orvan::ui {
@@ -7,14 +9,6 @@ namespace orvan::ui {
 namespace {
 
 constexpr std::string_view kPictureCharacters = "#0,.";
-
-/// The absolute value, rounded half away from zero to `decimals` (0 to 4) decimals and counted in units of the last
-/// decimal: 1.25 with one decimal is 13.
-std::uint64_t roundedMagnitude(Currency value, int decimals)
-{
-    const std::uint64_t divisor = Currency::kPowersOfTen[Currency::kDecimals - decimals];
-    return (value.magnitude() + divisor / 2) / divisor;
-}
 
 void groupInThrees(std::string& digits, const std::string& separator)
 {

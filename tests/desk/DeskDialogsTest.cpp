@@ -1,4 +1,4 @@
-// The sheet of keys, the currency of a quote, and the warning before a quote is full.
+// The sheet of keys, the explanation of amounts, the currency of a quote, and the warning before a quote is full.
 
 #include "CurrencyDialog.h"
 #include "FilterLine.h"
@@ -15,6 +15,8 @@
 #include <gmock/gmock.h>
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QJsonDocument>
 #include <QMenuBar>
 #include <QPushButton>
@@ -162,6 +164,40 @@ TEST_F(DeskDialogsTest, TheSheetCanBeReachedWhileTheEditorIsOpen)
     });
     products->action(Command::edit)->trigger();
     EXPECT_TRUE(seen);
+}
+
+TEST_F(DeskDialogsTest, ExplainShowsWhyPricesDoNotAddUpAndCopiesIt)
+{
+    // The second price is one that was changed after it had been computed.
+    test::writeText(file, R"({"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n",
+        "date": "2026-11-20", "currency": "USD",
+        "products": "2~Washer:::0.0125:2.5:5:0.0296:~Nut:::0.01:1:0:0.0153:~"})");
+    ASSERT_TRUE(window.open(QString::fromStdString(file.string())));
+    products->setCurrentProduct(1);
+    QCoreApplication::processEvents();
+    std::string copied;
+    test::whenModal([&](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), u"Explain");
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+        copied = QGuiApplication::clipboard()->text().toStdString();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
+    });
+    action("F9").trigger();
+    EXPECT_EQ(copied, "Price of product 1: Washer\n"
+                      "Percent to pay: 100% − 5%\t95\t95\texact\n"
+                      "Quantity × unit price: 2.5 × 0.0125\t0.03125\t0.0312\trounded, a half to the "
+                      "even digit\n"
+                      "95% of 0.0312\t0.02964\t0.0296\trounded, a half to the even digit\n"
+                      "Price\t0.0296875\t0.0296\tshown as $0.03\n"
+                      "Total\n"
+                      "Product 1\t0.0296\t$0.03\trounded to be shown: +0.0004\n"
+                      "Product 2\t0.0153\t$0.02\trounded to be shown: +0.0047\n"
+                      "Sum of all prices\t0.0449\t$0.05\tthe prices as they are shown, added up\n"
+                      "Total\t0.0449\t$0.04\tthe exact sum, rounded to be shown\n"
+                      "The prices as they are shown add up to $0.05, but the total is shown as $0.04. Each amount is "
+                      "rounded for itself "
+                      "to be shown; the total is the sum of the exact prices.\n"
+                      "Products whose price is not what their quantity, unit price and discount give: 2.\n");
 }
 
 TEST_F(DeskDialogsTest, TheCurrencyCanBeChangedAndTheChangeUndone)

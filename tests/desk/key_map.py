@@ -217,6 +217,9 @@ class Window:
     def keys(self, key: str) -> None:
         self.opens(key, "Keys")
 
+    def explain(self, key: str) -> None:
+        self.opens(key, "Explain")
+
     def undo(self, key: str) -> None:
         keys("ctrl+d")
         wait_for_title(MODIFIED)

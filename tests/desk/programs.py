@@ -58,6 +58,8 @@ ROWS = [
      "2 entries in strange\n1 entry without a price\n"),
     ("no line", [CATALOGUE, "import", "strange.csv", "goods", "--header-line", "x"], 2, "must be the number of a line"),
     ("no encoding", [CATALOGUE, "import", "strange.csv", "goods", "--encoding", "x"], 2, "there is no encoding \"x\""),
+    ("how a price came about", [GRID, "--explain", "halves"], 0,
+     "1.5 x 0.1235         0.18525  0.1852  rounded to four decimals, halves to the even digit\n"),
     ("a grid of a pipe", [GRID, "pipe"], 1, "is not a file"),
     ("a grid of a device", [GRID, "/dev/zero"], 1, "is not a file"),
     ("a grid of a folder", [GRID, "."], 1, "is not a file"),
@@ -192,6 +194,7 @@ def main() -> None:
         (folder / "bytes").write_bytes(b"1~Nut \x9b1m:::5:1:0:5:~")
         (folder / "etc/orvan").mkdir(parents=True)
         (folder / "etc/orvan/defaults.conf").write_text("seller-name = Acme\nlanguage = en\nlocked = language\n")
+        (folder / "halves").write_text("1~Half:::0.1235:1.5:0:0.1853:~")
         (folder / "n.quote.json").write_text(json.dumps(QUOTE))
         (folder / "euro.quote.json").write_text(json.dumps(QUOTE | {"currency": "Euro"}))
         for pipe in ("pipe", "pipe.png"):

@@ -67,7 +67,7 @@ endif()
 execute_process(COMMAND ${PKG_CONFIG} --exists --print-errors ${pkg_parts} COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${PKG_CONFIG} --cflags --libs orvan-catalogue OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(flags UNIX_COMMAND ${flags})
-execute_process(COMMAND ${CXX} -std=c++20 -I${SOURCE}/apps ${SOURCE}/apps/orvan-grid/main.cpp -o ${WORK}/pkg-grid ${flags}
+execute_process(COMMAND ${CXX} -std=c++20 -I${SOURCE}/apps ${SOURCE}/apps/orvan-grid/main.cpp ${SOURCE}/apps/orvan-grid/Explained.cpp -o ${WORK}/pkg-grid ${flags}
     COMMAND_ERROR_IS_FATAL ANY)
 expect_output("#  Product    Qty  Ext Price\n1  Desk lamp    2    $149.90\nTotal  $149.90\n"
     LD_LIBRARY_PATH=${libraries} ${WORK}/pkg-grid ${WORK}/products.txt)

@@ -31,6 +31,7 @@ PrintedQuote quoteOf(const Row& row)
     quote.sellerName = row.seller;
     quote.sellerAddress = QStringLiteral("Street\nTown");
     quote.closingText = row.closing;
+    quote.note = row.lines % 2 == 0 ? quote.texts.rounded : QString();
     quote.logo = row.logo ? QImage(800, 200, QImage::Format_RGB32) : QImage();
     quote.facts = {{QStringLiteral("Customer"), QStringLiteral("A customer")},
                    {QStringLiteral("Date"), QStringLiteral("a day")}};

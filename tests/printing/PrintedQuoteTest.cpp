@@ -111,6 +111,47 @@ TEST(PrintedQuote, TextsAreInTheUsersLocaleAndAmountsInTheQuotesCurrency)
     EXPECT_TRUE(printed({}, "ar_EG").rightToLeft);
 }
 
+TEST(PrintedQuote, SaysThatAmountsAreRoundedOnlyWhereTheyDoNotAddUp)
+{
+    struct Row {
+        const char *name, *prices, *currency;
+        PrintOptions options;
+        bool told;
+    };
+    const PrintOptions withTax{.showTax = true, .taxRate = Currency::fromInteger(10)};
+    const Row rows[] = {
+        {"whole cents", "1.25 2.5", "USD", {}, false},
+        {"parts of a cent that cancel each other out", "0.004 0.006", "USD", {}, false},
+        {"halves", "0.005 0.005", "USD", {}, true},
+        {"the same below zero", "-0.005 -0.005", "USD", {}, true},
+        {"the same without prices on the paper",
+         "0.005 0.005",
+         "USD",
+         {.leftOut = {PrintColumn::extendedPrice}},
+         false},
+        {"the same in dinars, which have three decimals", "0.005 0.005", "KWD", {}, false},
+        {"halves of a yen", "1.5 1.5", "JPY", {}, true},
+        {"with a tax", "1.25 2.5", "USD", withTax, false},
+        {"halves with a tax", "0.005 0.005", "USD", withTax, true},
+        {"a net below zero, and a total above",
+         "-0.015",
+         "USD",
+         {.showTax = true, .taxRate = Currency::fromInteger(-200)},
+         true},
+    };
+    forEachRow(rows, [](const Row& row) {
+        Quote quote = kQuote;
+        quote.currency = QLatin1String(row.currency);
+        const QStringList prices = QString::fromLatin1(row.prices).split(u' ');
+        quote.products = std::to_string(prices.size()) + "~";
+        for (const QString& price : prices) {
+            quote.products += "x:::0:1:0:" + price.toStdString() + ":~";
+        }
+        EXPECT_EQ(printed(row.options, "en_US", quote).note,
+                  row.told ? QStringLiteral("Amounts are rounded for display.") : QString());
+    });
+}
+
 TEST(PrintedQuote, AMissingLogoIsToldAndTheRestIsPrinted)
 {
     const QTemporaryDir folder;

@@ -21,17 +21,17 @@ using ::testing::HasSubstr;
 
 class SystemSettingsTest : public ::testing::Test {
 protected:
-    SystemSettingsTest() { folder_ = ::testing::TempDir() + "settings-" + std::to_string(::getpid()); }
-    ~SystemSettingsTest() override { std::filesystem::remove_all(folder_); }
+    SystemSettingsTest() { folder = ::testing::TempDir() + "settings-" + std::to_string(::getpid()); }
+    ~SystemSettingsTest() override { std::filesystem::remove_all(folder); }
 
     QString file(const std::string& name, const std::string& content)
     {
-        std::filesystem::create_directories(folder_);
-        std::ofstream(folder_ + "/" + name, std::ios::binary) << content;
-        return QString::fromStdString(folder_ + "/" + name);
+        std::filesystem::create_directories(folder);
+        std::ofstream(folder + "/" + name, std::ios::binary) << content;
+        return QString::fromStdString(folder + "/" + name);
     }
 
-    std::string folder_;
+    std::string folder;
 };
 
 struct BadLine {
@@ -77,9 +77,9 @@ TEST_F(SystemSettingsTest, ASecondLineOfTheSameNameIsRefused)
 
 TEST_F(SystemSettingsTest, WhatIsNoFileIsTold)
 {
-    std::filesystem::create_directories(folder_ + "/defaults.conf");
+    std::filesystem::create_directories(folder + "/defaults.conf");
     const SystemSettings settings(
-        {QString::fromStdString(folder_ + "/defaults.conf"), QStringLiteral("/no/such.conf")});
+        {QString::fromStdString(folder + "/defaults.conf"), QStringLiteral("/no/such.conf")});
     ASSERT_EQ(settings.problems.size(), 1);
     EXPECT_THAT(settings.problems[0].toStdString(), HasSubstr("defaults.conf: "));
 }
@@ -110,7 +110,7 @@ TEST_P(LayersTest, TheValueAndItsOrigin)
 {
     const Layers& row = GetParam();
     const SystemSettings system({file("first", row.first), file("last", row.last)});
-    const auto user = std::make_shared<qt::QtSettingsStore>(folder_ + "/user.ini");
+    const auto user = std::make_shared<qt::QtSettingsStore>(folder + "/user.ini");
     user->set(ui::kSettingsApplication, "Desk", "Theme", row.user);
     for (const ListedSetting& setting : listSettings(
              *user, QStringLiteral("user.ini"), system,
@@ -121,7 +121,7 @@ TEST_P(LayersTest, TheValueAndItsOrigin)
              [](const SettingRow&) { return QStringLiteral("system"); })) {
         if (setting.name == u"theme") {
             EXPECT_EQ(setting.value.toStdString(), row.value);
-            EXPECT_EQ(QString(setting.origin).replace(QString::fromStdString(folder_ + "/"), QString()).toStdString(),
+            EXPECT_EQ(QString(setting.origin).replace(QString::fromStdString(folder + "/"), QString()).toStdString(),
                       row.origin);
             EXPECT_EQ(setting.locked, row.locked);
         } else {
@@ -166,7 +166,7 @@ class StoredTest : public SystemSettingsTest, public ::testing::WithParamInterfa
 TEST_P(StoredTest, WhatTheUserKeeps)
 {
     const SystemSettings system({file("defaults.conf", GetParam().system)});
-    const auto user = std::make_shared<qt::QtSettingsStore>(folder_ + "/user.ini");
+    const auto user = std::make_shared<qt::QtSettingsStore>(folder + "/user.ini");
     user->set(ui::kSettingsApplication, "DeskPrint", "SellerName", GetParam().former);
     LayeredSettings(user, system).set(ui::kSettingsApplication, "DeskPrint", "SellerName", GetParam().value);
     EXPECT_EQ(user->get(ui::kSettingsApplication, "DeskPrint", "SellerName"), GetParam().kept);

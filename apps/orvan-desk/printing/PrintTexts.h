@@ -11,6 +11,7 @@ struct PrintTexts {
     QString position, partNumber, product, quantity, unitPrice, discount, extendedPrice;
     QString total, net, tax; ///< tax: %1 stands for the rate
     QString page;            ///< %1 and %2 stand for the page and the number of pages
+    QString rounded;         ///< The note that amounts are rounded for display.
 };
 
 /// English for a language that the desk does not have.

@@ -3,6 +3,7 @@
 #include "apps/orvan-desk/OutsideText.h"
 
 #include "orvan/base/Int128.h"
+#include "orvan/base/RoundedAmount.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/ui/icu/LocaleData.h"
@@ -95,6 +96,11 @@ public:
     }
     QString amount(Currency value) const { return amount(value, digits_); }
     QString percent(Currency value) const { return number(value) + u'%'; }
+    /// The amount as it is printed, in units of the last decimal printed. No more than an amount's decimals are kept.
+    std::int64_t printedUnits(Currency value) const
+    {
+        return shownUnits(value, std::min(digits_, Currency::kDecimals));
+    }
 
 private:
     QString amount(Currency value, int digits) const { return fromUtf8(money_.formatCurrency(value, digits)); }
@@ -121,16 +127,23 @@ std::vector<PrintedColumn> columnsOf(const PrintOptions& options, const PrintTex
     return columns;
 }
 
-/// Adds the quote's lines, and returns their sum.
-Currency addLines(PrintedQuote& printed, const std::string& products, const CellWriter& writer, bool withNotes)
+/// The sum of the quote's lines.
+struct Sum {
+    Currency exact;
+    Int128 printed = 0; ///< Of the prices as they are printed, in units of the last decimal printed.
+};
+
+/// Adds the quote's lines.
+Sum addLines(PrintedQuote& printed, const std::string& products, const CellWriter& writer, bool withNotes)
 {
-    Currency sum;
+    Sum sum;
     ProductValues product;
     ProductsReader reader(products, ProductsSeparators());
     printed.lines.reserve(reader.expected());
     while (reader.more()) {
         reader.next(product);
-        sum = sum + product.extPrice;
+        sum.exact = sum.exact + product.extPrice;
+        sum.printed += writer.printedUnits(product.extPrice);
         PrintedLine& line = printed.lines.emplace_back();
         line.cells.reserve(printed.columns.size());
         for (const PrintedColumn& column : printed.columns) {
@@ -184,14 +197,21 @@ PrintedQuote makePrintedQuote(const Quote& quote, const PrintOptions& options, u
 
     const int digits = quote.currency.isEmpty() ? 2 : icu::currencyDigits(quote.currency.toStdString());
     const CellWriter writer(money, digits);
-    const Currency net = addLines(printed, quote.products, writer, !options.leftOut.contains(PrintColumn::note));
+    const Sum sum = addLines(printed, quote.products, writer, !options.leftOut.contains(PrintColumn::note));
+    const bool rowsAreSeen = !options.leftOut.contains(PrintColumn::extendedPrice);
+    bool addsUp = !rowsAreSeen || sum.printed == writer.printedUnits(sum.exact);
     if (options.showTax) {
-        const TaxedAmount sum = taxed(net, options.taxRate, digits);
-        printed.totals = {{texts.net, writer.amount(sum.net)},
-                          {texts.tax.arg(writer.percent(options.taxRate)), writer.amount(sum.tax)},
-                          {texts.total, writer.amount(sum.gross)}};
+        const TaxedAmount taxedSum = taxed(sum.exact, options.taxRate, digits);
+        printed.totals = {{texts.net, writer.amount(taxedSum.net)},
+                          {texts.tax.arg(writer.percent(options.taxRate)), writer.amount(taxedSum.tax)},
+                          {texts.total, writer.amount(taxedSum.gross)}};
+        addsUp = addsUp && Int128{writer.printedUnits(taxedSum.net)} + writer.printedUnits(taxedSum.tax) ==
+                               writer.printedUnits(taxedSum.gross);
     } else {
-        printed.totals = {{texts.total, writer.amount(net)}};
+        printed.totals = {{texts.total, writer.amount(sum.exact)}};
+    }
+    if (!addsUp) {
+        printed.note = texts.rounded;
     }
     return printed;
 }

@@ -42,6 +42,7 @@ struct PrintedQuote {
     std::vector<PrintedColumn> columns;
     std::vector<PrintedLine> lines;
     std::vector<PrintedPair> totals; ///< The last one is what the customer pays.
+    QString note;                    ///< Below the totals; that they do not add up as printed. Usually empty.
     QStringList problems;            ///< What is missing on the paper, such as a logo that cannot be read.
 };
 

@@ -280,7 +280,13 @@ QuotePages layOut(const PrintedQuote& quote, const QPageLayout& page)
     }
     placer.place({.kind = BlockKind::totals,
                   .texts = {.lines = quote.totals.size(), .lineHeight = pages.strong.lineHeight, .above = pages.kGap},
-                  .below = pages.kBlockGap});
+                  .below = quote.note.isEmpty() ? pages.kBlockGap : 0});
+    if (!quote.note.isEmpty()) {
+        placer.place({.kind = BlockKind::note,
+                      .texts = {.lines = countLines(quote.note, pages.body, pages.area.width()),
+                                .lineHeight = pages.body.lineHeight},
+                      .below = pages.kBlockGap});
+    }
     placer.place({.kind = BlockKind::closing,
                   .texts = {.lines = countLines(quote.closingText, pages.body, pages.area.width()),
                             .lineHeight = pages.body.lineHeight}});

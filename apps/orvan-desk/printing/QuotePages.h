@@ -15,7 +15,7 @@
 
 namespace orvan::desk {
 
-enum class BlockKind { letterhead, facts, line, totals, closing };
+enum class BlockKind { letterhead, facts, line, totals, note, closing };
 
 /// The lines of text of a block, one below the other. The first lines may be taller than the others.
 struct TextStack {

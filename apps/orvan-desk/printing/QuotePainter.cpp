@@ -104,6 +104,9 @@ QuotePainter::Pieces QuotePainter::piecesOf(const PlacedBlock& block) const
     case BlockKind::facts: addFacts(pieces); break;
     case BlockKind::line: addLine(pieces, quote_.lines[block.index]); break;
     case BlockKind::totals: addTotals(pieces); break;
+    case BlockKind::note:
+        pieces.push_back({{quote_.note, pages_.body, pages_.area.width(), end()}, pages_.area.left(), 0, true});
+        break;
     case BlockKind::closing:
         pieces.push_back({{quote_.closingText, pages_.body, pages_.area.width(), begin()}, pages_.area.left()});
         break;

@@ -111,8 +111,9 @@ SystemSettings::SystemSettings(const QStringList& files)
     for (const SettingRow& row : settingRows()) {
         choices_[row.name] = {};
     }
-    for (auto file = files.rbegin(); file != files.rend(); ++file) {
-        read(*file);
+    const QStringList fromWeakest(files.rbegin(), files.rend());
+    for (const QString& file : fromWeakest) {
+        read(file);
     }
 }
 

@@ -1638,6 +1638,133 @@ The catalogue was not changed.</source>
     </message>
 </context>
 <context>
+    <name>orvan::desk::ExplainDialog</name>
+    <message>
+        <source>too large for an amount</source>
+        <translation>أكبر من أن يكون مبلغًا</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>دقيق</translation>
+    </message>
+    <message>
+        <source>rounded in binary arithmetic</source>
+        <translation>مقرّب في الحساب الثنائي</translation>
+    </message>
+    <message>
+        <source>Price of product %1: %2</source>
+        <translation>سعر المنتج %1: %2</translation>
+    </message>
+    <message>
+        <source>Percent to pay: a discount of %1% counts as none</source>
+        <translation>النسبة المستحقة: خصم %1% لا يُحتسب</translation>
+    </message>
+    <message>
+        <source>Percent to pay: 100% − %1%</source>
+        <translation>النسبة المستحقة: ‎100% − %1%</translation>
+    </message>
+    <message>
+        <source>Quantity × unit price: %1 × %2</source>
+        <translation>الكمية × سعر الوحدة: ‎%1 × %2</translation>
+    </message>
+    <message>
+        <source>%1% of %2</source>
+        <translation>%1% من %2</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>السعر</translation>
+    </message>
+    <message>
+        <source>shown as %1</source>
+        <translation>يُعرض %1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>الإجمالي</translation>
+    </message>
+    <message>
+        <source>Product %1</source>
+        <translation>المنتج %1</translation>
+    </message>
+    <message>
+        <source>rounded to be shown: %1</source>
+        <translation>مقرّب للعرض: ‎%1</translation>
+    </message>
+    <message>
+        <source>Further products: %L1</source>
+        <translation>منتجات أخرى: %L1</translation>
+    </message>
+    <message>
+        <source>Sum of all prices</source>
+        <translation>مجموع كل الأسعار</translation>
+    </message>
+    <message>
+        <source>the prices as they are shown, added up</source>
+        <translation>مجموع الأسعار كما تُعرض</translation>
+    </message>
+    <message>
+        <source>the exact sum, rounded to be shown</source>
+        <translation>المجموع الدقيق، مقرّب للعرض</translation>
+    </message>
+    <message>
+        <source>not the sum of the prices</source>
+        <translation>ليس مجموع الأسعار</translation>
+    </message>
+    <message>
+        <source>The prices add up to %1, which is too large for an amount, so there is no total.</source>
+        <translation>مجموع الأسعار %1، وهو أكبر من أن يكون مبلغًا، لذلك لا يوجد إجمالي.</translation>
+    </message>
+    <message>
+        <source>The prices as they are shown add up to the total as it is shown.</source>
+        <translation>مجموع الأسعار كما تُعرض يساوي الإجمالي كما يُعرض.</translation>
+    </message>
+    <message>
+        <source>The prices as they are shown add up to %1, but the total is shown as %2. Each amount is rounded for itself to be shown; the total is the sum of the exact prices.</source>
+        <translation>مجموع الأسعار كما تُعرض %1، لكن الإجمالي يُعرض %2. يُقرَّب كل مبلغ على حدة للعرض، أما الإجمالي فهو مجموع الأسعار الدقيقة.</translation>
+    </message>
+    <message>
+        <source>The price of product %1 is %2, but its quantity, unit price and discount give %3. It was stored like this; changing one of them in the editor computes it anew.</source>
+        <translation>سعر المنتج %1 هو %2، لكن الكمية وسعر الوحدة والخصم تعطي %3. هكذا حُفظ؛ وتغيير أحدها في المحرر يعيد حسابه.</translation>
+    </message>
+    <message>
+        <source>Products whose price is not what their quantity, unit price and discount give: %1.</source>
+        <translation>منتجات لا يساوي سعرها ما تعطيه الكمية وسعر الوحدة والخصم: %1.</translation>
+    </message>
+    <message>
+        <source>Products whose price is 0 because it is too large for an amount: %1.</source>
+        <translation>منتجات سعرها 0 لأنه أكبر من أن يكون مبلغًا: %1.</translation>
+    </message>
+    <message>
+        <source>Explain</source>
+        <translation>شرح</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>الخطوة</translation>
+    </message>
+    <message>
+        <source>Exact value</source>
+        <translation>القيمة الدقيقة</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>المبلغ</translation>
+    </message>
+    <message>
+        <source>How</source>
+        <translation>الطريقة</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;نسخ</translation>
+    </message>
+    <message>
+        <source>rounded, a half to the even digit</source>
+        <translation>مقرّب، والنصف إلى الرقم الزوجي</translation>
+    </message>
+</context>
+<context>
     <name>orvan::desk::ImportDialog</name>
     <message>
         <source>1 line</source>
@@ -2142,6 +2269,18 @@ Without an address, products are looked up in this computer&apos;s own catalogue
     <message>
         <source>%1 (read only)</source>
         <translation>%1 (للقراءة فقط)</translation>
+    </message>
+    <message>
+        <source>E&amp;xplain…</source>
+        <translation>&amp;شرح…</translation>
+    </message>
+    <message>
+        <source>F9</source>
+        <translation>F9</translation>
+    </message>
+    <message>
+        <source>The amounts could not be explained.</source>
+        <translation>تعذّر شرح المبالغ.</translation>
     </message>
 </context>
 <context>

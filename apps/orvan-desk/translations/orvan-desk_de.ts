@@ -1594,6 +1594,133 @@ Der Katalog wurde nicht geändert.</translation>
     </message>
 </context>
 <context>
+    <name>orvan::desk::ExplainDialog</name>
+    <message>
+        <source>too large for an amount</source>
+        <translation>zu groß für einen Betrag</translation>
+    </message>
+    <message>
+        <source>exact</source>
+        <translation>genau</translation>
+    </message>
+    <message>
+        <source>rounded in binary arithmetic</source>
+        <translation>beim Rechnen mit Binärzahlen gerundet</translation>
+    </message>
+    <message>
+        <source>Price of product %1: %2</source>
+        <translation>Preis von Artikel %1: %2</translation>
+    </message>
+    <message>
+        <source>Percent to pay: a discount of %1% counts as none</source>
+        <translation>Zu zahlender Anteil: ein Rabatt von %1 % zählt nicht</translation>
+    </message>
+    <message>
+        <source>Percent to pay: 100% − %1%</source>
+        <translation>Zu zahlender Anteil: 100 % − %1 %</translation>
+    </message>
+    <message>
+        <source>Quantity × unit price: %1 × %2</source>
+        <translation>Menge × Einzelpreis: %1 × %2</translation>
+    </message>
+    <message>
+        <source>%1% of %2</source>
+        <translation>%1 % von %2</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Preis</translation>
+    </message>
+    <message>
+        <source>shown as %1</source>
+        <translation>angezeigt als %1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamtbetrag</translation>
+    </message>
+    <message>
+        <source>Product %1</source>
+        <translation>Artikel %1</translation>
+    </message>
+    <message>
+        <source>rounded to be shown: %1</source>
+        <translation>für die Anzeige gerundet: %1</translation>
+    </message>
+    <message>
+        <source>Further products: %L1</source>
+        <translation>Weitere Artikel: %L1</translation>
+    </message>
+    <message>
+        <source>Sum of all prices</source>
+        <translation>Summe aller Preise</translation>
+    </message>
+    <message>
+        <source>the prices as they are shown, added up</source>
+        <translation>die angezeigten Preise zusammengezählt</translation>
+    </message>
+    <message>
+        <source>the exact sum, rounded to be shown</source>
+        <translation>die genaue Summe, für die Anzeige gerundet</translation>
+    </message>
+    <message>
+        <source>not the sum of the prices</source>
+        <translation>nicht die Summe der Preise</translation>
+    </message>
+    <message>
+        <source>The prices add up to %1, which is too large for an amount, so there is no total.</source>
+        <translation>Die Preise ergeben zusammen %1. Das ist zu groß für einen Betrag, deshalb gibt es keinen Gesamtbetrag.</translation>
+    </message>
+    <message>
+        <source>The prices as they are shown add up to the total as it is shown.</source>
+        <translation>Die angezeigten Preise ergeben zusammen den angezeigten Gesamtbetrag.</translation>
+    </message>
+    <message>
+        <source>The prices as they are shown add up to %1, but the total is shown as %2. Each amount is rounded for itself to be shown; the total is the sum of the exact prices.</source>
+        <translation>Die angezeigten Preise ergeben zusammen %1, der Gesamtbetrag wird aber als %2 angezeigt. Jeder Betrag wird für die Anzeige für sich gerundet; der Gesamtbetrag ist die Summe der genauen Preise.</translation>
+    </message>
+    <message>
+        <source>The price of product %1 is %2, but its quantity, unit price and discount give %3. It was stored like this; changing one of them in the editor computes it anew.</source>
+        <translation>Der Preis von Artikel %1 ist %2, aber Menge, Einzelpreis und Rabatt ergeben %3. Er wurde so gespeichert; wer einen der drei Werte im Editor ändert, lässt ihn neu berechnen.</translation>
+    </message>
+    <message>
+        <source>Products whose price is not what their quantity, unit price and discount give: %1.</source>
+        <translation>Artikel, deren Preis nicht der ist, den Menge, Einzelpreis und Rabatt ergeben: %1.</translation>
+    </message>
+    <message>
+        <source>Products whose price is 0 because it is too large for an amount: %1.</source>
+        <translation>Artikel, deren Preis 0 ist, weil er zu groß für einen Betrag ist: %1.</translation>
+    </message>
+    <message>
+        <source>Explain</source>
+        <translation>Erklären</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+    <message>
+        <source>Exact value</source>
+        <translation>Genauer Wert</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>How</source>
+        <translation>Wie</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>rounded, a half to the even digit</source>
+        <translation>gerundet, eine Hälfte zur geraden Ziffer</translation>
+    </message>
+</context>
+<context>
     <name>orvan::desk::ImportDialog</name>
     <message>
         <source>1 line</source>
@@ -2086,6 +2213,18 @@ Ohne Adresse werden Artikel im eigenen Katalog dieses Rechners gesucht.</transla
     <message>
         <source>%1 (read only)</source>
         <translation>%1 (nur zum Lesen)</translation>
+    </message>
+    <message>
+        <source>E&amp;xplain…</source>
+        <translation>E&amp;rklären…</translation>
+    </message>
+    <message>
+        <source>F9</source>
+        <translation>F9</translation>
+    </message>
+    <message>
+        <source>The amounts could not be explained.</source>
+        <translation>Die Beträge konnten nicht erklärt werden.</translation>
     </message>
 </context>
 <context>

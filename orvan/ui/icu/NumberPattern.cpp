@@ -2,6 +2,7 @@
 
 #include "orvan/base/Ascii.h"
 #include "orvan/base/DecimalReader.h"
+#include "orvan/base/RoundedAmount.h"
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 
@@ -43,8 +44,7 @@ void appendAmount(std::string& text, const NumberPattern& pattern, Currency valu
     const bool negative = value.scaled() < 0;
     constexpr auto& kPowersOfTen = Currency::kPowersOfTen;
     const int kept = digits < Currency::kDecimals ? digits : Currency::kDecimals;
-    const std::uint64_t cut = kPowersOfTen[Currency::kDecimals - kept];
-    const std::uint64_t rounded = (value.magnitude() + cut / 2) / cut;
+    const std::uint64_t rounded = roundedMagnitude(value, kept);
     const std::uint64_t fraction = rounded % kPowersOfTen[kept];
 
     char buffer[24];
