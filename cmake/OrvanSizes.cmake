@@ -5,11 +5,11 @@
 
 # Folders, and single sources of other folders, of which one call does little.
 set(ORVAN_SMALL files lookup editor headless trace registry
-    base/RuntimeError.cpp base/UserText.cpp
+    base/RuntimeError.cpp base/UserText.cpp core/Explanation.cpp
     icu/LocaleData.cpp
     ui/Button.cpp ui/ComboBox.cpp ui/Control.cpp ui/Form.cpp ui/LocaleSeparators.cpp ui/Surface.cpp ui/Timer.cpp ui/ToolSet.cpp
-    view/ListCommands.cpp view/ProductViewCommands.cpp view/ProductViewDesign.cpp view/ProductViewPaste.cpp
-    view/ProductViewPrefs.cpp)
+    view/ListCommands.cpp view/ListFind.cpp view/ProductColumns.cpp view/ProductViewCommands.cpp view/ProductViewDesign.cpp
+    view/ProductViewPaste.cpp view/ProductViewPrefs.cpp view/ProductViewRows.cpp)
 # What works through whole lists character by character.
 set(ORVAN_FAST base/Currency.cpp base/Integer.cpp base/Text.cpp products/FieldMarks.cpp products/ProductsString.cpp)
 

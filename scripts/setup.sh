@@ -8,6 +8,7 @@ run_packages=(g++ cmake ninja-build qt6-base-dev libicu-dev libspdlog-dev libsql
 site_packages=(doxygen doxygen-awesome-css graphviz python3)
 test_packages=("${run_packages[@]}" "${site_packages[@]}" ccache clang libclang-rt-dev libgtest-dev libgmock-dev python3 pkgconf
                xvfb xauth xdotool openbox strace desktop-file-utils appstream shared-mime-info
+               abigail-tools # compares the shared libraries with those that hosts were built with
                postgresql # the tests start one of their own
                poppler-utils # reads the text of a printed quote
                qt6-tools-dev libqt6opengl6-dev # Designer's plug-in, and the loader of forms for its test
