@@ -17,6 +17,8 @@ public:
     /// The user pressed the button: with the mouse, the space bar, its mnemonic, or Escape if it is the cancel button.
     std::function<void()> onClick;
 
+    void play(const Event& event) override;
+
 protected:
     /// The platform reports that the user pressed the button. Raises onClick; does nothing if it is not enabled.
     void userClicked();

@@ -52,9 +52,19 @@ std::vector<std::string> ComboBox::columns(std::int32_t row) const
 
 void ComboBox::userChoseRow(std::int32_t row)
 {
+    const Tapped tapped(surface(), [&] { return told(EventKind::chose, row); });
     replaceText(itemText(row));
     listIndex_ = row;
     raise(onClick);
+}
+
+void ComboBox::play(const Event& event)
+{
+    if (event.kind == EventKind::chose) {
+        userChoseRow(event.first);
+    } else {
+        TextEntry::play(event);
+    }
 }
 
 } // namespace orvan::ui

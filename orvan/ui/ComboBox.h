@@ -46,6 +46,8 @@ public:
     /// The user chose a row of the list. The text is that of the row by then, and onChange is not raised.
     std::function<void()> onClick;
 
+    void play(const Event& event) override;
+
 protected:
     /// The rows have changed: the platform shows them now if the list is open, else when it is opened next.
     virtual void doListChanged() = 0;

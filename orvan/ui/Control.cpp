@@ -75,6 +75,11 @@ Platform* Control::eventPlatform() const
     return surface_ && surface_->live() ? &surface_->platform() : nullptr;
 }
 
+void Control::play(const Event& event)
+{
+    raiseUnplayable(name_, event);
+}
+
 void Control::giveFocusAway()
 {
     if (const Control* focused = surface_ ? surface_->focused() : nullptr; focused && !focused->canTakeFocus()) {

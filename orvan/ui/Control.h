@@ -13,6 +13,7 @@
 
 #include "orvan/base/RunHandler.h"
 #include "orvan/core_export.h"
+#include "orvan/ui/EventTap.h"
 #include "orvan/ui/FormDesign.h"
 #include "orvan/ui/Platform.h"
 
@@ -56,11 +57,19 @@ public:
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
 
+    /// See Surface::play. Raises 5 for an event that does not happen to this kind of control.
+    virtual void play(const Event& event);
+
 protected:
     /// The platform places the widget at left(), top(), width(), height().
     virtual void doMove() = 0;
 
     Surface* surface() const { return surface_; }
+    /// An event of this control, to be told to the platform's tap.
+    Event told(EventKind kind, std::int32_t first = 0, std::int32_t second = 0, std::string text = {}) const
+    {
+        return {kind, name_, first, second, std::move(text)};
+    }
     /// Raises an event. Its handler may destroy this control, so the caller must not touch the control afterwards.
     template <class... Parameters, class... Arguments>
     void raise(const std::function<void(Parameters...)>& handler, Arguments&&... arguments) const

@@ -74,6 +74,9 @@ protected:
     void focusFirst();
 
 private:
+    void playOwn(const Event& event) override;
+    void open();
+
     std::string caption_;
     bool loaded_ = true;
     bool shown_ = false;

@@ -271,18 +271,21 @@ void Grid::setSearchText(UserText text)
 
 void Grid::userResizedColumn(std::int32_t column, std::int32_t twips)
 {
-    at(column).width = std::max(twips, 0);
+    const Tapped tapped(surface(), [&] { return told(EventKind::gridWidth, column, twips); });
+    at(column).width = std::max(measuredBy(surface(), "dragged", twips), 0);
     raise(onAfterUserResize);
 }
 
 void Grid::userDoubleClicked(std::int32_t row)
 {
+    const Tapped tapped(surface(), [&] { return told(EventKind::doubleClick, row); });
     mouseRow_ = row;
     raise(onDblClick);
 }
 
 void Grid::userRightClicked(std::int32_t row, std::int32_t column)
 {
+    const Tapped tapped(surface(), [&] { return told(EventKind::rightClick, row, column); });
     mouseRow_ = row;
     mouseColumn_ = column;
     raise(onRightClick);
@@ -291,6 +294,7 @@ void Grid::userRightClicked(std::int32_t row, std::int32_t column)
 void Grid::userChoseRow(std::int32_t row, RowChoice choice)
 {
     requireRow(row);
+    const Tapped tapped(surface(), [&] { return told(EventKind::gridRow, row, static_cast<std::int32_t>(choice)); });
     currentRow_ = row;
     if (!multiSelect_ || choice == RowChoice::only || row < fixedRows_) {
         selectCurrentRow();
@@ -308,12 +312,14 @@ void Grid::userChoseRow(std::int32_t row, RowChoice choice)
 void Grid::userDraggedRows(std::int32_t before)
 {
     if (rowDragging_) { // it may have been switched off while the user dragged
+        const Tapped tapped(surface(), [&] { return told(EventKind::gridDrag, before); });
         raise(onDragRows, before);
     }
 }
 
 bool Grid::userPressedKey(KeyStroke key)
 {
+    const Tapped tapped(surface(), [&] { return told(EventKind::gridKey, 0, 0, keyText(key)); });
     raise(onKeyDown, key);
     return key.key == Key::none || moveByKey(key); // a handler that has destroyed the grid has taken the key
 }
@@ -329,18 +335,35 @@ bool Grid::moveByKey(const KeyStroke& key)
     }
     const bool none = currentRow_ < fixedRows_; // each key but End goes to the first row then
     std::int32_t to = fixedRows_;
+    const auto page = [this] { return measuredBy(surface(), "page", rowsPerPage()); };
     switch (key.key) {
     case Key::home: break;
     case Key::end: to = rowCount_ - 1; break;
     case Key::up: to = none ? to : currentRow_ - 1; break;
     case Key::down: to = none ? to : currentRow_ + 1; break;
-    case Key::pageUp: to = none ? to : currentRow_ - rowsPerPage(); break;
-    case Key::pageDown: to = none ? to : currentRow_ + rowsPerPage(); break;
+    case Key::pageUp: to = none ? to : currentRow_ - page(); break;
+    case Key::pageDown: to = none ? to : currentRow_ + page(); break;
     default: return false;
     }
     to = std::clamp(to, fixedRows_, rowCount_ - 1);
     userChoseRow(to, key.shift ? RowChoice::upTo : RowChoice::only);
     return true;
+}
+
+void Grid::play(const Event& event)
+{
+    switch (event.kind) {
+    case EventKind::gridKey: static_cast<void>(userPressedKey(keyOfText(event.text))); break;
+    case EventKind::gridRow: userChoseRow(event.first, static_cast<RowChoice>(event.second)); break;
+    case EventKind::gridDrag: userDraggedRows(event.first); break;
+    case EventKind::gridWidth:
+        userResizedColumn(event.first, event.second);
+        changed(&GridChanges::layout);
+        break;
+    case EventKind::doubleClick: userDoubleClicked(event.first); break;
+    case EventKind::rightClick: userRightClicked(event.first, event.second); break;
+    default: raiseUnplayable(name(), event);
+    }
 }
 
 } // namespace orvan::ui

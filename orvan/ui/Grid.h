@@ -90,9 +90,12 @@ public:
     /// with such a column also shows the others wide enough for their numbers and headers. This changes no columnWidth.
     void setColumnTakesRest(std::int32_t column, bool takes);
     /// The width in twips that the user sees.
-    virtual std::int32_t shownWidth(std::int32_t column) const = 0;
+    std::int32_t shownWidth(std::int32_t column) const { return measuredBy(surface(), "shown", measureShown(column)); }
     /// The least width in twips that shows all texts of the column whole.
-    virtual std::int32_t fittingWidth(std::int32_t column) const = 0;
+    std::int32_t fittingWidth(std::int32_t column) const
+    {
+        return measuredBy(surface(), "fitting", measureFitting(column));
+    }
     /// Does what the user does who drags the column's edge: sets the width that is then seen, and raises
     /// onAfterUserResize.
     virtual void dragToWidth(std::int32_t column, std::int32_t twips) = 0;
@@ -151,6 +154,8 @@ public:
     /// The column under the mouse at the user's last right click; -1 for none.
     std::int32_t mouseColumn() const { return mouseColumn_; }
 
+    void play(const Event& event) override;
+
 protected:
     /// The platform shows what changed. Called after each change while redraw is on, and once when it is turned on.
     virtual void doUpdate(const GridChanges& changes) = 0;
@@ -159,6 +164,9 @@ protected:
     /// The platform shows the current row and the selection, which the user has changed, and reveals the current row.
     virtual void doSelect() = 0;
     virtual void doShowSearchText() = 0;
+    /// What shownWidth and fittingWidth return.
+    virtual std::int32_t measureShown(std::int32_t column) const = 0;
+    virtual std::int32_t measureFitting(std::int32_t column) const = 0;
     /// How many rows a page of the list has; at least 1.
     virtual std::int32_t rowsPerPage() const = 0;
 

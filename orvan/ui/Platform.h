@@ -21,6 +21,7 @@
 
 namespace orvan::ui {
 
+class EventTap;
 class Form;
 class ScreenPointer;
 struct FormDesign;
@@ -57,6 +58,10 @@ public:
 
     /// Where users find help: the message about an error that closes a dialog names it. UTF-8; shown as it is.
     std::string supportAddress = kSupportAddress;
+
+    /// Hears of all events, and gives the logic that begins from now on its services (orvan/ui/EventTap.h), while a
+    /// recording is made or replayed; null otherwise.
+    std::shared_ptr<EventTap> tap;
 
     /// Takes an error that left an event handler. No exception may cross a toolkit's event loop: the
     /// platform calls this instead and goes on. A host may set its own; it must not throw.

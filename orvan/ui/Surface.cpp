@@ -4,9 +4,24 @@
 #include "orvan/base/RuntimeError.h"
 
 #include <algorithm>
+#include <limits>
+#include <sstream>
 #include <string>
 
 namespace orvan::ui {
+
+namespace {
+
+/// As EventKind::resized has it; so exact that the same lengths are read back.
+std::string sizeText(float width, float height)
+{
+    std::ostringstream text;
+    text.precision(std::numeric_limits<float>::max_digits10);
+    text << width << ' ' << height;
+    return text.str();
+}
+
+} // namespace
 
 Surface::Surface(const FormDesign& design, Platform& platform)
     : design_(design), platform_(platform), innerWidth_(design.width), innerHeight_(design.height)
@@ -25,6 +40,7 @@ void Surface::buildControls()
 
 void Surface::setInnerSize(float width, float height)
 {
+    const Tapped tapped(this, [&] { return Event{.kind = EventKind::resized, .text = sizeText(width, height)}; });
     innerWidth_ = width;
     innerHeight_ = height;
     if (live()) {
@@ -53,6 +69,7 @@ void Surface::raiseWrongKind(const Control& found) const
 void Surface::userMovedFocus(Control& to)
 {
     if (&to != focused_) {
+        const Tapped tapped(this, [&] { return Event{.kind = EventKind::focused, .control = to.name()}; });
         enterFocus(to);
     }
 }
@@ -60,7 +77,33 @@ void Surface::userMovedFocus(Control& to)
 void Surface::moveFocus(Control& to)
 {
     doSetFocus(to); // also if focused() is `to` already, because the toolkit's own focus may be on a menu
-    userMovedFocus(to);
+    if (&to != focused_) {
+        enterFocus(to);
+    }
+}
+
+void Surface::play(const Event& event)
+{
+    if (event.control.empty()) {
+        playOwn(event);
+    } else if (event.kind == EventKind::focused) {
+        Control& to = find(event.control);
+        doSetFocus(to);
+        userMovedFocus(to);
+    } else {
+        find(event.control).play(event);
+    }
+}
+
+void Surface::playOwn(const Event& event)
+{
+    if (event.kind != EventKind::resized) {
+        raiseUnplayable(design_.name, event);
+    }
+    float width = 0;
+    float height = 0;
+    std::istringstream(event.text) >> width >> height;
+    setInnerSize(width, height);
 }
 
 void Surface::enterFocus(Control& to)

@@ -9,6 +9,7 @@
 #include "orvan/base/Lifetime.h"
 #include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
+#include "orvan/ui/EventTap.h"
 
 #include <functional>
 #include <memory>
@@ -48,6 +49,12 @@ public:
         raiseWrongKind(found);
     }
 
+    /// Makes an event happen that a platform would report, and shows what the user would have seen change. Raises 424
+    /// and 13 as `control` does, and what the event's control raises for an event that cannot happen.
+    void play(const Event& event);
+
+    Platform& platform() const { return platform_; }
+
     /// The control with the keyboard focus; null until a control has had it.
     Control* focused() const { return focused_; }
 
@@ -71,7 +78,8 @@ protected:
 
     /// Whether events are still raised; false for a form that has been unloaded.
     virtual bool live() const { return true; }
-    Platform& platform() const { return platform_; }
+    /// Plays an event of the surface itself.
+    virtual void playOwn(const Event& event);
 
 private:
     friend class Control;

@@ -56,6 +56,8 @@ public:
     /// changes that, the character itself is typed.
     std::function<void(std::int16_t& KeyAscii)> onKeyPress;
 
+    void play(const Event& event) override;
+
 protected:
     /// The platform shows text() with the caret at its start.
     virtual void doSetText() = 0;

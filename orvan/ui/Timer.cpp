@@ -32,8 +32,17 @@ void Timer::schedule()
 void Timer::elapsed()
 {
     if (enabled_) {
+        const Tapped tapped(surface(), [this] { return told(EventKind::timer); });
         raise(onTimer);
     }
+}
+
+void Timer::play(const Event& event)
+{
+    if (event.kind != EventKind::timer) {
+        raiseUnplayable(name(), event);
+    }
+    elapsed();
 }
 
 } // namespace orvan::ui

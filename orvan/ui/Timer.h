@@ -27,6 +27,8 @@ public:
     /// For tests: runs before the platform is asked to wait, and may throw as a platform's timer may.
     std::function<void()> beforeSchedule;
 
+    void play(const Event& event) override;
+
 protected:
     /// The platform starts the wait from the beginning if the timer is enabled and interval() is above 0; otherwise it
     /// stops waiting.

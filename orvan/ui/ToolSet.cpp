@@ -56,8 +56,17 @@ bool ToolSet::opensMenu(std::string_view id) const
 void ToolSet::userChoseTool(std::string_view id)
 {
     if (toolEnabled(id)) {
+        const Tapped tapped(surface(), [&] { return told(EventKind::tool, 0, 0, std::string(id)); });
         raise(onToolClick, std::string(id)); // a copy: the ID may be the text of a control that the handler destroys
     }
+}
+
+void ToolSet::play(const Event& event)
+{
+    if (event.kind != EventKind::tool) {
+        raiseUnplayable(name(), event);
+    }
+    userChoseTool(event.text);
 }
 
 } // namespace orvan::ui

@@ -31,6 +31,8 @@ public:
     /// The user chose a tool. Opening a menu does not raise this event.
     std::function<void(std::string_view id)> onToolClick;
 
+    void play(const Event& event) override;
+
 protected:
     /// The platform shows whether the tool is enabled; `index` is its place in tools().
     virtual void doSetToolEnabled(std::size_t index, bool enabled) = 0;

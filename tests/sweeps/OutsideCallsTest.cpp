@@ -40,7 +40,7 @@ std::size_t runSession(const Sweep& sweep, OutsideCalls& calls, std::size_t numb
     session.endFailing = [&] {
         made = std::max(made, calls.count());
         failed = failed.empty() ? calls.failed() : failed;
-        session.traceFailed = failed.starts_with("Trace::") || sweep.repeat == OutsideCalls::Repeat::fromThenOn;
+        session.traceFailed = failed.starts_with("trace.") || sweep.repeat == OutsideCalls::Repeat::fromThenOn;
         calls.failAt(0);
     };
     calls.failAt(number, sweep.repeat, sweep.failure);

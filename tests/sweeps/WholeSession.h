@@ -4,6 +4,7 @@
 // differ.
 #pragma once
 
+#include "orvan/outside/WatchedPlatform.h"
 #include "orvan/testing/OutsideCalls.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/view/ProductView.h"
@@ -57,7 +58,7 @@ private:
     contract::Driver& driver_;
     std::unique_ptr<Components> components_;
     std::unique_ptr<Box> box_;
-    testkit::WrappedPlatform platform_;
+    outside::WatchedPlatform platform_;
     std::shared_ptr<test::RecordingTrace> trace_;
     std::string shown_; ///< The list at the last Show or at the opening of the editor.
 };

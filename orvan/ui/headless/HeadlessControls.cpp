@@ -177,7 +177,7 @@ void HeadlessGrid::dragColumn(std::int32_t column, std::int32_t twips)
     userResizedColumn(column, twips);
 }
 
-std::int32_t HeadlessGrid::fittingWidth(std::int32_t column) const
+std::int32_t HeadlessGrid::measureFitting(std::int32_t column) const
 {
     std::size_t most = 0;
     for (std::int32_t row = 0; row < rowCount(); ++row) {

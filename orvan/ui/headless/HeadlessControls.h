@@ -97,7 +97,7 @@ public:
     HeadlessGrid(const ui::ControlDesign& design, ui::Platform& platform);
 
     void dragColumn(std::int32_t column, std::int32_t twips) override;
-    void fitColumn(std::int32_t column) override { dragColumn(column, fittingWidth(column)); }
+    void fitColumn(std::int32_t column) override { dragColumn(column, measureFitting(column)); }
     void chooseRow(std::int32_t row) override { choose(row, ui::RowChoice::only); }
     void chooseUpTo(std::int32_t row) override { choose(row, ui::RowChoice::upTo); }
     void toggleRow(std::int32_t row) override { choose(row, ui::RowChoice::toggle); }
@@ -117,9 +117,9 @@ public:
     }
     std::vector<std::string> visibleTexts(std::int32_t row) const override;
     int paintCount() const override { return paintCount_; }
-    std::int32_t shownWidth(std::int32_t column) const override { return Grid::columnWidth(column); }
+    std::int32_t measureShown(std::int32_t column) const override { return Grid::columnWidth(column); }
     /// As if all characters were of one width.
-    std::int32_t fittingWidth(std::int32_t column) const override;
+    std::int32_t measureFitting(std::int32_t column) const override;
     void dragToWidth(std::int32_t column, std::int32_t twips) override { userResizedColumn(column, twips); }
 
 private:

@@ -141,14 +141,14 @@ void QtGrid::applyEmptyText()
     view()->setAccessibleDescription(text);
 }
 
-std::int32_t QtGrid::shownWidth(std::int32_t column) const
+std::int32_t QtGrid::measureShown(std::int32_t column) const
 {
     const std::int32_t own = columnWidth(column);
     const int pixels = view() ? view()->columnWidth(column) : columnPixels(own);
     return pixels == columnPixels(own) ? own : pixels * kTwipsPerPixel;
 }
 
-std::int32_t QtGrid::fittingWidth(std::int32_t column) const
+std::int32_t QtGrid::measureFitting(std::int32_t column) const
 {
     return view() ? view()->fittingWidth(column) * kTwipsPerPixel : columnWidth(column);
 }

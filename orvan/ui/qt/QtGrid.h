@@ -27,8 +27,8 @@ public:
     /// Where the context menu of the current row opens, on the screen.
     [[nodiscard]] QPoint menuPlace() const;
 
-    std::int32_t shownWidth(std::int32_t column) const override;
-    std::int32_t fittingWidth(std::int32_t column) const override;
+    std::int32_t measureShown(std::int32_t column) const override;
+    std::int32_t measureFitting(std::int32_t column) const override;
     void dragToWidth(std::int32_t column, std::int32_t twips) override;
 
 private:
