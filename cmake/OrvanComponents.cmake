@@ -13,7 +13,7 @@ set(ORVAN_ABI 2)
 
 set(ORVAN_PARTS core catalogue qt)
 set(ORVAN_FOLDERS_OF_core base files ui core fields lookup editor view headless icu products trace registry)
-set(ORVAN_FOLDERS_OF_catalogue outside catalogue hosting)
+set(ORVAN_FOLDERS_OF_catalogue outside recording catalogue hosting replay)
 set(ORVAN_FOLDERS_OF_qt qt hosting_qt)
 set(ORVAN_PARTS_BELOW_core)
 set(ORVAN_PARTS_BELOW_catalogue core)

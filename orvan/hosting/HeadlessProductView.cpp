@@ -1,8 +1,8 @@
 #include "orvan/hosting/HeadlessProductView.h"
 
 #include "orvan/base/RuntimeError.h"
+#include "orvan/hosting/HostedView.h"
 #include "orvan/ui/headless/HeadlessSurface.h"
-#include "orvan/view/ProductView.h"
 #include "orvan/view/ProductViewDesign.h"
 
 #include <utility>
@@ -19,13 +19,13 @@ struct HeadlessProductView::Parts {
 
     headless::HeadlessSurface surface;
     headless::HeadlessSite site;
-    ProductView view;
+    HostedView view;
 };
 
 HeadlessProductView::HeadlessProductView(ui::Platform& platform, std::string hostTypeName, std::int32_t ownerWindow)
     : parts_(asRuntimeError([&] { return std::make_unique<Parts>(platform, std::move(hostTypeName), ownerWindow); }))
 {
-    parts_->view.UserControl_ReadProperties();
+    parts_->view.placed();
 }
 
 HeadlessProductView::~HeadlessProductView() = default;
@@ -47,12 +47,12 @@ Currency HeadlessProductView::TotalValue()
 
 bool HeadlessProductView::Dirty() const
 {
-    return parts_->view.Dirty();
+    return parts_->view.view().Dirty();
 }
 
 bool HeadlessProductView::isReadOnly() const
 {
-    return parts_->view.readOnly();
+    return parts_->view.view().readOnly();
 }
 
 void HeadlessProductView::setReadOnly(bool readOnly)

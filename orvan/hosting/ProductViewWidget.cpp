@@ -1,6 +1,7 @@
 #include "orvan/hosting/ProductViewWidget.h"
 
 #include "orvan/core/modInit.h"
+#include "orvan/hosting/HostedView.h"
 #include "orvan/hosting/QtHost.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/Frame.h"
@@ -12,7 +13,6 @@
 #include "orvan/ui/qt/Translation.h"
 #include "orvan/ui/qt/Twips.h"
 #include "orvan/ui/qt/WindowHandles.h"
-#include "orvan/view/ProductView.h"
 #include "orvan/view/ProductViewDesign.h"
 
 #include <QAction>
@@ -64,7 +64,7 @@ public:
     Site(qt::QtPlatform& platform, ProductViewWidget& widget)
         : widget_(widget), surface_(kProductViewDesign, platform, &widget), view_(platform, surface_, *this)
     {
-        view_.events = {.changed = [this] { note(&ProductViewWidget::changed); },
+        view_.view().events = {.changed = [this] { note(&ProductViewWidget::changed); },
                         .refreshed = [this] { note(nullptr); },
                         .editorOpened = [this] { note(&ProductViewWidget::editorOpened); },
                         .editorClosed = [this] { note(&ProductViewWidget::editorClosed); }};
@@ -79,7 +79,7 @@ public:
     void fit()
     {
         qt::fitBand(surface_);
-        runHandler(surface_.onResize);
+        view_.layOut();
         widget_.updateGeometry();
     }
     /// The least size that shows the whole band and some rows, in pixels.
@@ -121,22 +121,23 @@ public:
     void readPropertiesOnce()
     {
         if (!std::exchange(propertiesRead_, true)) {
-            view_.UserControl_ReadProperties();
+            view_.placed();
         }
     }
 
-    ProductView& view() { return view_; }
+    HostedView& view() { return view_; }
+    const ProductView& shown() const { return view_.view(); }
 
     QAction* action(Command command)
     {
         QAction*& action = actions_[static_cast<std::size_t>(command)];
         if (!action) {
             const CommandRow& row = rowOf(command);
-            action = new QAction(qt::plainCaption(textOf(row, view_.readOnly())), &widget_);
+            action = new QAction(qt::plainCaption(textOf(row, view_.view().readOnly())), &widget_);
             action->setShortcut(QKeySequence(qt::toQt(row.key)));
             action->setShortcutContext(Qt::WidgetShortcut); // shown only: the list handles its keys itself
             QObject::connect(action, &QAction::triggered, &widget_, [this, command] { view_.run(command); });
-            action->setEnabled(view_.enabled(command));
+            action->setEnabled(view_.view().enabled(command));
         }
         return action;
     }
@@ -161,7 +162,7 @@ private:
     {
         for (const CommandRow& row : kCommands) {
             if (QAction* const action = actions_[static_cast<std::size_t>(row.command)]) {
-                action->setEnabled(view_.enabled(row.command));
+                action->setEnabled(view_.view().enabled(row.command));
             }
         }
     }
@@ -178,11 +179,11 @@ private:
         tells_ = false;
         enableActions();
         const std::vector<Signal> noted = std::exchange(noted_, {});
-        const bool total = becomes(total_, view_.totalText());
-        const std::int32_t current = view_.currentProduct();
+        const bool total = becomes(total_, view_.view().totalText());
+        const std::int32_t current = view_.view().currentProduct();
         const bool moved = becomes(current_, current);
-        const bool dirty = becomes(dirty_, view_.Dirty());
-        const bool readOnly = view_.readOnly();
+        const bool dirty = becomes(dirty_, view_.view().Dirty());
+        const bool readOnly = view_.view().readOnly();
         const bool switched = becomes(readOnly_, readOnly);
         const QString name = hostTypeName_;
         const bool renamed = becomes(toldName_, name);
@@ -223,7 +224,7 @@ private:
     QString hostTypeName_;
     bool propertiesRead_ = false;
     qt::QtSurface surface_;
-    ProductView view_;
+    HostedView view_;
 };
 
 ProductViewWidget::ProductViewWidget(QWidget* parent) : ProductViewWidget(qtHost().platform(), parent) {}
@@ -296,17 +297,17 @@ Currency ProductViewWidget::TotalValue() const
 
 bool ProductViewWidget::Dirty() const
 {
-    return site_->view().Dirty();
+    return site_->shown().Dirty();
 }
 
 QString ProductViewWidget::totalText() const
 {
-    return qt::toQt(site_->view().totalText());
+    return qt::toQt(site_->shown().totalText());
 }
 
 bool ProductViewWidget::isReadOnly() const
 {
-    return site_->view().readOnly();
+    return site_->shown().readOnly();
 }
 
 void ProductViewWidget::setReadOnly(bool readOnly)
@@ -321,7 +322,7 @@ void ProductViewWidget::refresh()
 
 int ProductViewWidget::currentProduct() const
 {
-    return site_->view().currentProduct();
+    return site_->shown().currentProduct();
 }
 
 void ProductViewWidget::setCurrentProduct(int position)

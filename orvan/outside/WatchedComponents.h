@@ -24,13 +24,18 @@ namespace orvan::outside {
 /// An object that is neither a manager nor a catalogue nor a trace is passed on as it is.
 class ORVAN_CATALOGUE_EXPORT WatchedFactory : public ui::ComponentFactory {
 public:
-    WatchedFactory(ui::ComponentFactory& inner, CallWatch& watch) : inner_(inner), watch_(watch) {}
+    /// Components of the class `unwatchedClass` are passed on as they are.
+    WatchedFactory(ui::ComponentFactory& inner, CallWatch& watch, std::string_view unwatchedClass = {})
+        : inner_(inner), watch_(watch), unwatchedClass_(unwatchedClass)
+    {
+    }
 
     std::shared_ptr<ui::Component> create(std::string_view className) override;
 
 private:
     ui::ComponentFactory& inner_;
     CallWatch& watch_;
+    std::string_view unwatchedClass_;
 };
 
 } // namespace orvan::outside

@@ -115,7 +115,7 @@ public:
 struct WatchedPlatform::Services {
     Services(ui::Platform& inner, const Own& own, CallWatch& watch)
         : messageBox(&own.messageBox, watch), settings(&inner.settings(), watch), locale(&own.locale, watch),
-          components(own.components, watch), pointer(&inner.pointer(), watch), clipboard(&inner.clipboard(), watch)
+          components(own.components, watch, own.unwatchedClass), pointer(&inner.pointer(), watch), clipboard(&inner.clipboard(), watch)
     {
     }
 
@@ -140,7 +140,7 @@ WatchedPlatform::WatchedPlatform(ui::Platform& inner, const Own& own, CallWatch&
 }
 
 WatchedPlatform::WatchedPlatform(ui::Platform& inner, CallWatch& watch)
-    : WatchedPlatform(inner, {inner.components(), inner.messageBox(), inner.locale()}, watch)
+    : WatchedPlatform(inner, {.components = inner.components(), .messageBox = inner.messageBox(), .locale = inner.locale()}, watch)
 {
 }
 

@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 
 namespace orvan::outside {
 
@@ -22,6 +23,8 @@ public:
         ui::ComponentFactory& components;
         ui::MessageBox& messageBox;
         ui::LocaleService& locale;
+        /// Components of this class are handed out as they are; empty: each one is watched.
+        std::string_view unwatchedClass = {};
     };
 
     WatchedPlatform(ui::Platform& inner, const Own& own, CallWatch& watch);

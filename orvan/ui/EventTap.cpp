@@ -66,7 +66,21 @@ void raiseUnplayable(std::string_view name, const Event& event)
 {
     throw RuntimeError(ErrorNumber::invalidProcedureCall, {},
                        std::string(name) + ": no event \"" +
-                           std::string(kEventKinds[static_cast<std::size_t>(event.kind)]) + "\" happens here");
+                           std::string(kEventNames[static_cast<std::size_t>(event.kind)]) + "\" happens here");
+}
+
+void Tapped::returned(std::string_view result) const
+{
+    if (tap_) {
+        tap_->returned(result);
+    }
+}
+
+void Tapped::raised(std::int32_t errorNumber) const noexcept
+{
+    if (tap_) {
+        tap_->raised(errorNumber);
+    }
 }
 
 std::int32_t measuredBy(const Surface* surface, std::string_view what, std::int32_t value)

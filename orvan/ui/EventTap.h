@@ -25,7 +25,7 @@ namespace orvan::ui {
 class Platform;
 class Surface;
 
-/// What the user did, or what came to pass. The comments say what Event's `first`, `second` and `text` hold.
+/// What the user or the host did, or what came to pass. The comments say what Event's `first`, `second` and `text` hold.
 enum class EventKind : std::uint8_t {
     opened,      ///< The form's window can take keys: its first control gets the focus.
     focused,     ///< A control got the focus.
@@ -46,17 +46,32 @@ enum class EventKind : std::uint8_t {
     gridWidth,   ///< Column first was made second twips wide.
     doubleClick, ///< On row first.
     rightClick,  ///< On row first and column second.
+    // What a host does with a list view (orvan/hosting/HostedView.h).
+    created,
+    placed,   ///< The view has been placed on a form: text is the form's type name.
+    show,     ///< A list is shown: text is the products string.
+    products, ///< The host asks for the products string.
+    total,    ///< The host asks for the total.
+    readOnly, ///< First says whether the list can only be read.
+    refresh,  ///< The host has changed the list, and has it read anew.
+    run,      ///< Runs a command: text is its id.
+    current,  ///< Makes the product at position first the current one.
+    fitted,   ///< The view's controls have been made as large as they need, and are laid out.
+    destroyed,
 };
 
 /// The name of each action in the order of the enumerators, as recordings write it.
-inline constexpr std::array kEventKinds = {
+inline constexpr std::array kEventNames = {
     std::string_view("opened"),  std::string_view("focused"), std::string_view("resized"),
     std::string_view("formKey"), std::string_view("escape"),  std::string_view("close"),
     std::string_view("clicked"), std::string_view("tool"),    std::string_view("timer"),
     std::string_view("key"),     std::string_view("typed"),   std::string_view("selected"),
     std::string_view("chose"),   std::string_view("gridKey"), std::string_view("gridRow"),
     std::string_view("gridDrag"), std::string_view("gridWidth"), std::string_view("doubleClick"),
-    std::string_view("rightClick"),
+    std::string_view("rightClick"), std::string_view("created"), std::string_view("placed"),
+    std::string_view("show"), std::string_view("products"), std::string_view("total"),
+    std::string_view("readOnly"), std::string_view("refresh"), std::string_view("run"),
+    std::string_view("current"), std::string_view("fitted"), std::string_view("destroyed"),
 };
 
 struct Event {
@@ -82,6 +97,10 @@ public:
     [[nodiscard]] virtual bool busy() const = 0;
     /// The logic is going to work on an event.
     virtual void begin(const Surface& surface, const Event& event) = 0;
+    /// The event that began last gave the host this.
+    virtual void returned(std::string_view result) = 0;
+    /// The event that began last raised this error to the host.
+    virtual void raised(std::int32_t errorNumber) noexcept = 0;
     /// The logic has worked on the event that began last.
     virtual void end() noexcept = 0;
     /// The logic asks how large something is on the screen, or works with such a number. Returns the number that it is
@@ -98,17 +117,26 @@ public:
 /// tap it costs a look at a pointer.
 class ORVAN_CORE_INTERNAL Tapped {
 public:
+    /// Whether an event is told that is the consequence of another one. Only what a replay does not bring about by itself
+    /// is told then.
+    enum class Consequences { untold, told };
+
     /// `make` returns the event; it is called only if there is a tap. `surface` may be null: nothing is told then.
     template <class Make>
-    Tapped(const Surface* surface, const Make& make)
+    Tapped(const Surface* surface, const Make& make, Consequences consequences = Consequences::untold)
     {
-        if (const std::shared_ptr<EventTap>* tap = tapOf(surface); tap && *tap && !(*tap)->busy()) {
+        if (const std::shared_ptr<EventTap>* tap = tapOf(surface);
+            tap && *tap && (consequences == Consequences::told || !(*tap)->busy())) {
             begin(*tap, *surface, make());
         }
     }
     Tapped(const Tapped&) = delete;
     Tapped& operator=(const Tapped&) = delete;
     ~Tapped();
+
+    /// Tells what the event gives the host.
+    void returned(std::string_view result) const;
+    void raised(std::int32_t errorNumber) const noexcept;
 
     /// The tap of the surface's platform; null without a surface.
     [[nodiscard]] static const std::shared_ptr<EventTap>* tapOf(const Surface* surface);
