@@ -63,7 +63,7 @@ public:
 
     /// The library makes a call. Returns whether it is to be passed on; if not, `answer` is the answer.
     virtual bool begin(std::string_view name, CallArguments arguments, CallValues& answer) = 0;
-    /// Whether `end` is to be called. If not, no answer is made for it, which may take memory.
+    /// Whether `end` is to be called. If not, no answer is made for it, and no argument either, that would take memory.
     [[nodiscard]] virtual bool keepsAnswers() const { return false; }
     /// The call that began last has been passed on, and answered so.
     virtual void end(const CallValues& /*answer*/) {}
@@ -102,6 +102,30 @@ template <class Value>
     using Held = std::conditional_t<std::is_integral_v<Value> || std::is_enum_v<Value>, std::int64_t, Value>;
     const auto* const held = at < answer.size() ? std::get_if<Held>(&answer[at]) : nullptr;
     return held ? static_cast<Value>(*held) : Value();
+}
+
+/// Whether the call only asks, so that it may be made at any time, for instance while a window is painted.
+[[nodiscard]] inline bool isQuestion(std::string_view name)
+{
+    return name.starts_with("locale.") || name == "catalogue.summary" || name == "catalogue.mostMatches";
+}
+
+[[nodiscard]] inline CallValues valuesOf(CallArguments arguments)
+{
+    CallValues values;
+    values.reserve(arguments.size());
+    for (const CallArgument& argument : arguments) {
+        std::visit(
+            [&values](const auto& value) {
+                if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::string_view>) {
+                    values.emplace_back(std::string(value));
+                } else {
+                    values.emplace_back(value);
+                }
+            },
+            argument.value());
+    }
+    return values;
 }
 
 /// Makes a call that is watched. `work` passes it on and returns the result, `toParts` makes an answer of the result, and

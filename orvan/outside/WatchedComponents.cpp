@@ -287,7 +287,7 @@ std::shared_ptr<ui::Component> WatchedFactory::create(std::string_view className
 {
     std::shared_ptr<ui::Component> object;
     watchedCall(watch_, "components.create", {className}, [&] { object = inner_.create(className); });
-    if (className == unwatchedClass_) {
+    if (unwatchedClass_ == "*" || className == unwatchedClass_) {
         return object;
     }
     for (const auto wrap : {watchedIf<ProductMgr>, watchedIf<ProductLkpMgr>, watchedIf<Trace>}) {

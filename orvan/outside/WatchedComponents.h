@@ -24,7 +24,7 @@ namespace orvan::outside {
 /// An object that is neither a manager nor a catalogue nor a trace is passed on as it is.
 class ORVAN_CATALOGUE_EXPORT WatchedFactory : public ui::ComponentFactory {
 public:
-    /// Components of the class `unwatchedClass` are passed on as they are.
+    /// Components of the class `unwatchedClass` are passed on as they are; "*": all of them are.
     WatchedFactory(ui::ComponentFactory& inner, CallWatch& watch, std::string_view unwatchedClass = {})
         : inner_(inner), watch_(watch), unwatchedClass_(unwatchedClass)
     {

@@ -23,7 +23,7 @@ public:
         ui::ComponentFactory& components;
         ui::MessageBox& messageBox;
         ui::LocaleService& locale;
-        /// Components of this class are handed out as they are; empty: each one is watched.
+        /// Components of this class are handed out as they are; "*": all of them are.
         std::string_view unwatchedClass = {};
     };
 

@@ -11,30 +11,6 @@ namespace orvan::recording {
 
 namespace {
 
-/// Whether the call only asks, so that it may be made at any time, for instance while a window is painted.
-bool isQuestion(std::string_view name)
-{
-    return name.starts_with("locale.") || name == "catalogue.summary" || name == "catalogue.mostMatches";
-}
-
-outside::CallValues valuesOf(outside::CallArguments arguments)
-{
-    outside::CallValues values;
-    values.reserve(arguments.size());
-    for (const outside::CallArgument& argument : arguments) {
-        std::visit(
-            [&values](const auto& value) {
-                if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::string_view>) {
-                    values.emplace_back(std::string(value));
-                } else {
-                    values.emplace_back(value);
-                }
-            },
-            argument.value());
-    }
-    return values;
-}
-
 Outcome gave(outside::CallValues values)
 {
     return {.what = Outcome::What::values, .values = std::move(values)};
@@ -54,7 +30,7 @@ void Recorder::record(const Work& work) noexcept
 
 std::shared_ptr<Recorder> Recorder::start(ui::Platform& platform, RecordingOptions options)
 {
-    enterLibrary(platform); // makes the thread's trace object, which is recorded, too
+    enterLibrary(options.services ? *options.services : platform); // makes the thread's trace object, which is recorded, too
     return asRuntimeError([&] {
         std::shared_ptr<Recorder> recorder(new Recorder(platform, std::move(options)));
         platform.tap = recorder;
@@ -66,20 +42,21 @@ std::shared_ptr<Recorder> Recorder::start(ui::Platform& platform, RecordingOptio
 }
 
 Recorder::Recorder(ui::Platform& platform, RecordingOptions options)
-    : inner_(platform), options_(std::move(options)), lists_(platform.components()),
-      watched_(platform,
-               {options_.ownManager ? static_cast<ui::ComponentFactory&>(lists_) : platform.components(),
-                platform.messageBox(), platform.locale(),
+    : inner_(platform), options_(std::move(options)), services_(options_.services ? *options_.services : platform),
+      lists_(services_.components()),
+      watched_(services_,
+               {options_.ownManager ? static_cast<ui::ComponentFactory&>(lists_) : services_.components(),
+                services_.messageBox(), services_.locale(),
                 options_.ownManager ? kProductMgrClassName : std::string_view()},
                *this),
       file_(files::Descriptor::open(options_.file, O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_NOFOLLOW, 0600))
 {
     Heading heading{.libraryVersion = ORVAN_VERSION_TEXT,
-                    .careful = platform.editing == ui::EditingWay::careful,
+                    .careful = services_.editing == ui::EditingWay::careful,
                     .ownManager = options_.ownManager};
     if (options_.ownManager) {
         heading.maxDataSize =
-            ui::createComponent<ProductMgr>(platform.components(), kProductMgrClassName)->GetMaxDataSize();
+            ui::createComponent<ProductMgr>(services_.components(), kProductMgrClassName)->GetMaxDataSize();
     }
     buffer_ = headingText(heading) + "\n";
     flush();
@@ -191,8 +168,8 @@ void Recorder::formClosed() noexcept
 bool Recorder::begin(std::string_view name, outside::CallArguments arguments, outside::CallValues& /*answer*/)
 {
     OpenCall call{.line = {}, .busy = busy_};
-    if (running_ && (hears() || isQuestion(name))) {
-        record([&] { call.line = {.name = std::string(name), .arguments = valuesOf(arguments), .knowledge = isQuestion(name)}; });
+    if (running_ && (hears() || outside::isQuestion(name))) {
+        record([&] { call.line = {.name = std::string(name), .arguments = outside::valuesOf(arguments), .knowledge = outside::isQuestion(name)}; });
     }
     calls_.push_back(std::move(call));
     busy_ = 0;

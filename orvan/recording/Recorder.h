@@ -38,6 +38,8 @@ struct RecordingOptions {
     /// Whether lists are held by the library's own manager, wrapped or not. If not, each answer of the manager is
     /// recorded, which makes a recording of a long list large.
     bool ownManager = true;
+    /// The platform whose services the views are to use; null: the one that the recording is started on.
+    ui::Platform* services = nullptr;
     /// Called once, when the file cannot be written any more.
     std::function<void(const UserText& message)> report = {};
 };
@@ -85,8 +87,9 @@ private:
     void flush();
     void giveUp() noexcept;
 
-    ui::Platform& inner_;
+    ui::Platform& inner_; ///< Has the tap.
     RecordingOptions options_;
+    ui::Platform& services_;
     OwnLists lists_;
     outside::WatchedPlatform watched_;
     files::Descriptor file_;

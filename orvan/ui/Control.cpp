@@ -57,12 +57,23 @@ bool Control::canTakeFocus() const
     return ofSuchKind && takesInput();
 }
 
-void Control::setFocus()
+void Control::requireFocusable() const
 {
     if (!surface_ || !canTakeFocus()) {
         throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, name_ + ": cannot take the focus");
     }
+}
+
+void Control::setFocus()
+{
+    requireFocusable();
     surface_->moveFocus(*this);
+}
+
+void Control::userFocused()
+{
+    requireFocusable();
+    surface_->userMovedFocus(*this);
 }
 
 bool Control::hasFocus() const

@@ -80,6 +80,8 @@ protected:
     }
     /// Whether the user can act on the control: neither it nor a frame around it is disabled.
     virtual bool takesInput() const { return !parent_ || parent_->takesInput(); }
+    /// The platform reports that the user moved the focus to this control. Raises 5 when it cannot take the focus.
+    void userFocused();
     /// To be called when the control has been disabled: moves the focus to a neighbour if this control, or one inside
     /// it, has it.
     void giveFocusAway();
@@ -90,6 +92,7 @@ private:
     /// The platform that raises the control's events. Null if there are to be none: before the control is on a surface,
     /// and after its form has been unloaded.
     Platform* eventPlatform() const;
+    void requireFocusable() const;
 
     const ControlDesign& design_;
     std::string name_;

@@ -16,6 +16,7 @@ namespace orvan::ui {
 class EntryPort {
 public:
     virtual TextEntry& entry() = 0;
+    virtual void reportFocus() = 0;
     virtual void reportText(std::string text) = 0;
     virtual void reportSelection(std::int32_t start, std::int32_t length) = 0;
     /// Returns the character that is to be typed; 0 if none is.
@@ -33,6 +34,7 @@ protected:
 
 private:
     TextEntry& entry() final { return *this; }
+    void reportFocus() final { this->userFocused(); }
     void reportText(std::string text) final { this->userChangedText(std::move(text)); }
     void reportSelection(std::int32_t start, std::int32_t length) final { this->userSelected(start, length); }
     char32_t reportKey(char32_t character) final { return this->userPressedKey(character); }

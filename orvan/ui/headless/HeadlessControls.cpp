@@ -72,7 +72,7 @@ std::unique_ptr<ui::Control> makeHeadlessControl(const ui::ControlDesign& design
 void HeadlessButton::click()
 {
     if (canTakeFocus()) {
-        setFocus();
+        userFocused();
     }
     press();
 }

@@ -42,7 +42,7 @@ EntryHand::EntryHand(ui::EntryPort& port, const ui::ControlDesign& design, ui::L
 bool EntryHand::pressKey(char32_t key)
 {
     if (!port_.entry().hasFocus()) {
-        port_.entry().setFocus();
+        port_.reportFocus();
     }
     const LifetimeWatch watch = lifetime_.watch();
     const char32_t typed = port_.reportKey(key);
@@ -87,7 +87,7 @@ void EntryHand::backspace()
 
 void EntryHand::deleteForward()
 {
-    port_.entry().setFocus();
+    port_.reportFocus();
     replace(port_.entry().selectionStart(), std::max(port_.entry().selectionLength(), 1), {});
 }
 
@@ -114,7 +114,7 @@ void EntryHand::pressControl(char letter, std::string& clipboard)
 void EntryHand::paste(std::string_view text)
 {
     if (!port_.entry().hasFocus()) {
-        port_.entry().setFocus();
+        port_.reportFocus();
     }
     replaceSelection(text);
 }
@@ -161,7 +161,7 @@ void EntryHand::replace(std::int32_t start, std::int32_t length, std::string_vie
 void HeadlessComboBox::chooseRow(std::int32_t row)
 {
     if (!hasFocus()) {
-        setFocus();
+        userFocused();
     }
     userChoseRow(row);
 }

@@ -1,0 +1,412 @@
+#include "orvan/replay/Replay.h"
+
+#include "orvan/components/products/InProcessProductMgr.h"
+#include "orvan/core/modInit.h"
+#include "orvan/hosting/ComponentRegistry.h"
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+
+namespace orvan::replay {
+
+namespace {
+
+using recording::CallLine;
+using recording::ClosedLine;
+using recording::DoneLine;
+using recording::EventLine;
+using recording::FormLine;
+using recording::Line;
+using recording::MeasureLine;
+using recording::Outcome;
+using recording::ReturnsLine;
+using recording::TraceLine;
+using End = ReplayResult::End;
+
+/// A thread makes its trace object once; where the replay is the first in its thread to use the library, it is this one.
+class NoTrace final : public Trace {
+public:
+    std::int32_t LastErrorNumber() override { return 0; }
+    void TraceError(std::string_view /*sText*/) override {}
+    void TraceEnter(std::string_view /*label*/) override {}
+    void TraceExit(std::string_view /*label*/) override {}
+    std::int32_t AppErrorNumber() override { return 0; }
+    void ShowLastError(std::int32_t /*hWnd*/) override {}
+};
+
+/// Calls that the replay does not answer itself, but has done: they make something.
+bool makesSomething(std::string_view name)
+{
+    return name == "components.create" || name == "platform.loadForm" || name == "timer.schedule";
+}
+
+std::string textOf(const Line* line)
+{
+    return line ? recording::lineText(*line) : "(the end of the recording)";
+}
+
+Outcome gave(std::string_view text)
+{
+    return {.what = Outcome::What::values, .values = {std::string(text)}};
+}
+
+} // namespace
+
+/// Makes the components of the recording.
+class Replay::Components final : public ui::ComponentFactory {
+public:
+    Components(const recording::Heading& heading, Replay& replay) : replay_(replay), lists(registry_)
+    {
+        if (heading.ownManager) {
+            registry_.registerClass(std::string(kProductMgrClassName),
+                                    productMgrFactory({.maxDataSize = heading.maxDataSize}));
+        } else {
+            registry_.registerClass(std::string(kProductMgrClassName), [&replay]() -> std::shared_ptr<ui::Component> {
+                return outside::watched(std::shared_ptr<ProductMgr>(), replay);
+            });
+        }
+        registry_.registerClass(std::string(kTraceClassName), [] { return std::make_shared<NoTrace>(); });
+    }
+
+    std::shared_ptr<ui::Component> create(std::string_view className) override
+    {
+        if (className != kProductLkpMgrClassName) {
+            return lists.create(className);
+        }
+        return replay_.options_.liveCatalogue ? replay_.options_.liveCatalogue()
+                                              : outside::watched(std::shared_ptr<ProductLkpMgr>(), replay_);
+    }
+
+private:
+    Replay& replay_;
+    ComponentRegistry registry_;
+
+public:
+    recording::OwnLists lists;
+};
+
+class Replay::Site final : public ui::ContainerSite {
+public:
+    std::string typeName;
+
+    std::string parentTypeName() override { return typeName; }
+    std::int32_t parentWindow() override { return 0; }
+    void propertyChanged(std::string_view /*property*/) override {}
+};
+
+struct Replay::View {
+    View(Stage& stage) : surface(stage.makeView()), hosted(stage.platform(), *surface, site) {}
+
+    Site site;
+    std::unique_ptr<ui::Surface> surface;
+    HostedView hosted;
+};
+
+Replay::Replay(const RecordedLines& lines, Stage& stage, ReplayOptions options)
+    : lines_(lines), stage_(stage), options_(std::move(options)),
+      components_(std::make_unique<Components>(lines.heading(), *this))
+{
+    if (options_.fail) {
+        failing_.fail(*options_.fail);
+    }
+    ui::Platform& platform = stage_.platform();
+    platform.editing = lines.heading().careful ? ui::EditingWay::careful : ui::EditingWay::classic;
+    watched_ = std::make_unique<outside::WatchedPlatform>(
+        platform,
+        outside::WatchedPlatform::Own{
+            .components = *components_, .messageBox = platform.messageBox(), .locale = platform.locale(), .unwatchedClass = "*"},
+        *this);
+    enterLibrary(*watched_);
+    platform.tap = std::shared_ptr<EventTap>(std::shared_ptr<void>(), this); // which outlives its stay there
+    formerTrace_ = std::exchange(gobjTrace, outside::watched(std::shared_ptr<Trace>(), *this));
+}
+
+Replay::~Replay()
+{
+    gobjTrace = formerTrace_;
+    stage_.platform().tap = nullptr;
+}
+
+ReplayResult Replay::run()
+{
+    playEvents();
+    if (!over() && next()) {
+        stopAt(End::different, "(nothing)");
+    }
+    if (!over()) {
+        result_.line = lines_.size() == 0 ? 1 : lines_.number(lines_.size() - 1);
+    }
+    const ReplayResult result = result_;
+    stopAt(End::stopped, {}); // what is destroyed now is not compared
+    views_.clear();
+    return result;
+}
+
+void Replay::stopAt(End end, std::string replayed)
+{
+    if (!over()) {
+        result_.end = end;
+        result_.line = next() ? lines_.number(at_) : lines_.size() == 0 ? 1 : lines_.number(lines_.size() - 1) + 1;
+        result_.recorded = textOf(next());
+        result_.replayed = std::move(replayed);
+    }
+}
+
+void Replay::advance()
+{
+    ++at_;
+    while (!over()) {
+        if (options_.untilLine > 0 && next() && lines_.number(at_) >= options_.untilLine) {
+            stopAt(End::stopped, {});
+        }
+        const auto* const event = nextAs<EventLine>();
+        if (!event || !event->nested) {
+            return;
+        }
+        play(*event);
+    }
+}
+
+void Replay::expect(const Line& line)
+{
+    if (over()) {
+        return;
+    }
+    if (options_.onLine) {
+        options_.onLine(line);
+    }
+    const std::string text = recording::lineText(line);
+    if (!next() || recording::lineText(*next()) != text) {
+        stopAt(End::different, text);
+        return;
+    }
+    if (const auto* trace = std::get_if<TraceLine>(&line)) {
+        noteTrace(*trace);
+    }
+    advance();
+}
+
+void Replay::noteTrace(const TraceLine& line)
+{
+    auto& open = result_.open;
+    if (line.what == TraceLine::What::enter) {
+        open.push_back(line.text);
+    } else if (line.what == TraceLine::What::exit) {
+        const auto found = std::find(open.rbegin(), open.rend(), line.text);
+        open.erase(found == open.rend() ? open.end() : std::prev(found.base()), open.end());
+    } else {
+        if (options_.untilError != 0 && line.number == options_.untilError) {
+            stopAt(End::stopped, {});
+        } else if (!open.empty()) {
+            open.pop_back();
+        }
+    }
+}
+
+void Replay::playEvents()
+{
+    while (!over()) {
+        const auto* const event = nextAs<EventLine>();
+        if (!event) {
+            return;
+        }
+        play(*event);
+        if (!over() && next() && !std::holds_alternative<EventLine>(*next()) &&
+            !std::holds_alternative<DoneLine>(*next()) && !std::holds_alternative<ClosedLine>(*next())) {
+            stopAt(End::different, "(nothing)");
+        }
+    }
+}
+
+void Replay::play(const EventLine& line)
+{
+    const EventLine event = line;
+    ++result_.events;
+    if (options_.onLine) {
+        options_.onLine(event);
+    }
+    advance();
+    if (over()) {
+        return;
+    }
+    try {
+        if (event.event.kind >= ui::EventKind::created) {
+            playHosts(event);
+            return;
+        }
+        ui::Event played = event.event;
+        played.control = event.control;
+        if (const auto form = forms_.find(event.surface); form != forms_.end()) {
+            form->second->play(played);
+        } else if (const auto view = views_.find(event.surface); view != views_.end()) {
+            view->second->surface->play(played);
+        } else {
+            stopAt(End::different, "there is no surface " + std::to_string(event.surface));
+        }
+    } catch (...) {
+        stopAt(End::different, "the event cannot happen: " + std::string(currentError().text()));
+    }
+}
+
+void Replay::playHosts(const EventLine& line)
+{
+    const ui::Event& event = line.event;
+    if (event.kind == ui::EventKind::created) {
+        views_[line.surface] = std::make_unique<View>(stage_);
+        return;
+    }
+    const auto found = views_.find(line.surface);
+    if (found == views_.end()) {
+        stopAt(End::different, "there is no list view " + std::to_string(line.surface));
+        return;
+    }
+    View& view = *found->second;
+    try {
+        switch (event.kind) {
+        case ui::EventKind::placed:
+            view.site.typeName = event.text;
+            view.hosted.placed();
+            break;
+        case ui::EventKind::show: view.hosted.Show(event.text); break;
+        case ui::EventKind::products:
+            result_.products = view.hosted.Products();
+            expect(ReturnsLine{gave(result_.products)});
+            break;
+        case ui::EventKind::total:
+            expect(ReturnsLine{gave(std::to_string(view.hosted.TotalValue().scaled()))});
+            break;
+        case ui::EventKind::readOnly: view.hosted.setReadOnly(event.first != 0); break;
+        case ui::EventKind::refresh:
+            // Only a list that the host has changed is loaded anew, because records belong to the list that they came from.
+            if (lines_.heading().ownManager && components_->lists.products() != event.text) {
+                components_->lists.setProducts(event.text);
+            }
+            view.hosted.refresh();
+            break;
+        case ui::EventKind::run: {
+            const auto* const row = std::find_if(kCommands.begin(), kCommands.end(),
+                                                 [&](const CommandRow& each) { return each.id == event.text; });
+            if (row == kCommands.end()) {
+                throw RuntimeError(ErrorNumber::invalidProcedureCall, {}, "no command \"" + event.text + "\"");
+            }
+            view.hosted.run(row->command);
+            break;
+        }
+        case ui::EventKind::current: view.hosted.setCurrentProduct(event.first); break;
+        case ui::EventKind::fitted: view.hosted.layOut(); break;
+        case ui::EventKind::destroyed: views_.erase(found); break;
+        default: break;
+        }
+    } catch (...) {
+        expect(ReturnsLine{{.what = Outcome::What::error, .error = RuntimeError(currentError().number())}});
+    }
+}
+
+std::int32_t Replay::measured(std::string_view what, std::int32_t value)
+{
+    const auto* const line = nextAs<MeasureLine>();
+    if (over() || !line || line->what != what) {
+        expect(MeasureLine{std::string(what), value});
+        return value;
+    }
+    const std::int32_t recorded = line->value;
+    advance();
+    return recorded;
+}
+
+void Replay::waitForForm(const ui::Surface& form)
+{
+    const auto* const line = nextAs<FormLine>();
+    const int number = line ? line->surface : 0;
+    expect(FormLine{number == 0 ? static_cast<int>(views_.size() + forms_.size()) + 1 : number});
+    // The library hands out its own form, which is not a constant one.
+    auto* const shown = const_cast<ui::Form*>(dynamic_cast<const ui::Form*>(&form));
+    forms_[number] = shown;
+    stage_.whenShown([this, shown] {
+        playEvents();
+        if (!over() && shown->loaded()) {
+            stopAt(End::different, "(the form stays open)");
+        }
+        if (shown->loaded()) {
+            shown->unload(ui::UnloadMode::session);
+        }
+    });
+}
+
+void Replay::formClosed() noexcept
+{
+    try {
+        expect(ClosedLine());
+    } catch (...) {
+        stopAt(End::different, {});
+    }
+}
+
+bool Replay::begin(std::string_view name, outside::CallArguments arguments, outside::CallValues& answer)
+{
+    CallLine call{.name = std::string(name), .arguments = outside::valuesOf(arguments), .knowledge = outside::isQuestion(name)};
+    if (options_.fail && !over()) {
+        outside::CallValues none;
+        failing_.begin(name, arguments, none);
+    }
+    if (call.knowledge) {
+        const Outcome* const known = lines_.answer(call, at_);
+        if (known) {
+            take(*known, answer);
+        }
+        return !known && name.starts_with("locale."); // the stage's own formats serve what it paints
+    }
+    if (over()) {
+        if (name == "box.show") { // what may still ask is to end without saving
+            const bool tells = outside::partOf<std::int64_t>(call.arguments, 2) == 0;
+            answer = outside::callValues(tells ? ui::MessageResult::ok : ui::MessageResult::no);
+        }
+        return makesSomething(name);
+    }
+    if (name.starts_with("trace.") && nextAs<TraceLine>()) {
+        TraceLine line{.text = outside::partOf<std::string>(call.arguments)};
+        if (name == "trace.TraceError") {
+            line = {TraceLine::What::error, outside::partOf<std::string>(call.arguments, 1),
+                    outside::partOf<std::int32_t>(call.arguments)};
+        } else if (name == "trace.TraceExit") {
+            line.what = TraceLine::What::exit;
+        } else if (name != "trace.TraceEnter") {
+            stopAt(End::different, recording::lineText(call));
+            return false;
+        }
+        expect(line);
+        return false;
+    }
+    const auto* const recorded = nextAs<CallLine>();
+    CallLine same = recorded ? *recorded : CallLine();
+    call.outcome = recorded ? std::exchange(same.outcome, {}) : Outcome();
+    if (!recorded || recording::lineText(same) != recording::lineText({CallLine{.name = call.name, .arguments = call.arguments}})) {
+        call.outcome = {};
+        stopAt(End::different, recording::lineText(call));
+        return begin(name, arguments, answer);
+    }
+    expect(call);
+    if (call.outcome.what == Outcome::What::open) {
+        playEvents();
+        const auto* const done = nextAs<DoneLine>();
+        if (over() || !done) {
+            stopAt(End::different, "(nothing)");
+            return begin(name, arguments, answer);
+        }
+        call.outcome = done->outcome;
+        advance();
+    }
+    take(call.outcome, answer);
+    return makesSomething(name);
+}
+
+void Replay::take(const Outcome& outcome, outside::CallValues& answer)
+{
+    if (outcome.what == Outcome::What::error) {
+        throw outcome.error;
+    }
+    answer = outcome.values;
+}
+
+} // namespace orvan::replay
