@@ -153,12 +153,13 @@ void Recorder::waitForForm(const ui::Surface& form)
             write(FormLine{surfaceCount_});
         });
     }
-    waits_.push_back(std::exchange(busy_, 0));
+    waits_.push_back({&form, std::exchange(busy_, 0)});
 }
 
 void Recorder::formClosed() noexcept
 {
-    busy_ = waits_.back();
+    busy_ = waits_.back().busy;
+    surfaces_.erase(waits_.back().surface); // another form may come to stand at the same place
     waits_.pop_back();
     if (hears()) {
         record([this] { write(ClosedLine()); });

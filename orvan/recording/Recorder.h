@@ -101,7 +101,11 @@ private:
     int surfaceCount_ = 0;
     int busy_ = 0;    ///< Events that the logic works on, since it began to wait for the last time.
     int ignored_ = 0; ///< Events of surfaces that are not recorded.
-    std::vector<int> waits_; ///< busy_ at the beginning of each form that is shown.
+    struct ShownForm {
+        const ui::Surface* surface;
+        int busy; ///< busy_ before the form was shown.
+    };
+    std::vector<ShownForm> waits_;
     std::vector<OpenCall> calls_;
     std::map<std::string, std::string> known_; ///< What "know" lines have said.
 };

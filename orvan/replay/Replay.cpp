@@ -170,21 +170,48 @@ void Replay::advance()
 
 void Replay::expect(const Line& line)
 {
+    tell(line);
     if (over()) {
         return;
     }
-    if (options_.onLine) {
-        options_.onLine(line);
-    }
-    const std::string text = recording::lineText(line);
-    if (!next() || recording::lineText(*next()) != text) {
-        stopAt(End::different, text);
+    if (!isExpected(line)) {
+        stopAt(End::different, recording::lineText(line));
         return;
     }
     if (const auto* trace = std::get_if<TraceLine>(&line)) {
         noteTrace(*trace);
     }
     advance();
+}
+
+void Replay::tell(const Line& line) const
+{
+    if (options_.onLine) {
+        options_.onLine(line);
+    }
+}
+
+/// Whether the next line of the recording is this one.
+bool Replay::isExpected(const Line& line) const
+{
+    if (!next() || next()->index() != line.index()) {
+        return false;
+    }
+    if (!options_.namesOnly) {
+        return recording::lineText(*next()) == recording::lineText(line);
+    }
+    if (const auto* const trace = std::get_if<TraceLine>(&line)) {
+        const auto& recorded = std::get<TraceLine>(*next());
+        return recorded.what == trace->what && recorded.number == trace->number &&
+               (trace->what == TraceLine::What::error || recorded.text == trace->text);
+    }
+    if (const auto* const call = std::get_if<CallLine>(&line)) {
+        return std::get<CallLine>(*next()).name == call->name;
+    }
+    if (const auto* const returns = std::get_if<ReturnsLine>(&line)) {
+        return std::get<ReturnsLine>(*next()).outcome.what == returns->outcome.what;
+    }
+    return true;
 }
 
 void Replay::noteTrace(const TraceLine& line)
@@ -223,9 +250,7 @@ void Replay::play(const EventLine& line)
 {
     const EventLine event = line;
     ++result_.events;
-    if (options_.onLine) {
-        options_.onLine(event);
-    }
+    tell(event);
     advance();
     if (over()) {
         return;
@@ -235,15 +260,21 @@ void Replay::play(const EventLine& line)
             playHosts(event);
             return;
         }
+        const auto form = forms_.find(event.surface);
+        const auto view = views_.find(event.surface);
+        ui::Surface* const surface = form != forms_.end()   ? form->second
+                                     : view != views_.end() ? view->second->surface.get()
+                                                            : nullptr;
+        if (!surface) {
+            stopAt(End::different, "there is no surface " + std::to_string(event.surface));
+            return;
+        }
+        if (options_.beforeEvent) {
+            options_.beforeEvent(event, *surface);
+        }
         ui::Event played = event.event;
         played.control = event.control;
-        if (const auto form = forms_.find(event.surface); form != forms_.end()) {
-            form->second->play(played);
-        } else if (const auto view = views_.find(event.surface); view != views_.end()) {
-            view->second->surface->play(played);
-        } else {
-            stopAt(End::different, "there is no surface " + std::to_string(event.surface));
-        }
+        surface->play(played);
     } catch (...) {
         stopAt(End::different, "the event cannot happen: " + std::string(currentError().text()));
     }
@@ -310,9 +341,10 @@ std::int32_t Replay::measured(std::string_view what, std::int32_t value)
         expect(MeasureLine{std::string(what), value});
         return value;
     }
-    const std::int32_t recorded = line->value;
+    const MeasureLine recorded = *line;
+    tell(recorded);
     advance();
-    return recorded;
+    return recorded.value;
 }
 
 void Replay::waitForForm(const ui::Surface& form)
@@ -320,6 +352,7 @@ void Replay::waitForForm(const ui::Surface& form)
     const auto* const line = nextAs<FormLine>();
     const int number = line ? line->surface : 0;
     expect(FormLine{number == 0 ? static_cast<int>(views_.size() + forms_.size()) + 1 : number});
+    shown_.push_back(number);
     // The library hands out its own form, which is not a constant one.
     auto* const shown = const_cast<ui::Form*>(dynamic_cast<const ui::Form*>(&form));
     forms_[number] = shown;
@@ -336,6 +369,8 @@ void Replay::waitForForm(const ui::Surface& form)
 
 void Replay::formClosed() noexcept
 {
+    forms_.erase(shown_.back());
+    shown_.pop_back();
     try {
         expect(ClosedLine());
     } catch (...) {
@@ -352,12 +387,18 @@ bool Replay::begin(std::string_view name, outside::CallArguments arguments, outs
     }
     if (call.knowledge) {
         const Outcome* const known = lines_.answer(call, at_);
-        if (known) {
-            take(*known, answer);
+        if (!known) { // the stage's own formats serve what it paints
+            const bool formats = name.starts_with("locale.");
+            asked_ = formats ? std::optional(std::move(call)) : std::nullopt;
+            return formats;
         }
-        return !known && name.starts_with("locale."); // the stage's own formats serve what it paints
+        call.outcome = *known;
+        tell(call);
+        take(*known, answer);
+        return false;
     }
     if (over()) {
+        tell(call);
         if (name == "box.show") { // what may still ask is to end without saving
             const bool tells = outside::partOf<std::int64_t>(call.arguments, 2) == 0;
             answer = outside::callValues(tells ? ui::MessageResult::ok : ui::MessageResult::no);
@@ -378,15 +419,13 @@ bool Replay::begin(std::string_view name, outside::CallArguments arguments, outs
         expect(line);
         return false;
     }
-    const auto* const recorded = nextAs<CallLine>();
-    CallLine same = recorded ? *recorded : CallLine();
-    call.outcome = recorded ? std::exchange(same.outcome, {}) : Outcome();
-    if (!recorded || recording::lineText(same) != recording::lineText({CallLine{.name = call.name, .arguments = call.arguments}})) {
-        call.outcome = {};
-        stopAt(End::different, recording::lineText(call));
-        return begin(name, arguments, answer);
+    if (const auto* const recorded = nextAs<CallLine>()) {
+        call.outcome = recorded->outcome; // what is outside answers as it did
     }
     expect(call);
+    if (over()) {
+        return begin(name, arguments, answer);
+    }
     if (call.outcome.what == Outcome::What::open) {
         playEvents();
         const auto* const done = nextAs<DoneLine>();
@@ -395,10 +434,19 @@ bool Replay::begin(std::string_view name, outside::CallArguments arguments, outs
             return begin(name, arguments, answer);
         }
         call.outcome = done->outcome;
+        tell(DoneLine{call.outcome});
         advance();
     }
     take(call.outcome, answer);
     return makesSomething(name);
+}
+
+void Replay::end(const outside::CallValues& answer)
+{
+    if (asked_) {
+        asked_->outcome = {.what = Outcome::What::values, .values = answer};
+        tell(*std::exchange(asked_, std::nullopt));
+    }
 }
 
 void Replay::take(const Outcome& outcome, outside::CallValues& answer)

@@ -47,8 +47,14 @@ struct ReplayOptions {
     std::optional<testkit::OutsideCalls::Rule> fail = {};
     std::size_t untilLine = 0;    ///< Stops before this line; 0: goes on to the end.
     std::int32_t untilError = 0;  ///< Stops when the trace has recorded an error of this number; 0: does not.
-    /// Called with each line that the library has brought about, in order.
+    /// Only the kinds and names of lines are compared, and not their texts and values: for a recording whose inputs have
+    /// been changed.
+    bool namesOnly = false;
+    /// Called with each line in order: the events that are played, with all that the library brings about. Together with
+    /// a heading these lines are a recording of the replay. After a difference they end with the event.
     std::function<void(const recording::Line& line)> onLine = {};
+    /// Called before an event of the user is played on the surface.
+    std::function<void(const recording::EventLine& event, const ui::Surface& surface)> beforeEvent = {};
 };
 
 struct ReplayResult {
@@ -86,6 +92,7 @@ public:
     // Of CallWatch.
     bool begin(std::string_view name, outside::CallArguments arguments, outside::CallValues& answer) override;
     bool keepsAnswers() const override { return true; } // so that all arguments are made
+    void end(const outside::CallValues& answer) override;
 
 private:
     class Components;
@@ -111,6 +118,8 @@ private:
     void take(const recording::Outcome& outcome, outside::CallValues& answer);
     void stopAt(ReplayResult::End end, std::string replayed);
     void noteTrace(const recording::TraceLine& line);
+    void tell(const recording::Line& line) const;
+    [[nodiscard]] bool isExpected(const recording::Line& line) const;
 
     const RecordedLines& lines_;
     Stage& stage_;
@@ -120,8 +129,10 @@ private:
     std::unique_ptr<outside::WatchedPlatform> watched_;
     std::shared_ptr<Trace> formerTrace_;
     std::map<int, std::unique_ptr<View>> views_;
-    std::map<int, ui::Form*> forms_;
+    std::map<int, ui::Form*> forms_; ///< Those that are shown.
+    std::vector<int> shown_;         ///< Their numbers, the outermost first.
     std::size_t at_ = 0;
+    std::optional<recording::CallLine> asked_; ///< A question that the stage's own formats are answering.
     ReplayResult result_;
 };
 

@@ -236,19 +236,19 @@ void RandomSession::inEditor(ui::Form& form)
                                                       "cmdDelete", "cmdNext", "cmdSaveClose"})));
         break;
     case 2:
-        if (auto& box = form.control<ui::ComboBox>(oneOf({"cboPartNum", "cboProductName"})); box.count() > 0) {
+        if (auto& box = focused<ui::ComboBox>(form, oneOf({"cboPartNum", "cboProductName"})); box.count() > 0) {
             driver_.chooseRow(box, upTo(box.count() - 1));
         }
         break;
-    case 3: driver_.type(form.control<ui::TextEntry>(oneOf(entries)), "\b"); break;
-    case 4: driver_.pressControl(form.control<ui::TextEntry>(oneOf(entries)), "ACVX"[upTo(3)]); break;
-    case 5: driver_.type(form.control<ui::TextEntry>(oneOf({"cboPartNum", "cboProductName"})), oneOf({"T", "D", "Ta", "G", "T-9"})); break;
+    case 3: driver_.type(focused<ui::TextEntry>(form, oneOf(entries)), "\b"); break;
+    case 4: driver_.pressControl(focused<ui::TextEntry>(form, oneOf(entries)), "ACVX"[upTo(3)]); break;
+    case 5: driver_.type(focused<ui::TextEntry>(form, oneOf({"cboPartNum", "cboProductName"})), oneOf({"T", "D", "Ta", "G", "T-9"})); break;
     case 6:
         if (upTo(9) == 0) {
             driver_.pressEscape(form);
         }
         break;
-    default: driver_.type(form.control<ui::TextEntry>(oneOf(entries)), oneOf({"1", "2", ".", "5", "-", "a", "Tab", "ü", "9"})); break;
+    default: driver_.type(focused<ui::TextEntry>(form, oneOf(entries)), oneOf({"1", "2", ".", "5", "-", "a", "Tab", "ü", "9"})); break;
     }
 }
 

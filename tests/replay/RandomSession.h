@@ -40,6 +40,16 @@ private:
     {
         return texts[upTo(static_cast<int>(count) - 1)];
     }
+    /// The control, to which the user has gone.
+    template <class Box>
+    Box& focused(ui::Form& form, const char* name)
+    {
+        auto& box = form.control<Box>(name);
+        if (!box.hasFocus()) {
+            driver_.goTo(form, name);
+        }
+        return box;
+    }
     void inList();
     void host();
     void headerMenu();
