@@ -69,6 +69,19 @@ const recording::Outcome* RecordedLines::answer(const recording::CallLine& quest
     return answer;
 }
 
+std::multimap<std::size_t, recording::CallLine> RecordedLines::questions() const
+{
+    std::multimap<std::size_t, recording::CallLine> questions;
+    for (const auto& [text, answers] : answers_) {
+        for (const Answer& answer : answers) {
+            auto question = std::get<recording::CallLine>(recording::lineOfText(text));
+            question.outcome = answer.outcome;
+            questions.emplace(answer.at, std::move(question));
+        }
+    }
+    return questions;
+}
+
 void RecordedLines::dropCalls(std::string_view role)
 {
     const std::string beginning = std::string(role) + ".";

@@ -28,6 +28,9 @@ public:
     /// What was answered to a question at that point of the recording; null if it was never asked.
     const recording::Outcome* answer(const recording::CallLine& question, std::size_t at) const;
 
+    /// All questions with their answers, each before the line at that place.
+    [[nodiscard]] std::multimap<std::size_t, recording::CallLine> questions() const;
+
     /// Removes all calls of components of this role ("catalogue").
     void dropCalls(std::string_view role);
 
