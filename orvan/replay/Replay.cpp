@@ -35,12 +35,6 @@ public:
     void ShowLastError(std::int32_t /*hWnd*/) override {}
 };
 
-/// Calls that the replay does not answer itself, but has done: they make something.
-bool makesSomething(std::string_view name)
-{
-    return name == "components.create" || name == "platform.loadForm" || name == "timer.schedule";
-}
-
 std::string textOf(const Line* line)
 {
     return line ? recording::lineText(*line) : "(the end of the recording)";
@@ -71,6 +65,10 @@ public:
 
     std::shared_ptr<ui::Component> create(std::string_view className) override
     {
+        if (className == kProductMgrClassName && replay_.options_.fail) {
+            // The library's own manager is not in the recording call by call, but its calls can fail.
+            return outside::watched(std::dynamic_pointer_cast<ProductMgr>(lists.create(className)), replay_.failing_);
+        }
         if (className != kProductLkpMgrClassName) {
             return lists.create(className);
         }
@@ -112,12 +110,14 @@ Replay::Replay(const RecordedLines& lines, Stage& stage, ReplayOptions options)
     }
     ui::Platform& platform = stage_.platform();
     platform.editing = lines.heading().careful ? ui::EditingWay::careful : ui::EditingWay::classic;
-    watched_ = std::make_unique<outside::WatchedPlatform>(
-        platform,
-        outside::WatchedPlatform::Own{
-            .components = *components_, .messageBox = platform.messageBox(), .locale = platform.locale(), .unwatchedClass = "*"},
-        *this);
-    enterLibrary(*watched_);
+    const outside::WatchedPlatform::Own own{.components = *components_,
+                                            .messageBox = platform.messageBox(),
+                                            .locale = platform.locale(),
+                                            .unwatchedClass = "*"};
+    watched_ = std::make_unique<outside::WatchedPlatform>(platform, own, *this);
+    testkit::OutsideCalls unheard;
+    outside::WatchedPlatform beginning(platform, own, unheard); // making the trace object is no part of a recording
+    enterLibrary(beginning);
     platform.tap = std::shared_ptr<EventTap>(std::shared_ptr<void>(), this); // which outlives its stay there
     formerTrace_ = std::exchange(gobjTrace, outside::watched(std::shared_ptr<Trace>(), *this));
 }
@@ -138,6 +138,7 @@ ReplayResult Replay::run()
         result_.line = lines_.size() == 0 ? 1 : lines_.number(lines_.size() - 1);
     }
     const ReplayResult result = result_;
+    options_.onLine = nullptr;
     stopAt(End::stopped, {}); // what is destroyed now is not compared
     views_.clear();
     return result;
@@ -376,85 +377,6 @@ void Replay::formClosed() noexcept
     } catch (...) {
         stopAt(End::different, {});
     }
-}
-
-bool Replay::begin(std::string_view name, outside::CallArguments arguments, outside::CallValues& answer)
-{
-    CallLine call{.name = std::string(name), .arguments = outside::valuesOf(arguments), .knowledge = outside::isQuestion(name)};
-    if (options_.fail && !over()) {
-        outside::CallValues none;
-        failing_.begin(name, arguments, none);
-    }
-    if (call.knowledge) {
-        const Outcome* const known = lines_.answer(call, at_);
-        if (!known) { // the stage's own formats serve what it paints
-            const bool formats = name.starts_with("locale.");
-            asked_ = formats ? std::optional(std::move(call)) : std::nullopt;
-            return formats;
-        }
-        call.outcome = *known;
-        tell(call);
-        take(*known, answer);
-        return false;
-    }
-    if (over()) {
-        tell(call);
-        if (name == "box.show") { // what may still ask is to end without saving
-            const bool tells = outside::partOf<std::int64_t>(call.arguments, 2) == 0;
-            answer = outside::callValues(tells ? ui::MessageResult::ok : ui::MessageResult::no);
-        }
-        return makesSomething(name);
-    }
-    if (name.starts_with("trace.") && nextAs<TraceLine>()) {
-        TraceLine line{.text = outside::partOf<std::string>(call.arguments)};
-        if (name == "trace.TraceError") {
-            line = {TraceLine::What::error, outside::partOf<std::string>(call.arguments, 1),
-                    outside::partOf<std::int32_t>(call.arguments)};
-        } else if (name == "trace.TraceExit") {
-            line.what = TraceLine::What::exit;
-        } else if (name != "trace.TraceEnter") {
-            stopAt(End::different, recording::lineText(call));
-            return false;
-        }
-        expect(line);
-        return false;
-    }
-    if (const auto* const recorded = nextAs<CallLine>()) {
-        call.outcome = recorded->outcome; // what is outside answers as it did
-    }
-    expect(call);
-    if (over()) {
-        return begin(name, arguments, answer);
-    }
-    if (call.outcome.what == Outcome::What::open) {
-        playEvents();
-        const auto* const done = nextAs<DoneLine>();
-        if (over() || !done) {
-            stopAt(End::different, "(nothing)");
-            return begin(name, arguments, answer);
-        }
-        call.outcome = done->outcome;
-        tell(DoneLine{call.outcome});
-        advance();
-    }
-    take(call.outcome, answer);
-    return makesSomething(name);
-}
-
-void Replay::end(const outside::CallValues& answer)
-{
-    if (asked_) {
-        asked_->outcome = {.what = Outcome::What::values, .values = answer};
-        tell(*std::exchange(asked_, std::nullopt));
-    }
-}
-
-void Replay::take(const Outcome& outcome, outside::CallValues& answer)
-{
-    if (outcome.what == Outcome::What::error) {
-        throw outcome.error;
-    }
-    answer = outcome.values;
 }
 
 } // namespace orvan::replay

@@ -114,8 +114,12 @@ private:
     void playHosts(const recording::EventLine& line);
     /// The library has brought about `line`, which must be the next one of the recording.
     void expect(const recording::Line& line);
+    /// Answers a question that changes nothing. Returns whether the stage's own formats are to answer it.
+    bool askedOutside(recording::CallLine question, outside::CallValues& answer);
+    /// What is answered when the replay is over, and the library goes on to the end of its event.
+    [[nodiscard]] outside::CallValues answerAfterEnd(const recording::CallLine& call) const;
     /// Takes the answer of a recorded call. Raises its error.
-    void take(const recording::Outcome& outcome, outside::CallValues& answer);
+    static void take(const recording::Outcome& outcome, outside::CallValues& answer);
     void stopAt(ReplayResult::End end, std::string replayed);
     void noteTrace(const recording::TraceLine& line);
     void tell(const recording::Line& line) const;
@@ -133,6 +137,7 @@ private:
     std::vector<int> shown_;         ///< Their numbers, the outermost first.
     std::size_t at_ = 0;
     std::optional<recording::CallLine> asked_; ///< A question that the stage's own formats are answering.
+    std::int32_t lastError_ = 0; ///< That the trace has recorded last.
     ReplayResult result_;
 };
 
