@@ -43,6 +43,8 @@ public:
     /// Shows a quote that comes with the desk, as a new one without a file.
     bool openSample(const QString& name);
 
+    /// Tells which settings of the computer cannot be used, if there are any. To be called once the window is shown.
+    void tellSettingsProblems();
     /// Offers what desks have left that ended with unsaved work. To be called once the window is shown.
     void offerAbandonedWork();
     /// The session ends without asking anybody: returns when the unsaved work is on the disk. False where it could not

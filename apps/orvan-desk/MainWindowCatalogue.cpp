@@ -43,8 +43,10 @@ CatalogueMenu* MainWindow::showCatalogueMenu(const QString& file)
             tell(what, why, details);
         });
     catalogueMenu_->addSeparator();
-    catalogueMenu_->addAction(tr("&Company Catalogue…"), this, &MainWindow::chooseServer)
-        ->setEnabled(!systemSettings().locks("catalogue"));
+    catalogueMenu_->addAction(tr("&Company Catalogue…"), this, &MainWindow::chooseServer);
+    if (systemSettings().locks("catalogue")) {
+        catalogueMenu_->lock();
+    }
     menuBar()->insertMenu(menuBar()->actions().constLast(), catalogueMenu_); // before the help menu
     status_->setCatalogue(file);
     return catalogueMenu_;

@@ -290,10 +290,7 @@ int run(const CommandLine& line)
         QApplication::exit();
     });
     QTimer::singleShot(0, &window, [&window] {
-        if (const QStringList& problems = orvan::desk::systemSettings().problems; !problems.isEmpty()) {
-            window.tell(QCoreApplication::translate("MainWindow", "Some settings of this computer cannot be used."),
-                        problems.join(u'\n'));
-        }
+        window.tellSettingsProblems();
         window.offerAbandonedWork();
     });
     std::optional<orvan::desk::PlacePrinter> places;
