@@ -2283,6 +2283,18 @@ Without an address, products are looked up in this computer&apos;s own catalogue
         <source>Some settings of this computer cannot be used.</source>
         <translation>لا يمكن استخدام بعض إعدادات هذا الحاسوب.</translation>
     </message>
+    <message>
+        <source>Copy &amp;Details for Support</source>
+        <translation>نسخ معلومات للدعم الفني (&amp;D)</translation>
+    </message>
+    <message>
+        <source>The details for support could not be copied.</source>
+        <translation>تعذّر نسخ المعلومات للدعم الفني.</translation>
+    </message>
+    <message>
+        <source>The details for support have been copied.</source>
+        <translation>نُسخت المعلومات للدعم الفني.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::PriceListDialog</name>

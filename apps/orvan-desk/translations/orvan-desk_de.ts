@@ -2227,6 +2227,18 @@ Ohne Adresse werden Artikel im eigenen Katalog dieses Rechners gesucht.</transla
         <source>Some settings of this computer cannot be used.</source>
         <translation>Einige Einstellungen dieses Computers sind nicht verwendbar.</translation>
     </message>
+    <message>
+        <source>Copy &amp;Details for Support</source>
+        <translation>&amp;Angaben für den Support kopieren</translation>
+    </message>
+    <message>
+        <source>The details for support could not be copied.</source>
+        <translation>Die Angaben für den Support konnten nicht kopiert werden.</translation>
+    </message>
+    <message>
+        <source>The details for support have been copied.</source>
+        <translation>Die Angaben für den Support wurden kopiert.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::PriceListDialog</name>
