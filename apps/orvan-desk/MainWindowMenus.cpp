@@ -35,6 +35,12 @@
 
 namespace orvan::desk {
 
+namespace {
+
+constexpr int kDetailsMessageTime = 10'000; // milliseconds; a later look must not take it for a new copy
+
+} // namespace
+
 QAction* MainWindow::addFileAction(const QString& text, const QKeySequence& keys, void (MainWindow::*slot)())
 {
     auto* action = new QAction(text, this);
@@ -176,7 +182,7 @@ void MainWindow::copyDetails()
                             .copy = copyState_,
                             .editing = classic ? QStringLiteral("classic") : QStringLiteral("careful"),
                             .settings = settingsForDetails}));
-        statusBar()->showMessage(tr("The details for support have been copied."));
+        statusBar()->showMessage(tr("The details for support have been copied."), kDetailsMessageTime);
     } catch (const std::exception& error) {
         tell(tr("The details for support could not be copied."), qt::translated(error));
     }
