@@ -136,6 +136,22 @@ TEST_F(SupportLogsTest, ACrashIsTheNewestLogOfAProcessThatIsGoneAndDidNotEndInOr
               "trace-" + std::to_string(::getpid()) + ".log");
 }
 
+TEST_F(SupportLogsTest, ThePresentTraceAndThatOfTheCrashStandBelowEachOther)
+{
+    log(999999998, lines(1, 2), 0);
+    log(999999991, lines(3, 4) + "typed Quagmire\n", 5);
+    const std::string text =
+        supportDetails({.catalogue = {}, .editing = {}, .ownTrace = folder / "trace-999999998.log"}).toStdString();
+    const std::size_t crash = text.find("did not end in order\n");
+    ASSERT_NE(crash, std::string::npos);
+    EXPECT_THAT(text.substr(0, crash), HasSubstr("  Of this process.\n"));
+    EXPECT_THAT(text.substr(0, crash), HasSubstr("error 2 "));
+    EXPECT_THAT(text.substr(crash), HasSubstr("trace-999999991.log\n"));
+    EXPECT_THAT(text.substr(crash),
+                HasSubstr("error 4 (its text is left out)\n  Lines of other kinds that are left out: 1."));
+    EXPECT_THAT(text, Not(HasSubstr("Quagmire")));
+}
+
 class SupportDetailsTest : public test::QuoteFolder {
 protected:
     std::string details(const QString& catalogue) const
