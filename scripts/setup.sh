@@ -21,7 +21,8 @@ libcxx_packages=(libc++-dev libc++abi-dev googletest)
 aarch64_packages=(g++-aarch64-linux-gnu qemu-user googletest)
 s390x_packages=(g++-s390x-linux-gnu qemu-user googletest)
 bench_packages=("${run_packages[@]}" libbenchmark-dev postgresql xvfb)
-picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick poppler-utils)
+picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick poppler-utils
+                  qt6-tools-dev libqt6opengl6-dev designer-qt6) # these three: the list view in Designer
 
 # install_packages PACKAGE...: installs them, without what they only recommend.
 install_packages() {

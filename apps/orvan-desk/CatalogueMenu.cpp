@@ -169,8 +169,21 @@ CatalogueMenu::CatalogueMenu(const QString& catalogue, QWidget* window, Tell tel
     for (QAction* const action : actions()) {
         action->setEnabled(!catalogue_.isEmpty());
     }
-    connect(this, &QMenu::aboutToShow, this,
-            [this] { bringBack_->setEnabled(!catalogue_.isEmpty() && formerOf(pathOf(catalogue_)).has_value()); });
+    connect(this, &QMenu::aboutToShow, this, [this] {
+        bringBack_->setEnabled(!locked_ && !catalogue_.isEmpty() && formerOf(pathOf(catalogue_)).has_value());
+    });
+}
+
+void CatalogueMenu::lock()
+{
+    locked_ = true;
+    setToolTipsVisible(true); // which menus do not show otherwise
+    for (QAction* const action : actions()) {
+        if (!action->isSeparator()) {
+            action->setEnabled(false);
+            action->setToolTip(tr("The administrator has set the catalogue for all users of this computer."));
+        }
+    }
 }
 
 /// Asks only if there is a catalogue. If something else has its name, the import itself refuses to replace it.

@@ -36,6 +36,9 @@ public:
     /// Without a catalogue's file, which is so where a server has the catalogue, nothing can be imported.
     CatalogueMenu(const QString& catalogue, QWidget* window, Tell tell);
 
+    /// Takes the entries from the user, and says why: the administrator has set the catalogue for all users.
+    void lock();
+
     /// Imports the products that come with the desk, where there is no catalogue yet.
     void importSampleIfNone();
     /// Asks whether the catalogue may be replaced, shows how a price list is understood (PriceListDialog), imports it
@@ -60,6 +63,7 @@ private:
     QWidget* const window_;
     const Tell tell_;
     QAction* bringBack_ = nullptr;
+    bool locked_ = false;
 };
 
 } // namespace orvan::desk

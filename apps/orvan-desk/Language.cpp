@@ -25,6 +25,12 @@ void install(const QString& name, const QString& folder)
     }
 }
 
+QString& used()
+{
+    static QString language = kEnglish;
+    return language;
+}
+
 } // namespace
 
 QStringList languages()
@@ -43,6 +49,7 @@ void useLanguage(const QStringList& wanted)
     for (const QString& name : wanted) {
         const QString language = name.section(QRegularExpression(QStringLiteral("[-_.@]")), 0, 0).toLower();
         if (known.contains(language)) {
+            used() = language;
             if (language != kEnglish) {
                 install(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
                 install(kPrefix + language, kFolder);
@@ -50,6 +57,11 @@ void useLanguage(const QStringList& wanted)
             return;
         }
     }
+}
+
+QString usedLanguage()
+{
+    return used();
 }
 
 } // namespace orvan::desk

@@ -16,4 +16,7 @@ namespace orvan::desk {
 /// if it has none. A name may have a country: "de_AT" is shown as "de".
 void useLanguage(const QStringList& wanted);
 
+/// The language that useLanguage has chosen; English before that.
+[[nodiscard]] QString usedLanguage();
+
 } // namespace orvan::desk

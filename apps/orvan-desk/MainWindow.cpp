@@ -7,6 +7,7 @@
 #include "StatusLine.h"
 #include "WatchedProducts.h"
 #include "servers/ServerCatalogue.h"
+#include "settings/SystemSettings.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/hosting/ProductViewWidget.h"
@@ -274,6 +275,13 @@ void MainWindow::tell(const QString& what, const QString& why, const QString& de
     PlainBox box(QMessageBox::Warning, what + QStringLiteral("\n\n") + why, QMessageBox::Ok, this);
     box.setDetailedText(details);
     box.exec();
+}
+
+void MainWindow::tellSettingsProblems()
+{
+    if (const QStringList& problems = systemSettings().problems; !problems.isEmpty()) {
+        tell(tr("Some settings of this computer cannot be used."), problems.join(u'\n'));
+    }
 }
 
 } // namespace orvan::desk

@@ -6,6 +6,8 @@
 #include "Theme.h"
 #include "apps/orvan-desk/undo/QuoteHistory.h"
 
+#include "orvan/components/catalogue/CatalogueFactory.h"
+
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
@@ -13,6 +15,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QAction;
 class QDateEdit;
@@ -29,6 +32,7 @@ class CopyWatch;
 class KeySheet;
 class RecentFiles;
 class StatusLine;
+struct ListedSetting;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -43,6 +47,8 @@ public:
     /// Shows a quote that comes with the desk, as a new one without a file.
     bool openSample(const QString& name);
 
+    /// Tells which settings of the computer cannot be used, if there are any. To be called once the window is shown.
+    void tellSettingsProblems();
     /// Offers what desks have left that ended with unsaved work. To be called once the window is shown.
     void offerAbandonedWork();
     /// The session ends without asking anybody: returns when the unsaved work is on the disk. False where it could not
@@ -58,6 +64,9 @@ public:
 
     /// Takes what would be told in a message box, where nobody is there to answer one.
     std::function<void(const QString& problem)> onProblem;
+
+    /// The settings with their origin, for "Copy Details for Support"; nothing is said of them where this is empty.
+    std::function<std::vector<ListedSetting>()> settingsForDetails;
 
     /// Shows what could not be done, and why; in a message box, or by onProblem.
     void tell(const QString& what, const QString& why, const QString& details = {});
@@ -75,6 +84,7 @@ private:
     /// Replaces the menu of the catalogue.
     CatalogueMenu* showCatalogueMenu(const QString& file);
     void chooseServer();
+    void copyDetails();
     void showKeys();
     /// Shows how the current product's price and the total came about.
     void explain();
@@ -122,6 +132,8 @@ private:
     QPointer<CatalogueMenu> catalogueMenu_;
     std::unique_ptr<CopyWatch> copyWatch_; ///< Null where no server's catalogue is used.
     QString server_;                       ///< The URI of that server.
+    QString catalogue_;                    ///< The file where no server's is used.
+    std::optional<CatalogueCopyState> copyState_;
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.

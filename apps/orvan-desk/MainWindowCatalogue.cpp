@@ -43,10 +43,14 @@ CatalogueMenu* MainWindow::showCatalogueMenu(const QString& file)
             tell(what, why, details);
         });
     catalogueMenu_->addSeparator();
-    catalogueMenu_->addAction(tr("&Company Catalogue…"), this, &MainWindow::chooseServer)
-        ->setEnabled(!systemSettings().locks("catalogue"));
+    catalogueMenu_->addAction(tr("&Company Catalogue…"), this, &MainWindow::chooseServer);
+    if (systemSettings().locks("catalogue")) {
+        catalogueMenu_->lock();
+    }
     menuBar()->insertMenu(menuBar()->actions().constLast(), catalogueMenu_); // before the help menu
     status_->setCatalogue(file);
+    catalogue_ = file;
+    copyState_.reset();
     return catalogueMenu_;
 }
 
@@ -67,6 +71,8 @@ void MainWindow::useServer(const QString& uri)
     showCatalogueMenu({});
     copyWatch_ = std::make_unique<CopyWatch>();
     connect(copyWatch_.get(), &CopyWatch::changed, status_, &StatusLine::setCopy);
+    connect(copyWatch_.get(), &CopyWatch::changed, this,
+            [this](const CatalogueCopyState& state) { copyState_ = state; });
     lookUpFromNowOnIn(uri, copyWatch_->callback());
 }
 

@@ -11,6 +11,7 @@
 #include "WatchedProducts.h"
 #include "exchange/ExchangeActions.h"
 #include "printing/PrintActions.h"
+#include "support/SupportDetails.h"
 #include "undo/DoneStep.h"
 
 #include "orvan/hosting/ProductViewWidget.h"
@@ -19,18 +20,26 @@
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <optional>
 #include <utility>
 
 namespace orvan::desk {
+
+namespace {
+
+constexpr int kDetailsMessageTime = 10'000; // milliseconds; a later look must not take it for a new copy
+
+} // namespace
 
 QAction* MainWindow::addFileAction(const QString& text, const QKeySequence& keys, void (MainWindow::*slot)())
 {
@@ -131,6 +140,7 @@ void MainWindow::makeListMenus()
     menuBar()->insertMenu(menus.value(1), product);
     QMenu* const help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&Keys"), QKeySequence(tr("F1")), this, &MainWindow::showKeys);
+    help->addAction(tr("Copy &Details for Support"), this, &MainWindow::copyDetails);
     connect(products_, &ProductViewWidget::editorOpened, this, [this] {
         if (QWidget* const editor = QApplication::activeModalWidget()) { // it keeps the window's keys from acting
             auto* const shortcut = new QShortcut(QKeySequence(tr("F1")), editor);
@@ -160,6 +170,21 @@ void MainWindow::explain()
         ExplainDialog(explainWatched(products_->currentProduct()), qtHost().platform().locale(), this).exec();
     } catch (const std::exception& error) {
         tell(tr("The amounts could not be explained."), qt::translated(error));
+    }
+}
+
+void MainWindow::copyDetails()
+{
+    try {
+        const bool classic = qtHost().platform().editing == ui::EditingWay::classic;
+        QApplication::clipboard()->setText(
+            supportDetails({.catalogue = server_.isEmpty() ? catalogue_ : server_,
+                            .copy = copyState_,
+                            .editing = classic ? QStringLiteral("classic") : QStringLiteral("careful"),
+                            .settings = settingsForDetails}));
+        statusBar()->showMessage(tr("The details for support have been copied."), kDetailsMessageTime);
+    } catch (const std::exception& error) {
+        tell(tr("The details for support could not be copied."), qt::translated(error));
     }
 }
 

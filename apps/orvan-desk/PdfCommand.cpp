@@ -6,6 +6,7 @@
 #include "exchange/LineFiles.h"
 #include "printing/QuotePdf.h"
 #include "settings/SettingsCommand.h"
+#include "support/SupportDetails.h"
 
 #include "orvan/base/RuntimeError.h"
 #include "orvan/files/WholeFile.h"
@@ -43,7 +44,8 @@ void needNoDisplayForFiles(int argc, char** argv)
     };
     const bool asked = std::any_of(argv, argv + argc, [&](std::string_view word) {
         return isOption(word, kPdfOption) || isOption(word, kCsvOption) || isOption(word, kSettingsOption) ||
-               word == "--help" || word == "-h" || word == "--version" || word == "-v";
+               isOption(word, kDetailsOption) || word == "--help" || word == "-h" || word == "--version" ||
+               word == "-v";
     });
     if (asked && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

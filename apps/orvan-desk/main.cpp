@@ -12,6 +12,7 @@
 #include "WindowPlace.h"
 #include "servers/ServerCatalogue.h"
 #include "settings/SettingsCommand.h"
+#include "support/SupportDetails.h"
 
 #include "apps/shared/TerminalText.h"
 #include "orvan/base/RuntimeError.h"
@@ -107,7 +108,8 @@ public:
         parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Quote to open."),
                                      QStringLiteral("[file]"));
         printPlaces.setFlags(QCommandLineOption::HiddenFromHelp);
-        parser.addOptions({sample, theme, language, catalogue, editing, render, pdf, csv, settings, printPlaces});
+        parser.addOptions(
+            {sample, theme, language, catalogue, editing, render, pdf, csv, settings, details, printPlaces});
     }
 
     /// Reads the command line, and answers --help and --version. Returns what is wrong with it, or an empty text.
@@ -160,6 +162,12 @@ public:
         orvan::desk::kSettingsOption,
         QStringLiteral("List the settings that can be made for all users of a computer, each with its value, where "
                        "that comes from and whether it is locked, and exit; needs no display.")};
+    const QCommandLineOption details{
+        orvan::desk::kDetailsOption,
+        QStringLiteral(
+            "Print what support staff ask first and exit: versions, system, locale, catalogue, settings, and "
+            "the last lines of the trace, also of a desk that crashed. No product and no customer is in it. "
+            "Needs no display.")};
     QCommandLineOption printPlaces{QStringLiteral("print-places")}; ///< For tests: see PlacePrinter.h.
 
 private:
@@ -247,6 +255,17 @@ QString chosen(const CommandLine& line, std::string_view name, const QString& ot
     }
 }
 
+/// Prints the details for support. Whatever is missing is said in them, so this does not fail.
+int printDetails(const CommandLine& line)
+{
+    orvan::desk::applyTheme(orvan::desk::themeNamed(chosen(line, "theme", {}))); // the style and colours of the window
+    QTextStream(stdout) << orvan::desk::supportDetails(
+        {.catalogue = chosen(line, "catalogue", orvan::desk::defaultCatalogueFile()),
+         .editing = chosen(line, "editing", QStringLiteral("careful")),
+         .settings = [&line] { return orvan::desk::listedSettings(line.parser); }});
+    return 0;
+}
+
 /// Opens the window as the command line asks, and runs until the user or the system ends it.
 int run(const CommandLine& line)
 {
@@ -262,6 +281,7 @@ int run(const CommandLine& line)
         chosen(line, "support-address", QString::fromUtf8(orvan::ui::kSupportAddress)).toStdString();
     orvan::setQtHostOptions(options);
     orvan::desk::MainWindow window;
+    window.settingsForDetails = [&parser] { return orvan::desk::listedSettings(parser); };
     if (parser.isSet(line.theme)) {
         window.useTheme(orvan::desk::themeNamed(parser.value(line.theme)));
     }
@@ -290,10 +310,7 @@ int run(const CommandLine& line)
         QApplication::exit();
     });
     QTimer::singleShot(0, &window, [&window] {
-        if (const QStringList& problems = orvan::desk::systemSettings().problems; !problems.isEmpty()) {
-            window.tell(QCoreApplication::translate("MainWindow", "Some settings of this computer cannot be used."),
-                        problems.join(u'\n'));
-        }
+        window.tellSettingsProblems();
         window.offerAbandonedWork();
     });
     std::optional<orvan::desk::PlacePrinter> places;
@@ -324,6 +341,9 @@ int main(int argc, char** argv)
     }
     orvan::desk::useLanguage(
         chosen(line, "language", QLocale::system().uiLanguages().join(u',')).split(u',', Qt::SkipEmptyParts));
+    if (line.parser.isSet(line.details)) {
+        return printDetails(line);
+    }
     if (line.parser.isSet(line.pdf) || line.parser.isSet(line.csv) || line.parser.isSet(line.render)) {
         for (const QString& problem : orvan::desk::systemSettings().problems) {
             complain(problem); // a window tells it itself

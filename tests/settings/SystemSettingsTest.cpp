@@ -78,8 +78,7 @@ TEST_F(SystemSettingsTest, ASecondLineOfTheSameNameIsRefused)
 TEST_F(SystemSettingsTest, WhatIsNoFileIsTold)
 {
     std::filesystem::create_directories(folder + "/defaults.conf");
-    const SystemSettings settings(
-        {QString::fromStdString(folder + "/defaults.conf"), QStringLiteral("/no/such.conf")});
+    const SystemSettings settings({QString::fromStdString(folder + "/defaults.conf"), QStringLiteral("/no/such.conf")});
     ASSERT_EQ(settings.problems.size(), 1);
     EXPECT_THAT(settings.problems[0].toStdString(), HasSubstr("defaults.conf: "));
 }
@@ -159,6 +158,7 @@ struct Stored {
     const char* former;
     const char* value;
     const char* kept;
+    const char* read; ///< What the desk then has.
 };
 
 class StoredTest : public SystemSettingsTest, public ::testing::WithParamInterface<Stored> {};
@@ -168,17 +168,29 @@ TEST_P(StoredTest, WhatTheUserKeeps)
     const SystemSettings system({file("defaults.conf", GetParam().system)});
     const auto user = std::make_shared<qt::QtSettingsStore>(folder + "/user.ini");
     user->set(ui::kSettingsApplication, "DeskPrint", "SellerName", GetParam().former);
-    LayeredSettings(user, system).set(ui::kSettingsApplication, "DeskPrint", "SellerName", GetParam().value);
+    LayeredSettings layered(user, system);
+    layered.set(ui::kSettingsApplication, "DeskPrint", "SellerName", GetParam().value);
     EXPECT_EQ(user->get(ui::kSettingsApplication, "DeskPrint", "SellerName"), GetParam().kept);
+    EXPECT_EQ(layered.get(ui::kSettingsApplication, "DeskPrint", "SellerName"), GetParam().read);
+    const auto none = [](const SettingRow&) { return std::optional<QString>(); };
+    const auto nothing = [](const SettingRow&) { return QString(); };
+    for (const ListedSetting& setting : listSettings(*user, QStringLiteral("user.ini"), system, none, nothing)) {
+        if (setting.name == u"seller-name") {
+            EXPECT_EQ(setting.value.toStdString(), GetParam().read) << "as --settings lists it";
+        }
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, StoredTest,
-                         ::testing::Values(Stored{"own", "seller-name = Acme", "", "Mine", "Mine"},
-                                           Stored{"sameAsTheComputers", "seller-name = Acme", "Mine", "Acme", ""},
-                                           Stored{"locked", "seller-name = Acme\nlocked = seller-name", "Mine", "Acme",
-                                                  "Mine"},
-                                           Stored{"noFile", "", "Mine", "", ""}),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Rows, StoredTest,
+    ::testing::Values(Stored{"own", "seller-name = Acme", "", "Mine", "Mine", "Mine"},
+                      Stored{"sameAsTheComputers", "seller-name = Acme", "Mine", "Acme", "", "Acme"},
+                      Stored{"locked", "seller-name = Acme\nlocked = seller-name", "Mine", "Acme", "Mine", "Acme"},
+                      Stored{"emptied", "seller-name = Acme", "", "", " ", ""},
+                      Stored{"emptiedAndLocked", "seller-name = Acme\nlocked = seller-name", " ", "", " ", "Acme"},
+                      Stored{"takenBack", "seller-name = Acme", " ", "Acme", "", "Acme"},
+                      Stored{"noFile", "", "Mine", "", "", ""}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(SystemSettingsTest, TheFilesAreThoseOfTheEnvironment)
 {

@@ -31,8 +31,9 @@ std::string LayeredSettings::get(std::string_view application, std::string_view 
     if (!row) {
         return user_->get(application, section, key);
     }
-    std::string own = system_.locks(row->name) ? std::string() : user_->get(application, section, key);
-    return own.empty() ? system_.choice(row->name).value.value_or(QString()).toStdString() : own;
+    const std::optional<std::string> own =
+        system_.locks(row->name) ? std::nullopt : ownValue(*row, user_->get(application, section, key));
+    return own ? *own : system_.choice(row->name).value.value_or(QString()).toStdString();
 }
 
 void LayeredSettings::set(std::string_view application, std::string_view section, std::string_view key,
@@ -43,8 +44,19 @@ void LayeredSettings::set(std::string_view application, std::string_view section
         user_->set(application, section, key, value);
     } else if (!system_.locks(row->name)) {
         const std::optional<QString>& preset = system_.choice(row->name).value;
-        user_->set(application, section, key, preset && preset->toStdString() == value ? std::string_view() : value);
+        const bool blanks = preset && value.empty() && row->mayBeBlank;
+        user_->set(application, section, key,
+                   blanks                                     ? kBlank
+                   : preset && preset->toStdString() == value ? std::string_view()
+                                                              : value);
     }
+}
+
+std::optional<std::string> ownValue(const SettingRow& row, std::string stored)
+{
+    return stored.empty()                       ? std::nullopt
+           : row.mayBeBlank && stored == kBlank ? std::optional(std::string())
+                                                : std::optional(std::move(stored));
 }
 
 std::shared_ptr<ui::SettingsStore> deskSettings()

@@ -1,8 +1,9 @@
 // LayeredSettings: the user's settings above those of the computer.
 //
-// What the user has not set, or has set to an empty text, is as the computer's file says; what that file locks is as it
-// says in any case. A user's own value of a locked setting is kept, and counts again once the lock is gone. Thread and
-// errors: as of the user's store. A locked setting does not ask that store.
+// What the user has not set is as the computer's file says; what that file locks is as it says in any case. A user's
+// own value of a locked setting is kept, and counts again once the lock is gone. Stores cannot tell an empty text from
+// one that is not set. So a line of the letterhead that the user has emptied is stored as kBlank, for it would be the
+// computer's again otherwise. Thread and errors: as of the user's store. A locked setting does not ask that store.
 #pragma once
 
 #include "SystemSettings.h"
@@ -10,6 +11,10 @@
 #include "orvan/ui/SettingsStore.h"
 
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace orvan::desk {
 
@@ -20,7 +25,8 @@ public:
 
     std::string get(std::string_view application, std::string_view section, std::string_view key) override;
     /// Stores nothing where the setting is locked. A value that the computer's file has, too, is stored as "not set",
-    /// so that the user's dialogs, which store all that they show, do not turn it into the user's own.
+    /// so that the user's dialogs, which store all that they show, do not turn it into the user's own. An empty value
+    /// is stored as kBlank where the user may do without what the computer's file has.
     void set(std::string_view application, std::string_view section, std::string_view key,
              std::string_view value) override;
 
@@ -28,6 +34,13 @@ private:
     const std::shared_ptr<ui::SettingsStore> user_;
     const SystemSettings& system_;
 };
+
+/// What the user's store keeps in the place of an empty text that goes before the computer's. It is a blank, so that a
+/// desk of an earlier version prints nothing, too.
+inline constexpr std::string_view kBlank = " ";
+
+/// The user's own value of a setting, out of what the store has; none where the user has not set it.
+[[nodiscard]] std::optional<std::string> ownValue(const SettingRow& row, std::string stored);
 
 /// The settings of this user on this computer.
 [[nodiscard]] std::shared_ptr<ui::SettingsStore> deskSettings();
@@ -49,14 +62,14 @@ std::vector<ListedSetting> listSettings(ui::SettingsStore& user, const QString& 
     for (const SettingRow& row : settingRows()) {
         const SystemSettings::Choice& choice = system.choice(row.name);
         const bool locked = system.locks(row.name);
-        const QString own =
-            locked ? QString() : QString::fromStdString(user.get(ui::kSettingsApplication, row.section, row.key));
+        const std::optional<std::string> own =
+            locked ? std::nullopt : ownValue(row, user.get(ui::kSettingsApplication, row.section, row.key));
         const std::optional<QString> asked = locked ? std::nullopt : option(row);
         const QString name = QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
         if (asked) {
             list.push_back({name, *asked, QStringLiteral("command line")});
-        } else if (!own.isEmpty()) {
-            list.push_back({name, own, QStringLiteral("user file ") + userFile});
+        } else if (own) {
+            list.push_back({name, QString::fromStdString(*own), QStringLiteral("user file ") + userFile});
         } else if (choice.value) {
             list.push_back({name, *choice.value, QStringLiteral("system file ") + choice.file, locked});
         } else {

@@ -29,7 +29,9 @@ QString nameOf(const SettingRow& row)
     return QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
 }
 
-std::vector<ListedSetting> settings(const QCommandLineParser& line)
+} // namespace
+
+std::vector<ListedSetting> listedSettings(const QCommandLineParser& line)
 {
     qt::QtSettingsStore user;
     return listSettings(
@@ -40,11 +42,9 @@ std::vector<ListedSetting> settings(const QCommandLineParser& line)
         builtIn);
 }
 
-} // namespace
-
 QString settingValue(const QCommandLineParser& line, std::string_view name)
 {
-    for (const ListedSetting& setting : settings(line)) {
+    for (const ListedSetting& setting : listedSettings(line)) {
         if (setting.name.toStdString() == name) {
             return setting.value;
         }
@@ -69,7 +69,7 @@ bool printSettings(const QCommandLineParser& line, void (*complain)(const QStrin
     }
     try {
         QTextStream out(stdout);
-        for (const ListedSetting& setting : settings(line)) {
+        for (const ListedSetting& setting : listedSettings(line)) {
             const QString value =
                 QString(setting.value).replace(u'\\', QStringLiteral("\\\\")).replace(u'\n', QStringLiteral("\\n"));
             const QString row = QStringLiteral("%1 %2 %3: %4")

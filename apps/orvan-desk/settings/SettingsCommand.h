@@ -9,6 +9,10 @@ namespace orvan::desk {
 
 inline const QString kSettingsOption = QStringLiteral("settings");
 
+/// All settings with where their values come from, as they are with this command line. Raises 75 where the user's
+/// settings cannot be read.
+[[nodiscard]] std::vector<ListedSetting> listedSettings(const QCommandLineParser& line);
+
 /// The value of a setting: of the command line, the user, the computer or the desk itself. Raises 75 where the user's
 /// settings cannot be read.
 [[nodiscard]] QString settingValue(const QCommandLineParser& line, std::string_view name);

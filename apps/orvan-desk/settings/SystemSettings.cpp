@@ -91,10 +91,10 @@ const std::vector<SettingRow>& settingRows()
         {"theme", SettingKind::choice, "Desk", "Theme", true},
         {"editing", SettingKind::choice, "Desk", "Editing", true},
         {"support-address", SettingKind::line, "Desk", "SupportAddress", false},
-        {"seller-name", SettingKind::line, "DeskPrint", "SellerName", false},
-        {"seller-address", SettingKind::text, "DeskPrint", "SellerAddress", false},
-        {"logo", SettingKind::path, "DeskPrint", "Logo", false},
-        {"closing-text", SettingKind::text, "DeskPrint", "ClosingText", false},
+        {"seller-name", SettingKind::line, "DeskPrint", "SellerName", false, true},
+        {"seller-address", SettingKind::text, "DeskPrint", "SellerAddress", false, true},
+        {"logo", SettingKind::path, "DeskPrint", "Logo", false, true},
+        {"closing-text", SettingKind::text, "DeskPrint", "ClosingText", false, true},
     };
     return rows;
 }

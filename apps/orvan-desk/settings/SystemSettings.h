@@ -27,6 +27,7 @@ struct SettingRow {
     SettingKind kind;
     std::string_view section, key; ///< Its place in the user's settings.
     bool hasOption;
+    bool mayBeBlank = false; ///< A user may want none, although the computer's file has one.
 };
 [[nodiscard]] const std::vector<SettingRow>& settingRows();
 /// The values of a setting that is a choice.

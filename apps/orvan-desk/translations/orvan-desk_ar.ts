@@ -64,13 +64,6 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
-    <message>
-        <source>Some settings of this computer cannot be used.</source>
-        <translation>لا يمكن استخدام بعض إعدادات هذا الحاسوب.</translation>
-    </message>
-</context>
-<context>
     <name>OpenQuote</name>
     <message>
         <source>%1 on %2 since %3</source>
@@ -1488,6 +1481,10 @@ The catalogue was not changed.</source>
             <numerusform>تُجوهل %Ln صف به أخطاء.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The administrator has set the catalogue for all users of this computer.</source>
+        <translation>حدَّد مسؤول النظام الكتالوج لجميع مستخدمي هذا الحاسوب.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CopyWatch</name>
@@ -2281,6 +2278,22 @@ Without an address, products are looked up in this computer&apos;s own catalogue
     <message>
         <source>The amounts could not be explained.</source>
         <translation>تعذّر شرح المبالغ.</translation>
+    </message>
+    <message>
+        <source>Some settings of this computer cannot be used.</source>
+        <translation>لا يمكن استخدام بعض إعدادات هذا الحاسوب.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Details for Support</source>
+        <translation>نسخ معلومات للدعم الفني (&amp;D)</translation>
+    </message>
+    <message>
+        <source>The details for support could not be copied.</source>
+        <translation>تعذّر نسخ المعلومات للدعم الفني.</translation>
+    </message>
+    <message>
+        <source>The details for support have been copied.</source>
+        <translation>نُسخت المعلومات للدعم الفني.</translation>
     </message>
 </context>
 <context>

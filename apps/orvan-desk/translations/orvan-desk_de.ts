@@ -64,13 +64,6 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
-    <message>
-        <source>Some settings of this computer cannot be used.</source>
-        <translation>Einige Einstellungen dieses Computers sind nicht verwendbar.</translation>
-    </message>
-</context>
-<context>
     <name>OpenQuote</name>
     <message>
         <source>%1 on %2 since %3</source>
@@ -1448,6 +1441,10 @@ Der Katalog wurde nicht geändert.</translation>
             <numerusform>%Ln Zeilen mit Fehlern wurden ausgelassen.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The administrator has set the catalogue for all users of this computer.</source>
+        <translation>Der Administrator hat den Katalog für alle Benutzer dieses Computers festgelegt.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CopyWatch</name>
@@ -2225,6 +2222,22 @@ Ohne Adresse werden Artikel im eigenen Katalog dieses Rechners gesucht.</transla
     <message>
         <source>The amounts could not be explained.</source>
         <translation>Die Beträge konnten nicht erklärt werden.</translation>
+    </message>
+    <message>
+        <source>Some settings of this computer cannot be used.</source>
+        <translation>Einige Einstellungen dieses Computers sind nicht verwendbar.</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Details for Support</source>
+        <translation>&amp;Angaben für den Support kopieren</translation>
+    </message>
+    <message>
+        <source>The details for support could not be copied.</source>
+        <translation>Die Angaben für den Support konnten nicht kopiert werden.</translation>
+    </message>
+    <message>
+        <source>The details for support have been copied.</source>
+        <translation>Die Angaben für den Support wurden kopiert.</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 // SqliteFile.h and NewFile.h.
 #pragma once
 
+#include "orvan/catalogue_export.h"
 #include "orvan/components/catalogue/CatalogueFile.h"
 
 #include <cstdint>
@@ -40,7 +41,7 @@ struct CopyState {
 
 class CopyUpdate;
 
-class LocalCopy {
+class ORVAN_CATALOGUE_INTERNAL LocalCopy {
 public:
     using GoOn = std::function<bool()>;
     /// Called now and then while a version is written; false ends it.
