@@ -11,6 +11,7 @@
 #include "WatchedProducts.h"
 #include "exchange/ExchangeActions.h"
 #include "printing/PrintActions.h"
+#include "support/RecordingAction.h"
 #include "support/SupportDetails.h"
 #include "undo/DoneStep.h"
 
@@ -141,6 +142,7 @@ void MainWindow::makeListMenus()
     QMenu* const help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&Keys"), QKeySequence(tr("F1")), this, &MainWindow::showKeys);
     help->addAction(tr("Copy &Details for Support"), this, &MainWindow::copyDetails);
+    help->addAction(new RecordingAction(*products_, *this));
     connect(products_, &ProductViewWidget::editorOpened, this, [this] {
         if (QWidget* const editor = QApplication::activeModalWidget()) { // it keeps the window's keys from acting
             auto* const shortcut = new QShortcut(QKeySequence(tr("F1")), editor);

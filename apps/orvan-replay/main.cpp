@@ -23,7 +23,8 @@ namespace {
 
 using namespace orvan;
 
-constexpr const char* kHelp = R"(usage: orvan-replay [--live CATALOGUE] [--until LINE|error:NUMBER] [--fail CALL:N] recording
+constexpr const char* kHelp =
+    R"(usage: orvan-replay [--live CATALOGUE] [--until LINE|error:NUMBER] [--fail CALL:N] recording
        orvan-replay --redact recording output
        orvan-replay --help | --version
 
@@ -85,8 +86,8 @@ testkit::OutsideCalls::Rule ruleOf(std::string_view text)
     testkit::OutsideCalls::Rule rule{.name = std::string(text.substr(0, colon))};
     std::string_view number = text.substr(colon + 1);
     if (number.ends_with('+') || number.ends_with('/')) {
-        rule.repeat = number.ends_with('+') ? testkit::OutsideCalls::Repeat::fromThenOn
-                                            : testkit::OutsideCalls::Repeat::every;
+        rule.repeat =
+            number.ends_with('+') ? testkit::OutsideCalls::Repeat::fromThenOn : testkit::OutsideCalls::Repeat::every;
         number.remove_suffix(1);
     }
     rule.number = numberOf<std::size_t>(number, "--fail");

@@ -13,6 +13,7 @@
 #include "orvan/hosting/DefaultComponents.h"
 #include "orvan/hosting/ThreadMessages.h"
 #include "orvan/lookup/ProductLkpMgr.h"
+#include "orvan/recording/Recording.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/icu/LocaleNames.h"
 
@@ -53,6 +54,10 @@ struct HostOptions {
     std::function<std::shared_ptr<ProductLkpMgr>()> makeCatalogue = {};
     /// Called for each list, and whenever the library needs an empty one.
     std::function<std::shared_ptr<ProductMgr>()> makeProductMgr = {};
+
+    /// Records all list views, if it names a file. Where makeProductMgr makes a manager that is not the library's own,
+    /// its `ownManager` is to be false.
+    RecordingOptions recording = {};
 };
 
 /// The user's number and money formats, as ICU knows them. Raises 51 when ICU's data is missing, and 5 for a currency
@@ -80,6 +85,9 @@ public:
         replace(kTraceClassName, options.makeTrace);
         replace(kProductLkpMgrClassName, options.makeCatalogue);
         replace(kProductMgrClassName, options.makeProductMgr);
+        if (!options.recording.file.empty()) {
+            startRecording(platform_, options.recording);
+        }
     } catch (...) {
         raiseCurrentError();
     }

@@ -1,5 +1,5 @@
-// HostedView: a list view as the control that contains it has it. All that the host does with the view goes through this
-// class, which tells the platform's tap of it (orvan/ui/EventTap.h), so that a recording has what the host did.
+// HostedView: a list view as the control that contains it has it. All that the host does with the view goes through
+// this class, which tells the platform's tap of it (orvan/ui/EventTap.h), so that a recording has what the host did.
 //
 // While there is a tap, the view uses the tap's services in place of the platform's. Ownership, thread and errors are
 // those of ProductView.

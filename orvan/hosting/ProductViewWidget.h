@@ -100,6 +100,10 @@ public:
     bool isReadOnly() const;
     void setReadOnly(bool readOnly);
 
+    /// Makes the list view anew, with the list, the current product and the switches that it has. A recording that is
+    /// started while the list is shown (orvan/recording/Recording.h) has the list view from then on. Not to be called
+    /// from within the list view, such as while its editor is open. Raises what Products and Show raise.
+    void renew();
     /// Shows the list anew, after the host has changed it through the product manager itself.
     void refresh();
     /// The position of the product in the current row, from 1 on; 0 if there is none.

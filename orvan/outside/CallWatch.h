@@ -1,15 +1,16 @@
-// CallWatch: sees each call that the library makes out of itself: of a manager and its records, a catalogue, a trace, the
-// settings, message boxes, formats, the clipboard, the pointer, timers and forms.
+// CallWatch: sees each call that the library makes out of itself: of a manager and its records, a catalogue, a trace,
+// the settings, message boxes, formats, the clipboard, the pointer, timers and forms.
 //
-// A watch can let a call pass and note it, make it fail, or answer it in the place of the one who is called. So a failing
-// disk, a recording and its replay are all watches; what they watch are the wrappers of orvan/outside/WatchedPlatform.h.
+// A watch can let a call pass and note it, make it fail, or answer it in the place of the one who is called. So a
+// failing disk, a recording and its replay are all watches; what they watch are the wrappers of
+// orvan/outside/WatchedPlatform.h.
 //
 // Names of calls are the role and the operation: "manager.GetProduct", "product.SetQty", "catalogue.SeekItem",
 // "trace.TraceEnter", "settings.get", "box.show", "locale.appendCurrency", "clipboard.text", "pointer.setCode",
 // "timer.schedule", "components.create", "platform.loadForm".
 //
-// Ownership: a watch must outlive its wrappers. Thread: the user-interface thread. Errors: what `begin` throws is what the
-// call raises.
+// Ownership: a watch must outlive its wrappers. Thread: the user-interface thread. Errors: what `begin` throws is what
+// the call raises.
 #pragma once
 
 #include "orvan/base/Currency.h"
@@ -128,8 +129,8 @@ template <class Value>
     return values;
 }
 
-/// Makes a call that is watched. `work` passes it on and returns the result, `toParts` makes an answer of the result, and
-/// `fromParts` a result of the answer that a watch has given in place of the one who is called.
+/// Makes a call that is watched. `work` passes it on and returns the result, `toParts` makes an answer of the result,
+/// and `fromParts` a result of the answer that a watch has given in place of the one who is called.
 template <class Work, class ToParts, class FromParts>
 auto watchedCall(CallWatch& watch, std::string_view name, CallArguments arguments, const Work& work,
                  const ToParts& toParts, const FromParts& fromParts)

@@ -90,7 +90,9 @@ public:
                 return std::pair(lIndex, found);
             },
             [](const auto& result) { return callValues(result.first, result.second); },
-            [](const CallValues& answer) { return std::pair(partOf<std::int32_t>(answer, 0), partOf<bool>(answer, 1)); });
+            [](const CallValues& answer) {
+                return std::pair(partOf<std::int32_t>(answer, 0), partOf<bool>(answer, 1));
+            });
         lIndex = index;
         found = exists;
     }
@@ -140,7 +142,8 @@ private:
             name, arguments,
             [&]() -> std::shared_ptr<WatchedRecord> {
                 auto given = work();
-                return given ? std::make_shared<WatchedRecord>(std::move(given), watch(), watch().nextObject()) : nullptr;
+                return given ? std::make_shared<WatchedRecord>(std::move(given), watch(), watch().nextObject())
+                             : nullptr;
             },
             [](const auto& result) { return result ? callValues(result->number()) : CallValues(); },
             [this](const CallValues& answer) {

@@ -17,8 +17,10 @@
 namespace orvan::outside {
 
 // Each wraps one component. A null one is never called: the watch answers each call then.
-[[nodiscard]] ORVAN_CATALOGUE_EXPORT std::shared_ptr<ProductMgr> watched(std::shared_ptr<ProductMgr> manager, CallWatch& watch);
-[[nodiscard]] ORVAN_CATALOGUE_EXPORT std::shared_ptr<ProductLkpMgr> watched(std::shared_ptr<ProductLkpMgr> catalogue, CallWatch& watch);
+[[nodiscard]] ORVAN_CATALOGUE_EXPORT std::shared_ptr<ProductMgr> watched(std::shared_ptr<ProductMgr> manager,
+                                                                         CallWatch& watch);
+[[nodiscard]] ORVAN_CATALOGUE_EXPORT std::shared_ptr<ProductLkpMgr> watched(std::shared_ptr<ProductLkpMgr> catalogue,
+                                                                            CallWatch& watch);
 [[nodiscard]] ORVAN_CATALOGUE_EXPORT std::shared_ptr<Trace> watched(std::shared_ptr<Trace> trace, CallWatch& watch);
 
 /// An object that is neither a manager nor a catalogue nor a trace is passed on as it is.

@@ -115,7 +115,8 @@ public:
 struct WatchedPlatform::Services {
     Services(ui::Platform& inner, const Own& own, CallWatch& watch)
         : messageBox(&own.messageBox, watch), settings(&inner.settings(), watch), locale(&own.locale, watch),
-          components(own.components, watch, own.unwatchedClass), pointer(&inner.pointer(), watch), clipboard(&inner.clipboard(), watch)
+          components(own.components, watch, own.unwatchedClass), pointer(&inner.pointer(), watch),
+          clipboard(&inner.clipboard(), watch)
     {
     }
 
@@ -140,7 +141,8 @@ WatchedPlatform::WatchedPlatform(ui::Platform& inner, const Own& own, CallWatch&
 }
 
 WatchedPlatform::WatchedPlatform(ui::Platform& inner, CallWatch& watch)
-    : WatchedPlatform(inner, {.components = inner.components(), .messageBox = inner.messageBox(), .locale = inner.locale()}, watch)
+    : WatchedPlatform(
+          inner, {.components = inner.components(), .messageBox = inner.messageBox(), .locale = inner.locale()}, watch)
 {
 }
 

@@ -1,8 +1,9 @@
-// WatchedPlatform: hands the logic the services of another platform, and watches their calls (orvan/outside/CallWatch.h).
+// WatchedPlatform: hands the logic the services of another platform, and watches their calls
+// (orvan/outside/CallWatch.h).
 //
-// A view or a dialog that is made on it uses the watched services. Forms are the inner platform's, and so are the errors
-// that leave event handlers. Ownership: the inner platform, the services and the watch must outlive it. Thread: the
-// user-interface thread.
+// A view or a dialog that is made on it uses the watched services. Forms are the inner platform's, and so are the
+// errors that leave event handlers. Ownership: the inner platform, the services and the watch must outlive it. Thread:
+// the user-interface thread.
 #pragma once
 
 #include "orvan/catalogue_export.h"

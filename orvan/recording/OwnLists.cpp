@@ -42,7 +42,9 @@ private:
     std::shared_ptr<std::weak_ptr<ProductMgr>> shown_;
 };
 
-OwnLists::OwnLists(ui::ComponentFactory& inner) : inner_(inner), shown_(std::make_shared<std::weak_ptr<ProductMgr>>()) {}
+OwnLists::OwnLists(ui::ComponentFactory& inner) : inner_(inner), shown_(std::make_shared<std::weak_ptr<ProductMgr>>())
+{
+}
 
 std::shared_ptr<ui::Component> OwnLists::create(std::string_view className)
 {

@@ -1,8 +1,8 @@
 // OwnLists: makes product managers, and remembers which one holds the list that is shown.
 //
-// A recording has the lists of the library's own manager instead of each of its answers. A host may change a list through
-// the manager itself, and then has it read anew; the recording has the whole list at that point. So the manager that was
-// handed a string last has to be known.
+// A recording has the lists of the library's own manager instead of each of its answers. A host may change a list
+// through the manager itself, and then has it read anew; the recording has the whole list at that point. So the manager
+// that was handed a string last has to be known.
 //
 // Ownership: the inner factory must outlive it; managers are shared with whoever asked for them. Thread: the
 // user-interface thread.

@@ -30,7 +30,8 @@ void Recorder::record(const Work& work) noexcept
 
 std::shared_ptr<Recorder> Recorder::start(ui::Platform& platform, RecordingOptions options)
 {
-    enterLibrary(options.services ? *options.services : platform); // makes the thread's trace object, which is recorded, too
+    enterLibrary(options.services ? *options.services
+                                  : platform); // makes the thread's trace object, which is recorded, too
     return asRuntimeError([&] {
         std::shared_ptr<Recorder> recorder(new Recorder(platform, std::move(options)));
         platform.tap = recorder;
@@ -170,7 +171,11 @@ bool Recorder::begin(std::string_view name, outside::CallArguments arguments, ou
 {
     OpenCall call{.line = {}, .busy = busy_};
     if (running_ && (hears() || outside::isQuestion(name))) {
-        record([&] { call.line = {.name = std::string(name), .arguments = outside::valuesOf(arguments), .knowledge = outside::isQuestion(name)}; });
+        record([&] {
+            call.line = {.name = std::string(name),
+                         .arguments = outside::valuesOf(arguments),
+                         .knowledge = outside::isQuestion(name)};
+        });
     }
     calls_.push_back(std::move(call));
     busy_ = 0;
@@ -266,3 +271,26 @@ void Recorder::giveUp() noexcept
 }
 
 } // namespace orvan::recording
+
+namespace orvan {
+
+void startRecording(ui::Platform& platform, RecordingOptions options)
+{
+    stopRecording(platform);
+    static_cast<void>(recording::Recorder::start(platform, std::move(options)));
+}
+
+void stopRecording(ui::Platform& platform)
+{
+    if (const auto recorder = std::dynamic_pointer_cast<recording::Recorder>(platform.tap)) {
+        recorder->stop();
+    }
+}
+
+bool isRecording(const ui::Platform& platform)
+{
+    const auto recorder = std::dynamic_pointer_cast<recording::Recorder>(platform.tap);
+    return recorder && recorder->running();
+}
+
+} // namespace orvan

@@ -1,48 +1,31 @@
 // Recorder: makes a recording of what users and hosts do with list views, and of what comes of it.
 //
-// A recording (orvan/recording/RecordingLine.h) has everything that went into the library and everything that came out of
-// it, so a replay (orvan/recording/Replay.h) can do the same again without the user, the host and the host's components.
-// It holds products, customers' notes and prices in clear: orvan-replay --redact makes one without them.
-//
-// Recorded are the list views that are made while the recording runs, and the editors that they open; a list view that
-// was there before, and a dialog that a host opens itself, are not. Each event is on its way to the disk before the library
-// works on it, so a crash keeps it.
+// orvan/recording/Recording.h says what is recorded, and orvan/recording/RecordingLine.h how it is written. A recording
+// has everything that went into the library and everything that came out of it, so that a replay
+// (orvan/replay/Replay.h) can do the same again.
 //
 // Ownership: shared. The views that were made while it ran use it to their end, also when it has been stopped. The
 // platform must outlive it. Thread: the user-interface thread. Errors: start raises 75 where the file cannot be made;
 // later nothing is raised: the recording ends, and `report` is called.
 #pragma once
 
-#include "orvan/base/UserText.h"
 #include "orvan/catalogue_export.h"
 #include "orvan/core/Trace.h"
 #include "orvan/files/Descriptor.h"
 #include "orvan/outside/CallWatch.h"
 #include "orvan/outside/WatchedPlatform.h"
 #include "orvan/recording/OwnLists.h"
+#include "orvan/recording/Recording.h"
 #include "orvan/recording/RecordingLine.h"
 #include "orvan/ui/EventTap.h"
 
 #include <chrono>
-#include <filesystem>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace orvan::recording {
-
-struct RecordingOptions {
-    std::filesystem::path file = {}; ///< Must not exist.
-    /// Whether lists are held by the library's own manager, wrapped or not. If not, each answer of the manager is
-    /// recorded, which makes a recording of a long list large.
-    bool ownManager = true;
-    /// The platform whose services the views are to use; null: the one that the recording is started on.
-    ui::Platform* services = nullptr;
-    /// Called once, when the file cannot be written any more.
-    std::function<void(const UserText& message)> report = {};
-};
 
 class ORVAN_CATALOGUE_INTERNAL Recorder final : public ui::EventTap, public outside::CallWatch {
 public:
@@ -78,7 +61,10 @@ private:
 
     Recorder(ui::Platform& platform, RecordingOptions options);
     /// Whether what happens now belongs to something that is recorded.
-    [[nodiscard]] bool hears() const { return running_ && ignored_ == 0 && (busy_ > 0 || !waits_.empty() || !calls_.empty()); }
+    [[nodiscard]] bool hears() const
+    {
+        return running_ && ignored_ == 0 && (busy_ > 0 || !waits_.empty() || !calls_.empty());
+    }
     void endCall(Outcome outcome);
     /// Does the work; an error of it, such as no memory, ends the recording.
     template <class Work>

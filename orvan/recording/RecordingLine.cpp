@@ -301,7 +301,8 @@ Line lineOfText(std::string_view text)
     if (first.front() == '+' || first.front() == '~') {
         line = eventOf(reader, first);
     } else if (first == "enter" || first == "exit") {
-        line = TraceLine{first == "enter" ? TraceLine::What::enter : TraceLine::What::exit, std::string(reader.rest()), 0};
+        line =
+            TraceLine{first == "enter" ? TraceLine::What::enter : TraceLine::What::exit, std::string(reader.rest()), 0};
     } else if (first == "error") {
         const auto number = reader.number<std::int32_t>();
         line = TraceLine{TraceLine::What::error, reader.text(), number};
@@ -331,8 +332,8 @@ Line lineOfText(std::string_view text)
 std::string headingText(const Heading& heading)
 {
     return std::string(kMagic) + " " + std::to_string(kVersion) + " " + quoted(heading.libraryVersion) +
-           " editing=" + (heading.careful ? "careful" : "classic") + " manager=" + (heading.ownManager ? "own" : "host") +
-           " " + std::to_string(heading.maxDataSize);
+           " editing=" + (heading.careful ? "careful" : "classic") +
+           " manager=" + (heading.ownManager ? "own" : "host") + " " + std::to_string(heading.maxDataSize);
 }
 
 Heading headingOfText(std::string_view text)

@@ -3,22 +3,24 @@
 // A recording is a text file, UTF-8, one line for each thing that happened, in the order in which it happened:
 //
 //     orvan-recording 1 "2.1.31" editing=careful manager=own 1048576
-//     +0 1 - created 0 0 ""                     event: milliseconds since the event before, surface, control (or "-"), kind,
+//     +0 1 - created 0 0 ""                     event: milliseconds since the event before, surface, control (or "-"),
+//     kind,
 //                                               two numbers, a text; see orvan/ui/EventTap.h
 //     ~0 1 - fitted 0 0 ""                      the same, while the logic works on another event
 //       enter KTVOrvanProduct.ProductView::Show     what the trace is told
 //       exit KTVOrvanProduct.ProductView::Show
 //       error 91 "Object variable not set"
-//       call settings.get "Orvan" "ProductView" "frmQuote" = "3~0~1200^960"     a call out of the library, and its answer
-//       call catalogue.SeekItem 12 ! 1000 "disk" "Acme"       the same, and the error that it raised: number, text, source
-//       call box.show "Delete the product?" "Orvan" 1 1       a call during which events followed
+//       call settings.get "Orvan" "ProductView" "frmQuote" = "3~0~1200^960"     a call out of the library, and its
+//       answer call catalogue.SeekItem 12 ! 1000 "disk" "Acme"       the same, and the error that it raised: number,
+//       text, source call box.show "Delete the product?" "Orvan" 1 1       a call during which events followed
 //     +840 1 - products 0 0 ""
 //       returns "..."                           what the host got from its event; "raises 14" if that was an error
 //       done = 6                                the answer of the call that is open ("done ! ..." for an error)
 //       form 2                                  a form is shown, until it is closed
 //       closed
 //       measure page 12                         a measure of the screen, which the logic has asked for
-//       know locale.appendCurrency 12.5000 2 = "$12.50"       the answer to a question that changes nothing and may be asked
+//       know locale.appendCurrency 12.5000 2 = "$12.50"       the answer to a question that changes nothing and may be
+//       asked
 //                                               at any time, as for painting; only the first of equal ones is written
 //
 // Values are whole numbers, amounts with four decimals, doubles behind a "d", "null", and texts in quotation marks, in

@@ -123,7 +123,8 @@ private:
         return masked;
     }
 
-    /// A key alone does nothing in a box of text, but where it is a control character; what is typed is an event of its own.
+    /// A key alone does nothing in a box of text, but where it is a control character; what is typed is an event of its
+    /// own.
     static std::int32_t key(std::int32_t character)
     {
         const bool letter = (character >= 'a' && character <= 'z') || character >= 0x80;
@@ -151,8 +152,8 @@ private:
     std::string products(const std::string& string)
     {
         try {
-            const auto manager =
-                std::dynamic_pointer_cast<ProductMgr>(productMgrFactory({.maxDataSize = std::numeric_limits<std::int32_t>::max()})());
+            const auto manager = std::dynamic_pointer_cast<ProductMgr>(
+                productMgrFactory({.maxDataSize = std::numeric_limits<std::int32_t>::max()})());
             manager->SetProductsString(string, kRecordSeparator, kFieldSeparator, false);
             for (std::int32_t i = 1; i <= manager->GetProductCount(); ++i) {
                 const auto record = manager->GetProduct(i);
@@ -199,7 +200,8 @@ private:
             }
         }
         if (outcome.what == recording::Outcome::What::error) {
-            outcome.error = RuntimeError(outcome.error.number(), text(outcome.error.source()), text(outcome.error.text()));
+            outcome.error =
+                RuntimeError(outcome.error.number(), text(outcome.error.source()), text(outcome.error.text()));
         }
         return outcome;
     }
@@ -270,18 +272,21 @@ std::string redacted(std::string_view recording, std::uint64_t key)
     const RecordedLines lines(recording);
     Masker masker(lines, mask);
     const ReplayResult original = replayInMemory(
-        lines, {.beforeEvent = [&](const EventLine& line, const ui::Surface& surface) { masker.beforeEvent(line, surface); }});
+        lines,
+        {.beforeEvent = [&](const EventLine& line, const ui::Surface& surface) { masker.beforeEvent(line, surface); }});
     if (original.end != ReplayResult::End::same) {
         refuse("the recording does not replay as it was recorded, so it cannot be redacted", original);
     }
     std::string text = recording::headingText(lines.heading()) + "\n";
     std::set<std::string> questions; // each answer stands there once
-    const ReplayResult anew = replayInMemory(RecordedLines(masker.result()), {.namesOnly = true, .onLine = [&](const Line& line) {
-        const auto* const call = std::get_if<CallLine>(&line);
-        if (!call || !call->knowledge || questions.insert(recording::lineText(line)).second) {
-            text += recording::lineText(line) + "\n";
-        }
-    }});
+    const ReplayResult anew =
+        replayInMemory(RecordedLines(masker.result()),
+                       {.namesOnly = true, .onLine = [&](const Line& line) {
+                            const auto* const call = std::get_if<CallLine>(&line);
+                            if (!call || !call->knowledge || questions.insert(recording::lineText(line)).second) {
+                                text += recording::lineText(line) + "\n";
+                            }
+                        }});
     if (anew.end != ReplayResult::End::same) {
         refuse("without the texts, something else happens", anew);
     }

@@ -1,9 +1,9 @@
 // Redaction: a recording without the texts of products and customers.
 //
-// Each text that went into the library becomes another one of the same length with the same kinds of characters: small and
-// capital letters, digits, letters of the same script where that is Latin, Greek or Cyrillic. Equal texts become equal
-// ones, and texts that begin alike begin alike, without regard to case, so that look-ups and searches find the same rows.
-// Amounts, and what is typed into their boxes, stay. What came out is made anew by a replay.
+// Each text that went into the library becomes another one of the same length with the same kinds of characters: small
+// and capital letters, digits, letters of the same script where that is Latin, Greek or Cyrillic. Equal texts become
+// equal ones, and texts that begin alike begin alike, without regard to case, so that look-ups and searches find the
+// same rows. Amounts, and what is typed into their boxes, stay. What came out is made anew by a replay.
 //
 // Thread: as Replay. Errors: 321 for a recording that cannot be redacted; the description says where, and why.
 #pragma once

@@ -24,7 +24,8 @@ using recording::ReturnsLine;
 using recording::TraceLine;
 using End = ReplayResult::End;
 
-/// A thread makes its trace object once; where the replay is the first in its thread to use the library, it is this one.
+/// A thread makes its trace object once; where the replay is the first in its thread to use the library, it is this
+/// one.
 class NoTrace final : public Trace {
 public:
     std::int32_t LastErrorNumber() override { return 0; }
@@ -305,12 +306,11 @@ void Replay::playHosts(const EventLine& line)
             result_.products = view.hosted.Products();
             expect(ReturnsLine{gave(result_.products)});
             break;
-        case ui::EventKind::total:
-            expect(ReturnsLine{gave(std::to_string(view.hosted.TotalValue().scaled()))});
-            break;
+        case ui::EventKind::total: expect(ReturnsLine{gave(std::to_string(view.hosted.TotalValue().scaled()))}); break;
         case ui::EventKind::readOnly: view.hosted.setReadOnly(event.first != 0); break;
         case ui::EventKind::refresh:
-            // Only a list that the host has changed is loaded anew, because records belong to the list that they came from.
+            // Only a list that the host has changed is loaded anew, because records belong to the list that they came
+            // from.
             if (lines_.heading().ownManager && components_->lists.products() != event.text) {
                 components_->lists.setProducts(event.text);
             }
@@ -357,7 +357,7 @@ void Replay::waitForForm(const ui::Surface& form)
     // The library hands out its own form, which is not a constant one.
     auto* const shown = const_cast<ui::Form*>(dynamic_cast<const ui::Form*>(&form));
     forms_[number] = shown;
-    stage_.whenShown([this, shown] {
+    stage_.whenShown(*shown, [this, shown] {
         playEvents();
         if (!over() && shown->loaded()) {
             stopAt(End::different, "(the form stays open)");

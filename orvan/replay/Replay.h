@@ -4,8 +4,8 @@
 // strings, messages, calls and the trace are compared line by line with the recorded ones. At the first difference the
 // replay stops.
 //
-// Ownership: a replay is one object for one run; what it is given must outlive the run. Thread: one that uses the library
-// for nothing else meanwhile. Errors: a stage that fails raises what it raises.
+// Ownership: a replay is one object for one run; what it is given must outlive the run. Thread: one that uses the
+// library for nothing else meanwhile. Errors: a stage that fails raises what it raises.
 #pragma once
 
 #include "orvan/catalogue_export.h"
@@ -36,8 +36,8 @@ public:
     virtual ui::Platform& platform() = 0;
     /// A surface with the design of a list view.
     virtual std::unique_ptr<ui::Surface> makeView() = 0;
-    /// The next form that is shown runs `play` when it can take events.
-    virtual void whenShown(std::function<void()> play) = 0;
+    /// The form, which is going to be shown, runs `play` when it can take events.
+    virtual void whenShown(ui::Form& form, std::function<void()> play) = 0;
 };
 
 struct ReplayOptions {
@@ -45,13 +45,13 @@ struct ReplayOptions {
     std::function<std::shared_ptr<ui::Component>()> liveCatalogue = {};
     /// Calls that fail although they did not when the recording was made.
     std::optional<testkit::OutsideCalls::Rule> fail = {};
-    std::size_t untilLine = 0;    ///< Stops before this line; 0: goes on to the end.
-    std::int32_t untilError = 0;  ///< Stops when the trace has recorded an error of this number; 0: does not.
-    /// Only the kinds and names of lines are compared, and not their texts and values: for a recording whose inputs have
-    /// been changed.
+    std::size_t untilLine = 0;   ///< Stops before this line; 0: goes on to the end.
+    std::int32_t untilError = 0; ///< Stops when the trace has recorded an error of this number; 0: does not.
+    /// Only the kinds and names of lines are compared, and not their texts and values: for a recording whose inputs
+    /// have been changed.
     bool namesOnly = false;
-    /// Called with each line in order: the events that are played, with all that the library brings about. Together with
-    /// a heading these lines are a recording of the replay. After a difference they end with the event.
+    /// Called with each line in order: the events that are played, with all that the library brings about. Together
+    /// with a heading these lines are a recording of the replay. After a difference they end with the event.
     std::function<void(const recording::Line& line)> onLine = {};
     /// Called before an event of the user is played on the surface.
     std::function<void(const recording::EventLine& event, const ui::Surface& surface)> beforeEvent = {};
@@ -63,12 +63,12 @@ struct ReplayResult {
         different, ///< `recorded` and `replayed` differ.
         stopped,   ///< At the line or the error that the options name.
     } end = End::same;
-    std::size_t line = 0;      ///< The line of the recording at which the replay ended, from 1.
-    std::string recorded = {}; ///< That line.
-    std::string replayed = {}; ///< What came instead.
+    std::size_t line = 0;               ///< The line of the recording at which the replay ended, from 1.
+    std::string recorded = {};          ///< That line.
+    std::string replayed = {};          ///< What came instead.
     std::vector<std::string> open = {}; ///< The procedures that had been entered and not left, the outermost first.
-    std::size_t events = 0;    ///< How many events were played.
-    std::string products = {}; ///< The list that the host got last.
+    std::size_t events = 0;             ///< How many events were played.
+    std::string products = {};          ///< The list that the host got last.
 };
 
 class ORVAN_CATALOGUE_INTERNAL Replay final : public ui::EventTap, public outside::CallWatch {
@@ -137,7 +137,7 @@ private:
     std::vector<int> shown_;         ///< Their numbers, the outermost first.
     std::size_t at_ = 0;
     std::optional<recording::CallLine> asked_; ///< A question that the stage's own formats are answering.
-    std::int32_t lastError_ = 0; ///< That the trace has recorded last.
+    std::int32_t lastError_ = 0;               ///< That the trace has recorded last.
     ReplayResult result_;
 };
 

@@ -40,9 +40,8 @@ Line lineOf(CallLine call)
 
 bool Replay::begin(std::string_view name, outside::CallArguments arguments, outside::CallValues& answer)
 {
-    CallLine call{.name = std::string(name),
-                  .arguments = outside::valuesOf(arguments),
-                  .knowledge = outside::isQuestion(name)};
+    CallLine call{
+        .name = std::string(name), .arguments = outside::valuesOf(arguments), .knowledge = outside::isQuestion(name)};
     if (options_.fail && !over()) {
         outside::CallValues none;
         failing_.begin(name, arguments, none);

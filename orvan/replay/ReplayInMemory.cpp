@@ -22,7 +22,7 @@ public:
     {
         return std::make_unique<headless::HeadlessSurface>(kProductViewDesign, platform_);
     }
-    void whenShown(std::function<void()> play) override
+    void whenShown(ui::Form& /*form*/, std::function<void()> play) override
     {
         platform_.drive([play = std::move(play)](headless::FormDriver&) { play(); });
     }

@@ -35,8 +35,8 @@ std::uint64_t mixed(std::uint64_t bits)
     return bits ^ (bits >> 31U);
 }
 
-/// What the letter number `letter` of an alphabet becomes: a permutation that `key` chooses. Each round pairs all letters,
-/// and swaps a pair or does not, so that no table of a large alphabet is needed.
+/// What the letter number `letter` of an alphabet becomes: a permutation that `key` chooses. Each round pairs all
+/// letters, and swaps a pair or does not, so that no table of a large alphabet is needed.
 std::uint32_t shuffled(std::uint32_t letter, std::uint32_t count, std::uint64_t key)
 {
     for (std::uint64_t round = 0; round < 24; ++round) {

@@ -2,8 +2,8 @@
 //
 // A test hands the library wrappers that tell this object of each call (orvan/outside/WatchedPlatform.h for a whole
 // platform, outside::watched for single components), and runs a session once to count the calls. Then it runs the same
-// session again with failAt(1), failAt(2) and so on. A host that tests how its own program takes such failures wraps the
-// components that its factories make, and asks for failures by name:
+// session again with failAt(1), failAt(2) and so on. A host that tests how its own program takes such failures wraps
+// the components that its factories make, and asks for failures by name:
 //
 //     orvan::testkit::OutsideCalls calls;
 //     options.makeProductMgr = [&calls] { return orvan::outside::watched(std::make_shared<AcmeManager>(), calls); };

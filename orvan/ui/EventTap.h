@@ -1,12 +1,13 @@
 // EventTap: hears of all that comes to the logic from a platform, before the logic does. A recording is made with it.
 //
 // What a user does reaches the logic through the abstract controls alone, so these tell the tap of the platform, if
-// there is one: each event as the control saw it, and each measure of the screen that the logic asks for. A replay makes
-// the same events happen by Surface::play, and answers the same measures.
+// there is one: each event as the control saw it, and each measure of the screen that the logic asks for. A replay
+// makes the same events happen by Surface::play, and answers the same measures.
 //
-// An event that is reported while the logic works on another one is its consequence, such as the click on a cancel button
-// that Escape causes. It is not told, because the replay of the first event brings it about again. While the logic waits
-// (for a message box, a modal form, or a call out of the library), events are told, for they have a cause of their own.
+// An event that is reported while the logic works on another one is its consequence, such as the click on a cancel
+// button that Escape causes. It is not told, because the replay of the first event brings it about again. While the
+// logic waits (for a message box, a modal form, or a call out of the library), events are told, for they have a cause
+// of their own.
 //
 // Ownership: the platform shares its tap. Thread: the user-interface thread. Errors: a tap must not throw.
 #pragma once
@@ -25,7 +26,8 @@ namespace orvan::ui {
 class Platform;
 class Surface;
 
-/// What the user or the host did, or what came to pass. The comments say what Event's `first`, `second` and `text` hold.
+/// What the user or the host did, or what came to pass. The comments say what Event's `first`, `second` and `text`
+/// hold.
 enum class EventKind : std::uint8_t {
     opened,      ///< The form's window can take keys: its first control gets the focus.
     focused,     ///< A control got the focus.
@@ -62,16 +64,16 @@ enum class EventKind : std::uint8_t {
 
 /// The name of each action in the order of the enumerators, as recordings write it.
 inline constexpr std::array kEventNames = {
-    std::string_view("opened"),  std::string_view("focused"), std::string_view("resized"),
-    std::string_view("formKey"), std::string_view("escape"),  std::string_view("close"),
-    std::string_view("clicked"), std::string_view("tool"),    std::string_view("timer"),
-    std::string_view("key"),     std::string_view("typed"),   std::string_view("selected"),
-    std::string_view("chose"),   std::string_view("gridKey"), std::string_view("gridRow"),
-    std::string_view("gridDrag"), std::string_view("gridWidth"), std::string_view("doubleClick"),
-    std::string_view("rightClick"), std::string_view("created"), std::string_view("placed"),
-    std::string_view("show"), std::string_view("products"), std::string_view("total"),
-    std::string_view("readOnly"), std::string_view("refresh"), std::string_view("run"),
-    std::string_view("current"), std::string_view("fitted"), std::string_view("destroyed"),
+    std::string_view("opened"),     std::string_view("focused"),   std::string_view("resized"),
+    std::string_view("formKey"),    std::string_view("escape"),    std::string_view("close"),
+    std::string_view("clicked"),    std::string_view("tool"),      std::string_view("timer"),
+    std::string_view("key"),        std::string_view("typed"),     std::string_view("selected"),
+    std::string_view("chose"),      std::string_view("gridKey"),   std::string_view("gridRow"),
+    std::string_view("gridDrag"),   std::string_view("gridWidth"), std::string_view("doubleClick"),
+    std::string_view("rightClick"), std::string_view("created"),   std::string_view("placed"),
+    std::string_view("show"),       std::string_view("products"),  std::string_view("total"),
+    std::string_view("readOnly"),   std::string_view("refresh"),   std::string_view("run"),
+    std::string_view("current"),    std::string_view("fitted"),    std::string_view("destroyed"),
 };
 
 struct Event {
@@ -117,8 +119,8 @@ public:
 /// tap it costs a look at a pointer.
 class ORVAN_CORE_INTERNAL Tapped {
 public:
-    /// Whether an event is told that is the consequence of another one. Only what a replay does not bring about by itself
-    /// is told then.
+    /// Whether an event is told that is the consequence of another one. Only what a replay does not bring about by
+    /// itself is told then.
     enum class Consequences { untold, told };
 
     /// `make` returns the event; it is called only if there is a tap. `surface` may be null: nothing is told then.

@@ -51,9 +51,8 @@ void Form::unload(UnloadMode mode)
     if (!loaded_) {
         return;
     }
-    const Tapped tapped(mode == UnloadMode::code ? nullptr : this, [&] {
-        return Event{.kind = EventKind::close, .first = static_cast<std::int32_t>(mode)};
-    });
+    const Tapped tapped(mode == UnloadMode::code ? nullptr : this,
+                        [&] { return Event{.kind = EventKind::close, .first = static_cast<std::int32_t>(mode)}; });
     const bool stays = platform().dispatch([&] { return runHandler(onQueryUnload, mode); });
     if (stays || !loaded_) { // something else may have closed the form while the handler asked the user
         return;

@@ -44,7 +44,8 @@ Event changeOf(std::string_view before, std::string_view after, Event event)
     while (tail < most && before[before.size() - tail - 1] == after[after.size() - tail - 1]) {
         ++tail;
     }
-    while (tail > 0 && (isInsideCharacter(before, before.size() - tail) || isInsideCharacter(after, after.size() - tail))) {
+    while (tail > 0 &&
+           (isInsideCharacter(before, before.size() - tail) || isInsideCharacter(after, after.size() - tail))) {
         --tail;
     }
     event.first = static_cast<std::int32_t>(characterCount(before.substr(0, same)));

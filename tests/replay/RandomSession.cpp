@@ -3,10 +3,10 @@
 #include "orvan/base/Text.h"
 #include "orvan/components/products/InProcessProductMgr.h"
 #include "orvan/core/modInit.h"
-#include "orvan/lookup/ProductLkpMgr.h"
 #include "orvan/ui/ContainerSite.h"
 #include "orvan/ui/icu/IcuLocaleService.h"
 #include "orvan/view/ProductViewDesign.h"
+#include "tests/replay/FourEntries.h"
 #include "tests/support/RecordingTrace.h"
 
 #include <algorithm>
@@ -15,58 +15,9 @@ namespace orvan::replay {
 
 namespace {
 
-constexpr const char* kLists[] = {"3~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1.5:0:112.425:~Chair::C-3:1000:1:12.5:875:blue~",
-                                  "1~Grünes Regal::S-1:20:1:0:20:~", "0~",
-                                  "2~Table::T-1:55.5:1:0:1:\"old\" note~Tab::T-9:0.1234:3:0:0.3702:~"};
-
-struct Entry {
-    const char* name;
-    const char* number;
-    const char* price;
-    const char* note;
-};
-constexpr Entry kEntries[] = {{"Table", "T-9", "55.5", "round"},
-                              {"Table lamp", "T-10", "12.3456", ""},
-                              {"Desk", "D-1", "489", "oak"},
-                              {"Grüner Stuhl", "G-1", "99.99", "zwei\r\nZeilen"}};
-
-class FourEntries final : public ProductLkpMgr {
-public:
-    LookUpList GetPartNumList(std::string_view sText, bool all) override { return find(sText, all, &Entry::number); }
-    LookUpList GetProductNameList(std::string_view sText, bool all) override { return find(sText, all, &Entry::name); }
-    void SeekItem(std::int32_t itemId) override { current_ = itemId >= 1 && itemId <= 4 ? &kEntries[itemId - 1] : nullptr; }
-    bool IsEOF() override { return !current_; }
-    LookUpValue GetFieldValue(std::int32_t column) override
-    {
-        switch (static_cast<LookUpColumn>(column)) {
-        case LookUpColumn::name: return current_->name;
-        case LookUpColumn::partNum: return current_->number;
-        case LookUpColumn::unitPrice: return 12.5;
-        case LookUpColumn::note: return current_->note;
-        case LookUpColumn::key: break;
-        }
-        return {};
-    }
-    std::optional<LookUpSummary> summary(std::int64_t itemId) override
-    {
-        const Entry& entry = kEntries[itemId - 1];
-        return LookUpSummary{entry.number, entry.name, Currency::fromText(entry.price)};
-    }
-
-private:
-    static LookUpList find(std::string_view text, bool all, const char* Entry::* what)
-    {
-        std::vector<LookUpRow> rows;
-        for (const Entry& entry : kEntries) {
-            if (all || (!text.empty() && std::string_view(entry.*what).starts_with(text))) {
-                rows.push_back({&entry - kEntries + 1, entry.*what});
-            }
-        }
-        return rows.empty() ? std::nullopt : LookUpList(rows);
-    }
-
-    const Entry* current_ = nullptr;
-};
+constexpr const char* kLists[] = {
+    "3~Desk::D-1:489:2:0:978:~Lamp::L-7:74.95:1.5:0:112.425:~Chair::C-3:1000:1:12.5:875:blue~",
+    "1~Grünes Regal::S-1:20:1:0:20:~", "0~", "2~Table::T-1:55.5:1:0:1:\"old\" note~Tab::T-9:0.1234:3:0:0.3702:~"};
 
 } // namespace
 
@@ -110,13 +61,12 @@ private:
 RandomSession::RandomSession(contract::Driver& driver, const SessionOptions& options,
                              const std::filesystem::path& recording)
     : driver_(driver), options_(options), random_(options.seed), components_(std::make_unique<Components>()),
-      box_(std::make_unique<Box>(*this)), platform_(driver.platform(), {*components_, *box_, components_->locale}, none_)
+      box_(std::make_unique<Box>(*this)),
+      platform_(driver.platform(), {*components_, *box_, components_->locale}, none_)
 {
     platform_.editing = options.editing;
     driver.platform().onUnhandledError = [](const RuntimeError&) {}; // the driver may press what is greyed
-    platform_.onFormLoaded = [this](ui::Form& form) {
-        driver_.whenShown(form, [this, &form] { useEditor(form); });
-    };
+    platform_.onFormLoaded = [this](ui::Form& form) { driver_.whenShown(form, [this, &form] { useEditor(form); }); };
     recorder_ = recording::Recorder::start(
         driver.platform(), {.file = recording, .ownManager = options.ownManager, .services = &platform_});
 }
@@ -196,7 +146,9 @@ void RandomSession::inList()
         driver_.pressKey(grid, oneOf({"Up", "Down", "End", "Home", "PgDown", "Shift+Down", "Ctrl+C", "Ctrl+V", "Ctrl+X",
                                       "Ctrl+D", "Alt+Up", "Alt+Down", "Del", "Ctrl+A", "F3", "L", "t", "Ctrl+Space"}));
         break;
-    case 3: driver_.click(surface_->control<ui::Button>(oneOf({"cmdDelete", "cmdMoveUp", "cmdMoveDown", "cmdNew"}))); break;
+    case 3:
+        driver_.click(surface_->control<ui::Button>(oneOf({"cmdDelete", "cmdMoveUp", "cmdMoveDown", "cmdNew"})));
+        break;
     case 4: driver_.rightClick(grid, upTo(1) == 0 ? 0 : row, upTo(3)); break;
     case 5: driver_.dragColumn(grid, upTo(3), 300 + 15 * upTo(100)); break;
     case 6: driver_.resize(*surface_, 6000 + 15 * upTo(200), 4000 + 15 * upTo(100)); break;
@@ -242,13 +194,19 @@ void RandomSession::inEditor(ui::Form& form)
         break;
     case 3: driver_.type(focused<ui::TextEntry>(form, oneOf(entries)), "\b"); break;
     case 4: driver_.pressControl(focused<ui::TextEntry>(form, oneOf(entries)), "ACVX"[upTo(3)]); break;
-    case 5: driver_.type(focused<ui::TextEntry>(form, oneOf({"cboPartNum", "cboProductName"})), oneOf({"T", "D", "Ta", "G", "T-9"})); break;
+    case 5:
+        driver_.type(focused<ui::TextEntry>(form, oneOf({"cboPartNum", "cboProductName"})),
+                     oneOf({"T", "D", "Ta", "G", "T-9"}));
+        break;
     case 6:
         if (upTo(9) == 0) {
             driver_.pressEscape(form);
         }
         break;
-    default: driver_.type(focused<ui::TextEntry>(form, oneOf(entries)), oneOf({"1", "2", ".", "5", "-", "a", "Tab", "ü", "9"})); break;
+    default:
+        driver_.type(focused<ui::TextEntry>(form, oneOf(entries)),
+                     oneOf({"1", "2", ".", "5", "-", "a", "Tab", "ü", "9"}));
+        break;
     }
 }
 

@@ -30,7 +30,11 @@ TEST(TextMaskTest, KeepsKindsAndBeginnings)
         const char32_t before = characterAt(text, i);
         const char32_t after = characterAt(masked, j);
         const auto kind = [](char32_t c) {
-            return c >= U'a' && c <= U'z' ? 1 : c >= U'A' && c <= U'Z' ? 2 : c >= U'0' && c <= U'9' ? 3 : c < 0x80 ? 4 : 5;
+            return c >= U'a' && c <= U'z'   ? 1
+                   : c >= U'A' && c <= U'Z' ? 2
+                   : c >= U'0' && c <= U'9' ? 3
+                   : c < 0x80               ? 4
+                                            : 5;
         };
         EXPECT_EQ(kind(before), kind(after));
         EXPECT_TRUE(kind(before) != 4 || before == after);
@@ -61,7 +65,9 @@ TEST(RedactionTest, OfRandomSessionsReplaysAlikeWithoutTheirWords)
         const auto file = folder.path() / std::to_string(seed);
         {
             contract::HeadlessDriver driver;
-            RandomSession(driver, {.seed = seed, .editing = seed % 2 == 0 ? ui::EditingWay::careful : ui::EditingWay::classic}, file)
+            RandomSession(driver,
+                          {.seed = seed, .editing = seed % 2 == 0 ? ui::EditingWay::careful : ui::EditingWay::classic},
+                          file)
                 .run();
         }
         const std::string original = files::Descriptor::openRegular(file).readAll();

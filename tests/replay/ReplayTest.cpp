@@ -56,15 +56,15 @@ void expectSameWhenReplayed(const Sessions& sessions)
                                   file);
             products = session.run();
         }
+        if (const char* const kept = std::getenv("ORVAN_KEEP_RECORDINGS")) { // a folder, for those who look for a fault
+            std::filesystem::copy(file, std::string(kept) + "/" + sessions.name + std::to_string(seed));
+        }
         const ReplayResult result = replayInMemory(RecordedLines(readAll(file)));
         events += result.events;
         if (result.end != ReplayResult::End::same) {
             ADD_FAILURE() << "seed " << seed << ", line " << result.line << "\n recorded " << result.recorded
                           << "\n replayed " << result.replayed
                           << (result.open.empty() ? "" : "\n in " + result.open.back());
-            if (const char* const kept = std::getenv("ORVAN_KEEP")) {
-                std::filesystem::copy_file(file, kept, std::filesystem::copy_options::overwrite_existing);
-            }
             return;
         }
         EXPECT_EQ(result.products, products) << "seed " << seed;
