@@ -59,10 +59,10 @@ struct Summary {
 
 /// Which call a tree is to show.
 struct TreeChoice {
-    std::string file;         ///< A file's name, for `line`; if empty, the last file is meant.
-    std::uint64_t line = 0;   ///< The outermost call with this line; 0: the call is chosen by what follows.
-    std::string procedure;    ///< A label, or its end from a "." or "::" on.
-    std::uint64_t number = 1; ///< Which of the procedure's calls, from 1.
+    std::string file = {};      ///< A file's name, for `line`; if empty, the last file is meant.
+    std::uint64_t line = 0;     ///< The outermost call with this line; 0: the call is chosen by what follows.
+    std::string procedure = {}; ///< A label, or its end from a "." or "::" on.
+    std::uint64_t number = 1;   ///< Which of the procedure's calls, from 1.
 };
 
 /// A call, or an error that was recorded or shown in it.

@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -125,17 +127,21 @@ void tellBadLines(const Summary& summary)
 
 int run(const Arguments& arguments)
 {
+    if (arguments.compares) {
+        std::vector<Log> two;
+        for (const std::filesystem::path& name : arguments.logs) { // one by one: a log may be compared with itself
+            std::ranges::move(findLogs({name}), std::back_inserter(two));
+        }
+        if (two.size() != 2) {
+            refuse("two logs are compared, not " + std::to_string(two.size()));
+        }
+        const auto parting = compare(two[0], two[1]);
+        print(arguments, parting);
+        return parting ? 2 : 0;
+    }
     const std::vector<Log> logs = findLogs(arguments.logs);
     if (logs.empty()) {
         refuse("there is no log in the folder");
-    }
-    if (arguments.compares) {
-        if (logs.size() != 2) {
-            refuse("two logs are compared, not " + std::to_string(logs.size()));
-        }
-        const auto parting = compare(logs[0], logs[1]);
-        print(arguments, parting);
-        return parting ? 2 : 0;
     }
     if (arguments.hasTree) {
         const Tree tree = findTree(logs, arguments.tree);
