@@ -18,5 +18,6 @@ void addPrinting(Suite& suite);       ///< O: a quote as a PDF file
 void addListCommands(Suite& suite);   ///< P: search, undo and copy in a long list
 void addSearch(Suite& suite);         ///< Q: the catalogue's search by itself
 void addServerCopy(Suite& suite);     ///< R: the local copy of a server's catalogue
+void addTraceLines(Suite& suite);     ///< S: the lines of a key in the trace log
 
 } // namespace orvan::bench

@@ -29,6 +29,7 @@ int run(std::vector<std::string> arguments)
     // The subjects that need no window come first: once windows have been made and destroyed, allocating in the heap
     // takes longer on both sides, which hides the difference between them.
     orvan::bench::addEditor(suite);
+    orvan::bench::addTraceLines(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
     orvan::bench::addQtGrid(suite);

@@ -1,4 +1,4 @@
-# Debian packages: the shared libraries, what developers need, and the desk with the catalogue tool. `cpack -G DEB` makes them
+# Debian packages: the shared libraries, what developers need, and the desk with the other programs. `cpack -G DEB` makes them
 # in the build folder of the preset `packages`.
 
 set(CPACK_PACKAGE_NAME orvan)
@@ -40,7 +40,7 @@ endif()
 
 set(CPACK_DEBIAN_DESK_PACKAGE_NAME orvan-desk)
 set(CPACK_DEBIAN_DESK_PACKAGE_SECTION misc)
-set(CPACK_DEBIAN_DESK_DESCRIPTION "opens, edits, saves and prints quotes, and makes catalogues from price lists")
+set(CPACK_DEBIAN_DESK_DESCRIPTION "opens, edits, saves and prints quotes, makes catalogues from price lists, and reads traces")
 set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "${same}")
 set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS qt6-translations-l10n)
 

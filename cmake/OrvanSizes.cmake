@@ -4,7 +4,7 @@
 # for a click. The parts above `core` keep the build type's own options.
 
 # Folders, and single sources of other folders, of which one call does little.
-set(ORVAN_SMALL files lookup editor headless trace registry
+set(ORVAN_SMALL files lookup editor headless registry
     base/RuntimeError.cpp base/UserText.cpp core/Explanation.cpp
     icu/LocaleData.cpp
     ui/Button.cpp ui/ComboBox.cpp ui/Control.cpp ui/Form.cpp ui/LocaleSeparators.cpp ui/Surface.cpp ui/Timer.cpp ui/ToolSet.cpp

@@ -25,7 +25,7 @@ def main() -> int:
 
     usage, _, text = answer("--help").partition("\n\n") if answer("--help").startswith("usage") else \
         answer("--help").partition("\n")
-    synopsis = [line.split(":", 1)[-1].strip().replace(program, name) for line in usage.splitlines()]
+    synopsis = [line.split(": ", 1)[-1].strip().replace(program, name) for line in usage.splitlines()]
     lines = [f'.TH {name.upper()} 1 "" "{answer("--version").strip()}"', ".SH NAME", escaped(f"{name} - {purpose}"),
              ".SH SYNOPSIS", ".nf", *map(escaped, synopsis), ".fi", ".SH DESCRIPTION", ".nf"]
     for line in text.splitlines():

@@ -1,4 +1,4 @@
-"""Calls the programs as a user does, above all with what they have to refuse. Usage: programs.py DESK CATALOGUE GRID"""
+"""Calls the programs as a user does, above all with what they have to refuse. Usage: programs.py DESK CATALOGUE GRID TRACE"""
 import json
 import os
 import pathlib
@@ -11,7 +11,9 @@ import tempfile
 import time
 
 PATIENCE = 20  # seconds, after which a program is taken to be waiting for a pipe for ever
-DESK, CATALOGUE, GRID = (os.path.abspath(program) for program in sys.argv[1:])
+DESK, CATALOGUE, GRID, TRACE = (os.path.abspath(program) for program in sys.argv[1:])
+TRACED = ("2026-01-31 09:15:02.001 7  0 enter A\x1b[31m\n2026-01-31 09:15:02.005 7  0 exit  A\x1b[31m\n"
+          "none\n")
 PRICES = "name,part number,price\nBolt,B-1,1.50\nNut \x1b[31m\u202egnp,B-2,2\n"
 QUOTE = {"format": "orvan-desk-quote", "version": 1, "customer": "c", "number": "n", "date": "2026-11-20",
          "products": ""}
@@ -63,6 +65,18 @@ ROWS = [
     ("a grid of a pipe", [GRID, "pipe"], 1, "is not a file"),
     ("a grid of a device", [GRID, "/dev/zero"], 1, "is not a file"),
     ("a grid of a folder", [GRID, "."], 1, "is not a file"),
+    ("a trace", [TRACE, "a.log"], 0, "  A\\x1B[31m  "),
+    ("a trace as JSON", [TRACE, "--json", "a.log"], 0, '"label":"A\\u001b[31m","calls":1'),
+    ("a line that is none", [TRACE, "a.log"], 0, "a.log:3: no line of a trace"),
+    ("a tree", [TRACE, "--tree", "a.log:2", "a.log"], 0, "A\\x1B[31m  4 ms  (:1)\n"),
+    ("a tree of an unknown call", [TRACE, "--tree", "B#2", "a.log"], 1, "the logs have no such call"),
+    ("two traces that part", [TRACE, "--compare", "a.log", "b.log"], 2, "The logs part after 1 lines"),
+    ("two equal traces", [TRACE, "--compare", "b.log", "b.log"], 0, "The logs are alike"),
+    ("three traces", [TRACE, "--compare", "a.log", "a.log", "b.log"], 1, "two logs are compared, not 3"),
+    ("a trace of a pipe", [TRACE, "pipe"], 1, "is not a file"),
+    ("a trace of a device", [TRACE, "/dev/zero"], 1, "is not a file"),
+    ("a trace of no trace", [TRACE, "prices.csv"], 1, "prices.csv:1: no line of a trace"),
+    ("no trace", [TRACE, "--json"], 1, "no log is named"),
     ("a picture into a pipe", [DESK, "--render", "pipe.png"], 1, "there is something else of this name"),
     ("a quote that is a pipe", [DESK, "--render", "desk.png", "pipe"], 1, "it is a pipe"),
     ("a picture", [DESK, "--render", "desk.png", "n.quote.json"], 0, "desk.png\n"),
@@ -80,7 +94,7 @@ ROWS = [
     ("a CSV file of a pipe", [DESK, "--csv", "n.csv", "pipe"], 1, "it is a pipe"),
     ("a CSV file into a pipe", [DESK, "--csv", "pipe", "n.quote.json"], 1, "there is something else of this name"),
     ("no way of editing", [DESK, "--editing", "careless"], 2, "must be classic or careful, not \"careless\""),
-    *((f"{pathlib.Path(program).name} {option}", [program, option], 0, part) for program in (DESK, CATALOGUE, GRID)
+    *((f"{pathlib.Path(program).name} {option}", [program, option], 0, part) for program in (DESK, CATALOGUE, GRID, TRACE)
       for option, part in (("--version", f"{pathlib.Path(program).name} 2."), ("--help", "Exit status"))),
     ("settings", [DESK, "--settings", "--theme", "dark"], 0, "theme            -       command line: dark\n"),
     ("a setting of the computer", [DESK, "--settings"], 0, "etc/orvan/defaults.conf: Acme\n"),
@@ -211,6 +225,8 @@ def main() -> None:
         (folder / "prices.csv").write_text(PRICES)
         (folder / "strange.csv").write_text("Ding;Wert\nBolt;1,5\nNut;n/a\nBad;x\n")
         (folder / "unclear.csv").write_text("name;part number;price\nBolt;B-1;1,234\n")
+        (folder / "a.log").write_text(TRACED)
+        (folder / "b.log").write_text(TRACED.replace("exit  A", "exit  B"))
         (folder / "products").write_text("1~Nut \x1b[31m\u202egnp:::5:1:0:5:~")
         (folder / "bytes").write_bytes(b"1~Nut \x9b1m:::5:1:0:5:~")
         (folder / "etc/orvan").mkdir(parents=True)

@@ -2,12 +2,15 @@
 
 #include "orvan/base/RuntimeError.h"
 
+#include <spdlog/details/os.h>
+#include <spdlog/fmt/fmt.h>
 #include <spdlog/sinks/rotating_file_sink.h>
 
 #include <cerrno>
 #include <charconv>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <map>
@@ -77,10 +80,55 @@ void reportOnStandardError(const UserText& message)
 
 } // namespace
 
+namespace {
+
+/// Writes what the pattern "%Y-%m-%d %H:%M:%S.%e %t %v" writes. Most lines of a trace follow another one of the same
+/// second and thread, so both are kept as text, and a line costs three digits and two copies.
+class LineFormatter final : public spdlog::formatter {
+public:
+    void format(const spdlog::details::log_msg& message, spdlog::memory_buf_t& line) override
+    {
+        const auto sinceEpoch = message.time.time_since_epoch();
+        const auto second = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
+        if (second != second_ || message.thread_id != thread_) {
+            makePrefix(second, message.thread_id);
+        }
+        auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(sinceEpoch - second).count();
+        for (std::size_t digit = kMillisecondsAt + 3; digit-- > kMillisecondsAt; rest /= 10) {
+            prefix_[digit] = static_cast<char>('0' + rest % 10);
+        }
+        line.append(prefix_.data(), prefix_.data() + prefix_.size());
+        line.append(message.payload.begin(), message.payload.end());
+        line.push_back('\n');
+    }
+    [[nodiscard]] std::unique_ptr<spdlog::formatter> clone() const override
+    {
+        return std::make_unique<LineFormatter>(*this);
+    }
+
+private:
+    void makePrefix(std::chrono::seconds second, std::size_t thread)
+    {
+        const std::tm local = spdlog::details::os::localtime(static_cast<std::time_t>(second.count()));
+        prefix_ = fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.000 {} ", local.tm_year + 1900, local.tm_mon + 1,
+                              local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec, thread);
+        second_ = second;
+        thread_ = thread;
+    }
+
+    static constexpr std::size_t kMillisecondsAt = 20; // behind "2026-01-31 09:15:02."
+
+    std::string prefix_;
+    std::chrono::seconds second_ = std::chrono::seconds::min();
+    std::size_t thread_ = 0;
+};
+
+} // namespace
+
 struct TraceFile::Sink {
     explicit Sink(const TraceLogOptions& options) : file(options.file.string(), options.maxFileSize, options.maxFiles)
     {
-        file.set_pattern("%Y-%m-%d %H:%M:%S.%e %t %v");
+        file.set_formatter(std::make_unique<LineFormatter>());
     }
 
     spdlog::sinks::rotating_file_sink_st file; // the single-threaded sink, because TraceFile has its own lock
@@ -149,7 +197,7 @@ void TraceFile::writeLocked(std::string_view line, bool flushNow)
             removeOldFiles(options_.file.parent_path());
         }
     }
-    const auto now = spdlog::log_clock::now();
+    const auto now = spdlog::log_clock::now(); // the one reading of a clock for the line and for the flush
     sink_->file.log(spdlog::details::log_msg(now, {}, {}, spdlog::level::info, {line.data(), line.size()}));
     if (flushNow || now - flushed_ >= kFlushInterval || now < flushed_) {
         sink_->file.flush();

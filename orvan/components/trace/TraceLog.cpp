@@ -6,6 +6,7 @@
 #include "orvan/core/KeptError.h"
 #include "orvan/core/modInit.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <string>
@@ -70,12 +71,20 @@ void appendOnOneLine(std::string& line, std::string_view text)
     constexpr std::string_view kHex = "0123456789ABCDEF";
     const std::string_view shown =
         text.size() <= kMostCharacters ? text : firstCharacters(text, kMostCharacters); // bytes >= characters
-    for (const char c : shown) {
+    const auto isControl = [](char c) {
         const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F) {
-            line += {'\\', 'x', kHex[byte >> 4], kHex[byte & 0xF]};
-        } else {
-            line += c;
+        return byte < 0x20 || byte == 0x7F;
+    };
+    if (std::none_of(shown.begin(), shown.end(), isControl)) { // every label, so that it is copied as a whole
+        line += shown;
+    } else {
+        for (const char c : shown) {
+            if (isControl(c)) {
+                const auto byte = static_cast<unsigned char>(c);
+                line += {'\\', 'x', kHex[byte >> 4], kHex[byte & 0xF]};
+            } else {
+                line += c;
+            }
         }
     }
     if (shown.size() < text.size()) {
