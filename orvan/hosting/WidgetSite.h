@@ -45,13 +45,17 @@ public:
         const std::int32_t current = shown().currentProduct();
         const bool readOnly = shown().readOnly();
         const bool focused = widget_.isAncestorOf(QApplication::focusWidget());
+        const auto former = widget_.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
         dirtyBefore_ = dirty();
         view_.reset();
         surface_.reset();
         build();
         for (QWidget* const child : widget_.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-            // Widgets that are made in a visible one are not shown with it. The former ones have been hidden.
-            child->setVisible(!child->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget_.isVisible());
+            // Widgets that are made in a visible one are not shown with it.
+            const bool hides = child->isHidden() && child->testAttribute(Qt::WA_WState_ExplicitShowHide);
+            if (!former.contains(child) && !hides) {
+                child->show();
+            }
         }
         if (propertiesRead_) {
             view_->placed();

@@ -15,9 +15,9 @@ struct Entry {
     const char* note;
 };
 inline constexpr Entry kEntries[] = {{"Table", "T-9", "55.5", "round"},
-                              {"Table lamp", "T-10", "12.3456", ""},
-                              {"Desk", "D-1", "489", "oak"},
-                              {"Grüner Stuhl", "G-1", "99.99", "zwei\r\nZeilen"}};
+                                     {"Table lamp", "T-10", "12.3456", ""},
+                                     {"Desk", "D-1", "489", "oak"},
+                                     {"Grüner Stuhl", "G-1", "99.99", "zwei\r\nZeilen"}};
 
 class FourEntries final : public ProductLkpMgr {
 public:

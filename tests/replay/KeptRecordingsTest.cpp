@@ -1,6 +1,6 @@
 // Recordings of sessions in which something went wrong once, and of the typical edit. They are kept in
-// tests/replay/recordings, and come out the same in memory and in windows. With ORVAN_MAKE_RECORDINGS=1 the sessions below
-// make them anew.
+// tests/replay/recordings, and come out the same in memory and in windows. With ORVAN_MAKE_RECORDINGS=1 the sessions
+// below make them anew.
 
 #include "tests/replay/FourEntries.h"
 #include "tests/support/Rows.h"
@@ -124,7 +124,8 @@ constexpr Session kSessions[] = {
 
 std::filesystem::path fileOf(const Session& session)
 {
-    return std::filesystem::path(ORVAN_SOURCE_ROOT) / "tests/replay/recordings" / (std::string(session.name) + ".recording");
+    return std::filesystem::path(ORVAN_SOURCE_ROOT) / "tests/replay/recordings" /
+           (std::string(session.name) + ".recording");
 }
 
 void makeAnew(const Session& session)

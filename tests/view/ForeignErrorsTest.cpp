@@ -9,6 +9,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/ViewFixture.h"
 
+#include <stdexcept>
 #include <thread>
 
 namespace orvan::test {
@@ -64,6 +65,7 @@ struct NoPlatform {
     NoPlatform(ui::LocaleService&, ui::ComponentFactory&, const Kind& kind) { kind.raise(); }
     void useServices(const ui::HostServices& /*services*/) {}
     ui::MessageBox& messageBox() { return box; }
+    operator ui::Platform&() { throw std::logic_error("it cannot be made, so it cannot be used"); }
     headless::HeadlessMessageBox box;
     ui::EditingWay editing{};
     std::string supportAddress;

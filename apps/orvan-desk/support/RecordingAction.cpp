@@ -1,6 +1,6 @@
-#include "support/RecordingAction.h"
+#include "RecordingAction.h"
 
-#include "PlainBox.h"
+#include "apps/orvan-desk/PlainBox.h"
 
 #include "orvan/components/trace/TraceLog.h"
 #include "orvan/hosting/ProductViewWidget.h"
@@ -88,7 +88,8 @@ void RecordingAction::start()
         window_.statusBar()->addPermanentWidget(sign_);
     } catch (const std::exception& error) {
         stopRecording(qtHost().platform());
-        PlainBox(QMessageBox::Warning, tr("The recording could not be started.") + QStringLiteral("\n\n") + qt::translated(error),
+        PlainBox(QMessageBox::Warning,
+                 tr("The recording could not be started.") + QStringLiteral("\n\n") + qt::translated(error),
                  QMessageBox::Ok, &window_)
             .exec();
     }

@@ -1280,6 +1280,18 @@ Saving would overwrite these changes.</source>
         <source>View Product</source>
         <translation>عرض المنتج</translation>
     </message>
+    <message>
+        <source>The folder &quot;%1&quot; cannot be made.</source>
+        <translation>لا يمكن إنشاء المجلد &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>The recording has ended, because &quot;%1&quot; cannot be written: %2.</source>
+        <translation>انتهى التسجيل لأن الكتابة في &quot;%1&quot; غير ممكنة: %2.</translation>
+    </message>
+    <message>
+        <source>You have no home folder.</source>
+        <translation>ليس لديك مجلد رئيسي.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -2725,6 +2737,41 @@ Without an address, products are looked up in this computer&apos;s own catalogue
     <message>
         <source>&amp;Keep</source>
         <translation>إبقاء (&amp;ق)</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::RecordingAction</name>
+    <message>
+        <source>&amp;Record What I Do</source>
+        <translation>&amp;تسجيل ما أفعله</translation>
+    </message>
+    <message>
+        <source>Record what you do with the products?</source>
+        <translation>هل تريد تسجيل ما تفعله بالمنتجات؟</translation>
+    </message>
+    <message>
+        <source>The recording holds all keys and clicks in the list and the editor, the products with their prices and notes, and what the catalogue answers. Customer and quote number are not in it. It is kept in “%1”, where only you can read it, and goes to nobody by itself.
+
+It ends when you choose this command again, or close the window.</source>
+        <translation>يحتوي التسجيل على جميع الضغطات والنقرات في القائمة والمحرر، والمنتجات بأسعارها وملاحظاتها، وإجابات الدليل. العميل ورقم العرض ليسا فيه. يُحفظ في “%1” حيث لا يقرؤه غيرك، ولا يُرسل إلى أحد من تلقاء نفسه.
+
+ينتهي عندما تختار هذا الأمر مرة أخرى أو تغلق النافذة.</translation>
+    </message>
+    <message>
+        <source>&amp;Record</source>
+        <translation>&amp;تسجيل</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>يجري التسجيل</translation>
+    </message>
+    <message>
+        <source>The recording could not be started.</source>
+        <translation>تعذر بدء التسجيل.</translation>
+    </message>
+    <message>
+        <source>The recording has ended. It is kept in “%1”.</source>
+        <translation>انتهى التسجيل. وهو محفوظ في “%1”.</translation>
     </message>
 </context>
 <context>

@@ -1264,6 +1264,18 @@ Speichern würde diese Änderungen überschreiben.</translation>
         <source>View Product</source>
         <translation>Artikel ansehen</translation>
     </message>
+    <message>
+        <source>The folder &quot;%1&quot; cannot be made.</source>
+        <translation>Der Ordner „%1“ kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The recording has ended, because &quot;%1&quot; cannot be written: %2.</source>
+        <translation>Die Aufzeichnung ist beendet, weil „%1“ nicht geschrieben werden kann: %2.</translation>
+    </message>
+    <message>
+        <source>You have no home folder.</source>
+        <translation>Sie haben keinen persönlichen Ordner.</translation>
+    </message>
 </context>
 <context>
     <name>orvan::desk::CatalogueMenu</name>
@@ -2649,6 +2661,41 @@ Ohne Adresse werden Artikel im eigenen Katalog dieses Rechners gesucht.</transla
     <message>
         <source>&amp;Keep</source>
         <translation>&amp;Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>orvan::desk::RecordingAction</name>
+    <message>
+        <source>&amp;Record What I Do</source>
+        <translation>&amp;Aufzeichnen, was ich tue</translation>
+    </message>
+    <message>
+        <source>Record what you do with the products?</source>
+        <translation>Aufzeichnen, was Sie mit den Produkten tun?</translation>
+    </message>
+    <message>
+        <source>The recording holds all keys and clicks in the list and the editor, the products with their prices and notes, and what the catalogue answers. Customer and quote number are not in it. It is kept in “%1”, where only you can read it, and goes to nobody by itself.
+
+It ends when you choose this command again, or close the window.</source>
+        <translation>Die Aufzeichnung enthält alle Tasten und Klicks in der Liste und im Editor, die Produkte mit ihren Preisen und Notizen und was der Katalog antwortet. Kunde und Angebotsnummer sind nicht darin. Sie liegt in „%1“, wo nur Sie sie lesen können, und geht von selbst an niemanden.
+
+Sie endet, wenn Sie diesen Befehl noch einmal wählen oder das Fenster schließen.</translation>
+    </message>
+    <message>
+        <source>&amp;Record</source>
+        <translation>&amp;Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufzeichnung läuft</translation>
+    </message>
+    <message>
+        <source>The recording could not be started.</source>
+        <translation>Die Aufzeichnung konnte nicht begonnen werden.</translation>
+    </message>
+    <message>
+        <source>The recording has ended. It is kept in “%1”.</source>
+        <translation>Die Aufzeichnung ist beendet. Sie liegt in „%1“.</translation>
     </message>
 </context>
 <context>

@@ -181,8 +181,11 @@ void GridPart::doAction(const QString& name)
 GridAccessible::GridAccessible(GridView& view) : QAccessibleWidget(&view, QAccessible::Table), view_(view)
 {
     // GridView leaves out the events of QTableView, which count hidden columns.
-    QObject::connect(view.selectionModel(), &QItemSelectionModel::currentChanged, &context_,
-                     [this] { tellCurrentRow(); });
+    if (view.selectionModel()) { // a view that is going to be destroyed has none any more, but is still hidden and told
+                                 // of
+        QObject::connect(view.selectionModel(), &QItemSelectionModel::currentChanged, &context_,
+                         [this] { tellCurrentRow(); });
+    }
 }
 
 GridAccessible::~GridAccessible()
@@ -301,6 +304,9 @@ QList<QAccessibleInterface*> GridAccessible::selectedCells() const
 QList<int> GridAccessible::selectedRows() const
 {
     QList<int> rows;
+    if (!view_.selectionModel()) {
+        return rows;
+    }
     for (const QItemSelectionRange& range : view_.selectionModel()->selection()) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
             rows << row;
