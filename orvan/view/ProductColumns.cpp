@@ -10,6 +10,7 @@
 #include "orvan/view/ProductColumnTable.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace orvan {
@@ -245,7 +246,9 @@ void ProductColumns::mnuRowColumns_Click(std::string_view item)
 
 void ProductColumns::changeWidth(std::int32_t column, WidthChange change)
 {
-    const std::int32_t shown = flexGrid_.shownWidth(column);
+    // Stored widths may be anything.
+    constexpr std::int32_t kWidest = std::numeric_limits<std::int32_t>::max() - kWidthStep;
+    const std::int32_t shown = std::clamp(flexGrid_.shownWidth(column), 0, kWidest);
     switch (change) {
     case WidthChange::wider: flexGrid_.dragToWidth(column, shown + kWidthStep); break;
     case WidthChange::narrower: flexGrid_.dragToWidth(column, std::max(shown - kWidthStep, kWidthStep)); break;
