@@ -239,6 +239,26 @@ std::set<std::string> wordsOf(std::string_view text)
     return words;
 }
 
+/// The texts in a call, without the words that the format itself has, such as "null": a product may be called so.
+std::string textsOf(const CallLine& call)
+{
+    std::string texts;
+    const auto add = [&](const outside::CallValues& values) {
+        for (const outside::CallValue& value : values) {
+            const auto* const text = std::get_if<std::string>(&value);
+            if (text && !(call.name.starts_with("catalogue.") && *text == "list")) {
+                texts.append(" ").append(*text);
+            }
+        }
+    };
+    add(call.arguments);
+    add(call.outcome.values);
+    if (call.outcome.what == recording::Outcome::What::error) {
+        texts.append(" ").append(call.outcome.error.text()).append(" ").append(call.outcome.error.source());
+    }
+    return texts;
+}
+
 /// What stands in a line and is neither a label nor a sentence of the library.
 std::string inputOf(const Line& line)
 {
@@ -252,7 +272,7 @@ std::string inputOf(const Line& line)
     if (const auto* const call = std::get_if<CallLine>(&line);
         call && call->name != "box.show" && !call->name.starts_with("settings.") && call->name != "components.create" &&
         call->name != "timer.schedule" && call->name != "platform.loadForm") {
-        return recording::lineText(CallLine{.name = "x", .arguments = call->arguments, .outcome = call->outcome});
+        return textsOf(*call);
     }
     const auto* const returned = std::get_if<ReturnsLine>(&line);
     return returned && !returned->outcome.values.empty() ? outside::partOf<std::string>(returned->outcome.values)

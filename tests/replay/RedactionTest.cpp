@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 namespace orvan::replay {
 namespace {
 
@@ -83,6 +85,20 @@ TEST(RedactionTest, OfRandomSessionsReplaysAlikeWithoutTheirWords)
         }
     }
     EXPECT_EQ(refused, 0U);
+}
+
+TEST(RedactionTest, TakesProductsThatAreCalledAsTheWordsOfTheFormat)
+{
+    std::string text = files::Descriptor::openRegular(std::filesystem::path(ORVAN_SOURCE_ROOT) /
+                                                      "tests/replay/recordings/typical-edit.recording")
+                           .readAll();
+    for (std::size_t at = text.find("Desk"); at != std::string::npos; at = text.find("Desk", at)) {
+        text.replace(at, 4, "Null list call");
+    }
+    const std::string made = redacted(text, 3);
+    EXPECT_THAT(made, HasSubstr("= null\n"));
+    EXPECT_THAT(made, HasSubstr("= \"list\" "));
+    EXPECT_THAT(made, ::testing::Not(HasSubstr("Null")));
 }
 
 TEST(RedactionTest, RefusesWhatDoesNotReplay)
