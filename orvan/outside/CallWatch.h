@@ -69,7 +69,7 @@ public:
     /// The call that began last has been passed on, and answered so.
     virtual void end(const CallValues& /*answer*/) {}
     /// The call that began last has been passed on, and has thrown what the thread is handling now.
-    virtual void failed() noexcept {}
+    virtual void threw() noexcept {}
     /// A number for an object that the library got by a call, such as a product; none has the same number.
     std::int64_t nextObject() { return ++objects_; }
 
@@ -146,7 +146,7 @@ auto watchedCall(CallWatch& watch, std::string_view name, CallArguments argument
         }
         return result;
     } catch (...) {
-        watch.failed();
+        watch.threw();
         throw;
     }
 }
@@ -160,7 +160,7 @@ void watchedCall(CallWatch& watch, std::string_view name, CallArguments argument
         try {
             work();
         } catch (...) {
-            watch.failed();
+            watch.threw();
             throw;
         }
         if (watch.keepsAnswers()) {

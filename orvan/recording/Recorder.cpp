@@ -187,7 +187,7 @@ void Recorder::end(const outside::CallValues& answer)
     endCall(gave(answer));
 }
 
-void Recorder::failed() noexcept
+void Recorder::threw() noexcept
 {
     if (running_) {
         record([this] { endCall({.what = Outcome::What::error, .error = currentError()}); });

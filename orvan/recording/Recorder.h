@@ -50,7 +50,7 @@ public:
     bool begin(std::string_view name, outside::CallArguments arguments, outside::CallValues& answer) override;
     bool keepsAnswers() const override { return running_; }
     void end(const outside::CallValues& answer) override;
-    void failed() noexcept override;
+    void threw() noexcept override;
 
 private:
     struct OpenCall {

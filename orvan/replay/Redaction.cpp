@@ -45,8 +45,10 @@ public:
         EventLine masked = line;
         if (line.event.kind == ui::EventKind::typed && isTextBox(line.control)) {
             const std::string& old = surface.control<ui::TextEntry>(line.control).text();
-            const std::string_view before = firstCharacters(old, static_cast<std::size_t>(line.event.first));
-            const auto end = static_cast<std::size_t>(line.event.first + line.event.second);
+            // A damaged recording may have any numbers here; TextEntry::play takes them in the same way.
+            const auto start = static_cast<std::size_t>(std::max(line.event.first, 0));
+            const std::string_view before = firstCharacters(old, start);
+            const std::size_t end = start + static_cast<std::size_t>(std::max(line.event.second, 0));
             const std::string whole =
                 std::string(before) + line.event.text + old.substr(firstCharacters(old, end).size());
             masked.event.first = 0;

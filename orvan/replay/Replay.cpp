@@ -250,6 +250,20 @@ void Replay::playEvents()
 
 void Replay::play(const EventLine& line)
 {
+    if (nesting_ == kMostNested) {
+        stopAt(End::different, "the events stand too deep in each other");
+        return;
+    }
+    struct Deeper {
+        explicit Deeper(int& nesting) : count(nesting) { ++count; }
+        ~Deeper() { --count; }
+        int& count;
+    } const deeper(nesting_);
+    playWithin(line);
+}
+
+void Replay::playWithin(const EventLine& line)
+{
     const EventLine event = line;
     ++result_.events;
     tell(event);
