@@ -66,17 +66,19 @@ function(orvan_library name)
     orvan_name_target(${name} "${ARG_PUBLIC_HEADERS}")
 endfunction()
 
-# orvan_headers(<name> PUBLIC_HEADERS ... LINKS ...) makes the same kind of target out of headers alone.
+# orvan_headers(<name> PART <part> PUBLIC_HEADERS ... LINKS ...) makes the same kind of target out of headers alone, which is
+# installed with the part.
 function(orvan_headers name)
-    cmake_parse_arguments(ARG "" "" "PUBLIC_HEADERS;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "" "PART" "PUBLIC_HEADERS;LINKS" ${ARGN})
     add_library(orvan_${name} INTERFACE)
     set_target_properties(orvan_${name} PROPERTIES EXPORT_NAME ${name})
     orvan_resolve(${name} links ${ARG_LINKS})
     target_link_libraries(orvan_${name} INTERFACE ${links})
-    orvan_name_target(${name} "${ARG_PUBLIC_HEADERS}")
+    orvan_name_target(${name} "${ARG_PUBLIC_HEADERS}" ${ARG_PART})
 endfunction()
 
-# Gives the target of a folder its alias, and installs it with its headers.
+# Gives the target of a folder its alias, and installs it with its headers: one that is no library, with the part that is
+# named.
 function(orvan_name_target name headers)
     orvan_part_of(${name} part)
     set(target orvan_${name})
@@ -87,7 +89,7 @@ function(orvan_name_target name headers)
     if(ORVAN_INSTALL AND (part OR headers))
         if(target STREQUAL "orvan_${name}")
             if(NOT part)
-                set(part core)
+                set(part ${ARGV2})
             endif()
             install(TARGETS ${target} EXPORT KTVOrvanProduct-${part}
                 ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)

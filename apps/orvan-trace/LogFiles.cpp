@@ -100,6 +100,7 @@ std::vector<Log> findLogs(const std::vector<fs::path>& named)
         std::vector<Log> found;
         appendLogs(found, logsIn(name));
         std::vector<std::pair<std::string, Log>> byBeginning;
+        byBeginning.reserve(found.size());
         for (Log& log : found) {
             byBeginning.emplace_back(firstLine(log), std::move(log));
         }

@@ -53,7 +53,7 @@ public:
         for (QWidget* const child : widget_.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
             // Widgets that are made in a visible one are not shown with it.
             const bool hides = child->isHidden() && child->testAttribute(Qt::WA_WState_ExplicitShowHide);
-            if (!former.contains(child) && !hides) {
+            if (!former.contains(child) && !child->isWindow() && !hides) { // a menu is a window
                 child->show();
             }
         }

@@ -138,7 +138,7 @@ ReplayResult Replay::run()
     if (!over()) {
         result_.line = lines_.size() == 0 ? 1 : lines_.number(lines_.size() - 1);
     }
-    const ReplayResult result = result_;
+    ReplayResult result = result_;
     options_.onLine = nullptr;
     stopAt(End::stopped, {}); // what is destroyed now is not compared
     views_.clear();

@@ -34,7 +34,7 @@ bool isInsideCharacter(std::string_view text, std::size_t at)
 Event changeOf(std::string_view before, std::string_view after, Event event)
 {
     const auto differs = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-    std::size_t same = static_cast<std::size_t>(differs.first - before.begin());
+    auto same = static_cast<std::size_t>(differs.first - before.begin());
     while (same > 0 && same < std::max(before.size(), after.size()) &&
            (isInsideCharacter(before, same) || isInsideCharacter(after, same))) {
         --same;

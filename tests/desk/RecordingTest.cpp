@@ -87,6 +87,11 @@ TEST_F(RecordingTest, OfTheDeskReplaysInMemoryWithEditsUndoAndTheEditor)
     ASSERT_EQ(list().findChildren<QTableView*>(QStringLiteral("flexGrid")).size(), 1);
     EXPECT_TRUE(list().findChild<QTableView*>(QStringLiteral("flexGrid"))->isVisible());
 
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    for (const QWidget* const part : list().findChildren<QWidget*>()) {
+        EXPECT_FALSE(part->isWindow() && part->isVisible()) << part->objectName().toStdString();
+    }
+
     run(Command::moveUp);
     auto* const history = window.findChild<QuoteHistory*>();
     history->stack().undo();

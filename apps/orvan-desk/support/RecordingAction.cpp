@@ -23,6 +23,8 @@ namespace orvan::desk {
 
 namespace {
 
+constexpr int kSignMargin = 8; // pixels
+
 /// A file that does not exist yet. Makes its folder. Raises 75 where there can be none.
 QString newFile()
 {
@@ -82,8 +84,9 @@ void RecordingAction::start()
                                              .report = [this](const UserText& why) { tellEnd(why); }});
         list_.renew();
         setChecked(true);
-        sign_ = new QLabel(tr("Recording"));
+        sign_ = new QLabel(QStringLiteral("●  ") + tr("Recording"));
         sign_->setObjectName(QStringLiteral("recordingSign"));
+        sign_->setContentsMargins(kSignMargin, 0, kSignMargin, 0);
         sign_->setToolTip(QDir::toNativeSeparators(file_));
         window_.statusBar()->addPermanentWidget(sign_);
     } catch (const std::exception& error) {

@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::streamoff kMostBytes = 256 * 1024;
+constexpr std::streamoff kMostBytes = std::streamoff{256} * 1024;
 constexpr std::string_view kNameStart = "trace-", kNameEnd = ".log";
 constexpr std::string_view kLastExit = " exit  KTVOrvanProduct.ProductView::UserControl_Terminate";
 
@@ -81,6 +81,7 @@ std::vector<fs::path> logsIn(const fs::path& folder, const fs::path& own)
     }
     std::sort(logs.rbegin(), logs.rend());
     std::vector<fs::path> files;
+    files.reserve(logs.size());
     for (auto& [written, file] : logs) {
         files.push_back(std::move(file));
     }
