@@ -91,6 +91,9 @@ bool Replay::askedOutside(CallLine question, outside::CallValues& answer)
         take(*known, answer);
         return false;
     }
+    if (!over() && !options_.namesOnly && !options_.liveCatalogue && !stage_.paints()) {
+        stopAt(End::different, recording::lineText(question));
+    }
     const bool formats = question.name.starts_with("locale."); // the stage's own serve what it paints
     asked_ = formats ? std::optional(std::move(question)) : std::nullopt;
     return formats;

@@ -22,6 +22,7 @@ public:
     {
         return std::make_unique<headless::HeadlessSurface>(kProductViewDesign, platform_);
     }
+    bool paints() const override { return false; }
     void whenShown(ui::Form& /*form*/, std::function<void()> play) override
     {
         platform_.drive([play = std::move(play)](headless::FormDriver&) { play(); });
