@@ -36,8 +36,8 @@ public:
     virtual ui::Platform& platform() = 0;
     /// A surface with the design of a list view.
     virtual std::unique_ptr<ui::Surface> makeView() = 0;
-    /// Whether the platform itself asks for formats, to paint what it shows. Where it does not, each question comes from the
-    /// library, and one that the recording has not is a difference.
+    /// Whether the platform itself asks for formats, to paint what it shows. Where it does not, each question comes
+    /// from the library, and one that the recording has not is a difference.
     virtual bool paints() const { return true; }
     /// The form, which is going to be shown, runs `play` when it can take events.
     virtual void whenShown(ui::Form& form, std::function<void()> play) = 0;
