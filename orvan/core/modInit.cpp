@@ -54,6 +54,11 @@ void enterLibrary(ui::Platform& platform)
     }
 }
 
+std::shared_ptr<Trace> exchangeTrace(std::shared_ptr<Trace> trace)
+{
+    return std::exchange(gobjTrace, std::move(trace));
+}
+
 Trace& traceObject()
 {
     if (threadEnded || !gobjTrace) {

@@ -38,7 +38,8 @@ namespace ui {
 class Platform;
 }
 
-/// The thread's trace object: empty until Main has run in the thread, never replaced by the library.
+/// The thread's trace object: empty until Main has run in the thread. The library replaces it only while it records or
+/// replays (exchangeTrace).
 extern thread_local std::shared_ptr<Trace> gobjTrace;
 
 /// Creates the thread's trace object. On failure shows a message box and raises the creation error
@@ -47,7 +48,10 @@ void Main(ui::Platform& platform);
 
 /// Runs Main when the library is first used in the calling thread. It does so only once, even if Main fails.
 /// Every public object of the library calls it before anything else.
-void enterLibrary(ui::Platform& platform);
+ORVAN_CORE_INTERNAL void enterLibrary(ui::Platform& platform);
+
+/// Puts another trace object into the place of the thread's, which may be empty, and returns the former one.
+ORVAN_CORE_INTERNAL std::shared_ptr<Trace> exchangeTrace(std::shared_ptr<Trace> trace);
 
 /// Returns gobjTrace. Raises 91 before Main has made it, and after the thread has released it: a static object of the
 /// program can outlive its thread's trace object.

@@ -35,8 +35,9 @@ std::shared_ptr<Recorder> Recorder::start(ui::Platform& platform, RecordingOptio
     return asRuntimeError([&] {
         std::shared_ptr<Recorder> recorder(new Recorder(platform, std::move(options)));
         platform.tap = recorder;
-        if (gobjTrace) {
-            recorder->trace_ = std::exchange(gobjTrace, outside::watched(gobjTrace, *recorder));
+        if (auto own = exchangeTrace(nullptr)) {
+            recorder->trace_ = own;
+            exchangeTrace(outside::watched(std::move(own), *recorder));
         }
         return recorder;
     });
@@ -74,7 +75,7 @@ void Recorder::stop()
         record([this] { flush(); });
     }
     if (trace_) {
-        gobjTrace = std::exchange(trace_, nullptr);
+        exchangeTrace(std::exchange(trace_, nullptr));
     }
     if (inner_.tap.get() == this) {
         inner_.tap = nullptr;

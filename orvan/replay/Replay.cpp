@@ -120,12 +120,12 @@ Replay::Replay(const RecordedLines& lines, Stage& stage, ReplayOptions options)
     outside::WatchedPlatform beginning(platform, own, unheard); // making the trace object is no part of a recording
     enterLibrary(beginning);
     platform.tap = std::shared_ptr<EventTap>(std::shared_ptr<void>(), this); // which outlives its stay there
-    formerTrace_ = std::exchange(gobjTrace, outside::watched(std::shared_ptr<Trace>(), *this));
+    formerTrace_ = exchangeTrace(outside::watched(std::shared_ptr<Trace>(), *this));
 }
 
 Replay::~Replay()
 {
-    gobjTrace = formerTrace_;
+    exchangeTrace(formerTrace_);
     stage_.platform().tap = nullptr;
 }
 
