@@ -250,15 +250,15 @@ void Replay::playEvents()
 
 void Replay::play(const EventLine& line)
 {
-    if (nesting_ == kMostNested) {
+    if (playing_.size() == kMostNested) {
         stopAt(End::different, "the events stand too deep in each other");
         return;
     }
-    struct Deeper {
-        explicit Deeper(int& nesting) : count(nesting) { ++count; }
-        ~Deeper() { --count; }
-        int& count;
-    } const deeper(nesting_);
+    struct Playing {
+        Playing(std::vector<int>& playing, int surface) : all(playing) { all.push_back(surface); }
+        ~Playing() { all.pop_back(); }
+        std::vector<int>& all;
+    } const playing(playing_, line.surface);
     playWithin(line);
 }
 
@@ -299,13 +299,15 @@ void Replay::playWithin(const EventLine& line)
 void Replay::playHosts(const EventLine& line)
 {
     const ui::Event& event = line.event;
-    if (event.kind == ui::EventKind::created) {
-        views_[line.surface] = std::make_unique<View>(stage_);
+    const auto found = views_.find(line.surface);
+    const bool created = event.kind == ui::EventKind::created;
+    const bool atWork = std::count(playing_.begin(), playing_.end(), line.surface) > 1; // one is this event
+    if (created == (found != views_.end()) || (atWork && event.kind == ui::EventKind::destroyed)) {
+        stopAt(End::different, "this cannot happen to list view " + std::to_string(line.surface) + " now");
         return;
     }
-    const auto found = views_.find(line.surface);
-    if (found == views_.end()) {
-        stopAt(End::different, "there is no list view " + std::to_string(line.surface));
+    if (created) {
+        views_[line.surface] = std::make_unique<View>(stage_);
         return;
     }
     View& view = *found->second;

@@ -102,7 +102,7 @@ private:
     class Site;
     struct View;
     /// More than a session ever has; each takes some kilobytes of the stack.
-    static constexpr int kMostNested = 100;
+    static constexpr std::size_t kMostNested = 100;
 
     [[nodiscard]] bool over() const { return result_.end != ReplayResult::End::same; }
     const recording::Line* next() const { return at_ < lines_.size() ? &lines_[at_] : nullptr; }
@@ -142,7 +142,7 @@ private:
     std::map<int, ui::Form*> forms_; ///< Those that are shown.
     std::vector<int> shown_;         ///< Their numbers, the outermost first.
     std::size_t at_ = 0;
-    int nesting_ = 0;                          ///< Events that are being played, each within the one before.
+    std::vector<int> playing_; ///< The surfaces of the events that are being played, each within the one before.
     std::optional<recording::CallLine> asked_; ///< A question that the stage's own formats are answering.
     std::int32_t lastError_ = 0;               ///< That the trace has recorded last.
     ReplayResult result_;
