@@ -3,7 +3,7 @@
 In both ways of editing, a column is chosen from its menu, a product is edited, the list is walked through and a product
 is deleted. The answer No then leaves the quote as it was, and saving changes only the field that was edited. The
 typical edit follows: its products and, in the classic way, its trace must be those that it has in memory
-(tests/walk/)."""
+(tests/walk/). At last the desk opens what the desk of version 2.1.30 has left (tests/desk/kept/)."""
 import json
 import pathlib
 import sys
@@ -123,12 +123,34 @@ def typical_edit(program: str, quote: dict, path: str, way: str) -> None:
     assert trace == sections["trace"], (len(trace), differences[:5])
 
 
+def upgrade(program: str) -> None:
+    """The quote and the settings that the desk of version 2.1.30 wrote are read as they were meant, and stay."""
+    kept = pathlib.Path(__file__).parent / "kept"
+    settings = (kept / "2.1.30.settings.ini").read_text()
+    quote = json.loads((kept / "2.1.30.quote.json").read_text())
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder, "Orvan", "settings.ini")
+        file.parent.mkdir()
+        file.write_text(settings)
+        with Desk(program, folder, quote) as desk:
+            wait_for("the list", lambda: "flexGrid row 14" in desk.places())
+            places = desk.places()
+            widths = [places[f"flexGrid header {caption}"][2] for caption in ("#", "Qty", "Ext Price")]
+            # 480, 1200 and 1755 twips; the product's name has what is left.
+            assert all(abs(width / sum(widths) - twips / 3435) < 0.01
+                       for width, twips in zip(widths, (480, 1200, 1755))), widths
+            saved = desk.saved()
+        assert saved == quote | {"currency": saved["currency"]}, saved
+        assert set(settings.splitlines()) <= set(file.read_text().splitlines()), file.read_text()
+
+
 def main() -> None:
     program, sample, edit = sys.argv[1:]
     quote = json.loads(pathlib.Path(sample).read_text()) | {"currency": "USD"}  # without one, saving adds the user's
     for way in (CLASSIC, CAREFUL):
         revert_then_save(program, quote, way)
         typical_edit(program, quote, edit, way)
+    upgrade(program)
 
 
 main()
