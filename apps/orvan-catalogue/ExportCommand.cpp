@@ -17,6 +17,7 @@
 
 namespace orvan::tool {
 
+using shared::countOf;
 using shared::terminalText;
 
 const char kExportHelp[] =
@@ -141,7 +142,7 @@ int exportCatalogue(const std::vector<std::string>& words)
     } else {
         exportFile(files[0], list);
     }
-    std::cout << list.finish() << " entries in " << terminalText(files[1]) << '\n';
+    std::cout << countOf(list.finish(), "entry", "entries") << " in " << terminalText(files[1]) << '\n';
     return kDone;
 }
 

@@ -45,6 +45,7 @@ preview     Shows how a price list is understood, and imports nothing. It takes 
 
 namespace {
 
+using shared::countOf;
 using shared::terminalText;
 
 char oneCharacter(const std::string& option, const std::string& value)
@@ -168,9 +169,9 @@ void tellRows(const std::string& source, const std::vector<RefusedRow>& rows, st
 /// What was imported: the numbers, and what of the list was not.
 void tellImported(const CatalogueImportResult& result, const std::string& source, const std::string& catalogue)
 {
-    std::cout << result.rows << " entries in " << catalogue << '\n';
+    std::cout << countOf(result.rows, "entry", "entries") << " in " << catalogue << '\n';
     if (result.withoutPrice > 0) {
-        std::cout << result.withoutPrice << (result.withoutPrice == 1 ? " entry" : " entries") << " without a price\n";
+        std::cout << countOf(result.withoutPrice, "entry", "entries") << " without a price\n";
     }
     std::cout << "Read as "
               << (result.sheet.empty() ? result.encoding : "the sheet \"" + terminalText(result.sheet) + "\"")
@@ -207,8 +208,9 @@ int report(const CatalogueImportResult& result, const Request& request, const Re
         return kDone;
     }
     const bool imported = result.outcome == Outcome::imported;
-    std::cerr << "orvan-catalogue: " << result.refusedCount << " of " << result.refusedCount + result.rows
-              << " rows refused; " << (imported ? "the others were imported" : catalogue + " was not changed") << '\n';
+    std::cerr << "orvan-catalogue: " << result.refusedCount << " of "
+              << countOf(result.refusedCount + result.rows, "row", "rows") << " refused; "
+              << (imported ? "the others were imported" : catalogue + " was not changed") << '\n';
     if (!imported && !request.options.skipBadRows) {
         std::cerr << "orvan-catalogue: --skip-bad-rows imports the others\n";
     }

@@ -13,6 +13,7 @@ namespace orvan::trace_reader {
 
 namespace {
 
+using shared::countOf;
 using shared::terminalText;
 
 std::string shown(const std::vector<std::filesystem::path>& files, Place place)
@@ -163,7 +164,8 @@ void printText(std::ostream& out, const Summary& summary)
     if (summary.errorsOutside > 0) {
         out << "\nErrors outside of all procedures: " << summary.errorsOutside << '\n';
     }
-    out << '\n' << summary.lines << " lines of " << summary.files.size() << " files\n";
+    out << '\n'
+        << countOf(summary.lines, "line", "lines") << " of " << countOf(summary.files.size(), "file", "files") << '\n';
 }
 
 void printJson(std::ostream& out, const Summary& summary)
@@ -244,7 +246,7 @@ void printText(std::ostream& out, const std::optional<Parting>& parting)
         out << "The logs are alike.\n";
         return;
     }
-    out << "The logs part after " << parting->lines << " lines of the thread:\n";
+    out << "The logs part after " << countOf(parting->lines, "line", "lines") << " of the thread:\n";
     printSide(out, parting->left);
     printSide(out, parting->right);
 }

@@ -1,4 +1,5 @@
-// TerminalText: texts from outside the program, changed so that they can be shown safely.
+// TerminalText: what programs print on a terminal: texts from outside, changed so that they can be shown safely, and
+// counts.
 //
 // A text from a file may hold characters that move a terminal's cursor or change its title, or that switch the writing
 // direction and so reorder the texts around them. Such characters are shown by their numbers: \x1B, \u202E.
@@ -69,6 +70,12 @@ struct Utf8Character {
         text.remove_prefix(bytes);
     }
     return shown;
+}
+
+/// A count and what is counted: "1 entry", "2 entries". The programs for a terminal speak English only.
+[[nodiscard]] inline std::string countOf(std::uint64_t count, std::string_view one, std::string_view many)
+{
+    return std::to_string(count).append(" ").append(count == 1 ? one : many);
 }
 
 } // namespace orvan::shared
