@@ -52,21 +52,22 @@ std::size_t runSession(const Sweep& sweep, OutsideCalls& calls, std::size_t numb
     return made;
 }
 
-void expectOrderWhateverFails(const Sweep& sweep)
+/// Makes the calls of one of several parts fail. `part` counts from 0.
+void expectOrderWhateverFails(const Sweep& sweep, std::size_t part = 0, std::size_t parts = 1)
 {
     const char* const size = std::getenv("ORVAN_SWEEPS");
     const std::size_t stride = size && std::string_view(size) == "whole" ? 1 : sweep.stride;
     OutsideCalls calls;
     const std::size_t all = runSession(sweep, calls, 0);
     std::size_t runs = 0;
-    for (std::size_t number = 1; number <= all; number += stride, ++runs) {
+    for (std::size_t number = 1 + part * stride; number <= all; number += parts * stride, ++runs) {
         runSession(sweep, calls, number);
     }
     std::cout << sweep.name << ": " << all << " calls, " << runs << " of them failed\n";
     EXPECT_GT(all, 300U);
 }
 
-TEST(OutsideCallsTest, InMemory)
+TEST(OutsideCallsInMemoryTest, EachCall)
 {
     using enum ui::EditingWay;
     using enum OutsideCalls::Repeat;
@@ -80,11 +81,16 @@ TEST(OutsideCallsTest, InMemory)
             {"classic, no exception class", make<contract::HeadlessDriver>, classic, once, foreign, 3},
             {"careful, no exception class", make<contract::HeadlessDriver>, careful, once, foreign, 3},
         },
-        expectOrderWhateverFails);
+        [](const Sweep& sweep) { expectOrderWhateverFails(sweep); });
 }
 
 #ifdef ORVAN_SWEEP_QT
-TEST(OutsideCallsTest, InWindows)
+/// A session in windows mostly waits, so several parts can run at a time.
+class OutsideCallsTest : public testing::TestWithParam<std::size_t> {};
+
+constexpr std::size_t kParts = 4;
+
+TEST_P(OutsideCallsTest, InWindows)
 {
     using enum ui::EditingWay;
     test::forEachRow(
@@ -94,8 +100,10 @@ TEST(OutsideCallsTest, InWindows)
             {"careful, in windows", make<contract::QtDriver>, careful, OutsideCalls::Repeat::once,
              OutsideCalls::Failure::runtimeError, 130},
         },
-        expectOrderWhateverFails);
+        [](const Sweep& sweep) { expectOrderWhateverFails(sweep, GetParam(), kParts); });
 }
+
+INSTANTIATE_TEST_SUITE_P(Part, OutsideCallsTest, testing::Range(std::size_t{0}, kParts));
 #endif
 
 } // namespace
