@@ -17,12 +17,13 @@ from pathlib import Path
 from programs import LargeCatalogueImported, QuoteSaved, RecoveryCopyKept, SettingChanged, TraceWritten
 
 SCENARIOS = (QuoteSaved, SettingChanged, RecoveryCopyKept, TraceWritten, LargeCatalogueImported)
+WORKERS = 4  # programs that run, and are killed, at a time
 base = Path(sys.argv[4]) / "kills"
 
 
 def killed(kind, place, seconds):
     """Kills the program after that time. Returns the file's state then, and what is wrong (None if nothing is)."""
-    scenario = kind(base / f"{kind.__name__}-{place % 4}")
+    scenario = kind(base / f"{kind.__name__}-{place % WORKERS}")
     scenario.prepare()
     program = scenario.start(steps=scenario.endless)
     if scenario.endless:
@@ -48,13 +49,16 @@ def killed(kind, place, seconds):
 
 
 def longest(kind):
-    """Returns within how many seconds the program is killed: somewhat more than it takes, if it ends by itself."""
-    scenario = kind(base / f"{kind.__name__}-0")
-    scenario.prepare()
-    if scenario.endless:
+    """Returns within how many seconds the program is killed: somewhat more than it takes beside as many others as run
+    while it is killed, if it ends by itself."""
+    scenarios = [kind(base / f"{kind.__name__}-{place}") for place in range(WORKERS)]
+    if scenarios[0].endless:
         return 2.5 if kind is RecoveryCopyKept else 0.5
+    for scenario in scenarios:
+        scenario.prepare()
     begin = time.monotonic()
-    scenario.start().communicate(timeout=60)
+    for program in [scenario.start() for scenario in scenarios]:
+        program.communicate(timeout=60)
     return 1.3 * (time.monotonic() - begin)
 
 
@@ -70,10 +74,10 @@ def main():
         jobs = [moments.uniform(0, most) for _ in range(times)]
 
         def worker(first, kind=kind, jobs=jobs):  # each thread has a folder of its own
-            return [killed(kind, place, jobs[place]) for place in range(first, len(jobs), 4)]
+            return [killed(kind, place, jobs[place]) for place in range(first, len(jobs), WORKERS)]
 
-        with ThreadPoolExecutor(4) as threads:
-            results = [result for each in threads.map(worker, range(4)) for result in each]
+        with ThreadPoolExecutor(WORKERS) as threads:
+            results = [result for each in threads.map(worker, range(WORKERS)) for result in each]
         found = [problem for _, problem in results if problem]
         states = [state for state, _ in results]
         print(f"{kind.__name__}: killed {times} times, then {states.count('old')} old, {states.count('new')} new, "
