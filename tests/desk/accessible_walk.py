@@ -46,8 +46,9 @@ def descendants(node):
 
 
 def application():
-    desktop = Atspi.get_desktop(0)
-    return next((each for each in children(desktop) if each.get_name() == "orvan-desk"), None)
+    """Of several with its name the one that has windows: a desktop's own part of Qt may add one that is empty."""
+    named = [each for each in children(Atspi.get_desktop(0)) if each.get_name() == "orvan-desk"]
+    return max(named, key=lambda each: each.get_child_count(), default=None)
 
 
 def find(root, role: str, name: str | None = None):

@@ -73,7 +73,8 @@ def quick_host(programs, folder, _, pictures) -> None:
         take(pictures, "quick-host")
         keys("Down", "ctrl+d")
     lamp = "Desk lamp:::0:1:0:74.95:~"
-    expect("the duplicated lamp", example.output.strip(), f"2~{lamp}{lamp}")
+    # A desktop's own part of Qt may have written warnings before.
+    expect("the duplicated lamp", (example.output.splitlines() or [""])[-1], f"2~{lamp}{lamp}")
 
 
 def order_window(programs, folder, examples, pictures) -> None:
