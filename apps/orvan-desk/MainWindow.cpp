@@ -131,6 +131,9 @@ MainWindow::MainWindow()
     recoveryTimer_.setSingleShot(true);
     recoveryTimer_.setInterval(kBeforeRecoveryCopy);
     connect(&recoveryTimer_, &QTimer::timeout, this, &MainWindow::updateRecoveryCopy);
+    titleTimer_.setSingleShot(true);
+    titleTimer_.setInterval(0);
+    connect(&titleTimer_, &QTimer::timeout, this, &MainWindow::updateTitle);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepUnsavedWork);
     history_ = new QuoteHistory(*products_, this);
     history_->watch(*customer_, tr("Customer"));
@@ -155,16 +158,24 @@ MainWindow::~MainWindow() = default;
 void MainWindow::listEdited()
 {
     listChanged_ = true;
-    quoteChanged();
+    keepSoon();
+    if (!QApplication::activeModalWidget()) { // in an open editor the user may still take the change back
+        titleTimer_.start();
+    }
 }
 
 void MainWindow::quoteChanged()
 {
+    keepSoon();
+    if (!QApplication::activeModalWidget()) {
+        updateTitle();
+    }
+}
+
+void MainWindow::keepSoon()
+{
     if (!recoveryTimer_.isActive()) {
         recoveryTimer_.start();
-    }
-    if (!QApplication::activeModalWidget()) { // in an open editor the user may still take the change back
-        updateTitle();
     }
 }
 

@@ -19,6 +19,8 @@ namespace {
 constexpr Milliseconds kQuiet{30};
 /// A window opens with the help of the window manager, which has its own steps.
 constexpr Milliseconds kQuietStart{150};
+/// A button that is pressed by its key is shown pressed for a tenth of a second first.
+constexpr Milliseconds kQuietQuestion{250};
 
 QProcessEnvironment environmentFor(const std::string& display, const std::filesystem::path& home)
 {
@@ -68,6 +70,7 @@ Actor::Actor(const Stage& stage, const Command& command)
     screen_.forgetChanges();
     program_.setProcessEnvironment(environmentFor(screen_.display(), home_));
     program_.setStandardErrorFile(QString::fromStdString((home_ / "errors").string()));
+    program_.setWorkingDirectory(QString::fromStdString(home_.string()));
     program_.setProgram(QString::fromStdString(command.program.string()));
     program_.setArguments(command.arguments);
     try {
@@ -82,11 +85,13 @@ void Actor::start(const Command& command)
 {
     const Clock::time_point begin = Clock::now();
     program_.start();
-    const std::optional<Clock::time_point> shown = screen_.lastChange(kQuietStart, kPatience);
+    double work = 0;
+    const std::optional<Clock::time_point> shown =
+        screen_.lastChange(kQuietStart, kPatience, [&] { work = processorTime(program_.processId()); });
     if (!shown) {
         throw std::runtime_error(command.program.string() + " showed no window");
     }
-    startTime_ = measure_ == Measure::toPixels ? nanoseconds(*shown - begin) : processorTime(program_.processId());
+    startTime_ = measure_ == Measure::toPixels ? nanoseconds(*shown - begin) : work;
     awaitWindows(1);
 }
 
@@ -118,26 +123,38 @@ std::string Actor::hold(const std::string& stroke, bool down)
     return stroke.substr(from);
 }
 
-double Actor::measured(const std::string& what, const std::function<void()>& act)
+double Actor::measured(const std::string& what, Measure measure, Milliseconds quiet, const std::function<void()>& act)
 {
     screen_.forgetChanges();
     const double before = processorTime(program_.processId());
+    double work = 0;
     const Clock::time_point begin = Clock::now();
     act();
-    const std::optional<Clock::time_point> last = screen_.lastChange(kQuiet, kPatience);
+    const std::optional<Clock::time_point> last =
+        screen_.lastChange(quiet, kPatience, [&] { work = processorTime(program_.processId()) - before; });
     if (!last) {
         throw std::runtime_error(what + " changed no pixel");
     }
-    return measure_ == Measure::toPixels ? nanoseconds(*last - begin) : processorTime(program_.processId()) - before;
+    return measure == Measure::toPixels ? nanoseconds(*last - begin) : work;
 }
 
 double Actor::answerTo(const std::string& stroke)
+{
+    return answerTo(stroke, measure_, kQuiet);
+}
+
+double Actor::workFor(const std::string& stroke)
+{
+    return answerTo(stroke, Measure::processorTime, kQuietQuestion);
+}
+
+double Actor::answerTo(const std::string& stroke, Measure measure, Milliseconds quiet)
 {
     const std::string key = hold(stroke, true);
     if (key.size() != stroke.size()) {
         settle(); // a held key may show something itself, such as the underlines of access keys
     }
-    const double time = measured(stroke, [&] { screen_.key(key, true); });
+    const double time = measured(stroke, measure, quiet, [&] { screen_.key(key, true); });
     screen_.key(key, false);
     hold(stroke, false);
     settle();
@@ -151,22 +168,10 @@ double Actor::answerToDoubleClick(const std::string& thing)
     screen_.button(true);
     screen_.button(false);
     settle();
-    const double time = measured("a double click on " + thing, [&] { screen_.button(true); });
+    const double time = measured("a double click on " + thing, measure_, kQuiet, [&] { screen_.button(true); });
     screen_.button(false);
     settle();
     return time;
-}
-
-double Actor::workFor(const std::string& stroke)
-{
-    const std::string key = hold(stroke, true);
-    settle();
-    const double before = processorTime(program_.processId());
-    measured(stroke, [&] { screen_.key(key, true); });
-    screen_.key(key, false);
-    hold(stroke, false);
-    screen_.lastChange(kQuietStart, kQuietStart); // closing a window has steps of the window manager between
-    return processorTime(program_.processId()) - before;
 }
 
 void Actor::press(const std::string& stroke)

@@ -22,7 +22,7 @@ namespace orvan::felt {
 struct Command {
     std::filesystem::path program;
     QStringList arguments;
-    /// Becomes the home directory, in a copy of its own for each run; nothing that is written there is seen later.
+    /// Becomes the home and the working directory, in a copy of its own for each run.
     std::filesystem::path home;
 };
 
@@ -51,7 +51,7 @@ public:
     double answerTo(const std::string& stroke);
     /// A double click on a thing, and nanoseconds of the answer to its second press.
     double answerToDoubleClick(const std::string& thing);
-    /// A stroke, and the processor time of the answer in any case, in nanoseconds.
+    /// A stroke that answers a question, and the processor time of what follows, in nanoseconds.
     double workFor(const std::string& stroke);
 
     /// The same without a figure, until the answer has come. Pixels need not change.
@@ -70,7 +70,8 @@ private:
     void start(const Command& command);
     void end();
     Place placeOf(const std::string& thing);
-    double measured(const std::string& what, const std::function<void()>& act);
+    double answerTo(const std::string& stroke, Measure measure, Milliseconds quiet);
+    double measured(const std::string& what, Measure measure, Milliseconds quiet, const std::function<void()>& act);
     void settle();
     /// What has to be held for the stroke; returns the key itself.
     std::string hold(const std::string& stroke, bool down);

@@ -166,17 +166,21 @@ QJsonObject quoteOf(int products)
     return quote;
 }
 
-QString writeQuote(const std::filesystem::path& folder, int products)
+QString quoteName(int products)
 {
-    const QString path = QString::fromStdString((folder / (std::to_string(products) + ".quote.json")).string());
-    QFile file(path);
+    return QStringLiteral("%1.quote.json").arg(products);
+}
+
+void writeQuote(const std::filesystem::path& folder, int products)
+{
+    QFile file(QString::fromStdString(folder.string()) + u'/' + quoteName(products));
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(quoteOf(products)).toJson()) < 0) {
         throw std::runtime_error("a quote cannot be written: " + file.errorString().toStdString());
     }
-    return path;
 }
 
-/// Makes the home directory of a user who has started the desk before, and so has a catalogue and settings.
+/// Makes the home directory of a user who has started the desk before, and so has a catalogue and settings. The quotes
+/// are in it, too, so that each run has its own: two desks do not edit the same file.
 std::filesystem::path makeHome(const std::filesystem::path& desk, Screen& screen, const std::filesystem::path& folder)
 {
     const std::filesystem::path home = folder / "home";
@@ -190,21 +194,20 @@ std::filesystem::path makeHome(const std::filesystem::path& desk, Screen& screen
     }
     actor.quit("Control_L+q");
     std::filesystem::copy(actor.home(), home, std::filesystem::copy_options::recursive);
+    writeQuote(home, kShort);
+    writeQuote(home, kLong);
     return home;
 }
 
 /// Makes both sides of rows.
 class Sides {
 public:
-    Sides(const Programs& programs, const std::filesystem::path& home, const std::filesystem::path& folder)
-        : programs_(programs), home_(home), quotes_{writeQuote(folder, kShort), writeQuote(folder, kLong)}
-    {
-    }
+    Sides(const Programs& programs, const std::filesystem::path& home) : programs_(programs), home_(home) {}
 
     [[nodiscard]] Command desk(int products) const
     {
         return {.program = programs_.desk,
-                .arguments = {QStringLiteral("--print-places"), quotes_[products == kLong ? 1 : 0]},
+                .arguments = {QStringLiteral("--print-places"), quoteName(products)},
                 .home = home_};
     }
     /// The small program's command; that of the former desk where there is one.
@@ -232,7 +235,6 @@ public:
 private:
     const Programs& programs_;
     std::filesystem::path home_;
-    QString quotes_[2];
 };
 
 void addKeys(std::vector<Row>& rows, const Sides& sides)
@@ -321,7 +323,7 @@ void addList(std::vector<Row>& rows, const Sides& sides)
 
 std::vector<Row> makeRows(const Programs& programs, Screen& screen, const std::filesystem::path& folder)
 {
-    const Sides sides(programs, makeHome(programs.desk, screen, folder), folder);
+    const Sides sides(programs, makeHome(programs.desk, screen, folder));
     std::vector<Row> rows;
     addKeys(rows, sides);
     addEditor(rows, sides, programs.formerDesk.has_value());

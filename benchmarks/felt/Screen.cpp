@@ -161,13 +161,17 @@ void Screen::movePointer(const Place& place)
     XFlush(parts_->connection.get());
 }
 
-std::optional<Clock::time_point> Screen::lastChange(Milliseconds quiet, Milliseconds limit)
+std::optional<Clock::time_point> Screen::lastChange(Milliseconds quiet, Milliseconds limit,
+                                                    const std::function<void()>& onChange)
 {
     std::optional<Clock::time_point> last;
     const Clock::time_point begin = Clock::now();
     while (true) {
         if (parts_->takeEvents()) {
             last = Clock::now();
+            if (onChange) {
+                onChange();
+            }
         }
         const Clock::time_point now = Clock::now();
         const Milliseconds left = last ? quiet - Milliseconds(now - *last) : limit - Milliseconds(now - begin);

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -50,7 +51,9 @@ public:
     /// Waits until pixels change, and then until none has changed for `quiet`. Returns when the last of these changes
     /// was heard of, or nothing if none came within `limit`. Changes that came before the call count, too: see
     /// forgetChanges.
-    std::optional<Clock::time_point> lastChange(Milliseconds quiet, Milliseconds limit);
+    /// Each change that is heard of is told to `onChange`.
+    std::optional<Clock::time_point> lastChange(Milliseconds quiet, Milliseconds limit,
+                                                const std::function<void()>& onChange = {});
     /// Forgets the changes that have come until now.
     void forgetChanges();
 
