@@ -273,7 +273,10 @@ void MainWindow::updateTitle()
                                                       : tr("New quote");
     const QString shown = products_->isReadOnly() ? tr("%1 (read only)").arg(name) : name;
     setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(shown)));
-    setWindowModified(isUnsaved());
+    // Only where it differs: Qt would write the window's title and its icon's again, and window managers paint it twice.
+    if (const bool unsaved = isUnsaved(); unsaved != isWindowModified()) {
+        setWindowModified(unsaved);
+    }
     status_->notice(isWindowModified());
 }
 

@@ -212,8 +212,8 @@ TEST_F(ProductViewReentryTest, ARefreshInsideOfARefreshLeavesTheLaterOneRight)
     hooks.act = [&] {
         list->GetProduct(1)->SetName("Other");
         view->flexGrid().chooseRow(1);
-        button("cmdMoveDown").click();
-        list->MoveProduct(2, 1);
+        button("cmdMoveDown").click(); // shows the list, and no more: the refresh before it has not ended
+        EXPECT_EQ(names(), "Other Lamp");
         list->GetProduct(1)->SetName("Desk");
     };
     button("cmdDelete").click();
