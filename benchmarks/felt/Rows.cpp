@@ -119,7 +119,12 @@ Play nextProduct(bool inEditor)
 
 Play movingDown()
 {
-    return {[](Actor& actor) { actor.click(kFirstRow); }, thereAndBack(kMoveDown, kMoveUp)};
+    // The first move stays, so that the list is never the saved one again, and the window's title stays as it is.
+    return {[](Actor& actor) {
+                actor.click(kFirstRow);
+                actor.press(kMoveDown);
+            },
+            thereAndBack(kMoveDown, kMoveUp)};
 }
 
 Play deleting()
