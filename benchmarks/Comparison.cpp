@@ -16,9 +16,6 @@ namespace orvan::bench {
 
 namespace {
 
-/// By what factor a row may miss its bound without failing.
-constexpr double kTolerance = 1.5;
-
 /// Keeps the figures of the last run and prints nothing.
 class SilentReporter final : public benchmark::BenchmarkReporter {
 public:
@@ -60,32 +57,6 @@ std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int rep
     return medians;
 }
 
-struct Judgement {
-    double ratio;   ///< The ratio that the bound is about: ours to the peer's, or the peer's to ours.
-    double shortBy; ///< The factor by which the row misses its bound; at 1 or less the bound holds.
-};
-
-Judgement judge(const Bound& bound, double ours, double peer)
-{
-    switch (bound.kind) {
-    case Bound::Kind::atMostTimes: return {ours / peer, ours / peer / bound.value};
-    case Bound::Kind::atLeastTimesFaster: return {peer / ours, bound.value / (peer / ours)};
-    case Bound::Kind::atMost: break;
-    }
-    const double ratio = bound.value == 0 ? (ours == 0 ? 0.0 : kTolerance + ours) : ours / bound.value;
-    return {ratio, ratio};
-}
-
-std::string boundText(const Row& row)
-{
-    switch (row.bound.kind) {
-    case Bound::Kind::atMostTimes: return "at most " + plainNumber(row.bound.value) + " times";
-    case Bound::Kind::atLeastTimesFaster: return "at least " + plainNumber(row.bound.value) + " times faster";
-    case Bound::Kind::atMost: break;
-    }
-    return "at most " + figureText(row.bound.value, row.unit);
-}
-
 /// Measures the row and prints it. Returns false if it fails.
 bool runRow(const Row& row, Table& table)
 try {
@@ -96,16 +67,12 @@ try {
     }
     const std::vector<double> medians = mediansInTurn(inTurn, row.repetitions);
     const Judgement judgement = judge(row.bound, medians.front(), medians.back());
-    const bool fails = judgement.shortBy > kTolerance;
     table.print({row.name, figureText(medians.front(), row.unit),
                  sides.peer ? sides.peer->name + " " + figureText(medians.back(), row.unit) : "",
-                 sides.peer ? plainNumber(judgement.ratio) : "", boundText(row),
-                 fails                   ? "FAILS"
-                 : judgement.shortBy > 1 ? "falls short"
-                                         : "holds"});
-    return !fails;
+                 sides.peer ? plainNumber(judgement.ratio) : "", boundText(row.bound, row.unit), judgement.verdict()});
+    return !judgement.fails();
 } catch (const std::exception& error) {
-    table.print({row.name, "", "", "", boundText(row), std::string("FAILS: ").append(error.what())});
+    table.print({row.name, "", "", "", boundText(row.bound, row.unit), std::string("FAILS: ").append(error.what())});
     return false;
 }
 
@@ -133,7 +100,7 @@ try {
 /// The row's name and bound, because several rows may have the same name.
 std::string label(const Row& row)
 {
-    return std::string(row.name).append(" (").append(boundText(row)).append(")");
+    return std::string(row.name).append(" (").append(boundText(row.bound, row.unit)).append(")");
 }
 
 std::string label(const Growth& growth)

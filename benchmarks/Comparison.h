@@ -6,10 +6,11 @@
 // a loop that Google Benchmark times (timed), or a number that the row computes itself (a percentile of samples, bytes
 // of heap, the time that another program takes to start). The bound of a row without a peer is a figure, not a ratio.
 //
-// Machines are noisy, so a row fails only if it misses its bound by more than half: "at most 3 times" fails above 4.5
-// times, "at least 9 times faster" fails below 6 times, "at most 1 us" fails above 1.5 us.
+// When a row fails is decided in benchmarks/Bound.h.
 // Thread: one, the program's first.
 #pragma once
+
+#include "benchmarks/Bound.h"
 
 #include <benchmark/benchmark.h>
 
@@ -20,9 +21,6 @@
 #include <vector>
 
 namespace orvan::bench {
-
-/// The unit of a figure. Times are always in nanoseconds; the table shows them in the unit that is easiest to read.
-enum class Unit { nanoseconds, bytes, count };
 
 struct Side {
     std::string name;               ///< Stands in the table beside the peer's figure; empty for our side.
@@ -42,25 +40,6 @@ Side timed(const std::string& name, const std::function<void(benchmark::State&)>
 /// measures the thread's time. A part should take 50 microseconds or more, because reading the time takes some hundred
 /// nanoseconds.
 void timePart(benchmark::State& state, const std::function<void()>& part);
-
-struct Bound {
-    enum class Kind { atMostTimes, atLeastTimesFaster, atMost };
-    Kind kind;
-    double value;
-};
-inline Bound atMostTimes(double value)
-{
-    return {Bound::Kind::atMostTimes, value};
-}
-inline Bound atLeastTimesFaster(double value)
-{
-    return {Bound::Kind::atLeastTimesFaster, value};
-}
-/// The bound of a row without a peer: a figure in the row's unit.
-inline Bound atMost(double figure)
-{
-    return {Bound::Kind::atMost, figure};
-}
 
 struct Sides {
     Side ours;

@@ -1,7 +1,7 @@
 // Table: prints a Markdown table on a stream, row by row, and writes figures for its cells.
 #pragma once
 
-#include "benchmarks/Comparison.h"
+#include "benchmarks/Bound.h"
 
 #include <cstddef>
 #include <ostream>

@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* kHelp =
     "usage: ./bench [--growth] [--list] [NAME...]\n"
+    "       ./bench --felt --help\n"
     "\n"
     "Prints each path of the library beside its peer and its bound; medians, measured in turn.\n"
     "Exits with 1 and names the rows that fall short of their bound by more than half.\n"

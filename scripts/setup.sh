@@ -13,14 +13,16 @@ test_packages=("${run_packages[@]}" "${site_packages[@]}" ccache clang libclang-
                poppler-utils # reads the text of a printed quote
                qt6-tools-dev libqt6opengl6-dev # Designer's plug-in, and the loader of forms for its test
                dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi) # these four: assistive technology
-lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev shellcheck)
+lint_packages=("${test_packages[@]}" clang-format-14 clang-tidy-14 libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev
+               shellcheck)
 fuzz_packages=("${run_packages[@]}" ccache clang libclang-rt-dev llvm) # llvm: finds the source line of a fault
 # For ./test portable. googletest has GoogleTest's sources, which are needed because the installed library was built for
 # this processor and with libstdc++.
 libcxx_packages=(libc++-dev libc++abi-dev googletest)
 aarch64_packages=(g++-aarch64-linux-gnu qemu-user googletest)
 s390x_packages=(g++-s390x-linux-gnu qemu-user googletest)
-bench_packages=("${run_packages[@]}" libbenchmark-dev postgresql xvfb)
+bench_packages=("${run_packages[@]}" libbenchmark-dev postgresql xvfb
+                openbox libx11-dev libxtst-dev libxdamage-dev) # these four: ./bench --felt
 picture_packages=("${run_packages[@]}" python3 xvfb xauth xdotool openbox imagemagick poppler-utils
                   qt6-tools-dev libqt6opengl6-dev designer-qt6) # these three: the list view in Designer
 

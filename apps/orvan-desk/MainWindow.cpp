@@ -131,6 +131,9 @@ MainWindow::MainWindow()
     recoveryTimer_.setSingleShot(true);
     recoveryTimer_.setInterval(kBeforeRecoveryCopy);
     connect(&recoveryTimer_, &QTimer::timeout, this, &MainWindow::updateRecoveryCopy);
+    titleTimer_.setSingleShot(true);
+    titleTimer_.setInterval(0);
+    connect(&titleTimer_, &QTimer::timeout, this, &MainWindow::updateTitle);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::keepUnsavedWork);
     history_ = new QuoteHistory(*products_, this);
     history_->watch(*customer_, tr("Customer"));
@@ -155,16 +158,24 @@ MainWindow::~MainWindow() = default;
 void MainWindow::listEdited()
 {
     listChanged_ = true;
-    quoteChanged();
+    keepSoon();
+    if (!QApplication::activeModalWidget()) { // in an open editor the user may still take the change back
+        titleTimer_.start();
+    }
 }
 
 void MainWindow::quoteChanged()
 {
+    keepSoon();
+    if (!QApplication::activeModalWidget()) {
+        updateTitle();
+    }
+}
+
+void MainWindow::keepSoon()
+{
     if (!recoveryTimer_.isActive()) {
         recoveryTimer_.start();
-    }
-    if (!QApplication::activeModalWidget()) { // in an open editor the user may still take the change back
-        updateTitle();
     }
 }
 
@@ -262,7 +273,10 @@ void MainWindow::updateTitle()
                                                       : tr("New quote");
     const QString shown = products_->isReadOnly() ? tr("%1 (read only)").arg(name) : name;
     setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(shown)));
-    setWindowModified(isUnsaved());
+    // Only where it differs: Qt would write the window's title and its icon's again, and window managers paint it twice.
+    if (const bool unsaved = isUnsaved(); unsaved != isWindowModified()) {
+        setWindowModified(unsaved);
+    }
     status_->notice(isWindowModified());
 }
 

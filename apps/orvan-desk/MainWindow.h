@@ -113,6 +113,7 @@ private:
     void listEdited();
     /// The quote has changed, or may have: marks it, and keeps a copy of it soon.
     void quoteChanged();
+    void keepSoon();
     void updateRecoveryCopy();
     bool isUnsaved() const;
     /// True when nothing would be lost, or the user agreed to lose it.
@@ -137,6 +138,7 @@ private:
     OpenQuote file_;
     RecoveryKeeper recovery_;
     QTimer recoveryTimer_;     ///< Runs from a change to the copy of it.
+    QTimer titleTimer_;        ///< Has a changed list compared with the saved one after it has been painted.
     bool listChanged_ = false; ///< The user has changed the products since they were last shown.
     Theme theme_ = Theme::system;
 };

@@ -9,6 +9,7 @@
 #include "PdfCommand.h"
 #include "PlacePrinter.h"
 #include "QuoteLocale.h"
+#include "WindowIcon.h"
 #include "WindowPlace.h"
 #include "servers/ServerCatalogue.h"
 #include "settings/SettingsCommand.h"
@@ -26,7 +27,6 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QIcon>
 #include <QTextStream>
 #include <QTimer>
 
@@ -235,15 +235,6 @@ int convert(const CommandLine& line, const QString& file,
     return kFailed;
 }
 
-QIcon windowIcon()
-{
-    QIcon icon;
-    for (const QFileInfo& picture : QDir(QStringLiteral(":/icons")).entryInfoList()) {
-        icon.addFile(picture.filePath());
-    }
-    return icon;
-}
-
 /// A setting; `otherwise` where the user's settings cannot be read, which the window tells when it reads them.
 QString chosen(const CommandLine& line, std::string_view name, const QString& otherwise)
 {
@@ -329,7 +320,7 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("orvan-desk"));
     QApplication::setDesktopFileName(
         QStringLiteral("orvan-desk")); // tells the desktop which icon belongs to the window
-    QApplication::setWindowIcon(windowIcon());
+    QApplication::setWindowIcon(orvan::desk::windowIcon());
     QApplication::setApplicationVersion(QString::fromStdString(std::string(orvan::libraryVersion())));
     CommandLine line;
     if (const QString problem = line.read(application); !problem.isEmpty()) {

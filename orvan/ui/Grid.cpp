@@ -91,14 +91,29 @@ void Grid::setRowCount(std::int32_t count)
         throw RuntimeError(ErrorNumber::outOfMemory, {},
                            std::string(name()).append(": cannot hold ").append(std::to_string(count)).append(" rows"));
     }
+    if (count == rowCount_) {
+        return;
+    }
     for (const auto& column : columns_) {
         column->cells.resize(rows);
     }
-    if (count != rowCount_) {
-        rowCount_ = count;
-        currentRow_ = std::clamp(currentRow_, 0, std::max(count - 1, 0));
-        selectCurrentRow();
+    takeRowCount(count);
+}
+
+void Grid::removeRow(std::int32_t row)
+{
+    requireRow(row);
+    for (const auto& column : columns_) {
+        column->cells.erase(column->cells.begin() + row);
     }
+    takeRowCount(rowCount_ - 1);
+}
+
+void Grid::takeRowCount(std::int32_t count)
+{
+    rowCount_ = count;
+    currentRow_ = std::clamp(currentRow_, 0, std::max(count - 1, 0));
+    selectCurrentRow();
     changed(&GridChanges::layout);
 }
 
@@ -209,8 +224,11 @@ const GridValue& Grid::value(std::int32_t row, std::int32_t column) const
 void Grid::setValue(std::int32_t row, std::int32_t column, GridValue value)
 {
     requireRow(row);
-    at(column).cells[static_cast<std::size_t>(row)] = std::move(value);
-    changed(&GridChanges::cells);
+    GridValue& cell = at(column).cells[static_cast<std::size_t>(row)];
+    if (cell != value) {
+        cell = std::move(value);
+        changed(&GridChanges::cells);
+    }
 }
 
 std::string Grid::displayText(std::int32_t row, std::int32_t column) const

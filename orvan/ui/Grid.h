@@ -57,6 +57,8 @@ public:
     /// The count includes the header rows. New rows are empty. If the current row is removed, the last row becomes the
     /// current one.
     void setRowCount(std::int32_t count);
+    /// Removes a row; those after it move up. Otherwise as setRowCount.
+    void removeRow(std::int32_t row);
     std::int32_t columnCount() const { return static_cast<std::int32_t>(columns_.size()); }
     void setColumnCount(std::int32_t count);
     std::int32_t fixedRows() const { return fixedRows_; }
@@ -196,6 +198,7 @@ private:
     const Column& at(std::int32_t column) const;
     Column& at(std::int32_t column);
     void appendColumns(std::int32_t count);
+    void takeRowCount(std::int32_t count);
     void requireRow(std::int32_t row) const;
     void selectCurrentRow();
     /// Moves the current row as the key says. Returns false for a key that does not do this.

@@ -270,20 +270,34 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     PrvSaveViewPrefs();
 }
 
-ProductColumns::Cells ProductColumns::cells(std::int32_t index, const ProductRecord& record)
+void ProductColumns::read(std::int32_t index, const ProductRecord& record, Cells& cells)
 {
-    Cells cells;
     for (std::size_t i = 0; i < kColumnCount; ++i) {
         cells[i] = cellValue(kColumns[i], index, record);
     }
-    return cells;
 }
 
-void ProductColumns::showRow(std::int32_t row, Cells&& cells)
+void ProductColumns::showRow(std::int32_t row, Cells& cells)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
         flexGrid_.setValue(row, columnIndices_[i], std::move(cells[i]));
     }
+}
+
+void ProductColumns::addChanges(std::int32_t row, std::int32_t shownRow, Cells& cells,
+                                std::vector<CellChange>& changes) const
+{
+    const bool isNew = shownRow >= flexGrid_.rowCount();
+    for (std::size_t i = 0; i < kColumnCount; ++i) {
+        if (isNew || flexGrid_.value(shownRow, columnIndices_[i]) != cells[i]) {
+            changes.push_back({.row = row, .column = i, .value = std::move(cells[i])});
+        }
+    }
+}
+
+void ProductColumns::show(CellChange&& change)
+{
+    flexGrid_.setValue(change.row, columnIndices_[change.column], std::move(change.value));
 }
 
 std::int32_t ProductColumns::indexInRow(std::int32_t row) const

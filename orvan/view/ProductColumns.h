@@ -77,9 +77,19 @@ public:
 
     /// The values of one row, in the order of kColumns.
     using Cells = std::array<ui::GridValue, kColumnCount>;
-    /// What a row shows of the product at position `index` of the list.
-    [[nodiscard]] static Cells cells(std::int32_t index, const ProductRecord& record);
-    void showRow(std::int32_t row, Cells&& cells);
+    /// Reads what a row shows of the product at position `index` of the list.
+    static void read(std::int32_t index, const ProductRecord& record, Cells& cells);
+    /// Takes the values out of `cells`.
+    void showRow(std::int32_t row, Cells& cells);
+    /// A cell whose row shows another value now, or none.
+    struct CellChange {
+        std::int32_t row;
+        std::size_t column; ///< In the order of kColumns.
+        ui::GridValue value;
+    };
+    /// Adds the cells of a row that `shownRow` does not show yet, and takes their values out of `cells`.
+    void addChanges(std::int32_t row, std::int32_t shownRow, Cells& cells, std::vector<CellChange>& changes) const;
+    void show(CellChange&& change);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
     /// What the list shows instead of rows while it has none.

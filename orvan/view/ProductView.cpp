@@ -12,7 +12,6 @@
 #include "orvan/ui/TextEntry.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -22,9 +21,9 @@ namespace {
 
 constexpr float kGap = 60; // twips between the grid and the band below it
 
-/// What the grid shows of the product at `index`. The manager may set the index to another product's; nothing is
-/// returned where it finds no product.
-std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32_t& index)
+/// Reads what the grid shows of the product at `index`. The manager may set the index to another product's; returns
+/// false where it finds no product.
+bool readProduct(ProductMgr& manager, std::int32_t& index, ProductColumns::Cells& cells)
 {
     bool found = false;
     manager.SeekIndex(index, 0, found);
@@ -32,12 +31,13 @@ std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32
     // and does not look like the end of the list.
     const auto record = manager.GetProduct(index);
     if (!found) {
-        return std::nullopt;
+        return false;
     }
     if (!record) {
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
-    return ProductColumns::cells(index, *record);
+    ProductColumns::read(index, *record, cells);
+    return true;
 }
 
 /// Raises an error for a count that no grid can show. Called before the grid is changed.
@@ -199,39 +199,51 @@ const std::string& ProductView::totalText() const
 template <class TakeRow>
 bool ProductView::readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow)
 {
+    ProductColumns::Cells cells; // the same for all rows, which is faster
     for (std::int32_t index = 1; index <= count; ++index) {
-        auto cells = readProduct(*list.manager(), index);
+        const bool found = readProduct(*list.manager(), index, cells);
         if (!list.stillShown()) {
             return false;
         }
-        if (!cells) {
+        if (!found) {
             break;
         }
-        takeRow(std::move(*cells));
+        takeRow(cells);
     }
     return true;
 }
 
-void ProductView::PrvRefreshView(bool updateTotal)
+void ProductView::PrvRefreshView(bool updateTotal, std::int32_t deletedRow)
 {
     const CurrentList list(*this);
     tracePropagate("KTVOrvanProduct.ProductView::PrvRefreshView", [&] {
         if (list.stillShown()) {
-            refillGrid(list, updateTotal);
+            refillGrid(list, updateTotal, deletedRow);
         }
     });
 }
 
-void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
+void ProductView::refillGrid(const CurrentList& list, bool updateTotal, std::int32_t deletedRow)
 {
     // Where the former rows are to stay after an error, everything is read before the grid is changed. Otherwise
     // an error leaves redrawing off, so that half a list is not shown; the next refresh turns it on again.
     const bool readsFirst = differs(platform_, Deviation::failedRefreshShowsFormerRows);
     showsFormerRows_ = readsFirst;
-    std::vector<ProductColumns::Cells> rows;
+    // Of the rows only what the grid does not show yet is kept: in a long list, most commands change few cells.
+    const std::uint64_t fills = fills_;
+    std::vector<ProductColumns::CellChange> changes;
     std::int32_t row = 1; // a counter of its own, because the manager may move the index
-    const auto keepRow = [&](ProductColumns::Cells&& cells) { rows.push_back(std::move(cells)); };
-    const auto showRow = [&](ProductColumns::Cells&& cells) { columns_.showRow(row++, std::move(cells)); };
+    const auto keepRow = [&](ProductColumns::Cells& cells) {
+        columns_.addChanges(row, deletedRow > 0 && row >= deletedRow ? row + 1 : row, cells, changes);
+        ++row;
+    };
+    const auto showRow = [&](ProductColumns::Cells& cells) { columns_.showRow(row++, cells); };
+    const auto setRowCount = [&](std::int32_t count) {
+        if (deletedRow > 0) {
+            flexGrid_.removeRow(deletedRow);
+        }
+        flexGrid_.setRowCount(count);
+    };
 
     if (!readsFirst) {
         flexGrid_.setRedraw(false);
@@ -242,9 +254,10 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
         return;
     }
     if (readsFirst) {
-        rows.reserve(static_cast<std::size_t>(count));
+        const std::int32_t newRows = std::max(count + 1 - flexGrid_.rowCount(), 0);
+        changes.reserve(static_cast<std::size_t>(newRows) * ProductColumns::kColumnCount);
     } else {
-        flexGrid_.setRowCount(count + 1);
+        setRowCount(count + 1);
     }
     if (!(readsFirst ? readRows(list, count, keepRow) : readRows(list, count, showRow))) {
         return;
@@ -255,11 +268,16 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
     }
     const std::string totalText =
         updateTotal ? FormatCurrencyValue(platform_.locale(), total, 2, locale_.currencySymbol, true) : std::string();
+    if (readsFirst && fills != fills_) {
+        refillGrid(list, updateTotal, 0); // a call has let the host in, whose refresh changed what was compared with
+        return;
+    }
+    ++fills_;
     if (readsFirst) {
         flexGrid_.setRedraw(false);
-        flexGrid_.setRowCount(count + 1);
-        for (ProductColumns::Cells& cells : rows) {
-            showRow(std::move(cells));
+        setRowCount(count + 1);
+        for (ProductColumns::CellChange& change : changes) {
+            columns_.show(std::move(change));
         }
     }
     if (updateTotal) {

@@ -124,8 +124,10 @@ private:
         std::shared_ptr<ProductMgr> manager_;
     };
     void PrvSetDirty(bool bDirty);
-    void PrvRefreshView(bool updateTotal);
-    void refillGrid(const CurrentList& list, bool updateTotal);
+    /// `deletedRow` is the row of the one product that has been deleted since the grid was filled, 0 where that is not
+    /// so: the rows after it then move up, instead of being set anew.
+    void PrvRefreshView(bool updateTotal, std::int32_t deletedRow = 0);
+    void refillGrid(const CurrentList& list, bool updateTotal, std::int32_t deletedRow);
     /// Calls takeRow with the cells of each product. Returns false as soon as the list is not shown any more.
     template <class TakeRow>
     [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
@@ -198,6 +200,7 @@ private:
     /// True only where Deviation::failedRefreshShowsFormerRows applies: a refresh has failed, and the grid shows the
     /// rows that it had before.
     bool showsFormerRows_ = false;
+    std::uint64_t fills_ = 0; ///< How often the grid has been filled.
     ScopedHandlers handlers_;
 };
 

@@ -145,6 +145,7 @@ void ProductView::PrvDeleteProduct()
         if (!userAgreesToDelete(rows.size()) || !list.stillEditable()) {
             return;
         }
+        const std::uint64_t fills = fills_;
         std::reverse(rows.begin(), rows.end());
         for (const std::int32_t row : rows) {
             list->DeleteProduct(row);
@@ -153,7 +154,7 @@ void ProductView::PrvDeleteProduct()
             }
             PrvSetDirty(true); // at once: if the next one cannot be deleted, this one is still gone
         }
-        PrvRefreshView(true);
+        PrvRefreshView(true, rows.size() == 1 && fills == fills_ ? rows.front() : 0);
         if (rows.size() > 1 && list.stillShown()) {
             flexGrid_.setCurrentRow(std::min(rows.back(), flexGrid_.rowCount() - 1)); // the first of them
         }

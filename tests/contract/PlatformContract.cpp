@@ -207,6 +207,23 @@ TEST_P(PlatformContract, ChangesWhileRedrawIsOffAreShownWhenItIsOn)
     EXPECT_EQ(errorOf([&] { grid().setValue(4, 0, 1); }), 9);
 }
 
+TEST_P(PlatformContract, RowsAfterARemovedOneMoveUp)
+{
+    grid().setColumnCount(2);
+    grid().setRowCount(4);
+    for (std::int32_t row = 1; row < 4; ++row) {
+        grid().setValue(row, 0, row);
+        grid().setValue(row, 1, std::string("product"));
+    }
+    driver->chooseRow(grid(), 3);
+    grid().removeRow(2);
+    EXPECT_EQ(grid().rowCount(), 3);
+    EXPECT_EQ(driver->shown(grid(), 1), (Texts{"1", "product"}));
+    EXPECT_EQ(driver->shown(grid(), 2), (Texts{"3", "product"}));
+    EXPECT_EQ(grid().currentRow(), 2) << "the last one";
+    EXPECT_EQ(errorOf([&] { grid().removeRow(3); }), 9);
+}
+
 TEST_P(PlatformContract, OneRowIsCurrentByUserOrProgram)
 {
     EXPECT_EQ(grid().currentRow(), 0);

@@ -3,6 +3,7 @@
 #include "DeskSettings.h"
 #include "MainWindow.h"
 #include "RecentFiles.h"
+#include "WindowIcon.h"
 #include "WindowPlace.h"
 
 #include "tests/desk/QuoteFolder.h"
@@ -15,6 +16,8 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QMessageBox>
 #include <QScreen>
 
@@ -257,6 +260,25 @@ TEST_F(DeskShellTest, EveryButtonCanBeReachedOnASmallScreen)
         }
     }
     EXPECT_EQ(seen, 4);
+}
+
+TEST_F(DeskShellTest, TheWindowsIconIsTheDesktopsIcon)
+{
+    constexpr int kMostDifference = 3; // of a channel, on average: two programs blend the edges differently
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        const QString file = QFileInfo(QStringLiteral(ORVAN_README)).path() +
+                             QStringLiteral("/apps/orvan-desk/desktop/icons/%1.png").arg(size);
+        const QImage kept = QImage(file).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        const QImage drawn = windowIcon().pixmap(size).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        ASSERT_EQ(drawn.size(), kept.size()) << size;
+        std::int64_t difference = 0;
+        for (int y = 0; y < size; ++y) {
+            for (int byte = 0; byte < 4 * size; ++byte) {
+                difference += std::abs(drawn.constScanLine(y)[byte] - kept.constScanLine(y)[byte]);
+            }
+        }
+        EXPECT_LE(difference, std::int64_t{kMostDifference} * 4 * size * size) << size;
+    }
 }
 
 } // namespace

@@ -196,6 +196,31 @@ TEST_F(ProductViewReentryTest, ADeleteQuestionIsAboutTheListThatItWasAskedFor)
     }
 }
 
+/// The careful way sets only the cells that differ from what was shown when the products were read.
+TEST_F(ProductViewReentryTest, ARefreshInsideOfARefreshLeavesTheLaterOneRight)
+{
+    std::shared_ptr<ProductMgr> list;
+    registry.registerClass(std::string(kProductMgrClassName), [&] {
+        list = makeManager();
+        return std::make_shared<HookedProductMgr>(list, hooks);
+    });
+    platform.editing = ui::EditingWay::careful;
+    makeView().Show(kThreeProducts);
+    view->flexGrid().chooseRow(3);
+    platform.messageBox().answer(ui::MessageResult::yes);
+    hooks.operation = "GetTotalValue";
+    hooks.act = [&] {
+        list->GetProduct(1)->SetName("Other");
+        view->flexGrid().chooseRow(1);
+        button("cmdMoveDown").click(); // shows the list, and no more: the refresh before it has not ended
+        EXPECT_EQ(names(), "Other Lamp");
+        list->GetProduct(1)->SetName("Desk");
+    };
+    button("cmdDelete").click();
+    EXPECT_EQ(hooks.operation, "") << "never called";
+    EXPECT_EQ(names(), "Desk Lamp");
+}
+
 TEST_F(ProductViewReentryTest, AnEditorBelongsToTheListThatItWasOpenedOn)
 {
     for (const auto way : {ui::EditingWay::classic, ui::EditingWay::careful}) {

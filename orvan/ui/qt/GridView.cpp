@@ -141,8 +141,10 @@ void GridView::showRows(int current, const std::vector<ui::RowRange>& selected, 
     const QModelIndex now = currentIndex();
     const bool keepsColumn = now.isValid() && !header_->isSectionHidden(now.column());
     const QModelIndex index = model()->index(current, keepsColumn ? now.column() : firstShownColumn());
+    const std::vector<RowLook> before = rowsInSight();
     if (!index.isValid()) {
         selectionModel()->clear();
+        updateChangedRows(before);
         return;
     }
     QItemSelection rows;
@@ -151,10 +153,41 @@ void GridView::showRows(int current, const std::vector<ui::RowRange>& selected, 
     }
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    updateChangedRows(before);
     if (reveal) {
         scrollTo(index);
     }
-    viewport()->update();
+}
+
+void GridView::updateChangedRows(const std::vector<RowLook>& before)
+{
+    for (const RowLook& look : rowsInSight()) {
+        const auto same = std::find(before.begin(), before.end(), look);
+        if (same == before.end()) {
+            updateRow(look.row);
+        }
+    }
+}
+
+std::vector<GridView::RowLook> GridView::rowsInSight() const
+{
+    std::vector<RowLook> looks;
+    const int current = currentIndex().isValid() ? currentIndex().row() : -1;
+    const bool several = severalRowsSelected();
+    for (int row = rowAt(0); row >= 0 && row < model()->rowCount() && rowViewportPosition(row) < viewport()->height();
+         ++row) {
+        looks.push_back({.row = row,
+                         .selected = rowSelected(row),
+                         .current = row == current,
+                         .severalSelected = row == current && several});
+    }
+    return looks;
+}
+
+void GridView::updateRow(int row)
+{
+    // The whole width, because a row's background goes on to the right of its cells.
+    viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
 }
 
 bool GridView::rowSelected(int row) const
@@ -181,6 +214,9 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint)
     }
     // The horizontal position stays, because whole rows are chosen and not cells.
     const int across = horizontalScrollBar()->value();
+    if (!searchText_.isEmpty()) {
+        viewport()->update(); // the text stays where it is while the rows move
+    }
     QTableView::scrollTo(index, hint);
     horizontalScrollBar()->setValue(across);
 }
@@ -189,7 +225,11 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 {
     // QTableView would count hidden columns: see GridAccessible.h.
     QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call): for this reason
-    viewport()->update(); // paints the whole row, including the area to the right of its cells
+    for (const QModelIndex& index : {current, previous}) {
+        if (index.isValid()) {
+            updateRow(index.row());
+        }
+    }
     if (!programActs_ && current.isValid() && current.row() != previous.row()) {
         runHandler(onUserRow, current.row(), ui::RowChoice::only);
     }

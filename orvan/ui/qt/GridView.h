@@ -92,6 +92,19 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// What a row's background and marks depend on.
+    struct RowLook {
+        int row;
+        bool selected;
+        bool current;
+        bool severalSelected; ///< Of the current row: it is marked among others.
+        bool operator==(const RowLook& other) const = default;
+    };
+    std::vector<RowLook> rowsInSight() const;
+    /// Paints the rows that look different from before. All others stay as they are on the screen, also while the list
+    /// scrolls.
+    void updateChangedRows(const std::vector<RowLook>& before);
+    void updateRow(int row);
     void updateRowHeight();
     void readStyleSheets();
     void layOutColumns();

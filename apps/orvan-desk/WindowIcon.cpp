@@ -1,0 +1,80 @@
+#include "WindowIcon.h"
+
+#include <QIconEngine>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace orvan::desk {
+
+namespace {
+
+constexpr double kSize = 256; ///< Of the drawing, whose coordinates are used here.
+constexpr double kCorner = 44;
+constexpr double kSmallCorner = 16; ///< The diameter of the sheet's corners.
+constexpr double kQuarter = -90;    // degrees, clockwise
+
+/// A sheet with a folded corner at its upper right.
+QPainterPath sheet()
+{
+    QPainterPath path(QPointF(56, 16));
+    path.lineTo(160, 16);
+    path.lineTo(208, 64);
+    path.arcTo(192, 224, kSmallCorner, kSmallCorner, 0, kQuarter);
+    path.arcTo(48, 224, kSmallCorner, kSmallCorner, 270, kQuarter);
+    path.arcTo(48, 16, kSmallCorner, kSmallCorner, 180, kQuarter);
+    path.closeSubpath();
+    return path;
+}
+
+QPainterPath fold()
+{
+    QPainterPath path(QPointF(160, 16));
+    path.lineTo(208, 64);
+    path.arcTo(160, 48, kSmallCorner, kSmallCorner, 270, kQuarter);
+    path.closeSubpath();
+    return path;
+}
+
+class IconEngine final : public QIconEngine {
+public:
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(area.topLeft());
+        painter->scale(area.width() / kSize, area.height() / kSize);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QColor(0x2f6fde));
+        painter->drawRoundedRect(QRectF(0, 0, kSize, kSize), kCorner, kCorner);
+        painter->fillPath(sheet(), QColor(0xffffff));
+        painter->fillPath(fold(), QColor(0xc3d6f6));
+        for (const QRect& name : {QRect(64, 64, 64, 16), QRect(64, 96, 80, 16), QRect(64, 128, 64, 16)}) {
+            painter->fillRect(name, QColor(0x8794a5));
+        }
+        for (const QRect& amount : {QRect(160, 96, 32, 16), QRect(160, 128, 32, 16)}) {
+            painter->fillRect(amount, QColor(0x44546a));
+        }
+        painter->fillRect(QRect(64, 176, 128, 32), QColor(0xf2a516)); // the total
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return picture;
+    }
+
+    QIconEngine* clone() const override { return new IconEngine(*this); }
+};
+
+} // namespace
+
+QIcon windowIcon()
+{
+    return QIcon(new IconEngine); // QIcon owns its engine
+}
+
+} // namespace orvan::desk

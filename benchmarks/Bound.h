@@ -1,0 +1,48 @@
+// Bound: what a row of a table of measurements has to keep, and the verdict on its figures.
+//
+// Machines are noisy, so a row fails only if it misses its bound by more than half: "at most 3 times" fails above 4.5
+// times, "at least 9 times faster" fails below 6 times, "at most 1 us" fails above 1.5 us.
+#pragma once
+
+#include <string>
+
+namespace orvan::bench {
+
+/// The unit of a figure. Times are always in nanoseconds; the table shows them in the unit that is easiest to read.
+enum class Unit { nanoseconds, bytes, count };
+
+struct Bound {
+    enum class Kind { atMostTimes, atLeastTimesFaster, atMost };
+    Kind kind;
+    double value;
+};
+inline Bound atMostTimes(double value)
+{
+    return {Bound::Kind::atMostTimes, value};
+}
+inline Bound atLeastTimesFaster(double value)
+{
+    return {Bound::Kind::atLeastTimesFaster, value};
+}
+/// The bound of a row without a peer: a figure in the row's unit.
+inline Bound atMost(double figure)
+{
+    return {Bound::Kind::atMost, figure};
+}
+
+struct Judgement {
+    double ratio;   ///< The ratio that the bound is about: ours to the peer's, or the peer's to ours.
+    double shortBy; ///< The factor by which the row misses its bound; at 1 or less the bound holds.
+
+    [[nodiscard]] bool fails() const;
+    /// "holds", "falls short" or "FAILS".
+    [[nodiscard]] const char* verdict() const;
+};
+
+/// The peer's figure is not looked at where the bound is a figure itself.
+Judgement judge(const Bound& bound, double ours, double peer);
+
+/// "at most 3 times", "at most 1 us"
+std::string boundText(const Bound& bound, Unit unit);
+
+} // namespace orvan::bench
