@@ -28,17 +28,17 @@ const ColumnRow* rowOf(ViewFieldEnum field)
     return value < kFieldColumns.size() ? &kFieldColumns[value] : nullptr;
 }
 
-ui::GridValue cellValue(const ColumnRow& column, std::int32_t index, const ProductRecord& record)
+void readCell(ui::GridValue& cell, const ColumnRow& column, std::int32_t index, const ProductRecord& record)
 {
     if (column.text) {
         std::string text = (record.*column.text)();
         text.resize(firstCharacters(text, kMostCellCharacters).size());
-        return text;
+        cell = std::move(text);
+    } else if (column.amount) {
+        cell = (record.*column.amount)();
+    } else {
+        cell = index;
     }
-    if (column.amount) {
-        return (record.*column.amount)();
-    }
-    return index;
 }
 
 } // namespace
@@ -270,19 +270,17 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     PrvSaveViewPrefs();
 }
 
-ProductColumns::Cells ProductColumns::cells(std::int32_t index, const ProductRecord& record)
+void ProductColumns::readCells(Cells& cells, std::int32_t index, const ProductRecord& record)
 {
-    Cells cells;
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        cells[i] = cellValue(kColumns[i], index, record);
+        readCell(cells[i], kColumns[i], index, record);
     }
-    return cells;
 }
 
-void ProductColumns::showRow(std::int32_t row, Cells&& cells)
+void ProductColumns::showRow(std::int32_t row, const Cells& cells)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        flexGrid_.setValue(row, columnIndices_[i], std::move(cells[i]));
+        flexGrid_.setValue(row, columnIndices_[i], cells[i]);
     }
 }
 

@@ -77,9 +77,9 @@ public:
 
     /// The values of one row, in the order of kColumns.
     using Cells = std::array<ui::GridValue, kColumnCount>;
-    /// What a row shows of the product at position `index` of the list.
-    [[nodiscard]] static Cells cells(std::int32_t index, const ProductRecord& record);
-    void showRow(std::int32_t row, Cells&& cells);
+    /// Sets the cells to what a row shows of the product at position `index` of the list.
+    static void readCells(Cells& cells, std::int32_t index, const ProductRecord& record);
+    void showRow(std::int32_t row, const Cells& cells);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
     /// What the list shows instead of rows while it has none.

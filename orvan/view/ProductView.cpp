@@ -12,7 +12,6 @@
 #include "orvan/ui/TextEntry.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -22,22 +21,22 @@ namespace {
 
 constexpr float kGap = 60; // twips between the grid and the band below it
 
-/// What the grid shows of the product at `index`. The manager may set the index to another product's; nothing is
-/// returned where it finds no product.
-std::optional<ProductColumns::Cells> readProduct(ProductMgr& manager, std::int32_t& index)
+/// Reads what the grid shows of the product at `index`. The manager may set the index to another product's; returns
+/// false where it finds no product.
+bool readProduct(ProductColumns::Cells& cells, ProductMgr& manager, std::int32_t& index)
 {
     bool found = false;
     manager.SeekIndex(index, 0, found);
     // The record is fetched even where `found` is false, on purpose: an error of the manager is then told as an error
     // and does not look like the end of the list.
     const auto record = manager.GetProduct(index);
-    if (!found) {
-        return std::nullopt;
-    }
-    if (!record) {
+    if (found && !record) {
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
-    return ProductColumns::cells(index, *record);
+    if (found) {
+        ProductColumns::readCells(cells, index, *record);
+    }
+    return found;
 }
 
 /// Raises an error for a count that no grid can show. Called before the grid is changed.
@@ -199,15 +198,16 @@ const std::string& ProductView::totalText() const
 template <class TakeRow>
 bool ProductView::readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow)
 {
+    ProductColumns::Cells cells; // outside the loop, because making nine values for each row takes long
     for (std::int32_t index = 1; index <= count; ++index) {
-        auto cells = readProduct(*list.manager(), index);
+        const bool found = readProduct(cells, *list.manager(), index);
         if (!list.stillShown()) {
             return false;
         }
-        if (!cells) {
+        if (!found) {
             break;
         }
-        takeRow(std::move(*cells));
+        takeRow(cells);
     }
     return true;
 }
@@ -230,8 +230,8 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
     showsFormerRows_ = readsFirst;
     std::vector<ProductColumns::Cells> rows;
     std::int32_t row = 1; // a counter of its own, because the manager may move the index
-    const auto keepRow = [&](ProductColumns::Cells&& cells) { rows.push_back(std::move(cells)); };
-    const auto showRow = [&](ProductColumns::Cells&& cells) { columns_.showRow(row++, std::move(cells)); };
+    const auto keepRow = [&](ProductColumns::Cells& cells) { rows.push_back(std::move(cells)); };
+    const auto showRow = [&](const ProductColumns::Cells& cells) { columns_.showRow(row++, cells); };
 
     if (!readsFirst) {
         flexGrid_.setRedraw(false);
@@ -258,9 +258,7 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal)
     if (readsFirst) {
         flexGrid_.setRedraw(false);
         flexGrid_.setRowCount(count + 1);
-        for (ProductColumns::Cells& cells : rows) {
-            showRow(std::move(cells));
-        }
+        std::for_each(rows.begin(), rows.end(), showRow);
     }
     if (updateTotal) {
         txtTotal_.setText(totalText);

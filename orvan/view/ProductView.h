@@ -126,7 +126,8 @@ private:
     void PrvSetDirty(bool bDirty);
     void PrvRefreshView(bool updateTotal);
     void refillGrid(const CurrentList& list, bool updateTotal);
-    /// Calls takeRow with the cells of each product. Returns false as soon as the list is not shown any more.
+    /// Calls takeRow with the cells of each product, which it may move from. Returns false as soon as the list is not
+    /// shown any more.
     template <class TakeRow>
     [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
 
