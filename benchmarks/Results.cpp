@@ -236,4 +236,24 @@ void printSummary(std::ostream& out, const std::vector<Results>& runs)
     }
 }
 
+void printBeside(std::ostream& out, const std::vector<Results>& runs, const std::vector<std::string>& names)
+{
+    std::vector<std::string> heads{"path"};
+    heads.insert(heads.end(), names.begin(), names.end());
+    Table table(out, heads, widestName(runs.front()));
+    const RowResult* previous = nullptr;
+    for (const RowResult& row : runs.front().rows) {
+        if (previous != nullptr && previous->name == row.name) {
+            continue; // the same path beside another peer
+        }
+        previous = &row;
+        std::vector<std::string> cells{row.name};
+        for (const Results& run : runs) {
+            const RowResult* const same = sameRow(run, row);
+            cells.push_back(same != nullptr ? spreadText(same->ours, row.unit) : "");
+        }
+        table.print(cells);
+    }
+}
+
 } // namespace orvan::bench

@@ -54,5 +54,7 @@ Results readResults(const std::string& file);
 void printComparison(std::ostream& out, const Results& before, const Results& now);
 /// Prints in how many of the runs each row holds, and between what values its ratio lies.
 void printSummary(std::ostream& out, const std::vector<Results>& runs);
+/// Prints our figures of the runs beside each other, under their names.
+void printBeside(std::ostream& out, const std::vector<Results>& runs, const std::vector<std::string>& names);
 
 } // namespace orvan::bench

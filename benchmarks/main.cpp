@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <optional>
@@ -19,7 +20,8 @@ namespace {
 
 constexpr const char* kHelp =
     "usage: ./bench [--growth] [--json FILE] [--compare FILE] [NAME...]\n"
-    "       ./bench --list | --summary FILE...\n"
+    "       ./bench --list | --summary FILE... | --beside FILE...\n"
+    "       ./bench --compilers [NAME...]\n"
     "\n"
     "Prints each path of the library beside its peer and its bound; medians, measured in turn,\n"
     "and in brackets between what figures the middle half of the repetitions lies.\n"
@@ -30,7 +32,9 @@ constexpr const char* kHelp =
     "  --json FILE     also writes what was measured into the file\n"
     "  --compare FILE  also prints each figure beside the one of an earlier run, whose file this is\n"
     "  --summary       in how many of these runs each row holds; nothing is measured\n"
-    "  --list          the names of all rows\n";
+    "  --beside        our figures of these runs beside each other; nothing is measured\n"
+    "  --list          the names of all rows\n"
+    "  --compilers     builds with GCC and Clang, with and without LTO, and prints their figures\n";
 
 /// Takes the option and its value out of the arguments.
 std::optional<std::string> takeValue(std::vector<std::string>& arguments, const std::string& option)
@@ -47,14 +51,22 @@ std::optional<std::string> takeValue(std::vector<std::string>& arguments, const 
     return value;
 }
 
-int printSummary(const std::vector<std::string>& files)
+/// Prints the runs that the files hold.
+int printRuns(const std::vector<std::string>& files, bool beside)
 {
     if (files.empty()) {
-        throw std::runtime_error("--summary needs files");
+        throw std::runtime_error("files of earlier runs are needed");
     }
     std::vector<orvan::bench::Results> runs;
     std::transform(files.begin(), files.end(), std::back_inserter(runs), orvan::bench::readResults);
-    orvan::bench::printSummary(std::cout, runs);
+    if (beside) {
+        std::vector<std::string> names;
+        std::transform(files.begin(), files.end(), std::back_inserter(names),
+                       [](const std::string& file) { return std::filesystem::path(file).stem().string(); });
+        orvan::bench::printBeside(std::cout, runs, names);
+    } else {
+        orvan::bench::printSummary(std::cout, runs);
+    }
     return 0;
 }
 
@@ -87,6 +99,7 @@ int run(std::vector<std::string> arguments)
     }
     const bool list = take("--list");
     const bool summary = take("--summary");
+    const bool beside = take("--beside");
     const bool growth = take("--growth");
     const std::optional<std::string> json = takeValue(arguments, "--json");
     const std::optional<std::string> earlier = takeValue(arguments, "--compare");
@@ -100,8 +113,8 @@ int run(std::vector<std::string> arguments)
         suite.list();
         return 0;
     }
-    if (summary) {
-        return printSummary(arguments);
+    if (summary || beside) {
+        return printRuns(arguments, beside);
     }
     suite.select(arguments);
     // Read first, so that a file that cannot be read is not noticed after minutes only.
