@@ -11,14 +11,12 @@ constexpr double kTolerance = 1.5;
 
 } // namespace
 
-bool Judgement::fails() const
+Verdict Judgement::verdict() const
 {
-    return !(shortBy <= kTolerance); // also a figure that is not a number
-}
-
-const char* Judgement::verdict() const
-{
-    return fails() ? "FAILS" : shortBy > 1 ? "falls short" : "holds";
+    if (!(shortBy <= kTolerance)) { // also a figure that is not a number
+        return Verdict::fails;
+    }
+    return shortBy > 1 ? Verdict::fallsShort : Verdict::holds;
 }
 
 Judgement judge(const Bound& bound, double ours, double peer)

@@ -4,6 +4,7 @@
 // times, "at least 9 times faster" fails below 6 times, "at most 1 us" fails above 1.5 us.
 #pragma once
 
+#include <array>
 #include <string>
 
 namespace orvan::bench {
@@ -30,13 +31,15 @@ inline Bound atMost(double figure)
     return {Bound::Kind::atMost, figure};
 }
 
+enum class Verdict { holds, fallsShort, fails };
+/// By verdict, as tables and files of results have them.
+inline constexpr std::array<const char*, 3> kVerdictTexts = {"holds", "falls short", "FAILS"};
+
 struct Judgement {
     double ratio;   ///< The ratio that the bound is about: ours to the peer's, or the peer's to ours.
     double shortBy; ///< The factor by which the row misses its bound; at 1 or less the bound holds.
 
-    [[nodiscard]] bool fails() const;
-    /// "holds", "falls short" or "FAILS".
-    [[nodiscard]] const char* verdict() const;
+    [[nodiscard]] Verdict verdict() const;
 };
 
 /// The peer's figure is not looked at where the bound is a figure itself.

@@ -1,6 +1,8 @@
 #include "benchmarks/Comparison.h"
 
 #include "benchmarks/Machine.h"
+#include "benchmarks/Results.h"
+#include "benchmarks/Spread.h"
 #include "benchmarks/Table.h"
 
 #include <algorithm>
@@ -15,6 +17,10 @@
 namespace orvan::bench {
 
 namespace {
+
+/// A row that is closer to its bound than by this factor is measured again, with so many times the repetitions.
+constexpr double kClose = 1.1;
+constexpr int kMoreRepetitions = 3;
 
 /// Keeps the figures of the last run and prints nothing.
 class SilentReporter final : public benchmark::BenchmarkReporter {
@@ -32,16 +38,9 @@ double threadSeconds()
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-double median(std::vector<double> figures)
-{
-    const auto middle = figures.begin() + static_cast<std::ptrdiff_t>(figures.size() / 2);
-    std::nth_element(figures.begin(), middle, figures.end());
-    return *middle;
-}
-
-/// The medians of several sides, which are measured in turn. If there are several repetitions, one more comes first, to
+/// The figures of several sides, which are measured in turn. If there are several repetitions, one more comes first, to
 /// warm up, and does not count.
-std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int repetitions)
+std::vector<Spread> measureInTurn(const std::vector<const Side*>& sides, int repetitions)
 {
     std::vector<std::vector<double>> figures(sides.size());
     for (int round = repetitions > 1 ? 0 : 1; round <= repetitions; ++round) {
@@ -52,49 +51,92 @@ std::vector<double> mediansInTurn(const std::vector<const Side*>& sides, int rep
             }
         }
     }
-    std::vector<double> medians;
-    std::transform(figures.begin(), figures.end(), std::back_inserter(medians), median);
-    return medians;
+    std::vector<Spread> spreads;
+    std::transform(figures.begin(), figures.end(), std::back_inserter(spreads), spreadOf);
+    return spreads;
+}
+
+bool isClose(const Judgement& judgement)
+{
+    return judgement.shortBy < kClose && judgement.shortBy > 1 / kClose;
+}
+
+RowResult measure(const Row& row)
+{
+    RowResult result{
+        .name = row.name, .bound = boundText(row.bound, row.unit), .unit = row.unit, .repetitions = row.repetitions};
+    try {
+        const Sides sides = row.prepare();
+        std::vector<const Side*> inTurn{&sides.ours};
+        if (sides.peer) {
+            inTurn.push_back(&*sides.peer);
+            result.peerName = sides.peer->name;
+        }
+        const auto judgeFigures = [&] {
+            const std::vector<Spread> figures = measureInTurn(inTurn, result.repetitions);
+            result.ours = figures.front();
+            result.peer = sides.peer ? std::optional(figures.back()) : std::nullopt;
+            return judge(row.bound, figures.front().median, figures.back().median);
+        };
+        Judgement judgement = judgeFigures();
+        if (isClose(judgement) && row.repetitions > 1) {
+            result.repetitions *= kMoreRepetitions;
+            judgement = judgeFigures();
+        }
+        result.ratio = judgement.ratio;
+        result.shortBy = judgement.shortBy;
+        result.verdict = judgement.verdict();
+    } catch (const std::exception& error) {
+        result.error = error.what();
+    }
+    return result;
 }
 
 /// Measures the row and prints it. Returns false if it fails.
-bool runRow(const Row& row, Table& table)
-try {
-    const Sides sides = row.prepare();
-    std::vector<const Side*> inTurn{&sides.ours};
-    if (sides.peer) {
-        inTurn.push_back(&*sides.peer);
-    }
-    const std::vector<double> medians = mediansInTurn(inTurn, row.repetitions);
-    const Judgement judgement = judge(row.bound, medians.front(), medians.back());
-    table.print({row.name, figureText(medians.front(), row.unit),
-                 sides.peer ? sides.peer->name + " " + figureText(medians.back(), row.unit) : "",
-                 sides.peer ? plainNumber(judgement.ratio) : "", boundText(row.bound, row.unit), judgement.verdict()});
-    return !judgement.fails();
-} catch (const std::exception& error) {
-    table.print({row.name, "", "", "", boundText(row.bound, row.unit), std::string("FAILS: ").append(error.what())});
-    return false;
+bool runRow(const Row& row, Table& table, Results& results)
+{
+    const RowResult result = measure(row);
+    table.print({result.name, result.error.empty() ? spreadText(result.ours, result.unit) : "",
+                 result.peer ? result.peerName + " " + spreadText(*result.peer, result.unit) : "",
+                 result.peer ? plainNumber(result.ratio) : "", result.bound, verdictText(result)});
+    results.rows.push_back(result);
+    return result.verdict != Verdict::fails;
 }
 
-bool runGrowth(const Growth& growth, Table& table)
-try {
-    std::vector<Side> sides;
-    std::transform(growth.sizes.begin(), growth.sizes.end(), std::back_inserter(sides), growth.prepare);
-    std::vector<const Side*> inTurn;
-    std::transform(sides.begin(), sides.end(), std::back_inserter(inTurn), [](const Side& side) { return &side; });
-    const std::vector<double> medians = mediansInTurn(inTurn, growth.repetitions);
-    std::string figures;
-    for (std::size_t i = 0; i < medians.size(); ++i) {
-        figures.append(i == 0 ? "" : ", ").append(figureText(medians[i], growth.unit));
-        figures.append(" at ").append(groupedNumber(growth.sizes[i]));
+GrowthResult measure(const Growth& growth)
+{
+    GrowthResult result{.name = growth.name, .unit = growth.unit};
+    try {
+        std::vector<Side> sides;
+        std::transform(growth.sizes.begin(), growth.sizes.end(), std::back_inserter(sides), growth.prepare);
+        std::vector<const Side*> inTurn;
+        std::transform(sides.begin(), sides.end(), std::back_inserter(inTurn), [](const Side& side) { return &side; });
+        const std::vector<Spread> figures = measureInTurn(inTurn, growth.repetitions);
+        for (std::size_t i = 0; i < figures.size(); ++i) {
+            result.figures.emplace_back(growth.sizes[i], figures[i]);
+        }
+    } catch (const std::exception& error) {
+        result.error = error.what();
     }
-    const double times = static_cast<double>(growth.sizes.back()) / static_cast<double>(growth.sizes.front());
-    table.print({growth.name, figures, plainNumber(medians.back() / medians.front()),
-                 groupedNumber(static_cast<std::size_t>(times))});
+    return result;
+}
+
+bool runGrowth(const Growth& growth, Table& table, Results& results)
+{
+    const GrowthResult& result = results.growths.emplace_back(measure(growth));
+    if (!result.error.empty()) {
+        table.print({result.name, "FAILS: " + result.error, "", ""});
+        return false;
+    }
+    std::string figures;
+    for (const auto& [size, spread] : result.figures) {
+        figures.append(figures.empty() ? "" : ", ").append(figureText(spread.median, result.unit));
+        figures.append(" at ").append(groupedNumber(size));
+    }
+    const auto& [least, first] = result.figures.front();
+    const auto& [most, last] = result.figures.back();
+    table.print({result.name, figures, plainNumber(last.median / first.median), groupedNumber(most / least)});
     return true;
-} catch (const std::exception& error) {
-    table.print({growth.name, std::string("FAILS: ").append(error.what()), "", ""});
-    return false;
 }
 
 /// The row's name and bound, because several rows may have the same name.
@@ -110,7 +152,7 @@ std::string label(const Growth& growth)
 
 template <class Item>
 std::vector<std::string> runAll(const std::vector<const Item*>& items, const std::vector<std::string>& heads,
-                                bool (*run)(const Item&, Table&))
+                                bool (*run)(const Item&, Table&, Results&), Results& results)
 {
     std::size_t widest = 0;
     for (const Item* item : items) {
@@ -119,7 +161,7 @@ std::vector<std::string> runAll(const std::vector<const Item*>& items, const std
     Table table(std::cout, heads, widest);
     std::vector<std::string> failed;
     for (const Item* item : items) {
-        if (!run(*item, table)) {
+        if (!run(*item, table, results)) {
             failed.push_back(label(*item));
         }
     }
@@ -182,7 +224,7 @@ void Suite::list() const
     }
 }
 
-std::vector<std::string> Suite::runRows() const
+std::vector<std::string> Suite::runRows(Results& results) const
 {
     std::vector<const Row*> chosen;
     for (const Row& row : rows_) {
@@ -190,10 +232,10 @@ std::vector<std::string> Suite::runRows() const
             chosen.push_back(&row);
         }
     }
-    return runAll<Row>(chosen, {"path", "ours", "peer", "ratio", "bound", "verdict"}, runRow);
+    return runAll<Row>(chosen, {"path", "ours", "peer", "ratio", "bound", "verdict"}, runRow, results);
 }
 
-std::vector<std::string> Suite::runGrowths() const
+std::vector<std::string> Suite::runGrowths(Results& results) const
 {
     std::vector<const Growth*> chosen;
     for (const Growth& growth : growths_) {
@@ -201,7 +243,7 @@ std::vector<std::string> Suite::runGrowths() const
             chosen.push_back(&growth);
         }
     }
-    return runAll<Growth>(chosen, {"path", "figures", "grows", "while the size grows"}, runGrowth);
+    return runAll<Growth>(chosen, {"path", "figures", "grows", "while the size grows"}, runGrowth, results);
 }
 
 } // namespace orvan::bench

@@ -2,7 +2,9 @@
 // the same path on less data. The results stand in one table.
 //
 // A row has two sides, ours and the peer's, which are measured in turn (A B A B ...), so that whatever else the machine
-// does affects both; the table shows their medians. A side is anything that returns a figure each time it is repeated:
+// does affects both; the table shows their medians, and between what figures the middle half of the repetitions lies.
+// A row that comes out close to its bound, on either side, is measured again, with more repetitions, before it is
+// judged. A side is anything that returns a figure each time it is repeated:
 // a loop that Google Benchmark times (timed), or a number that the row computes itself (a percentile of samples, bytes
 // of heap, the time that another program takes to start). The bound of a row without a peer is a figure, not a ratio.
 //
@@ -74,6 +76,8 @@ void requireSame(const T& ours, const T& peers, const std::string& what)
     }
 }
 
+struct Results; // benchmarks/Results.h
+
 class Suite {
 public:
     void add(Row row) { rows_.push_back(std::move(row)); }
@@ -82,9 +86,10 @@ public:
     /// Selects the rows and growths whose names begin with one of these texts; all if there is no text.
     void select(std::vector<std::string> beginnings) { beginnings_ = std::move(beginnings); }
     void list() const;
-    /// Runs the rows, or the growths, and prints their table. Returns the names of those that failed.
-    std::vector<std::string> runRows() const;
-    std::vector<std::string> runGrowths() const;
+    /// Runs the rows, or the growths, prints their table, and adds what was measured to the results. Returns the names
+    /// of those that failed.
+    std::vector<std::string> runRows(Results& results) const;
+    std::vector<std::string> runGrowths(Results& results) const;
 
 private:
     bool selected(const std::string& name) const;

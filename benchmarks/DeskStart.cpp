@@ -1,9 +1,11 @@
-// N: the start of the desk, seen from outside: from the call that starts the program to its end at the first paint.
+// N: the start of the desk, seen from outside: from the call that starts the program to its end at the first paint, and
+// the memory that it has taken until then.
 //
 // The desk runs on an X server, as on a user's screen. With Qt's off-screen platform, an empty window would do next to
 // nothing and would not even read the system's fonts, so there would be nothing to compare with.
 
 #include "benchmarks/Comparison.h"
+#include "benchmarks/FirstPaint.h"
 #include "benchmarks/SampleCatalogue.h"
 #include "benchmarks/Subjects.h"
 #include "benchmarks/TemporaryFiles.h"
@@ -12,6 +14,7 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #include <chrono>
 #include <memory>
@@ -55,13 +58,34 @@ private:
     QByteArray display_;
 };
 
-/// The time that one start takes of a program in the same folder as this one.
-double startTime(const std::string& name, const XServer& server)
+/// A program in the same folder as this one, which is going to be started on the server.
+std::string programOn(const XServer& server, const std::string& name)
 {
-    std::string program = QCoreApplication::applicationDirPath().toStdString().append("/").append(name);
-    char* const arguments[] = {program.data(), nullptr};
     qputenv("DISPLAY", server.display());
     qputenv("QT_QPA_PLATFORM", "xcb");
+    return QCoreApplication::applicationDirPath().toStdString().append("/").append(name);
+}
+
+/// The bytes that the program has taken at its first paint.
+double memoryAtFirstPaint(const std::string& name, const XServer& server)
+{
+    const std::string program = programOn(server, name);
+    QProcess started;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(kTellMemory), QStringLiteral("1"));
+    started.setProcessEnvironment(environment);
+    started.start(QString::fromStdString(program), {});
+    if (!started.waitForFinished() || started.exitCode() != 0) {
+        throw std::runtime_error(program + " failed");
+    }
+    return started.readAllStandardOutput().trimmed().toDouble();
+}
+
+/// The time that one start of the program takes.
+double startTime(const std::string& name, const XServer& server)
+{
+    std::string program = programOn(server, name);
+    char* const arguments[] = {program.data(), nullptr};
     const auto begin = std::chrono::steady_clock::now();
     pid_t child = 0;
     int status = 0;
@@ -87,15 +111,17 @@ void makeUser()
 
 void addDeskStart(Suite& suite)
 {
-    suite.add(Row{"N start of the desk to its first paint", atMostTimes(1.5),
-                  [] {
-                      makeUser();
-                      const auto start = [server = std::make_shared<XServer>()](const char* name, const char* program) {
-                          return Side{name, [=] { return startTime(program, *server); }};
-                      };
-                      return Sides{start("", "orvan-bench-desk"), start("an empty window", "orvan-bench-window")};
-                  },
+    const auto besideWindow = [](double (*measure)(const std::string&, const XServer&)) {
+        makeUser();
+        const auto side = [measure, server = std::make_shared<XServer>()](const char* name, const char* program) {
+            return Side{name, [=] { return measure(program, *server); }};
+        };
+        return Sides{side("", "orvan-bench-desk"), side("an empty window", "orvan-bench-window")};
+    };
+    suite.add(Row{"N start of the desk to its first paint", atMostTimes(1.5), [=] { return besideWindow(startTime); },
                   Unit::nanoseconds, 21});
+    suite.add(Row{"N memory of the desk at its first paint", atMostTimes(1.4),
+                  [=] { return besideWindow(memoryAtFirstPaint); }, Unit::bytes, 5});
 }
 
 } // namespace orvan::bench

@@ -193,7 +193,7 @@ void addProductsString(Suite& suite)
         {"G read the string", {Bound::Kind::atMostTimes, 3}, readingBesideCopy},
         {"G read the string", {Bound::Kind::atLeastTimesFaster, 15}, readingBesideQt},
         {"G write the string", {Bound::Kind::atLeastTimesFaster, 8}, writingBesideQt},
-        {"G write it again after a change", {Bound::Kind::atMostTimes, 3}, writingAgainBesideCopy},
+        {"G write it again after a change", {Bound::Kind::atMostTimes, 2}, writingAgainBesideCopy},
     };
     for (const auto escapes : {Escapes::none, Escapes::everywhere}) {
         const char* const with = escapes == Escapes::none ? "" : " with escapes";

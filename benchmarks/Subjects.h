@@ -19,5 +19,6 @@ void addListCommands(Suite& suite);   ///< P: search, undo and copy in a long li
 void addSearch(Suite& suite);         ///< Q: the catalogue's search by itself
 void addServerCopy(Suite& suite);     ///< R: the local copy of a server's catalogue
 void addTraceLines(Suite& suite);     ///< S: the lines of a key in the trace log
+void addLongList(Suite& suite);       ///< T: a million products; one of many moved or deleted
 
 } // namespace orvan::bench

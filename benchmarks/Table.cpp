@@ -6,6 +6,28 @@
 
 namespace orvan::bench {
 
+namespace {
+
+struct Scale {
+    const char* name;
+    double size;
+};
+
+/// The scale in which the figure is easiest to read.
+Scale easyScale(double figure, Unit unit)
+{
+    static constexpr const char* kNames[][4] = {
+        {" ns", " us", " ms", " s"}, {" bytes", " kB", " MB", " GB"}, {"", " thousand", " million", " billion"}};
+    std::size_t step = 0;
+    double size = 1;
+    for (; std::abs(figure) / size >= 999.5 && step < 3; size *= 1000) {
+        ++step;
+    }
+    return {kNames[static_cast<std::size_t>(unit)][step], size};
+}
+
+} // namespace
+
 Table::Table(std::ostream& out, const std::vector<std::string>& heads, std::size_t firstWidth)
     : out_(out), firstWidth_(firstWidth)
 {
@@ -34,14 +56,19 @@ std::string plainNumber(double number)
 
 std::string figureText(double figure, Unit unit)
 {
-    static constexpr const char* kUnits[][4] = {
-        {" ns", " us", " ms", " s"}, {" bytes", " kB", " MB", " GB"}, {"", " thousand", " million", " billion"}};
-    std::size_t scale = 0;
-    while (std::abs(figure) >= 999.5 && scale < 3) {
-        figure /= 1000;
-        ++scale;
+    const Scale scale = easyScale(figure, unit);
+    return plainNumber(figure / scale.size) + scale.name;
+}
+
+std::string spreadText(const Spread& spread, Unit unit)
+{
+    std::string text = figureText(spread.median, unit);
+    if (spread.lower != spread.upper) {
+        const double size = easyScale(spread.median, unit).size;
+        text.append(" (").append(plainNumber(spread.lower / size));
+        text.append(" to ").append(plainNumber(spread.upper / size)).append(")");
     }
-    return plainNumber(figure) + kUnits[static_cast<std::size_t>(unit)][scale];
+    return text;
 }
 
 std::string groupedNumber(std::size_t number)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "benchmarks/Bound.h"
+#include "benchmarks/Spread.h"
 
 #include <cstddef>
 #include <ostream>
@@ -24,6 +25,8 @@ private:
 
 /// Three significant digits in the unit that is easiest to read: "812 ns", "1.25 us", "48.3 ms", "6.1 MB".
 std::string figureText(double figure, Unit unit);
+/// The median, then where the middle half of the figures lies, in the same unit: "1.25 us (1.21 to 1.4)".
+std::string spreadText(const Spread& spread, Unit unit);
 /// At most three significant digits: "8", "1.5", "0.967", "1140".
 std::string plainNumber(double number);
 /// The number with separators between its groups of digits: "100,000".

@@ -2,27 +2,74 @@
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Machine.h"
+#include "benchmarks/Results.h"
 #include "benchmarks/Subjects.h"
 
 #include <QApplication>
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <iostream>
+#include <iterator>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace {
 
 constexpr const char* kHelp =
-    "usage: ./bench [--growth] [--list] [NAME...]\n"
+    "usage: ./bench [--growth] [--json FILE] [--compare FILE] [NAME...]\n"
+    "       ./bench --list | --summary FILE... | --beside FILE...\n"
+    "       ./bench --compilers [NAME...]\n"
     "       ./bench --felt --help\n"
     "\n"
-    "Prints each path of the library beside its peer and its bound; medians, measured in turn.\n"
+    "Prints each path of the library beside its peer and its bound; medians, measured in turn,\n"
+    "and in brackets between what figures the middle half of the repetitions lies.\n"
     "Exits with 1 and names the rows that fall short of their bound by more than half.\n"
     "\n"
-    "  NAME      only the rows whose names begin so, such as E or \"E format\"\n"
-    "  --growth  how each path grows with the size of what it works on, instead\n"
-    "  --list    the names of all rows\n";
+    "  NAME            only the rows whose names begin so, such as E or \"E format\"\n"
+    "  --growth        how each path grows with the size of what it works on, instead\n"
+    "  --json FILE     also writes what was measured into the file\n"
+    "  --compare FILE  also prints each figure beside the one of an earlier run, whose file this is\n"
+    "  --summary       in how many of these runs each row holds; nothing is measured\n"
+    "  --beside        our figures of these runs beside each other; nothing is measured\n"
+    "  --list          the names of all rows\n"
+    "  --compilers     builds with GCC and Clang, with and without LTO, and prints their figures\n";
+
+/// Takes the option and its value out of the arguments.
+std::optional<std::string> takeValue(std::vector<std::string>& arguments, const std::string& option)
+{
+    const auto at = std::find(arguments.begin(), arguments.end(), option);
+    if (at == arguments.end()) {
+        return std::nullopt;
+    }
+    if (at + 1 == arguments.end()) {
+        throw std::runtime_error(option + " needs a file");
+    }
+    std::string value = at[1];
+    arguments.erase(at, at + 2);
+    return value;
+}
+
+/// Prints the runs that the files hold.
+int printRuns(const std::vector<std::string>& files, bool beside)
+{
+    if (files.empty()) {
+        throw std::runtime_error("files of earlier runs are needed");
+    }
+    std::vector<orvan::bench::Results> runs;
+    std::transform(files.begin(), files.end(), std::back_inserter(runs), orvan::bench::readResults);
+    if (beside) {
+        std::vector<std::string> names;
+        std::transform(files.begin(), files.end(), std::back_inserter(names),
+                       [](const std::string& file) { return std::filesystem::path(file).stem().string(); });
+        orvan::bench::printBeside(std::cout, runs, names);
+    } else {
+        orvan::bench::printSummary(std::cout, runs);
+    }
+    return 0;
+}
 
 int run(std::vector<std::string> arguments)
 {
@@ -33,6 +80,7 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addTraceLines(suite);
     orvan::bench::addAmounts(suite);
     orvan::bench::addProductsString(suite);
+    orvan::bench::addLongList(suite);
     orvan::bench::addQtGrid(suite);
     orvan::bench::addQtForm(suite);
     orvan::bench::addLookUp(suite);
@@ -51,7 +99,11 @@ int run(std::vector<std::string> arguments)
         return 0;
     }
     const bool list = take("--list");
+    const bool summary = take("--summary");
+    const bool beside = take("--beside");
     const bool growth = take("--growth");
+    const std::optional<std::string> json = takeValue(arguments, "--json");
+    const std::optional<std::string> earlier = takeValue(arguments, "--compare");
     const auto unknown = std::find_if(arguments.begin(), arguments.end(),
                                       [](const std::string& argument) { return argument.starts_with("-"); });
     if (unknown != arguments.end()) {
@@ -62,9 +114,23 @@ int run(std::vector<std::string> arguments)
         suite.list();
         return 0;
     }
+    if (summary || beside) {
+        return printRuns(arguments, beside);
+    }
     suite.select(arguments);
-    std::cout << orvan::bench::machineDescription() << '\n';
-    const std::vector<std::string> failed = growth ? suite.runGrowths() : suite.runRows();
+    // Read first, so that a file that cannot be read is not noticed after minutes only.
+    const std::optional<orvan::bench::Results> before =
+        earlier ? std::optional(orvan::bench::readResults(*earlier)) : std::nullopt;
+    orvan::bench::Results results{.machine = orvan::bench::machineDescription()};
+    std::cout << results.machine << '\n';
+    const std::vector<std::string> failed = growth ? suite.runGrowths(results) : suite.runRows(results);
+    if (json) {
+        orvan::bench::writeResults(*json, results);
+    }
+    if (before) {
+        std::cout << '\n';
+        orvan::bench::printComparison(std::cout, *before, results);
+    }
     for (const std::string& name : failed) {
         std::cerr << "Fails: " << name << '\n';
     }

@@ -125,8 +125,9 @@ std::vector<std::string> run(const Row& row, orvan::bench::Table& table, const S
         const orvan::bench::Judgement judgement = judge(figures, claim);
         table.print({label(row, claim), text(figure(figures.ours, claim)), quartiles(figures.ours),
                      row.peer.name + " " + text(figure(figures.peers, claim)), quartiles(figures.peers),
-                     orvan::bench::plainNumber(judgement.ratio), bound, judgement.verdict()});
-        if (judgement.fails()) {
+                     orvan::bench::plainNumber(judgement.ratio), bound,
+                     orvan::bench::kVerdictTexts[static_cast<std::size_t>(judgement.verdict())]});
+        if (judgement.verdict() == orvan::bench::Verdict::fails) {
             failed.push_back(label(row, claim));
         }
     }

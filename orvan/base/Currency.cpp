@@ -4,6 +4,7 @@
 #include "orvan/base/DecimalReader.h"
 #include "orvan/base/Int128.h"
 #include "orvan/base/RuntimeError.h"
+#include "orvan/base/ShortestText.h"
 
 #include <charconv>
 #include <cmath>
@@ -16,8 +17,6 @@ namespace {
 {
     throw RuntimeError(ErrorNumber::typeMismatch, {}, userText("\"%1\" is not a number", text));
 }
-
-constexpr auto kMostScaled = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
 
 Currency checked(Int128 scaled)
 {
@@ -120,6 +119,12 @@ Currency Currency::fromText(std::string_view text)
 
 std::optional<Currency> Currency::fromShortestText(std::string_view text) noexcept
 {
+    Currency amount;
+    return readShortestText(text, amount) ? std::optional(amount) : std::nullopt;
+}
+
+bool readShortestText(std::string_view text, Currency& amount) noexcept
+{
     // This does not use DecimalReader, because reading a products string spends most of its time here.
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -137,22 +142,24 @@ std::optional<Currency> Currency::fromShortestText(std::string_view text) noexce
     const std::ptrdiff_t integerDigits = takeDigits();
     constexpr std::ptrdiff_t kMostIntegerDigits = 15; // as many as the largest amount has
     if (integerDigits == 0 || integerDigits > kMostIntegerDigits || (integerDigits > 1 && *first == '0')) {
-        return std::nullopt;
+        return false;
     }
     std::ptrdiff_t decimals = 0;
     if (at != end && *at == '.') {
         ++at;
         decimals = takeDigits();
-        if (decimals == 0 || decimals > kDecimals || at[-1] == '0') {
-            return std::nullopt;
+        if (decimals == 0 || decimals > Currency::kDecimals || at[-1] == '0') {
+            return false;
         }
     }
-    magnitude *= kPowersOfTen[kDecimals - decimals]; // at most 19 digits, which fit 64 bits
+    magnitude *= Currency::kPowersOfTen[Currency::kDecimals - decimals]; // at most 19 digits, which fit 64 bits
+    constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
     const bool isMinusZero = negative && magnitude == 0;
-    if (at != end || isMinusZero || magnitude > kMostScaled + (negative ? 1 : 0)) {
-        return std::nullopt;
+    if (at != end || isMinusZero || magnitude > kMost + (negative ? 1 : 0)) {
+        return false;
     }
-    return fromScaled(static_cast<std::int64_t>(negative ? 0 - magnitude : magnitude));
+    amount = Currency::fromScaled(static_cast<std::int64_t>(negative ? 0 - magnitude : magnitude));
+    return true;
 }
 
 std::string_view Currency::toText(TextBuffer& buffer) const noexcept

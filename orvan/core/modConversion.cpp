@@ -26,6 +26,18 @@ void removeAll(std::string& text, std::string_view part)
     }
 }
 
+/// Writes the digits and decimal separators of a text with characters of several bytes. Returns the end.
+char* keepCharacters(char* kept, std::string_view sText, std::string_view sDecimalSep)
+{
+    for (std::size_t at = 0; at < sText.size(); at += characterSize(sText, at)) {
+        const std::string_view character = sText.substr(at, characterSize(sText, at));
+        if (isDigit(character.front()) || character == sDecimalSep) {
+            kept = std::copy(character.begin(), character.end(), kept);
+        }
+    }
+    return kept;
+}
+
 /// The digits and decimal separators of the text, written to `kept`, which holds at least sText.size() characters.
 /// Empty where there is no digit.
 std::string_view keepAmount(char* kept, std::string_view sText, std::string_view sDecimalSep)
@@ -33,23 +45,17 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
     // If the separator is not one ASCII character, `decimal` is '0': a digit is kept anyway, so this changes nothing.
     const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
     char* end = kept;
-    bool anyDigit = false;
-    for (std::size_t at = 0; at < sText.size();) {
-        const char c = sText[at];
-        if (isAscii(c)) {
-            // This has no branch, because the processor could not predict at which places a text has separators.
-            *end = c;
-            end += isDigit(c) || c == decimal ? 1 : 0;
-            anyDigit |= isDigit(c);
-            ++at;
-        } else {
-            const std::size_t size = characterSize(sText, at);
-            if (sText.substr(at, size) == sDecimalSep) {
-                end = std::copy(sDecimalSep.begin(), sDecimalSep.end(), end);
-            }
-            at += size;
-        }
+    bool ascii = true;
+    for (const char c : sText) {
+        // This has no branch, because the processor could not predict at which places a text has separators.
+        *end = c;
+        end += isDigit(c) || c == decimal ? 1 : 0;
+        ascii &= isAscii(c);
     }
+    if (!ascii) {
+        end = keepCharacters(kept, sText, sDecimalSep);
+    }
+    const bool anyDigit = std::any_of(kept, end, isDigit); // nearly always the first one is
     return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
 }
 

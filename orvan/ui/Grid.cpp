@@ -215,18 +215,18 @@ void Grid::setEmptyText(UserText text)
     changed(&GridChanges::layout);
 }
 
-const GridValue& Grid::value(std::int32_t row, std::int32_t column) const
+const GridCell& Grid::cell(std::int32_t row, std::int32_t column) const
 {
     requireRow(row);
     return at(column).cells[static_cast<std::size_t>(row)];
 }
 
-void Grid::setValue(std::int32_t row, std::int32_t column, GridValue value)
+void Grid::setValue(std::int32_t row, std::int32_t column, const GridValue& value)
 {
     requireRow(row);
-    GridValue& cell = at(column).cells[static_cast<std::size_t>(row)];
-    if (cell != value) {
-        cell = std::move(value);
+    GridCell& cell = at(column).cells[static_cast<std::size_t>(row)];
+    if (!cell.holds(value)) {
+        cell.set(value);
         changed(&GridChanges::cells);
     }
 }
@@ -234,15 +234,14 @@ void Grid::setValue(std::int32_t row, std::int32_t column, GridValue value)
 std::string Grid::displayText(std::int32_t row, std::int32_t column) const
 {
     const Column& shown = at(column);
-    const GridValue& cell = value(row, column);
-    const auto* const amount = std::get_if<Currency>(&cell);
-    if (shown.amountText && amount) {
+    const GridCell& shownCell = cell(row, column);
+    if (const auto amount = shownCell.amount(); amount && shown.amountText) {
         try {
             return shown.amountText(*amount);
         } catch (...) { // a toolkit that paints takes no error
         }
     }
-    return shown.format.display(cell, separators_);
+    return shown.format.display(shownCell.value(), separators_);
 }
 
 void Grid::setCurrentRow(std::int32_t row)

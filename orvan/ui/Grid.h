@@ -14,6 +14,7 @@
 #include "orvan/base/UserText.h"
 #include "orvan/core_export.h"
 #include "orvan/ui/Control.h"
+#include "orvan/ui/GridCell.h"
 #include "orvan/ui/GridFormat.h"
 #include "orvan/ui/KeyStroke.h"
 #include "orvan/ui/RowSelection.h"
@@ -110,10 +111,11 @@ public:
     /// What the grid shows instead of rows while it has none.
     void setEmptyText(UserText text);
 
-    const GridValue& value(std::int32_t row, std::int32_t column) const;
-    /// The values of all rows, header rows included; valid until the next change of the grid.
-    std::span<const GridValue> values(std::int32_t column) const { return at(column).cells; }
-    void setValue(std::int32_t row, std::int32_t column, GridValue value);
+    const GridCell& cell(std::int32_t row, std::int32_t column) const;
+    /// The cells of all rows, header rows included; valid until the next change of the grid.
+    std::span<const GridCell> cells(std::int32_t column) const { return at(column).cells; }
+    GridValue value(std::int32_t row, std::int32_t column) const { return cell(row, column).value(); }
+    void setValue(std::int32_t row, std::int32_t column, const GridValue& value);
     std::string displayText(std::int32_t row, std::int32_t column) const;
 
     /// The current row; 0 (the header) until the user or the program chooses a row.
@@ -192,7 +194,7 @@ private:
         bool takesRest = false;
         bool hidden = false;
         UserText headerTip;
-        std::vector<GridValue> cells;
+        std::vector<GridCell> cells;
     };
 
     const Column& at(std::int32_t column) const;

@@ -28,17 +28,6 @@ constexpr auto kDecimalsOf = [] {
     return decimals;
 }();
 
-std::optional<Currency> numberOf(const GridValue& value)
-{
-    if (const auto* const amount = std::get_if<Currency>(&value)) {
-        return *amount;
-    }
-    if (const auto* const number = std::get_if<std::int32_t>(&value)) {
-        return Currency::fromInteger(*number);
-    }
-    return std::nullopt;
-}
-
 /// A number of one shape: sign, size and decimals.
 struct NumberShape {
     std::int32_t row = -1; ///< -1: the column has no number of this shape.
@@ -54,9 +43,9 @@ std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column)
         return texts;
     }
     std::array<NumberShape, 2 * kSizes*(Currency::kDecimals + 1)> shapes;
-    const std::span<const GridValue> values = grid.values(column);
+    const std::span<const GridCell> cells = grid.cells(column);
     for (std::int32_t row = grid.fixedRows(); row < grid.rowCount(); ++row) {
-        const std::optional<Currency> number = numberOf(values[static_cast<std::size_t>(row)]);
+        const std::optional<Currency> number = cells[static_cast<std::size_t>(row)].number();
         if (!number) {
             continue;
         }

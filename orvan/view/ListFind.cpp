@@ -5,7 +5,9 @@
 #include "orvan/ui/LocaleService.h"
 #include "orvan/view/ProductColumnTable.h"
 
+#include <optional>
 #include <span>
+#include <string_view>
 
 namespace orvan {
 
@@ -90,18 +92,18 @@ std::int32_t ListFind::search(std::int32_t from, std::int32_t step) const
     if (rows < 1 || names < 0 || partNumbers < 0) {
         return 0;
     }
-    const std::span<const ui::GridValue> nameCells = grid_.values(names);
-    const std::span<const ui::GridValue> partNumberCells = grid_.values(partNumbers);
+    const std::span<const ui::GridCell> nameCells = grid_.cells(names);
+    const std::span<const ui::GridCell> partNumberCells = grid_.cells(partNumbers);
     std::int32_t byPartNumber = 0;
     std::int32_t within = 0;
     std::int32_t row = first + ((from - first) % rows + rows) % rows;
     for (std::int32_t i = 0; i < rows; ++i) {
         const auto at = static_cast<std::size_t>(row);
-        const auto* const name = std::get_if<std::string>(&nameCells[at]);
+        const std::optional<std::string_view> name = nameCells[at].text();
         if (name && fitsAt(*name, 0)) {
             return row;
         }
-        const auto* const partNumber = byPartNumber > 0 ? nullptr : std::get_if<std::string>(&partNumberCells[at]);
+        const std::optional<std::string_view> partNumber = byPartNumber > 0 ? std::nullopt : partNumberCells[at].text();
         if (partNumber && fitsAt(*partNumber, 0)) {
             byPartNumber = row;
         }

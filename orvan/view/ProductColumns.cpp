@@ -28,17 +28,17 @@ const ColumnRow* rowOf(ViewFieldEnum field)
     return value < kFieldColumns.size() ? &kFieldColumns[value] : nullptr;
 }
 
-ui::GridValue cellValue(const ColumnRow& column, std::int32_t index, const ProductRecord& record)
+void readCell(ui::GridValue& cell, const ColumnRow& column, std::int32_t index, const ProductRecord& record)
 {
     if (column.text) {
         std::string text = (record.*column.text)();
         text.resize(firstCharacters(text, kMostCellCharacters).size());
-        return text;
+        cell = std::move(text);
+    } else if (column.amount) {
+        cell = (record.*column.amount)();
+    } else {
+        cell = index;
     }
-    if (column.amount) {
-        return (record.*column.amount)();
-    }
-    return index;
 }
 
 } // namespace
@@ -270,17 +270,17 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     PrvSaveViewPrefs();
 }
 
-void ProductColumns::read(std::int32_t index, const ProductRecord& record, Cells& cells)
+void ProductColumns::readCells(Cells& cells, std::int32_t index, const ProductRecord& record)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        cells[i] = cellValue(kColumns[i], index, record);
+        readCell(cells[i], kColumns[i], index, record);
     }
 }
 
-void ProductColumns::showRow(std::int32_t row, Cells& cells)
+void ProductColumns::showRow(std::int32_t row, const Cells& cells)
 {
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        flexGrid_.setValue(row, columnIndices_[i], std::move(cells[i]));
+        flexGrid_.setValue(row, columnIndices_[i], cells[i]);
     }
 }
 
@@ -289,15 +289,15 @@ void ProductColumns::addChanges(std::int32_t row, std::int32_t shownRow, Cells& 
 {
     const bool isNew = shownRow >= flexGrid_.rowCount();
     for (std::size_t i = 0; i < kColumnCount; ++i) {
-        if (isNew || flexGrid_.value(shownRow, columnIndices_[i]) != cells[i]) {
+        if (isNew || !flexGrid_.cell(shownRow, columnIndices_[i]).holds(cells[i])) {
             changes.push_back({.row = row, .column = i, .value = std::move(cells[i])});
         }
     }
 }
 
-void ProductColumns::show(CellChange&& change)
+void ProductColumns::show(const CellChange& change)
 {
-    flexGrid_.setValue(change.row, columnIndices_[change.column], std::move(change.value));
+    flexGrid_.setValue(change.row, columnIndices_[change.column], change.value);
 }
 
 std::int32_t ProductColumns::indexInRow(std::int32_t row) const

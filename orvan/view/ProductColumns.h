@@ -77,10 +77,9 @@ public:
 
     /// The values of one row, in the order of kColumns.
     using Cells = std::array<ui::GridValue, kColumnCount>;
-    /// Reads what a row shows of the product at position `index` of the list.
-    static void read(std::int32_t index, const ProductRecord& record, Cells& cells);
-    /// Takes the values out of `cells`.
-    void showRow(std::int32_t row, Cells& cells);
+    /// Sets the cells to what a row shows of the product at position `index` of the list.
+    static void readCells(Cells& cells, std::int32_t index, const ProductRecord& record);
+    void showRow(std::int32_t row, const Cells& cells);
     /// A cell whose row shows another value now, or none.
     struct CellChange {
         std::int32_t row;
@@ -89,7 +88,7 @@ public:
     };
     /// Adds the cells of a row that `shownRow` does not show yet, and takes their values out of `cells`.
     void addChanges(std::int32_t row, std::int32_t shownRow, Cells& cells, std::vector<CellChange>& changes) const;
-    void show(CellChange&& change);
+    void show(const CellChange& change);
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
     /// What the list shows instead of rows while it has none.

@@ -23,21 +23,20 @@ constexpr float kGap = 60; // twips between the grid and the band below it
 
 /// Reads what the grid shows of the product at `index`. The manager may set the index to another product's; returns
 /// false where it finds no product.
-bool readProduct(ProductMgr& manager, std::int32_t& index, ProductColumns::Cells& cells)
+bool readProduct(ProductColumns::Cells& cells, ProductMgr& manager, std::int32_t& index)
 {
     bool found = false;
     manager.SeekIndex(index, 0, found);
     // The record is fetched even where `found` is false, on purpose: an error of the manager is then told as an error
     // and does not look like the end of the list.
     const auto record = manager.GetProduct(index);
-    if (!found) {
-        return false;
-    }
-    if (!record) {
+    if (found && !record) {
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
-    ProductColumns::read(index, *record, cells);
-    return true;
+    if (found) {
+        ProductColumns::readCells(cells, index, *record);
+    }
+    return found;
 }
 
 /// Raises an error for a count that no grid can show. Called before the grid is changed.
@@ -199,9 +198,9 @@ const std::string& ProductView::totalText() const
 template <class TakeRow>
 bool ProductView::readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow)
 {
-    ProductColumns::Cells cells; // the same for all rows, which is faster
+    ProductColumns::Cells cells; // outside the loop, because making nine values for each row takes long
     for (std::int32_t index = 1; index <= count; ++index) {
-        const bool found = readProduct(*list.manager(), index, cells);
+        const bool found = readProduct(cells, *list.manager(), index);
         if (!list.stillShown()) {
             return false;
         }
@@ -237,7 +236,7 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal, std::int
         columns_.addChanges(row, deletedRow > 0 && row >= deletedRow ? row + 1 : row, cells, changes);
         ++row;
     };
-    const auto showRow = [&](ProductColumns::Cells& cells) { columns_.showRow(row++, cells); };
+    const auto showRow = [&](const ProductColumns::Cells& cells) { columns_.showRow(row++, cells); };
     const auto setRowCount = [&](std::int32_t count) {
         if (deletedRow > 0) {
             flexGrid_.removeRow(deletedRow);
@@ -276,9 +275,7 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal, std::int
     if (readsFirst) {
         flexGrid_.setRedraw(false);
         setRowCount(count + 1);
-        for (ProductColumns::CellChange& change : changes) {
-            columns_.show(std::move(change));
-        }
+        std::for_each(changes.begin(), changes.end(), [&](const auto& change) { columns_.show(change); });
     }
     if (updateTotal) {
         txtTotal_.setText(totalText);

@@ -128,7 +128,8 @@ private:
     /// so: the rows after it then move up, instead of being set anew.
     void PrvRefreshView(bool updateTotal, std::int32_t deletedRow = 0);
     void refillGrid(const CurrentList& list, bool updateTotal, std::int32_t deletedRow);
-    /// Calls takeRow with the cells of each product. Returns false as soon as the list is not shown any more.
+    /// Calls takeRow with the cells of each product, which it may move from. Returns false as soon as the list is not
+    /// shown any more.
     template <class TakeRow>
     [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
 

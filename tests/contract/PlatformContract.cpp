@@ -224,6 +224,30 @@ TEST_P(PlatformContract, RowsAfterARemovedOneMoveUp)
     EXPECT_EQ(errorOf([&] { grid().removeRow(3); }), 9);
 }
 
+TEST_P(PlatformContract, ACellTakesEachValueInPlaceOfAnyOther)
+{
+    // A cell keeps texts of up to fifteen bytes in another way than longer ones.
+    const std::vector<ui::GridValue> values = {{},
+                                               std::string(),
+                                               std::string(15, 'a'),
+                                               std::string(16, 'b'),
+                                               std::string(16, 'c'),
+                                               7,
+                                               std::string(300, 'd'),
+                                               std::string(17, 'e'),
+                                               Currency::fromScaled(-1),
+                                               std::string("\0x", 2),
+                                               -2'000'000'000};
+    grid().setRowCount(2);
+    for (const ui::GridValue& former : values) {
+        for (const ui::GridValue& value : values) {
+            grid().setValue(1, 0, former);
+            grid().setValue(1, 0, value);
+            EXPECT_EQ(grid().value(1, 0), value) << "after the value of kind " << former.index();
+        }
+    }
+}
+
 TEST_P(PlatformContract, OneRowIsCurrentByUserOrProgram)
 {
     EXPECT_EQ(grid().currentRow(), 0);

@@ -93,9 +93,9 @@ void InProcessProductMgr::SeekIndex(std::int32_t& lIndex, std::int32_t lOffset, 
 
 std::shared_ptr<ProductRecord> InProcessProductMgr::AddNewProduct()
 {
-    ProductValues fields;
-    fields.qty = Currency::fromScaled(Currency::kScale);
-    products_.push_back({.product = std::make_shared<ListedProduct>(ledger_, std::move(fields))});
+    ProductValues values;
+    values.qty = Currency::fromScaled(Currency::kScale);
+    products_.push_back({.product = std::make_shared<ListedProduct>(ledger_, values)});
     ledger_->recordBytes += productSize(products_.back().product->fields(), ledger_->separators);
     inOrder_ = false;
     return products_.back().product;
@@ -130,8 +130,10 @@ void InProcessProductMgr::SetProductsString(std::string_view sProducts, const st
     auto ledger = std::make_shared<Ledger>(ledger_->rules, separators);
     Products products;
     products.reserve(reader.expected());
+    ProductValues values; // outside the loop, so that its texts keep their memory
     while (reader.more()) {
-        products.push_back({.product = std::make_shared<ListedProduct>(ledger, reader)});
+        reader.next(values);
+        products.push_back({.product = std::make_shared<ListedProduct>(ledger, values)});
     }
     // A list has one string only, so the records would be written with as many bytes as were read.
     ledger->recordBytes = sProducts.size() - productsStringHead(products.size(), separators).size();

@@ -6,6 +6,7 @@
 
 #include "orvan/base/Int128.h"
 #include "orvan/components/products/InProcessProductMgr.h"
+#include "orvan/components/products/PackedTexts.h"
 #include "orvan/components/products/ProductsString.h"
 #include "orvan/core/ProductMgr.h"
 
@@ -53,39 +54,35 @@ struct Ledger {
 
 class ListedProduct final : public ProductRecord {
 public:
-    ListedProduct(std::shared_ptr<Ledger> ledger, ProductValues fields)
-        : ledger_(std::move(ledger)), fields_(std::move(fields))
+    ListedProduct(std::shared_ptr<Ledger> ledger, const ProductValues& values)
+        : ledger_(std::move(ledger)), texts_({values.name, values.key, values.partNum, values.note}),
+          unitPrice_(values.unitPrice), qty_(values.qty), discPrcnt_(values.discPrcnt), extPrice_(values.extPrice)
     {
-        ledger_->total += fields_.extPrice.scaled();
-    }
-    ListedProduct(std::shared_ptr<Ledger> ledger, ProductsReader& reader) : ledger_(std::move(ledger))
-    {
-        reader.next(fields_);
-        ledger_->total += fields_.extPrice.scaled();
+        ledger_->total += extPrice_.scaled();
     }
 
-    std::string Name() const override { return fields_.name; }
-    void SetName(std::string_view name) override { set(fields_.name, name); }
-    std::string Key() const override { return fields_.key; }
-    void SetKey(std::string_view key) override { set(fields_.key, key); }
-    std::string PartNum() const override { return fields_.partNum; }
-    void SetPartNum(std::string_view partNum) override { set(fields_.partNum, partNum); }
-    Currency UnitPrice() const override { return fields_.unitPrice; }
-    void SetUnitPrice(Currency unitPrice) override { set(fields_.unitPrice, unitPrice); }
-    Currency Qty() const override { return fields_.qty; }
-    void SetQty(Currency qty) override { set(fields_.qty, qty); }
-    Currency DiscPrcnt() const override { return fields_.discPrcnt; }
-    void SetDiscPrcnt(Currency discPrcnt) override { set(fields_.discPrcnt, discPrcnt); }
-    Currency ExtPrice() const override { return fields_.extPrice; }
-    std::string Note() const override { return fields_.note; }
-    void SetNote(std::string_view note) override { set(fields_.note, note); }
+    std::string Name() const override { return std::string(texts_[kName]); }
+    void SetName(std::string_view name) override { set(kName, name); }
+    std::string Key() const override { return std::string(texts_[kKey]); }
+    void SetKey(std::string_view key) override { set(kKey, key); }
+    std::string PartNum() const override { return std::string(texts_[kPartNum]); }
+    void SetPartNum(std::string_view partNum) override { set(kPartNum, partNum); }
+    Currency UnitPrice() const override { return unitPrice_; }
+    void SetUnitPrice(Currency unitPrice) override { set(unitPrice_, unitPrice); }
+    Currency Qty() const override { return qty_; }
+    void SetQty(Currency qty) override { set(qty_, qty); }
+    Currency DiscPrcnt() const override { return discPrcnt_; }
+    void SetDiscPrcnt(Currency discPrcnt) override { set(discPrcnt_, discPrcnt); }
+    Currency ExtPrice() const override { return extPrice_; }
+    std::string Note() const override { return std::string(texts_[kNote]); }
+    void SetNote(std::string_view note) override { set(kNote, note); }
 
     void SetExtPrice(Currency extPrice) override
     {
         if (listed_) {
-            ledger_->total += Int128{extPrice.scaled()} - fields_.extPrice.scaled();
+            ledger_->total += Int128{extPrice.scaled()} - extPrice_.scaled();
         }
-        set(fields_.extPrice, extPrice);
+        set(extPrice_, extPrice);
     }
 
     bool IsValidUnitPrice(Currency cyValue) const override
@@ -98,7 +95,11 @@ public:
         return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
     }
 
-    const ProductValues& fields() const noexcept { return fields_; }
+    /// The texts are valid until one of them is set.
+    ProductFields fields() const noexcept
+    {
+        return {texts_[kName], texts_[kKey], texts_[kPartNum], unitPrice_, qty_, discPrcnt_, extPrice_, texts_[kNote]};
+    }
     bool changed() const noexcept { return changed_; }
     /// Called when the list has been written with the record as it is.
     void setWritten() noexcept { changed_ = false; }
@@ -106,40 +107,43 @@ public:
     /// Called when the record is taken out of the list.
     void leaveList() noexcept
     {
-        ledger_->total -= fields_.extPrice.scaled();
-        ledger_->recordBytes -= productSize(fields_, ledger_->separators);
+        ledger_->total -= extPrice_.scaled();
+        ledger_->recordBytes -= productSize(fields(), ledger_->separators);
         listed_ = false;
     }
 
 private:
+    enum Text : std::size_t { kName, kKey, kPartNum, kNote };
+
     static bool accepts(const std::function<bool(Currency)>& rule, Currency value) { return !rule || rule(value); }
 
     // An equal value is no change, because leaving a box saves its field even if it was not edited.
-    void set(std::string& field, std::string_view value)
+    void set(Text text, std::string_view value)
     {
-        if (field != value) {
-            std::string text(value);
-            noteChange(field, text);
-            field.swap(text);
+        const std::string_view former = texts_[text];
+        if (former != value) {
+            const std::size_t wider = fieldSize(value, ledger_->separators) - fieldSize(former, ledger_->separators);
+            texts_.set(text, value);
+            noteChange(wider);
         }
     }
 
     void set(Currency& field, Currency value) noexcept
     {
         if (field != value) {
-            noteChange(field, value);
+            const std::size_t wider = fieldSize(value, ledger_->separators) - fieldSize(field, ledger_->separators);
             field = value;
+            noteChange(wider);
         }
     }
 
-    template <class Field>
-    void noteChange(const Field& former, const Field& present) noexcept
+    /// `wider` is the number of bytes by which the record's text has grown, modulo 2^64 where it has shrunk.
+    void noteChange(std::size_t wider) noexcept
     {
         if (!listed_) {
             return;
         }
-        ledger_->recordBytes += fieldSize(present, ledger_->separators);
-        ledger_->recordBytes -= fieldSize(former, ledger_->separators);
+        ledger_->recordBytes += wider;
         if (!changed_) {
             changed_ = true;
             ledger_->noteChange(this);
@@ -147,7 +151,11 @@ private:
     }
 
     std::shared_ptr<Ledger> ledger_;
-    ProductValues fields_;
+    PackedTexts texts_;
+    Currency unitPrice_;
+    Currency qty_;
+    Currency discPrcnt_;
+    Currency extPrice_;
     bool changed_ = false; ///< Since the list was last written.
     bool listed_ = true;
 };

@@ -2,13 +2,13 @@
 
 #include "orvan/base/Ascii.h"
 #include "orvan/base/RuntimeError.h"
+#include "orvan/base/ShortestText.h"
 
 #include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cstring>
 #include <iterator>
-#include <optional>
 
 namespace orvan {
 
@@ -20,26 +20,22 @@ constexpr std::size_t kRunStep = 16;
 /// The shortest record: four amounts of one digit, seven field separators and one record separator.
 constexpr std::size_t kSmallestRecord = 12;
 
-/// A field of a record: either a text or an amount.
-struct Field {
-    std::string_view name;
-    std::string ProductValues::*text;
-    Currency ProductValues::*amount;
-};
-
-// clang-format off
-constexpr Field kFields[] = {
-    {"Name",      &ProductValues::name,    nullptr},
-    {"Key",       &ProductValues::key,     nullptr},
-    {"PartNum",   &ProductValues::partNum, nullptr},
-    {"UnitPrice", nullptr,                 &ProductValues::unitPrice},
-    {"Qty",       nullptr,                 &ProductValues::qty},
-    {"DiscPrcnt", nullptr,                 &ProductValues::discPrcnt},
-    {"ExtPrice",  nullptr,                 &ProductValues::extPrice},
-    {"Note",      &ProductValues::note,    nullptr},
-};
-// clang-format on
-constexpr std::size_t kFieldCount = std::size(kFields);
+// The fields of a record, in their order: their names, and a call with the value of each.
+constexpr std::string_view kFieldNames[] = {"Name", "Key",       "PartNum",  "UnitPrice",
+                                            "Qty",  "DiscPrcnt", "ExtPrice", "Note"};
+template <class Fields, class Visit>
+void forEachField(Fields& fields, const Visit& visit)
+{
+    visit(fields.name);
+    visit(fields.key);
+    visit(fields.partNum);
+    visit(fields.unitPrice);
+    visit(fields.qty);
+    visit(fields.discPrcnt);
+    visit(fields.extPrice);
+    visit(fields.note);
+}
+constexpr std::size_t kFieldCount = std::size(kFieldNames);
 static_assert(kFieldCount == 8, "refuseEnd names the number of fields");
 
 bool isSeparator(std::string_view text)
@@ -57,7 +53,8 @@ bool needsEscape(char c, ProductsSeparators separators)
     return c == separators.record || c == separators.field || c == kEscape;
 }
 
-void appendEscaped(std::string& out, std::string_view text, ProductsSeparators separators)
+// Functions that are called for each of several fields are not inlined: it would bring no time, but several kilobytes.
+[[gnu::noinline]] void append(std::string& out, std::string_view text, ProductsSeparators separators)
 {
     std::size_t begin = 0; // where the part of the text that is not written yet begins
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -68,6 +65,17 @@ void appendEscaped(std::string& out, std::string_view text, ProductsSeparators s
         }
     }
     out.append(text, begin);
+}
+
+[[gnu::noinline]] void assign(std::string& text, const char* bytes, std::size_t size)
+{
+    text.assign(bytes, size);
+}
+
+[[gnu::noinline]] void append(std::string& out, Currency amount, ProductsSeparators /*separators*/)
+{
+    Currency::TextBuffer buffer;
+    out += amount.toText(buffer);
 }
 
 /// Whether the text has the form in which amounts are written, however large the number is. Only a number in this form
@@ -112,20 +120,16 @@ ProductsSeparators productsSeparators(std::string_view recordSep, std::string_vi
     return {.record = recordSep[0], .field = fieldSep[0]};
 }
 
-void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators)
+void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators)
 {
-    for (std::size_t i = 0; i < kFieldCount; ++i) {
-        if (kFields[i].text != nullptr) {
-            appendEscaped(out, fields.*kFields[i].text, separators);
-        } else {
-            Currency::TextBuffer buffer;
-            out += (fields.*kFields[i].amount).toText(buffer);
-        }
-        out += i + 1 < kFieldCount ? separators.field : separators.record;
-    }
+    forEachField(fields, [&](const auto& field) {
+        append(out, field, separators);
+        out += separators.field;
+    });
+    out.back() = separators.record;
 }
 
-std::size_t fieldSize(std::string_view text, ProductsSeparators separators) noexcept
+[[gnu::noinline]] std::size_t fieldSize(std::string_view text, ProductsSeparators separators) noexcept
 {
     const auto escapes =
         std::count_if(text.begin(), text.end(), [separators](char c) { return needsEscape(c, separators); });
@@ -138,13 +142,10 @@ std::size_t fieldSize(Currency amount, ProductsSeparators /*separators*/) noexce
     return amount.toText(buffer).size();
 }
 
-std::size_t productSize(const ProductValues& fields, ProductsSeparators separators) noexcept
+std::size_t productSize(const ProductFields& fields, ProductsSeparators separators) noexcept
 {
     std::size_t size = kFieldCount; // a separator behind each field
-    for (const Field& field : kFields) {
-        size += field.text != nullptr ? fieldSize(fields.*field.text, separators)
-                                      : fieldSize(fields.*field.amount, separators);
-    }
+    forEachField(fields, [&](const auto& field) { size += fieldSize(field, separators); });
     return size;
 }
 
@@ -155,9 +156,8 @@ std::string productsStringHead(std::size_t count, ProductsSeparators separators)
 
 ProductsReader::ProductsReader(std::string_view text, ProductsSeparators separators)
     : text_(text), separators_(separators), count_(text.empty() ? 0 : readCount()),
-      marks_(text, separators.record, separators.field, kEscape)
+      marks_(text, separators.record, separators.field, kEscape), ends_(marks_.startAt(at_))
 {
-    marks_.startAt(at_);
 }
 
 std::size_t ProductsReader::expected() const noexcept
@@ -196,60 +196,67 @@ std::int32_t ProductsReader::readCount()
     return count;
 }
 
-inline void ProductsReader::readText(std::size_t begin, std::size_t end, std::string& value)
+/// Copies up to 64 bytes without their escapes: the runs of bytes between the escapes, one after the other. Returns the
+/// end of what was written; kRunStep bytes beyond it may have been written, too.
+inline char* ProductsReader::copyRuns(char* to, std::size_t begin, std::size_t end, std::uint64_t escapes) const
 {
-    const std::size_t size = end - begin;
-    if (size <= kByteBlock && marks_.escapes(begin, size) == 0) {
-        value.assign(text_, begin, size);
-    } else {
-        readEscapes(begin, end, value);
-    }
-}
-
-/// Reads a text that has escapes: the runs of bytes between the escapes are copied one after the other.
-void ProductsReader::readEscapes(std::size_t begin, std::size_t end, std::string& value)
-{
-    if (unescaped_.size() < end - begin + kRunStep) {
-        unescaped_.resize(end - begin + kRunStep);
-    }
     const char* from = text_.data() + begin;
-    char* to = unescaped_.data();
+    const char* const block = from;
+    // Most runs are short, and copying sixteen bytes is faster than copying an exact number: the bytes beyond the run
+    // are overwritten by the next run.
+    const bool room = text_.size() - end >= kRunStep;
     const auto takeRun = [&](const char* runEnd) {
         const auto size = static_cast<std::size_t>(runEnd - from);
-        // Most runs are short, and copying sixteen bytes is faster than copying an exact number: the bytes beyond the
-        // run are overwritten by the next run.
-        if (size <= kRunStep && text_.data() + text_.size() - from >= std::ptrdiff_t{kRunStep}) {
+        if (size <= kRunStep && room) {
             std::memcpy(to, from, kRunStep);
         } else {
             std::memcpy(to, from, size);
         }
-        from += size;
         to += size;
     };
-    for (std::size_t at = begin; at < end; at += kByteBlock) {
-        for (std::uint64_t escapes = marks_.escapes(at, end - at); escapes != 0; escapes &= escapes - 1) {
-            takeRun(text_.data() + at + std::countr_zero(escapes));
-            ++from; // skips the escape itself
-        }
+    for (; escapes != 0; escapes &= escapes - 1) {
+        const char* const escape = block + std::countr_zero(escapes);
+        takeRun(escape);
+        from = escape + 1;
     }
     takeRun(text_.data() + end);
-    value.assign(unescaped_, 0, static_cast<std::size_t>(to - unescaped_.data()));
+    return to;
 }
 
-inline Currency ProductsReader::readAmount(std::size_t field, std::size_t begin, std::size_t end)
+inline void ProductsReader::read(std::size_t /*field*/, std::size_t begin, std::size_t end, std::string& text)
 {
-    std::string_view digits = text_.substr(begin, end - begin);
-    if (const std::optional<Currency> amount = Currency::fromShortestText(digits)) {
-        return *amount;
+    const std::size_t size = end - begin;
+    const std::uint64_t escapes = marks_.escapes(begin, size);
+    if (size > kByteBlock) {
+        readLongText(begin, end, text);
+    } else if (escapes == 0) {
+        assign(text, text_.data() + begin, size);
+    } else {
+        char unescaped[kByteBlock + kRunStep];
+        const char* const to = copyRuns(unescaped, begin, end, escapes);
+        assign(text, unescaped, static_cast<std::size_t>(to - unescaped));
     }
-    digits = digits.substr(0, digits.find(kEscape)); // an amount never has an escape
-    if (begin + digits.size() == text_.size()) {
-        return {}; // the string is cut short within the amount: checkEnd reports that, which is the better message
+}
+
+[[gnu::noinline]] void ProductsReader::readLongText(std::size_t begin, std::size_t end, std::string& text)
+{
+    if (unescaped_.size() < end - begin + kRunStep) {
+        unescaped_.resize(end - begin + kRunStep);
     }
-    if (isBeyondRange(digits)) {
-        refuse(ErrorNumber::overflow, kFields[field].name, userText("the amount is beyond the range"));
+    char* to = unescaped_.data();
+    for (std::size_t at = begin; at < end; at += kByteBlock) {
+        const std::size_t size = std::min(end - at, kByteBlock);
+        to = copyRuns(to, at, at + size, marks_.escapes(at, size));
     }
-    refuse(ErrorNumber::invalidFileFormat, kFields[field].name, userText("this is not an amount in its shortest form"));
+    assign(text, unescaped_.data(), static_cast<std::size_t>(to - unescaped_.data()));
+}
+
+inline void ProductsReader::read(std::size_t field, std::size_t begin, std::size_t end, Currency& amount)
+{
+    const std::string_view digits(text_.data() + begin, end - begin);
+    if (!readShortestText(digits, amount)) {
+        refuseAmount(field, begin, digits);
+    }
 }
 
 /// Raises an error where the field does not end with the separator that has to follow it.
@@ -261,28 +268,44 @@ inline void ProductsReader::checkEnd(std::size_t field, std::size_t end) const
     }
 }
 
-void ProductsReader::next(ProductValues& fields)
+void ProductsReader::next(ProductValues& values)
 {
-    for (std::size_t i = 0; i < kFieldCount; ++i) {
-        const std::size_t end = marks_.nextEnd();
-        if (kFields[i].text != nullptr) {
-            readText(at_, end, fields.*kFields[i].text);
-        } else {
-            fields.*kFields[i].amount = readAmount(i, at_, end);
-        }
-        checkEnd(i, end);
-        at_ = end + 1;
-    }
+    // In variables of this function, because the compiler has to expect that each byte of a text that is stored changes
+    // the members.
+    FieldMarks::Cursor ends = ends_;
+    std::size_t at = at_;
+    std::size_t field = 0;
+    forEachField(values, [&](auto& value) {
+        const std::size_t end = ends.nextEnd();
+        read(field, at, end, value);
+        checkEnd(field++, end);
+        at = end + 1;
+    });
+    ends_ = ends;
+    at_ = at;
     ++position_;
+}
+
+void ProductsReader::refuseAmount(std::size_t field, std::size_t begin, std::string_view digits) const
+{
+    digits = digits.substr(0, digits.find(kEscape)); // an amount never has an escape
+    const std::size_t end = begin + digits.size();
+    if (end == text_.size()) { // the string is cut short within the amount, which is the better message
+        refuseEnd(field, end);
+    }
+    if (isBeyondRange(digits)) {
+        refuse(ErrorNumber::overflow, kFieldNames[field], userText("the amount is beyond the range"));
+    }
+    refuse(ErrorNumber::invalidFileFormat, kFieldNames[field], userText("this is not an amount in its shortest form"));
 }
 
 void ProductsReader::refuseEnd(std::size_t field, std::size_t end) const
 {
     if (end == text_.size()) {
-        refuse(ErrorNumber::invalidFileFormat, kFields[field].name, userText("the string is cut short"));
+        refuse(ErrorNumber::invalidFileFormat, kFieldNames[field], userText("the string is cut short"));
     }
     if (text_[end] != separators_.record && text_[end] != separators_.field) {
-        refuse(ErrorNumber::invalidFileFormat, kFields[field].name,
+        refuse(ErrorNumber::invalidFileFormat, kFieldNames[field],
                userText("a backslash stands before a character that needs none"));
     }
     refuse(ErrorNumber::invalidFileFormat, {},

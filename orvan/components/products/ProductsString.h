@@ -39,12 +39,34 @@ struct ProductsSeparators {
 /// letter, digit, '-', '.' or backslash; and the two differ. Raises 5 for anything else.
 ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep);
 
+/// The values of one product, with texts that stand elsewhere.
+struct ProductFields {
+    std::string_view name;
+    std::string_view key;
+    std::string_view partNum;
+    Currency unitPrice;
+    Currency qty;
+    Currency discPrcnt;
+    Currency extPrice;
+    std::string_view note;
+};
+
+[[nodiscard]] inline ProductFields fieldsOf(const ProductValues& values) noexcept
+{
+    return {values.name, values.key,       values.partNum,  values.unitPrice,
+            values.qty,  values.discPrcnt, values.extPrice, values.note};
+}
+
 /// Appends one record with its closing record separator.
-ORVAN_CORE_INTERNAL void appendProduct(std::string& out, const ProductValues& fields, ProductsSeparators separators);
+ORVAN_CORE_INTERNAL void appendProduct(std::string& out, const ProductFields& fields, ProductsSeparators separators);
+inline void appendProduct(std::string& out, const ProductValues& values, ProductsSeparators separators)
+{
+    appendProduct(out, fieldsOf(values), separators);
+}
 
 /// The size of what appendProduct would append, in bytes; and the part of it that one field takes, without its
 /// separator.
-[[nodiscard]] std::size_t productSize(const ProductValues& fields, ProductsSeparators separators) noexcept;
+[[nodiscard]] std::size_t productSize(const ProductFields& fields, ProductsSeparators separators) noexcept;
 [[nodiscard]] std::size_t fieldSize(std::string_view text, ProductsSeparators separators) noexcept;
 [[nodiscard]] std::size_t fieldSize(Currency amount, ProductsSeparators separators) noexcept;
 
@@ -54,7 +76,7 @@ ORVAN_CORE_INTERNAL void appendProduct(std::string& out, const ProductValues& fi
 /// Reads a products string record by record:
 ///
 ///     ProductsReader reader(text, separators);
-///     while (reader.more()) { reader.next(fields); }
+///     while (reader.more()) { reader.next(values); }
 ///
 /// Both operations raise 321 for a string that is not of the form above and 6 for a number beyond
 /// its range. The description says at which record (1-based), in which field where it is about one,
@@ -67,14 +89,16 @@ public:
     std::size_t expected() const noexcept;
     /// False after the last record; raises 321 where something follows it.
     bool more() const;
-    /// Reads the next record into `fields`.
-    void next(ProductValues& fields);
+    /// Reads the next record into `values`.
+    void next(ProductValues& values);
 
 private:
     std::int32_t readCount();
-    void readText(std::size_t begin, std::size_t end, std::string& value);
-    void readEscapes(std::size_t begin, std::size_t end, std::string& value);
-    Currency readAmount(std::size_t field, std::size_t begin, std::size_t end);
+    void read(std::size_t field, std::size_t begin, std::size_t end, std::string& text);
+    void read(std::size_t field, std::size_t begin, std::size_t end, Currency& amount);
+    void readLongText(std::size_t begin, std::size_t end, std::string& text);
+    char* copyRuns(char* to, std::size_t begin, std::size_t end, std::uint64_t escapes) const;
+    [[noreturn]] void refuseAmount(std::size_t field, std::size_t begin, std::string_view digits) const;
     void checkEnd(std::size_t field, std::size_t end) const;
     [[noreturn]] void refuseEnd(std::size_t field, std::size_t end) const;
     [[noreturn]] void refuse(std::int32_t error, std::string_view fieldName, const UserText& reason) const;
@@ -85,7 +109,8 @@ private:
     std::int32_t position_ = 1; // 1-based position of the record being read
     std::int32_t count_ = 0;
     FieldMarks marks_;
-    std::string unescaped_; // Scratch buffer for a text with escapes; a member so that its capacity is reused.
+    FieldMarks::Cursor ends_;
+    std::string unescaped_; // Scratch buffer for a long text; a member so that its capacity is reused.
 };
 
 } // namespace orvan

@@ -34,6 +34,77 @@ void appendGrouped(std::string& text, const NumberPattern& pattern, std::string_
     text += digits.substr(left);
 }
 
+/// The amount of a text that is nothing but digits, with one decimal separator of one byte between them and up to four
+/// digits behind it, as nearly every text that a user types; nothing for other texts.
+bool readPlainAmount(std::string_view text, char decimalSeparator, Currency& amount)
+{
+    constexpr std::size_t kMostSize = 14; // with four decimals behind so many digits, the amount still fits
+    if (text.size() > kMostSize) {
+        return false;
+    }
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    std::uint64_t value = 0;
+    const auto takeDigits = [&] {
+        const char* const first = at;
+        for (; at != end && isDigit(*at); ++at) {
+            value = value * 10 + static_cast<unsigned>(*at - '0');
+        }
+        return static_cast<std::size_t>(at - first);
+    };
+    if (takeDigits() == 0) {
+        return false;
+    }
+    std::size_t decimals = 0;
+    if (at != end && *at == decimalSeparator) {
+        ++at;
+        decimals = takeDigits();
+    }
+    if (at != end || decimals > std::size_t{Currency::kDecimals}) {
+        return false;
+    }
+    amount =
+        Currency::fromScaled(static_cast<std::int64_t>(value * Currency::kPowersOfTen[Currency::kDecimals - decimals]));
+    return true;
+}
+
+/// What readAmount does, for every text. A function of its own, and not inlined, so that a plain amount does not pay
+/// for what this one prepares.
+[[gnu::noinline]] Currency readAnyAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
+{
+    const auto startsWith = [](std::string_view rest, std::string_view separator) {
+        // The first byte is compared here because most separators have only one: that needs no function call.
+        return !separator.empty() && rest.front() == separator.front() &&
+               (separator.size() == 1 || rest.starts_with(separator));
+    };
+    DecimalReader reader;
+    const auto point = [&](const std::string& separator) {
+        if (!reader.point()) {
+            throw RuntimeError(ErrorNumber::typeMismatch);
+        }
+        return separator.size();
+    };
+    while (text.remove_prefix(reader.digits(text)), !text.empty()) {
+        std::size_t taken = 0;
+        if (startsWith(text, number.decimalSeparator)) {
+            taken = point(number.decimalSeparator);
+        } else if (startsWith(text, money.decimalSeparator)) {
+            taken = point(money.decimalSeparator);
+        } else if (startsWith(text, number.groupSeparator)) {
+            taken = number.groupSeparator.size();
+        } else if (startsWith(text, money.groupSeparator)) {
+            taken = money.groupSeparator.size();
+        } else {
+            throw RuntimeError(ErrorNumber::typeMismatch);
+        }
+        text.remove_prefix(taken);
+    }
+    if (!reader.anyDigit()) {
+        throw RuntimeError(ErrorNumber::typeMismatch);
+    }
+    return reader.result(false);
+}
+
 } // namespace
 
 void appendAmount(std::string& text, const NumberPattern& pattern, Currency value, int digits)
@@ -86,37 +157,9 @@ void makeReadable(NumberPattern& pattern)
 
 Currency readAmount(std::string_view text, const NumberPattern& number, const NumberPattern& money)
 {
-    const auto startsWith = [](std::string_view rest, std::string_view separator) {
-        // The first byte is compared here because most separators have only one: that needs no function call.
-        return !separator.empty() && rest.front() == separator.front() &&
-               (separator.size() == 1 || rest.starts_with(separator));
-    };
-    DecimalReader reader;
-    const auto point = [&](const std::string& separator) {
-        if (!reader.point()) {
-            throw RuntimeError(ErrorNumber::typeMismatch);
-        }
-        return separator.size();
-    };
-    while (text.remove_prefix(reader.digits(text)), !text.empty()) {
-        std::size_t taken = 0;
-        if (startsWith(text, number.decimalSeparator)) {
-            taken = point(number.decimalSeparator);
-        } else if (startsWith(text, money.decimalSeparator)) {
-            taken = point(money.decimalSeparator);
-        } else if (startsWith(text, number.groupSeparator)) {
-            taken = number.groupSeparator.size();
-        } else if (startsWith(text, money.groupSeparator)) {
-            taken = money.groupSeparator.size();
-        } else {
-            throw RuntimeError(ErrorNumber::typeMismatch);
-        }
-        text.remove_prefix(taken);
-    }
-    if (!reader.anyDigit()) {
-        throw RuntimeError(ErrorNumber::typeMismatch);
-    }
-    return reader.result(false);
+    Currency amount;
+    const bool plain = number.decimalSeparator.size() == 1 && readPlainAmount(text, number.decimalSeparator[0], amount);
+    return plain ? amount : readAnyAmount(text, number, money);
 }
 
 } // namespace orvan::icu

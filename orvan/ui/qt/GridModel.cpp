@@ -114,8 +114,7 @@ Qt::Alignment GridModel::alignment(std::int32_t row, int column) const
     case ui::GridType::float64: number = true; break;
     case ui::GridType::none:
         if (row < grid_->rowCount()) {
-            const ui::GridValue& value = grid_->value(row, column);
-            number = std::holds_alternative<std::int32_t>(value) || std::holds_alternative<Currency>(value);
+            number = grid_->cell(row, column).number().has_value();
         }
         break;
     }
