@@ -2,6 +2,8 @@
 
 #include "benchmarks/Table.h"
 
+#include <algorithm>
+
 namespace orvan::bench {
 
 namespace {
@@ -24,6 +26,7 @@ Judgement judge(const Bound& bound, double ours, double peer)
     switch (bound.kind) {
     case Bound::Kind::atMostTimes: return {ours / peer, ours / peer / bound.value};
     case Bound::Kind::atLeastTimesFaster: return {peer / ours, bound.value / (peer / ours)};
+    case Bound::Kind::atMostOrTimes: return {ours / peer, ours / std::max(bound.value, bound.times * peer)};
     case Bound::Kind::atMost: break;
     }
     const double ratio = bound.value == 0 ? (ours == 0 ? 0.0 : kTolerance + ours) : ours / bound.value;
@@ -35,6 +38,8 @@ std::string boundText(const Bound& bound, Unit unit)
     switch (bound.kind) {
     case Bound::Kind::atMostTimes: return "at most " + plainNumber(bound.value) + " times";
     case Bound::Kind::atLeastTimesFaster: return "at least " + plainNumber(bound.value) + " times faster";
+    case Bound::Kind::atMostOrTimes:
+        return "at most " + figureText(bound.value, unit) + ", or " + plainNumber(bound.times) + " times";
     case Bound::Kind::atMost: break;
     }
     return "at most " + figureText(bound.value, unit);

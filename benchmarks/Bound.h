@@ -13,9 +13,10 @@ namespace orvan::bench {
 enum class Unit { nanoseconds, bytes, count };
 
 struct Bound {
-    enum class Kind { atMostTimes, atLeastTimesFaster, atMost };
+    enum class Kind { atMostTimes, atLeastTimesFaster, atMost, atMostOrTimes };
     Kind kind;
     double value;
+    double times = 0; ///< For atMostOrTimes.
 };
 inline Bound atMostTimes(double value)
 {
@@ -34,6 +35,13 @@ inline Bound atMost(double figure)
 enum class Verdict { holds, fallsShort, fails };
 /// By verdict, as tables and files of results have them.
 inline constexpr std::array<const char*, 3> kVerdictTexts = {"holds", "falls short", "FAILS"};
+
+/// The bound of a path that waits for the disk, beside a peer that does nothing but wait for it: a figure in the row's
+/// unit or, on a slow disk, so many times the peer's figure.
+inline Bound atMostOrTimes(double figure, double times)
+{
+    return {Bound::Kind::atMostOrTimes, figure, times};
+}
 
 struct Judgement {
     double ratio;   ///< The ratio that the bound is about: ours to the peer's, or the peer's to ours.

@@ -25,7 +25,8 @@ namespace {
 
 constexpr std::size_t kEntries = 1'000'000;
 constexpr int kSamples = 300;
-constexpr int kPagesOfASearch = 60; // about the median of the searches below
+constexpr int kPagesOfASearch = 60;   // about the median of the searches below
+constexpr double kTimesTheDisk = 1.5; // what the slowest hundredth of the searches reads beside the median
 
 using Random = std::mt19937;
 
@@ -123,7 +124,7 @@ double coldSearch(const Kind& kind, double part)
     return percentile(std::move(times), part);
 }
 
-/// What the disk alone takes for as many pages as a search reads: the bounds cannot hold where this exceeds them.
+/// What the disk alone takes for as many pages as a search reads: no search can be faster where this takes long.
 double coldPages(double part)
 {
     const std::filesystem::path& file = catalogueFile(kEntries);
@@ -151,15 +152,12 @@ double coldPages(double part)
 void addSearch(Suite& suite)
 {
     constexpr double kLast = 0.99;
-    suite.add(Row{"Q disk alone, 60 pages, 99th percentile", atMost(16e6),
-                  [] {
-                      return Sides{{"", [] { return coldPages(kLast); }}};
-                  },
-                  Unit::nanoseconds, 1});
     for (const Kind& kind : kKinds) {
-        suite.add(Row{std::string("Q cold search, ").append(kind.name).append(", 99th percentile"), atMost(kind.most),
+        suite.add(Row{std::string("Q cold search, ").append(kind.name).append(", 99th percentile"),
+                      atMostOrTimes(kind.most, kTimesTheDisk),
                       [&kind] {
-                          return Sides{{"", [&kind] { return coldSearch(kind, kLast); }}};
+                          return Sides{{"", [&kind] { return coldSearch(kind, kLast); }},
+                                       Side{"60 pages from the disk", [] { return coldPages(kLast); }}};
                       },
                       Unit::nanoseconds, 1});
     }

@@ -204,6 +204,19 @@ std::filesystem::path makeHome(const std::filesystem::path& desk, Screen& screen
     return home;
 }
 
+/// Makes a copy of the home directory where the desk cannot write a trace: a file stands in the place of its folder.
+std::filesystem::path makeUntracedHome(const std::filesystem::path& home, const std::filesystem::path& folder)
+{
+    const std::filesystem::path untraced = folder / "untraced";
+    std::filesystem::copy(home, untraced, std::filesystem::copy_options::recursive);
+    std::filesystem::remove_all(untraced / "orvan");
+    QFile file(QString::fromStdString((untraced / "orvan").string()));
+    if (!file.open(QIODevice::WriteOnly)) {
+        throw std::runtime_error("a file cannot be made: " + file.errorString().toStdString());
+    }
+    return untraced;
+}
+
 /// Makes both sides of rows.
 class Sides {
 public:
@@ -271,6 +284,19 @@ void addKeys(std::vector<Row>& rows, const Sides& sides)
                     20});
 }
 
+void addTrace(std::vector<Row>& rows, const Sides& sides, const std::filesystem::path& untracedHome)
+{
+    Command untraced = sides.desk(kShort);
+    untraced.home = untracedHome;
+    const Play play = typingInto("txtQty", "7", true, false);
+    rows.push_back({"quantity key, with the trace log",
+                    {{atMostTimes(1.05)}},
+                    sides.ours(kShort, play),
+                    played("without the log", untraced, play),
+                    400,
+                    20});
+}
+
 void addEditor(std::vector<Row>& rows, const Sides& sides, bool besideFormer)
 {
     for (const auto& [products, name] :
@@ -328,9 +354,13 @@ void addList(std::vector<Row>& rows, const Sides& sides)
 
 std::vector<Row> makeRows(const Programs& programs, Screen& screen, const std::filesystem::path& folder)
 {
-    const Sides sides(programs, makeHome(programs.desk, screen, folder));
+    const std::filesystem::path home = makeHome(programs.desk, screen, folder);
+    const Sides sides(programs, home);
     std::vector<Row> rows;
     addKeys(rows, sides);
+    if (!programs.formerDesk) {
+        addTrace(rows, sides, makeUntracedHome(home, folder));
+    }
     addEditor(rows, sides, programs.formerDesk.has_value());
     addList(rows, sides);
     rows.push_back({"start with a sample",
