@@ -142,7 +142,8 @@ int exportCatalogue(const std::vector<std::string>& words)
     } else {
         exportFile(files[0], list);
     }
-    std::cout << countOf(list.finish(), "entry", "entries") << " in " << terminalText(files[1]) << '\n';
+    std::cout << countOf(static_cast<std::uint64_t>(list.finish()), "entry", "entries") << " in "
+              << terminalText(files[1]) << '\n';
     return kDone;
 }
 

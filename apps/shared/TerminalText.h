@@ -1,5 +1,5 @@
-// TerminalText: what programs print on a terminal: texts from outside, changed so that they can be shown safely, and
-// counts.
+// TerminalText: helps programs to print on a terminal. It changes texts from outside the program so that they can be
+// shown safely, and writes a count with its noun.
 //
 // A text from a file may hold characters that move a terminal's cursor or change its title, or that switch the writing
 // direction and so reorder the texts around them. Such characters are shown by their numbers: \x1B, \u202E.

@@ -301,7 +301,7 @@ void Replay::playHosts(const EventLine& line)
     const ui::Event& event = line.event;
     const auto found = views_.find(line.surface);
     const bool created = event.kind == ui::EventKind::created;
-    const bool atWork = std::count(playing_.begin(), playing_.end(), line.surface) > 1; // one is this event
+    const bool atWork = std::count(playing_.begin(), playing_.end(), line.surface) > 1; // this event is among them
     if (created == (found != views_.end()) || (atWork && event.kind == ui::EventKind::destroyed)) {
         stopAt(End::different, "this cannot happen to list view " + std::to_string(line.surface) + " now");
         return;

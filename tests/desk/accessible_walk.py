@@ -46,7 +46,8 @@ def descendants(node):
 
 
 def application():
-    """Of several with its name the one that has windows: a desktop's own part of Qt may add one that is empty."""
+    """Returns the desk. The plug-in that Qt loads for the user's desktop may register a second application under the same
+    name, which has no windows."""
     named = [each for each in children(Atspi.get_desktop(0)) if each.get_name() == "orvan-desk"]
     return max(named, key=lambda each: each.get_child_count(), default=None)
 

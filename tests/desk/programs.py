@@ -70,7 +70,7 @@ ROWS = [
     ("a line that is none", [TRACE, "a.log"], 0, "a.log:3: no line of a trace"),
     ("a tree", [TRACE, "--tree", "a.log:2", "a.log"], 0, "A\\x1B[31m  4 ms  (:1)\n"),
     ("a tree of an unknown call", [TRACE, "--tree", "B#2", "a.log"], 1, "the logs have no such call"),
-    ("two traces that part", [TRACE, "--compare", "a.log", "b.log"], 2, "The logs part after 1 line"),
+    ("two traces that part", [TRACE, "--compare", "a.log", "b.log"], 2, "The logs part after 1 line of"),
     ("two equal traces", [TRACE, "--compare", "b.log", "b.log"], 0, "The logs are alike"),
     ("three traces", [TRACE, "--compare", "a.log", "a.log", "b.log"], 1, "two logs are compared, not 3"),
     ("a trace of a pipe", [TRACE, "pipe"], 1, "is not a file"),

@@ -136,7 +136,8 @@ def upgrade(program: str) -> None:
             wait_for("the list", lambda: "flexGrid row 14" in desk.places())
             places = desk.places()
             widths = [places[f"flexGrid header {caption}"][2] for caption in ("#", "Qty", "Ext Price")]
-            # 480, 1200 and 1755 twips; the product's name has what is left.
+            # The settings give these columns 480, 1200 and 1755 twips. The product's name always takes the width that
+            # is left, so it is not compared.
             assert all(abs(width / sum(widths) - twips / 3435) < 0.01
                        for width, twips in zip(widths, (480, 1200, 1755))), widths
             saved = desk.saved()

@@ -68,7 +68,7 @@ def main() -> None:
             keys("ctrl+s")
             wait_for_title("Save Quote")
             saved = folder / "strokes.quote.json"
-            keys("ctrl+a")  # some desktops' own dialogs leave the suffix out of the selection
+            keys("ctrl+a")  # some desktops' file dialogs do not select the suffix
             xdotool("type", str(saved))
             keys("Return")
             wait_for_title("strokes.quote.json – Orvan Desk")

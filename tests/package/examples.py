@@ -73,7 +73,7 @@ def quick_host(programs, folder, _, pictures) -> None:
         take(pictures, "quick-host")
         keys("Down", "ctrl+d")
     lamp = "Desk lamp:::0:1:0:74.95:~"
-    # A desktop's own part of Qt may have written warnings before.
+    # The host prints its list last. Before that, the plug-in that Qt loads for the user's desktop may print warnings.
     expect("the duplicated lamp", (example.output.splitlines() or [""])[-1], f"2~{lamp}{lamp}")
 
 

@@ -52,7 +52,7 @@ std::size_t runSession(const Sweep& sweep, OutsideCalls& calls, std::size_t numb
     return made;
 }
 
-/// Makes the calls of one of several parts fail. `part` counts from 0.
+/// Divides the calls among `parts` parts, and makes the calls of one part fail in turn. `part` counts from 0.
 void expectOrderWhateverFails(const Sweep& sweep, std::size_t part = 0, std::size_t parts = 1)
 {
     const char* const size = std::getenv("ORVAN_SWEEPS");
@@ -86,11 +86,11 @@ TEST(OutsideCallsInMemoryTest, EachCall)
 
 #ifdef ORVAN_SWEEP_QT
 /// A session in windows mostly waits, so several parts can run at a time.
-class OutsideCallsTest : public testing::TestWithParam<std::size_t> {};
+class OutsideCallsInWindowsTest : public testing::TestWithParam<std::size_t> {};
 
 constexpr std::size_t kParts = 4;
 
-TEST_P(OutsideCallsTest, InWindows)
+TEST_P(OutsideCallsInWindowsTest, EachCall)
 {
     using enum ui::EditingWay;
     test::forEachRow(
@@ -103,7 +103,7 @@ TEST_P(OutsideCallsTest, InWindows)
         [](const Sweep& sweep) { expectOrderWhateverFails(sweep, GetParam(), kParts); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Part, OutsideCallsTest, testing::Range(std::size_t{0}, kParts));
+INSTANTIATE_TEST_SUITE_P(Part, OutsideCallsInWindowsTest, testing::Range(std::size_t{0}, kParts));
 #endif
 
 } // namespace
