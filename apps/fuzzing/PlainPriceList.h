@@ -61,7 +61,7 @@ inline std::size_t plainBeginning(std::string_view text, char& named)
     }
     const auto isBreak = [&](std::size_t at) { return rest[at] == '\n' || rest[at] == '\r'; };
     named = 0;
-    if (word != "sep=" || rest.size() < 6 || rest[4] == '"' || isBreak(4) || !isBreak(5)) {
+    if (word != "sep=" || rest.size() < 6 || rest[4] == '"' || rest[4] == '\0' || isBreak(4) || !isBreak(5)) {
         return mark;
     }
     named = rest[4];

@@ -91,6 +91,7 @@ char CsvReader::namedDelimiter()
     const std::string_view start(buffer_.data() + at_, end_ - at_);
     const bool names = start.size() > kNaming.size() + 1 && isLineBreak(start[kNaming.size() + 1]) &&
                        !isLineBreak(start[kNaming.size()]) && start[kNaming.size()] != kQuote &&
+                       start[kNaming.size()] != '\0' &&
                        std::equal(kNaming.begin(), kNaming.end(), start.begin(),
                                   [](char wanted, char c) { return wanted == smallLetter(c); });
     if (!names) {

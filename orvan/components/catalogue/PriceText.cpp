@@ -248,12 +248,12 @@ std::optional<Currency> readPrice(std::string_view price, char decimalSeparator)
         plain += '.';
         take();
     }
-    if (!rest.empty()) {
+    if (!rest.empty() || std::none_of(plain.begin(), plain.end(), isDigit)) {
         return {};
     }
     try {
         return Currency::fromText(plain);
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError&) { // it overflows
         return {};
     }
 }
