@@ -91,6 +91,33 @@ public:
     [[nodiscard]] virtual bool IsValidDiscPrcnt(Currency cyValue) const = 0;
 };
 
+/// The properties of a record. The texts are the record's own, and are valid until it is changed or destroyed.
+struct ProductFields {
+    std::string_view name;
+    std::string_view key;
+    std::string_view partNum;
+    Currency unitPrice;
+    Currency qty;
+    Currency discPrcnt;
+    Currency extPrice;
+    std::string_view note;
+};
+
+/// A record that can be read in place. Each refresh of the list looks at every product, and a list of such records is
+/// refreshed several times as fast: a product that has not changed is not read again, and no text is copied. A manager's
+/// records need not be of this class; it is for managers of long lists. Neither operation may call the library or the
+/// host.
+class ORVAN_EXPORT InPlaceRecord : public ProductRecord {
+public:
+    [[nodiscard]] virtual ProductFields fields() const noexcept = 0;
+    /// A number that the record has only as long as none of its properties changes, and that no other record of the
+    /// process ever has; newRecordStamp() makes one. Never 0.
+    [[nodiscard]] virtual std::uint64_t stamp() const noexcept = 0;
+};
+
+/// Thread: any.
+[[nodiscard]] ORVAN_EXPORT std::uint64_t newRecordStamp() noexcept;
+
 /// A new operation is always the last one, and each makes kComponentInterfaceVersion larger
 /// (orvan/hosting/ComponentLibrary.h).
 class ORVAN_EXPORT ProductMgr : public ui::Component {

@@ -2,7 +2,15 @@
 
 #include "orvan/core/ProductMgr.h"
 
+#include <atomic>
+
 namespace orvan {
+
+std::uint64_t newRecordStamp() noexcept
+{
+    static std::atomic<std::uint64_t> last = 0;
+    return last.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 ProductValues valuesOf(const ProductRecord& record)
 {

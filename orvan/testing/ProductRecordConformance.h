@@ -6,7 +6,9 @@
 
 #include "orvan/testing/ProductMgrConformance.h"
 
+#include <cstdint>
 #include <limits>
+#include <set>
 #include <string>
 
 namespace orvan::conformance {
@@ -115,6 +117,39 @@ inline constexpr Row<ProductMgrFactory> kRows[] = {
          one->SetKey("one");
          other->SetKey("other");
          EXPECT_EQ(one->Key(), "one");
+     }},
+    {"ReadInPlaceSaysWhatPropertiesSay",
+     [](const ProductMgrFactory& make) {
+         const auto manager = made(make);
+         const auto record = required(manager->AddNewProduct());
+         const auto* const inPlace = dynamic_cast<const InPlaceRecord*>(record.get());
+         if (!inPlace) {
+             return; // a record need not be one
+         }
+         std::set<std::uint64_t> stamps = {0, inPlace->stamp()};
+         const auto expectNew = [&](const char* property, auto field, const auto& read) {
+             EXPECT_EQ(inPlace->fields().*field, read) << property;
+             EXPECT_TRUE(stamps.insert(inPlace->stamp()).second) << "the stamp, once " << property << " was set";
+             EXPECT_FALSE(stamps.insert(inPlace->stamp()).second) << "the stamp, without a change";
+         };
+         record->SetName("A name that is long enough to stand in memory of its own");
+         expectNew("Name", &ProductFields::name, record->Name());
+         record->SetKey("key");
+         expectNew("Key", &ProductFields::key, record->Key());
+         record->SetPartNum("part");
+         expectNew("PartNum", &ProductFields::partNum, record->PartNum());
+         record->SetUnitPrice(Currency::fromInteger(2));
+         expectNew("UnitPrice", &ProductFields::unitPrice, record->UnitPrice());
+         record->SetQty(Currency::fromInteger(3));
+         expectNew("Qty", &ProductFields::qty, record->Qty());
+         record->SetDiscPrcnt(Currency::fromInteger(4));
+         expectNew("DiscPrcnt", &ProductFields::discPrcnt, record->DiscPrcnt());
+         record->SetExtPrice(Currency::fromInteger(5));
+         expectNew("ExtPrice", &ProductFields::extPrice, record->ExtPrice());
+         record->SetNote("note");
+         expectNew("Note", &ProductFields::note, record->Note());
+         const auto other = required(manager->AddNewProduct());
+         EXPECT_FALSE(stamps.contains(dynamic_cast<const InPlaceRecord&>(*other).stamp())) << "of another record";
      }},
     {"ValidityIsAskedWithoutEffect",
      [](const ProductMgrFactory& make) {

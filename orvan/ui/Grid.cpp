@@ -17,14 +17,6 @@ std::size_t requireCount(std::int32_t count, const char* what)
     return static_cast<std::size_t>(count);
 }
 
-/// A function of its own, so that the range tests, which run for every cell that is set, stay small.
-[[noreturn]] void raiseOutside(const std::string& grid, const char* what, std::int32_t index, std::int32_t count)
-{
-    throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
-                       std::string(grid).append(": no ").append(what) + ' ' + std::to_string(index) + " of " +
-                           std::to_string(count));
-}
-
 } // namespace
 
 Grid::Grid(const ControlDesign& design, NumberSeparators separators)
@@ -43,24 +35,11 @@ void Grid::appendColumns(std::int32_t count)
     }
 }
 
-const Grid::Column& Grid::at(std::int32_t column) const
+void Grid::raiseOutside(const char* what, std::int32_t index, std::int32_t count) const
 {
-    if (column < 0 || column >= columnCount()) {
-        raiseOutside(name(), "column", column, columnCount());
-    }
-    return *columns_[static_cast<std::size_t>(column)];
-}
-
-Grid::Column& Grid::at(std::int32_t column)
-{
-    return const_cast<Column&>(std::as_const(*this).at(column));
-}
-
-void Grid::requireRow(std::int32_t row) const
-{
-    if (row < 0 || row >= rowCount_) {
-        raiseOutside(name(), "row", row, rowCount_);
-    }
+    throw RuntimeError(ErrorNumber::subscriptOutOfRange, {},
+                       std::string(name()).append(": no ").append(what) + ' ' + std::to_string(index) + " of " +
+                           std::to_string(count));
 }
 
 void Grid::changed(bool GridChanges::*what)
@@ -215,20 +194,11 @@ void Grid::setEmptyText(UserText text)
     changed(&GridChanges::layout);
 }
 
-const GridCell& Grid::cell(std::int32_t row, std::int32_t column) const
+void Grid::setCell(std::int32_t row, std::int32_t column, GridCell cell)
 {
     requireRow(row);
-    return at(column).cells[static_cast<std::size_t>(row)];
-}
-
-void Grid::setValue(std::int32_t row, std::int32_t column, const GridValue& value)
-{
-    requireRow(row);
-    GridCell& cell = at(column).cells[static_cast<std::size_t>(row)];
-    if (!cell.holds(value)) {
-        cell.set(value);
-        changed(&GridChanges::cells);
-    }
+    at(column).cells[static_cast<std::size_t>(row)] = std::move(cell);
+    changed(&GridChanges::cells);
 }
 
 std::string Grid::displayText(std::int32_t row, std::int32_t column) const

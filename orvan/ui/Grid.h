@@ -23,6 +23,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orvan::ui {
@@ -111,11 +112,26 @@ public:
     /// What the grid shows instead of rows while it has none.
     void setEmptyText(UserText text);
 
-    const GridCell& cell(std::int32_t row, std::int32_t column) const;
+    const GridCell& cell(std::int32_t row, std::int32_t column) const
+    {
+        requireRow(row);
+        return at(column).cells[static_cast<std::size_t>(row)];
+    }
     /// The cells of all rows, header rows included; valid until the next change of the grid.
     std::span<const GridCell> cells(std::int32_t column) const { return at(column).cells; }
     GridValue value(std::int32_t row, std::int32_t column) const { return cell(row, column).value(); }
-    void setValue(std::int32_t row, std::int32_t column, const GridValue& value);
+    /// Does nothing where the cell has that value. Written here, as what it calls is, because a list is filled by it.
+    void setValue(std::int32_t row, std::int32_t column, const GridValueView& value)
+    {
+        requireRow(row);
+        GridCell& cell = at(column).cells[static_cast<std::size_t>(row)];
+        if (!cell.holds(value)) {
+            cell.set(value);
+            changed(&GridChanges::cells);
+        }
+    }
+    /// Moves a cell that was made elsewhere into its place.
+    void setCell(std::int32_t row, std::int32_t column, GridCell cell);
     std::string displayText(std::int32_t row, std::int32_t column) const;
 
     /// The current row; 0 (the header) until the user or the program chooses a row.
@@ -197,11 +213,23 @@ private:
         std::vector<GridCell> cells;
     };
 
-    const Column& at(std::int32_t column) const;
-    Column& at(std::int32_t column);
+    const Column& at(std::int32_t column) const
+    {
+        if (column < 0 || column >= columnCount()) {
+            raiseOutside("column", column, columnCount());
+        }
+        return *columns_[static_cast<std::size_t>(column)];
+    }
+    Column& at(std::int32_t column) { return const_cast<Column&>(std::as_const(*this).at(column)); }
     void appendColumns(std::int32_t count);
     void takeRowCount(std::int32_t count);
-    void requireRow(std::int32_t row) const;
+    void requireRow(std::int32_t row) const
+    {
+        if (row < 0 || row >= rowCount_) {
+            raiseOutside("row", row, rowCount_);
+        }
+    }
+    [[noreturn]] void raiseOutside(const char* what, std::int32_t index, std::int32_t count) const;
     void selectCurrentRow();
     /// Moves the current row as the key says. Returns false for a key that does not do this.
     bool moveByKey(const KeyStroke& key);

@@ -25,16 +25,20 @@ public:
     GridCell(GridCell&& other) noexcept { swap(other); }
     GridCell& operator=(GridCell&& other) noexcept
     {
-        GridCell(std::move(other)).swap(*this);
+        if (this != &other) {
+            release();
+            std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+            other.setKind(kEmpty);
+        }
         return *this;
     }
     GridCell(const GridCell&) = delete;
     GridCell& operator=(const GridCell&) = delete;
     ~GridCell() { release(); }
 
-    void set(const GridValue& value)
+    void set(const GridValueView& value)
     {
-        if (const auto* const text = std::get_if<std::string>(&value)) {
+        if (const auto* const text = std::get_if<std::string_view>(&value)) {
             setText(*text);
         } else if (const auto* const amount = std::get_if<Currency>(&value)) {
             setNumber(kAmount, amount->scaled());
@@ -45,10 +49,10 @@ public:
         }
     }
     [[nodiscard]] GridValue value() const;
-    [[nodiscard]] bool holds(const GridValue& value) const noexcept
+    [[nodiscard]] bool holds(const GridValueView& value) const noexcept
     {
-        if (const auto* const text = std::get_if<std::string>(&value)) {
-            return this->text() == std::string_view(*text);
+        if (const auto* const text = std::get_if<std::string_view>(&value)) {
+            return this->text() == *text;
         }
         if (const auto* const amount = std::get_if<Currency>(&value)) {
             return this->amount() == *amount;

@@ -19,6 +19,14 @@ namespace orvan::ui {
 /// An empty cell, a whole number, an amount, or text.
 using GridValue = SafeVariant<std::monostate, std::int32_t, Currency, std::string>;
 
+/// A GridValue whose text stands elsewhere.
+struct GridValueView : std::variant<std::monostate, std::int32_t, Currency, std::string_view> {
+    using variant::variant;
+    GridValueView(const GridValue& value) : variant(std::visit([](const auto& each) { return variant(each); }, value))
+    {
+    }
+};
+
 /// The user's separators, for amounts shown in cells.
 struct NumberSeparators {
     std::string thousands = ",";

@@ -19,8 +19,8 @@ struct ColumnRow {
     /// The type that the grid's column gets at first. `none`: it keeps the type that a new column of a grid has.
     ui::GridType type;
     /// What the cells show: a text or an amount of the record, or the product's position where both are null.
-    std::string (ProductRecord::*text)() const = nullptr;
-    Currency (ProductRecord::*amount)() const = nullptr;
+    std::string_view ProductFields::*text = nullptr;
+    Currency ProductFields::*amount = nullptr;
 
     // Only for columns that can be shown as One or Two.
     std::optional<ViewFieldEnum> field = std::nullopt;
@@ -36,24 +36,24 @@ inline constexpr std::string_view kMoneyFormat = "$###,##0.00";
 /// The columns in the order that they have in the grid at first. Those that can be chosen are in ViewFieldEnum's order.
 inline constexpr ColumnRow kColumns[] = {
     {.key = "Number", .caption = "#", .type = ui::GridType::int32},
-    {.key = "Name", .caption = "Product", .type = ui::GridType::string, .text = &ProductRecord::Name},
-    {.key = "Key", .caption = "Key", .type = ui::GridType::string, .text = &ProductRecord::Key},
-    {.key = "PartNum", .caption = "Part#", .type = ui::GridType::string, .text = &ProductRecord::PartNum,
+    {.key = "Name", .caption = "Product", .type = ui::GridType::string, .text = &ProductFields::name},
+    {.key = "Key", .caption = "Key", .type = ui::GridType::string, .text = &ProductFields::key},
+    {.key = "PartNum", .caption = "Part#", .type = ui::GridType::string, .text = &ProductFields::partNum,
      .field = ViewFieldEnum::PartNum, .shownType = ui::GridType::string,
      .menuItems = {"mnuViewCboOnePartNum", "mnuViewCboTwoPartNum"}},
-    {.key = "ExtPrice", .caption = "Ext Price", .type = ui::GridType::currency, .amount = &ProductRecord::ExtPrice,
+    {.key = "ExtPrice", .caption = "Ext Price", .type = ui::GridType::currency, .amount = &ProductFields::extPrice,
      .field = ViewFieldEnum::ExtPrice, .shownType = ui::GridType::currency, .shownFormat = kMoneyFormat,
      .menuItems = {"mnuViewCboOneExtPrice", "mnuViewCboTwoExtPrice"}},
-    {.key = "DiscPrcnt", .caption = "Disc%", .type = ui::GridType::none, .amount = &ProductRecord::DiscPrcnt,
+    {.key = "DiscPrcnt", .caption = "Disc%", .type = ui::GridType::none, .amount = &ProductFields::discPrcnt,
      .field = ViewFieldEnum::DiscPrcnt, .shownType = ui::GridType::float64,
      .menuItems = {"mnuViewCboOneDiscPrcnt", "mnuViewCboTwoDiscPrcnt"}},
-    {.key = "UnitPrice", .caption = "Unit Price", .type = ui::GridType::currency, .amount = &ProductRecord::UnitPrice,
+    {.key = "UnitPrice", .caption = "Unit Price", .type = ui::GridType::currency, .amount = &ProductFields::unitPrice,
      .field = ViewFieldEnum::UnitPrice, .shownType = ui::GridType::currency, .shownFormat = kMoneyFormat,
      .menuItems = {"mnuViewCboOneUnitPrice", "mnuViewCboTwoUnitPrice"}},
-    {.key = "Qty", .caption = "Qty", .type = ui::GridType::decimal, .amount = &ProductRecord::Qty,
+    {.key = "Qty", .caption = "Qty", .type = ui::GridType::decimal, .amount = &ProductFields::qty,
      .field = ViewFieldEnum::Qty, .shownType = ui::GridType::float64,
      .menuItems = {"mnuViewCboOneQty", "mnuViewCboTwoQty"}},
-    {.key = "Note", .caption = "Note", .type = ui::GridType::string, .text = &ProductRecord::Note,
+    {.key = "Note", .caption = "Note", .type = ui::GridType::string, .text = &ProductFields::note,
      .field = ViewFieldEnum::Note, .shownType = ui::GridType::string,
      .menuItems = {"mnuViewCboOneNote", "mnuViewCboTwoNote"}},
 };

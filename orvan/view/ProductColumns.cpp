@@ -17,7 +17,6 @@ namespace orvan {
 
 namespace {
 
-constexpr std::size_t kMostCellCharacters = 255;
 constexpr int kMoneyDigits = 2;
 constexpr std::int32_t kWidthStep = 300; // twips
 
@@ -26,19 +25,6 @@ const ColumnRow* rowOf(ViewFieldEnum field)
 {
     const auto value = static_cast<std::size_t>(field);
     return value < kFieldColumns.size() ? &kFieldColumns[value] : nullptr;
-}
-
-void readCell(ui::GridValue& cell, const ColumnRow& column, std::int32_t index, const ProductRecord& record)
-{
-    if (column.text) {
-        std::string text = (record.*column.text)();
-        text.resize(firstCharacters(text, kMostCellCharacters).size());
-        cell = std::move(text);
-    } else if (column.amount) {
-        cell = (record.*column.amount)();
-    } else {
-        cell = index;
-    }
 }
 
 } // namespace
@@ -268,36 +254,6 @@ void ProductColumns::chooseColumn(Place own, std::int32_t column, ViewFieldEnum 
     PrvSetColumnFormat(chosen.column, chosen.field);
     PrvShowChosenColumns();
     PrvSaveViewPrefs();
-}
-
-void ProductColumns::readCells(Cells& cells, std::int32_t index, const ProductRecord& record)
-{
-    for (std::size_t i = 0; i < kColumnCount; ++i) {
-        readCell(cells[i], kColumns[i], index, record);
-    }
-}
-
-void ProductColumns::showRow(std::int32_t row, const Cells& cells)
-{
-    for (std::size_t i = 0; i < kColumnCount; ++i) {
-        flexGrid_.setValue(row, columnIndices_[i], cells[i]);
-    }
-}
-
-void ProductColumns::addChanges(std::int32_t row, std::int32_t shownRow, Cells& cells,
-                                std::vector<CellChange>& changes) const
-{
-    const bool isNew = shownRow >= flexGrid_.rowCount();
-    for (std::size_t i = 0; i < kColumnCount; ++i) {
-        if (isNew || !flexGrid_.cell(shownRow, columnIndices_[i]).holds(cells[i])) {
-            changes.push_back({.row = row, .column = i, .value = std::move(cells[i])});
-        }
-    }
-}
-
-void ProductColumns::show(const CellChange& change)
-{
-    flexGrid_.setValue(change.row, columnIndices_[change.column], change.value);
 }
 
 std::int32_t ProductColumns::indexInRow(std::int32_t row) const

@@ -16,8 +16,6 @@
 // their errors reach Platform::onUnhandledError.
 #pragma once
 
-#include "orvan/ui/GridFormat.h"
-
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -28,7 +26,6 @@
 
 namespace orvan {
 
-class ProductRecord;
 class ScopedHandlers;
 
 namespace ui {
@@ -75,20 +72,9 @@ public:
     /// The user chose one of the other items about columns in the menu of a row.
     void mnuRowColumns_Click(std::string_view item);
 
-    /// The values of one row, in the order of kColumns.
-    using Cells = std::array<ui::GridValue, kColumnCount>;
-    /// Sets the cells to what a row shows of the product at position `index` of the list.
-    static void readCells(Cells& cells, std::int32_t index, const ProductRecord& record);
-    void showRow(std::int32_t row, const Cells& cells);
-    /// A cell whose row shows another value now, or none.
-    struct CellChange {
-        std::int32_t row;
-        std::size_t column; ///< In the order of kColumns.
-        ui::GridValue value;
-    };
-    /// Adds the cells of a row that `shownRow` does not show yet, and takes their values out of `cells`.
-    void addChanges(std::int32_t row, std::int32_t shownRow, Cells& cells, std::vector<CellChange>& changes) const;
-    void show(const CellChange& change);
+    /// Where each column of kColumns stands in the grid now.
+    using Indices = std::array<std::int32_t, kColumnCount>;
+    [[nodiscard]] const Indices& indices() const noexcept { return columnIndices_; }
     /// The position in the list that a row shows.
     [[nodiscard]] std::int32_t indexInRow(std::int32_t row) const;
     /// What the list shows instead of rows while it has none.
@@ -127,8 +113,7 @@ private:
     ui::Platform& platform_;
     ui::Grid& flexGrid_;
     std::array<ChosenColumn, 2> chosen_; ///< The index is a Place.
-    /// Where each column of the table stands in the grid now.
-    std::array<std::int32_t, kColumnCount> columnIndices_{};
+    Indices columnIndices_{};
     /// For the grid's first four positions. Filled and cleared, but never read: widths come from the
     /// preferences.
     std::array<std::int32_t, 4> defaultWidths_{};

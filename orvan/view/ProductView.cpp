@@ -23,18 +23,19 @@ constexpr float kGap = 60; // twips between the grid and the band below it
 
 /// Reads what the grid shows of the product at `index`. The manager may set the index to another product's; returns
 /// false where it finds no product.
-bool readProduct(ProductColumns::Cells& cells, ProductMgr& manager, std::int32_t& index)
+bool readProduct(ShownProducts::Product& product, ProductMgr& manager, std::int32_t& index)
 {
     bool found = false;
     manager.SeekIndex(index, 0, found);
     // The record is fetched even where `found` is false, on purpose: an error of the manager is then told as an error
     // and does not look like the end of the list.
-    const auto record = manager.GetProduct(index);
-    if (found && !record) {
+    product.record = manager.GetProduct(index);
+    if (found && !product.record) {
         throw RuntimeError(ErrorNumber::objectNotSet);
     }
     if (found) {
-        ProductColumns::readCells(cells, index, *record);
+        product.index = index;
+        product.read();
     }
     return found;
 }
@@ -59,7 +60,8 @@ try : platform_((enterLibrary(platform), platform)), surface_(surface), site_(si
     fraBottomRight_(surface.control<ui::Frame>("fraBottomRight")), txtTotal_(surface.control<ui::TextBox>("txtTotal")),
     cmdNew_(surface.control<ui::Button>("cmdNew")), cmdDelete_(surface.control<ui::Button>("cmdDelete")),
     cmdMoveUp_(surface.control<ui::Button>("cmdMoveUp")), cmdMoveDown_(surface.control<ui::Button>("cmdMoveDown")),
-    columns_(platform, surface), commands_(*this, columns_, surface, platform.locale()) {
+    columns_(platform, surface), products_(flexGrid_, columns_),
+    commands_(*this, columns_, surface, platform.locale()) {
     productMgr_ = ui::createComponent<ProductMgr>(platform_.components(), kProductMgrClassName);
     locale_ = PrvInitLocale(platform_.locale());
     columns_.setUp();
@@ -198,16 +200,16 @@ const std::string& ProductView::totalText() const
 template <class TakeRow>
 bool ProductView::readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow)
 {
-    ProductColumns::Cells cells; // outside the loop, because making nine values for each row takes long
+    ShownProducts::Product product; // outside the loop, so that its texts keep their memory
     for (std::int32_t index = 1; index <= count; ++index) {
-        const bool found = readProduct(cells, *list.manager(), index);
+        const bool found = readProduct(product, *list.manager(), index);
         if (!list.stillShown()) {
             return false;
         }
         if (!found) {
             break;
         }
-        takeRow(cells);
+        takeRow(product);
     }
     return true;
 }
@@ -230,19 +232,13 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal, std::int
     showsFormerRows_ = readsFirst;
     // Of the rows only what the grid does not show yet is kept: in a long list, most commands change few cells.
     const std::uint64_t fills = fills_;
-    std::vector<ProductColumns::CellChange> changes;
+    ShownProducts::Changes changes;
     std::int32_t row = 1; // a counter of its own, because the manager may move the index
-    const auto keepRow = [&](ProductColumns::Cells& cells) {
-        columns_.addChanges(row, deletedRow > 0 && row >= deletedRow ? row + 1 : row, cells, changes);
+    const auto keepRow = [&](ShownProducts::Product& product) {
+        products_.addRow(changes, deletedRow > 0 && row >= deletedRow ? row + 1 : row, product);
         ++row;
     };
-    const auto showRow = [&](const ProductColumns::Cells& cells) { columns_.showRow(row++, cells); };
-    const auto setRowCount = [&](std::int32_t count) {
-        if (deletedRow > 0) {
-            flexGrid_.removeRow(deletedRow);
-        }
-        flexGrid_.setRowCount(count);
-    };
+    const auto showRow = [&](ShownProducts::Product& product) { products_.show(row++, product); };
 
     if (!readsFirst) {
         flexGrid_.setRedraw(false);
@@ -254,9 +250,9 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal, std::int
     }
     if (readsFirst) {
         const std::int32_t newRows = std::max(count + 1 - flexGrid_.rowCount(), 0);
-        changes.reserve(static_cast<std::size_t>(newRows) * ProductColumns::kColumnCount);
+        changes.cells.reserve(static_cast<std::size_t>(newRows) * ProductColumns::kColumnCount);
     } else {
-        setRowCount(count + 1);
+        products_.setRowCount(count + 1, deletedRow);
     }
     if (!(readsFirst ? readRows(list, count, keepRow) : readRows(list, count, showRow))) {
         return;
@@ -274,8 +270,8 @@ void ProductView::refillGrid(const CurrentList& list, bool updateTotal, std::int
     ++fills_;
     if (readsFirst) {
         flexGrid_.setRedraw(false);
-        setRowCount(count + 1);
-        std::for_each(changes.begin(), changes.end(), [&](const auto& change) { columns_.show(change); });
+        products_.setRowCount(count + 1, deletedRow);
+        products_.show(changes);
     }
     if (updateTotal) {
         txtTotal_.setText(totalText);

@@ -21,6 +21,7 @@
 #include "orvan/core_export.h"
 #include "orvan/view/ListCommands.h"
 #include "orvan/view/ProductColumns.h"
+#include "orvan/view/ShownProducts.h"
 
 #include <cstdint>
 #include <functional>
@@ -128,7 +129,7 @@ private:
     /// so: the rows after it then move up, instead of being set anew.
     void PrvRefreshView(bool updateTotal, std::int32_t deletedRow = 0);
     void refillGrid(const CurrentList& list, bool updateTotal, std::int32_t deletedRow);
-    /// Calls takeRow with the cells of each product, which it may move from. Returns false as soon as the list is not
+    /// Calls takeRow with each product. Returns false as soon as the list is not
     /// shown any more.
     template <class TakeRow>
     [[nodiscard]] static bool readRows(const CurrentList& list, std::int32_t count, const TakeRow& takeRow);
@@ -190,6 +191,7 @@ private:
     ui::Button& cmdMoveUp_;
     ui::Button& cmdMoveDown_;
     ProductColumns columns_;
+    ShownProducts products_;
     ListCommands commands_;
 
     Lifetime lifetime_;                      ///< A host may destroy the view while one of its procedures runs.

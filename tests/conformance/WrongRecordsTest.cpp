@@ -33,6 +33,37 @@ P roundingToCents(std::string_view property)
     }});
 }
 
+/// A record that says of each state that it is the same one.
+class OneStamp final : public InPlaceRecord {
+public:
+    explicit OneStamp(Record own) : own_(std::dynamic_pointer_cast<InPlaceRecord>(own)) {}
+
+    std::string Name() const override { return own_->Name(); }
+    void SetName(std::string_view name) override { own_->SetName(name); }
+    std::string Key() const override { return own_->Key(); }
+    void SetKey(std::string_view key) override { own_->SetKey(key); }
+    std::string PartNum() const override { return own_->PartNum(); }
+    void SetPartNum(std::string_view partNum) override { own_->SetPartNum(partNum); }
+    Currency UnitPrice() const override { return own_->UnitPrice(); }
+    void SetUnitPrice(Currency value) override { own_->SetUnitPrice(value); }
+    Currency Qty() const override { return own_->Qty(); }
+    void SetQty(Currency value) override { own_->SetQty(value); }
+    Currency DiscPrcnt() const override { return own_->DiscPrcnt(); }
+    void SetDiscPrcnt(Currency value) override { own_->SetDiscPrcnt(value); }
+    Currency ExtPrice() const override { return own_->ExtPrice(); }
+    void SetExtPrice(Currency value) override { own_->SetExtPrice(value); }
+    std::string Note() const override { return own_->Note(); }
+    void SetNote(std::string_view note) override { own_->SetNote(note); }
+    bool IsValidUnitPrice(Currency value) const override { return own_->IsValidUnitPrice(value); }
+    bool IsValidQty(Currency value) const override { return own_->IsValidQty(value); }
+    bool IsValidDiscPrcnt(Currency value) const override { return own_->IsValidDiscPrcnt(value); }
+    ProductFields fields() const noexcept override { return own_->fields(); }
+    std::uint64_t stamp() const noexcept override { return 1; }
+
+private:
+    std::shared_ptr<InPlaceRecord> own_;
+};
+
 const Wrong<ProductMgrFactory> kWrongRecords[] = {
     {"NameIsKept", Patched{[] { return trimming("Name"); }}},
     {"KeyIsKept", Patched{[] { return trimming("Key"); }}},
@@ -80,6 +111,9 @@ const Wrong<ProductMgrFactory> kWrongRecords[] = {
                              },
                          .readText = [key](std::string_view property,
                                            const std::string& text) { return property == "Key" ? *key : text; }});
+     }}},
+    {"ReadInPlaceSaysWhatPropertiesSay", Patched{[] {
+         return P{.add = [](ProductMgr& own) -> Record { return std::make_shared<OneStamp>(own.AddNewProduct()); }};
      }}},
     {"ValidityIsAskedWithoutEffect", Patched{[] {
          return records({.called = [](ProductRecord& own, std::string_view what, Currency amount) {

@@ -1,5 +1,7 @@
 #include "apps/orvan-desk/undo/ProductsJournal.h"
 
+#include "orvan/base/RuntimeError.h"
+
 #include <utility>
 
 namespace orvan::desk {
@@ -92,9 +94,9 @@ private:
 };
 
 /// A record that tells the journal before it is written.
-class JournalledRecord final : public ProductRecord {
+class JournalledRecord final : public InPlaceRecord {
 public:
-    JournalledRecord(std::shared_ptr<ProductRecord> inner, std::weak_ptr<Journal> journal, std::int32_t position)
+    JournalledRecord(std::shared_ptr<InPlaceRecord> inner, std::weak_ptr<Journal> journal, std::int32_t position)
         : inner_(std::move(inner)), journal_(std::move(journal)), position_(position)
     {
     }
@@ -118,6 +120,8 @@ public:
     bool IsValidUnitPrice(Currency cyValue) const override { return inner_->IsValidUnitPrice(cyValue); }
     bool IsValidQty(Currency cyValue) const override { return inner_->IsValidQty(cyValue); }
     bool IsValidDiscPrcnt(Currency cyValue) const override { return inner_->IsValidDiscPrcnt(cyValue); }
+    ProductFields fields() const noexcept override { return inner_->fields(); }
+    std::uint64_t stamp() const noexcept override { return inner_->stamp(); }
 
 private:
     ProductRecord& touched()
@@ -128,7 +132,7 @@ private:
         return *inner_;
     }
 
-    std::shared_ptr<ProductRecord> inner_;
+    std::shared_ptr<InPlaceRecord> inner_;
     std::weak_ptr<Journal> journal_;
     std::int32_t position_; ///< Where the record was when it was asked for.
 };
@@ -209,7 +213,12 @@ public:
 private:
     std::shared_ptr<ProductRecord> wrapped(const std::shared_ptr<ProductRecord>& record, std::int32_t position)
     {
-        return std::make_shared<JournalledRecord>(record, journal_, position);
+        // The desk's manager is the library's own, whose records can be read in place.
+        auto inPlace = std::dynamic_pointer_cast<InPlaceRecord>(record);
+        if (!inPlace) {
+            throw RuntimeError(ErrorNumber::objectNotSet);
+        }
+        return std::make_shared<JournalledRecord>(std::move(inPlace), journal_, position);
     }
 
     void insert(std::int32_t position, const ProductValues& fields)

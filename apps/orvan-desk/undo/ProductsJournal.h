@@ -34,7 +34,8 @@ public:
 };
 
 /// Makes a manager that passes everything on to `inner` and notes what changes its list. `shown` is called when the
-/// manager is given products, as the one whose list is shown is.
+/// manager is given products, as the one whose list is shown is. The records of `inner` are InPlaceRecords, as those of
+/// the library's own manager are; for others, GetProduct and AddNewProduct raise 91.
 [[nodiscard]] std::shared_ptr<JournalledProductMgr>
 journalled(std::shared_ptr<ProductMgr> inner,
            std::function<void(const std::shared_ptr<JournalledProductMgr>& manager)> shown);

@@ -52,7 +52,7 @@ struct Ledger {
     }
 };
 
-class ListedProduct final : public ProductRecord {
+class ListedProduct final : public InPlaceRecord {
 public:
     ListedProduct(std::shared_ptr<Ledger> ledger, const ProductValues& values)
         : ledger_(std::move(ledger)), texts_({values.name, values.key, values.partNum, values.note}),
@@ -95,11 +95,11 @@ public:
         return accepts(ledger_->rules->isValidDiscPrcnt, cyValue);
     }
 
-    /// The texts are valid until one of them is set.
-    ProductFields fields() const noexcept
+    ProductFields fields() const noexcept override
     {
         return {texts_[kName], texts_[kKey], texts_[kPartNum], unitPrice_, qty_, discPrcnt_, extPrice_, texts_[kNote]};
     }
+    std::uint64_t stamp() const noexcept override { return stamp_; }
     bool changed() const noexcept { return changed_; }
     /// Called when the list has been written with the record as it is.
     void setWritten() noexcept { changed_ = false; }
@@ -124,6 +124,7 @@ private:
         if (former != value) {
             const std::size_t wider = fieldSize(value, ledger_->separators) - fieldSize(former, ledger_->separators);
             texts_.set(text, value);
+            stamp_ = newRecordStamp();
             noteChange(wider);
         }
     }
@@ -133,6 +134,7 @@ private:
         if (field != value) {
             const std::size_t wider = fieldSize(value, ledger_->separators) - fieldSize(field, ledger_->separators);
             field = value;
+            stamp_ = newRecordStamp();
             noteChange(wider);
         }
     }
@@ -156,6 +158,7 @@ private:
     Currency qty_;
     Currency discPrcnt_;
     Currency extPrice_;
+    std::uint64_t stamp_ = newRecordStamp();
     bool changed_ = false; ///< Since the list was last written.
     bool listed_ = true;
 };

@@ -18,6 +18,7 @@
 
 #include "orvan/base/UserText.h"
 #include "orvan/components/products/FieldMarks.h"
+#include "orvan/core/ProductMgr.h"
 #include "orvan/core/ProductValues.h"
 #include "orvan/core_export.h"
 
@@ -38,18 +39,6 @@ struct ProductsSeparators {
 /// Each separator is one ASCII character that cannot stand in an amount, a count or an escape: no
 /// letter, digit, '-', '.' or backslash; and the two differ. Raises 5 for anything else.
 ProductsSeparators productsSeparators(std::string_view recordSep, std::string_view fieldSep);
-
-/// The values of one product, with texts that stand elsewhere.
-struct ProductFields {
-    std::string_view name;
-    std::string_view key;
-    std::string_view partNum;
-    Currency unitPrice;
-    Currency qty;
-    Currency discPrcnt;
-    Currency extPrice;
-    std::string_view note;
-};
 
 [[nodiscard]] inline ProductFields fieldsOf(const ProductValues& values) noexcept
 {
