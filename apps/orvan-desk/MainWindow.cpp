@@ -273,7 +273,8 @@ void MainWindow::updateTitle()
                                                       : tr("New quote");
     const QString shown = products_->isReadOnly() ? tr("%1 (read only)").arg(name) : name;
     setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(shown)));
-    // Only where it differs: Qt would write the window's title and its icon's again, and window managers paint it twice.
+    // Only where it differs: Qt would write the window's title and its icon's again, and window managers would paint
+    // the title twice.
     if (const bool unsaved = isUnsaved(); unsaved != isWindowModified()) {
         setWindowModified(unsaved);
     }

@@ -188,7 +188,7 @@ void writeQuote(const std::filesystem::path& folder, int products)
 /// are in it, too, so that each run has its own: two desks do not edit the same file.
 std::filesystem::path makeHome(const std::filesystem::path& desk, Screen& screen, const std::filesystem::path& folder)
 {
-    const std::filesystem::path home = folder / "home";
+    std::filesystem::path home = folder / "home";
     Actor actor({screen, folder / "first", Measure::toPixels}, {.program = desk, .arguments = {}, .home = {}});
     const auto limit = Clock::now() + kPatience;
     while (!std::filesystem::exists(actor.home() / "orvan-desk" / "products.catalogue")) {
@@ -207,7 +207,7 @@ std::filesystem::path makeHome(const std::filesystem::path& desk, Screen& screen
 /// Makes a copy of the home directory where the desk cannot write a trace: a file stands in the place of its folder.
 std::filesystem::path makeUntracedHome(const std::filesystem::path& home, const std::filesystem::path& folder)
 {
-    const std::filesystem::path untraced = folder / "untraced";
+    std::filesystem::path untraced = folder / "untraced";
     std::filesystem::copy(home, untraced, std::filesystem::copy_options::recursive);
     std::filesystem::remove_all(untraced / "orvan");
     QFile file(QString::fromStdString((untraced / "orvan").string()));

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
@@ -43,7 +44,7 @@ constexpr double kClose = 0.05;
 /// The part of the figures that is less than the result, 0.5 for the median.
 double percentile(std::vector<double> figures, double part)
 {
-    const auto at = figures.begin() + static_cast<std::ptrdiff_t>(static_cast<double>(figures.size() - 1) * part + 0.5);
+    const auto at = figures.begin() + std::lround(static_cast<double>(figures.size() - 1) * part);
     std::nth_element(figures.begin(), at, figures.end());
     return *at;
 }
