@@ -99,9 +99,10 @@ function(orvan_name_target name headers)
     endif()
 endfunction()
 
-# Puts the modules beside a program of the build folder, where they are found as in an installation.
+# Puts the library's modules, and those that are named, beside a program of the build folder, where they are found as in
+# an installation.
 function(orvan_loads_modules program)
-    foreach(module IN ITEMS orvan_workbooks orvan_postgres)
+    foreach(module IN LISTS ARGN ITEMS orvan_workbooks orvan_postgres)
         if(TARGET ${module})
             add_dependencies(${program} ${module})
             add_custom_command(TARGET ${program} POST_BUILD COMMAND ${CMAKE_COMMAND} -E create_symlink

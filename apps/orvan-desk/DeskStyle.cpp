@@ -1,9 +1,12 @@
 #include "DeskStyle.h"
 
+#include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QStyleOption>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace orvan::desk {
 
@@ -12,24 +15,15 @@ namespace {
 constexpr float kMenuEdge = 0.25F;
 constexpr int kRowSpace = 6; // pixels between the rows of a list
 
-/// The picture of a message box: a sign on a disc, drawn in whatever size is needed.
-class MessagePicture final : public QIconEngine {
+/// A picture that is drawn in whatever size is needed. Qt's own standard pictures are files: the first one that is made
+/// has Qt load all of its readers of pictures, which took a part of the desk's start.
+class DrawnPicture : public QIconEngine {
 public:
-    MessagePicture(QChar sign, QColor colour) : sign_(sign), colour_(colour) {}
-
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
     {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(colour_);
-        painter->drawEllipse(rect.adjusted(1, 1, -1, -1));
-        QFont font = painter->font();
-        font.setBold(true);
-        font.setPixelSize(rect.height() * 3 / 5);
-        painter->setFont(font);
-        painter->setPen(Qt::white);
-        painter->drawText(rect, Qt::AlignCenter, sign_);
+        draw(*painter, rect);
         painter->restore();
     }
 
@@ -42,11 +36,57 @@ public:
         return pixmap;
     }
 
+private:
+    virtual void draw(QPainter& painter, const QRect& rect) const = 0;
+};
+
+/// The picture of a message box: a sign on a disc.
+class MessagePicture final : public DrawnPicture {
+public:
+    MessagePicture(QChar sign, QColor colour) : sign_(sign), colour_(colour) {}
+
     QIconEngine* clone() const override { return new MessagePicture(*this); }
 
 private:
+    void draw(QPainter& painter, const QRect& rect) const override
+    {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour_);
+        painter.drawEllipse(rect.adjusted(1, 1, -1, -1));
+        QFont font = painter.font();
+        font.setBold(true);
+        font.setPixelSize(rect.height() * 3 / 5);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(rect, Qt::AlignCenter, sign_);
+    }
+
     QChar sign_;
     QColor colour_;
+};
+
+/// Two arrow heads: behind them is what a menu bar has no room for. They point to where the text goes.
+class MorePicture final : public DrawnPicture {
+public:
+    MorePicture(QColor colour, bool leftwards) : colour_(colour), leftwards_(leftwards) {}
+
+    QIconEngine* clone() const override { return new MorePicture(*this); }
+
+private:
+    void draw(QPainter& painter, const QRect& rect) const override
+    {
+        const double step = std::min(rect.width(), rect.height()) / 4.0;
+        painter.translate(QRectF(rect).center());
+        painter.scale(leftwards_ ? -1 : 1, 1);
+        painter.setPen(QPen(colour_, step / 2));
+        for (const double tip : {0.0, step * 3 / 2}) {
+            const QPointF head[] = {{tip - step, -step}, {tip, 0}, {tip - step, step}};
+            painter.drawPolyline(head, 3);
+        }
+    }
+
+    QColor colour_;
+    bool leftwards_;
 };
 
 } // namespace
@@ -115,6 +155,10 @@ QIcon DeskStyle::standardIcon(StandardPixmap picture, const QStyleOption* option
     case SP_MessageBoxQuestion: return QIcon(new MessagePicture(u'?', QColor(0x2f, 0x6f, 0xde)));
     case SP_MessageBoxWarning: return QIcon(new MessagePicture(u'!', QColor(0xd9, 0x82, 0x1b)));
     case SP_MessageBoxCritical: return QIcon(new MessagePicture(u'\u00d7', QColor(0xc9, 0x3c, 0x37)));
+    case SP_ToolBarHorizontalExtensionButton: // each menu bar asks for it, whether it has room or not
+        return QIcon(
+            new MorePicture((option ? option->palette : QApplication::palette()).color(QPalette::ButtonText),
+                            (option ? option->direction : QApplication::layoutDirection()) == Qt::RightToLeft));
     default: return QProxyStyle::standardIcon(picture, option, widget);
     }
 }

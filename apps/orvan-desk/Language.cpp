@@ -3,8 +3,9 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLibraryInfo>
-#include <QRegularExpression>
 #include <QTranslator>
+
+#include <algorithm>
 
 namespace orvan::desk {
 
@@ -35,19 +36,27 @@ QString& used()
 
 QStringList languages()
 {
-    QStringList names{kEnglish};
-    for (const QString& file : QDir(kFolder).entryList({kPrefix + u'*'})) {
-        names << file.mid(kPrefix.size()).section(u'.', 0, 0);
-    }
-    names.sort();
-    return names;
+    // Asked for several times at each start. No wildcards: Qt would compile them for each question.
+    static const QStringList known = [] {
+        QStringList names{kEnglish};
+        for (const QString& file : QDir(kFolder).entryList()) {
+            if (file.startsWith(kPrefix)) {
+                names << file.mid(kPrefix.size()).section(u'.', 0, 0);
+            }
+        }
+        names.sort();
+        return names;
+    }();
+    return known;
 }
 
 void useLanguage(const QStringList& wanted)
 {
     const QStringList known = languages();
     for (const QString& name : wanted) {
-        const QString language = name.section(QRegularExpression(QStringLiteral("[-_.@]")), 0, 0).toLower();
+        const auto* const end =
+            std::find_if(name.begin(), name.end(), [](QChar c) { return QStringLiteral("-_.@").contains(c); });
+        const QString language = name.left(end - name.begin()).toLower();
         if (known.contains(language)) {
             used() = language;
             if (language != kEnglish) {

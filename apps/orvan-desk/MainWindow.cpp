@@ -107,7 +107,8 @@ MainWindow::MainWindow()
               Qt::QueuedConnection);
       })
 {
-    watchProducts(); // before there is a list view
+    watchProducts();                           // before there is a list view
+    useTheme(themeNamed(keptText(kThemeKey))); // before there are widgets that would have to change
     withSettings([](ui::SettingsStore& settings) {
         seedProductViewPrefs(settings, kFormName.toStdString(), kFirstPreferences);
     });
@@ -123,11 +124,6 @@ MainWindow::MainWindow()
     setCentralWidget(centre);
     resize(780, 560);
     setMinimumSize(kLeastSize);
-    Theme theme = Theme::system;
-    withSettings([&theme](ui::SettingsStore& settings) {
-        theme = themeNamed(QString::fromStdString(settings.get(ui::kSettingsApplication, kSettingsSection, kThemeKey)));
-    });
-    useTheme(theme);
     recoveryTimer_.setSingleShot(true);
     recoveryTimer_.setInterval(kBeforeRecoveryCopy);
     connect(&recoveryTimer_, &QTimer::timeout, this, &MainWindow::updateRecoveryCopy);
@@ -273,8 +269,8 @@ void MainWindow::updateTitle()
                                                       : tr("New quote");
     const QString shown = products_->isReadOnly() ? tr("%1 (read only)").arg(name) : name;
     setWindowTitle(tr("%1[*] – Orvan Desk").arg(qt::titleText(shown)));
-    // Only where it differs: Qt would write the window's title and its icon's again, and window managers would paint
-    // the title twice.
+    // Only where it differs: Qt would write the window's title and its icon's again, and window managers paint it
+    // twice.
     if (const bool unsaved = isUnsaved(); unsaved != isWindowModified()) {
         setWindowModified(unsaved);
     }

@@ -19,6 +19,7 @@ namespace {
 constexpr std::string_view kRecentKey = "RecentFiles";
 constexpr qsizetype kMostFiles = 9;      // one for each digit that can be a mnemonic
 constexpr qsizetype kMostOfAFolder = 40; // characters
+constexpr int kBeforeWriting = 300;      // milliseconds; a quote is on the screen by then
 
 QStringList keptFiles()
 {
@@ -61,8 +62,16 @@ QString captionOf(const QString& file, const QStringList& files)
 RecentFiles::RecentFiles(QWidget* window, std::function<void(const QString& path)> open)
     : QMenu(tr("Open &Recent"), window), open_(std::move(open))
 {
+    writing_.setSingleShot(true);
+    writing_.setInterval(kBeforeWriting);
+    connect(&writing_, &QTimer::timeout, this, &RecentFiles::writeNoted);
     fill();
     connect(this, &QMenu::aboutToShow, this, &RecentFiles::fill);
+}
+
+RecentFiles::~RecentFiles()
+{
+    writeNoted();
 }
 
 void RecentFiles::note(const QString& path)
@@ -70,15 +79,28 @@ void RecentFiles::note(const QString& path)
     const QFileInfo info(path);
     const QString own = info.canonicalFilePath();
     const QString file = own.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : own;
-    QStringList files = keptFiles();
-    files.removeAll(file);
-    files.prepend(file);
+    noted_.removeAll(file);
+    noted_.prepend(file);
+    writing_.start();
+}
+
+void RecentFiles::writeNoted()
+{
+    writing_.stop();
+    if (noted_.isEmpty()) {
+        return;
+    }
+    QStringList files = std::exchange(noted_, {});
+    const QString last = files.constFirst();
+    files << keptFiles(); // read only now: another desk may have written since
+    files.removeDuplicates();
     keepFiles(files.mid(0, kMostFiles));
-    keepFolderOf(file, kQuoteFolder);
+    keepFolderOf(last, kQuoteFolder);
 }
 
 void RecentFiles::fill()
 {
+    writeNoted();
     clear();
     const QStringList files = keptFiles();
     for (qsizetype at = 0; at < files.size(); ++at) {

@@ -67,6 +67,13 @@ public:
         return picture;
     }
 
+    /// Those that a window gets. Otherwise Qt draws the window's icon twice in 128 pixels, too, before the window
+    /// shows.
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        return {{16, 16}, {32, 32}, {64, 64}};
+    }
+
     QIconEngine* clone() const override { return new IconEngine(*this); }
 };
 

@@ -1,9 +1,13 @@
 #include "PrintActions.h"
 
 #include "LetterheadDialog.h"
+#include "Printers.h"
+#include "QuotePainter.h"
 #include "QuotePdf.h"
 #include "apps/orvan-desk/OutsideText.h"
 
+#include "orvan/base/RuntimeError.h"
+#include "orvan/components/catalogue/LoadedModule.h"
 #include "orvan/ui/Platform.h"
 #include "orvan/ui/qt/Translation.h"
 
@@ -11,12 +15,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QMenu>
-#include <QPageSetupDialog>
-#include <QPaintEngine>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
+#include <QPagedPaintDevice>
 
+#include <string>
 #include <utility>
 
 namespace orvan::desk {
@@ -34,6 +35,18 @@ QPageLayout standardPage(QPageLayout page)
 {
     page.setMode(QPageLayout::StandardMode);
     return page;
+}
+
+const Printers& printers()
+{
+    std::string reasons;
+    if (void* const function = moduleFunction("orvan_printers", kPrintersOfModule, reasons)) {
+        return *reinterpret_cast<PrintersOfModule>(function)();
+    }
+    throw RuntimeError(ErrorNumber::cannotCreateComponent, {},
+                       userText("printers cannot be used, because a part of this program is missing (%1); export the "
+                                "quote as PDF",
+                                reasons));
 }
 
 } // namespace
@@ -85,11 +98,9 @@ void PrintActions::setUpPage()
 {
     run(tr("The page could not be set up."), [this] {
         PrintOptions chosen = options();
-        QPrinter printer;
-        printer.setPageLayout(chosen.page);
-        QPageSetupDialog dialog(&printer, window_);
-        if (dialog.exec() == QDialog::Accepted) {
-            chosen.page = standardPage(printer.pageLayout());
+        QPageLayout page = chosen.page;
+        if (printers().setUpPage(page, window_)) {
+            chosen.page = standardPage(page);
             keep(chosen);
         }
     });
@@ -110,13 +121,8 @@ void PrintActions::preview()
     run(tr("The quote could not be previewed."), [this] {
         const PrintOptions chosen = options();
         const PrintedQuote printed = printedQuote(chosen);
-        QPrinter printer;
-        printer.setPageLayout(fullPage(chosen.page));
-        QPrintPreviewDialog dialog(&printer, window_);
-        dialog.setWindowTitle(tr("Print Preview"));
-        dialog.resize(window_->size().expandedTo({800, 640}));
-        connect(&dialog, &QPrintPreviewDialog::paintRequested, this, [&](QPrinter* on) { printOn(*on, printed); });
-        dialog.exec();
+        printers().preview(fullPage(chosen.page), tr("Print Preview"), window_,
+                           [&](const ChosenPrinter& printer) { printOn(printer, printed); });
     });
 }
 
@@ -125,33 +131,26 @@ void PrintActions::print()
     run(tr("The quote could not be printed."), [this] {
         const PrintOptions chosen = options();
         const PrintedQuote printed = printedQuote(chosen);
-        QPrinter printer;
-        printer.setPageLayout(fullPage(chosen.page));
-        QPrintDialog dialog(&printer, window_);
-        dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-        if (dialog.exec() == QDialog::Accepted) {
-            printOn(printer, printed);
-        }
+        printers().print(fullPage(chosen.page), window_,
+                         [&](const ChosenPrinter& printer) { printOn(printer, printed); });
     });
 }
 
-void PrintActions::printOn(QPrinter& printer, const PrintedQuote& quote)
+void PrintActions::printOn(const ChosenPrinter& printer, const PrintedQuote& quote)
 {
     run(tr("The quote could not be printed."), [&] {
-        const QPageLayout page = standardPage(printer.pageLayout());
-        const PageRange range{printer.fromPage(), printer.toPage()};
-        const bool isPreview = printer.paintEngine()->type() == QPaintEngine::Picture;
-        if (!isPreview && printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
-            const QString warning = qt::translated(writePdf(printer.outputFileName(), quote, page, range));
+        const QPageLayout page = standardPage(printer.device.pageLayout());
+        const PageRange range{printer.firstPage, printer.lastPage};
+        if (!printer.pdfFile.isEmpty()) {
+            const QString warning = qt::translated(writePdf(printer.pdfFile, quote, page, range));
             if (!warning.isEmpty()) {
                 tell_(tr("The quote has been printed."), warning);
             }
             return;
         }
-        printer.setPageLayout(fullPage(page)); // the dialogs of Qt may have changed the mode
-        if (!paintPages(printer, quote, layOut(quote, page), range)) {
-            tell_(tr("The quote could not be printed."),
-                  tr("The printer “%1” does not take it.").arg(printer.printerName()));
+        printer.device.setPageLayout(fullPage(page)); // the dialogs of Qt may have changed the mode
+        if (!paintPages(printer.device, quote, layOut(quote, page), range)) {
+            tell_(tr("The quote could not be printed."), tr("The printer “%1” does not take it.").arg(printer.name));
         }
     });
 }

@@ -12,7 +12,6 @@
 #include <functional>
 
 class QMenu;
-class QPrinter;
 class QWidget;
 
 namespace orvan::ui {
@@ -20,6 +19,8 @@ class Platform;
 }
 
 namespace orvan::desk {
+
+struct ChosenPrinter;
 
 class PrintActions : public QObject {
     Q_OBJECT
@@ -47,7 +48,7 @@ private:
     PrintedQuote printedQuote(const PrintOptions& options);
     /// Paints on a printer, or on the pages of a preview. A PDF file, which the print dialog offers, is written as
     /// exportTo writes it.
-    void printOn(QPrinter& printer, const PrintedQuote& quote);
+    void printOn(const ChosenPrinter& printer, const PrintedQuote& quote);
     /// Runs a command of the user. A message box tells of an error.
     void run(const QString& what, const std::function<void()>& work);
 

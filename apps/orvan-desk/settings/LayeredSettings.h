@@ -52,29 +52,38 @@ struct ListedSetting {
     bool locked = false;
 };
 
-/// All settings with where their values come from. `option` and `builtIn` give the value of the command line, which may
-/// be none, and of the desk itself. Raises 75 where the user's settings cannot be read.
+/// A setting with where its value comes from. `option` and `builtIn` give the value of the command line, which may be
+/// none, and of the desk itself. Raises 75 where the user's settings cannot be read.
+template <class Option, class BuiltIn>
+ListedSetting listSetting(const SettingRow& row, ui::SettingsStore& user, const QString& userFile,
+                          const SystemSettings& system, Option&& option, BuiltIn&& builtIn)
+{
+    const SystemSettings::Choice& choice = system.choice(row.name);
+    const bool locked = system.locks(row.name);
+    const std::optional<std::string> own =
+        locked ? std::nullopt : ownValue(row, user.get(ui::kSettingsApplication, row.section, row.key));
+    const std::optional<QString> asked = locked ? std::nullopt : option(row);
+    const QString name = QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
+    if (asked) {
+        return {name, *asked, QStringLiteral("command line")};
+    }
+    if (own) {
+        return {name, QString::fromStdString(*own), QStringLiteral("user file ") + userFile};
+    }
+    if (choice.value) {
+        return {name, *choice.value, QStringLiteral("system file ") + choice.file, locked};
+    }
+    return {name, builtIn(row), QStringLiteral("built in"), locked};
+}
+
+/// The same for all settings.
 template <class Option, class BuiltIn>
 std::vector<ListedSetting> listSettings(ui::SettingsStore& user, const QString& userFile, const SystemSettings& system,
                                         Option&& option, BuiltIn&& builtIn)
 {
     std::vector<ListedSetting> list;
     for (const SettingRow& row : settingRows()) {
-        const SystemSettings::Choice& choice = system.choice(row.name);
-        const bool locked = system.locks(row.name);
-        const std::optional<std::string> own =
-            locked ? std::nullopt : ownValue(row, user.get(ui::kSettingsApplication, row.section, row.key));
-        const std::optional<QString> asked = locked ? std::nullopt : option(row);
-        const QString name = QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
-        if (asked) {
-            list.push_back({name, *asked, QStringLiteral("command line")});
-        } else if (own) {
-            list.push_back({name, QString::fromStdString(*own), QStringLiteral("user file ") + userFile});
-        } else if (choice.value) {
-            list.push_back({name, *choice.value, QStringLiteral("system file ") + choice.file, locked});
-        } else {
-            list.push_back({name, builtIn(row), QStringLiteral("built in"), locked});
-        }
+        list.push_back(listSetting(row, user, userFile, system, option, builtIn));
     }
     return list;
 }

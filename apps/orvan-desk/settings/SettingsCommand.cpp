@@ -10,6 +10,9 @@
 #include <QLocale>
 #include <QTextStream>
 
+#include <algorithm>
+#include <optional>
+
 namespace orvan::desk {
 
 namespace {
@@ -29,27 +32,32 @@ QString nameOf(const SettingRow& row)
     return QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
 }
 
+/// Gives the value of a setting in the command line; none where it is not there.
+auto optionIn(const QCommandLineParser& line)
+{
+    return [&line](const SettingRow& row) {
+        return row.hasOption && line.isSet(nameOf(row)) ? std::optional(line.value(nameOf(row))) : std::nullopt;
+    };
+}
+
 } // namespace
 
 std::vector<ListedSetting> listedSettings(const QCommandLineParser& line)
 {
     qt::QtSettingsStore user;
-    return listSettings(
-        user, QString::fromStdString(qt::QtSettingsStore::defaultPath()), systemSettings(),
-        [&](const SettingRow& row) {
-            return row.hasOption && line.isSet(nameOf(row)) ? std::optional(line.value(nameOf(row))) : std::nullopt;
-        },
-        builtIn);
+    return listSettings(user, QString::fromStdString(qt::QtSettingsStore::defaultPath()), systemSettings(),
+                        optionIn(line), builtIn);
 }
 
 QString settingValue(const QCommandLineParser& line, std::string_view name)
 {
-    for (const ListedSetting& setting : listedSettings(line)) {
-        if (setting.name.toStdString() == name) {
-            return setting.value;
-        }
+    const auto row = std::find_if(settingRows().begin(), settingRows().end(),
+                                  [&](const SettingRow& each) { return each.name == name; });
+    if (row == settingRows().end()) {
+        return {};
     }
-    return {};
+    qt::QtSettingsStore user; // reads the file for each value, so a start asks for no more than it needs
+    return listSetting(*row, user, {}, systemSettings(), optionIn(line), builtIn).value;
 }
 
 QString lockedOption(const QCommandLineParser& line)

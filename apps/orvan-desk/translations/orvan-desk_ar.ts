@@ -1185,6 +1185,10 @@ Saving would overwrite these changes.</source>
         <translation>لا يمكن استخدام خادم لأن جزءًا من هذا البرنامج مفقود (%1)</translation>
     </message>
     <message>
+        <source>printers cannot be used, because a part of this program is missing (%1); export the quote as PDF</source>
+        <translation>لا يمكن استخدام الطابعات لأن جزءًا من هذا البرنامج مفقود (%1)؛ صدّر عرض السعر بصيغة PDF</translation>
+    </message>
+    <message>
         <source>a text has a character 0, which the server cannot keep</source>
         <translation>نص فيه الحرف 0 الذي لا يستطيع الخادم حفظه</translation>
     </message>

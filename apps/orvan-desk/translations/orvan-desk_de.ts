@@ -1169,6 +1169,10 @@ Speichern würde diese Änderungen überschreiben.</translation>
         <translation>ein Server kann nicht benutzt werden, weil ein Teil dieses Programms fehlt (%1)</translation>
     </message>
     <message>
+        <source>printers cannot be used, because a part of this program is missing (%1); export the quote as PDF</source>
+        <translation>Drucker können nicht benutzt werden, weil ein Teil dieses Programms fehlt (%1); exportieren Sie das Angebot als PDF</translation>
+    </message>
+    <message>
         <source>a text has a character 0, which the server cannot keep</source>
         <translation>ein Text hat ein Zeichen 0, das der Server nicht aufnehmen kann</translation>
     </message>

@@ -5,12 +5,15 @@
 // again. Thread: any.
 #pragma once
 
+#include "orvan/catalogue_export.h"
+
 #include <string>
 
 namespace orvan {
 
 /// `module` is the module's name without the ending of shared libraries. Returns null where the module cannot be
 /// loaded; `reasons` then says why.
-[[nodiscard]] void* moduleFunction(const std::string& module, const char* function, std::string& reasons);
+[[nodiscard]] ORVAN_CATALOGUE_INTERNAL void* moduleFunction(const std::string& module, const char* function,
+                                                            std::string& reasons);
 
 } // namespace orvan

@@ -3,9 +3,12 @@
 // Widths are in pixels. Ownership: the view. Thread: the user-interface thread.
 #pragma once
 
+#include <QFontMetrics>
 #include <QHeaderView>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace orvan::qt {
 
@@ -56,10 +59,19 @@ private:
     /// The part of a section that its text has, without the arrow's.
     [[nodiscard]] QRect textArea(const QRect& area, int column) const;
     [[nodiscard]] int arrowSpace() const;
+    /// The width that the text needs. A list that opens is laid out several times, and its heads stay the same.
+    [[nodiscard]] int widthOfHead(int column, const QString& text) const;
 
     /// Ends the user's action; returns whether it was a resize, which has then been reported.
     bool reportResize();
 
+    struct Measured {
+        QString text;
+        int width = -1; ///< -1: not measured.
+    };
+
+    mutable std::vector<Measured> measured_; ///< By columns.
+    mutable std::optional<QFontMetrics> measuredWith_;
     bool styled_ = false;    ///< A style sheet says how sections look.
     bool userActs_ = false;  ///< The left button is down.
     int pressedMenu_ = -1;   ///< The column whose menu opens when the button is released there.

@@ -121,10 +121,27 @@ void GridHeader::paintStyled(QPainter& painter, const QRect& area, int column) c
     paintArrow(painter, area, column, widthFor(fontMetrics(), text), palette().color(QPalette::ButtonText));
 }
 
+int GridHeader::widthOfHead(int column, const QString& text) const
+{
+    if (!measuredWith_ || *measuredWith_ != fontMetrics()) {
+        measuredWith_ = fontMetrics();
+        measured_.clear();
+    }
+    const auto at = static_cast<std::size_t>(column);
+    if (at >= measured_.size()) {
+        measured_.resize(at + 1);
+    }
+    Measured& head = measured_[at];
+    if (head.width < 0 || head.text != text) {
+        head = {text, widthFor(fontMetrics(), text)};
+    }
+    return head.width;
+}
+
 QSize GridHeader::sectionSizeFromContents(int column) const
 {
     const QString text = model() ? model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString() : QString();
-    const QSize plain(widthFor(fontMetrics(), text), gridHeaderHeight(fontMetrics()));
+    const QSize plain(widthOfHead(column, text), gridHeaderHeight(fontMetrics()));
     const QSize needed = styled_ ? plain.expandedTo(QHeaderView::sectionSizeFromContents(column)) : plain;
     return needed + QSize(opensMenu(column) ? arrowSpace() : 0, 0);
 }

@@ -2,7 +2,6 @@
 
 #include "orvan/ui/qt/Translation.h"
 
-#include <QRegularExpression>
 #include <QTextDocument>
 #include <Qt>
 
@@ -22,10 +21,22 @@ constexpr qsizetype kMostLineEnds = 24;
 
 QString withoutMnemonic(const QString& caption)
 {
-    static const QRegularExpression behind(QStringLiteral(" ?\\(&[^&]\\)"));
-    static const QRegularExpression within(QStringLiteral("&(.)"));
+    // By hand: compiling regular expressions for it took a part of each start.
+    constexpr qsizetype kBehind = 4; // the characters of "(&N)", as captions without Latin letters have it
     QString plain = caption;
-    return plain.remove(behind).replace(within, QStringLiteral("\\1"));
+    for (qsizetype at = plain.indexOf(u"(&"); at >= 0; at = plain.indexOf(u"(&", at)) {
+        if (at + kBehind > plain.size() || plain[at + 2] == u'&' || plain[at + 3] != u')') {
+            ++at;
+            continue;
+        }
+        const qsizetype blank = at > 0 && plain[at - 1] == u' ' ? 1 : 0;
+        plain.remove(at - blank, kBehind + blank);
+        at -= blank;
+    }
+    for (qsizetype at = plain.indexOf(u'&'); at >= 0 && at + 1 < plain.size(); at = plain.indexOf(u'&', at + 1)) {
+        plain.remove(at, 1); // what stands behind it stays, also another '&'
+    }
+    return plain;
 }
 
 QString plainCaption(std::string_view caption, char mnemonic)
