@@ -9,7 +9,6 @@
 #include "orvan/ui/qt/Twips.h"
 #include "orvan/ui/qt/WindowHandles.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -192,9 +191,7 @@ void QtForm::prepareToShow()
     for (QLayout* const layout : window_->findChildren<QLayout*>()) {
         layout->activate();
     }
-    if (!QAccessible::isActive()) { // a screen reader would tell of a window that nobody sees
-        window_->winId();
-    }
+    // The native window is not made yet: window managers place one that is moved later by another corner.
 }
 
 std::unique_ptr<ui::Control> QtForm::make(const ui::ControlDesign& design, ui::Control* parent)
