@@ -96,7 +96,8 @@ FormReserve::Circumstances FormReserve::circumstances(QWidget* owner) const
             .available = screen->availableSize(),
             .pixelRatio = screen->devicePixelRatio(),
             .keypadDecimals = keypadDecimal(platform_.locale(), ui::TextUse::number) +
-                              keypadDecimal(platform_.locale(), ui::TextUse::money)};
+                              keypadDecimal(platform_.locale(), ui::TextUse::money),
+            .font = QApplication::font()}; // widgets that were never shown do not hear of it
 }
 
 void FormReserve::prepare()

@@ -9,6 +9,7 @@
 
 #include "orvan/ui/qt/QtForm.h"
 
+#include <QFont>
 #include <QObject>
 #include <QTimer>
 
@@ -32,6 +33,7 @@ private:
         QSize available;
         qreal pixelRatio;
         std::string keypadDecimals;
+        QFont font;
         bool operator==(const Circumstances& other) const = default;
     };
 
