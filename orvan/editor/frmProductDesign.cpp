@@ -160,10 +160,18 @@ constexpr auto kReadControls = readControls();
 
 } // namespace
 
-const ui::FormDesign kProductFormDesign = {
-    .name = "frmProduct", .width = 6960, .height = 5115, .controls = kControls, .caption = "Product (1/2)"};
+const ui::FormDesign kProductFormDesign = {.name = "frmProduct",
+                                           .width = 6960,
+                                           .height = 5115,
+                                           .controls = kControls,
+                                           .caption = "Product (1/2)",
+                                           .openedAgain = true};
 
-const ui::FormDesign kProductReadDesign = {
-    .name = "frmProduct", .width = 6960, .height = 5115, .controls = kReadControls, .caption = "Product (1/2)"};
+const ui::FormDesign kProductReadDesign = {.name = "frmProduct",
+                                           .width = 6960,
+                                           .height = 5115,
+                                           .controls = kReadControls,
+                                           .caption = "Product (1/2)",
+                                           .openedAgain = true};
 
 } // namespace orvan

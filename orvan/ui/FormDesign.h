@@ -73,6 +73,9 @@ struct FormDesign {
     float height = 0;
     std::span<const ControlDesign> controls; ///< A frame comes before the controls in it, a label before its control.
     std::string_view caption = {};           ///< Forms only.
+    /// Users open the form again and again, so a platform may make the next one in advance. The design must then live
+    /// as long as the program.
+    bool openedAgain = false;
 };
 
 } // namespace orvan::ui

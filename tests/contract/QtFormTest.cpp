@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTranslator>
 #include <QWindow>
 
 namespace orvan::contract {
@@ -250,6 +251,64 @@ TEST_F(QtFormTest, ButtonsLoseTheirPicturesWhereTheScreenIsTooNarrow)
         EXPECT_EQ(button.width() < 1'900, squeezed);
         EXPECT_LE(wide->innerWidth(), toTwips(QApplication::primaryScreen()->availableSize().width()));
     }
+}
+
+TEST_F(QtFormTest, AFormIsMadeInAdvanceAndTakenWhereANewOneWouldBeTheSame)
+{
+    struct Row {
+        const char* text;
+        std::function<void()> change, changeBack;
+        bool taken;
+    };
+    const auto inPoints = [](int points) {
+        QFont font = QApplication::font();
+        font.setPointSize(points);
+        QApplication::setFont(font);
+    };
+    const int points = QApplication::font().pointSize();
+    class : public QTranslator {
+        bool isEmpty() const override { return false; }
+    } translator;
+    const Row rows[] = {
+        {"nothing has changed", [] {}, [] {}, true},
+        {"another font", [&] { inPoints(points + 5); }, [&] { inPoints(points); }, false},
+        {"another font for boxes alone", [] { QApplication::setFont(QFont(QStringLiteral("Serif"), 20), "QLineEdit"); },
+         [] { QApplication::setFont(QApplication::font(), "QLineEdit"); }, false},
+        {"another language", [&] { QCoreApplication::installTranslator(&translator); },
+         [&] { QCoreApplication::removeTranslator(&translator); }, false},
+        {"another direction", [] { QApplication::setLayoutDirection(Qt::RightToLeft); },
+         [] { QApplication::setLayoutDirection(Qt::LeftToRight); }, false},
+        {"other number formats", [&] { driver.locale.decimal = ";"; }, [&] { driver.locale.decimal = "."; }, false},
+    };
+    static const ui::FormDesign design = [] {
+        ui::FormDesign again = kFormDesign;
+        again.openedAgain = true;
+        return again;
+    }();
+    const auto windows = [] {
+        QWidgetList found = QApplication::topLevelWidgets();
+        found.removeIf([](const QWidget* widget) { return widget->parentWidget() != nullptr; });
+        return found;
+    };
+    forEachRow(rows, [&](const Row& row) {
+        load(design);
+        form.reset();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const QWidgetList before = windows();
+        QTest::qWait(200);
+        QWidgetList made = windows();
+        made.removeIf([&](QWidget* widget) { return before.contains(widget); });
+        ASSERT_EQ(made.size(), 1);
+        const QPointer<QWidget> inAdvance = made.front();
+        EXPECT_FALSE(inAdvance->isVisible());
+        row.change();
+        load(design);
+        EXPECT_EQ(widget("one").window() == inAdvance, row.taken);
+        row.changeBack();
+        std::string first;
+        show([&] { first = form->focused()->name(); });
+        EXPECT_EQ(first, "one");
+    });
 }
 
 } // namespace

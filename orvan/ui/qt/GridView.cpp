@@ -38,6 +38,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent), header_(new GridHeader
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(kFrame);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
     header_->leastWidth = [this](int column) { return fit_.leastOf(column); };
     updateRowHeight();
     readStyleSheets();
@@ -252,25 +253,42 @@ void GridView::changeEvent(QEvent* event)
     }
 }
 
-void GridView::focusInEvent(QFocusEvent* event)
+// QAbstractItemView's own handlers of these three events would paint the whole list anew, and it would make the first
+// row current when the list gets the focus; getting the focus must not choose a row.
+void GridView::focusInEvent(QFocusEvent* /*event*/)
 {
-    // QTableView would make the first row current if there is no current row. Getting the focus must not choose a row.
-    const bool hadCurrent = currentIndex().isValid();
-    const QScopedValueRollback program(programActs_, true);
-    const QScopedValueRollback still(mayScroll_, false);
-    QTableView::focusInEvent(event);
-    if (!hadCurrent) {
-        selectionModel()->clear();
-    }
-    viewport()->update();
-    update(); // the ring
+    updateForFocus();
 }
 
-void GridView::focusOutEvent(QFocusEvent* event)
+void GridView::focusOutEvent(QFocusEvent* /*event*/)
 {
-    QTableView::focusOutEvent(event);
-    viewport()->update();
-    update();
+    updateForFocus();
+}
+
+bool GridView::viewportEvent(QEvent* event)
+{
+    const bool activation = event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate;
+    // Where a palette has other colours for a window that is not active, QWidget paints the list anew.
+    return activation && !hasStyleSheets(*this)
+               ? QAbstractScrollArea::viewportEvent(event) // NOLINT(bugprone-parent-virtual-call): see above
+               : QTableView::viewportEvent(event);
+}
+
+/// Paints what shows where the focus is: the ring, and the rows that are selected or current.
+void GridView::updateForFocus()
+{
+    if (hasStyleSheets(*this)) {
+        viewport()->update();
+        update();
+        return;
+    }
+    for (const RowLook& look : rowsInSight()) {
+        if (look.selected || look.current) {
+            updateRow(look.row);
+        }
+    }
+    const QRect inside = rect().adjusted(frameWidth(), frameWidth(), -frameWidth(), -frameWidth());
+    update(QRegion(rect()).subtracted(inside));
 }
 
 bool GridView::event(QEvent* event)

@@ -82,6 +82,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -105,6 +106,7 @@ private:
     /// scrolls.
     void updateChangedRows(const std::vector<RowLook>& before);
     void updateRow(int row);
+    void updateForFocus();
     void updateRowHeight();
     void readStyleSheets();
     void layOutColumns();

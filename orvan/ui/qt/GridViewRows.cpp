@@ -95,9 +95,11 @@ void GridView::timerEvent(QTimerEvent* event)
 
 void GridView::endDrag()
 {
+    if (drag_.before >= 0) {
+        viewport()->update();
+    }
     dragScroll_.stop();
     drag_ = {};
-    viewport()->update();
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event)

@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -45,7 +46,21 @@ void selectFirst(const QWidget* window)
     }
 }
 
+/// The window that a form with that owner is placed above; null where it has no owner and none of the program's windows
+/// is active.
+QWidget* windowBelow(QWidget* owner)
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    return owner ? owner : modal ? modal : QApplication::activeWindow();
+}
+
 } // namespace
+
+QScreen* screenOfForm(QWidget* owner)
+{
+    const QWidget* const front = windowBelow(owner);
+    return front ? front->screen() : QApplication::primaryScreen();
+}
 
 class QtForm::Window final : public QWidget, public DialogWindow {
 public:
@@ -146,8 +161,7 @@ QtForm::QtForm(const ui::FormDesign& design, ui::Platform& platform, QWidget* ow
     }
     widgets_.complete();
     doSetCaption();
-    const QWidget* const front = windowBelow();
-    const QScreen* const screen = front ? front->screen() : QApplication::primaryScreen();
+    const QScreen* const screen = screenOfForm(owner);
     const QSize fitting = fitToContents(*this, screen->availableSize() - kDecoration);
     // At a scale such as 150 %, the window gets whole pixels of the screen, which can be a part of a pixel less; the
     // frame with the fields would then need a scroll bar.
@@ -163,12 +177,21 @@ QtForm::~QtForm()
         window_->hide();
         window_->deleteLater();
     }
+    runHandler(onReleased);
 }
 
-QWidget* QtForm::windowBelow() const
+QWidget* QtForm::widget() const
 {
-    QWidget* const modal = QApplication::activeModalWidget();
-    return owner_ ? owner_.data() : modal ? modal : QApplication::activeWindow();
+    return window_;
+}
+
+void QtForm::prepareToShow()
+{
+    window_->ensurePolished();
+    for (QLayout* const layout : window_->findChildren<QLayout*>()) {
+        layout->activate();
+    }
+    // The native window is not made yet: window managers place one that is moved later by another corner.
 }
 
 std::unique_ptr<ui::Control> QtForm::make(const ui::ControlDesign& design, ui::Control* parent)
@@ -192,7 +215,7 @@ void QtForm::doShowModal()
 {
     QEventLoop loop;
     const QScopedValueRollback shown(loop_, &loop);
-    const QPointer<QWidget> front = windowBelow();
+    const QPointer<QWidget> front = windowBelow(owner_);
     if (window_) {
         window_->standAbove(front);
         qApp->installEventFilter(window_);

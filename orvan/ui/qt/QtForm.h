@@ -12,8 +12,12 @@
 #include "orvan/ui/qt/SurfaceWidgets.h"
 
 class QEventLoop;
+class QScreen;
 
 namespace orvan::qt {
+
+/// The screen on which a form with that owner (null: none) would be shown now. Never null.
+[[nodiscard]] QScreen* screenOfForm(QWidget* owner);
 
 class QtForm final : public ui::Form {
 public:
@@ -26,6 +30,15 @@ public:
     std::int32_t window() override;
     void repaint() override;
 
+    /// The form's window, which exists from the beginning; null once it has been destroyed.
+    [[nodiscard]] QWidget* widget() const;
+    /// Does already what Qt would do when the form is shown, as far as that does not depend on its owner.
+    void prepareToShow();
+    /// Before the form is shown: the window that it belongs to, as in the constructor.
+    void setOwner(QWidget* owner) { owner_ = owner; }
+    /// The form has been destroyed.
+    std::function<void()> onReleased;
+
 private:
     class Window;
 
@@ -34,10 +47,6 @@ private:
     void doSetCaption() override;
     void doShowModal() override;
     void doUnload() override;
-
-    /// The window that this one is to be placed above; null where it has no owner and none of the program's windows is
-    /// active.
-    [[nodiscard]] QWidget* windowBelow() const;
 
     QPointer<QWidget> owner_;
     QPointer<Window> window_;

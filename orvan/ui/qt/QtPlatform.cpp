@@ -1,7 +1,7 @@
 #include "orvan/ui/qt/QtPlatform.h"
 
 #include "orvan/ui/qt/Assistance.h"
-#include "orvan/ui/qt/QtForm.h"
+#include "orvan/ui/qt/FormReserve.h"
 #include "orvan/ui/qt/QtMessageBox.h"
 #include "orvan/ui/qt/QtScreenPointer.h"
 #include "orvan/ui/qt/QtSettingsStore.h"
@@ -35,6 +35,7 @@ struct QtPlatform::Services {
     QtMessageBox messageBox = {};
     QtScreenPointer pointer = {};
     QtClipboard clipboard = {};
+    std::unique_ptr<FormReserve> forms = {};
 };
 
 QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components)
@@ -45,6 +46,7 @@ QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& componen
 QtPlatform::QtPlatform(ui::LocaleService& locale, ui::ComponentFactory& components, const std::string& settingsPath)
     : locale_(locale), components_(components), services_(new Services{.settings = QtSettingsStore(settingsPath)})
 {
+    services_->forms = std::make_unique<FormReserve>(*this);
     installAssistance();
     onUnhandledError = [this](const RuntimeError& error) { showUnhandled(error); };
 }
@@ -73,7 +75,7 @@ ui::Clipboard& QtPlatform::clipboard()
 
 std::unique_ptr<ui::Form> QtPlatform::loadForm(const ui::FormDesign& design, std::int32_t ownerWindow)
 {
-    return std::make_unique<QtForm>(design, *this, windowOf(ownerWindow));
+    return services_->forms->load(design, windowOf(ownerWindow));
 }
 
 void QtPlatform::useServices(ui::HostServices services)

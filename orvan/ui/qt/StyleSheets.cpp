@@ -15,4 +15,9 @@ bool namedInStyleSheets(const QWidget& widget, QLatin1String name)
     return qApp->styleSheet().contains(name);
 }
 
+bool hasStyleSheets(const QWidget& widget)
+{
+    return namedInStyleSheets(widget, QLatin1String(":")); // which every declaration has
+}
+
 } // namespace orvan::qt

@@ -13,4 +13,7 @@ namespace orvan::qt {
 /// Whether the style sheet of the widget, of a widget around it or of the application contains that name.
 [[nodiscard]] bool namedInStyleSheets(const QWidget& widget, QLatin1String name);
 
+/// Whether one of these style sheets says anything. Its rules may depend on the focus and on the window's activity.
+[[nodiscard]] bool hasStyleSheets(const QWidget& widget);
+
 } // namespace orvan::qt
