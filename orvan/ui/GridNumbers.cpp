@@ -16,17 +16,22 @@ namespace {
 // therefore told apart by their bits instead of their digits, and the count of decimals is looked up.
 constexpr std::size_t kSizes = 65;
 
-/// The count of decimals of a number, by its last Currency::kDecimals digits.
-constexpr auto kDecimalsOf = [] {
-    std::array<std::uint8_t, Currency::kScale> decimals{};
-    for (std::size_t digits = 1; digits < decimals.size(); ++digits) {
-        std::size_t rest = digits;
-        for (decimals[digits] = Currency::kDecimals; rest % 10 == 0; rest /= 10) {
-            --decimals[digits];
-        }
+/// How many digits of a number below 100, which is written with two digits, are left without the zeros at its end.
+constexpr auto kDigitsOf = [] {
+    std::array<std::uint8_t, 100> digits{};
+    for (std::size_t number = 1; number < digits.size(); ++number) {
+        digits[number] = number % 10 == 0 ? 1 : 2;
     }
-    return decimals;
+    return digits;
 }();
+
+/// The count of decimals of an amount in ten-thousandths.
+std::size_t decimalsOf(std::uint64_t magnitude)
+{
+    static_assert(Currency::kDecimals == 4);
+    const std::uint64_t last = magnitude % 100;
+    return last != 0 ? 2U + kDigitsOf[last] : kDigitsOf[magnitude / 100 % 100];
+}
 
 /// A number of one shape: sign, size and decimals.
 struct NumberShape {
@@ -52,8 +57,7 @@ std::vector<std::string> longestNumbers(const Grid& grid, std::int32_t column)
         const std::uint64_t magnitude = number->magnitude();
         const std::size_t sign = number->scaled() < 0 ? 1 : 0;
         const auto size = static_cast<std::size_t>(std::bit_width(magnitude));
-        const std::size_t place =
-            (size * (Currency::kDecimals + 1) + kDecimalsOf[magnitude % Currency::kScale]) * 2 + sign;
+        const std::size_t place = (size * (Currency::kDecimals + 1) + decimalsOf(magnitude)) * 2 + sign;
         // The greatest of each shape, because a picture with fewer decimals may round it up to one more digit.
         if (NumberShape& shape = shapes[place]; shape.row < 0 || magnitude > shape.magnitude) {
             shape = {row, magnitude};
