@@ -185,6 +185,11 @@ QWidget* QtForm::widget() const
     return window_;
 }
 
+void QtForm::setOwner(QWidget* owner)
+{
+    owner_ = owner;
+}
+
 void QtForm::prepareToShow()
 {
     window_->ensurePolished();

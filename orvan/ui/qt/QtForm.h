@@ -35,7 +35,7 @@ public:
     /// Does already what Qt would do when the form is shown, as far as that does not depend on its owner.
     void prepareToShow();
     /// Before the form is shown: the window that it belongs to, as in the constructor.
-    void setOwner(QWidget* owner) { owner_ = owner; }
+    void setOwner(QWidget* owner);
     /// The form has been destroyed.
     std::function<void()> onReleased;
 
