@@ -104,9 +104,9 @@ struct ProductFields {
 };
 
 /// A record that can be read in place. Each refresh of the list looks at every product, and a list of such records is
-/// refreshed several times as fast: a product that has not changed is not read again, and no text is copied. A manager's
-/// records need not be of this class; it is for managers of long lists. Neither operation may call the library or the
-/// host.
+/// refreshed several times as fast: a product that has not changed is not read again, and no text is copied. A
+/// manager's records need not be of this class; it is for managers of long lists. Neither operation may call the
+/// library or the host.
 class ORVAN_EXPORT InPlaceRecord : public ProductRecord {
 public:
     [[nodiscard]] virtual ProductFields fields() const noexcept = 0;

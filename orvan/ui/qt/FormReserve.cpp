@@ -18,8 +18,13 @@ namespace {
 /// After a form has been released, so long is left for what the user sees then, such as the list that is painted anew.
 constexpr std::chrono::milliseconds kPause(100);
 
-/// All reserves. A platform may live longer than QApplication, but a widget must not.
-std::vector<FormReserve*> reserves;
+/// All reserves. A platform may live longer than QApplication, but a widget must not. The list itself is never
+/// destroyed, because a platform may be a static object that is destroyed later than this source's own.
+std::vector<FormReserve*>& reserves()
+{
+    static auto* const all = new std::vector<FormReserve*>;
+    return *all;
+}
 
 } // namespace
 
@@ -28,23 +33,23 @@ FormReserve::FormReserve(ui::Platform& platform) : platform_(platform)
     idle_.setSingleShot(true);
     idle_.setInterval(kPause);
     idle_.callOnTimeout([this] { prepare(); });
-    if (reserves.empty()) {
+    if (reserves().empty()) {
         qAddPostRoutine(giveUpAll); // runs while QApplication is being destroyed
     }
-    reserves.push_back(this);
+    reserves().push_back(this);
 }
 
 FormReserve::~FormReserve()
 {
-    std::erase(reserves, this);
-    if (reserves.empty()) {
+    std::erase(reserves(), this);
+    if (reserves().empty()) {
         qRemovePostRoutine(giveUpAll);
     }
 }
 
 void FormReserve::giveUpAll()
 {
-    for (FormReserve* const reserve : reserves) {
+    for (FormReserve* const reserve : reserves()) {
         reserve->giveUp();
     }
 }

@@ -11,6 +11,7 @@
 
 #include <QFont>
 #include <QObject>
+#include <QSize>
 #include <QTimer>
 
 #include <memory>
