@@ -36,7 +36,7 @@ P roundingToCents(std::string_view property)
 /// A record that says of each state that it is the same one.
 class OneStamp final : public InPlaceRecord {
 public:
-    explicit OneStamp(Record own) : own_(std::dynamic_pointer_cast<InPlaceRecord>(own)) {}
+    explicit OneStamp(const Record& own) : own_(std::dynamic_pointer_cast<InPlaceRecord>(own)) {}
 
     std::string Name() const override { return own_->Name(); }
     void SetName(std::string_view name) override { own_->SetName(name); }
