@@ -1,6 +1,7 @@
 #include "benchmarks/Comparison.h"
 
 #include "benchmarks/Machine.h"
+#include "benchmarks/Options.h"
 #include "benchmarks/Results.h"
 #include "benchmarks/Spread.h"
 #include "benchmarks/Table.h"
@@ -95,11 +96,8 @@ RowResult measure(const Row& row)
 /// Measures the row and prints it. Returns false if it fails.
 bool runRow(const Row& row, Table& table, Results& results)
 {
-    const RowResult result = measure(row);
-    table.print({result.name, result.error.empty() ? spreadText(result.ours, result.unit) : "",
-                 result.peer ? result.peerName + " " + spreadText(*result.peer, result.unit) : "",
-                 result.peer ? plainNumber(result.ratio) : "", result.bound, verdictText(result)});
-    results.rows.push_back(result);
+    const RowResult& result = results.rows.emplace_back(measure(row));
+    printRow(table, result);
     return result.verdict != Verdict::fails;
 }
 
@@ -210,8 +208,7 @@ void timePart(benchmark::State& state, const std::function<void()>& part)
 
 bool Suite::selected(const std::string& name) const
 {
-    return beginnings_.empty() || std::any_of(beginnings_.begin(), beginnings_.end(),
-                                              [&](const std::string& each) { return name.starts_with(each); });
+    return beginsWithAny(name, beginnings_);
 }
 
 void Suite::list() const
@@ -232,7 +229,7 @@ std::vector<std::string> Suite::runRows(Results& results) const
             chosen.push_back(&row);
         }
     }
-    return runAll<Row>(chosen, {"path", "ours", "peer", "ratio", "bound", "verdict"}, runRow, results);
+    return runAll<Row>(chosen, rowHeads("path"), runRow, results);
 }
 
 std::vector<std::string> Suite::runGrowths(Results& results) const

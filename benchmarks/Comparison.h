@@ -4,11 +4,12 @@
 // A row has two sides, ours and the peer's, which are measured in turn (A B A B ...), so that whatever else the machine
 // does affects both; the table shows their medians, and between what figures the middle half of the repetitions lies.
 // A row that comes out close to its bound, on either side, is measured again, with more repetitions, before it is
-// judged. A side is anything that returns a figure each time it is repeated:
-// a loop that Google Benchmark times (timed), or a number that the row computes itself (a percentile of samples, bytes
-// of heap, the time that another program takes to start). The bound of a row without a peer is a figure, not a ratio.
+// judged (benchmarks/Bound.h).
 //
-// When a row fails is decided in benchmarks/Bound.h.
+// A side is anything that returns a figure each time it is repeated: a loop that Google Benchmark times (timed), or a
+// number that the row computes itself (a percentile of samples, bytes of heap, the time that another program takes to
+// start). The bound of a row without a peer is a figure, not a ratio.
+//
 // Thread: one, the program's first.
 #pragma once
 

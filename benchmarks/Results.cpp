@@ -1,7 +1,5 @@
 #include "benchmarks/Results.h"
 
-#include "benchmarks/Table.h"
-
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -143,10 +141,18 @@ std::string timesText(double now, double before)
 
 } // namespace
 
-std::string verdictText(const RowResult& row)
+std::vector<std::string> rowHeads(const std::string& path)
+{
+    return {path, "ours", "peer", "ratio", "bound", "verdict"};
+}
+
+void printRow(Table& table, const RowResult& row)
 {
     const std::string verdict = kVerdictTexts[static_cast<std::size_t>(row.verdict)];
-    return row.error.empty() ? verdict : verdict + ": " + row.error;
+    table.print({row.name, row.error.empty() ? spreadText(row.ours, row.unit) : "",
+                 row.peer ? row.peerName + " " + spreadText(*row.peer, row.unit) : "",
+                 row.peer ? plainNumber(row.ratio) : "", row.bound,
+                 row.error.empty() ? verdict : verdict + ": " + row.error});
 }
 
 void writeResults(const std::string& file, const Results& results)

@@ -4,8 +4,9 @@
 // Errors: std::runtime_error for a file that cannot be written or read.
 #pragma once
 
-#include "benchmarks/Comparison.h"
+#include "benchmarks/Bound.h"
 #include "benchmarks/Spread.h"
+#include "benchmarks/Table.h"
 
 #include <cstddef>
 #include <optional>
@@ -43,7 +44,9 @@ struct Results {
     std::vector<GrowthResult> growths = {};
 };
 
-std::string verdictText(const RowResult& row);
+/// The column headings of a table of rows; `path` is the first one.
+std::vector<std::string> rowHeads(const std::string& path);
+void printRow(Table& table, const RowResult& row);
 
 void writeResults(const std::string& file, const Results& results);
 Results readResults(const std::string& file);

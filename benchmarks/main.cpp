@@ -2,6 +2,7 @@
 
 #include "benchmarks/Comparison.h"
 #include "benchmarks/Machine.h"
+#include "benchmarks/Options.h"
 #include "benchmarks/Results.h"
 #include "benchmarks/Subjects.h"
 
@@ -11,7 +12,6 @@
 #include <filesystem>
 #include <iostream>
 #include <iterator>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -36,21 +36,6 @@ constexpr const char* kHelp =
     "  --beside        our figures of these runs beside each other; nothing is measured\n"
     "  --list          the names of all rows\n"
     "  --compilers     builds with GCC and Clang, with and without LTO, and prints their figures\n";
-
-/// Takes the option and its value out of the arguments.
-std::optional<std::string> takeValue(std::vector<std::string>& arguments, const std::string& option)
-{
-    const auto at = std::find(arguments.begin(), arguments.end(), option);
-    if (at == arguments.end()) {
-        return std::nullopt;
-    }
-    if (at + 1 == arguments.end()) {
-        throw std::runtime_error(option + " needs a file");
-    }
-    std::string value = at[1];
-    arguments.erase(at, at + 2);
-    return value;
-}
 
 /// Prints the runs that the files hold.
 int printRuns(const std::vector<std::string>& files, bool beside)
@@ -93,20 +78,17 @@ int run(std::vector<std::string> arguments)
     orvan::bench::addServerCopy(suite);
 #endif
 
-    const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
-    if (take("--help") || take("-h")) {
+    using orvan::bench::takeOption;
+    if (takeOption(arguments, "--help") || takeOption(arguments, "-h")) {
         std::cout << kHelp;
         return 0;
     }
-    const bool list = take("--list");
-    const bool summary = take("--summary");
-    const bool beside = take("--beside");
-    const bool growth = take("--growth");
-    const std::optional<std::string> json = takeValue(arguments, "--json");
-    const std::optional<std::string> earlier = takeValue(arguments, "--compare");
-    const auto unknown = std::find_if(arguments.begin(), arguments.end(),
-                                      [](const std::string& argument) { return argument.starts_with("-"); });
-    if (unknown != arguments.end()) {
+    const bool list = takeOption(arguments, "--list");
+    const bool summary = takeOption(arguments, "--summary");
+    const bool beside = takeOption(arguments, "--beside");
+    const bool growth = takeOption(arguments, "--growth");
+    const orvan::bench::ResultFiles files(arguments);
+    if (const auto unknown = orvan::bench::unknownOption(arguments)) {
         std::cerr << "Unknown option " << *unknown << "\n\n" << kHelp;
         return 2;
     }
@@ -118,23 +100,11 @@ int run(std::vector<std::string> arguments)
         return printRuns(arguments, beside);
     }
     suite.select(arguments);
-    // Read first, so that a file that cannot be read is not noticed after minutes only.
-    const std::optional<orvan::bench::Results> before =
-        earlier ? std::optional(orvan::bench::readResults(*earlier)) : std::nullopt;
     orvan::bench::Results results{.machine = orvan::bench::machineDescription()};
     std::cout << results.machine << '\n';
     const std::vector<std::string> failed = growth ? suite.runGrowths(results) : suite.runRows(results);
-    if (json) {
-        orvan::bench::writeResults(*json, results);
-    }
-    if (before) {
-        std::cout << '\n';
-        orvan::bench::printComparison(std::cout, *before, results);
-    }
-    for (const std::string& name : failed) {
-        std::cerr << "Fails: " << name << '\n';
-    }
-    return failed.empty() ? 0 : 1;
+    files.finish(results);
+    return orvan::bench::exitCode(failed);
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 #include "DeskStyle.h"
 
+#include "DrawnPicture.h"
+
 #include <QApplication>
-#include <QIconEngine>
 #include <QPainter>
 #include <QStyleOption>
 #include <QWidget>
@@ -14,31 +15,6 @@ namespace {
 
 constexpr float kMenuEdge = 0.25F;
 constexpr int kRowSpace = 6; // pixels between the rows of a list
-
-/// A picture that is drawn in whatever size is needed. Qt's own standard pictures are files: the first one that is made
-/// has Qt load all of its readers of pictures, which took a part of the desk's start.
-class DrawnPicture : public QIconEngine {
-public:
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
-    {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        draw(*painter, rect);
-        painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
-
-private:
-    virtual void draw(QPainter& painter, const QRect& rect) const = 0;
-};
 
 /// The picture of a message box: a sign on a disc.
 class MessagePicture final : public DrawnPicture {

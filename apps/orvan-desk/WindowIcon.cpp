@@ -1,6 +1,7 @@
 #include "WindowIcon.h"
 
-#include <QIconEngine>
+#include "DrawnPicture.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -35,53 +36,42 @@ QPainterPath fold()
     return path;
 }
 
-class IconEngine final : public QIconEngine {
+class WindowPicture final : public DrawnPicture {
 public:
-    void paint(QPainter* painter, const QRect& area, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
-    {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(area.topLeft());
-        painter->scale(area.width() / kSize, area.height() / kSize);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(QColor(0x2f6fde));
-        painter->drawRoundedRect(QRectF(0, 0, kSize, kSize), kCorner, kCorner);
-        painter->fillPath(sheet(), QColor(0xffffff));
-        painter->fillPath(fold(), QColor(0xc3d6f6));
-        for (const QRect& name : {QRect(64, 64, 64, 16), QRect(64, 96, 80, 16), QRect(64, 128, 64, 16)}) {
-            painter->fillRect(name, QColor(0x8794a5));
-        }
-        for (const QRect& amount : {QRect(160, 96, 32, 16), QRect(160, 128, 32, 16)}) {
-            painter->fillRect(amount, QColor(0x44546a));
-        }
-        painter->fillRect(QRect(64, 176, 128, 32), QColor(0xf2a516)); // the total
-        painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
-    }
-
-    /// Those that a window gets. Otherwise Qt draws the window's icon twice in 128 pixels, too, before the window
-    /// shows.
+    /// The sizes that a window gets. Without this list, Qt would also draw the icon twice in 128 pixels before the
+    /// window shows.
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
         return {{16, 16}, {32, 32}, {64, 64}};
     }
 
-    QIconEngine* clone() const override { return new IconEngine(*this); }
+    QIconEngine* clone() const override { return new WindowPicture(*this); }
+
+private:
+    void draw(QPainter& painter, const QRect& area) const override
+    {
+        painter.translate(area.topLeft());
+        painter.scale(area.width() / kSize, area.height() / kSize);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0x2f6fde));
+        painter.drawRoundedRect(QRectF(0, 0, kSize, kSize), kCorner, kCorner);
+        painter.fillPath(sheet(), QColor(0xffffff));
+        painter.fillPath(fold(), QColor(0xc3d6f6));
+        for (const QRect& name : {QRect(64, 64, 64, 16), QRect(64, 96, 80, 16), QRect(64, 128, 64, 16)}) {
+            painter.fillRect(name, QColor(0x8794a5));
+        }
+        for (const QRect& amount : {QRect(160, 96, 32, 16), QRect(160, 128, 32, 16)}) {
+            painter.fillRect(amount, QColor(0x44546a));
+        }
+        painter.fillRect(QRect(64, 176, 128, 32), QColor(0xf2a516)); // the total
+    }
 };
 
 } // namespace
 
 QIcon windowIcon()
 {
-    return QIcon(new IconEngine); // QIcon owns its engine
+    return QIcon(new WindowPicture); // QIcon owns its engine
 }
 
 } // namespace orvan::desk

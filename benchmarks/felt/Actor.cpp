@@ -163,11 +163,7 @@ double Actor::answerTo(const std::string& stroke, Measure measure, Milliseconds 
 
 double Actor::answerToDoubleClick(const std::string& thing)
 {
-    screen_.movePointer(placeOf(thing));
-    settle();
-    screen_.button(true);
-    screen_.button(false);
-    settle();
+    click(thing);
     const double time = measured("a double click on " + thing, measure_, kQuiet, [&] { screen_.button(true); });
     screen_.button(false);
     settle();

@@ -1,9 +1,9 @@
 // orvan-felt: measures from an input to the pixels of the answer, from outside. ./bench --felt builds it and passes its
 // arguments on.
 
-#include "benchmarks/Bound.h"
 #include "benchmarks/Machine.h"
-#include "benchmarks/Table.h"
+#include "benchmarks/Options.h"
+#include "benchmarks/Results.h"
 #include "benchmarks/felt/Rows.h"
 
 #include <QCoreApplication>
@@ -20,13 +20,19 @@
 namespace {
 
 using namespace orvan::felt;
+using orvan::bench::Results;
+using orvan::bench::RowResult;
+using orvan::bench::Spread;
 using orvan::bench::Unit;
+using orvan::bench::Verdict;
 
 constexpr const char* kHelp =
-    "usage: ./bench --felt [--against DESK] [--processor-time] [--list] [NAME...]\n"
+    "usage: ./bench --felt [--against DESK] [--processor-time] [--json FILE] [--compare FILE] [NAME...]\n"
+    "       ./bench --felt --list\n"
     "\n"
     "Works with the desk and with small programs of Qt's own widgets on a virtual X server, by keys and clicks, and\n"
-    "prints how long the pixels of the answer take; medians and quartiles, measured in turn.\n"
+    "prints how long the pixels of the answer take; medians, measured in turn, and in brackets between what figures\n"
+    "the middle half of the samples lies.\n"
     "Exits with 1 and names the rows that fall short of their bound by more than half.\n"
     "\n"
     "  NAME              only the rows whose names begin so, such as \"editor\"\n"
@@ -34,6 +40,8 @@ constexpr const char* kHelp =
     "  --processor-time  what the programs themselves take, instead of the time to the pixels: for a machine that "
     "does\n"
     "                    much else meanwhile\n"
+    "  --json FILE       also writes what was measured into the file\n"
+    "  --compare FILE    also prints each figure beside the one of an earlier run, whose file this is\n"
     "  --list            the names of all rows\n";
 
 /// Samples that come first, to warm up, and do not count. An even number, because keys are typed and taken back.
@@ -41,26 +49,24 @@ constexpr int kWarmUp = 4;
 /// A row that is nearer to its bound than this is measured once more before it is judged.
 constexpr double kClose = 0.05;
 
-/// The part of the figures that is less than the result, 0.5 for the median.
-double percentile(std::vector<double> figures, double part)
-{
-    const auto at = figures.begin() + std::lround(static_cast<double>(figures.size() - 1) * part);
-    std::nth_element(figures.begin(), at, figures.end());
-    return *at;
-}
-
 struct Figures {
     std::vector<double> ours, peers;
 };
 
-double figure(const std::vector<double>& samples, const Claim& claim)
+/// What a claim is about: the median of the samples, with their spread, or their 99th percentile alone.
+Spread spread(std::vector<double> samples, const Claim& claim)
 {
-    return percentile(samples, claim.percentile99 ? 0.99 : 0.5);
+    if (!claim.percentile99) {
+        return orvan::bench::spreadOf(samples);
+    }
+    const auto at = samples.begin() + std::lround(static_cast<double>(samples.size() - 1) * 0.99);
+    std::nth_element(samples.begin(), at, samples.end());
+    return {*at, *at, *at};
 }
 
 orvan::bench::Judgement judge(const Figures& figures, const Claim& claim)
 {
-    return orvan::bench::judge(claim.bound, figure(figures.ours, claim), figure(figures.peers, claim));
+    return orvan::bench::judge(claim.bound, spread(figures.ours, claim).median, spread(figures.peers, claim).median);
 }
 
 bool isClose(const Row& row, const Figures& figures)
@@ -90,25 +96,14 @@ Figures measure(const Row& row, const Stage& ours, const Stage& peers)
     return figures;
 }
 
-std::string text(double nanoseconds)
-{
-    return orvan::bench::figureText(nanoseconds, Unit::nanoseconds);
-}
-
-std::string quartiles(const std::vector<double>& samples)
-{
-    return text(percentile(samples, 0.25)) + " to " + text(percentile(samples, 0.75));
-}
-
 std::string label(const Row& row, const Claim& claim)
 {
     return row.name + (claim.percentile99 ? ", 99th percentile" : "");
 }
 
-/// Measures the row and prints its claims. Returns the names of those that fail.
-std::vector<std::string> run(const Row& row, orvan::bench::Table& table, const Stage& ours, const Stage& peers)
+/// Measures the row. Returns a result for each of its claims.
+std::vector<RowResult> results(const Row& row, const Stage& ours, const Stage& peers)
 {
-    std::vector<std::string> failed;
     Figures figures;
     std::string problem;
     try {
@@ -116,50 +111,40 @@ std::vector<std::string> run(const Row& row, orvan::bench::Table& table, const S
     } catch (const std::exception& error) {
         problem = error.what();
     }
+    std::vector<RowResult> results;
     for (const Claim& claim : row.claims) {
-        const std::string bound = boundText(claim.bound, Unit::nanoseconds);
-        if (!problem.empty()) {
-            table.print({label(row, claim), "", "", "", "", "", bound, "FAILS: " + problem});
-            failed.push_back(label(row, claim));
-            continue;
-        }
-        const orvan::bench::Judgement judgement = judge(figures, claim);
-        table.print({label(row, claim), text(figure(figures.ours, claim)), quartiles(figures.ours),
-                     row.peer.name + " " + text(figure(figures.peers, claim)), quartiles(figures.peers),
-                     orvan::bench::plainNumber(judgement.ratio), bound,
-                     orvan::bench::kVerdictTexts[static_cast<std::size_t>(judgement.verdict())]});
-        if (judgement.verdict() == orvan::bench::Verdict::fails) {
-            failed.push_back(label(row, claim));
+        RowResult& result = results.emplace_back(
+            RowResult{.name = label(row, claim), .bound = boundText(claim.bound, Unit::nanoseconds), .error = problem});
+        if (problem.empty()) {
+            const orvan::bench::Judgement judgement = judge(figures, claim);
+            result.repetitions = static_cast<int>(figures.ours.size());
+            result.ours = spread(figures.ours, claim);
+            result.peerName = row.peer.name;
+            result.peer = spread(figures.peers, claim);
+            result.ratio = judgement.ratio;
+            result.shortBy = judgement.shortBy;
+            result.verdict = judgement.verdict();
         }
     }
-    return failed;
-}
-
-bool selected(const std::string& name, const std::vector<std::string>& beginnings)
-{
-    return beginnings.empty() || std::any_of(beginnings.begin(), beginnings.end(),
-                                             [&](const std::string& each) { return name.starts_with(each); });
+    return results;
 }
 
 int run(std::vector<std::string> arguments)
 {
-    const auto take = [&](const char* option) { return std::erase(arguments, option) > 0; };
-    if (take("--help") || take("-h")) {
+    using orvan::bench::takeOption;
+    if (takeOption(arguments, "--help") || takeOption(arguments, "-h")) {
         std::cout << kHelp;
         return 0;
     }
-    const bool list = take("--list");
-    const Measure measured = take("--processor-time") ? Measure::processorTime : Measure::toPixels;
+    const bool list = takeOption(arguments, "--list");
+    const Measure measured = takeOption(arguments, "--processor-time") ? Measure::processorTime : Measure::toPixels;
     const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
     Programs programs{.desk = ORVAN_DESK, .peer = folder / "orvan-felt-peer", .formerDesk = {}};
-    if (const auto against = std::find(arguments.begin(), arguments.end(), "--against");
-        against != arguments.end() && against + 1 != arguments.end()) {
-        programs.formerDesk = std::filesystem::absolute(*(against + 1));
-        arguments.erase(against, against + 2);
+    if (const auto against = orvan::bench::takeValue(arguments, "--against")) {
+        programs.formerDesk = std::filesystem::absolute(*against);
     }
-    if (const auto unknown = std::find_if(arguments.begin(), arguments.end(),
-                                          [](const std::string& argument) { return argument.starts_with("-"); });
-        unknown != arguments.end()) {
+    const orvan::bench::ResultFiles resultFiles(arguments);
+    if (const auto unknown = orvan::bench::unknownOption(arguments)) {
         std::cerr << "Unknown option " << *unknown << "\n\n" << kHelp;
         return 2;
     }
@@ -170,34 +155,36 @@ int run(std::vector<std::string> arguments)
     const std::filesystem::path files = scratch.path().toStdString();
     Screen ourScreen(files), peerScreen(files);
     std::vector<Row> rows = makeRows(programs, ourScreen, files);
-    std::erase_if(rows, [&](const Row& row) { return !selected(row.name, arguments); });
+    std::erase_if(rows, [&](const Row& row) { return !orvan::bench::beginsWithAny(row.name, arguments); });
     if (list) {
         for (const Row& row : rows) {
             std::cout << row.name << '\n';
         }
         return 0;
     }
-    std::cout << orvan::bench::machineDescription() << '\n';
+    Results run{.machine = orvan::bench::machineDescription()};
+    std::cout << run.machine << '\n';
     std::size_t widest = 0;
     for (const Row& row : rows) {
         widest = std::max(widest, label(row, row.claims.back()).size());
     }
-    orvan::bench::Table table(
-        std::cout,
-        {measured == Measure::toPixels ? "from an input to the pixels" : "processor time of an answer", "ours",
-         "quartiles", "peer", "quartiles", "ratio", "bound", "verdict"},
-        widest);
+    orvan::bench::Table table(std::cout,
+                              orvan::bench::rowHeads(measured == Measure::toPixels ? "from an input to the pixels"
+                                                                                   : "processor time of an answer"),
+                              widest);
     std::vector<std::string> failed;
     for (const Row& row : rows) {
-        for (const std::string& name :
-             run(row, table, {ourScreen, files / "ours", measured}, {peerScreen, files / "peers", measured})) {
-            failed.push_back(name);
+        for (const RowResult& result :
+             results(row, {ourScreen, files / "ours", measured}, {peerScreen, files / "peers", measured})) {
+            printRow(table, result);
+            run.rows.push_back(result);
+            if (result.verdict == Verdict::fails) {
+                failed.push_back(result.name);
+            }
         }
     }
-    for (const std::string& name : failed) {
-        std::cerr << "Fails: " << name << '\n';
-    }
-    return failed.empty() ? 0 : 1;
+    resultFiles.finish(run);
+    return orvan::bench::exitCode(failed);
 }
 
 } // namespace

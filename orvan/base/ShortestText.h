@@ -1,7 +1,9 @@
-// readShortestText: the reading of Currency::fromShortestText, for code that reads hundreds of thousands of amounts.
+// readShortestText: does the same as Currency::fromShortestText, faster, for code that reads hundreds of thousands of
+// amounts.
 //
-// The result is a plain one on purpose: GCC 12 returns an optional amount by way of memory that it reads in wider
-// pieces than it has written, and waiting for that takes longer than reading the amount. Thread: any.
+// It returns a bool and sets the amount, instead of returning an optional amount, on purpose: GCC 12 passes an optional
+// amount through memory, from where it reads wider pieces than it has written, and the wait for that takes longer than
+// reading the amount. Thread: any.
 #pragma once
 
 #include "orvan/base/Currency.h"

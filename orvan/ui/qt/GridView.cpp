@@ -253,8 +253,8 @@ void GridView::changeEvent(QEvent* event)
     }
 }
 
-// QAbstractItemView's own handlers of these three events would paint the whole list anew, and it would make the first
-// row current when the list gets the focus; getting the focus must not choose a row.
+// QAbstractItemView's own handlers of these two events would paint the whole list anew, and the first one would also
+// make the first row current; getting the focus must not choose a row.
 void GridView::focusInEvent(QFocusEvent* /*event*/)
 {
     updateForFocus();
@@ -268,7 +268,8 @@ void GridView::focusOutEvent(QFocusEvent* /*event*/)
 bool GridView::viewportEvent(QEvent* event)
 {
     const bool activation = event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate;
-    // Where a palette has other colours for a window that is not active, QWidget paints the list anew.
+    // QAbstractItemView would paint the whole list anew. That is needed only where a style sheet has other colours for
+    // a window that is not active: where the palette has them, QWidget itself paints anew.
     return activation && !hasStyleSheets(*this)
                ? QAbstractScrollArea::viewportEvent(event) // NOLINT(bugprone-parent-virtual-call): see above
                : QTableView::viewportEvent(event);
