@@ -20,6 +20,11 @@ constexpr std::size_t kShownCells = 30; // of the header
 /// A name without what lists add to it: "Unit Price (EUR)", "Preis in EUR netto" and "Price, USD" are names of prices.
 std::string withoutAdditions(std::string_view name)
 {
+    constexpr std::string_view kBreaks = " ,/_-\n";
+    if (name.find_first_of(kBreaks) == name.npos && name.find_first_of("([") == name.npos) { // one word, as most cells
+        std::string simple = simplifiedWord(name);
+        return isColumnAddition(simple) ? std::string() : simple;
+    }
     std::string result, word;
     int brackets = 0;
     const auto endWord = [&] {
@@ -31,7 +36,7 @@ std::string withoutAdditions(std::string_view name)
     for (const char c : name) {
         brackets += c == '(' || c == '[' ? 1 : 0;
         if (brackets == 0) {
-            c == ' ' || c == ',' || c == '/' || c == '_' || c == '-' || c == '\n' ? endWord() : word.push_back(c);
+            kBreaks.find(c) != kBreaks.npos ? endWord() : word.push_back(c);
         }
         brackets -= (c == ')' || c == ']') && brackets > 0 ? 1 : 0;
     }

@@ -168,7 +168,11 @@ Sample sampleOfText(const ImportSource& source, ListForm& form, const CatalogueI
     if (kDelimiters.find(delimiter) != kDelimiters.npos && best.found.missing.empty()) {
         return best;
     }
+    bool absentTried = false;
     for (const char other : kDelimiters) {
+        if (start.find(other) == start.npos && std::exchange(absentTried, true)) {
+            continue; // delimiters that the text does not have all make the same rows of it
+        }
         if (Sample sample = read(other); sample.isBetterThan(best)) {
             best = std::move(sample);
             delimiter = other;

@@ -57,17 +57,19 @@ const WordSet& totalWords()
 std::string simplifiedWord(std::string_view text)
 {
     std::string folded = foldCase(text);
-    if (!isAscii(folded)) {
-        UErrorCode status = U_ZERO_ERROR;
-        std::string decomposed;
-        ::icu::StringByteSink<std::string> sink(&decomposed);
-        ::icu::Normalizer2::getNFKDInstance(status)->normalizeUTF8(
-            0, {folded.data(), static_cast<std::int32_t>(folded.size())}, sink, nullptr, status);
-        if (U_FAILURE(status)) {
-            throw RuntimeError(ErrorNumber::internalError, {}, u_errorName(status));
-        }
-        folded = std::move(decomposed);
+    if (isAscii(folded)) { // most are, and asking ICU for each character would take long
+        std::erase_if(folded, [](char c) { return !(c >= 'a' && c <= 'z') && !(c >= '0' && c <= '9'); });
+        return folded;
     }
+    UErrorCode status = U_ZERO_ERROR;
+    std::string decomposed;
+    ::icu::StringByteSink<std::string> sink(&decomposed);
+    ::icu::Normalizer2::getNFKDInstance(status)->normalizeUTF8(
+        0, {folded.data(), static_cast<std::int32_t>(folded.size())}, sink, nullptr, status);
+    if (U_FAILURE(status)) {
+        throw RuntimeError(ErrorNumber::internalError, {}, u_errorName(status));
+    }
+    folded = std::move(decomposed);
     std::string result;
     for (std::size_t at = 0; at < folded.size();) {
         const std::size_t size = characterSize(folded, at);
