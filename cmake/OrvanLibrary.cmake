@@ -57,7 +57,7 @@ function(orvan_library name)
     # Without this option the compiler must allow for functions that are replaced when the program is loaded, because
     # the code may become part of a shared library, and it then inlines less. Nobody replaces functions of this library.
     target_compile_options(orvan_${name} PRIVATE -fno-semantic-interposition)
-    orvan_choose_size(${name} "${ARG_SOURCES}")
+    orvan_choose_size(${name} orvan_${name} "${ARG_SOURCES}")
     target_include_directories(orvan_${name} PUBLIC $<BUILD_INTERFACE:${ORVAN_SOURCE_ROOT}>
         $<BUILD_INTERFACE:${ORVAN_GENERATED}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     orvan_resolve(${name} links ${ARG_LINKS})
