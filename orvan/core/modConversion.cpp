@@ -45,14 +45,14 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
     // If the separator is not one ASCII character, `decimal` is '0': a digit is kept anyway, so this changes nothing.
     const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
     char* end = kept;
-    bool ascii = true;
+    unsigned char bits = 0; // of all characters
     for (const char c : sText) {
         // This has no branch, because the processor could not predict at which places a text has separators.
         *end = c;
-        end += isDigit(c) || c == decimal ? 1 : 0;
-        ascii &= isAscii(c);
+        end += isDigit(c) | (c == decimal);
+        bits |= static_cast<unsigned char>(c);
     }
-    if (!ascii) {
+    if (!isAscii(static_cast<char>(bits))) {
         end = keepCharacters(kept, sText, sDecimalSep);
     }
     const bool anyDigit = std::any_of(kept, end, isDigit); // nearly always the first one is
