@@ -389,7 +389,9 @@ void runTarget(std::string_view input)
         require(error.number() == ErrorNumber::invalidFileFormat ||
                     (input.starts_with("PK") && error.number() == ErrorNumber::cannotCreateComponent),
                 "a list that is refused raises 321");
-        const bool noRows = expected.entries.empty() && expected.refused.empty();
+        // The plain reader refuses a row of totals, which it does not know; the import leaves such rows out.
+        const bool onlyTotals = error.description().find("it holds no rows") != std::string::npos;
+        const bool noRows = expected.entries.empty() && (expected.refused.empty() || onlyTotals);
         require(!comparable || utf16 || noRows || startsAsOther(input), "a list that can be understood is read");
     }
 }
