@@ -1,9 +1,11 @@
 // What a quote's file and the desk's unsaved work survive: other programs, other desks, and the desk's own end.
 
 #include "MainWindow.h"
+#include "OpenQuote.h"
 #include "StatusLine.h"
 #include "WatchedProducts.h"
 
+#include "orvan/files/ProcessIdentity.h"
 #include "orvan/hosting/ProductViewWidget.h"
 #include "tests/support/QtEnvironment.h"
 #include "tests/support/Rows.h"
@@ -20,6 +22,8 @@
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMetaMethod>
+#include <QStatusBar>
 #include <QTest>
 
 #include <chrono>
@@ -52,6 +56,14 @@ protected:
     {
         QFile opened(file);
         return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("no such file");
+    }
+
+    /// The recovery copy that is kept; empty while there is none.
+    static std::string keptCopy()
+    {
+        const QDir copies(defaultRecoveryFolder());
+        const QStringList names = copies.entryList({QStringLiteral("*.recovery.json")}, QDir::Files);
+        return names.isEmpty() ? "" : read(copies.filePath(names.constFirst())).toStdString();
     }
 
     /// Presses the button of the next message box that has this text, and keeps the box's own text.
@@ -163,6 +175,32 @@ TEST_F(UnsavedWorkTest, AQuoteThatIsOpenElsewhereIsToldAndCanBeRead)
     EXPECT_EQ(takesInput(second), "field field field date list action action ") << "another quote";
 }
 
+TEST_F(UnsavedWorkTest, ADeadDesksLockIsToldAndTakenOver)
+{
+    write(path(), kQuote);
+    const auto lock = QString::fromStdString(files::EditLock::pathFor(path().toStdString()));
+    const QByteArray host = QByteArray::fromStdString(files::hostName());
+    write(lock, "orvan-lock 1\nanna\n" + host + "\n1\na computer that was started another time\n1700000000\n");
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path()));
+    EXPECT_THAT(window.statusBar()->currentMessage().toStdString(),
+                HasSubstr("Another desk ended without closing this quote: anna on " + host.toStdString()));
+    EXPECT_FALSE(read(lock).contains("anna")) << "the lock is this desk's own now";
+}
+
+TEST_F(UnsavedWorkTest, SavingAsAQuoteThatIsOpenElsewhereIsAskedAbout)
+{
+    write(path(), kQuote);
+    const files::EditLock other(path().toStdString());
+    OpenQuote quote;
+    QString warning;
+    answerNext("Cancel");
+    EXPECT_EQ(quote.save(path(), {}, nullptr, warning), OpenQuote::Saving::cancelled);
+    EXPECT_THAT(asked, HasSubstr("is open elsewhere"));
+    EXPECT_EQ(read(path()), kQuote);
+}
+
 TEST_F(UnsavedWorkTest, MembersOfTheFileThatTheDeskDoesNotKnowAreKept)
 {
     write(path(), kQuote);
@@ -210,6 +248,52 @@ TEST_F(UnsavedWorkTest, ARecoveryCopyIsKeptUntilTheWorkIsSaved)
     EXPECT_TRUE(claimAbandonedWork(copies, unreadable).empty()) << "its desk still runs";
     save(window);
     EXPECT_TRUE(QTest::qWaitFor([&] { return count() == countOnceIdle; }, 3000));
+    type(window, "?");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count() == countOnceIdle + 1; }, 3000));
+    answerNext("Discard");
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count() == countOnceIdle; }, 3000)) << "discarded";
+}
+
+TEST_F(UnsavedWorkTest, AnOpenEditorsWorkIsKeptAsFarAsItHasReachedTheList)
+{
+    write(path(), kQuote);
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path()));
+    auto* const list = window.findChild<ProductViewWidget*>();
+    list->setCurrentProduct(1);
+    QCoreApplication::processEvents(); // actions are enabled from the event loop
+    test::whenModal([&](QWidget& editor) {
+        auto* const quantity = editor.findChild<QLineEdit*>(QStringLiteral("txtQty"));
+        quantity->setFocus();
+        // The second key comes when no copy is due any more because the quote has been opened.
+        for (const char key : {'7', '3'}) {
+            QTest::keyClick(quantity, key);
+            const std::string record = "Lamp:::5:" + quantity->text().toStdString() + ":";
+            const auto isKept = [&] { return keptCopy().find(record) != std::string::npos; };
+            EXPECT_TRUE(QTest::qWaitFor(isKept, 3000)) << record << keptCopy();
+        }
+        answerNext("No");
+        QTest::keyClick(quantity, Qt::Key_Escape);
+    });
+    list->action(Command::edit)->trigger();
+    EXPECT_EQ(list->Products(), "1~Lamp:::5:1:0:5:~") << "the editor was cancelled";
+}
+
+TEST_F(UnsavedWorkTest, ALogOutKeepsWhatIsUnsavedAtOnce)
+{
+    write(path(), kQuote);
+    MainWindow window;
+    window.show();
+    ASSERT_TRUE(window.open(path()));
+    type(window, "!");
+    // As the session's manager has it done. Only Qt makes the object that the signal passes on; no slot here takes it.
+    void* arguments[] = {nullptr, nullptr};
+    const QMetaObject& application = QGuiApplication::staticMetaObject;
+    const int signal = QMetaMethod::fromSignal(&QGuiApplication::commitDataRequest).methodIndex();
+    QMetaObject::activate(qApp, &application, signal - application.methodOffset(), arguments);
+    EXPECT_THAT(keptCopy(), HasSubstr("c!"));
 }
 
 TEST_F(UnsavedWorkTest, DiscardingDoesNotWaitForADiskThatStillWrites)

@@ -1,6 +1,7 @@
 // What the boxes let a user type, what they show with and without the focus, and what they save.
 #include "FieldsFixture.h"
 #include "orvan/base/Text.h"
+#include "tests/support/FaultyProductMgr.h"
 
 namespace orvan {
 namespace {
@@ -202,6 +203,20 @@ TEST(FieldSaves, EqualTextsWriteNothingAndTheNoteIsSavedWhileInitializingToo)
         }
     });
     EXPECT_EQ(record.Name() + record.PartNum() + record.Note(), "NewcboProductNameNewcboPartNumNewtxtNote");
+}
+
+TEST(FieldSaves, ARecordThatChangesTheBoxIsGivenWhatWasTyped)
+{
+    test::Faults faults;
+    FieldsFixture fixture;
+    const auto record = fixture.heldProduct;
+    fixture.heldProduct = std::make_shared<test::FaultyRecord>(record, faults);
+    auto& box = fixture.form.control<ui::TextEntry>("cboProductName");
+    box.setText("Desk");
+    faults.failAtCall = 2; // the name is read first, and then set
+    faults.act = [&] { box.setText("Lamp"); };
+    fixture.fields.PrvSaveNameFld();
+    EXPECT_EQ(record->Name(), "Desk");
 }
 
 TEST(FieldSaves, ARuleThatClosesTheDialogEndsTheKeystroke)

@@ -1,7 +1,7 @@
 """Kills the programs (SIGKILL) at random moments while they write.
 
 After each kill the file must be wholly the old or wholly the new one, and the next run of the program must finish and
-leave no unfinished file behind.
+leave no unfinished file behind. A signal that asks the desk to end must leave what is unsaved in a recovery copy.
 usage: kills.py DESK GRID CATALOGUE_TOOL FOLDER
 Kills each program 12 times; 200 times where the environment has ORVAN_SWEEPS=whole. Prints the seed of the random
 moments; with this seed in ORVAN_SEED, it chooses the same moments again.
@@ -9,6 +9,7 @@ moments; with this seed in ORVAN_SEED, it chooses the same moments again.
 
 import os
 import random
+import signal
 import sys
 import time
 from concurrent.futures import ThreadPoolExecutor
@@ -62,6 +63,18 @@ def longest(kind):
     return 1.3 * (time.monotonic() - begin)
 
 
+def asked_to_end(number):
+    """Has the desk sent itself that signal right after a change, before a copy would be made by itself. Returns what is
+    wrong (None if nothing is)."""
+    scenario = RecoveryCopyKept(base / number.name)
+    scenario.prepare()
+    program = scenario.start(steps=f"type new;signal {number.value};await 30000")
+    output = program.communicate(timeout=60)[0]
+    state = scenario.state()
+    good = program.returncode == 0 and state == "new"
+    return None if good else f"{number.name}: the desk ends with {program.returncode}, the copy is {state}: {output}"
+
+
 def main():
     times = 200 if os.environ.get("ORVAN_SWEEPS") == "whole" else 12
     seed = int(os.environ.get("ORVAN_SEED", random.randrange(1_000_000)))
@@ -83,6 +96,10 @@ def main():
         print(f"{kind.__name__}: killed {times} times, then {states.count('old')} old, {states.count('new')} new, "
               f"{len(found)} with a fault", *found, sep="\n", flush=True)
         problems += len(found)
+    for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+        if problem := asked_to_end(number):
+            print(problem)
+            problems += 1
     return 1 if problems else 0
 
 

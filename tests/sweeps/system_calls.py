@@ -8,6 +8,7 @@ ORVAN_SWEEPS=whole, each call fails with each of the three errors. Ends with sta
 may not trace.
 """
 
+import errno
 import os
 import re
 import shutil
@@ -18,9 +19,10 @@ from pathlib import Path
 
 from programs import CatalogueImported, QuoteSaved, RecoveryCopyKept, SettingChanged, TraceWritten
 
-CALLS = ("openat write pwrite64 fsync fdatasync ftruncate rename link unlink close read pread64 flock fcntl "
+CALLS = ("openat write pwrite64 fsync fdatasync fchmod ftruncate rename link unlink close read pread64 flock fcntl "
          "mkdir").split()
 READING = {"openat", "close", "read", "pread64", "flock", "fcntl"}  # most of the calls, and seldom the ones with faults
+MUST_TELL = {"fsync", "fdatasync", "fchmod"}  # the file could be renamed all the same, and nothing would be seen of it
 ERRORS = ("ENOSPC", "EIO", "EINTR")
 SCENARIOS = (QuoteSaved, SettingChanged, RecoveryCopyKept, TraceWritten, CatalogueImported)
 base = Path(sys.argv[4]) / "system_calls"
@@ -59,6 +61,7 @@ def disturb(kind, call, number, error, place):
     shutil.rmtree(scenario.folder / "home", ignore_errors=True)
     if not failed:
         return False, None
+    reason = os.strerror(getattr(errno, error))
     where = f"{kind.__name__}: {call} {number} failed with {error}: {failed[0][:200]}"
     try:
         state = scenario.state()
@@ -70,6 +73,8 @@ def disturb(kind, call, number, error, place):
         return True, f"{where}\n  the file is {state}\n  told: {output}"
     if state == "old" and not scenario.told(output, code):
         return True, f"{where}\n  the file is the old one, and nobody is told (exit status {code}): {output}"
+    if call in MUST_TELL and error != "EINTR" and ".orvan-new-" in failed[0] and reason not in output:
+        return True, f"{where}\n  nobody is told of it (exit status {code}): {output}"
     # A replaced catalogue whose last renaming fails is kept under a hidden name, and found there.
     left = [name for name in scenario.leftovers() if call != "rename" or ".orvan-former-" not in name]
     if call != "unlink" and left:

@@ -247,13 +247,14 @@ TEST_F(ProductViewReentryTest, AChangeMarksTheViewWhateverFailsAfterIt)
     const struct {
         const char *name, *action, *operation, *leaving;
     } rows[] = {{"an edit, and the trace refuses the dialog's end", "double click", "", "ProductDlg::Show"},
+                {"an added product, and the refresh fails", "cmdNew", "", "PrvRefreshView"},
                 {"a move, and the refresh fails", "cmdMoveUp", "GetProductCount", ""},
                 {"a move, and the trace refuses its end", "cmdMoveUp", "", "PrvMoveProduct"},
                 {"a deletion, and the refresh fails", "cmdDelete", "GetProductCount", ""}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         makeReady(row.action);
-        if (std::string_view(row.action) == "double click") {
+        if (std::string_view(row.action) == "double click" || std::string_view(row.action) == "cmdNew") {
             platform.drive([&](headless::FormDriver& form) {
                 form.focus("txtQty");
                 form.textBox("txtQty").type("4");
