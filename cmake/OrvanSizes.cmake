@@ -1,13 +1,13 @@
-# How a Release build weighs size against speed. With -O3 everywhere, the shared library `core` has 1,031 KB instead of less
-# than 600, and the desk's program 3.4 MB of code instead of 2.9. What ./bench measures decides. -O2 is as fast as -O3,
-# except where the products string is read and amounts are computed; -Os doubles the time in which a list is shown or
-# copied, but nobody notices it in what runs once for a click.
+# How a Release build weighs size against speed. What ./bench measures decides. A program that is linked with the static
+# libraries is as fast as can be where keys are answered and lists are shown: there `core` has the build type's own -O3. As
+# a shared library it would have 1,031 KB then; with -O2, and with -Os for what runs once for a click, it has less than 600,
+# and a key in a box takes twice as long (0.4 us instead of 0.8).
 #
-# The linker takes each inline function from the first object that has it, with that object's option. So -Os in one place
-# can slow down another: with -Os in all of the desk's own sources, a search in a list took 7.4 ms instead of 4.0. They
-# have -O2 (apps/orvan-desk/CMakeLists.txt).
+# The other parts have -O2. The desk's own sources, too (apps/orvan-desk/CMakeLists.txt): with -O3 everywhere its program has
+# half a megabyte more of code. It does not have -Os, because the linker takes each inline function from the first object
+# that has it, with that object's option: with -Os in the desk's sources, a search in a list took 7.4 ms instead of 4.0.
 
-# Folders, and single sources of other folders, of which one call does little.
+# In the shared library: folders, and single sources of other folders, of which one call does little.
 set(ORVAN_SMALL files lookup editor headless registry
     base/RuntimeError.cpp base/UserText.cpp core/Explanation.cpp core/modInit.cpp core/modLocale.cpp
     fields/FieldEntry.cpp icu/LocaleData.cpp icu/LocaleNames.cpp
@@ -20,6 +20,10 @@ set(ORVAN_FAST base/Currency.cpp base/Integer.cpp base/Text.cpp products/FieldMa
 
 # To be called by the folder that has the target.
 function(orvan_choose_size folder target sources)
+    orvan_part_of(${folder} part)
+    if(part STREQUAL core AND NOT BUILD_SHARED_LIBS)
+        return()
+    endif()
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O2>)
     list(FILTER sources INCLUDE REGEX "\\.cpp$")
     foreach(source IN LISTS sources)
