@@ -11,6 +11,7 @@
 set(ORVAN_SMALL files lookup editor headless registry
     base/RuntimeError.cpp base/UserText.cpp core/Explanation.cpp core/modInit.cpp core/modLocale.cpp
     fields/FieldEntry.cpp icu/LocaleData.cpp icu/LocaleNames.cpp
+    trace/TraceFile.cpp
     ui/Button.cpp ui/ComboBox.cpp ui/Control.cpp ui/EventTap.cpp ui/Form.cpp ui/LocaleSeparators.cpp ui/RowSelection.cpp
     ui/Surface.cpp ui/TextEntry.cpp ui/Timer.cpp ui/ToolSet.cpp
     view/ListCommands.cpp view/ListFind.cpp view/ProductColumns.cpp view/ProductViewCommands.cpp view/ProductViewDesign.cpp
