@@ -1,8 +1,9 @@
 // orvan-bench-bare: a window with as many widgets of Qt's own as the desk's window has, and nothing else of the desk.
 // It ends at its first paint.
 //
-// The desk needs an amount's text from ICU and a catalogue in SQLite, so this program asks for one of each, too. It
-// shows what memory the parts take that the desk is made of, whatever the desk does with them. Argument: the catalogue.
+// The desk writes amounts with ICU and reads its catalogue with SQLite. So this program has ICU write one amount and
+// SQLite read one row, too. It shows how much memory any program takes that uses these libraries and widgets. Its
+// argument is the catalogue's file name.
 
 #include "benchmarks/FirstPaint.h"
 

@@ -17,7 +17,7 @@ bool takeOption(std::vector<std::string>& arguments, const std::string& option);
 std::optional<std::string> takeValue(std::vector<std::string>& arguments, const std::string& option);
 /// The first of the arguments that looks like an option: an unknown one, once all others are taken out.
 std::optional<std::string> unknownOption(const std::vector<std::string>& arguments);
-/// Returns whether the name begins with one of these texts, or there are none.
+/// Whether the name begins with one of these texts; true if there are no texts.
 bool beginsWithAny(const std::string& name, const std::vector<std::string>& beginnings);
 
 /// The options --json FILE and --compare FILE.

@@ -288,7 +288,8 @@ TEST_F(UnsavedWorkTest, ALogOutKeepsWhatIsUnsavedAtOnce)
     window.show();
     ASSERT_TRUE(window.open(path()));
     type(window, "!");
-    // As the session's manager has it done. Only Qt makes the object that the signal passes on; no slot here takes it.
+    // This sends the signal that Qt sends when a user logs out. Its argument, the session's manager, is null here,
+    // because only Qt can make one, and no slot of the desk uses it.
     void* arguments[] = {nullptr, nullptr};
     const QMetaObject& application = QGuiApplication::staticMetaObject;
     const int signal = QMetaMethod::fromSignal(&QGuiApplication::commitDataRequest).methodIndex();

@@ -22,7 +22,7 @@ from programs import CatalogueImported, QuoteSaved, RecoveryCopyKept, SettingCha
 CALLS = ("openat write pwrite64 fsync fdatasync fchmod ftruncate rename link unlink close read pread64 flock fcntl "
          "mkdir").split()
 READING = {"openat", "close", "read", "pread64", "flock", "fcntl"}  # most of the calls, and seldom the ones with faults
-MUST_TELL = {"fsync", "fdatasync", "fchmod"}  # the file could be renamed all the same, and nothing would be seen of it
+MUST_TELL = {"fsync", "fdatasync", "fchmod"}  # if a program ignored their failure, the file would still be whole
 ERRORS = ("ENOSPC", "EIO", "EINTR")
 SCENARIOS = (QuoteSaved, SettingChanged, RecoveryCopyKept, TraceWritten, CatalogueImported)
 base = Path(sys.argv[4]) / "system_calls"
