@@ -186,6 +186,19 @@ std::string Currency::toText() const
     return std::string(toText(buffer));
 }
 
+std::size_t Currency::textSize() const noexcept
+{
+    std::size_t size = scaled_ < 0 ? 2 : 1; // a sign, and the digit before the point
+    for (std::uint64_t whole = magnitude() / kScale; whole >= 10; whole /= 10) {
+        ++size;
+    }
+    const std::uint64_t decimals = magnitude() % kScale;
+    if (decimals != 0) {
+        size += 1 + (decimals % 10 != 0 ? 4 : decimals % 100 != 0 ? 3 : decimals % 1'000 != 0 ? 2 : 1);
+    }
+    return size;
+}
+
 Currency Currency::operator-() const
 {
     return checked(-Int128{scaled_});

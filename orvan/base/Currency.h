@@ -67,6 +67,8 @@ public:
     using TextBuffer = char[24];
     /// The same text, written into the caller's buffer; the result is a view into it.
     [[nodiscard]] std::string_view toText(TextBuffer& buffer) const noexcept;
+    /// The number of bytes of that text.
+    [[nodiscard]] std::size_t textSize() const noexcept;
 
     /// Raises 6 for the least amount, which has no positive counterpart.
     Currency operator-() const;

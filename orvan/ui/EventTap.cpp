@@ -55,13 +55,6 @@ void Tapped::begin(const std::shared_ptr<EventTap>& tap, const Surface& surface,
     tap_->begin(surface, event);
 }
 
-Tapped::~Tapped()
-{
-    if (tap_) {
-        tap_->end();
-    }
-}
-
 void raiseUnplayable(std::string_view name, const Event& event)
 {
     throw RuntimeError(ErrorNumber::invalidProcedureCall, {},

@@ -134,7 +134,12 @@ public:
     }
     Tapped(const Tapped&) = delete;
     Tapped& operator=(const Tapped&) = delete;
-    ~Tapped();
+    ~Tapped()
+    {
+        if (tap_) {
+            tap_->end();
+        }
+    }
 
     /// Tells what the event gives the host.
     void returned(std::string_view result) const;

@@ -138,8 +138,7 @@ void appendProduct(std::string& out, const ProductFields& fields, ProductsSepara
 
 std::size_t fieldSize(Currency amount, ProductsSeparators /*separators*/) noexcept
 {
-    Currency::TextBuffer buffer;
-    return amount.toText(buffer).size();
+    return amount.textSize();
 }
 
 std::size_t productSize(const ProductFields& fields, ProductsSeparators separators) noexcept

@@ -6,32 +6,52 @@
 #include "orvan/base/RuntimeError.h"
 #include "orvan/base/Text.h"
 
-#include <charconv>
+#include <algorithm>
 
 namespace orvan::icu {
 
 namespace {
 
-void appendGrouped(std::string& text, const NumberPattern& pattern, std::string_view digits)
+/// Writes an amount from its last character to its first, into memory that has room for it.
+class BackwardPen {
+public:
+    explicit BackwardPen(char* end) : at_(end) {}
+
+    void write(std::string_view text)
+    {
+        if (text.size() == 1) { // nearly every separator and currency symbol; a call of memcpy would take longer
+            *--at_ = text[0];
+        } else {
+            at_ = std::copy_backward(text.begin(), text.end(), at_);
+        }
+    }
+    void writeDigitOf(std::uint64_t& value)
+    {
+        *--at_ = static_cast<char>('0' + value % 10);
+        value /= 10;
+    }
+    void skip(int size) { at_ -= size; }
+
+private:
+    char* at_;
+};
+
+int digitCount(std::uint64_t value)
 {
-    const auto primary = static_cast<std::size_t>(pattern.primaryGroup);
-    const auto secondary = static_cast<std::size_t>(pattern.secondaryGroup);
-    if (primary == 0 || digits.size() < primary + static_cast<std::size_t>(pattern.minimumGroupingDigits)) {
-        text += digits;
-        return;
+    int count = 1;
+    for (; value >= 10; value /= 10) {
+        ++count;
     }
-    std::size_t left = digits.size() - primary; // number of digits before the last separator
-    std::size_t first = secondary == 0 ? left : left % secondary;
-    if (first == 0) {
-        first = secondary;
+    return count;
+}
+
+int groupSeparatorCount(const NumberPattern& pattern, int digits)
+{
+    if (pattern.primaryGroup == 0 || digits < pattern.primaryGroup + pattern.minimumGroupingDigits) {
+        return 0;
     }
-    text += digits.substr(0, first);
-    for (std::size_t at = first; at < left; at += secondary) {
-        text += pattern.groupSeparator;
-        text += digits.substr(at, secondary);
-    }
-    text += pattern.groupSeparator;
-    text += digits.substr(left);
+    const int left = digits - pattern.primaryGroup;
+    return pattern.secondaryGroup == 0 ? 1 : (left + pattern.secondaryGroup - 1) / pattern.secondaryGroup;
 }
 
 /// The amount of a text that is nothing but digits, with one decimal separator of one byte between them and up to four
@@ -113,27 +133,40 @@ void appendAmount(std::string& text, const NumberPattern& pattern, Currency valu
         throw RuntimeError(ErrorNumber::invalidProcedureCall);
     }
     const bool negative = value.scaled() < 0;
-    constexpr auto& kPowersOfTen = Currency::kPowersOfTen;
     const int kept = digits < Currency::kDecimals ? digits : Currency::kDecimals;
     const std::uint64_t rounded = roundedMagnitude(value, kept);
-    const std::uint64_t fraction = rounded % kPowersOfTen[kept];
-
-    char buffer[24];
-    const char* const end = std::to_chars(buffer, buffer + sizeof buffer, rounded / kPowersOfTen[kept]).ptr;
-    const std::string_view integer(buffer, static_cast<std::size_t>(end - buffer));
+    std::uint64_t whole = dividedByPowerOfTen(rounded, kept);
+    std::uint64_t fraction = rounded - whole * Currency::kPowersOfTen[kept];
+    const int wholeDigits = digitCount(whole);
+    int groupsLeft = groupSeparatorCount(pattern, wholeDigits);
     const std::string& prefix = negative ? pattern.negativePrefix : pattern.positivePrefix;
     const std::string& suffix = negative ? pattern.negativeSuffix : pattern.positiveSuffix;
 
-    text += prefix;
-    appendGrouped(text, pattern, integer);
+    // The text grows once, because each call that makes it longer takes as long as writing several digits.
+    text.append(prefix.size() + static_cast<std::size_t>(wholeDigits + digits) +
+                    static_cast<std::size_t>(groupsLeft) * pattern.groupSeparator.size() +
+                    (digits > 0 ? pattern.decimalSeparator.size() : 0) + suffix.size(),
+                '0');
+    BackwardPen pen(text.data() + text.size());
+    pen.write(suffix);
     if (digits > 0) {
-        text += pattern.decimalSeparator;
-        for (int place = kept - 1; place >= 0; --place) {
-            text += static_cast<char>('0' + fraction / kPowersOfTen[place] % 10);
+        pen.skip(digits - kept); // these are zeros already
+        for (int i = 0; i < kept; ++i) {
+            pen.writeDigitOf(fraction);
         }
-        text.append(static_cast<std::size_t>(digits - kept), '0');
+        pen.write(pattern.decimalSeparator);
     }
-    text += suffix;
+    int untilGroup = pattern.primaryGroup;
+    for (int i = 0; i < wholeDigits; ++i) {
+        if (groupsLeft > 0 && untilGroup == 0) {
+            pen.write(pattern.groupSeparator);
+            --groupsLeft;
+            untilGroup = pattern.secondaryGroup;
+        }
+        pen.writeDigitOf(whole);
+        --untilGroup;
+    }
+    pen.write(prefix);
 }
 
 bool looksLikeDigits(std::string_view text, std::string_view decimalSeparator)
