@@ -45,18 +45,27 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
     // If the separator is not one ASCII character, `decimal` is '0': a digit is kept anyway, so this changes nothing.
     const char decimal = sDecimalSep.size() == 1 && isAscii(sDecimalSep[0]) ? sDecimalSep[0] : '0';
     char* end = kept;
-    unsigned char bits = 0; // of all characters
+    bool anyDigit = false;
     for (const char c : sText) {
-        // This has no branch, because the processor could not predict at which places a text has separators.
-        *end = c;
-        end += isDigit(c) | (c == decimal);
-        bits |= static_cast<unsigned char>(c);
+        if (isDigit(c)) {
+            *end++ = c;
+            anyDigit = true;
+        } else if (c == decimal) {
+            *end++ = c;
+        } else if (!isAscii(c)) {
+            end = keepCharacters(kept, sText, sDecimalSep);
+            anyDigit = std::any_of(kept, end, isDigit);
+            break;
+        }
     }
-    if (!isAscii(static_cast<char>(bits))) {
-        end = keepCharacters(kept, sText, sDecimalSep);
-    }
-    const bool anyDigit = std::any_of(kept, end, isDigit); // nearly always the first one is
     return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
+}
+
+/// The amount of what keepAmount has kept. An empty box is tested here, because the exception that textToCurrency raises
+/// for it would be slow.
+Currency keptToValue(ui::LocaleService& locale, std::string_view kept)
+{
+    return kept.empty() ? Currency() : locale.textToCurrency(kept);
 }
 
 } // namespace
@@ -98,15 +107,11 @@ Currency CurrencyTextToValue(ui::LocaleService& locale, std::string_view sText, 
 Currency NumberTextToValue(ui::LocaleService& locale, std::string_view sText, std::string_view sDecimalSep)
 try {
     char typed[64]; // enough for nearly every text that a person types
-    std::unique_ptr<char[]> pasted;
-    char* buffer = typed;
-    if (sText.size() > sizeof typed) {
-        pasted.reset(new char[sText.size()]); // not make_unique, which would fill it with zeros first
-        buffer = pasted.get();
+    if (sText.size() <= sizeof typed) {
+        return keptToValue(locale, keepAmount(typed, sText, sDecimalSep));
     }
-    const std::string_view kept = keepAmount(buffer, sText, sDecimalSep);
-    // An empty box is tested here, because the exception that textToCurrency raises for it would be slow.
-    return kept.empty() ? Currency() : locale.textToCurrency(kept);
+    const std::unique_ptr<char[]> pasted(new char[sText.size()]); // not make_unique, which would fill it with zeros
+    return keptToValue(locale, keepAmount(pasted.get(), sText, sDecimalSep));
 } catch (...) {
     return Currency(); // a user may type any text: one that is not an amount counts as 0
 }

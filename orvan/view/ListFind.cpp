@@ -72,6 +72,10 @@ bool ListFind::find(std::int32_t from, std::int32_t step)
     for (std::size_t at = 0; at < text_.size(); at += characterSize(text_, at)) {
         folded_ += locale_.foldCase(characterAt(text_, at));
     }
+    for (std::size_t byte = 0; byte < mayBegin_.size(); ++byte) {
+        // No ASCII letter folds to another kind of letter. Of other characters only the first byte begins one.
+        mayBegin_[byte] = byte < 0x80 ? foldAscii(static_cast<char32_t>(byte)) == folded_.front() : byte >= 0xC0;
+    }
     const std::int32_t row = search(from, step);
     grid_.setSearchText(row > 0 ? UserText(text_) : userText("%1: not found", text_));
     const bool moves = row > 0 && row != grid_.currentRow();
@@ -118,12 +122,8 @@ std::int32_t ListFind::search(std::int32_t from, std::int32_t step) const
 
 bool ListFind::isWithin(std::string_view cell) const
 {
-    const bool ascii = folded_.front() < 0x80;
     for (std::size_t at = 0; at < cell.size(); ++at) {
-        const auto byte = static_cast<unsigned char>(cell[at]);
-        // No ASCII letter folds to another kind of letter. Of other characters only the first byte begins one.
-        const bool candidate = byte < 0x80 ? ascii && foldAscii(byte) == folded_.front() : (byte & 0xC0U) != 0x80U;
-        if (candidate && fitsAt(cell, at)) {
+        if (mayBegin_[static_cast<unsigned char>(cell[at])] && fitsAt(cell, at)) {
             return true;
         }
     }

@@ -8,6 +8,7 @@
 // Ownership: ListCommands; the grid and the locale service outlive it. Thread: the user-interface thread.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -46,6 +47,7 @@ private:
     ui::LocaleService& locale_;
     std::string text_;
     std::u32string folded_; ///< The text without the difference between upper and lower case.
+    std::array<bool, 256> mayBegin_{}; ///< By its first byte: whether a place in a cell is worth comparing.
     bool shown_ = false;
 };
 

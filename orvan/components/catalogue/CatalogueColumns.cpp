@@ -18,11 +18,11 @@ constexpr std::size_t kShownNames = 3;  // of the usual ones, in a message
 constexpr std::size_t kShownCells = 30; // of the header
 
 /// A name without what lists add to it: "Unit Price (EUR)", "Preis in EUR netto" and "Price, USD" are names of prices.
-std::string withoutAdditions(std::string_view name)
+/// `simple` is the whole name in simplified form.
+std::string withoutAdditions(std::string_view name, const std::string& simple)
 {
     constexpr std::string_view kBreaks = " ,/_-\n";
-    if (name.find_first_of(kBreaks) == name.npos && name.find_first_of("([") == name.npos) { // one word, as most cells
-        std::string simple = simplifiedWord(name);
+    if (name.find_first_of(" ,/_-\n([") == name.npos) { // one word, as most cells
         return isColumnAddition(simple) ? std::string() : simple;
     }
     std::string result, word;
@@ -65,7 +65,7 @@ public:
     Finder(const std::vector<std::string_view>& header, const Names& names) : names_(names)
     {
         std::transform(header.begin(), header.end(), std::back_inserter(present_), simplifiedColumnName);
-        std::transform(header.begin(), header.end(), std::back_inserter(short_), withoutAdditions);
+        std::transform(header.begin(), header.end(), present_.begin(), std::back_inserter(short_), withoutAdditions);
         taken_.resize(header.size());
         for (std::size_t at = 0; at < header.size(); ++at) {
             if (isUsualColumnName(present_[at]) || isUsualColumnName(short_[at])) {

@@ -62,25 +62,19 @@ bool readPlainAmount(std::string_view text, char decimalSeparator, Currency& amo
     if (text.size() > kMostSize) {
         return false;
     }
-    const char* at = text.data();
-    const char* const end = at + text.size();
     std::uint64_t value = 0;
-    const auto takeDigits = [&] {
-        const char* const first = at;
-        for (; at != end && isDigit(*at); ++at) {
-            value = value * 10 + static_cast<unsigned>(*at - '0');
+    std::size_t point = text.size(); // where the separator is
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (isDigit(text[at])) {
+            value = value * 10 + static_cast<unsigned>(text[at] - '0');
+        } else if (text[at] == decimalSeparator && point == text.size() && at > 0) {
+            point = at;
+        } else {
+            return false;
         }
-        return static_cast<std::size_t>(at - first);
-    };
-    if (takeDigits() == 0) {
-        return false;
     }
-    std::size_t decimals = 0;
-    if (at != end && *at == decimalSeparator) {
-        ++at;
-        decimals = takeDigits();
-    }
-    if (at != end || decimals > std::size_t{Currency::kDecimals}) {
+    const std::size_t decimals = text.size() - std::min(point + 1, text.size());
+    if (text.empty() || decimals > std::size_t{Currency::kDecimals}) {
         return false;
     }
     amount =

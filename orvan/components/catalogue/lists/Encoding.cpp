@@ -231,21 +231,18 @@ public:
 std::string foundEncoding(std::istream& input)
 {
     Survey survey;
+    const auto read = std::make_unique_for_overwrite<char[]>(kChunk); // clearing it would take long
     std::string chunk;
-    std::size_t kept = 0;
     for (bool first = true, last = false; !last; first = false) {
-        chunk.resize(kept + kChunk);
-        input.read(chunk.data() + kept, kChunk);
+        input.read(read.get(), kChunk);
         last = input.gcount() == 0;
-        chunk.resize(kept + static_cast<std::size_t>(input.gcount()));
+        chunk.append(read.get(), static_cast<std::size_t>(input.gcount()));
         if (first) {
             if (const std::string_view utf16 = utf16Encoding(chunk); !utf16.empty()) {
                 return std::string(utf16);
             }
         }
-        const std::size_t looked = survey.look(chunk, last);
-        kept = chunk.size() - looked;
-        chunk.erase(0, looked);
+        chunk.erase(0, survey.look(chunk, last));
     }
     return survey.isUtf8() ? std::string(kUtf8) : detected(survey.lines());
 }

@@ -62,7 +62,7 @@ struct Sample {
     };
     std::vector<Row> rows;
     std::size_t header = 0; ///< The row that has the columns' names.
-    bool hasHeader = true;
+    bool headerKnown = false; ///< It has columns that are known, or the caller has named it.
     ColumnsFound found;
     std::size_t regular = 0; ///< How many cells stand in rows that have as many cells as most of them.
 
@@ -91,17 +91,17 @@ std::size_t regularCells(const std::vector<Sample::Row>& rows)
 bool hasAmount(const Sample::Row& row)
 {
     return std::any_of(row.cells.begin(), row.cells.end(), [](const std::string& cell) {
-        return readListPrice(cell, '.').kind == ListPrice::Kind::amount ||
-               readListPrice(cell, ',').kind == ListPrice::Kind::amount;
+        return std::any_of(cell.begin(), cell.end(), isDigit) &&
+               (readListPrice(cell, '.').kind == ListPrice::Kind::amount ||
+                readListPrice(cell, ',').kind == ListPrice::Kind::amount);
     });
 }
 
 /// Finds the header: the row in which most columns are known. Where none is, the first row that is about as full as the
-/// fullest one, because titles stand alone; the list has no header if an amount stands in that row.
+/// fullest one, because titles stand alone.
 void findHeader(Sample& sample, const CatalogueImportOptions& options)
 {
     std::size_t fullest = 0, first = 0;
-    bool known = false;
     for (const Sample::Row& row : sample.rows) {
         fullest = std::max(fullest, row.filled);
     }
@@ -118,13 +118,13 @@ void findHeader(Sample& sample, const CatalogueImportOptions& options)
         if (chosen || found.named > std::max<std::size_t>(sample.found.named, 1)) {
             sample.header = at;
             sample.found = std::move(found);
-            known = true;
+            sample.headerKnown = true;
         }
     }
-    if (!known && !sample.rows.empty()) {
+    if (!sample.headerKnown && !sample.rows.empty()) {
         sample.header = first;
         sample.found = findColumns(viewsOf(sample.rows[first].cells), options.columns);
-        sample.hasHeader = options.headerLine.has_value() || sample.found.named > 0 || !hasAmount(sample.rows[first]);
+        sample.headerKnown = options.headerLine.has_value() || sample.found.named > 0;
     }
 }
 
@@ -149,9 +149,11 @@ Sample sampleOf(RowSource& rows, const CatalogueImportOptions& options)
 
 Sample sampleOfText(const ImportSource& source, ListForm& form, const CatalogueImportOptions& options)
 {
-    const auto bytes = std::make_unique_for_overwrite<char[]>(kSampleBytes); // clearing them would take long
+    // A list of another encoding is longer as UTF-8: at most three bytes for one.
+    const auto room = static_cast<std::size_t>(std::clamp<std::uint64_t>(source.bytes * 3, kLeastRead, kSampleBytes));
+    const auto bytes = std::make_unique_for_overwrite<char[]>(room); // clearing them would take long
     const std::unique_ptr<std::istream> stream = utf8Stream(source.open(), form.encoding);
-    stream->read(bytes.get(), kSampleBytes);
+    stream->read(bytes.get(), static_cast<std::streamsize>(room));
     const std::string start(bytes.get(), static_cast<std::size_t>(stream->gcount()));
     const auto read = [&](char delimiter) {
         std::istringstream text(start);
@@ -168,9 +170,10 @@ Sample sampleOfText(const ImportSource& source, ListForm& form, const CatalogueI
     if (kDelimiters.find(delimiter) != kDelimiters.npos && best.found.missing.empty()) {
         return best;
     }
-    bool absentTried = false;
+    const char tried = form.delimiter;
+    bool absentTried = start.find(tried) == start.npos;
     for (const char other : kDelimiters) {
-        if (start.find(other) == start.npos && std::exchange(absentTried, true)) {
+        if (other == tried || (start.find(other) == start.npos && std::exchange(absentTried, true))) {
             continue; // delimiters that the text does not have all make the same rows of it
         }
         if (Sample sample = read(other); sample.isBetterThan(best)) {
@@ -265,7 +268,8 @@ ListForm foundForm(const ImportSource& source, const CatalogueImportOptions& opt
     if (sample.rows.empty()) {
         raise(source, userText("it does not begin with the names of its columns"));
     }
-    if (options.headerLine == 0u || !sample.hasHeader) {
+    const bool headless = !sample.headerKnown && hasAmount(sample.rows[sample.header]);
+    if (options.headerLine == 0u || headless) {
         for (const Sample::Row& row : sample.rows) {
             form.width = std::max(form.width, row.cells.size());
         }
