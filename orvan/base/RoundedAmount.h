@@ -6,8 +6,8 @@
 
 namespace orvan {
 
-/// The value divided by 10 to the power of `power` (0 to 4), without the rest. Takes a third of the time of a division by
-/// a number that the compiler does not know.
+/// The value divided by 10 to the power of `power` (0 to 4), without the rest. Takes a third of the time of a division
+/// by a number that the compiler does not know.
 [[nodiscard]] constexpr std::uint64_t dividedByPowerOfTen(std::uint64_t value, int power) noexcept
 {
     switch (power) {

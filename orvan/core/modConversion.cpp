@@ -61,8 +61,8 @@ std::string_view keepAmount(char* kept, std::string_view sText, std::string_view
     return {kept, anyDigit ? static_cast<std::size_t>(end - kept) : 0};
 }
 
-/// The amount of what keepAmount has kept. An empty box is tested here, because the exception that textToCurrency raises
-/// for it would be slow.
+/// The amount of what keepAmount has kept. An empty box is tested here, because the exception that textToCurrency
+/// raises for it would be slow.
 Currency keptToValue(ui::LocaleService& locale, std::string_view kept)
 {
     return kept.empty() ? Currency() : locale.textToCurrency(kept);

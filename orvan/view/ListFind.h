@@ -46,7 +46,7 @@ private:
     ui::Grid& grid_;
     ui::LocaleService& locale_;
     std::string text_;
-    std::u32string folded_; ///< The text without the difference between upper and lower case.
+    std::u32string folded_;            ///< The text without the difference between upper and lower case.
     std::array<bool, 256> mayBegin_{}; ///< By its first byte: whether a place in a cell is worth comparing.
     bool shown_ = false;
 };

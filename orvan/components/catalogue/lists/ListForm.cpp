@@ -61,7 +61,7 @@ struct Sample {
         std::size_t filled; ///< How many cells are not blank.
     };
     std::vector<Row> rows;
-    std::size_t header = 0; ///< The row that has the columns' names.
+    std::size_t header = 0;   ///< The row that has the columns' names.
     bool headerKnown = false; ///< It has columns that are known, or the caller has named it.
     ColumnsFound found;
     std::size_t regular = 0; ///< How many cells stand in rows that have as many cells as most of them.
