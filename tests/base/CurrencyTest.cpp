@@ -55,6 +55,7 @@ TEST(Currency, TextsAndDoublesRoundTrip)
     for (int i = 0; i < 20000; ++i) {
         const auto value = Currency::fromScaled(static_cast<std::int64_t>(random()) >> (random() % 64));
         ASSERT_EQ(amount(value.toText()), value) << value.toText();
+        ASSERT_EQ(value.textSize(), value.toText().size()) << value.toText();
         const auto exact = Currency::fromScaled(value.scaled() >> 11); // a double has 53 bits
         ASSERT_EQ(Currency::fromDouble(exact.toDouble()), exact) << exact.toText();
     }
